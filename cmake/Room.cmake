@@ -1,0 +1,37 @@
+# What every target of the house shares: warnings, sanitizers, and how a room and its tests are declared.
+
+add_library(ostrivane_warnings INTERFACE)
+add_library(Ostrivane::warnings ALIAS ostrivane_warnings)
+target_compile_options(ostrivane_warnings INTERFACE
+    -Wall -Wextra -Wpedantic -Wshadow -Wnon-virtual-dtor -Woverloaded-virtual -Wcast-align -Wunused
+    -Wnull-dereference -Wimplicit-fallthrough -Werror)
+
+if(OSTRIVANE_SANITIZE)
+    # g++ loses track of null under the sanitizers' own branches and warns about code it made itself.
+    target_compile_options(ostrivane_warnings INTERFACE -Wno-null-dereference -Wno-maybe-uninitialized)
+    add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    add_link_options(-fsanitize=address,undefined)
+endif()
+
+# ostrivane_room(NAME SOURCES a.cpp b.cpp [USES platform shell] [PRIVATE_USES ...])
+# declares the static library of the room in src/NAME; USES are the rooms its headers include.
+function(ostrivane_room name)
+    cmake_parse_arguments(ROOM "" "" "SOURCES;USES;PRIVATE_USES" ${ARGN})
+    add_library(ostrivane_${name} STATIC ${ROOM_SOURCES})
+    add_library(Ostrivane::${name} ALIAS ostrivane_${name})
+    target_include_directories(ostrivane_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+    list(TRANSFORM ROOM_USES PREPEND Ostrivane::)
+    list(TRANSFORM ROOM_PRIVATE_USES PREPEND Ostrivane::)
+    target_link_libraries(ostrivane_${name} PUBLIC ${ROOM_USES} PRIVATE ${ROOM_PRIVATE_USES} Ostrivane::warnings)
+endfunction()
+
+# ostrivane_room_tests(NAME SOURCES a_test.cpp [USES room ...]) declares the test program of a room.
+function(ostrivane_room_tests name)
+    cmake_parse_arguments(ROOM "" "" "SOURCES;USES" ${ARGN})
+    add_executable(${name}_tests ${ROOM_SOURCES})
+    list(TRANSFORM ROOM_USES PREPEND Ostrivane::)
+    target_include_directories(${name}_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    target_compile_definitions(${name}_tests PRIVATE OSTRIVANE_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+    target_link_libraries(${name}_tests PRIVATE ${ROOM_USES} GTest::gmock_main Ostrivane::warnings)
+    gtest_discover_tests(${name}_tests DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 300)
+endfunction()

@@ -1,0 +1,184 @@
+#include "console/json_report.h"
+
+#include <nlohmann/json.hpp>
+#include <ostream>
+
+#include "model/clsControl.h"
+#include "model/clsEnum.h"
+#include "model/clsProjekt.h"
+#include "model/clsProzedur.h"
+#include "model/clsType.h"
+#include "model/clsVariable.h"
+#include "platform/code_page.h"
+#include "shell/errors.h"
+
+namespace {
+
+using Json = nlohmann::ordered_json;
+
+std::string Utf8(std::string_view bytes) {
+    return ActiveCodePage().ToUtf8(bytes);
+}
+
+// The elements go out one by one, each on a line: a big project never stands in memory a second time.
+class ArrayWriter {
+public:
+    ArrayWriter(std::ostream& out, std::string_view key) : out_(out) { out_ << ",\n \"" << key << "\": ["; }
+    ~ArrayWriter() { out_ << (empty_ ? "]" : "\n ]"); }
+    ArrayWriter(const ArrayWriter&) = delete;
+    ArrayWriter& operator=(const ArrayWriter&) = delete;
+    void Add(const Json& element) {
+        out_ << (empty_ ? "\n  " : ",\n  ") << element.dump();
+        empty_ = false;
+    }
+
+private:
+    std::ostream& out_;
+    bool empty_ = true;
+};
+
+Json ModuleJson(const clsModul& modul) {
+    return {{"codePath", Utf8(modul.CodePath())},
+            {"name", Utf8(modul.myNameOrg())},
+            {"kind", modul.ModulTyp},
+            {"path", Utf8(modul.FullPath)},
+            {"code", modul.AnzLineCode},
+            {"comment", modul.AnzLineComment},
+            {"blank", modul.AnzLineBlank}};
+}
+
+Json ObjectJson(const CodeObject& object, std::string_view kind, std::string_view type) {
+    Json json = {{"codePath", Utf8(object.CodePath())},
+                 {"name", Utf8(object.myNameOrg())},
+                 {"kind", kind},
+                 {"access", object.Zugriff},
+                 {"type", Utf8(type)}};
+    if (object.Class() == ObjectClass::Prozedur)
+        json["procedureKind"] = Utf8(static_cast<const clsProzedur&>(object).ProzedurTyp());
+    json["module"] = Utf8(object.Modul->CodePath());
+    json["start"] = object.DeclareStart;
+    json["end"] = object.DeclareEnd;
+    return json;
+}
+
+class ObjectWriter {
+public:
+    explicit ObjectWriter(ArrayWriter& objects) : objects_(objects) {}
+
+    // Objects of a module that its collections hold; a dropped namesake stands in none.
+    void Modul(const clsModul& modul) {
+        for (const auto& owned : modul.Owned()) {
+            CodeObject* object = owned.get();
+            switch (object->Class()) {
+                case ObjectClass::Control:
+                    if (modul.MyControls.Item(object->NameKey()) == object)
+                        objects_.Add(ObjectJson(*object, "control", static_cast<clsControl*>(object)->DatenTyp()));
+                    break;
+                case ObjectClass::Variable:
+                    if (modul.MyVars.Item(object->NameKey()) == object)
+                        Variable(*static_cast<clsVariable*>(object));
+                    break;
+                case ObjectClass::Type: {
+                    const auto* type = static_cast<clsType*>(object);
+                    if (modul.myTypes.Item(object->NameKey()) == object) {
+                        objects_.Add(ObjectJson(*object, "type", ""));
+                        Variables(type->MyVars);
+                    }
+                    break;
+                }
+                case ObjectClass::Enum: {
+                    const auto* einEnum = static_cast<clsEnum*>(object);
+                    const bool isFiled = modul.myEnums.Item(object->NameKey()) == object;
+                    if (isFiled)
+                        objects_.Add(ObjectJson(*object, "enum", ""));
+                    // The members of a dropped enum are variables of the module all the same.
+                    for (const clsVariable* member : einEnum->MyVars)
+                        if (isFiled || modul.MyVars.Item(member->NameKey()) == member)
+                            Variable(*member);
+                    break;
+                }
+                case ObjectClass::Prozedur:
+                    if (modul.MyProcs.Item(object->LocalKey()) == object)
+                        Prozedur(*static_cast<clsProzedur*>(object));
+                    break;
+                case ObjectClass::Modul:
+                case ObjectClass::TypeLib:
+                    break;
+            }
+        }
+    }
+
+private:
+    void Prozedur(const clsProzedur& prozedur) {
+        Json json = ObjectJson(prozedur, "procedure", prozedur.DatenTyp());
+        json["event"] = prozedur.IsEvent;
+        json["declare"] = prozedur.isDeclare;
+        objects_.Add(json);
+        Variables(prozedur.MyVars);
+    }
+
+    void Variables(const clsCollection<clsVariable>& variables) {
+        for (const clsVariable* variable : variables)
+            Variable(*variable);
+    }
+
+    void Variable(const clsVariable& variable) {
+        const std::string_view kind = variable.MyType                     ? "type member"
+                                      : variable.MyEnum                   ? "enum member"
+                                      : variable.Zugriff == "argument"    ? "argument"
+                                      : variable.Prozedur                 ? "local"
+                                      : variable.IsConst                  ? "constant"
+                                                                          : "variable";
+        Json json = ObjectJson(variable, kind, variable.DatenTyp());
+        json["const"] = variable.IsConst;
+        if (variable.isResult)
+            json["result"] = true;
+        objects_.Add(json);
+    }
+
+    ArrayWriter& objects_;
+};
+
+// Calls `use` for every module that stands in the project's collections, in the order of the project file.
+template <class Use>
+void ForEachModule(clsProjekt& projekt, Use use) {
+    for (const auto& modul : projekt.OwnedModules())
+        if (projekt.ModulesOf(modul->ModulTyp).Item(modul->CodePathKey()) == modul.get())
+            use(*modul);
+}
+
+}  // namespace
+
+void WriteJson(std::ostream& out, clsProjekt& projekt) {
+    const Json head = {{"name", Utf8(projekt.MyName)},
+                       {"path", Utf8(projekt.FullPath)},
+                       {"code", projekt.AnzCodeZeilen},
+                       {"comment", projekt.AnzCommentZeilen},
+                       {"blank", projekt.AnzBlankZeilen}};
+    out << "{\n \"project\": " << head.dump();
+    {
+        ArrayWriter modules(out, "modules");
+        ForEachModule(projekt, [&](const clsModul& modul) { modules.Add(ModuleJson(modul)); });
+    }
+    {
+        ArrayWriter objects(out, "objects");
+        ObjectWriter writer(objects);
+        ForEachModule(projekt, [&](const clsModul& modul) { writer.Modul(modul); });
+    }
+    {
+        ArrayWriter libraries(out, "libraries");
+        for (const auto& library : projekt.OwnedLibraries())
+            libraries.Add({{"kind", library->LibTyp},
+                           {"name", Utf8(library->myNameOrg())},
+                           {"description", Utf8(library->Description)},
+                           {"typeLibID", Utf8(library->TypeLibID)},
+                           {"version", Utf8(library->Version)},
+                           {"entry", Utf8(library->ProjektEintrag)}});
+    }
+    {
+        ArrayWriter problems(out, "problems");
+        for (const Problem& problem : Problems())
+            problems.Add({{"tag", Utf8(problem.tag)}, {"text", Utf8(problem.text)}, {"path", Utf8(problem.subject)}});
+    }
+    out << "\n}\n";
+}

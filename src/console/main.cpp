@@ -1,0 +1,212 @@
+// ostrivane-report: the analysis for people and pipelines without a screen.
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+#include <fstream>
+#include <iostream>
+
+#include "console/json_report.h"
+#include "console/summary.h"
+#include "findings/structure_report.h"
+#include "model/clsProjekt.h"
+#include "platform/code_page.h"
+#include "platform/settings_file.h"
+#include "project/project_file.h"
+#include "project/start.h"
+#include "shell/clsText.h"
+#include "shell/errors.h"
+#include "shell/operations.h"
+#include "shell/program.h"
+#include "shell/settings.h"
+#include "shell/timing.h"
+#include "shell/words.h"
+
+namespace {
+
+enum ExitStatus { AllWell = 0, Reported = 1, NothingAnalysed = 2 };
+
+struct Options {
+    std::string project;
+    std::string out;
+    std::string json;
+    std::string settings;
+    std::string language;
+    std::vector<std::string> defines;
+    bool structure = false;
+    bool noReports = false;
+    bool quiet = false;
+
+    [[nodiscard]] bool WritesStructure() const { return !noReports; }  // the one kind of report there is
+};
+
+std::string Shown(std::string_view bytes) {
+    return ActiveCodePage().ToUtf8(bytes);
+}
+
+// One line on a terminal that is written over as the work moves on.
+class TerminalProgress final : public Progress {
+public:
+    void Range(int min, int max) override {
+        value_ = min;
+        max_ = max;
+    }
+    void Label(std::string_view text) override {
+        std::cerr << '\r' << value_ << '/' << max_ << ' ' << Shown(text) << "\x1b[K" << std::flush;
+    }
+    void Progressiere_mal() override {
+        if (value_ < max_)
+            ++value_;
+    }
+    void Clear() const { std::cerr << "\r\x1b[K" << std::flush; }
+
+private:
+    int value_ = 0;
+    int max_ = 0;
+};
+
+bool SplitDefine(const std::string& define, std::pair<std::string, std::string>& constant) {
+    const auto equals = define.find('=');
+    if (equals == std::string::npos || equals == 0)
+        return false;
+    constant = {LowerCase(define.substr(0, equals)), LowerCase(define.substr(equals + 1))};
+    return true;
+}
+
+// "NNN <module file name> Structure.txt" in the directory asked for.
+std::string ReportNameIn(const std::string& directory, const clsModul& modul) {
+    char number[16];
+    std::snprintf(number, sizeof number, "%03d ", modul.number);
+    std::string path = directory;
+    if (!path.empty() && path.back() != '/')
+        path += '/';
+    return path + number + std::string(modMain::DirOrFileName(modul.FullPath, 0)) + " Structure.txt";
+}
+
+bool WriteReports(DiskFiles& files, const Options& options, const clsProjekt& projekt) {
+    if (!options.WritesStructure())
+        return true;
+    if (options.out.empty()) {
+        AnalyseErgebnisStructure(projekt);
+        return true;
+    }
+    if (const FileError error = files.MakeDirectory(options.out); error != FileError::None) {
+        std::cerr << options.out << ": " << Describe(error) << '\n';
+        return false;
+    }
+    AnalyseErgebnisStructure(projekt,
+                             [&](const clsModul& modul) { return ReportNameIn(options.out, modul); });
+    return true;
+}
+
+bool WriteJsonFile(const Options& options) {
+    if (options.json.empty())
+        return true;
+    if (options.json == "-") {
+        WriteJson(std::cout, *gProjekt);
+        return static_cast<bool>(std::cout.flush());
+    }
+    std::ofstream file(options.json, std::ios::binary);
+    WriteJson(file, *gProjekt);
+    if (file.flush())
+        return true;
+    std::cerr << options.json << ": could not be written\n";
+    return false;
+}
+
+int Run(const Options& options) {
+    DiskFiles files;
+    const std::string programDirectory = GetAppPathWithSlash();
+    gIniFile = options.settings.empty() ? SettingsPath(programDirectory, kIniFileName) : options.settings;
+    if (!options.settings.empty() && !files.FileExists(gIniFile)) {
+        std::cerr << gIniFile << ": " << Describe(FileError::NotFound) << '\n';
+        return NothingAnalysed;
+    }
+    SettingsFile settings(files, gIniFile);
+    StartProgram(files, settings, nullptr, programDirectory);
+    if (!options.language.empty()) {
+        gText.Language = options.language;
+        gText.SetLanguage(files, programDirectory);
+    }
+
+    const FileText projectFile = files.ReadText(options.project);
+    if (projectFile.error != FileError::None) {
+        std::cerr << options.project << ": " << Describe(projectFile.error) << '\n';
+        return NothingAnalysed;
+    }
+    gProjekt = std::make_unique<clsProjekt>(files);
+    gProjekt->FullPath = options.project;
+    for (const std::string& define : options.defines) {
+        std::pair<std::string, std::string> constant;
+        if (!SplitDefine(define, constant)) {
+            std::cerr << "--define " << define << ": a name, \"=\" and a value are needed\n";
+            return NothingAnalysed;
+        }
+        gProjekt->definedCondComps.push_back(std::move(constant));
+    }
+
+    TerminalProgress progress;
+    const bool showsProgress = !options.quiet && isatty(STDERR_FILENO) != 0;
+    SetProgress(showsProgress ? &progress : nullptr);
+    clsQueryTimer timer;
+    timer.Start();
+    Projekt_Laden(*gProjekt);
+    timer.Halt();
+    if (showsProgress)
+        progress.Clear();
+    SetProgress(nullptr);
+
+    const bool reportsWritten = WriteReports(files, options, *gProjekt);
+    const bool jsonWritten = WriteJsonFile(options);
+    for (const Problem& problem : Problems())
+        std::cerr << Shown(problem.subject) << ": " << Shown(problem.text) << " (" << Shown(problem.tag) << ")\n";
+    // With the JSON on standard output nothing else may stand there.
+    if (!options.quiet)
+        (options.json == "-" ? std::cerr : std::cout)
+            << SummaryText(*gProjekt, gText.Language == "german", timer.LastRun);
+    if (gProjekt->OwnedModules().empty())
+        std::cerr << options.project << ": lists no module\n";
+    const int status = Problems().empty() && reportsWritten && jsonWritten ? AllWell : Reported;
+    std::cout.flush();
+    return status;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    Options options;
+    CLI::App app{"Reads a Visual Basic 6 project and reports what it is made of.", "ostrivane-report"};
+    app.set_version_flag("--version", "ostrivane-report " + ProgramVersion());
+    app.add_option("PROJECT", options.project, "The project file (.vbp)")->required();
+    auto* structure = app.add_flag("--structure", options.structure, "Write the structure report of each module");
+    app.add_flag("--no-reports", options.noReports, "Write no report files")->excludes(structure);
+    app.add_option("--out", options.out, "Directory for the reports; without it they go beside the sources")
+        ->type_name("DIR");
+    app.add_option("--json", options.json, "Write everything known as JSON to FILE (- is standard output)")
+        ->type_name("FILE");
+    app.add_option("--lang", options.language, "Language of the summary")
+        ->check(CLI::IsMember({"english", "german"}));
+    app.add_option("--settings", options.settings, "Settings file to use")->type_name("FILE");
+    app.add_option("--define", options.defines, "Conditional constant, as the project's own would be given")
+        ->type_name("NAME=VALUE")
+        ->take_all()
+        ->expected(1);
+    app.add_flag("--quiet", options.quiet, "Neither progress nor summary");
+    app.footer(
+        "Exit status: 0 all well; 1 analysed, but something was reported; 2 nothing analysed.\n"
+        "Without a kind of report named, all kinds are written.");
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? AllWell : NothingAnalysed;
+    }
+    try {
+        const int status = Run(options);
+        std::cout.flush();
+        std::cerr.flush();
+        // Taking a million objects apart one by one would only keep the user waiting.
+        std::_Exit(status);
+    } catch (const std::exception& error) {
+        std::cerr << "ostrivane-report: " << error.what() << '\n';
+        return NothingAnalysed;
+    }
+}

@@ -1,0 +1,69 @@
+#include "libraries/project_entry.h"
+
+#include <vector>
+
+#include "model/clsTypeLib.h"
+#include "shell/words.h"
+
+namespace {
+
+std::vector<std::string_view> Fields(std::string_view text, char separator) {
+    std::vector<std::string_view> fields;
+    for (std::size_t from = 0; from <= text.size();) {
+        const auto end = std::min(text.find(separator, from), text.size());
+        fields.push_back(text.substr(from, end - from));
+        from = end + 1;
+    }
+    return fields;
+}
+
+// Name of a library's file without directory and ending. A resource number behind the file, as in
+// "vbscript.dll\2", is no part of it.
+std::string_view LibraryFileStem(std::string_view path) {
+    std::string_view file = modMain::DirOrFileName(path, 0);
+    if (!file.empty() && file.find_first_not_of("0123456789") == std::string_view::npos)
+        file = modMain::DirOrFileName(path.substr(0, path.size() - file.size() - 1), 0);
+    return file.substr(0, file.rfind('.'));
+}
+
+std::string_view ValueOf(std::string_view line) {
+    const auto equals = line.find('=');
+    return equals == std::string_view::npos ? std::string_view() : Trim(line.substr(equals + 1));
+}
+
+// Takes the leading "*\G" mark off; what is left begins with the identifier or path.
+std::string_view WithoutMark(std::string_view value) {
+    return value.size() >= 3 && value.starts_with("*\\") ? value.substr(3) : value;
+}
+
+void Name_From_File(clsTypeLib& library, std::string_view path) {
+    library.InprocServer32 = std::string(path);
+    library.SetName(Name(LibraryFileStem(path)));
+}
+
+}  // namespace
+
+void FillPropertysRef(clsTypeLib& library, std::string_view line) {
+    library.ProjektEintrag = std::string(line);
+    library.LibTyp = "reference";
+    const std::vector<std::string_view> fields = Fields(WithoutMark(ValueOf(line)), '#');
+    library.TypeLibID = std::string(fields[0]);
+    if (fields.size() >= 2)
+        library.Version = std::string(fields[1]);
+    // A description can hold the separator itself; all that stands behind the path belongs to it.
+    if (fields.size() >= 5)
+        library.Description = std::string(fields[4].data(), line.data() + line.size());
+    Name_From_File(library, fields.size() >= 4 ? fields[3] : fields[0]);
+}
+
+void FillPropertys(clsTypeLib& library, std::string_view line) {
+    library.ProjektEintrag = std::string(line);
+    library.LibTyp = "component";
+    const std::string_view value = WithoutMark(ValueOf(line));
+    const auto behind = value.find("; ");
+    const std::vector<std::string_view> fields = Fields(value.substr(0, behind), '#');
+    library.TypeLibID = std::string(fields[0]);
+    if (fields.size() >= 2)
+        library.Version = std::string(fields[1]);
+    Name_From_File(library, behind == std::string_view::npos ? fields[0] : value.substr(behind + 2));
+}

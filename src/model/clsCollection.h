@@ -1,0 +1,156 @@
+// The one container of the model: references in insertion order under keys without regard to case.
+// Positions count from 1. It owns nothing. Look-ups compare name handles and allocate nothing.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+#include "model/counters.h"
+#include "model/names.h"
+#include "shell/vb_text.h"
+
+template <class T>
+class clsCollection {
+    struct Entry {
+        Name key;  // lower case
+        T* value;
+    };
+
+public:
+    /// Appends. Throws VbError 457 when the key is present.
+    void Add(Name key, T* value) {
+        if (!AddUnlessPresent(key, value))
+            throw VbError{457, "This key is already associated with an element of this collection"};
+    }
+    void Add(std::string_view key, T* value) { Add(Name(key), value); }
+
+    /// Appends and returns true; returns false and changes nothing when the key is present.
+    bool AddUnlessPresent(Name key, T* value) {
+        key = key.Lower();
+        if (PositionOf(key) != kNone)
+            return false;
+        entries_.push_back({key, value});
+        if (index_)
+            Enter(static_cast<std::uint32_t>(entries_.size() - 1));
+        return true;
+    }
+
+    [[nodiscard]] int Count() const { return static_cast<int>(entries_.size()); }
+    [[nodiscard]] bool Contains(Name key) const { return PositionOf(key.Lower()) != kNone; }
+    [[nodiscard]] bool Contains(std::string_view key) const { return Item(key) != nullptr; }
+
+    /// The object under `key`, or null.
+    [[nodiscard]] T* Item(Name key) const {
+        const std::uint32_t position = PositionOf(key.Lower());
+        return position == kNone ? nullptr : entries_[position].value;
+    }
+    [[nodiscard]] T* Item(std::string_view key) const {
+        const Name name = Name::FindLower(key);
+        return name.Known() ? Item(name) : nullptr;
+    }
+    /// The object at position `nr`, from 1. Throws VbError 9 out of range.
+    [[nodiscard]] T* ItemNr(int nr) const {
+        if (nr < 1 || nr > Count())
+            ThrowSubscriptOutOfRange();
+        return entries_[static_cast<std::size_t>(nr) - 1].value;
+    }
+    /// The key at position `nr`.
+    [[nodiscard]] Name KeyNr(int nr) const {
+        if (nr < 1 || nr > Count())
+            ThrowSubscriptOutOfRange();
+        return entries_[static_cast<std::size_t>(nr) - 1].key;
+    }
+
+    /// Takes the entry out and keeps the order of the others. Returns false for a missing key.
+    bool Remove(Name key) {
+        const std::uint32_t position = PositionOf(key.Lower());
+        if (position == kNone)
+            return false;
+        entries_.erase(entries_.begin() + position);
+        index_.reset();
+        return true;
+    }
+    bool Remove(std::string_view key) {
+        const Name name = Name::FindLower(key);
+        return name.Known() && Remove(name);
+    }
+    void Clear() {
+        entries_.clear();
+        index_.reset();
+    }
+
+    // Iteration over the objects in order; removing meanwhile is not allowed.
+    class Iterator {
+    public:
+        explicit Iterator(const Entry* entry) : entry_(entry) {}
+        T* operator*() const { return entry_->value; }
+        Iterator& operator++() {
+            ++entry_;
+            return *this;
+        }
+        bool operator==(const Iterator&) const = default;
+
+    private:
+        const Entry* entry_;
+    };
+    [[nodiscard]] Iterator begin() const { return Iterator(entries_.data()); }
+    [[nodiscard]] Iterator end() const { return Iterator(entries_.data() + entries_.size()); }
+
+private:
+    static constexpr std::uint32_t kNone = UINT32_MAX;
+    // Below this many entries a walk over the handles is quicker than a table and needs no memory.
+    static constexpr std::size_t kIndexFrom = 17;
+
+    struct Index {
+        std::vector<std::uint32_t> slots;  // position + 1, or 0
+    };
+
+    [[nodiscard]] std::uint32_t PositionOf(Name key) const {
+        if (entries_.size() < kIndexFrom) {
+            for (std::uint32_t i = 0; i < entries_.size(); ++i)
+                if (entries_[i].key == key)
+                    return i;
+            return kNone;
+        }
+        if (!index_)
+            BuildIndex();
+        const std::size_t mask = index_->slots.size() - 1;
+        for (std::size_t slot = key.Hash() & mask;; slot = (slot + 1) & mask) {
+            const std::uint32_t position = index_->slots[slot];
+            if (position == 0)
+                return kNone;
+            if (entries_[position - 1].key == key)
+                return position - 1;
+        }
+    }
+
+    void Enter(std::uint32_t position) const {
+        if (entries_.size() * 2 > index_->slots.size()) {
+            BuildIndex();
+            return;
+        }
+        Place(position);
+    }
+    void Place(std::uint32_t position) const {
+        const std::size_t mask = index_->slots.size() - 1;
+        std::size_t slot = entries_[position].key.Hash() & mask;
+        while (index_->slots[slot])
+            slot = (slot + 1) & mask;
+        index_->slots[slot] = position + 1;
+    }
+    void BuildIndex() const {
+        std::size_t size = 64;
+        while (size < entries_.size() * 4)
+            size *= 2;
+        index_ = std::make_unique<Index>();
+        index_->slots.assign(size, 0);
+        for (std::uint32_t i = 0; i < entries_.size(); ++i)
+            Place(i);
+    }
+
+    std::vector<Entry> entries_;
+    mutable std::unique_ptr<Index> index_;
+    [[no_unique_address]] Counted<gCountCollection> counted_;
+};

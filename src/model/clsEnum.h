@@ -1,0 +1,26 @@
+// An enumeration with its members.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "model/clsCollection.h"
+#include "model/code_object.h"
+
+class clsEnum final : public CodeObject {
+public:
+    clsEnum() : CodeObject(ObjectClass::Enum) {}
+    ~clsEnum() override;
+
+    [[nodiscard]] std::string CodePathOrg() const override;
+    [[nodiscard]] std::string_view GetImageKey() const override;
+
+    Pos NamePos = 0;
+    clsCollection<clsVariable> MyVars;  // members by name
+
+    clsVariable& Own(std::unique_ptr<clsVariable> member);
+
+private:
+    std::vector<std::unique_ptr<clsVariable>> owned_;
+    [[no_unique_address]] Counted<gCountEnum> counted_;
+};

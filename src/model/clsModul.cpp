@@ -1,0 +1,25 @@
+#include "model/clsModul.h"
+
+#include "model/clsTypeLib.h"
+
+clsModul::clsModul() : CodeObject(ObjectClass::Modul) {}
+
+clsModul::~clsModul() = default;
+
+std::string clsModul::CodePathOrg() const {
+    return myLibrary ? JoinPath(myLibrary->myNameOrg(), myNameOrg()) : std::string(myNameOrg());
+}
+
+std::string_view clsModul::GetImageKey() const {
+    if (ModulTyp == "usercontrol")
+        return "control";
+    return ModulTyp;
+}
+
+CodeObject* clsModul::Get_Object_From_CodePath(std::string_view codePath) {
+    for (const clsSpaceName* entry : PrivNameSpace)
+        for (CodeObject* object : entry->Objects())
+            if (object->CodePath() == codePath)
+                return object;
+    return MyName() == codePath ? this : nullptr;
+}

@@ -1,0 +1,46 @@
+// A sub, function, property accessor, declare or event declaration.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "model/clsCollection.h"
+#include "model/code_object.h"
+
+class clsProzedur final : public CodeObject {
+public:
+    explicit clsProzedur(clsModul& owner);
+    ~clsProzedur() override;
+
+    /// The three accessors of a property have three paths and one name.
+    [[nodiscard]] std::string CodePathOrg() const override;
+    /// The name, and behind it the accessor's suffix.
+    [[nodiscard]] Name LocalKey() const override;
+    [[nodiscard]] std::string_view GetImageKey() const override;
+    [[nodiscard]] std::string_view DatenTyp() const { return type.View(); }
+    [[nodiscard]] std::string_view ProzedurTyp() const { return kind.View(); }
+    [[nodiscard]] bool IsProperty() const { return ProzedurTyp().starts_with("property"); }
+
+    Name kind;                  // "sub", "function", "property get", "property let", "property set"
+    Name type;                  // data type of the result, lower case
+    int DeclareStartTNr = 0;    // first and last token; 0 for declares
+    int DeclareEndTNr = 0;
+    Pos NamePos = 0;
+    Pos ArgListStart = 0;       // outer brackets of the argument list
+    Pos ArgListEnd = 0;
+    std::string_view TypenZeichen;
+    bool isDeclare = false;
+    bool IsEvent = false;       // handles an event, or declares one
+    bool IsUserEvent = false;
+    bool LocalCallsChecked = false;
+
+    clsCollection<clsVariable> MyVars;  // arguments, locals, result; keyed by name
+
+    /// Takes over a variable of this procedure; whether it joins MyVars is the caller's business.
+    clsVariable& Own(std::unique_ptr<clsVariable> variable);
+
+private:
+    [[nodiscard]] std::string_view AccessorSuffix() const;
+    std::vector<std::unique_ptr<clsVariable>> owned_;
+    [[no_unique_address]] Counted<gCountProzedur> counted_;
+};

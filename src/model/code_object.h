@@ -1,0 +1,67 @@
+// What all code objects offer alike: a name, an address, an owner module, a mark.
+//
+// The address is the code path: components joined by ".". CodePathOrg keeps the spelling of the source,
+// CodePath is its lower-case form and the key of the object everywhere.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "model/names.h"
+#include "shell/vb_text.h"
+
+class clsModul;
+class clsProzedur;
+class clsVariable;
+class clsType;
+class clsEnum;
+class clsControl;
+class clsTypeLib;
+
+enum class ObjectClass : std::uint8_t { Modul, Prozedur, Variable, Type, Enum, Control, TypeLib };
+
+class CodeObject {
+public:
+    CodeObject(const CodeObject&) = delete;
+    CodeObject& operator=(const CodeObject&) = delete;
+    virtual ~CodeObject() = default;
+
+    [[nodiscard]] ObjectClass Class() const { return class_; }
+
+    [[nodiscard]] std::string_view myNameOrg() const { return name_.View(); }
+    /// Lower-case form of myNameOrg.
+    [[nodiscard]] std::string_view MyName() const { return name_.Lower().View(); }
+    [[nodiscard]] Name NameOrgKey() const { return name_; }
+    [[nodiscard]] Name NameKey() const { return name_.Lower(); }
+    void SetName(Name name) { name_ = name; }
+
+    /// Computed on each call: follows a renamed owner.
+    [[nodiscard]] virtual std::string CodePathOrg() const = 0;
+    [[nodiscard]] std::string CodePath() const;
+    /// CodePath as a key.
+    [[nodiscard]] Name CodePathKey() const;
+    /// What tells this object's path from those of the other objects of its class in its module: the key of
+    /// the module's own collections. Making it costs nothing, unlike a whole path.
+    [[nodiscard]] virtual Name LocalKey() const { return NameKey(); }
+
+    /// Key of the object's icon.
+    [[nodiscard]] virtual std::string_view GetImageKey() const = 0;
+
+    clsModul* Modul = nullptr;         // null for modules and libraries
+    clsTypeLib* myLibrary = nullptr;   // set when the object belongs to a library
+    std::string_view Zugriff;          // "private", "public", "argument", ...; a literal
+    Pos DeclareStart = 0;
+    Pos DeclareEnd = 0;
+    std::int16_t IsDeath = 0;          // 0 alive or not looked at, 1 dead, 2 undead
+
+protected:
+    explicit CodeObject(ObjectClass objectClass) : class_(objectClass) {}
+
+private:
+    Name name_;
+    ObjectClass class_;
+};
+
+/// `first` "." `second`, without the point when `first` is empty.
+[[nodiscard]] std::string JoinPath(std::string_view first, std::string_view second);

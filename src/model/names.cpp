@@ -1,0 +1,153 @@
+#include "model/names.h"
+
+#include <new>
+#include <string>
+
+#include "platform/code_page.h"
+
+const Name::Entry Name::kEmpty{&Name::kEmpty, 0, 0, {}};
+
+namespace {
+
+constexpr std::size_t kBlockSize = std::size_t{1} << 16;
+constexpr std::size_t kFirstSlots = std::size_t{1} << 12;
+
+std::uint64_t Mix(std::uint64_t value) {
+    value *= 0x9E3779B97F4A7C15U;
+    return value ^ (value >> 29);
+}
+
+std::uint32_t HashOf(std::string_view text) {
+    const char* from = text.data();
+    std::size_t left = text.size();
+    std::uint64_t hash = left;
+    for (; left >= 8; from += 8, left -= 8) {
+        std::uint64_t part;
+        std::memcpy(&part, from, 8);
+        hash = Mix(hash ^ part);
+    }
+    std::uint64_t rest = 0;
+    for (std::size_t i = 0; i < left; ++i)
+        rest = rest << 8 | static_cast<unsigned char>(from[i]);
+    hash = Mix(hash ^ rest);
+    return static_cast<std::uint32_t>(hash ^ (hash >> 32));
+}
+
+// Lower-case form in a buffer on the stack where it fits, as nearly all names do.
+class LowerForm {
+public:
+    explicit LowerForm(std::string_view text) {
+        char* to = short_;
+        if (text.size() > sizeof short_) {
+            long_.resize(text.size());
+            to = long_.data();
+        }
+        const auto& table = ActiveCodePage().LowerTable();
+        for (std::size_t i = 0; i < text.size(); ++i)
+            to[i] = static_cast<char>(table[static_cast<unsigned char>(text[i])]);
+        view_ = {to, text.size()};
+    }
+    [[nodiscard]] std::string_view View() const { return view_; }
+
+private:
+    char short_[64];
+    std::string long_;
+    std::string_view view_;
+};
+
+}  // namespace
+
+NamePool& NamePool::Get() {
+    static NamePool pool;
+    return pool;
+}
+
+NamePool::NamePool() : slots_(kFirstSlots) {}
+
+void NamePool::Reset() {
+    slots_.assign(kFirstSlots, nullptr);
+    used_ = 0;
+    blocks_.clear();
+    freeLeft_ = 0;
+}
+
+const Name::Entry* NamePool::Find(std::string_view text) const {
+    if (text.empty())
+        return &Name::kEmpty;
+    const std::uint32_t hash = HashOf(text);
+    const std::size_t mask = slots_.size() - 1;
+    for (std::size_t slot = hash & mask;; slot = (slot + 1) & mask) {
+        const Name::Entry* entry = slots_[slot];
+        if (!entry)
+            return nullptr;
+        if (entry->hash == hash && entry->length == text.size() &&
+            std::memcmp(entry->chars, text.data(), text.size()) == 0)
+            return entry;
+    }
+}
+
+const Name::Entry* NamePool::Intern(std::string_view text) {
+    if (text.empty())
+        return &Name::kEmpty;
+    const std::uint32_t hash = HashOf(text);
+    std::size_t mask = slots_.size() - 1;
+    std::size_t slot = hash & mask;
+    for (; slots_[slot]; slot = (slot + 1) & mask) {
+        const Name::Entry* entry = slots_[slot];
+        if (entry->hash == hash && entry->length == text.size() &&
+            std::memcmp(entry->chars, text.data(), text.size()) == 0)
+            return entry;
+    }
+    Name::Entry* entry = NewEntry(text, hash);
+    slots_[slot] = entry;
+    if (++used_ * 2 > slots_.size())
+        Grow();
+    if (const LowerForm lower(text); lower.View() != text)
+        entry->lower = Intern(lower.View());
+    return entry;
+}
+
+Name::Entry* NamePool::NewEntry(std::string_view text, std::uint32_t hash) {
+    constexpr std::size_t kAlign = alignof(Name::Entry);
+    const std::size_t size =
+        std::max(sizeof(Name::Entry), (offsetof(Name::Entry, chars) + text.size() + kAlign - 1) / kAlign * kAlign);
+    if (size > freeLeft_) {
+        const std::size_t block = std::max(kBlockSize, size);
+        blocks_.push_back(std::make_unique_for_overwrite<char[]>(block));
+        free_ = blocks_.back().get();
+        freeLeft_ = block;
+    }
+    char* place = free_;
+    free_ += size;
+    freeLeft_ -= size;
+    auto* entry = new (place) Name::Entry;
+    entry->lower = entry;
+    entry->hash = hash;
+    entry->length = static_cast<std::uint32_t>(text.size());
+    std::memcpy(place + offsetof(Name::Entry, chars), text.data(), text.size());
+    return entry;
+}
+
+void NamePool::Grow() {
+    std::vector<const Name::Entry*> larger(slots_.size() * 2);
+    const std::size_t mask = larger.size() - 1;
+    for (const Name::Entry* entry : slots_) {
+        if (!entry)
+            continue;
+        std::size_t slot = entry->hash & mask;
+        while (larger[slot])
+            slot = (slot + 1) & mask;
+        larger[slot] = entry;
+    }
+    slots_.swap(larger);
+}
+
+Name::Name(std::string_view text) : entry_(NamePool::Get().Intern(text)) {}
+
+Name Name::Find(std::string_view text) {
+    return Name(NamePool::Get().Find(text));
+}
+
+Name Name::FindLower(std::string_view text) {
+    return Name(NamePool::Get().Find(LowerForm(text).View()));
+}

@@ -1,0 +1,62 @@
+// Names are kept once. A Name is a handle on a spelling in the pool; equal spellings have equal handles, and
+// each knows its lower-case form, so that keys are compared by one pointer and nothing is allocated to look up.
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+#include <memory>
+#include <string_view>
+#include <vector>
+
+class Name {
+public:
+    /// The empty name.
+    Name() : entry_(&kEmpty) {}
+    /// Interns `text` in its spelling.
+    explicit Name(std::string_view text);
+
+    /// The name of this spelling if it is in the pool already; else the result's Known() is false.
+    [[nodiscard]] static Name Find(std::string_view text);
+    /// The same for the lower-case form of `text`.
+    [[nodiscard]] static Name FindLower(std::string_view text);
+
+    [[nodiscard]] std::string_view View() const { return {entry_->chars, entry_->length}; }
+    [[nodiscard]] Name Lower() const { return Name(entry_->lower); }
+    [[nodiscard]] bool Known() const { return entry_ != nullptr; }
+    [[nodiscard]] bool Empty() const { return entry_->length == 0; }
+    [[nodiscard]] std::uint32_t Hash() const { return entry_->hash; }
+    bool operator==(const Name&) const = default;
+
+private:
+    struct Entry {
+        const Entry* lower;
+        std::uint32_t hash;
+        std::uint32_t length;
+        char chars[8];  // as long as the name is
+    };
+    static const Entry kEmpty;
+    friend class NamePool;
+    explicit Name(const Entry* entry) : entry_(entry) {}
+    const Entry* entry_;
+};
+
+/// The pool behind all names. It only grows; a name stays valid until Reset.
+class NamePool {
+public:
+    static NamePool& Get();
+    [[nodiscard]] const Name::Entry* Intern(std::string_view text);
+    [[nodiscard]] const Name::Entry* Find(std::string_view text) const;
+    /// Forgets all names. Only when no object and no collection that holds one is left, as when another code
+    /// page with other lower-case rules begins to rule.
+    void Reset();
+
+private:
+    NamePool();
+    Name::Entry* NewEntry(std::string_view text, std::uint32_t hash);
+    void Grow();
+    std::vector<const Name::Entry*> slots_;
+    std::size_t used_ = 0;
+    std::vector<std::unique_ptr<char[]>> blocks_;
+    char* free_ = nullptr;
+    std::size_t freeLeft_ = 0;
+};

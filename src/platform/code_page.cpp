@@ -1,0 +1,327 @@
+#include "platform/code_page.h"
+
+#include <cerrno>
+#include <charconv>
+#include <cstring>
+#include <map>
+#include <memory>
+#include <unordered_map>
+#include <utility>
+
+#include <iconv.h>
+
+#include "platform/ascii.h"
+#include "platform/unicode.h"
+
+namespace {
+
+constexpr std::string_view kAuto = "auto";
+constexpr std::string_view kAutoPage = "1252";
+constexpr std::string_view kUtf8Page = "65001";
+
+/// One direction of iconv; closed with the object.
+class Converter {
+public:
+    Converter() = default;
+    Converter(const char* to, const char* from) : handle_(iconv_open(to, from)) {}
+    Converter(Converter&& other) noexcept : handle_(std::exchange(other.handle_, kNone())) {}
+    Converter& operator=(Converter&& other) noexcept {
+        std::swap(handle_, other.handle_);
+        return *this;
+    }
+    Converter(const Converter&) = delete;
+    Converter& operator=(const Converter&) = delete;
+    ~Converter() {
+        if (*this)
+            iconv_close(handle_);
+    }
+    explicit operator bool() const { return handle_ != kNone(); }
+
+    void Restart() const { iconv(handle_, nullptr, nullptr, nullptr, nullptr); }
+
+    /// Converts the beginning of `text`, takes that off and appends the outcome to `into`.
+    /// Returns 0 at the text's end, EILSEQ or EINVAL in front of what cannot be converted.
+    int Convert(std::string_view& text, std::string& into) const {
+        char* in = const_cast<char*>(text.data());  // iconv's old signature; it does not write there
+        std::size_t inLeft = text.size();
+        int error = E2BIG;
+        while (error == E2BIG) {
+            char buffer[4096];
+            char* out = buffer;
+            std::size_t outLeft = sizeof buffer;
+            error = iconv(handle_, &in, &inLeft, &out, &outLeft) == static_cast<std::size_t>(-1) ? errno : 0;
+            into.append(buffer, sizeof buffer - outLeft);
+            if (error == 0) {  // some pages hold a letter back to join it with an accent that may follow
+                out = buffer;
+                outLeft = sizeof buffer;
+                iconv(handle_, nullptr, nullptr, &out, &outLeft);
+                into.append(buffer, sizeof buffer - outLeft);
+            }
+        }
+        text.remove_prefix(text.size() - inLeft);
+        return error;
+    }
+
+private:
+    static iconv_t kNone() { return reinterpret_cast<iconv_t>(-1); }
+    iconv_t handle_ = kNone();
+};
+
+/// What iconv may call a page; empty when the setting is no number of a page.
+std::string IconvName(std::string_view page) {
+    int number = 0;
+    const auto [end, error] = std::from_chars(page.data(), page.data() + page.size(), number);
+    if (error != std::errc() || end != page.data() + page.size() || page.size() > 5 || number <= 0 || page[0] == '0')
+        return {};
+    switch (number) {
+        case 65001:
+            return "UTF-8";
+        case 20866:
+            return "KOI8-R";
+        case 21866:
+            return "KOI8-U";
+        case 10000:
+            return "MACINTOSH";
+        default:
+            break;
+    }
+    if (number > 28590 && number < 28607)
+        return "ISO-8859-" + std::to_string(number - 28590);
+    return "CP" + std::string(page);
+}
+
+bool IsAscii(std::string_view text) {
+    unsigned char all = 0;
+    for (const char c : text)
+        all |= static_cast<unsigned char>(c);
+    return all < 0x80;
+}
+
+}  // namespace
+
+struct CodePage::Tables {
+    Kind kind = Kind::SingleByte;
+    std::array<unsigned char, 256> lower{};
+    std::array<bool, 256> isLead{};
+    std::array<char32_t, 256> unicode{};  // of single-byte pages; U+FFFD for bytes without a character
+    std::unordered_map<char32_t, char> bytes;
+    Converter toUtf8;  // of double-byte pages; kept open, as names are converted one by one
+    Converter fromUtf8;
+
+    /// The tables of a page, or null when the system does not know it.
+    static const Tables* Of(std::string_view page);
+
+    [[nodiscard]] bool Read(const std::string& iconvName);
+    [[nodiscard]] std::string ToUtf8(std::string_view text) const;
+    /// Returns false when something was replaced by "?".
+    bool FromUtf8(std::string_view utf8, std::string& into) const;
+};
+
+const CodePage::Tables* CodePage::Tables::Of(std::string_view page) {
+    static std::map<std::string, std::unique_ptr<const Tables>, std::less<>> known;
+    if (const auto found = known.find(page); found != known.end())
+        return found->second.get();
+    auto tables = std::make_unique<Tables>();
+    const std::string name = IconvName(page);
+    // The page of "auto" must exist even where iconv has lost its tables: it is then Latin-1 without them.
+    if ((name.empty() || !tables->Read(name)) && page != kAutoPage)
+        return nullptr;
+    return known.emplace(page, std::move(tables)).first->second.get();
+}
+
+bool CodePage::Tables::Read(const std::string& iconvName) {
+    for (unsigned i = 0; i < 256; ++i) {
+        lower[i] = static_cast<unsigned char>(ascii::Lower(static_cast<char>(i)));
+        unicode[i] = i;
+    }
+    if (iconvName == "UTF-8") {
+        kind = Kind::Utf8;
+        return true;
+    }
+    toUtf8 = Converter("UTF-8", iconvName.c_str());
+    fromUtf8 = Converter(iconvName.c_str(), "UTF-8");
+    if (!toUtf8 || !fromUtf8)
+        return false;
+
+    for (unsigned i = 0; i < 256; ++i) {
+        const char byte = static_cast<char>(i);
+        std::string_view text(&byte, 1);
+        std::string utf8;
+        toUtf8.Restart();
+        const int error = toUtf8.Convert(text, utf8);
+        isLead[i] = error == EINVAL;
+        std::size_t pos = 0;
+        const bool isKnown = error == 0 && !utf8.empty();
+        unicode[i] = isKnown ? TakeUtf8(utf8, pos).value_or(kReplacementCharacter) : kReplacementCharacter;
+        // Keywords are ASCII: a page in which they read otherwise is of no use here.
+        if (i < 128 && (ascii::Lower(byte) != byte || ascii::IsDigit(byte) || byte == ' ') && unicode[i] != i)
+            return false;
+        if (isLead[i])
+            kind = Kind::DoubleByte;
+    }
+    if (kind == Kind::DoubleByte)
+        return true;
+    for (unsigned i = 0; i < 256; ++i)
+        if (unicode[i] != kReplacementCharacter)
+            bytes.emplace(unicode[i], static_cast<char>(i));
+    for (unsigned i = 128; i < 256; ++i)
+        if (const auto small = bytes.find(LowerCodePoint(unicode[i])); small != bytes.end())
+            lower[i] = static_cast<unsigned char>(small->second);
+        else
+            lower[i] = static_cast<unsigned char>(i);
+    return true;
+}
+
+std::string CodePage::Tables::ToUtf8(std::string_view text) const {
+    std::string utf8;
+    utf8.reserve(text.size() + text.size() / 8);
+    switch (kind) {
+        case Kind::Auto:
+        case Kind::SingleByte:
+            for (const char c : text)
+                AppendUtf8(utf8, unicode[static_cast<unsigned char>(c)]);
+            break;
+        case Kind::Utf8:
+            for (std::size_t pos = 0; pos < text.size();)
+                AppendUtf8(utf8, TakeUtf8(text, pos).value_or(kReplacementCharacter));
+            break;
+        case Kind::DoubleByte:
+            toUtf8.Restart();
+            while (toUtf8.Convert(text, utf8) != 0) {
+                AppendUtf8(utf8, kReplacementCharacter);
+                text.remove_prefix(1);
+                toUtf8.Restart();
+            }
+            break;
+    }
+    return utf8;
+}
+
+bool CodePage::Tables::FromUtf8(std::string_view utf8, std::string& into) const {
+    into.reserve(utf8.size());
+    bool isWhole = true;
+    if (kind == Kind::DoubleByte) {
+        fromUtf8.Restart();
+        while (fromUtf8.Convert(utf8, into) != 0) {
+            isWhole = false;
+            into += '?';
+            std::size_t pos = 0;
+            (void)TakeUtf8(utf8, pos);
+            utf8.remove_prefix(pos);
+        }
+        return isWhole;
+    }
+    for (std::size_t pos = 0; pos < utf8.size();) {
+        const std::size_t begin = pos;
+        const std::optional<char32_t> codePoint = TakeUtf8(utf8, pos);
+        const auto byte = codePoint && kind == Kind::SingleByte ? bytes.find(*codePoint) : bytes.end();
+        if (byte != bytes.end()) {
+            into += byte->second;
+        } else if (codePoint && kind == Kind::Utf8) {
+            into += utf8.substr(begin, pos - begin);
+        } else {
+            isWhole = false;
+            into += '?';
+        }
+    }
+    return isWhole;
+}
+
+CodePage::CodePage() : CodePage(kAuto) {}
+
+CodePage::CodePage(std::string_view setting) : tables_(Tables::Of(setting)) {
+    if (tables_) {
+        setting_ = setting;
+        kind_ = tables_->kind;
+    } else {
+        tables_ = Tables::Of(kAutoPage);
+    }
+    lower_ = tables_->lower;
+    isLead_ = tables_->isLead;
+}
+
+std::string CodePage::LowerCase(std::string_view text) const {
+    std::string lower(text);
+    LowerCase(lower, lower.data());
+    return lower;
+}
+
+void CodePage::LowerCase(std::string_view text, char* into) const {
+    // Sources are ASCII nearly everywhere: a block without high bytes goes through vector code, made by the
+    // compiler from loops of fixed length without branches.
+    constexpr std::size_t kBlock = 64;
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    for (; static_cast<std::size_t>(end - at) >= kBlock; at += kBlock, into += kBlock) {
+        unsigned char block[kBlock];
+        std::memcpy(block, at, kBlock);
+        unsigned char high = 0;
+        for (std::size_t i = 0; i < kBlock; ++i)
+            high |= block[i];
+        if (high < 0x80) {
+            for (std::size_t i = 0; i < kBlock; ++i) {
+                const unsigned char isCapital = static_cast<unsigned char>(block[i] - 'A') < 26;
+                block[i] = static_cast<unsigned char>(block[i] + (isCapital << 5));
+            }
+        } else {
+            for (std::size_t i = 0; i < kBlock; ++i)
+                block[i] = lower_[block[i]];
+        }
+        std::memcpy(into, block, kBlock);
+    }
+    for (; at != end; ++at)
+        *into++ = static_cast<char>(lower_[static_cast<unsigned char>(*at)]);
+}
+
+std::string CodePage::ToUtf8(std::string_view bytes) const {
+    if (IsAscii(bytes) || (kind_ == Kind::Auto && IsValidUtf8(bytes)))
+        return std::string(bytes);
+    return tables_->ToUtf8(bytes);
+}
+
+std::string CodePage::FromUtf8(std::string_view utf8) const {
+    if (kind_ == Kind::Auto)
+        return FromUtf8Whole(utf8).value_or(std::string(utf8));
+    std::string text;
+    tables_->FromUtf8(utf8, text);
+    return text;
+}
+
+std::optional<std::string> CodePage::FromUtf8Whole(std::string_view utf8) const {
+    if (IsAscii(utf8))
+        return std::string(utf8);
+    std::string text;
+    if (!tables_->FromUtf8(utf8, text) || (kind_ == Kind::Auto && IsValidUtf8(text)))
+        return {};
+    return text;
+}
+
+bool IsValidUtf8(std::string_view text) {
+    for (std::size_t pos = 0; pos < text.size();) {
+        const std::string_view block = text.substr(pos, 64);
+        if (IsAscii(block))
+            pos += block.size();
+        else if (!TakeUtf8(text, pos))
+            return false;
+    }
+    return true;
+}
+
+namespace {
+CodePage& Active() {
+    static CodePage page;
+    return page;
+}
+}  // namespace
+
+const CodePage& ActiveCodePage() {
+    return Active();
+}
+
+void SetActiveCodePage(CodePage page) {
+    Active() = std::move(page);
+}
+
+std::string LowerCase(std::string_view text) {
+    return ActiveCodePage().LowerCase(text);
+}

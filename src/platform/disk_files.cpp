@@ -1,0 +1,368 @@
+// A path is tried as it is spelled first, with "/" for "\": that is one system call and right nearly always. Only
+// when nothing stands there, its names are walked one by one and looked for without regard to letter case, in
+// listings that are kept. A kept listing is never the last word: it is read anew before a name counts as missing,
+// and when what it names has gone.
+
+#include "platform/files.h"
+
+#include <dirent.h>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstdlib>
+#include <optional>
+#include <unordered_map>
+
+#include "platform/path_names.h"
+#include "platform/text_bytes.h"
+
+namespace {
+
+constexpr std::size_t kBufferBytes = 256 * 1024;
+
+class FileHandle {
+public:
+    FileHandle(const char* path, int flags, mode_t mode = 0)
+        : number_(open(path, flags | O_CLOEXEC | O_NOCTTY, mode)) {}
+    FileHandle(const FileHandle&) = delete;
+    FileHandle& operator=(const FileHandle&) = delete;
+    ~FileHandle() {
+        if (number_ >= 0)
+            close(number_);
+    }
+    [[nodiscard]] bool IsOpen() const { return number_ >= 0; }
+    [[nodiscard]] int Number() const { return number_; }
+
+    /// Closes early, to learn whether all has been written.
+    [[nodiscard]] bool Close() { return close(std::exchange(number_, -1)) == 0; }
+
+private:
+    int number_;
+};
+
+bool MeansMissing(int error) {
+    return error == ENOENT || error == ENOTDIR || error == ENAMETOOLONG || error == ELOOP;
+}
+
+FileError ReadErrorOf(int error) {
+    if (MeansMissing(error))
+        return FileError::NotFound;
+    if (error == EISDIR)
+        return FileError::IsDirectory;
+    return error == EFBIG || error == EOVERFLOW ? FileError::TooLarge : FileError::NotReadable;
+}
+
+FileError WriteErrorOf(int error) {
+    if (error == EISDIR)
+        return FileError::IsDirectory;
+    return MeansMissing(error) ? FileError::NotFound : FileError::NotWritable;
+}
+
+FileTime TimeOf(const struct stat& status) {
+    return FileTime{status.st_mtim.tv_sec} * 1'000'000'000 + status.st_mtim.tv_nsec;
+}
+
+/// Reads until `size` bytes are there or the file ends. Returns the count, or nothing after an error.
+/// @param expected  bytes that the file should still have: when they are there and no more came, it has ended,
+///                  and the call that would only say so is saved
+std::optional<std::size_t> ReadUpTo(int file, char* into, std::size_t size, std::size_t expected) {
+    std::size_t count = 0;
+    while (count < size) {
+        const std::size_t wanted = size - count;
+        const ssize_t got = read(file, into + count, wanted);
+        if (got < 0 && errno == EINTR)
+            continue;
+        if (got < 0)
+            return {};
+        count += static_cast<std::size_t>(got);
+        if (got == 0 || (count == expected && static_cast<std::size_t>(got) < wanted))
+            break;
+    }
+    return count;
+}
+
+bool WriteAll(int file, std::string_view bytes) {
+    while (!bytes.empty()) {
+        const ssize_t written = write(file, bytes.data(), bytes.size());
+        if (written < 0 && errno == EINTR)
+            continue;
+        if (written < 0)
+            return false;
+        bytes.remove_prefix(static_cast<std::size_t>(written));
+    }
+    return true;
+}
+
+bool Stands(const std::string& path) {
+    struct stat status {};
+    return stat(path.c_str(), &status) == 0;
+}
+
+std::string Joined(const std::string& directory, std::string_view name) {
+    std::string path = directory;
+    if (!path.empty() && path.back() != '/')
+        path += '/';
+    return path += name;
+}
+
+}  // namespace
+
+struct DiskFiles::Directories {
+    struct Listing {
+        std::unordered_map<std::string, std::string> names;  // as on disk, by NameKey
+        unsigned readIn = 0;                                 // the operation that has read it
+    };
+    /// How far a path leads on this disk.
+    struct Found {
+        std::string path;         // what exists, with the rest behind it
+        std::size_t missing = 0;  // names of that rest
+    };
+
+    std::unordered_map<std::string, Listing> listings;
+    unsigned operation = 0;
+
+    static void Read(const std::string& directory, Listing& listing);
+    std::optional<std::string> NameOnDisk(const std::string& directory, const std::string& name);
+    Found Walk(const PathParts& parts);
+    Found Resolve(std::string_view path);
+
+    /// Calls `attempt(systemPath)`, which gives 0 or an errno, with the path as spelled, and with the path found
+    /// on disk when nothing stands at the first.
+    template <class Attempt>
+    int Try(std::string_view path, const Attempt& attempt);
+};
+
+void DiskFiles::Directories::Read(const std::string& directory, Listing& listing) {
+    listing.names.clear();
+    DIR* const stream = opendir(directory.empty() ? "." : directory.c_str());
+    if (!stream)
+        return;
+    while (const dirent* entry = readdir(stream)) {
+        const std::string name = entry->d_name;
+        // Of names that differ in letter case only the first in byte order is taken, whatever order the disk has.
+        const auto [known, isNew] = listing.names.emplace(NameKey(name), name);
+        if (!isNew && name < known->second)
+            known->second = name;
+    }
+    closedir(stream);
+}
+
+std::optional<std::string> DiskFiles::Directories::NameOnDisk(const std::string& directory, const std::string& name) {
+    const std::string key = NameKey(name);
+    Listing& listing = listings[directory];
+    auto found = listing.names.find(key);
+    if (listing.readIn != operation) {
+        if (found == listing.names.end() || !Stands(Joined(directory, found->second))) {
+            Read(directory, listing);
+            listing.readIn = operation;
+            found = listing.names.find(key);
+        }
+    }
+    if (found == listing.names.end())
+        return {};
+    return found->second;
+}
+
+DiskFiles::Directories::Found DiskFiles::Directories::Walk(const PathParts& parts) {
+    // The directories are mostly spelled right, so the longest path that stands is looked for from the end.
+    PathParts spelled = parts;
+    while (!spelled.names.empty() && !Stands(JoinPath(spelled)))
+        spelled.names.pop_back();
+    Found found{spelled.names.empty() && !parts.isAbsolute ? "" : JoinPath(spelled), 0};
+
+    for (std::size_t i = spelled.names.size(); i < parts.names.size(); ++i) {
+        const std::string& name = parts.names[i];
+        std::string next = Joined(found.path, name);
+        if (found.missing == 0 && !Stands(next)) {
+            if (const std::optional<std::string> onDisk = NameOnDisk(found.path, name))
+                next = Joined(found.path, *onDisk);
+            else
+                found.missing = 1;
+        } else if (found.missing > 0) {
+            ++found.missing;
+        }
+        // What is made anew gets a name that people can read on this system.
+        found.path = found.missing == 0 ? std::move(next) : Joined(found.path, NameInUtf8(name));
+    }
+    if (found.path.empty())
+        found.path += '.';
+    return found;
+}
+
+DiskFiles::Directories::Found DiskFiles::Directories::Resolve(std::string_view path) {
+    const std::string spelled = WithSlashes(path);
+    if (spelled.empty() || Stands(spelled))
+        return {spelled, spelled.empty()};
+    const PathParts asSpelled = SplitPath(path);
+    Found best = Walk(asSpelled);
+    // The name before ".." need not exist; and where it is a link, ".." may be meant either way.
+    for (const PathParts& parts : {WithoutParents(asSpelled), WithoutParents(SplitDoubleBytePath(path))}) {
+        if (best.missing == 0)
+            break;
+        if (parts == asSpelled)
+            continue;
+        if (Found other = Walk(parts); other.missing < best.missing)
+            best = std::move(other);
+    }
+    return best;
+}
+
+template <class Attempt>
+int DiskFiles::Directories::Try(std::string_view path, const Attempt& attempt) {
+    ++operation;
+    const int error = attempt(WithSlashes(path));
+    if (error != ENOENT && error != ENOTDIR)
+        return error;
+    const Found found = Resolve(path);
+    return found.missing == 0 ? attempt(found.path) : error;
+}
+
+DiskFiles::DiskFiles()
+    : directories_(std::make_unique<Directories>()), buffer_(std::make_unique_for_overwrite<char[]>(kBufferBytes)) {}
+
+DiskFiles::~DiskFiles() = default;
+
+bool DiskFiles::FileExists(std::string_view path) const {
+    struct stat status {};
+    const int error = directories_->Try(
+        path, [&](const std::string& systemPath) { return stat(systemPath.c_str(), &status) == 0 ? 0 : errno; });
+    return error == 0 && S_ISREG(status.st_mode);
+}
+
+FileTime DiskFiles::DateLastModified(std::string_view path) const {
+    struct stat status {};
+    const int error = directories_->Try(
+        path, [&](const std::string& systemPath) { return stat(systemPath.c_str(), &status) == 0 ? 0 : errno; });
+    return error == 0 ? TimeOf(status) : 0;
+}
+
+FileText DiskFiles::ReadText(std::string_view path) const {
+    FileText file;
+    const int error = directories_->Try(path, [&](const std::string& systemPath) {
+        // Without O_NONBLOCK a pipe would keep us waiting for its writer.
+        const FileHandle handle(systemPath.c_str(), O_RDONLY | O_NONBLOCK);
+        struct stat status {};
+        if (!handle.IsOpen() || fstat(handle.Number(), &status) != 0)
+            return errno;
+        if (!S_ISREG(status.st_mode))
+            return S_ISDIR(status.st_mode) ? EISDIR : EIO;
+        if (static_cast<std::uintmax_t>(status.st_size) > kMaxTextBytes)
+            return EFBIG;
+
+        const auto expected = static_cast<std::size_t>(status.st_size);
+        std::optional<std::size_t> count = ReadUpTo(handle.Number(), buffer_.get(), kBufferBytes, expected);
+        if (!count)
+            return errno;
+        if (*count < kBufferBytes) {
+            SetText(file, std::string_view(buffer_.get(), *count));
+        } else {
+            std::string bytes(buffer_.get(), *count);
+            // Some files have more than they say: they grow meanwhile, or the system makes them up on the spot.
+            for (bool isEnd = false; !isEnd;) {
+                const std::size_t have = bytes.size();
+                bytes.resize(std::max(expected + 1, have + kBufferBytes));
+                const std::size_t room = bytes.size() - have;
+                count = ReadUpTo(handle.Number(), bytes.data() + have, room, expected - std::min(expected, have));
+                if (!count)
+                    return errno;
+                bytes.resize(have + *count);
+                if (bytes.size() > kMaxTextBytes)
+                    return EFBIG;
+                isEnd = *count < room;
+            }
+            SetText(file, std::move(bytes));
+        }
+        file.dateLastModified = TimeOf(status);
+        return 0;
+    });
+    if (error != 0)
+        file.error = ReadErrorOf(error);
+    return file;
+}
+
+FileError DiskFiles::WriteWhole(std::string_view path, std::string_view bytes) {
+    ++directories_->operation;
+    std::string target = directories_->Resolve(path).path;
+    if (target.empty())
+        return FileError::NotFound;
+    struct stat old {};
+    const bool replaces = stat(target.c_str(), &old) == 0;
+    if (replaces) {
+        if (!S_ISREG(old.st_mode))
+            return S_ISDIR(old.st_mode) ? FileError::IsDirectory : FileError::NotWritable;
+        if (faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)  // the renaming alone would not ask
+            return FileError::NotWritable;
+        // A link stays, and what it leads to is replaced.
+        if (char* const real = realpath(target.c_str(), nullptr)) {
+            target = real;
+            std::free(real);
+        }
+    }
+
+    const std::size_t slash = target.rfind('/');
+    const std::string directory = slash == std::string::npos ? std::string() : target.substr(0, slash + 1);
+    static unsigned counter = 0;
+    const std::string temporary =
+        directory + ".ostrivane-" + std::to_string(getpid()) + '-' + std::to_string(++counter) + ".tmp";
+    FileHandle handle(temporary.c_str(), O_WRONLY | O_CREAT | O_EXCL, 0666);
+    if (!handle.IsOpen())
+        return WriteErrorOf(errno);
+    if (replaces) {
+        // Only root may keep another owner; the mode comes last, as a change of owner takes bits from it.
+        (void)!fchown(handle.Number(), old.st_uid, old.st_gid);
+        (void)!fchmod(handle.Number(), old.st_mode & 07777);
+    }
+    // An old file must not be lost to a power cut either; a new one is not worth the wait for the disk.
+    const bool isWritten = WriteAll(handle.Number(), bytes) && (!replaces || fsync(handle.Number()) == 0);
+    int error = isWritten ? 0 : errno;
+    if (!handle.Close() && error == 0)
+        error = errno;
+    if (error == 0 && rename(temporary.c_str(), target.c_str()) != 0)
+        error = errno;
+    if (error == 0)
+        return FileError::None;
+    unlink(temporary.c_str());
+    return WriteErrorOf(error);
+}
+
+FileError DiskFiles::Append(std::string_view path, std::string_view bytes) {
+    const int error = directories_->Try(path, [&](const std::string& systemPath) {
+        FileHandle handle(systemPath.c_str(), O_WRONLY | O_APPEND | O_NONBLOCK);
+        struct stat status {};
+        if (!handle.IsOpen() || fstat(handle.Number(), &status) != 0)
+            return errno;
+        if (!S_ISREG(status.st_mode))
+            return EIO;
+        return WriteAll(handle.Number(), bytes) && handle.Close() ? 0 : errno;
+    });
+    return error == 0 ? FileError::None : WriteErrorOf(error);
+}
+
+FileError DiskFiles::MakeDirectory(std::string_view path) {
+    ++directories_->operation;
+    const std::string target = directories_->Resolve(path).path;
+    if (target.empty())
+        return FileError::NotFound;
+    for (std::size_t end = 0; end != std::string::npos;) {
+        end = target.find('/', end + 1);
+        const std::string part = target.substr(0, end);
+        if (mkdir(part.c_str(), 0777) == 0)
+            continue;
+        // A parent on a read-only disk gives EROFS, in a closed one EACCES, although it stands there already.
+        const int error = errno;
+        struct stat status {};
+        if (stat(part.c_str(), &status) != 0)
+            return WriteErrorOf(error);
+        if (!S_ISDIR(status.st_mode))
+            return FileError::NotWritable;
+    }
+    return FileError::None;
+}
+
+std::string DiskFiles::SystemPath(std::string_view path) const {
+    ++directories_->operation;
+    return directories_->Resolve(path).path;
+}

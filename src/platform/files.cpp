@@ -1,0 +1,94 @@
+#include "platform/files.h"
+#include "platform/path_names.h"
+#include "platform/text_bytes.h"
+
+std::string_view Describe(FileError error) {
+    switch (error) {
+        case FileError::None:
+            return "";
+        case FileError::NotFound:
+            return "The file does not exist.";
+        case FileError::IsDirectory:
+            return "This is a directory, not a file.";
+        case FileError::NotReadable:
+            return "The file cannot be read.";
+        case FileError::TooLarge:
+            return "The file is too large: texts are limited to one gigabyte.";
+        case FileError::NotWritable:
+            return "The file cannot be written.";
+    }
+    return "";
+}
+
+namespace {
+std::string KeyOf(std::string_view path) {
+    return NameKey(JoinPath(WithoutParents(SplitPath(WithSlashes(path)))));
+}
+}  // namespace
+
+MemoryFiles::MemoryFiles(std::initializer_list<std::pair<const std::string, std::string>> files) {
+    for (const auto& [path, bytes] : files)
+        WriteWhole(path, bytes);
+}
+
+bool MemoryFiles::FileExists(std::string_view path) const {
+    return files_.contains(KeyOf(path));
+}
+
+FileText MemoryFiles::ReadText(std::string_view path) const {
+    FileText file;
+    if (const auto found = files_.find(KeyOf(path)); found != files_.end()) {
+        SetText(file, std::string_view(found->second.bytes));
+        file.dateLastModified = found->second.changed;
+    } else {
+        file.error = IsDirectory(path) ? FileError::IsDirectory : FileError::NotFound;
+    }
+    return file;
+}
+
+FileTime MemoryFiles::DateLastModified(std::string_view path) const {
+    const auto found = files_.find(KeyOf(path));
+    return found == files_.end() ? 0 : found->second.changed;
+}
+
+FileError MemoryFiles::WriteWhole(std::string_view path, std::string_view bytes) {
+    if (WithSlashes(path).empty())
+        return FileError::NotFound;
+    if (IsDirectory(path))
+        return FileError::IsDirectory;
+    Entry& entry = files_[KeyOf(path)];
+    if (entry.path.empty())
+        entry.path = WithSlashes(path);
+    entry.bytes = bytes;
+    entry.changed = ++clock_;
+    return FileError::None;
+}
+
+FileError MemoryFiles::Append(std::string_view path, std::string_view bytes) {
+    const auto found = files_.find(KeyOf(path));
+    if (found == files_.end())
+        return IsDirectory(path) ? FileError::IsDirectory : FileError::NotFound;
+    found->second.bytes += bytes;
+    found->second.changed = ++clock_;
+    return FileError::None;
+}
+
+FileError MemoryFiles::MakeDirectory(std::string_view path) {
+    return FileExists(path) ? FileError::NotWritable : FileError::None;
+}
+
+std::string MemoryFiles::SystemPath(std::string_view path) const {
+    const auto found = files_.find(KeyOf(path));
+    return found == files_.end() ? WithSlashes(path) : found->second.path;
+}
+
+std::string MemoryFiles::Bytes(std::string_view path) const {
+    const auto found = files_.find(KeyOf(path));
+    return found == files_.end() ? std::string() : found->second.bytes;
+}
+
+bool MemoryFiles::IsDirectory(std::string_view path) const {
+    const std::string inside = KeyOf(path) + '/';
+    const auto next = files_.lower_bound(inside);
+    return next != files_.end() && next->first.starts_with(inside);
+}

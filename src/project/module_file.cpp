@@ -1,0 +1,185 @@
+#include "project/module_file.h"
+
+#include <cstring>
+
+#include "model/clsControl.h"
+#include "model/clsProjekt.h"
+#include "model/clsVariable.h"
+#include "shell/errors.h"
+#include "shell/operations.h"
+#include "shell/settings.h"
+#include "shell/words.h"
+#include "source/comments.h"
+#include "source/cond_compile.h"
+#include "source/lines.h"
+#include "source/module_text.h"
+#include "source/statement.h"
+#include "source/words.h"
+#include "structure/module_reader.h"
+#include "structure/sections.h"
+#include "structure/tokens.h"
+
+namespace {
+
+Name NameFromAttribute(const ModuleText& text, Pos pos) {
+    static constexpr Pos kKeyLength = 20;  // "attribute vb_name = "
+    std::string_view name;
+    Attempt("clsModul: Read_MyCodeName", [&] {
+        // The cut counts from the start of the line.
+        name = text.Get_StringOrg(text.Get_VBZeilenBeginn_Safe(pos), text.Get_VBZeilenEnde(pos));
+        name.remove_prefix(std::min<std::size_t>(kKeyLength, name.size()));
+    });
+    name = modMain::GetCodeAusString(name);
+    if (name.ends_with(gQuote))
+        name.remove_suffix(1);
+    if (name.starts_with(gQuote))
+        name.remove_prefix(1);
+    return Name(name);
+}
+
+Name NameFromFile(std::string_view path) {
+    const std::string_view file = modMain::DirOrFileName(path, 0);
+    return Name(file.substr(0, file.size() - std::min<std::size_t>(4, file.size())));
+}
+
+// `Me` of a module that is no standard module.
+void AddMe(clsModul& modul) {
+    clsVariable& me = modul.Own(std::make_unique<clsVariable>());
+    me.Modul = &modul;
+    me.SetName(Name("Me"));
+    me.Zugriff = kPrivate;
+    me.type = modul.NameKey();
+    me.DeclareStart = modul.BeginnVarBereich;
+    modul.MyVars.AddUnlessPresent(me.NameKey(), &me);
+    modul.Private_Variablen.AddUnlessPresent(me.NameKey(), &me);
+    modul.AddTo_PrivNameSpace(me);
+}
+
+// The user control itself, as its procedures see it.
+void AddUserControl(clsModul& modul) {
+    clsControl& control = modul.Own(std::make_unique<clsControl>());
+    control.Modul = &modul;
+    control.SetName(Name("UserControl"));
+    control.Zugriff = kPrivate;
+    control.type = Name("usercontrol");
+    control.DeclareStart = modul.BeginnVarBereich;
+    modul.MyControls.AddUnlessPresent(control.NameKey(), &control);
+    modul.AddTo_PrivNameSpace(control);
+}
+
+// The global variable that stands for the form's own instance.
+void AddFormVariable(clsProjekt& projekt, clsModul& form) {
+    clsVariable& variable = projekt.Own(std::make_unique<clsVariable>());
+    variable.Modul = &form;
+    variable.isFormInstance = true;
+    variable.SetName(form.NameOrgKey());
+    variable.Zugriff = kPublic;
+    variable.type = form.NameKey();
+    projekt.FormVars.AddUnlessPresent(variable.NameKey(), &variable);
+}
+
+}  // namespace
+
+void Read_MyCodeName(clsProjekt& projekt, clsModul& modul) {
+    const Files& files = projekt.TheFiles();
+    FileText file = files.ReadText(modul.FullPath);
+    if (file.error != FileError::None) {
+        if (files.FileExists(modul.FullPath)) {
+            ShowError("clsModul: Read_MyCodeName", 75, Describe(file.error));
+            return;
+        }
+        NoteProblem("clsModul: Read_MyCodeName", "File not found: " + modul.FullPath);
+        if (AskYesNo("File not found: " + modul.FullPath + "\r\n\r\nLaden abbrechen?"))
+            gAbort = true;
+        return;
+    }
+    modul.DateLastModified = file.dateLastModified;
+    if (file.text.empty()) {
+        modul.SetName(NameFromFile(modul.FullPath));
+        return;
+    }
+    modul.text = MakeOwned<ModuleText>(std::move(file.text));
+    const Pos attribute = InStr(modul.text->ModulText(), "attribute vb_name = ");
+    modul.SetName(attribute >= 1 ? NameFromAttribute(*modul.text, attribute) : NameFromFile(modul.FullPath));
+}
+
+void Modul_Einlesen(clsProjekt& projekt, clsModul& modul) {
+    if (!modul.text)
+        return;
+    Modul_Aufbau_Lesen(projekt, modul);
+    gPublicNameSpace.AddObject(modul);
+    if (modul.ModulTyp != "module")
+        AddMe(modul);
+    if (modul.ModulTyp == "usercontrol")
+        AddUserControl(modul);
+    ModuleReader reader(projekt, modul);
+    Analyse_BereichVar(reader);
+    projekt.ModulesOf(modul.ModulTyp).AddUnlessPresent(modul.CodePathKey(), &modul);
+    if (modul.ModulTyp == "form")
+        AddFormVariable(projekt, modul);
+    modul.text->ReleaseModulText();
+}
+
+void Modul_Aufbau_Lesen(clsProjekt& projekt, clsModul& modul) {
+    ModuleText& text = *modul.text;
+    Comments_Initialisieren(text);
+    Strings_Initialisieren(text);
+    CondCompile_Initialisieren(text, gCondComps, std::string(modul.ModulTyp) + " " + std::string(modul.myNameOrg()));
+    modul.tokens = MakeOwned<TokenTable>(Analyse_Parsen(text));
+    ModuleReader reader(projekt, modul);
+    Analyse_GetBeginnProcBereich(reader);
+    Analyse_GetBeginnVarBereich(reader);
+    if (text.Get_VBZeilenEnde(2) < 2)
+        return;
+    if (modul.ModulTyp == "form" || modul.ModulTyp == "usercontrol")
+        Controls_Lesen(modul);
+    Modul_Zeilen_Lesen(modul);
+}
+
+void Controls_Lesen(clsModul& modul) {
+    const ModuleText& text = *modul.text;
+    Pos behind = 0;  // end of the statement looked at last: a second "begin" in it tells nothing new
+    for (Pos pos = Suche_CallWort_Im_Code(text, 1, "begin"); pos != 0;
+         pos = Suche_CallWort_Im_Code(text, std::max(pos + 1, behind), "begin")) {
+        clsStatement statement(text);
+        statement.Initialisieren(pos);
+        behind = statement.StatementPos() + statement.StatementLen();
+        if (statement.SplitCount() < 3 || statement.SplitStr(1) != "begin" || statement.SplitStr(2) == "vb.form")
+            continue;
+        const std::string_view name = statement.SplitStr(3);
+        if (modul.MyControls.Contains(name))
+            continue;  // a further member of a control array
+        clsControl& control = modul.Own(std::make_unique<clsControl>());
+        control.Modul = &modul;
+        control.Zugriff = kPublic;
+        // Several blanks in front move the name to the right of where the splits are told to be.
+        const Pos namePos = InStr(statement.StatementPos() + statement.SplitPos(3) - 1, text.ModulText(), name);
+        control.SetName(Name(Mid(text.ModulTextOrg(), std::max(namePos, 1), Len(name))));
+        control.type = Name(statement.SplitStr(2));
+        control.DeclareStart = pos;
+        modul.MyControls.AddUnlessPresent(control.NameKey(), &control);
+        modMain::AddTo_NameSpace(control);
+        modul.AddTo_PrivNameSpace(control);
+    }
+}
+
+void Modul_Zeilen_Lesen(clsModul& modul) {
+    const std::string_view text = modul.text->ModulTextOrg();
+    modul.LineCount = 1;
+    for (std::size_t from = 0; from < text.size();) {
+        const void* lineFeed = std::memchr(text.data() + from, '\n', text.size() - from);
+        const auto next = lineFeed ? static_cast<std::size_t>(static_cast<const char*>(lineFeed) - text.data()) + 1
+                                   : text.size();
+        modul.LineCount += lineFeed != nullptr;
+        std::size_t first = from;
+        while (first < next && text[first] == ' ')
+            ++first;
+        if (first == next || text[first] == '\r')
+            ++modul.AnzLineBlank;
+        else if (text[first] == '\'')
+            ++modul.AnzLineComment;
+        else
+            ++modul.AnzLineCode;
+        from = next;
+    }
+}

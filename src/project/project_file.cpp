@@ -1,0 +1,180 @@
+#include "project/project_file.h"
+
+#include "libraries/project_entry.h"
+#include "model/clsProjekt.h"
+#include "platform/code_page.h"
+#include "project/module_file.h"
+#include "shell/clsText.h"
+#include "shell/errors.h"
+#include "shell/operations.h"
+#include "shell/settings.h"
+#include "shell/timing.h"
+#include "shell/words.h"
+#include "source/cond_compile.h"
+#include "source/module_text.h"
+#include "structure/module_reader.h"
+#include "structure/sections.h"
+
+namespace {
+
+std::string KeyOf(std::string_view line) {
+    return modMain::GetWortNrAusString(line, 1);
+}
+
+bool IsModuleKey(std::string_view key) {
+    return key == "Module" || key == "Form" || key == "Class" || key == "UserControl";
+}
+
+// The model's word for a module key, as a text that lives on.
+std::string_view ModulTypOf(std::string_view key) {
+    return key == "Form" ? "form" : key == "Class" ? "class" : key == "UserControl" ? "usercontrol" : "module";
+}
+
+void LoadModule(clsProjekt& projekt, std::string_view projektDir, std::string_view key, std::string_view line) {
+    clsModul& modul = projekt.Own(std::make_unique<clsModul>());
+    modul.number = static_cast<int>(projekt.OwnedModules().size());
+    modul.ModulTyp = ModulTypOf(key);
+    modul.FullPath = Get_Pfad_Aus_ModulEintrag(projektDir, line);
+    const ErrorSubject subject(modul.FullPath);
+    Read_MyCodeName(projekt, modul);
+    gProgress().Label(modul.myNameOrg());
+    DoEvents();
+    Modul_Einlesen(projekt, modul);
+    projekt.AnzCodeZeilen += modul.AnzLineCode;
+    projekt.AnzCommentZeilen += modul.AnzLineComment;
+    projekt.AnzBlankZeilen += modul.AnzLineBlank;
+    gProgress().Progressiere_mal();
+}
+
+void LoadLibrary(clsProjekt& projekt, bool isReference, std::string_view line) {
+    clsTypeLib& library = projekt.Own(std::make_unique<clsTypeLib>());
+    if (isReference)
+        FillPropertysRef(library, line);
+    else
+        FillPropertys(library, line);
+    auto& libraries = isReference ? projekt.myProjectReferences : projekt.myProjectObjects;
+    libraries.AddUnlessPresent(library.NameKey(), &library);
+    gProgress().Progressiere_mal();
+}
+
+int CountLines(std::string_view text, const std::function<bool(std::string_view key)>& counts) {
+    int count = 0;
+    ForEachLine(text, [&](std::string_view line) { count += counts(KeyOf(line)); });
+    return count;
+}
+
+}  // namespace
+
+void ForEachLine(std::string_view text, const std::function<void(std::string_view line)>& line) {
+    for (std::size_t from = 0; from < text.size();) {
+        const auto end = std::min(text.find(vbCrLf, from), text.size());
+        line(text.substr(from, end - from));
+        from = end + vbCrLf.size();
+    }
+}
+
+int GetAnzahlModule(std::string_view projectText) {
+    return CountLines(projectText, [](std::string_view key) {
+        return key == "Form" || key == "Module" || key == "Class" || key == "Usercontrol";
+    });
+}
+
+int GetAnzahlComponents(std::string_view projectText) {
+    return CountLines(projectText, [](std::string_view key) { return LowerCase(key) == "object"; });
+}
+
+int GetAnzahlReferences(std::string_view projectText) {
+    return CountLines(projectText, [](std::string_view key) { return LowerCase(key) == "reference"; });
+}
+
+std::string Get_Pfad_Aus_ModulEintrag(std::string_view projektDir, std::string_view eintrag) {
+    const bool isDirect = eintrag.starts_with("Form") || eintrag.starts_with("UserControl");
+    const std::string_view separator = isDirect ? "=" : "; ";
+    const auto found = eintrag.find(separator);
+    const std::string_view rest =
+        found == std::string_view::npos ? std::string_view() : eintrag.substr(found + separator.size());
+    if (rest.find(":\\") != std::string_view::npos)
+        return std::string(rest);
+    return std::string(projektDir).append(rest);
+}
+
+std::string Get_ProjektName(const clsProjekt& projekt) {
+    std::string name;
+    if (!projekt.TheFiles().FileExists(projekt.FullPath))
+        return name;
+    const FileText file = projekt.TheFiles().ReadText(projekt.FullPath);
+    if (file.error != FileError::None)
+        ShowError("clsProjekt: Get_ProjektName", 75, Describe(file.error));
+    ForEachLine(file.text, [&](std::string_view line) {
+        if (KeyOf(line) == "Name")
+            name = modMain::GetStringContent(line);
+    });
+    return name;
+}
+
+void CondComp_Init(const clsProjekt& projekt, std::string_view projectText) {
+    ForEachLine(projectText, [](std::string_view line) {
+        if (KeyOf(line) != "CondComp")
+            return;
+        const std::vector<CondConstant> constants = CondCompsOfLine(line);
+        if (constants.empty())
+            return;
+        gCondComps.resize(3);
+        gCondComps.insert(gCondComps.end(), constants.begin(), constants.end());
+    });
+    gCondComps.insert(gCondComps.end(), projekt.definedCondComps.begin(), projekt.definedCondComps.end());
+}
+
+void Projekt_Laden(clsProjekt& projekt) {
+    const ErrorSubject subject(projekt.FullPath);
+    clsQueryTimer timer;
+    timer.Start();
+    gAbort = false;
+    const FileText file = projekt.TheFiles().ReadText(projekt.FullPath);
+    if (file.error != FileError::None) {
+        ShowError("clsProjekt: Projekt_Laden", file.error == FileError::NotFound ? 53 : 75, Describe(file.error));
+        return;
+    }
+    const std::string_view projektDir = modMain::DirOrFileName(projekt.FullPath, 1);
+    projekt.MyName = Get_ProjektName(projekt);
+    const int modules = GetAnzahlModule(file.text);
+    if (modules == 0)
+        return;
+    CondComp_Init(projekt, file.text);
+    gProgress().Caption(projekt.MyName);
+    gProgress().Label(gText.TextNr(19));
+    gProgress().Range(0, modules + GetAnzahlComponents(file.text) + GetAnzahlReferences(file.text));
+    ForEachLine(file.text, [&](std::string_view line) {
+        if (gAbort)
+            return;
+        const std::string key = KeyOf(line);
+        if (IsModuleKey(key))
+            LoadModule(projekt, projektDir, key, line);
+        else if (key == "Reference" || key == "Object")
+            LoadLibrary(projekt, key == "Reference", line);
+    });
+    if (!gAbort)
+        Alle_ModulStrukturen_Generieren(projekt);
+    timer.Halt();
+    projekt.TimeForStructure = timer.Get_TotalStr();
+}
+
+void Alle_ModulStrukturen_Generieren(clsProjekt& projekt) {
+    const int count = projekt.CountAllModules();
+    if (count < 1)
+        return;
+    gProgress().Caption(projekt.FullPath);
+    gProgress().Label(gText.TextNr(20));
+    gProgress().Range(1, count);
+    for (clsModul* modul : projekt.AllModules()) {
+        const ErrorSubject subject(modul->FullPath);
+        gProgress().Label(modul->myNameOrg());
+        DoEvents();
+        if (gAbort)
+            return;
+        ModuleReader reader(projekt, *modul);
+        Analyse_BereichProc(reader);
+        modul->text->ReleaseModulText();
+        gProgress().Progressiere_mal();
+    }
+}

@@ -1,0 +1,34 @@
+// Reading of a project: its file, then each module and library that it lists, then all procedures.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+class clsProjekt;
+
+/// The whole load of the project at projekt.FullPath. A set gAbort ends it after the line at hand.
+void Projekt_Laden(clsProjekt& projekt);
+
+/// The second pass: reads the procedures of all modules, once every declaration of the project is known.
+void Alle_ModulStrukturen_Generieren(clsProjekt& projekt);
+
+/// Text between the first two quotes of the last Name line of the project file.
+[[nodiscard]] std::string Get_ProjektName(const clsProjekt& projekt);
+
+/// Full path of the file that a module line names.
+/// @param projektDir  directory of the project file with its separator
+[[nodiscard]] std::string Get_Pfad_Aus_ModulEintrag(std::string_view projektDir, std::string_view eintrag);
+
+// Numbers of lines, for the length of the progress bar. "Usercontrol" is counted in this spelling only, so
+// user controls are left out of the first.
+[[nodiscard]] int GetAnzahlModule(std::string_view projectText);
+[[nodiscard]] int GetAnzahlComponents(std::string_view projectText);
+[[nodiscard]] int GetAnzahlReferences(std::string_view projectText);
+
+/// Sets the project's rows of gCondComps from its CondComp lines. Without one the rows of the project before
+/// stay. projekt.definedCondComps come last.
+void CondComp_Init(const clsProjekt& projekt, std::string_view projectText);
+
+/// Calls `line` for each line of a text with CR LF line ends, without them.
+void ForEachLine(std::string_view text, const std::function<void(std::string_view line)>& line);

@@ -1,0 +1,24 @@
+// The program-wide state in one place: made once at the start, put back to it by tests.
+#pragma once
+
+#include <string>
+#include <vector>
+
+class Files;
+class Registry;
+class SettingsFile;
+
+/// Names of all sub-keys of CLSID among the classes of the registry.
+extern std::vector<std::string> gCLSIDKeys;
+
+/// Everything as it is before the first project is opened. An open project is closed without a question.
+void InitGlobals();
+
+/// Closes the open project, if any, and forgets its names.
+void CloseProject();
+
+/// The start of the program up to its window, in this order: globals, settings, language, class registry,
+/// version record.
+/// @param programDirectory  ends with its separator
+/// @param registry          null leaves out the last two steps
+void StartProgram(const Files& files, SettingsFile& settings, Registry* registry, const std::string& programDirectory);

@@ -1,0 +1,33 @@
+#include "shell/clsText.h"
+
+#include "shell/errors.h"
+
+clsText gText;
+
+void clsText::SetLanguage(const Files& files, const std::string& programDirectory) {
+    if (Language.empty())
+        Language = "english";
+    const std::string path = programDirectory + "Languages\\" + Language + ".txt";
+    if (!files.FileExists(path))
+        return;
+    const FileText file = files.ReadText(path);
+    if (file.error != FileError::None) {
+        ShowError("modMain: GetText", 70, Describe(file.error));
+        return;
+    }
+    std::size_t row = 0;
+    for (std::size_t from = 0; from < file.text.size();) {
+        auto end = file.text.find(vbCrLf, from);
+        const auto next = end == std::string::npos ? file.text.size() : end + vbCrLf.size();
+        if (end == std::string::npos)
+            end = file.text.size();
+        if (++row == lines_.size())
+            lines_.emplace_back();
+        lines_[row].assign(file.text, from, end - from);
+        from = next;
+    }
+}
+
+const std::string& clsText::TextNr(int nr) const {
+    return nr >= 0 && static_cast<std::size_t>(nr) < lines_.size() ? lines_[static_cast<std::size_t>(nr)] : lines_[0];
+}

@@ -1,0 +1,24 @@
+// The numbered texts of the user interface: one plain file a language, one text a line.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/files.h"
+
+class clsText {
+public:
+    std::string Language = "english";  // "english" or "german"
+
+    /// Reads Languages\<Language>.txt below `programDirectory` (which ends with its separator). An empty
+    /// Language becomes "english". A missing file leaves the old table; a shorter file leaves its tail.
+    void SetLanguage(const Files& files, const std::string& programDirectory);
+
+    /// Text number `nr` in the bytes of the file, or an empty text when there is none.
+    [[nodiscard]] const std::string& TextNr(int nr) const;
+
+private:
+    std::vector<std::string> lines_{std::string()};  // row 0 stays empty
+};
+
+extern clsText gText;

@@ -1,0 +1,68 @@
+// The one way of failing: a statement that fails is reported under the tag of its operation, and the
+// operation goes on with its next statement, its variables as they were. Nothing unwinds further.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "shell/vb_text.h"
+
+struct ErrorReport {
+    int number = 0;
+    std::string description;
+    std::string tag;      // "clsModul: Analyse_Parsen"
+    std::string subject;  // the file at hand, as the project spells it; empty when there is none
+
+    /// "Error: 91: description", an empty line, "->> tag".
+    [[nodiscard]] std::string Text() const;
+};
+
+/// Something that was reported or found missing since the list was last cleared.
+struct Problem {
+    std::string tag;
+    std::string text;
+    std::string subject;
+    bool operator==(const Problem&) const = default;
+};
+
+/// Notes a problem; every reported error is noted as well. The same problem is listed once, and the list ends
+/// at ten thousand.
+void NoteProblem(std::string_view tag, std::string_view text);
+[[nodiscard]] const std::vector<Problem>& Problems();
+void ClearProblems();
+
+/// Takes the reports: a window, standard error, a list in tests.
+using ErrorPort = std::function<void(const ErrorReport&)>;
+
+/// Connects a port and gives back the one before. Without a port reports are dropped.
+ErrorPort SetErrorPort(ErrorPort port);
+
+/// Reports a failure under `tag`; the subject is that of the innermost ErrorSubject.
+void ShowError(std::string_view tag, int number, std::string_view description);
+inline void ShowError(std::string_view tag, const VbError& error) { ShowError(tag, error.number, error.description); }
+
+/// Runs one statement. Returns false when it failed, which was reported then.
+template <class Statement>
+bool Attempt(std::string_view tag, Statement&& statement) {
+    try {
+        statement();
+        return true;
+    } catch (const VbError& error) {
+        ShowError(tag, error);
+        return false;
+    }
+}
+
+/// Names the file that is being worked on for as long as it lives. `name` must outlive it.
+class ErrorSubject {
+public:
+    explicit ErrorSubject(std::string_view name);
+    ~ErrorSubject();
+    ErrorSubject(const ErrorSubject&) = delete;
+    ErrorSubject& operator=(const ErrorSubject&) = delete;
+
+private:
+    std::string_view before_;
+};

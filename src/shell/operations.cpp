@@ -1,0 +1,78 @@
+#include "shell/operations.h"
+
+#include <cstdint>
+#include <utility>
+
+#include "platform/clock.h"
+
+bool gAbort = false;
+std::string gAction;
+
+namespace {
+
+Progress& NoProgress() {
+    static Progress none;
+    return none;
+}
+
+Progress* currentProgress = nullptr;
+
+// One door of each kind; the functions live as long as the process.
+template <class Port>
+Port& ThePort() {
+    static Port port;
+    return port;
+}
+
+struct PumpState {
+    EventPump pump;
+    std::int64_t lastRun = 0;
+};
+
+PumpState& Pump() {
+    static PumpState state;
+    return state;
+}
+
+}  // namespace
+
+Progress* SetProgress(Progress* progress) {
+    return std::exchange(currentProgress, progress);
+}
+
+Progress& gProgress() {
+    return currentProgress ? *currentProgress : NoProgress();
+}
+
+QuestionPort SetQuestionPort(QuestionPort port) {
+    return std::exchange(ThePort<QuestionPort>(), std::move(port));
+}
+
+bool AskYesNo(std::string_view text) {
+    const QuestionPort& port = ThePort<QuestionPort>();
+    return port && port(text);
+}
+
+MessagePort SetMessagePort(MessagePort port) {
+    return std::exchange(ThePort<MessagePort>(), std::move(port));
+}
+
+void Tell(std::string_view text) {
+    if (const MessagePort& port = ThePort<MessagePort>())
+        port(text);
+}
+
+EventPump SetEventPump(EventPump pump) {
+    return std::exchange(Pump().pump, std::move(pump));
+}
+
+void DoEvents() {
+    PumpState& state = Pump();
+    if (!state.pump)
+        return;
+    const std::int64_t now = PerformanceCounter();
+    if ((now - state.lastRun) * 30 < PerformanceFrequency())
+        return;
+    state.lastRun = now;
+    state.pump();
+}

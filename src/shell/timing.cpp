@@ -1,0 +1,86 @@
+#include "shell/timing.h"
+
+#include <cmath>
+#include <cstdio>
+
+#include "platform/clock.h"
+#include "shell/operations.h"
+
+TimingRecord gTimerGetTypAusName;
+TimingRecord gTimerGetChild;
+TimingRecord gTimerSetMayBeCalls;
+TimingRecord gTimerGetObjektAusName;
+TimingRecord gTimerCallsProc;
+TimingRecord gTimerProjektOeffnen;
+
+namespace {
+
+std::string TwoDigits(long long number) {
+    char text[24];
+    std::snprintf(text, sizeof text, "%02lld", number);
+    return text;
+}
+
+std::string HoursMinutesSeconds(long long seconds) {
+    return TwoDigits(seconds / 3600) + ":" + TwoDigits(seconds / 60 % 60) + ":" + TwoDigits(seconds % 60);
+}
+
+}  // namespace
+
+void Timer_Reset(TimingRecord& record) {
+    record = {};
+}
+
+void Timer_Start(TimingRecord& record) {
+    ++record.StartCount;
+    record.StartTime = TimerOfDay();
+}
+
+void Timer_Stop(TimingRecord& record) {
+    record.StopTime = TimerOfDay();
+    record.Total += static_cast<double>(record.StopTime) - static_cast<double>(record.StartTime);
+    if (++record.StopCount != record.StartCount)
+        Tell("Timerschrott!!!!");
+}
+
+void Timer_String(TimingRecord& record) {
+    char text[40];
+    std::snprintf(text, sizeof text, "%.15g", record.Total);
+    const std::string number = text;
+    const auto point = number.find('.');
+    const long long digits =
+        point == std::string::npos ? 0 : std::strtoll(number.c_str() + point + 1, nullptr, 10);
+    record.TotalText = HoursMinutesSeconds(static_cast<long long>(record.Total)) + ":" + TwoDigits(digits);
+}
+
+double CounterAsNumber(std::int64_t counter) {
+    const auto number = [](std::int32_t half) {
+        return half < 0 ? static_cast<double>(half) + 4294967296.0 + 1 : static_cast<double>(half);
+    };
+    return number(static_cast<std::int32_t>(counter)) +
+           number(static_cast<std::int32_t>(counter >> 32)) * 4294967296.0;
+}
+
+void clsQueryTimer::Calibrieren() {
+    const double first = CounterAsNumber(PerformanceCounter());
+    const double second = CounterAsNumber(PerformanceCounter());
+    Overhead = (second - first) / static_cast<double>(PerformanceFrequency()) * 1000;
+}
+
+void clsQueryTimer::Start() {
+    StartCount_ = CounterAsNumber(PerformanceCounter());
+}
+
+void clsQueryTimer::Halt() {
+    StopCount_ = CounterAsNumber(PerformanceCounter());
+    LastRun = RunTime();
+    Total += LastRun;
+}
+
+double clsQueryTimer::RunTime() const {
+    return (StopCount_ - StartCount_) / static_cast<double>(PerformanceFrequency()) * 1000 - Overhead;
+}
+
+std::string clsQueryTimer::Get_TotalStr() const {
+    return HoursMinutesSeconds(static_cast<long long>(std::max(Total, 0.0) / 1000));
+}

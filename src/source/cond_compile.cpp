@@ -1,0 +1,306 @@
+// The directives are listed with their nesting level and the value of their expression; then each block is
+// settled so that at most one part is true, parts inside a false part become false, and the stretches to hide
+// are laid from directive to directive. Records of one level are chained (next, previous), so every step is one
+// walk, however deep or torn the nesting is.
+#include "source/cond_compile.h"
+
+#include <charconv>
+#include <cstring>
+#include <unordered_map>
+
+#include "platform/code_page.h"
+#include "platform/expression.h"
+#include "platform/settings_file.h"
+#include "shell/errors.h"
+#include "source/lines.h"
+#include "source/words.h"
+
+namespace {
+
+constexpr std::size_t kNone = SIZE_MAX;
+
+struct Range {
+    Pos start;
+    Pos ende;
+};
+
+// The first piece of `text` split at `separator`, and the second or an empty text.
+CondConstant NameAndValue(std::string_view text, std::string_view separator) {
+    const auto first = text.find(separator);
+    if (first == std::string_view::npos)
+        return {std::string(text), {}};
+    const auto behind = first + separator.size();
+    const auto second = text.find(separator, behind);
+    return {std::string(text.substr(0, first)), std::string(text.substr(behind, second - behind))};
+}
+
+class Evaluator {
+public:
+    Evaluator(const std::vector<CondConstant>& moduleConstants, const std::vector<CondConstant>& condComps,
+              std::string_view description)
+        : description_(description) {
+        for (const CondConstant& constant : moduleConstants)
+            definitions_.push_back(&constant);
+        for (std::size_t row = 1; row < condComps.size(); ++row)
+            definitions_.push_back(&condComps[row]);
+    }
+
+    // True for "true" and a number other than 0; a failed expression is false.
+    bool IF_is_TRUE(std::string_view expression) {
+        DefineOnce();
+        // A definition that was not taken is missing in every expression, and is told for each.
+        for (const ConstantExpressions::Result& failed : failedDefinitions_)
+            Report(expression, failed);
+        const ConstantExpressions::Result result = engine_.Evaluate(expression);
+        if (!result.Ok()) {
+            Report(expression, result);
+            return false;
+        }
+        const std::string text = LowerCase(result.text);
+        if (text == "true" || text == "wahr")
+            return true;
+        if (text == "false" || text == "falsch")
+            return false;
+        return LeadingNumber(text) != 0;
+    }
+
+private:
+    // The engine keeps its names from one expression of the module to the next, as they never change.
+    void DefineOnce() {
+        for (const CondConstant* definition : definitions_)
+            if (auto result = engine_.Define(definition->first, definition->second); !result.Ok())
+                failedDefinitions_.push_back(std::move(result));
+        definitions_.clear();
+    }
+
+    void Report(std::string_view expression, const ConstantExpressions::Result& result) {
+        if (++reports_ > kMostReports)
+            return;
+        ShowError("modMain: IF_is_TRUE   (check conditional compile expression \"" + std::string(expression) +
+                      "\" in " + std::string(description_) + ")",
+                  result.number, result.error);
+    }
+
+    static constexpr int kMostReports = 1000;  // of one module
+
+    ConstantExpressions engine_;
+    std::vector<const CondConstant*> definitions_;
+    std::vector<ConstantExpressions::Result> failedDefinitions_;
+    std::string_view description_;
+    int reports_ = 0;
+};
+
+std::string CleanLine(const ModuleText& text, Pos pos, std::string_view& line) {
+    Pos start = 0;
+    Pos length = 0;
+    text.Get_VBZeile_Nach_Pos_Safe(pos, start, length, line);
+    return std::string(Trim(modMain::Get_Clean_VBZeile(line)));
+}
+
+// The expression between a directive's first `head` characters and the five of " then".
+std::string_view ExpressionOf(std::string_view directive, std::size_t head) {
+    constexpr std::size_t kThen = 5;
+    return directive.size() > head + kThen ? directive.substr(head, directive.size() - head - kThen)
+                                           : std::string_view();
+}
+
+std::vector<CondPart> CondCompile_IFs_lesen(const ModuleText& text, const std::vector<Pos>& directives,
+                                            Evaluator& evaluator) {
+    std::vector<CondPart> parts;
+    int ebene = 0;
+    std::string_view line;
+    for (const Pos pos : directives) {
+        const std::string directive = CleanLine(text, pos, line);
+        CondPart part;
+        part.start = pos;
+        if (directive.starts_with("#if ")) {
+            ++ebene;
+            part.isTrue = evaluator.IF_is_TRUE(ExpressionOf(directive, 4));
+        } else if (directive.starts_with("#elseif ")) {
+            part.typ = CondPart::Typ::ElseIf;
+            part.isTrue = evaluator.IF_is_TRUE(ExpressionOf(directive, 8));
+        } else if (directive.starts_with("#else")) {
+            part.typ = CondPart::Typ::Else;
+        } else if (directive.starts_with("#end if")) {
+            part.typ = CondPart::Typ::EndIf;
+        } else {
+            continue;
+        }
+        part.ende = text.Get_VBZeilenEnde(pos);
+        part.ebene = ebene;
+        if (part.typ == CondPart::Typ::EndIf)
+            --ebene;
+        parts.push_back(part);
+    }
+    return parts;
+}
+
+// Neighbours of each record on its own level; kNone where there is none.
+struct LevelChain {
+    std::vector<std::size_t> next, previous;
+
+    explicit LevelChain(const std::vector<CondPart>& parts) : next(parts.size(), kNone), previous(parts.size(), kNone) {
+        std::unordered_map<int, std::size_t> last;
+        for (std::size_t i = 0; i < parts.size(); ++i) {
+            const auto [found, isNew] = last.try_emplace(parts[i].ebene, i);
+            if (isNew)
+                continue;
+            previous[i] = found->second;
+            next[found->second] = i;
+            found->second = i;
+        }
+    }
+};
+
+// Leaves at most one part of the block that begins at `nr` true.
+void CondCompile_IFBlock_Klar(std::vector<CondPart>& parts, const LevelChain& chain, std::size_t nr) {
+    bool found = false;
+    for (std::size_t i = nr; i != kNone && parts[i].typ != CondPart::Typ::EndIf; i = chain.next[i]) {
+        CondPart& part = parts[i];
+        if (part.typ == CondPart::Typ::If) {
+            found = part.isTrue;
+        } else if (part.typ == CondPart::Typ::ElseIf) {
+            if (found)
+                part.isTrue = false;
+            else
+                found = part.isTrue;
+        } else if (!found) {
+            part.isTrue = true;
+            found = true;
+        }
+    }
+}
+
+// In a part that isn't compiled no nested part is.
+void CondCompile_IFPart_UnterebenenAus(std::vector<CondPart>& parts, const LevelChain& chain) {
+    std::size_t falseUntil = 0;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        if (i < falseUntil)
+            parts[i].isTrue = false;
+        if (parts[i].typ != CondPart::Typ::EndIf && !parts[i].isTrue)
+            falseUntil = std::max(falseUntil, std::min(chain.next[i], parts.size()));
+    }
+}
+
+std::vector<Range> HiddenRanges(const std::vector<CondPart>& parts, const LevelChain& chain) {
+    std::vector<Range> ranges;
+    const auto endAt = [&](Pos ende) {
+        if (!ranges.empty())
+            ranges.back().ende = ende;
+    };
+    for (std::size_t i = 0; i < parts.size();) {
+        const CondPart& part = parts[i];
+        std::size_t jump = i + 1;
+        if (part.typ == CondPart::Typ::EndIf) {
+            const std::size_t before = chain.previous[i];
+            if (before != kNone && parts[before].isTrue)
+                ranges.push_back({part.start, part.ende});
+            else
+                endAt(part.ende);
+        } else if (part.isTrue && part.typ != CondPart::Typ::If) {
+            endAt(part.ende);
+        } else {
+            ranges.push_back({part.start, part.ende});
+            if (!part.isTrue) {
+                std::size_t to = chain.next[i];
+                if (part.typ == CondPart::Typ::If)
+                    while (to != kNone && parts[to].typ != CondPart::Typ::EndIf && !parts[to].isTrue)
+                        to = chain.next[to];
+                if (to != kNone) {
+                    endAt(parts[to].ende);
+                    jump = to;
+                }
+            }
+        }
+        i = jump;
+    }
+    return ranges;
+}
+
+void CondCompile_Add_Attributes(const ModuleText& text, std::vector<Range>& ranges) {
+    static constexpr std::string_view kWord = "attribute";
+    std::string_view line;
+    Pos lineEnd = 0;
+    for (Pos hit = Suche_GanzesWort_Im_Code(text, 1, kWord); hit != 0;
+         hit = Suche_GanzesWort_Im_Code(text, std::max(hit + 1, lineEnd), kWord)) {
+        Pos start = 0;
+        Pos length = 0;
+        text.Get_VBZeile_Nach_Pos(hit, start, length, line);
+        lineEnd = text.Get_VBZeilenEnde(hit);
+        if (LTrim(line).starts_with("attribute ") && modMain::Get_Clean_VBZeile(line).starts_with("attribute "))
+            ranges.push_back({text.Get_VBZeilenBeginn_Safe(hit), lineEnd});
+    }
+}
+
+}  // namespace
+
+std::vector<Pos> DirectivePositions(std::string_view lowerText) {
+    std::vector<Pos> positions;
+    const char* const begin = lowerText.data();
+    const char* const end = begin + lowerText.size();
+    for (const char* hash = begin; hash < end; ++hash) {
+        hash = static_cast<const char*>(std::memchr(hash, '#', static_cast<std::size_t>(end - hash)));
+        if (!hash)
+            break;
+        const char* before = hash;
+        while (before > begin && before[-1] == ' ')
+            --before;
+        const bool lineStart = before == begin || before[-1] == '\n';
+        const bool continued = before - begin >= 4 && std::memcmp(before - 4, " _\r\n", 4) == 0;
+        if (lineStart && !continued)
+            positions.push_back(static_cast<Pos>(hash - begin) + 1);
+    }
+    return positions;
+}
+
+std::vector<CondConstant> CondCompile_ModulKonstanten(const ModuleText& text) {
+    static constexpr std::string_view kConst = "#const";
+    std::vector<CondConstant> constants;
+    std::string_view line;
+    for (const Pos pos : DirectivePositions(text.ModulText())) {
+        if (Mid(text.ModulText(), pos, Len(kConst)) != kConst)
+            continue;
+        const std::string directive = CleanLine(text, pos, line);
+        if (directive.starts_with(kConst))
+            constants.push_back(NameAndValue(Mid(directive, Len(kConst) + 2), " = "));
+    }
+    return constants;
+}
+
+std::vector<CondConstant> CondCompsOfLine(std::string_view line) {
+    std::vector<CondConstant> constants;
+    const auto first = line.find(gQuote);
+    const auto second = first == std::string_view::npos ? first : line.find(gQuote, first + 1);
+    if (second == std::string_view::npos)
+        return constants;
+    std::string text = LowerCase(line.substr(first + 1, second - first - 1));
+    static constexpr std::string_view kBetween = " : ";
+    if (text.empty() || text.starts_with(kBetween))
+        return constants;
+    for (std::size_t from = 0; from <= text.size();) {
+        const auto end = std::min(text.find(kBetween, from), text.size());
+        constants.push_back(NameAndValue(std::string_view(text).substr(from, end - from), " = "));
+        from = end + kBetween.size();
+    }
+    return constants;
+}
+
+void CondCompile_Initialisieren(ModuleText& text, const std::vector<CondConstant>& condComps,
+                                std::string_view moduleDescription) {
+    const std::vector<Pos> directives = DirectivePositions(text.ModulText());
+    std::vector<Range> ranges;
+    if (!directives.empty()) {
+        const std::vector<CondConstant> moduleConstants = CondCompile_ModulKonstanten(text);
+        Evaluator evaluator(moduleConstants, condComps, moduleDescription);
+        std::vector<CondPart> parts = CondCompile_IFs_lesen(text, directives, evaluator);
+        const LevelChain chain(parts);
+        for (std::size_t nr = 0; nr < parts.size(); ++nr)
+            if (parts[nr].typ == CondPart::Typ::If)
+                CondCompile_IFBlock_Klar(parts, chain, nr);
+        CondCompile_IFPart_UnterebenenAus(parts, chain);
+        ranges = HiddenRanges(parts, chain);
+    }
+    CondCompile_Add_Attributes(text, ranges);
+    for (const Range& range : ranges)
+        text.Mark(range.start, range.ende, NotCompile);
+}

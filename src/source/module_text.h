@@ -1,0 +1,102 @@
+// A module's text, its character map, and the logical lines in it.
+// Positions are 1-based character numbers, valid in both spellings; 0 means there is none.
+//
+// A logical line is one or more physical lines: a line end goes on when the two characters before its CR LF
+// are a blank and an underscore.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "shell/vb_text.h"
+
+/// What a position is, as bits of one byte.
+enum CharFlag : std::uint8_t {
+    IsString = 1,    // in a string literal, its quotes included
+    IsComment = 2,   // in a comment, its "'" or "rem" included
+    NotCompile = 4,  // left out by conditional compilation, or in an Attribute line
+};
+
+class ModuleText {
+public:
+    /// `text` as the file layer hands it out, with CR LF at every line end.
+    explicit ModuleText(std::string text);
+
+    /// As found in the file.
+    [[nodiscard]] std::string_view ModulTextOrg() const { return original_; }
+    /// In lower case, of the same length. Built when it is first asked for; the view lasts until
+    /// ReleaseModulText.
+    [[nodiscard]] std::string_view ModulText() const {
+        if (lower_.size() != original_.size())
+            BuildLower();
+        return lower_;
+    }
+    /// Frees the lower-case text and folds the map; both come back when they are asked for again.
+    void ReleaseModulText();
+
+    [[nodiscard]] Pos CharCount() const { return Len(original_); }
+
+    // The map. A position outside 0 .. CharCount throws VbError 9.
+    [[nodiscard]] bool PosIsString(Pos pos) const { return (FlagsAt(pos) & IsString) != 0; }
+    [[nodiscard]] bool PosIsComment(Pos pos) const { return (FlagsAt(pos) & IsComment) != 0; }
+    [[nodiscard]] bool PosNotCompile(Pos pos) const { return (FlagsAt(pos) & NotCompile) != 0; }
+    [[nodiscard]] bool PosNotCode(Pos pos) const { return FlagsAt(pos) != 0; }
+    [[nodiscard]] std::uint8_t FlagsAt(Pos pos) const {
+        if (pos < 0 || pos > CharCount()) [[unlikely]]
+            ThrowSubscriptOutOfRange();
+        return Map()[static_cast<std::size_t>(pos)];
+    }
+    /// Sets `flag` from `first` through `last`; what lies outside the text is left out.
+    void Mark(Pos first, Pos last, CharFlag flag);
+    /// The whole map, entry 0 unused. For passes over every character.
+    [[nodiscard]] std::uint8_t* MapForPass() { return const_cast<std::uint8_t*>(Map()); }
+
+    /// Position of the CR that ends the logical line around `pos`.
+    /// Returns 0 when no further line end follows, as in a last line without CR LF.
+    [[nodiscard]] Pos Get_VBZeilenEnde(Pos pos) const { return LineEnd(ModulText(), pos); }
+    /// First character of the logical line around `pos`; 0 when the text begins with a continuation.
+    /// A line break at the very start of the text (positions 1 and 2) is reported on the way.
+    [[nodiscard]] Pos Get_VBZeilenBeginn(Pos pos) const;
+    /// The same without the report; 0 for positions below 1.
+    [[nodiscard]] Pos Get_VBZeilenBeginn_Safe(Pos pos) const;
+
+    /// The logical line around `pos`. All three are set one by one: when the line has no end, that is
+    /// reported, `length` is negative and `text` keeps its former value. Returns false then.
+    bool Get_VBZeile_Nach_Pos(Pos pos, Pos& start, Pos& length, std::string_view& text) const;
+    /// The same from the original spelling.
+    bool Get_VBZeile_Nach_Pos_Org(Pos pos, Pos& start, Pos& length, std::string_view& text) const;
+    /// As the first, with the safe begin of the line.
+    bool Get_VBZeile_Nach_Pos_Safe(Pos pos, Pos& start, Pos& length, std::string_view& text) const;
+
+    /// From `start` up to `ende`, which is exclusive. Throws VbError 5 for a negative stretch.
+    [[nodiscard]] std::string_view Get_String(Pos start, Pos ende) const { return Mid(ModulText(), start, ende - start); }
+    [[nodiscard]] std::string_view Get_StringOrg(Pos start, Pos ende) const {
+        return Mid(original_, start, ende - start);
+    }
+
+private:
+    struct Run {
+        Pos end;  // last position of the run
+        std::uint8_t flags;
+    };
+
+    void BuildLower() const;
+    [[nodiscard]] const std::uint8_t* Map() const {
+        if (map_.empty()) [[unlikely]]
+            Unfold();
+        return map_.data();
+    }
+    void Fold();
+    void Unfold() const;
+    [[nodiscard]] static Pos LineEnd(std::string_view text, Pos pos);
+    [[nodiscard]] Pos LineBegin(std::string_view text, Pos pos, bool safe) const;
+    bool Line(std::string_view from, std::string_view tag, bool safe, Pos pos, Pos& start, Pos& length,
+              std::string_view& text) const;
+
+    std::string original_;
+    mutable std::string lower_;
+    mutable std::vector<std::uint8_t> map_;
+    std::vector<Run> runs_;  // the map in short, while it is folded
+};

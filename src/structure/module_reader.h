@@ -1,0 +1,69 @@
+// What the readers of a module's structure work on for the time of one pass, and what they share.
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "model/clsEnum.h"
+#include "model/clsModul.h"
+#include "model/clsProjekt.h"
+#include "model/clsProzedur.h"
+#include "model/clsType.h"
+#include "model/clsVariable.h"
+#include "source/module_text.h"
+#include "structure/tokens.h"
+
+class ModuleReader {
+public:
+    /// The module must have its text and its tokens.
+    ModuleReader(clsProjekt& projekt_, clsModul& modul_)
+        : projekt(projekt_),
+          modul(modul_),
+          tokens(*modul_.tokens),
+          lower(modul_.text->ModulText()),
+          original(modul_.text->ModulTextOrg()) {}
+
+    clsProjekt& projekt;
+    clsModul& modul;
+    const TokenTable& tokens;
+    std::string_view lower;
+    std::string_view original;
+
+    /// Text of a token in lower case; empty where there is no such token.
+    [[nodiscard]] std::string_view Word(int tokNr) const { return tokens.Text(lower, tokNr); }
+    /// The same as the source spells it, as a name.
+    [[nodiscard]] Name NameAt(int tokNr) const { return Name(tokens.Text(original, tokNr)); }
+    [[nodiscard]] bool Exists(int tokNr) const { return tokNr >= 1 && tokNr <= tokens.Count(); }
+};
+
+/// The data type that a type sign stands for, or an empty text.
+[[nodiscard]] std::string_view DatenTyp_AusZeichen(std::string_view sign);
+
+/// "private" or "public" for the access word of a declaration.
+inline constexpr std::string_view kPrivate = "private";
+inline constexpr std::string_view kPublic = "public";
+
+/// Concatenates the words of a data type and makes a name of them once they are complete.
+class TypeText {
+public:
+    void Append(std::string_view word) {
+        if (text_.empty() && single_.empty()) {
+            single_ = word;
+            return;
+        }
+        if (text_.empty())
+            text_ = single_;
+        text_.append(word);
+    }
+    void Set(std::string_view word) {
+        text_.clear();
+        single_ = word;
+    }
+    [[nodiscard]] bool Empty() const { return text_.empty() && single_.empty(); }
+    [[nodiscard]] Name AsName() const { return Name(text_.empty() ? single_ : std::string_view(text_)); }
+
+private:
+    std::string_view single_;  // the first word, as nearly all types have just one
+    std::string text_;
+};

@@ -1,0 +1,52 @@
+#include "structure/read_declare.h"
+
+#include "structure/add_objects.h"
+#include "structure/module_reader.h"
+
+void Analyse_ReadDeclare(ModuleReader& reader, int& tokNr) {
+    const TokenTable& tokens = reader.tokens;
+    const std::string_view first = reader.Word(tokNr);
+    const int nameNr = tokNr + (first == "declare" ? 2 : 3);
+    if (!reader.Exists(nameNr))
+        return;
+    clsProzedur& prozedur = reader.modul.Own(std::make_unique<clsProzedur>(reader.modul));
+    prozedur.isDeclare = true;
+    prozedur.DeclareStart = tokens.PosOf(tokNr);
+    prozedur.Zugriff = first == kPrivate ? kPrivate : kPublic;
+    prozedur.kind = Name(reader.Word(nameNr - 1));
+    prozedur.SetName(reader.NameAt(nameNr));
+    prozedur.NamePos = tokens.PosOf(nameNr);
+
+    const int last = tokens.LastOfStatement(nameNr);
+    TypeText type;
+    int depth = 0;
+    bool asSeen = false;
+    for (int nr = nameNr + 1; nr <= last; ++nr) {
+        const std::string_view word = reader.Word(nr);
+        if (asSeen) {
+            type.Append(word);
+        } else {
+            depth += (word == "(") - (word == ")");
+            asSeen = depth == 0 && word == "as";
+        }
+    }
+    prozedur.type = type.Empty() ? Name("variant") : type.AsName();
+    prozedur.DeclareEnd = tokens.PosOf(last);
+    Add_Proc(reader, prozedur);
+    tokNr = nameNr;
+}
+
+bool IsHandler(const clsModul& modul, const clsProzedur& prozedur) {
+    const std::string_view name = prozedur.MyName();
+    if (modul.ModulTyp == "class")
+        return name == "class_initialize" || name == "class_terminate";
+    if (modul.ModulTyp != "form" && modul.ModulTyp != "usercontrol")
+        return false;
+    if (name.starts_with(modul.ModulTyp == "form" ? "form_" : "usercontrol_"))
+        return true;
+    // A control's name can hold "_" too, so each one may be the end of it.
+    for (auto end = name.find('_'); end != std::string_view::npos; end = name.find('_', end + 1))
+        if (modul.MyControls.Contains(name.substr(0, end)))
+            return true;
+    return false;
+}

@@ -1,0 +1,254 @@
+// The head gives kind, name and access; its arguments follow up to the closing bracket, then the result type. The
+// body is walked for its declarations and for the closing "End <kind>". All states of a walk are local to it.
+#include "structure/read_proc.h"
+
+#include "structure/add_objects.h"
+#include "structure/module_reader.h"
+#include "structure/read_declare.h"
+
+namespace {
+
+class ProcReader {
+public:
+    ProcReader(ModuleReader& reader, int& tokNr) : reader_(reader), tokens_(reader.tokens), tokNr_(tokNr) {}
+
+    void Read() {
+        if (!ReadHead())
+            return;
+        const int behindHead = tokens_.LastOfStatement(tokNr_) + 1;
+        ReadArguments(behindHead);
+        if (isEvent_) {
+            tokNr_ = behindHead - 1;
+            proc_->DeclareEndTNr = tokNr_;
+            proc_->DeclareEnd = tokens_.EndOf(tokNr_);
+        } else {
+            ReadBody(behindHead);
+        }
+        Finish();
+    }
+
+private:
+    [[nodiscard]] std::string_view Word(int nr) const { return reader_.Word(nr); }
+
+    bool ReadHead() {
+        const std::string_view first = Word(tokNr_);
+        const bool hasAccess = first == kPrivate || first == kPublic || first == "global";
+        kind_ = hasAccess ? Word(tokNr_ + 1) : first;
+        const bool isProperty = kind_ == "property";
+        nameNr_ = tokNr_ + 1 + hasAccess + isProperty;
+        if (!reader_.Exists(nameNr_))
+            return false;
+
+        proc_ = &reader_.modul.Own(std::make_unique<clsProzedur>(reader_.modul));
+        proc_->DeclareStart = tokens_.PosOf(tokNr_);
+        proc_->DeclareStartTNr = tokNr_;
+        proc_->Zugriff = first == kPrivate ? kPrivate : kPublic;
+        proc_->SetName(reader_.NameAt(nameNr_));
+        proc_->NamePos = tokens_.PosOf(nameNr_);
+        isEvent_ = kind_ == "event";
+        proc_->IsEvent = isEvent_;
+        if (isProperty)
+            proc_->kind = Name("property " + std::string(Word(nameNr_ - 1)));
+        else
+            proc_->kind = Name(isEvent_ ? "sub" : kind_);
+        return true;
+    }
+
+    void ReadArguments(int behindHead) {
+        int nr = nameNr_ + 1;
+        if (!tokens_.ContinuesStatement(nr))
+            return;
+        if (const std::string_view sign = DatenTyp_AusZeichen(Word(nr)); !sign.empty()) {
+            result_.Set(sign);
+            ++nr;
+        } else if (Word(nr) != "(") {
+            return;
+        }
+        int depth = 0;
+        for (; nr < behindHead; ++nr) {
+            const std::string_view word = Word(nr);
+            if (word == "(") {
+                if (depth++ == 0)
+                    proc_->ArgListStart = tokens_.PosOf(nr);
+            } else if (word == ")") {
+                if (depth > 0 && --depth == 0)
+                    proc_->ArgListEnd = tokens_.PosOf(nr);
+            } else if (word == ",") {
+                continue;
+            } else if (depth == 0) {
+                for (; nr < behindHead; ++nr)
+                    if (Word(nr) != "as")
+                        result_.Append(Word(nr));
+            } else if (depth == 1) {
+                ReadArgument(nr, depth, behindHead);
+            }
+        }
+    }
+
+    // Reads one argument from its first word on; leaves `nr` on the "," or bracket that ends it.
+    void ReadArgument(int& nr, int& depth, int behindHead) {
+        clsVariable* argument = nullptr;
+        TypeText type;
+        bool asSeen = false;
+        bool eqSeen = false;
+        for (; nr < behindHead; ++nr) {
+            const std::string_view word = Word(nr);
+            if (word == "(") {
+                ++depth;
+            } else if (word == ")") {
+                if (--depth == 0) {
+                    proc_->ArgListEnd = tokens_.PosOf(nr);
+                    break;
+                }
+            } else if (word == ",") {
+                if (depth == 1)
+                    break;
+            } else if (eqSeen) {
+                continue;
+            } else if (word == "=") {
+                eqSeen = true;
+            } else if (word == "as" && depth == 1) {
+                asSeen = true;
+            } else if (asSeen) {
+                if (word != "new" && argument) {
+                    type.Append(word);
+                    argument->DeclareEnd = tokens_.EndOf(nr);
+                }
+            } else if (const std::string_view sign = DatenTyp_AusZeichen(word); !sign.empty()) {
+                if (argument) {
+                    type.Set(sign);
+                    argument->DeclareEnd = tokens_.EndOf(nr);
+                }
+            } else if (word != "byval" && word != "byref" && word != "optional" && word != "paramarray") {
+                if (argument)
+                    argument->type = type.AsName();
+                type = {};
+                argument = &NewVariable(nr, "argument");
+                proc_->MyVars.AddUnlessPresent(argument->NameKey(), argument);
+            }
+        }
+        if (argument)
+            argument->type = type.AsName();
+    }
+
+    void ReadBody(int nr) {
+        const int last = tokens_.Count();
+        for (; nr <= last; ++nr) {
+            const std::string_view word = Word(nr);
+            if (word == kind_ && Word(nr - 1) == "end")
+                break;
+            if (word == "dim" || word == "const" || word == "static" || word == "redim")
+                ReadLocals(nr);
+        }
+        tokNr_ = std::min(nr, last);
+        proc_->DeclareEndTNr = tokNr_;
+        proc_->DeclareEnd = tokens_.EndOf(tokNr_);
+    }
+
+    // Reads the declarations behind the word at `nr` and leaves it on the last token of the statement.
+    void ReadLocals(int& nr) {
+        const std::string_view how = Word(nr);
+        const bool isConst = how == "const";
+        clsVariable* variable = nullptr;
+        TypeText type;
+        int depth = 0;
+        bool asSeen = false;
+        bool eqSeen = false;
+        bool expectName = true;
+        while (tokens_.ContinuesStatement(nr + 1)) {
+            const std::string_view word = Word(++nr);
+            if (word == "(") {
+                ++depth;
+            } else if (word == ")") {
+                --depth;
+            } else if (word == "preserve") {
+                continue;
+            } else if (word == "as" && depth == 0) {
+                asSeen = true;
+            } else if (word == "=") {
+                eqSeen = true;
+            } else if (word == "," && depth == 0) {
+                // Only these two: the "=" of a constant before stays seen, and the next name is taken for a
+                // part of its value. That is wanted.
+                asSeen = false;
+                expectName = true;
+            } else if (asSeen) {
+                if (variable && word != "new" && !(isConst && eqSeen)) {
+                    type.Append(word);
+                    variable->DeclareEnd = tokens_.EndOf(nr);
+                }
+            } else if (eqSeen) {
+                if (variable && type.Empty())
+                    type.Append(word);  // a constant without a type has its value for one
+                else
+                    eqSeen = false;
+            } else if (depth == 0) {
+                if (const std::string_view sign = DatenTyp_AusZeichen(word); !sign.empty() && variable) {
+                    type.Set(sign);
+                    variable->DeclareEnd = tokens_.EndOf(nr);
+                } else if (expectName) {
+                    if (variable)
+                        variable->type = type.AsName();
+                    type = {};
+                    expectName = false;
+                    variable = &NewVariable(nr, "procedure");
+                    variable->IsConst = isConst;
+                    if (how != "redim" || !IsKnownArray(*variable))
+                        proc_->MyVars.AddUnlessPresent(variable->NameKey(), variable);
+                }
+            }
+        }
+        if (variable)
+            variable->type = type.AsName();
+    }
+
+    [[nodiscard]] bool IsKnownArray(const clsVariable& variable) const {
+        return reader_.modul.MyVars.Contains(variable.NameKey()) || reader_.projekt.MyVars.Contains(variable.NameKey());
+    }
+
+    clsVariable& NewVariable(int nameNr, std::string_view zugriff) {
+        clsVariable& variable = proc_->Own(std::make_unique<clsVariable>());
+        variable.Modul = &reader_.modul;
+        variable.Prozedur = proc_;
+        variable.Zugriff = zugriff;
+        variable.SetName(reader_.NameAt(nameNr));
+        variable.DeclareStart = tokens_.PosOf(nameNr);
+        return variable;
+    }
+
+    void Finish() {
+        const Name variant("variant");
+        for (clsVariable* variable : proc_->MyVars)
+            if (variable->type.Empty())
+                variable->type = variant;
+        proc_->type = result_.AsName();
+        // Only functions fall back to "variant": a Property Get without As keeps an empty type.
+        if (proc_->ProzedurTyp() == "function" && proc_->type.Empty())
+            proc_->type = variant;
+        if (IsHandler(reader_.modul, *proc_))
+            proc_->IsEvent = true;
+        if (proc_->ProzedurTyp() == "function" || proc_->ProzedurTyp() == "property get") {
+            // Assigning to the procedure's own name inside it finds this variable.
+            clsVariable& result = NewVariable(nameNr_, "argument");
+            result.type = proc_->type;
+            result.isResult = true;
+            proc_->MyVars.AddUnlessPresent(result.NameKey(), &result);
+        }
+        Add_Proc(reader_, *proc_);
+    }
+
+    ModuleReader& reader_;
+    const TokenTable& tokens_;
+    int& tokNr_;
+    int nameNr_ = 0;
+    std::string_view kind_;
+    bool isEvent_ = false;
+    clsProzedur* proc_ = nullptr;
+    TypeText result_;
+};
+
+}  // namespace
+
+void Analyse_ReadProc(ModuleReader& reader, int& tokNr) {
+    ProcReader(reader, tokNr).Read();
+}

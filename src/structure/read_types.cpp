@@ -1,0 +1,116 @@
+#include "structure/read_types.h"
+
+#include "structure/add_objects.h"
+#include "structure/module_reader.h"
+
+namespace {
+
+// What the heads of both kinds of block say alike.
+struct BlockHead {
+    std::string_view zugriff;
+    int nameNr;
+
+    BlockHead(const ModuleReader& reader, int tokNr, std::string_view blockWord) {
+        const std::string_view first = reader.Word(tokNr);
+        zugriff = first == kPrivate ? kPrivate : kPublic;
+        nameNr = tokNr + (first == blockWord ? 1 : 2);
+    }
+};
+
+template <class Block>
+Block& NewBlock(ModuleReader& reader, const BlockHead& head, int tokNr) {
+    Block& block = reader.modul.Own(std::make_unique<Block>());
+    block.Modul = &reader.modul;
+    block.Zugriff = head.zugriff;
+    block.SetName(reader.NameAt(head.nameNr));
+    block.NamePos = reader.tokens.PosOf(head.nameNr);
+    block.DeclareStart = reader.tokens.PosOf(tokNr);
+    return block;
+}
+
+template <class Block>
+clsVariable& NewMember(ModuleReader& reader, Block& owner, int nameNr, std::string_view zugriff) {
+    clsVariable& member = owner.Own(std::make_unique<clsVariable>());
+    member.Modul = &reader.modul;
+    member.Zugriff = zugriff;
+    member.SetName(reader.NameAt(nameNr));
+    member.DeclareStart = reader.tokens.PosOf(nameNr);
+    return member;
+}
+
+void ReadTypeMember(ModuleReader& reader, clsType& type, int asNr, int typeNameNr) {
+    const TokenTable& tokens = reader.tokens;
+    int nameNr = asNr;
+    while (nameNr > typeNameNr && tokens.ContinuesStatement(nameNr))
+        --nameNr;
+    if (nameNr == asNr)
+        return;
+    TypeText text;
+    for (int nr = asNr + 1; tokens.ContinuesStatement(nr); ++nr)
+        text.Append(reader.Word(nr));
+    clsVariable& member = NewMember(reader, type, nameNr, "type member");
+    member.MyType = &type;
+    member.type = text.AsName();
+    type.MyVars.AddUnlessPresent(member.NameKey(), &member);
+    Add_Member(reader, member, type.Zugriff == kPublic);
+}
+
+void ReadEnumMember(ModuleReader& reader, clsEnum& einEnum, int nameNr) {
+    const bool isPublic = einEnum.Zugriff == kPublic;
+    clsVariable& member = NewMember(reader, einEnum, nameNr, "enum member");
+    member.MyEnum = &einEnum;
+    member.IsConst = true;
+    member.type = Name("long");
+    member.DeclareEnd = reader.tokens.EndOf(nameNr);
+    einEnum.MyVars.AddUnlessPresent(member.NameKey(), &member);
+    reader.modul.MyVars.AddUnlessPresent(member.NameKey(), &member);
+    if (isPublic)
+        reader.projekt.MyVars.AddUnlessPresent(member.NameKey(), &member);
+    Add_Member(reader, member, isPublic);
+}
+
+}  // namespace
+
+void Analyse_ReadType(ModuleReader& reader, int& tokNr) {
+    const BlockHead head(reader, tokNr, "type");
+    if (!reader.Exists(head.nameNr))
+        return;
+    clsType& type = NewBlock<clsType>(reader, head, tokNr);
+    int nr = tokNr + 1;
+    for (; nr < reader.tokens.Count(); ++nr) {
+        const std::string_view word = reader.Word(nr);
+        if (word == "type" && reader.Word(nr - 1) == "end")
+            break;
+        if (word == "as")
+            ReadTypeMember(reader, type, nr, head.nameNr);
+    }
+    tokNr = nr;
+    type.DeclareEnd = reader.tokens.EndOf(nr);
+    Add_Type(reader, type);
+}
+
+void Analyse_ReadEnum(ModuleReader& reader, int& tokNr) {
+    const BlockHead head(reader, tokNr, "enum");
+    if (!reader.Exists(head.nameNr))
+        return;
+    clsEnum& einEnum = NewBlock<clsEnum>(reader, head, tokNr);
+    bool headSeen = false;  // behind the head's own statement; every later statement makes one member
+    bool statementTaken = false;
+    int nr = tokNr + 1;
+    for (; nr <= reader.tokens.Count(); ++nr) {
+        const std::string_view word = reader.Word(nr);
+        if (word == "enum" && reader.Word(nr - 1) == "end")
+            break;
+        if (reader.tokens.StartsStatement(nr)) {
+            headSeen = true;
+            statementTaken = false;
+        }
+        if (headSeen && !statementTaken && word != "enum" && word != "end" && word != ":") {
+            statementTaken = true;
+            ReadEnumMember(reader, einEnum, nr);
+        }
+    }
+    tokNr = std::min(nr, reader.tokens.Count());
+    einEnum.DeclareEnd = reader.tokens.EndOf(tokNr);
+    Add_Enum(reader, einEnum);
+}

@@ -1,0 +1,110 @@
+#include "structure/read_vars.h"
+
+#include <array>
+#include <vector>
+
+#include "structure/add_objects.h"
+#include "structure/module_reader.h"
+
+std::string_view DatenTyp_AusZeichen(std::string_view sign) {
+    if (sign.size() != 1)
+        return {};
+    switch (sign[0]) {
+        case '$': return "string";
+        case '%': return "integer";
+        case '!': return "single";
+        case '#': return "double";
+        case '@': return "currency";
+        case '&': return "long";
+        default: return {};
+    }
+}
+
+namespace {
+
+clsVariable& NewVariable(ModuleReader& reader, int nameNr, std::string_view zugriff) {
+    clsVariable& variable = reader.modul.Own(std::make_unique<clsVariable>());
+    variable.Modul = &reader.modul;
+    variable.Zugriff = zugriff;
+    variable.SetName(reader.NameAt(nameNr));
+    variable.DeclareStart = reader.tokens.PosOf(nameNr);
+    variable.DeclareEnd = reader.tokens.EndOf(nameNr);
+    return variable;
+}
+
+// Type of a variable from the tokens of its declaration; the first is the name, the second a sign or "as".
+Name TypeOf(const ModuleReader& reader, const std::vector<int>& list) {
+    if (list.size() == 1)
+        return Name("variant");
+    TypeText type;
+    type.Set(DatenTyp_AusZeichen(reader.Word(list[1])));
+    if (type.Empty())
+        for (std::size_t entry = 2; entry < list.size(); ++entry)
+            if (reader.Word(list[entry]) != "new")
+                type.Append(reader.Word(list[entry]));
+    return type.AsName();
+}
+
+}  // namespace
+
+void Analyse_ReadVars(ModuleReader& reader, int& tokNr) {
+    const std::string_view first = reader.Word(tokNr);
+    const std::string_view zugriff = first == "dim" || first == kPrivate ? kPrivate : kPublic;
+    const int last = reader.tokens.LastOfStatement(tokNr);
+    std::vector<int> list;  // tokens of the variable at hand, the name first
+    int depth = 0;
+    const auto close = [&] {
+        if (!list.empty()) {
+            clsVariable& variable = NewVariable(reader, list[0], zugriff);
+            variable.type = TypeOf(reader, list);
+            Add_Var(reader, variable);
+        }
+        list.clear();
+    };
+    for (int nr = tokNr + 1; nr <= last; ++nr) {
+        const std::string_view word = reader.Word(nr);
+        if (word == "(")
+            ++depth;
+        else if (word == ")")
+            --depth;
+        else if (word == "," && depth == 0)
+            close();
+        else if (depth <= 0 && word != "withevents")
+            list.push_back(nr);
+    }
+    close();
+    tokNr = last;
+}
+
+void Analyse_ReadConst(ModuleReader& reader, int& tokNr) {
+    const std::string_view first = reader.Word(tokNr);
+    const std::string_view zugriff = first == kPrivate ? kPrivate : kPublic;
+    const int start = tokNr + (first == "const" ? 1 : 2);
+    const int last = reader.tokens.LastOfStatement(tokNr);
+    int depth = 0;
+    for (int nr = start; nr <= last; ++nr) {
+        const std::string_view word = reader.Word(nr);
+        depth += (word == "(") - (word == ")");
+        if (word != "=" || depth != 0)
+            continue;
+        int name = nr;
+        while (name > start && reader.Word(name - 1) != ",")
+            --name;
+        if (name == nr)
+            continue;
+        clsVariable& constant = NewVariable(reader, name, zugriff);
+        constant.IsConst = true;
+        TypeText type;
+        for (int part = name; part < nr && reader.Word(part) != ","; ++part) {
+            if (const std::string_view sign = DatenTyp_AusZeichen(reader.Word(part)); !sign.empty()) {
+                type.Set(sign);
+                break;
+            }
+            if (part >= name + 2)
+                type.Append(reader.Word(part));
+        }
+        constant.type = type.Empty() ? Name("variant") : type.AsName();
+        Add_Var(reader, constant);
+    }
+    tokNr = last;
+}

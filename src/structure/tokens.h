@@ -1,0 +1,73 @@
+// The tokens of a module: where each word, sign or literal stands and which statement it belongs to. A token
+// keeps no text of its own, so the table is good for both spellings of the module's text.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "shell/vb_text.h"
+
+struct Token {
+    Pos pos = 0;          // first character, 1-based
+    Pos len = 0;          // characters
+    int statementNr = 0;  // counts from 1
+    bool operator==(const Token&) const = default;
+};
+
+/// Numbered from 1. Number 0 and numbers behind the last stand for no token: position and length 0, and no
+/// statement that a real token could belong to.
+class TokenTable {
+public:
+    [[nodiscard]] int Count() const { return static_cast<int>(packed_.size()) - 1; }
+    [[nodiscard]] Pos PosOf(int nr) const { return Inside(nr) ? packed_[static_cast<std::size_t>(nr)].pos : 0; }
+    [[nodiscard]] Pos LenOf(int nr) const {
+        return Inside(nr) ? static_cast<Pos>(packed_[static_cast<std::size_t>(nr)].lenAndStart >> 1) : 0;
+    }
+    /// Position behind the token.
+    [[nodiscard]] Pos EndOf(int nr) const { return PosOf(nr) + LenOf(nr); }
+    /// Whether the token is the first of its statement; true for numbers that stand for no token.
+    [[nodiscard]] bool StartsStatement(int nr) const {
+        return !Inside(nr) || (packed_[static_cast<std::size_t>(nr)].lenAndStart & 1) != 0;
+    }
+    /// Whether `nr` stands in the statement of the token before it.
+    [[nodiscard]] bool ContinuesStatement(int nr) const { return !StartsStatement(nr); }
+    /// Last token of the statement that `nr` belongs to.
+    [[nodiscard]] int LastOfStatement(int nr) const {
+        while (ContinuesStatement(nr + 1))
+            ++nr;
+        return nr;
+    }
+    /// The token's text out of `text`; empty for numbers that stand for no token.
+    [[nodiscard]] std::string_view Text(std::string_view text, int nr) const {
+        if (!Inside(nr))
+            return {};
+        const Packed& token = packed_[static_cast<std::size_t>(nr)];
+        return {text.data() + token.pos - 1, token.lenAndStart >> 1};
+    }
+    /// All tokens with their statement numbers, for display.
+    [[nodiscard]] std::vector<Token> All() const;
+
+    void Add(Pos pos, Pos len, bool startsStatement) {
+        packed_.push_back({pos, static_cast<std::uint32_t>(len) << 1 | static_cast<std::uint32_t>(startsStatement)});
+    }
+    void Reserve(std::size_t tokens) { packed_.reserve(tokens + 1); }
+    void ShrinkToFit() { packed_.shrink_to_fit(); }
+    [[nodiscard]] std::size_t MemoryBytes() const { return packed_.capacity() * sizeof(Packed); }
+
+private:
+    struct Packed {
+        Pos pos;
+        std::uint32_t lenAndStart;  // the length, and in the lowest bit whether a statement starts here
+    };
+    [[nodiscard]] bool Inside(int nr) const { return nr >= 1 && static_cast<std::size_t>(nr) < packed_.size(); }
+    std::vector<Packed> packed_{{0, 1}};
+};
+
+class ModuleText;
+
+/// Cuts the text into tokens, once, from its first character. Closing quotes get the NotCompile flag and odd
+/// comments their comment flag on the way, so a second run over the same map would give other tokens.
+/// A pending token at the end of the text, without a line end behind it, is left out.
+[[nodiscard]] TokenTable Analyse_Parsen(ModuleText& text);
