@@ -18,10 +18,10 @@ public:
     [[nodiscard]] Name LocalKey() const override;
     [[nodiscard]] std::string_view GetImageKey() const override;
     [[nodiscard]] std::string_view DatenTyp() const { return type.View(); }
-    [[nodiscard]] std::string_view ProzedurTyp() const { return kind.View(); }
+    [[nodiscard]] std::string_view ProzedurTyp() const { return kind; }
     [[nodiscard]] bool IsProperty() const { return ProzedurTyp().starts_with("property"); }
 
-    Name kind;                  // "sub", "function", "property get", "property let", "property set"
+    std::string_view kind;      // "sub", "function", "property get", "property let", "property set"; a lasting text
     Name type;                  // data type of the result, lower case
     int DeclareStartTNr = 0;    // first and last token; 0 for declares
     int DeclareEndTNr = 0;

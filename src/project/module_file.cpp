@@ -1,7 +1,5 @@
 #include "project/module_file.h"
 
-#include <cstring>
-
 #include "model/clsControl.h"
 #include "model/clsProjekt.h"
 #include "model/clsVariable.h"
@@ -11,6 +9,7 @@
 #include "shell/words.h"
 #include "source/comments.h"
 #include "source/cond_compile.h"
+#include "source/line_scan.h"
 #include "source/lines.h"
 #include "source/module_text.h"
 #include "source/statement.h"
@@ -122,9 +121,10 @@ void Modul_Einlesen(clsProjekt& projekt, clsModul& modul) {
 
 void Modul_Aufbau_Lesen(clsProjekt& projekt, clsModul& modul) {
     ModuleText& text = *modul.text;
+    const LineScan lines = ScanLines(text.ModulText());
     Comments_Initialisieren(text);
     Strings_Initialisieren(text);
-    CondCompile_Initialisieren(text, gCondComps, std::string(modul.ModulTyp) + " " + std::string(modul.myNameOrg()));
+    CondCompile_Initialisieren(text, lines, gCondComps, std::string(modul.ModulTyp) + " " + std::string(modul.myNameOrg()));
     modul.tokens = MakeOwned<TokenTable>(Analyse_Parsen(text));
     ModuleReader reader(projekt, modul);
     Analyse_GetBeginnProcBereich(reader);
@@ -133,7 +133,7 @@ void Modul_Aufbau_Lesen(clsProjekt& projekt, clsModul& modul) {
         return;
     if (modul.ModulTyp == "form" || modul.ModulTyp == "usercontrol")
         Controls_Lesen(modul);
-    Modul_Zeilen_Lesen(modul);
+    Modul_Zeilen_Lesen(modul, lines);
 }
 
 void Controls_Lesen(clsModul& modul) {
@@ -163,23 +163,9 @@ void Controls_Lesen(clsModul& modul) {
     }
 }
 
-void Modul_Zeilen_Lesen(clsModul& modul) {
-    const std::string_view text = modul.text->ModulTextOrg();
-    modul.LineCount = 1;
-    for (std::size_t from = 0; from < text.size();) {
-        const void* lineFeed = std::memchr(text.data() + from, '\n', text.size() - from);
-        const auto next = lineFeed ? static_cast<std::size_t>(static_cast<const char*>(lineFeed) - text.data()) + 1
-                                   : text.size();
-        modul.LineCount += lineFeed != nullptr;
-        std::size_t first = from;
-        while (first < next && text[first] == ' ')
-            ++first;
-        if (first == next || text[first] == '\r')
-            ++modul.AnzLineBlank;
-        else if (text[first] == '\'')
-            ++modul.AnzLineComment;
-        else
-            ++modul.AnzLineCode;
-        from = next;
-    }
+void Modul_Zeilen_Lesen(clsModul& modul, const LineScan& lines) {
+    modul.LineCount = 1 + lines.lineBreaks;
+    modul.AnzLineBlank = lines.blank;
+    modul.AnzLineComment = lines.comment;
+    modul.AnzLineCode = lines.code;
 }

@@ -5,6 +5,7 @@
 
 class clsModul;
 class clsProjekt;
+struct LineScan;
 
 /// Reads the file at modul.FullPath and finds the module's name in it. A file that does not exist is asked
 /// about ("Laden abbrechen?"); Yes sets gAbort. Without a text the module stays without name from its source.
@@ -20,5 +21,5 @@ void Modul_Aufbau_Lesen(clsProjekt& projekt, clsModul& modul);
 /// Makes a control of each `Begin Type Name` line outside comments and strings.
 void Controls_Lesen(clsModul& modul);
 
-/// Counts the physical lines of the whole file: blank, comment ("'" first), code (all others).
-void Modul_Zeilen_Lesen(clsModul& modul);
+/// Takes the numbers of physical lines of the whole file: blank, comment ("'" first), code (all others).
+void Modul_Zeilen_Lesen(clsModul& modul, const LineScan& lines);

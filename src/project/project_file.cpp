@@ -3,6 +3,7 @@
 #include "libraries/project_entry.h"
 #include "model/clsProjekt.h"
 #include "platform/code_page.h"
+#include "platform/memory.h"
 #include "project/module_file.h"
 #include "shell/clsText.h"
 #include "shell/errors.h"
@@ -31,6 +32,7 @@ std::string_view ModulTypOf(std::string_view key) {
 }
 
 void LoadModule(clsProjekt& projekt, std::string_view projektDir, std::string_view key, std::string_view line) {
+    UseLargePages();
     clsModul& modul = projekt.Own(std::make_unique<clsModul>());
     modul.number = static_cast<int>(projekt.OwnedModules().size());
     modul.ModulTyp = ModulTypOf(key);

@@ -5,7 +5,6 @@
 #include "source/cond_compile.h"
 
 #include <charconv>
-#include <cstring>
 #include <unordered_map>
 
 #include "platform/code_page.h"
@@ -217,47 +216,23 @@ std::vector<Range> HiddenRanges(const std::vector<CondPart>& parts, const LevelC
     return ranges;
 }
 
-void CondCompile_Add_Attributes(const ModuleText& text, std::vector<Range>& ranges) {
-    static constexpr std::string_view kWord = "attribute";
-    std::string_view line;
-    Pos lineEnd = 0;
-    for (Pos hit = Suche_GanzesWort_Im_Code(text, 1, kWord); hit != 0;
-         hit = Suche_GanzesWort_Im_Code(text, std::max(hit + 1, lineEnd), kWord)) {
-        Pos start = 0;
-        Pos length = 0;
-        text.Get_VBZeile_Nach_Pos(hit, start, length, line);
-        lineEnd = text.Get_VBZeilenEnde(hit);
-        if (LTrim(line).starts_with("attribute ") && modMain::Get_Clean_VBZeile(line).starts_with("attribute "))
+void CondCompile_Add_Attributes(const ModuleText& text, const LineScan& lines, std::vector<Range>& ranges) {
+    for (const Pos pos : lines.attributes) {
+        // The word itself, or a later one of its line when it is hidden by a string that began further up.
+        const Pos lineEnd = text.Get_VBZeilenEnde(pos);
+        const Pos hit = Suche_GanzesWort_Im_Code(text, pos, "attribute");
+        if (hit != 0 && (lineEnd == 0 || hit < lineEnd))
             ranges.push_back({text.Get_VBZeilenBeginn_Safe(hit), lineEnd});
     }
 }
 
 }  // namespace
 
-std::vector<Pos> DirectivePositions(std::string_view lowerText) {
-    std::vector<Pos> positions;
-    const char* const begin = lowerText.data();
-    const char* const end = begin + lowerText.size();
-    for (const char* hash = begin; hash < end; ++hash) {
-        hash = static_cast<const char*>(std::memchr(hash, '#', static_cast<std::size_t>(end - hash)));
-        if (!hash)
-            break;
-        const char* before = hash;
-        while (before > begin && before[-1] == ' ')
-            --before;
-        const bool lineStart = before == begin || before[-1] == '\n';
-        const bool continued = before - begin >= 4 && std::memcmp(before - 4, " _\r\n", 4) == 0;
-        if (lineStart && !continued)
-            positions.push_back(static_cast<Pos>(hash - begin) + 1);
-    }
-    return positions;
-}
-
-std::vector<CondConstant> CondCompile_ModulKonstanten(const ModuleText& text) {
+std::vector<CondConstant> CondCompile_ModulKonstanten(const ModuleText& text, const std::vector<Pos>& directives) {
     static constexpr std::string_view kConst = "#const";
     std::vector<CondConstant> constants;
     std::string_view line;
-    for (const Pos pos : DirectivePositions(text.ModulText())) {
+    for (const Pos pos : directives) {
         if (Mid(text.ModulText(), pos, Len(kConst)) != kConst)
             continue;
         const std::string directive = CleanLine(text, pos, line);
@@ -285,14 +260,13 @@ std::vector<CondConstant> CondCompsOfLine(std::string_view line) {
     return constants;
 }
 
-void CondCompile_Initialisieren(ModuleText& text, const std::vector<CondConstant>& condComps,
+void CondCompile_Initialisieren(ModuleText& text, const LineScan& lines, const std::vector<CondConstant>& condComps,
                                 std::string_view moduleDescription) {
-    const std::vector<Pos> directives = DirectivePositions(text.ModulText());
     std::vector<Range> ranges;
-    if (!directives.empty()) {
-        const std::vector<CondConstant> moduleConstants = CondCompile_ModulKonstanten(text);
+    if (!lines.directives.empty()) {
+        const std::vector<CondConstant> moduleConstants = CondCompile_ModulKonstanten(text, lines.directives);
         Evaluator evaluator(moduleConstants, condComps, moduleDescription);
-        std::vector<CondPart> parts = CondCompile_IFs_lesen(text, directives, evaluator);
+        std::vector<CondPart> parts = CondCompile_IFs_lesen(text, lines.directives, evaluator);
         const LevelChain chain(parts);
         for (std::size_t nr = 0; nr < parts.size(); ++nr)
             if (parts[nr].typ == CondPart::Typ::If)
@@ -300,7 +274,12 @@ void CondCompile_Initialisieren(ModuleText& text, const std::vector<CondConstant
         CondCompile_IFPart_UnterebenenAus(parts, chain);
         ranges = HiddenRanges(parts, chain);
     }
-    CondCompile_Add_Attributes(text, ranges);
+    CondCompile_Add_Attributes(text, lines, ranges);
     for (const Range& range : ranges)
         text.Mark(range.start, range.ende, NotCompile);
+}
+
+void CondCompile_Initialisieren(ModuleText& text, const std::vector<CondConstant>& condComps,
+                                std::string_view moduleDescription) {
+    CondCompile_Initialisieren(text, ScanLines(text.ModulText()), condComps, moduleDescription);
 }

@@ -7,6 +7,7 @@
 #include <utility>
 #include <vector>
 
+#include "source/line_scan.h"
 #include "source/module_text.h"
 
 /// (name, value) of a conditional constant, lower case.
@@ -22,16 +23,19 @@ struct CondPart {
 };
 
 /// Sets the NotCompile flags of one module.
+/// @param lines  the scan of this text
 /// @param condComps  the project's constants, row 0 unused; they win over the module's own
 /// @param moduleDescription  kind and name of the module for reports, such as "form Form1"
+void CondCompile_Initialisieren(ModuleText& text, const LineScan& lines, const std::vector<CondConstant>& condComps,
+                                std::string_view moduleDescription);
+/// The same with a scan of its own.
 void CondCompile_Initialisieren(ModuleText& text, const std::vector<CondConstant>& condComps,
                                 std::string_view moduleDescription);
 
 /// The module's own constants from its #Const lines, in text order.
-[[nodiscard]] std::vector<CondConstant> CondCompile_ModulKonstanten(const ModuleText& text);
-
-/// Positions of every "#" that is the first non-blank of its logical line.
-[[nodiscard]] std::vector<Pos> DirectivePositions(std::string_view lowerText);
+/// @param directives  every "#" that is the first non-blank of its logical line
+[[nodiscard]] std::vector<CondConstant> CondCompile_ModulKonstanten(const ModuleText& text,
+                                                                    const std::vector<Pos>& directives);
 
 /// Assignments of a CondComp line of the project file: `CondComp="A = 1 : B = 0"`, lower-cased.
 [[nodiscard]] std::vector<CondConstant> CondCompsOfLine(std::string_view line);

@@ -34,10 +34,12 @@ void ModuleText::Fold() {
     Pos pos = 0;
     while (pos <= count) {
         const std::uint8_t flags = map[pos];
-        std::uint64_t eight;
-        std::memset(&eight, flags, sizeof eight);
+        const std::uint64_t eight = flags * 0x0101010101010101U;
         Pos end = pos + 1;
-        for (; end + 7 <= count && std::memcmp(map + end, &eight, sizeof eight) == 0; end += 8) {
+        for (std::uint64_t next; end + 7 <= count; end += 8) {
+            std::memcpy(&next, map + end, sizeof next);
+            if (next != eight)
+                break;
         }
         while (end <= count && map[end] == flags)
             ++end;

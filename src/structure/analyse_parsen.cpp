@@ -1,8 +1,11 @@
-// One pass over the characters. What has been read of the word at hand is the running text; only its length and
-// its first letters are kept, for the tests on "is there one" and "rem". A word, the inside of a literal, a run of
-// blanks and a hidden stretch have loops of their own, which do what the general step would do for each character.
+// One pass over the characters. What has been read of the word at hand is the running text; all that is kept of it
+// is where it starts and whether there is one. The general step tells what each character does. Most characters
+// need no step: words, blanks, literals, hidden stretches and line ends are taken in one go where that comes to the
+// same. Where a word ends is looked up in an array of stops, made beforehand in a loop without branches.
 #include <array>
+#include <bit>
 #include <cstdint>
+#include <cstring>
 
 #include "source/module_text.h"
 #include "structure/tokens.h"
@@ -30,166 +33,259 @@ constexpr std::array<Kind, 256> MakeKinds() {
 }
 
 constexpr std::array<Kind, 256> kKinds = MakeKinds();
+constexpr std::uint8_t kHidden = IsComment | NotCompile;
 
 constexpr bool IsDigit(int c) { return c >= '0' && c <= '9'; }
-
-// The one caller of each of these is the loop over the characters.
-#define ALWAYS_INLINE [[gnu::always_inline]] inline
 
 class Tokeniser {
 public:
     explicit Tokeniser(ModuleText& text)
-        : text_(text.ModulText().data()), count_(text.CharCount()), map_(text.MapForPass()) {
-        // Real sources have a token for every five to seven characters.
-        table_.Reserve(static_cast<std::size_t>(count_) / 5 + 16);
+        : text_(reinterpret_cast<const unsigned char*>(text.ModulText().data()) - 1),
+          count_(text.CharCount()),
+          map_(text.MapForPass()) {
+        // No character ends more than one token.
+        const auto size = static_cast<std::size_t>(count_) + 32;
+        if (scratch_.size() < size)
+            scratch_.resize(size);
+        if (stops_.size() < size)
+            stops_.resize(size);
+        scratch_[0] = {0, 1};
+        next_ = scratch_.data() + 1;
+        FindStops();
     }
 
     TokenTable Run() {
         for (Pos i = 1; i <= count_; ++i) {
             p2_ = p1_;
             p1_ = c_;
-            if (map_[i] & (IsComment | NotCompile)) {
+            if (map_[i] & kHidden) {
                 i = SkipHidden(i);
                 continue;
             }
-            c_ = At(i);
-            bool endOfStatement = false;
-            if (c_ == '\r')
-                endOfStatement = !(p1_ == '_' && p2_ == ' ');
-            else if (c_ == ':' && !inComment_ && !inString_)
-                endOfStatement = At(i + 1) == ' ';
-            if (endOfStatement)
-                awaitResume_ = true;
-            if (scanning_)
-                i = Step(i, endOfStatement);
-            if (inComment_)
-                map_[i] |= IsComment;
-            if (inString_)
-                map_[i] |= IsString;
-            if (awaitResume_) {
-                scanning_ = c_ == '\n' || c_ == ' ';
-                awaitResume_ = !scanning_;
+            c_ = text_[i];
+            const Kind kind = kKinds[c_];
+            if (scanning_ && !inComment_ && !inString_) {
+                if (kind == Kind::Word) {
+                    i = Word(i);
+                    continue;
+                }
+                if (c_ == '\r' && !(p1_ == '_' && p2_ == ' ') && i < count_ && text_[i + 1] == '\n' &&
+                    !(map_[i + 1] & kHidden)) {
+                    i = LineEnd(i);
+                    continue;
+                }
             }
-            if (endOfStatement) {
-                tokensInStatement_ = false;
-                inComment_ = inString_ = scanning_ = false;
-            }
+            i = Step(i, kind);
         }
-        table_.ShrinkToFit();
-        return std::move(table_);
+        return TokenTable({scratch_.data(), static_cast<std::size_t>(next_ - scratch_.data())});
     }
 
 private:
     // The character at a position, or -1 behind the text.
-    [[nodiscard]] int At(Pos pos) const { return pos <= count_ ? static_cast<unsigned char>(text_[pos - 1]) : -1; }
+    [[nodiscard]] int At(Pos pos) const { return pos <= count_ ? text_[pos] : -1; }
+
+    // Marks every position that is no plain part of a word: special characters, a "_" behind a blank, hidden ones.
+    // Works on single characters and, sixteen at a time, on vectors of them.
+    template <class Characters>
+    static Characters Stops(Characters c, Characters before, Characters flags) {
+        // The first term takes all of: blank ! " # $ % & ' ( ) * + , - . /
+        const auto special = ((c & 0xF0) == 0x20) | (c == ':') | (c == '=') | (c == '@') | (c == '\r') | (c == '\n') |
+                             ((c == '_') & (before == ' '));
+        return static_cast<Characters>((Characters)special | (flags & kHidden));
+    }
+
+    void FindStops() {
+        using Sixteen [[gnu::vector_size(16)]] = unsigned char;
+        Sixteen characters, before, flags;
+        Pos i = 2;
+        for (; i + 15 <= count_; i += 16) {
+            std::memcpy(&characters, text_ + i, sizeof characters);
+            std::memcpy(&before, text_ + i - 1, sizeof before);
+            std::memcpy(&flags, map_ + i, sizeof flags);
+            const Sixteen stops = Stops(characters, before, flags);
+            std::memcpy(stops_.data() + i, &stops, sizeof stops);
+        }
+        for (; i <= count_; ++i)
+            stops_[static_cast<std::size_t>(i)] =
+                static_cast<std::uint8_t>(Stops<unsigned>(text_[i], text_[i - 1], map_[i]));
+        std::memset(stops_.data() + count_ + 1, 1, 8);
+    }
+
+    // First stop at or behind `i`.
+    [[nodiscard]] Pos NextStop(Pos i) const {
+        if constexpr (std::endian::native == std::endian::little) {
+            for (;; i += 8) {
+                std::uint64_t eight;
+                std::memcpy(&eight, stops_.data() + i, sizeof eight);
+                if (eight != 0)
+                    return i + std::countr_zero(eight) / 8;
+            }
+        }
+        while (stops_[static_cast<std::size_t>(i)] == 0)
+            ++i;
+        return i;
+    }
 
     // Last position of the hidden stretch that begins at `i`. Only the two characters before move on there.
     Pos SkipHidden(Pos i) {
         const Pos first = i;
-        while (i < count_ && (map_[i + 1] & (IsComment | NotCompile)))
+        while (i < count_ && (map_[i + 1] & kHidden))
             ++i;
-        if (i > first) {
-            p2_ = i > first + 1 ? c_ : p1_;
-            p1_ = c_;
+        if (i > first)
+            p2_ = p1_;
+        return i;
+    }
+
+    void Emit(Pos i) {
+        if (i <= tokStart_)
+            return;
+        *next_++ = {tokStart_, static_cast<std::uint32_t>(i - tokStart_) << 1 | (tokensInStatement_ ? 0U : 1U)};
+        tokensInStatement_ = true;
+    }
+    void EmitPending(Pos i) {
+        if (pending_)
+            Emit(i);
+    }
+    void StartAt(Pos i) {
+        tokStart_ = i;
+        pending_ = true;
+    }
+    [[nodiscard]] bool PendingIsRem(Pos i) const {
+        return i - tokStart_ == 3 && text_[tokStart_] == 'r' && text_[tokStart_ + 1] == 'e' &&
+               text_[tokStart_ + 2] == 'm';
+    }
+
+    // A word in code from its first plain character on, and the blanks behind it; returns the last position taken.
+    Pos Word(Pos i) {
+        if (pending_ && Flushes()) {
+            Emit(i);
+            pending_ = false;
+        }
+        if (!pending_)
+            StartAt(i);
+        const Pos stop = NextStop(i + 1);
+        if (stop > count_ || text_[stop] != ' ' || (map_[stop] & kHidden) || PendingIsRem(stop)) {
+            // A "_" behind a blank is a stop, so it never matters here which character came before the last but one.
+            if (stop > i + 1) {
+                p1_ = text_[stop - 2];
+                c_ = text_[stop - 1];
+            }
+            return stop - 1;
+        }
+        Emit(stop);
+        pending_ = false;
+        return SkipBlanks(stop);
+    }
+
+    Pos SkipBlanks(Pos i) {
+        while (i < count_ && text_[i + 1] == ' ' && !(map_[i + 1] & kHidden))
+            ++i;
+        p1_ = text_[i - 1];
+        c_ = ' ';
+        return i;
+    }
+
+    // CR LF at the end of a statement, and the indentation of the next line.
+    Pos LineEnd(Pos i) {
+        EmitPending(i);
+        pending_ = false;
+        tokensInStatement_ = false;
+        p1_ = '\r';
+        c_ = '\n';
+        return i + 1 < count_ && text_[i + 2] == ' ' && !(map_[i + 2] & kHidden) ? SkipBlanks(i + 2) : i + 1;
+    }
+
+    // The general step for one character.
+    Pos Step(Pos i, Kind kind) {
+        bool endOfStatement = false;
+        if (c_ == '\r')
+            endOfStatement = !(p1_ == '_' && p2_ == ' ');
+        else if (c_ == ':' && !inComment_ && !inString_)
+            endOfStatement = At(i + 1) == ' ';
+        if (endOfStatement)
+            awaitResume_ = true;
+        if (scanning_)
+            i = Scan(i, kind, endOfStatement);
+        if (inComment_)
+            map_[i] |= IsComment;
+        if (inString_)
+            map_[i] |= IsString;
+        if (awaitResume_) {
+            scanning_ = c_ == '\n' || c_ == ' ';
+            awaitResume_ = !scanning_;
+        }
+        if (endOfStatement) {
+            tokensInStatement_ = false;
+            inComment_ = inString_ = scanning_ = false;
         }
         return i;
     }
 
-    ALWAYS_INLINE void Emit(Pos i) {
-        if (i <= tokStart_)
-            return;
-        table_.Add(tokStart_, i - tokStart_, !tokensInStatement_);
-        tokensInStatement_ = true;
-    }
-    ALWAYS_INLINE void EmitPending(Pos i) {
-        if (length_ > 0)
-            Emit(i);
-    }
-    ALWAYS_INLINE void Empty() {
-        length_ = 0;
-        letters_ = 0;
-    }
-    ALWAYS_INLINE void Append(int c) {
-        if (length_ < 4)
-            letters_ = letters_ << 8 | static_cast<unsigned>(c);
-        ++length_;
-    }
-    ALWAYS_INLINE void StartWith(Pos i, int c) {
-        tokStart_ = i;
-        Empty();
-        Append(c);
-    }
-    [[nodiscard]] bool IsRem() const { return length_ == 3 && letters_ == ('r' << 16 | 'e' << 8 | 'm'); }
-
-    // Handles the character at `i`; returns the last position that was dealt with.
-    ALWAYS_INLINE Pos Step(Pos i, bool endOfStatement) {
+    Pos Scan(Pos i, Kind kind, bool endOfStatement) {
         const bool inText = inComment_ || inString_;
-        switch (kKinds[static_cast<unsigned char>(c_)]) {
+        switch (kind) {
             case Kind::Sign:
+                // Glued to a word the sign ends it, and becomes a token of its own later.
                 if (inText) {
-                    Append(c_);
-                } else if (p1_ != ' ' && p1_ != '\n') {
-                    // The running text stays, so that the sign becomes a token of its own later.
-                    EmitPending(i);
-                    tokStart_ = i;
+                    pending_ = true;
                 } else {
-                    StartWith(i, c_);
+                    if (p1_ != ' ' && p1_ != '\n')
+                        EmitPending(i);
+                    StartAt(i);
                 }
                 break;
             case Kind::Colon:
                 if (inText) {
-                    Append(c_);
+                    pending_ = true;
                 } else {
                     Emit(i);  // also what lies there without a running text
+                    StartAt(i);
                     if (awaitResume_) {
                         tokStart_ = i + 2;
-                        Empty();
-                    } else {
-                        StartWith(i, c_);
+                        pending_ = false;
                     }
                 }
                 break;
             case Kind::Apostrophe:
                 if (inText)
-                    Append(c_);
+                    pending_ = true;
                 else
                     inComment_ = true;
                 break;
             case Kind::Quote:
                 return Quote(i);
             case Kind::Blank:
-                Blank(i, inText);
-                if (!inText && !inComment_)
-                    return SkipBlanks(i);
-                break;
+                return Blank(i, inText);
             case Kind::Bracket:
-                if (inText || (c_ == '.' && IsDigit(At(i + 1)))) {
-                    Append(c_);
-                    if (!inText && length_ == 1)
-                        tokStart_ = i;
+                if (inText) {
+                    pending_ = true;
+                } else if (c_ == '.' && IsDigit(At(i + 1))) {
+                    if (!pending_)
+                        StartAt(i);
                 } else {
                     EmitPending(i);
-                    StartWith(i, c_);
+                    StartAt(i);
                 }
                 break;
             case Kind::Operator:
                 if (inText || (c_ == '=' && (p1_ == ':' || p1_ == '<' || p1_ == '>'))) {
-                    Append(c_);
+                    pending_ = true;
                 } else {
                     EmitPending(i);
-                    StartWith(i, c_);
+                    StartAt(i);
                 }
                 break;
             case Kind::Other:
             case Kind::Word:
-                return Other(i, endOfStatement, inText);
+                Other(i, endOfStatement, inText);
+                break;
         }
         return i;
     }
 
     Pos Quote(Pos i) {
         if (inComment_) {
-            Append(c_);
+            pending_ = true;
         } else if (!inString_) {
             // Right behind a closing quote it is a doubled one: what came before it is lost, on purpose.
             if (p1_ == '"')
@@ -197,47 +293,62 @@ private:
             else if (p1_ != ' ')
                 EmitPending(i);
             inString_ = true;
-            StartWith(i, c_);
+            StartAt(i);
             return SkipLiteral(i);
         } else {
             map_[i] |= IsString | NotCompile;
             inString_ = false;
-            Append(c_);
+            pending_ = true;
         }
         return i;
     }
 
-    ALWAYS_INLINE void Blank(Pos i, bool inText) {
-        if (inText) {
-            Append(c_);
-        } else if (p1_ != ' ' && length_ > 0) {
-            if (IsRem()) {
-                inComment_ = true;
-                for (Pos back = i; back > i - 4 && back >= 1; --back)
-                    map_[back] |= IsComment;
-            } else {
-                Emit(i);
-                Empty();
-            }
+    // The inside of a literal up to the character before its closing quote or line end, as far as it is known
+    // for one already.
+    Pos SkipLiteral(Pos i) {
+        const Pos first = i;
+        while (i < count_ && text_[i + 1] != '"' && text_[i + 1] != '\r' && text_[i + 1] != '\n' &&
+               map_[i + 1] == IsString)
+            ++i;
+        if (i > first) {
+            map_[first] |= IsString;
+            p2_ = i > first + 1 ? text_[i - 2] : p1_;
+            p1_ = text_[i - 1];
+            c_ = text_[i];
         }
+        return i;
     }
 
-    ALWAYS_INLINE Pos Other(Pos i, bool endOfStatement, bool inText) {
-        if (endOfStatement) {
-            EmitPending(i);
-            Empty();
-        } else if (!inText && c_ != '\r' && c_ != '\n' && !(c_ == '_' && p1_ == ' ') && length_ > 0 && Flushes()) {
-            Emit(i);
-            Empty();
-        }
-        if (c_ == '\r' || c_ == '\n') {
-            Empty();
+    Pos Blank(Pos i, bool inText) {
+        if (inText) {
+            pending_ = true;
             return i;
         }
-        Append(c_);
-        if (length_ == 1)
-            tokStart_ = i;
-        return inText ? i : SkipWord(i);
+        if (p1_ != ' ' && pending_) {
+            if (PendingIsRem(i)) {
+                inComment_ = true;
+                for (Pos back = i; back > i - 4; --back)
+                    map_[back] |= IsComment;
+                return i;
+            }
+            Emit(i);
+            pending_ = false;
+        }
+        return i;
+    }
+
+    void Other(Pos i, bool endOfStatement, bool inText) {
+        if (endOfStatement) {
+            EmitPending(i);
+            pending_ = false;
+        } else if (!inText && c_ != '\r' && c_ != '\n' && !(c_ == '_' && p1_ == ' ') && pending_ && Flushes()) {
+            Emit(i);
+            pending_ = false;
+        }
+        if (c_ == '\r' || c_ == '\n')
+            pending_ = false;
+        else if (!pending_)
+            StartAt(i);
     }
 
     // Whether the character before makes the pending text a token before a plain character is appended.
@@ -252,67 +363,25 @@ private:
         }
     }
 
-    // Plain word characters behind one at `i` are appended, nothing else happens to them.
-    ALWAYS_INLINE Pos SkipWord(Pos i) {
-        const Pos first = i;
-        while (i < count_ && kKinds[static_cast<unsigned char>(text_[i])] == Kind::Word && map_[i + 1] <= IsString) {
-            ++i;
-            if (length_ < 4)
-                letters_ = letters_ << 8 | static_cast<unsigned char>(text_[i - 1]);
-            ++length_;
-        }
-        MovedOn(first, i);
-        return i;
-    }
+    // Working arrays serve one module after the other.
+    static inline std::vector<TokenTable::Packed> scratch_;
+    static inline std::vector<std::uint8_t> stops_;
 
-    ALWAYS_INLINE Pos SkipBlanks(Pos i) {
-        const Pos first = i;
-        while (i < count_ && text_[i] == ' ' && map_[i + 1] <= IsString)
-            ++i;
-        MovedOn(first, i);
-        return i;
-    }
-
-    // The inside of a literal up to the character before its closing quote or line end.
-    Pos SkipLiteral(Pos i) {
-        const Pos first = i;
-        while (i < count_ && text_[i] != '"' && text_[i] != '\r' && text_[i] != '\n' &&
-               map_[i + 1] <= IsString) {
-            ++i;
-            map_[i] |= IsString;
-        }
-        map_[first] |= IsString;
-        length_ += i - first;
-        if (i > first)
-            letters_ = 0;
-        MovedOn(first, i);
-        return i;
-    }
-
-    // The loops above end on a character that the general step has not seen: its neighbours are set here.
-    ALWAYS_INLINE void MovedOn(Pos first, Pos last) {
-        if (last == first)
-            return;
-        p2_ = last > first + 1 ? At(last - 2) : p1_;
-        p1_ = At(last - 1);
-        c_ = At(last);
-    }
-
-    const char* text_;
+    const unsigned char* text_;  // text_[1] is the first character
     Pos count_;
     std::uint8_t* map_;
-    TokenTable table_;
-    int c_ = -1;   // the character at hand and the two before it; -1 before the first
-    int p1_ = -1;
-    int p2_ = -1;
+    TokenTable::Packed* next_ = nullptr;
+    // The character at hand and the two before it; NUL before the first.
+    unsigned char c_ = 0;
     Pos tokStart_ = 1;
-    int length_ = 0;            // of the running text
-    unsigned letters_ = 0;      // its first letters
+    unsigned char p1_ = 0;
+    bool pending_ = false;  // there is a running text
     bool inComment_ = false;
     bool inString_ = false;
     bool scanning_ = true;
     bool awaitResume_ = false;
     bool tokensInStatement_ = false;
+    unsigned char p2_ = 0;
 };
 
 }  // namespace

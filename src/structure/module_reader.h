@@ -1,6 +1,7 @@
 // What the readers of a module's structure work on for the time of one pass, and what they share.
 #pragma once
 
+#include <cstring>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -13,6 +14,12 @@
 #include "model/clsVariable.h"
 #include "source/module_text.h"
 #include "structure/tokens.h"
+
+/// Whether a word is exactly this literal. Asked for every token, so it is two plain comparisons.
+template <std::size_t size>
+[[nodiscard]] inline bool Is(std::string_view word, const char (&literal)[size]) {
+    return word.size() == size - 1 && std::memcmp(word.data(), literal, size - 1) == 0;
+}
 
 class ModuleReader {
 public:
@@ -36,6 +43,9 @@ public:
     [[nodiscard]] Name NameAt(int tokNr) const { return Name(tokens.Text(original, tokNr)); }
     [[nodiscard]] bool Exists(int tokNr) const { return tokNr >= 1 && tokNr <= tokens.Count(); }
 };
+
+/// The kind of a procedure as a lasting text: the word as it is, or "property " and the accessor's word.
+[[nodiscard]] std::string_view ProzedurTyp_AusWort(std::string_view word, std::string_view accessor = {});
 
 /// The data type that a type sign stands for, or an empty text.
 [[nodiscard]] std::string_view DatenTyp_AusZeichen(std::string_view sign);

@@ -6,14 +6,14 @@
 void Analyse_ReadDeclare(ModuleReader& reader, int& tokNr) {
     const TokenTable& tokens = reader.tokens;
     const std::string_view first = reader.Word(tokNr);
-    const int nameNr = tokNr + (first == "declare" ? 2 : 3);
+    const int nameNr = tokNr + (Is(first, "declare") ? 2 : 3);
     if (!reader.Exists(nameNr))
         return;
     clsProzedur& prozedur = reader.modul.Own(std::make_unique<clsProzedur>(reader.modul));
     prozedur.isDeclare = true;
     prozedur.DeclareStart = tokens.PosOf(tokNr);
     prozedur.Zugriff = first == kPrivate ? kPrivate : kPublic;
-    prozedur.kind = Name(reader.Word(nameNr - 1));
+    prozedur.kind = ProzedurTyp_AusWort(reader.Word(nameNr - 1));
     prozedur.SetName(reader.NameAt(nameNr));
     prozedur.NamePos = tokens.PosOf(nameNr);
 
@@ -26,14 +26,25 @@ void Analyse_ReadDeclare(ModuleReader& reader, int& tokNr) {
         if (asSeen) {
             type.Append(word);
         } else {
-            depth += (word == "(") - (word == ")");
-            asSeen = depth == 0 && word == "as";
+            depth += Is(word, "(") - Is(word, ")");
+            asSeen = depth == 0 && Is(word, "as");
         }
     }
     prozedur.type = type.Empty() ? Name("variant") : type.AsName();
     prozedur.DeclareEnd = tokens.PosOf(last);
     Add_Proc(reader, prozedur);
     tokNr = nameNr;
+}
+
+std::string_view ProzedurTyp_AusWort(std::string_view word, std::string_view accessor) {
+    for (const std::string_view known : {"sub", "function"})
+        if (word == known)
+            return known;
+    if (Is(word, "property"))
+        for (const std::string_view known : {"property get", "property let", "property set"})
+            if (known.substr(9) == accessor)
+                return known;
+    return Name(accessor.empty() ? std::string(word) : std::string(word) + " " + std::string(accessor)).View();
 }
 
 bool IsHandler(const clsModul& modul, const clsProzedur& prozedur) {

@@ -32,7 +32,7 @@ private:
 
     bool ReadHead() {
         const std::string_view first = Word(tokNr_);
-        const bool hasAccess = first == kPrivate || first == kPublic || first == "global";
+        const bool hasAccess = first == kPrivate || first == kPublic || Is(first, "global");
         kind_ = hasAccess ? Word(tokNr_ + 1) : first;
         const bool isProperty = kind_ == "property";
         nameNr_ = tokNr_ + 1 + hasAccess + isProperty;
@@ -47,10 +47,8 @@ private:
         proc_->NamePos = tokens_.PosOf(nameNr_);
         isEvent_ = kind_ == "event";
         proc_->IsEvent = isEvent_;
-        if (isProperty)
-            proc_->kind = Name("property " + std::string(Word(nameNr_ - 1)));
-        else
-            proc_->kind = Name(isEvent_ ? "sub" : kind_);
+        proc_->kind = isProperty ? ProzedurTyp_AusWort(kind_, Word(nameNr_ - 1))
+                                 : ProzedurTyp_AusWort(isEvent_ ? "sub" : kind_);
         return true;
     }
 
@@ -61,23 +59,23 @@ private:
         if (const std::string_view sign = DatenTyp_AusZeichen(Word(nr)); !sign.empty()) {
             result_.Set(sign);
             ++nr;
-        } else if (Word(nr) != "(") {
+        } else if (!Is(Word(nr), "(")) {
             return;
         }
         int depth = 0;
         for (; nr < behindHead; ++nr) {
             const std::string_view word = Word(nr);
-            if (word == "(") {
+            if (Is(word, "(")) {
                 if (depth++ == 0)
                     proc_->ArgListStart = tokens_.PosOf(nr);
-            } else if (word == ")") {
+            } else if (Is(word, ")")) {
                 if (depth > 0 && --depth == 0)
                     proc_->ArgListEnd = tokens_.PosOf(nr);
-            } else if (word == ",") {
+            } else if (Is(word, ",")) {
                 continue;
             } else if (depth == 0) {
                 for (; nr < behindHead; ++nr)
-                    if (Word(nr) != "as")
+                    if (!Is(Word(nr), "as"))
                         result_.Append(Word(nr));
             } else if (depth == 1) {
                 ReadArgument(nr, depth, behindHead);
@@ -93,24 +91,24 @@ private:
         bool eqSeen = false;
         for (; nr < behindHead; ++nr) {
             const std::string_view word = Word(nr);
-            if (word == "(") {
+            if (Is(word, "(")) {
                 ++depth;
-            } else if (word == ")") {
+            } else if (Is(word, ")")) {
                 if (--depth == 0) {
                     proc_->ArgListEnd = tokens_.PosOf(nr);
                     break;
                 }
-            } else if (word == ",") {
+            } else if (Is(word, ",")) {
                 if (depth == 1)
                     break;
             } else if (eqSeen) {
                 continue;
-            } else if (word == "=") {
+            } else if (Is(word, "=")) {
                 eqSeen = true;
-            } else if (word == "as" && depth == 1) {
+            } else if (Is(word, "as") && depth == 1) {
                 asSeen = true;
             } else if (asSeen) {
-                if (word != "new" && argument) {
+                if (!Is(word, "new") && argument) {
                     type.Append(word);
                     argument->DeclareEnd = tokens_.EndOf(nr);
                 }
@@ -119,7 +117,7 @@ private:
                     type.Set(sign);
                     argument->DeclareEnd = tokens_.EndOf(nr);
                 }
-            } else if (word != "byval" && word != "byref" && word != "optional" && word != "paramarray") {
+            } else if (!Is(word, "byval") && !Is(word, "byref") && !Is(word, "optional") && !Is(word, "paramarray")) {
                 if (argument)
                     argument->type = type.AsName();
                 type = {};
@@ -135,9 +133,9 @@ private:
         const int last = tokens_.Count();
         for (; nr <= last; ++nr) {
             const std::string_view word = Word(nr);
-            if (word == kind_ && Word(nr - 1) == "end")
+            if (word.size() == kind_.size() && word == kind_ && Is(Word(nr - 1), "end"))
                 break;
-            if (word == "dim" || word == "const" || word == "static" || word == "redim")
+            if (Is(word, "dim") || Is(word, "const") || Is(word, "static") || Is(word, "redim"))
                 ReadLocals(nr);
         }
         tokNr_ = std::min(nr, last);
@@ -148,7 +146,7 @@ private:
     // Reads the declarations behind the word at `nr` and leaves it on the last token of the statement.
     void ReadLocals(int& nr) {
         const std::string_view how = Word(nr);
-        const bool isConst = how == "const";
+        const bool isConst = Is(how, "const");
         clsVariable* variable = nullptr;
         TypeText type;
         int depth = 0;
@@ -157,23 +155,23 @@ private:
         bool expectName = true;
         while (tokens_.ContinuesStatement(nr + 1)) {
             const std::string_view word = Word(++nr);
-            if (word == "(") {
+            if (Is(word, "(")) {
                 ++depth;
-            } else if (word == ")") {
+            } else if (Is(word, ")")) {
                 --depth;
-            } else if (word == "preserve") {
+            } else if (Is(word, "preserve")) {
                 continue;
-            } else if (word == "as" && depth == 0) {
+            } else if (Is(word, "as") && depth == 0) {
                 asSeen = true;
-            } else if (word == "=") {
+            } else if (Is(word, "=")) {
                 eqSeen = true;
-            } else if (word == "," && depth == 0) {
+            } else if (Is(word, ",") && depth == 0) {
                 // Only these two: the "=" of a constant before stays seen, and the next name is taken for a
                 // part of its value. That is wanted.
                 asSeen = false;
                 expectName = true;
             } else if (asSeen) {
-                if (variable && word != "new" && !(isConst && eqSeen)) {
+                if (variable && !Is(word, "new") && !(isConst && eqSeen)) {
                     type.Append(word);
                     variable->DeclareEnd = tokens_.EndOf(nr);
                 }
@@ -193,7 +191,7 @@ private:
                     expectName = false;
                     variable = &NewVariable(nr, "procedure");
                     variable->IsConst = isConst;
-                    if (how != "redim" || !IsKnownArray(*variable))
+                    if (!Is(how, "redim") || !IsKnownArray(*variable))
                         proc_->MyVars.AddUnlessPresent(variable->NameKey(), variable);
                 }
             }

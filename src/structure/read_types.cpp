@@ -79,9 +79,9 @@ void Analyse_ReadType(ModuleReader& reader, int& tokNr) {
     int nr = tokNr + 1;
     for (; nr < reader.tokens.Count(); ++nr) {
         const std::string_view word = reader.Word(nr);
-        if (word == "type" && reader.Word(nr - 1) == "end")
+        if (Is(word, "type") && Is(reader.Word(nr - 1), "end"))
             break;
-        if (word == "as")
+        if (Is(word, "as"))
             ReadTypeMember(reader, type, nr, head.nameNr);
     }
     tokNr = nr;
@@ -99,13 +99,13 @@ void Analyse_ReadEnum(ModuleReader& reader, int& tokNr) {
     int nr = tokNr + 1;
     for (; nr <= reader.tokens.Count(); ++nr) {
         const std::string_view word = reader.Word(nr);
-        if (word == "enum" && reader.Word(nr - 1) == "end")
+        if (Is(word, "enum") && Is(reader.Word(nr - 1), "end"))
             break;
         if (reader.tokens.StartsStatement(nr)) {
             headSeen = true;
             statementTaken = false;
         }
-        if (headSeen && !statementTaken && word != "enum" && word != "end" && word != ":") {
+        if (headSeen && !statementTaken && !Is(word, "enum") && !Is(word, "end") && !Is(word, ":")) {
             statementTaken = true;
             ReadEnumMember(reader, einEnum, nr);
         }

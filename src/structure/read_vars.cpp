@@ -40,7 +40,7 @@ Name TypeOf(const ModuleReader& reader, const std::vector<int>& list) {
     type.Set(DatenTyp_AusZeichen(reader.Word(list[1])));
     if (type.Empty())
         for (std::size_t entry = 2; entry < list.size(); ++entry)
-            if (reader.Word(list[entry]) != "new")
+            if (!Is(reader.Word(list[entry]), "new"))
                 type.Append(reader.Word(list[entry]));
     return type.AsName();
 }
@@ -49,7 +49,7 @@ Name TypeOf(const ModuleReader& reader, const std::vector<int>& list) {
 
 void Analyse_ReadVars(ModuleReader& reader, int& tokNr) {
     const std::string_view first = reader.Word(tokNr);
-    const std::string_view zugriff = first == "dim" || first == kPrivate ? kPrivate : kPublic;
+    const std::string_view zugriff = Is(first, "dim") || first == kPrivate ? kPrivate : kPublic;
     const int last = reader.tokens.LastOfStatement(tokNr);
     std::vector<int> list;  // tokens of the variable at hand, the name first
     int depth = 0;
@@ -63,13 +63,13 @@ void Analyse_ReadVars(ModuleReader& reader, int& tokNr) {
     };
     for (int nr = tokNr + 1; nr <= last; ++nr) {
         const std::string_view word = reader.Word(nr);
-        if (word == "(")
+        if (Is(word, "("))
             ++depth;
-        else if (word == ")")
+        else if (Is(word, ")"))
             --depth;
-        else if (word == "," && depth == 0)
+        else if (Is(word, ",") && depth == 0)
             close();
-        else if (depth <= 0 && word != "withevents")
+        else if (depth <= 0 && !Is(word, "withevents"))
             list.push_back(nr);
     }
     close();
@@ -79,23 +79,23 @@ void Analyse_ReadVars(ModuleReader& reader, int& tokNr) {
 void Analyse_ReadConst(ModuleReader& reader, int& tokNr) {
     const std::string_view first = reader.Word(tokNr);
     const std::string_view zugriff = first == kPrivate ? kPrivate : kPublic;
-    const int start = tokNr + (first == "const" ? 1 : 2);
+    const int start = tokNr + (Is(first, "const") ? 1 : 2);
     const int last = reader.tokens.LastOfStatement(tokNr);
     int depth = 0;
     for (int nr = start; nr <= last; ++nr) {
         const std::string_view word = reader.Word(nr);
-        depth += (word == "(") - (word == ")");
-        if (word != "=" || depth != 0)
+        depth += Is(word, "(") - Is(word, ")");
+        if (!Is(word, "=") || depth != 0)
             continue;
         int name = nr;
-        while (name > start && reader.Word(name - 1) != ",")
+        while (name > start && !Is(reader.Word(name - 1), ","))
             --name;
         if (name == nr)
             continue;
         clsVariable& constant = NewVariable(reader, name, zugriff);
         constant.IsConst = true;
         TypeText type;
-        for (int part = name; part < nr && reader.Word(part) != ","; ++part) {
+        for (int part = name; part < nr && !Is(reader.Word(part), ","); ++part) {
             if (const std::string_view sign = DatenTyp_AusZeichen(reader.Word(part)); !sign.empty()) {
                 type.Set(sign);
                 break;

@@ -9,11 +9,11 @@
 namespace {
 
 bool IsProcedureWord(std::string_view word) {
-    return word == "sub" || word == "function" || word == "property";
+    return Is(word, "sub") || Is(word, "function") || Is(word, "property");
 }
 
 bool IsAccessWord(std::string_view word) {
-    return word == "public" || word == "global" || word == "private";
+    return Is(word, "public") || Is(word, "global") || Is(word, "private");
 }
 
 }  // namespace
@@ -30,24 +30,24 @@ void Analyse_GetBeginnProcBereich(ModuleReader& reader) {
         const std::string_view word = reader.Word(nr);
         const bool first = tokens.StartsStatement(nr);
         const std::string_view before = first ? std::string_view() : reader.Word(nr - 1);
-        if (word == "(") {
+        if (Is(word, "(")) {
             ++brackets;
-        } else if (word == ")") {
+        } else if (Is(word, ")")) {
             --brackets;
-        } else if (word == "begin") {
+        } else if (Is(word, "begin")) {
             nesting += first;
-        } else if (word == "end") {
+        } else if (Is(word, "end")) {
             nesting -= first && tokens.StartsStatement(nr + 1);
         } else if (nesting >= 1 || brackets > 0) {
             continue;
-        } else if (word == "enum" || word == "type") {
-            bool& inside = word == "enum" ? inEnum : inType;
+        } else if (Is(word, "enum") || Is(word, "type")) {
+            bool& inside = Is(word, "enum") ? inEnum : inType;
             if (first || IsAccessWord(before))
                 inside = true;
-            else if (before == "end")
+            else if (Is(before, "end"))
                 inside = false;
-        } else if (IsProcedureWord(word) && !inEnum && !inType && before != "declare" && before != "end" &&
-                   before != "exit") {
+        } else if (IsProcedureWord(word) && !inEnum && !inType && !Is(before, "declare") && !Is(before, "end") &&
+                   !Is(before, "exit")) {
             modul.TokNrBeginnProcBereich = IsAccessWord(before) ? nr - 1 : nr;
             modul.BeginnProcBereich = tokens.PosOf(modul.TokNrBeginnProcBereich);
             return;
@@ -70,11 +70,11 @@ void Analyse_GetBeginnVarBereich(ModuleReader& reader) {
     int nesting = 0;
     for (int nr = 1; nr <= modul.TokNrBeginnProcBereich; ++nr) {
         const std::string_view word = reader.Word(nr);
-        if (word == "attribute") {
+        if (Is(word, "attribute")) {
             nr = tokens.LastOfStatement(nr);
             beginAt(nr + 1);
-        } else if (hasHeader && (word == "begin" || word == "end")) {
-            nesting += word == "begin" ? 1 : -1;
+        } else if (hasHeader && (Is(word, "begin") || Is(word, "end"))) {
+            nesting += Is(word, "begin") ? 1 : -1;
             if (nesting == 0) {
                 beginAt(nr + 1);
                 break;
@@ -93,8 +93,8 @@ void Analyse_BereichVar(ModuleReader& reader) {
     const TokenTable& tokens = reader.tokens;
     clsModul& modul = reader.modul;
     const auto isKind = [](std::string_view word) {
-        return word == "const" || word == "type" || word == "enum" || word == "declare" || word == "event" ||
-               word == "withevents";
+        return Is(word, "const") || Is(word, "type") || Is(word, "enum") || Is(word, "declare") || Is(word, "event") ||
+               Is(word, "withevents");
     };
     for (int nr = 1; nr < modul.TokNrBeginnProcBereich; ++nr) {
         if (tokens.PosOf(nr) < modul.BeginnVarBereich) {
@@ -103,7 +103,7 @@ void Analyse_BereichVar(ModuleReader& reader) {
         }
         const std::string_view word = reader.Word(nr);
         std::string_view kind;
-        if (word == "dim" || IsAccessWord(word)) {
+        if (Is(word, "dim") || IsAccessWord(word)) {
             const std::string_view next = reader.Word(nr + 1);
             kind = tokens.ContinuesStatement(nr + 1) && isKind(next) ? next : "variable";
         } else if (isKind(word)) {
@@ -111,15 +111,15 @@ void Analyse_BereichVar(ModuleReader& reader) {
         } else {
             continue;
         }
-        if (kind == "variable" || kind == "withevents")
+        if (Is(kind, "variable") || Is(kind, "withevents"))
             Analyse_ReadVars(reader, nr);
-        else if (kind == "const")
+        else if (Is(kind, "const"))
             Analyse_ReadConst(reader, nr);
-        else if (kind == "type")
+        else if (Is(kind, "type"))
             Analyse_ReadType(reader, nr);
-        else if (kind == "enum")
+        else if (Is(kind, "enum"))
             Analyse_ReadEnum(reader, nr);
-        else if (kind == "declare")
+        else if (Is(kind, "declare"))
             Analyse_ReadDeclare(reader, nr);
         else
             Analyse_ReadProc(reader, nr);
@@ -128,7 +128,7 @@ void Analyse_BereichVar(ModuleReader& reader) {
 
 void Analyse_BereichProc(ModuleReader& reader) {
     const TokenTable& tokens = reader.tokens;
-    const auto isKind = [](std::string_view word) { return IsProcedureWord(word) || word == "event"; };
+    const auto isKind = [](std::string_view word) { return IsProcedureWord(word) || Is(word, "event"); };
     if (reader.modul.TokNrBeginnProcBereich == 0)
         return;
     for (int nr = reader.modul.TokNrBeginnProcBereich; nr <= tokens.Count(); ++nr) {
@@ -136,7 +136,7 @@ void Analyse_BereichProc(ModuleReader& reader) {
         const bool found =
             IsAccessWord(word)
                 ? tokens.ContinuesStatement(nr + 1) && isKind(reader.Word(nr + 1))
-                : isKind(word) && reader.Word(nr - 1) != "end" && reader.Word(nr - 1) != "exit";
+                : isKind(word) && !Is(reader.Word(nr - 1), "end") && !Is(reader.Word(nr - 1), "exit");
         if (found)
             Analyse_ReadProc(reader, nr);
     }

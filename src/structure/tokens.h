@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -49,18 +50,15 @@ public:
     /// All tokens with their statement numbers, for display.
     [[nodiscard]] std::vector<Token> All() const;
 
-    void Add(Pos pos, Pos len, bool startsStatement) {
-        packed_.push_back({pos, static_cast<std::uint32_t>(len) << 1 | static_cast<std::uint32_t>(startsStatement)});
-    }
-    void Reserve(std::size_t tokens) { packed_.reserve(tokens + 1); }
-    void ShrinkToFit() { packed_.shrink_to_fit(); }
-    [[nodiscard]] std::size_t MemoryBytes() const { return packed_.capacity() * sizeof(Packed); }
-
-private:
     struct Packed {
         Pos pos;
         std::uint32_t lenAndStart;  // the length, and in the lowest bit whether a statement starts here
     };
+    TokenTable() = default;
+    /// Takes a copy of the tokens made so far; the first of them stands for no token.
+    explicit TokenTable(std::span<const Packed> packed) : packed_(packed.begin(), packed.end()) {}
+
+private:
     [[nodiscard]] bool Inside(int nr) const { return nr >= 1 && static_cast<std::size_t>(nr) < packed_.size(); }
     std::vector<Packed> packed_{{0, 1}};
 };
