@@ -37,6 +37,7 @@ public:
         return true;
     }
 
+    void Reserve(std::size_t entries) { entries_.reserve(entries); }
     [[nodiscard]] int Count() const { return static_cast<int>(entries_.size()); }
     [[nodiscard]] bool Contains(Name key) const { return PositionOf(key.Lower()) != kNone; }
     [[nodiscard]] bool Contains(std::string_view key) const { return Item(key) != nullptr; }

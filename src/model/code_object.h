@@ -29,12 +29,21 @@ public:
 
     [[nodiscard]] ObjectClass Class() const { return class_; }
 
-    [[nodiscard]] std::string_view myNameOrg() const { return name_.View(); }
+    [[nodiscard]] std::string_view myNameOrg() const { return {spelling_, name_.View().size()}; }
     /// Lower-case form of myNameOrg.
-    [[nodiscard]] std::string_view MyName() const { return name_.Lower().View(); }
-    [[nodiscard]] Name NameOrgKey() const { return name_; }
-    [[nodiscard]] Name NameKey() const { return name_.Lower(); }
-    void SetName(Name name) { name_ = name; }
+    [[nodiscard]] std::string_view MyName() const { return name_.View(); }
+    [[nodiscard]] Name NameKey() const { return name_; }
+    void SetName(Name name) {
+        name_ = name.Lower();
+        spelling_ = name.View().data();
+    }
+    /// The name in lower case, and where its spelling stands: in the text of the module that owns this object,
+    /// which lives longer than the object.
+    void SetName(Name lower, const char* spelling) {
+        name_ = lower;
+        spelling_ = spelling;
+    }
+    void SetNameOf(const CodeObject& other) { SetName(other.name_, other.spelling_); }
 
     /// Computed on each call: follows a renamed owner.
     [[nodiscard]] virtual std::string CodePathOrg() const = 0;
@@ -60,6 +69,7 @@ protected:
 
 private:
     Name name_;
+    const char* spelling_ = "";
     ObjectClass class_;
 };
 

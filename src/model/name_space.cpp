@@ -2,16 +2,36 @@
 
 #include <algorithm>
 
+#include "model/clsModul.h"
+
 NameSpace gPublicNameSpace;
+
+namespace {
+
+// The module or library name that an object's path begins with.
+Name HeadOf(const CodeObject& object) {
+    return object.Modul ? object.Modul->NameKey() : object.NameKey();
+}
+
+// Whether two objects have one path. A path begins with the name of its module, so that objects of different modules
+// need no look at the whole, and a name that hundreds of modules share costs no more than any other.
+bool SamePath(const CodeObject& one, const CodeObject& other) {
+    if (&one == &other)
+        return true;
+    if (!one.myLibrary && !other.myLibrary && HeadOf(one) != HeadOf(other))
+        return false;
+    return one.CodePath() == other.CodePath();
+}
+
+}  // namespace
 
 bool clsSpaceName::Add(CodeObject& object) {
     if (!first_ && others_.empty()) {
         first_ = &object;
         return true;
     }
-    const std::string path = object.CodePath();
     for (const CodeObject* there : Objects())
-        if (there == &object || there->CodePath() == path)
+        if (SamePath(*there, object))
             return false;
     if (others_.empty())
         others_.push_back(first_);
@@ -20,8 +40,7 @@ bool clsSpaceName::Add(CodeObject& object) {
 }
 
 void clsSpaceName::Remove(const CodeObject& object) {
-    const std::string path = object.CodePath();
-    const auto isIt = [&](const CodeObject* there) { return there->CodePath() == path; };
+    const auto isIt = [&](const CodeObject* there) { return SamePath(*there, object); };
     if (others_.empty()) {
         if (first_ && isIt(first_))
             first_ = nullptr;

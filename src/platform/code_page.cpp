@@ -187,7 +187,7 @@ std::string CodePage::Tables::ToUtf8(std::string_view text) const {
             break;
         case Kind::DoubleByte:
             toUtf8.Restart();
-            while (toUtf8.Convert(text, utf8) != 0) {
+            while (toUtf8.Convert(text, utf8) != 0 && !text.empty()) {
                 AppendUtf8(utf8, kReplacementCharacter);
                 text.remove_prefix(1);
                 toUtf8.Restart();
@@ -202,7 +202,7 @@ bool CodePage::Tables::FromUtf8(std::string_view utf8, std::string& into) const 
     bool isWhole = true;
     if (kind == Kind::DoubleByte) {
         fromUtf8.Restart();
-        while (fromUtf8.Convert(utf8, into) != 0) {
+        while (fromUtf8.Convert(utf8, into) != 0 && !utf8.empty()) {
             isWhole = false;
             into += '?';
             std::size_t pos = 0;

@@ -10,6 +10,7 @@
 class CodePage {
 public:
     /// "auto": texts that are valid UTF-8 with bytes above 127 are shown as UTF-8, all others as Windows-1252.
+    /// Lower case is always that of Windows-1252, as a single byte does not tell which text it is from.
     CodePage();
     /// `setting` is "auto" or a number such as "1251" or "932"; anything else, or a page that the system
     /// does not know, gives "auto".

@@ -21,7 +21,7 @@
 
 namespace {
 
-constexpr std::size_t kBufferBytes = 256 * 1024;
+constexpr std::size_t kBufferBytes = std::size_t{256} * 1024;
 
 class FileHandle {
 public:
@@ -213,8 +213,9 @@ DiskFiles::Directories::Found DiskFiles::Directories::Resolve(std::string_view p
 template <class Attempt>
 int DiskFiles::Directories::Try(std::string_view path, const Attempt& attempt) {
     ++operation;
-    const int error = attempt(WithSlashes(path));
-    if (error != ENOENT && error != ENOTDIR)
+    const std::string spelled = WithSlashes(path);
+    const int error = attempt(spelled);
+    if ((error != ENOENT && error != ENOTDIR) || spelled.ends_with('/'))
         return error;
     const Found found = Resolve(path);
     return found.missing == 0 ? attempt(found.path) : error;
@@ -286,10 +287,10 @@ FileText DiskFiles::ReadText(std::string_view path) const {
 FileError DiskFiles::WriteWhole(std::string_view path, std::string_view bytes) {
     ++directories_->operation;
     std::string target = directories_->Resolve(path).path;
-    if (target.empty())
-        return FileError::NotFound;
     struct stat old {};
     const bool replaces = stat(target.c_str(), &old) == 0;
+    if (!replaces && (target.empty() || WithSlashes(path).ends_with('/')))
+        return FileError::NotFound;
     if (replaces) {
         if (!S_ISREG(old.st_mode))
             return S_ISDIR(old.st_mode) ? FileError::IsDirectory : FileError::NotWritable;

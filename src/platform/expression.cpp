@@ -149,7 +149,7 @@ private:
                 operands_.push_back(computer_.Apply(op, std::move(right)));
             } else {
                 Value left = std::move(operands_.back());
-                operands_.back() = computer_.Apply(op, std::move(left), std::move(right));
+                operands_.back() = computer_.Apply(op, std::move(left), right);
             }
         }
     }

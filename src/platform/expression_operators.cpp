@@ -39,7 +39,7 @@ Value ExpressionComputer::Apply(Op prefix, Value operand) {
     return Value::Number(prefix == Op::Minus ? -number : number);
 }
 
-Value ExpressionComputer::Apply(Op op, Value left, Value right) {
+Value ExpressionComputer::Apply(Op op, Value left, const Value& right) {
     if (op <= Op::And)
         return Logic(op, left, right);
     if (op <= Op::GreaterOrEqual)

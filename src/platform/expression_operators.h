@@ -73,7 +73,7 @@ public:
     }
 
     [[nodiscard]] ExpressionValue Apply(ExpressionOperator prefix, ExpressionValue operand);
-    [[nodiscard]] ExpressionValue Apply(ExpressionOperator op, ExpressionValue left, ExpressionValue right);
+    [[nodiscard]] ExpressionValue Apply(ExpressionOperator op, ExpressionValue left, const ExpressionValue& right);
 
 private:
     double NumberOf(const ExpressionValue& value);

@@ -21,8 +21,13 @@ std::string_view Describe(FileError error) {
 }
 
 namespace {
+/// Ends in "/" when the path does: no file has such a key.
 std::string KeyOf(std::string_view path) {
-    return NameKey(JoinPath(WithoutParents(SplitPath(WithSlashes(path)))));
+    const std::string spelled = WithSlashes(path);
+    std::string key = NameKey(JoinPath(WithoutParents(SplitPath(spelled))));
+    if (spelled.ends_with('/') && !key.ends_with('/'))
+        key += '/';
+    return key;
 }
 }  // namespace
 
@@ -52,10 +57,10 @@ FileTime MemoryFiles::DateLastModified(std::string_view path) const {
 }
 
 FileError MemoryFiles::WriteWhole(std::string_view path, std::string_view bytes) {
-    if (WithSlashes(path).empty())
-        return FileError::NotFound;
     if (IsDirectory(path))
         return FileError::IsDirectory;
+    if (const std::string spelled = WithSlashes(path); spelled.empty() || spelled.ends_with('/'))
+        return FileError::NotFound;
     Entry& entry = files_[KeyOf(path)];
     if (entry.path.empty())
         entry.path = WithSlashes(path);
@@ -88,7 +93,9 @@ std::string MemoryFiles::Bytes(std::string_view path) const {
 }
 
 bool MemoryFiles::IsDirectory(std::string_view path) const {
-    const std::string inside = KeyOf(path) + '/';
+    std::string inside = KeyOf(path);
+    if (!inside.ends_with('/'))
+        inside += '/';
     const auto next = files_.lower_bound(inside);
     return next != files_.end() && next->first.starts_with(inside);
 }

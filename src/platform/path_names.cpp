@@ -72,11 +72,9 @@ PathParts SplitDoubleBytePath(std::string_view path) {
 PathParts WithoutParents(const PathParts& parts) {
     PathParts plain{parts.isAbsolute, {}};
     for (const std::string& name : parts.names) {
-        if (name != "..")
-            plain.names.push_back(name);
-        else if (!plain.names.empty() && plain.names.back() != "..")
+        if (name == ".." && !plain.names.empty() && plain.names.back() != "..")
             plain.names.pop_back();
-        else if (!plain.isAbsolute)
+        else if (name != ".." || !plain.isAbsolute)
             plain.names.push_back(name);
     }
     return plain;

@@ -14,6 +14,7 @@
 #include "source/module_text.h"
 #include "source/statement.h"
 #include "source/words.h"
+#include "structure/char_map.h"
 #include "structure/module_reader.h"
 #include "structure/sections.h"
 #include "structure/tokens.h"
@@ -71,7 +72,7 @@ void AddFormVariable(clsProjekt& projekt, clsModul& form) {
     clsVariable& variable = projekt.Own(std::make_unique<clsVariable>());
     variable.Modul = &form;
     variable.isFormInstance = true;
-    variable.SetName(form.NameOrgKey());
+    variable.SetNameOf(form);
     variable.Zugriff = kPublic;
     variable.type = form.NameKey();
     projekt.FormVars.AddUnlessPresent(variable.NameKey(), &variable);
@@ -126,6 +127,7 @@ void Modul_Aufbau_Lesen(clsProjekt& projekt, clsModul& modul) {
     Strings_Initialisieren(text);
     CondCompile_Initialisieren(text, lines, gCondComps, std::string(modul.ModulTyp) + " " + std::string(modul.myNameOrg()));
     modul.tokens = MakeOwned<TokenTable>(Analyse_Parsen(text));
+    text.SetMapSource(MakeCharMapAgain);
     ModuleReader reader(projekt, modul);
     Analyse_GetBeginnProcBereich(reader);
     Analyse_GetBeginnVarBereich(reader);

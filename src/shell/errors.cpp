@@ -11,6 +11,7 @@ ErrorPort& Port() {
 }
 
 std::string_view currentSubject;
+int muted = 0;
 
 constexpr std::size_t kMostProblems = 10000;
 
@@ -36,8 +37,16 @@ ErrorPort SetErrorPort(ErrorPort port) {
 
 void ShowError(std::string_view tag, int number, std::string_view description) {
     NoteProblem(tag, description);
-    if (Port())
+    if (Port() && muted == 0)
         Port()({number, std::string(description), std::string(tag), std::string(currentSubject)});
+}
+
+MutedErrors::MutedErrors() {
+    ++muted;
+}
+
+MutedErrors::~MutedErrors() {
+    --muted;
 }
 
 ErrorSubject::ErrorSubject(std::string_view name) : before_(std::exchange(currentSubject, name)) {}
@@ -48,7 +57,7 @@ ErrorSubject::~ErrorSubject() {
 
 void NoteProblem(std::string_view tag, std::string_view text) {
     ProblemList& list = TheProblems();
-    if (list.problems.size() >= kMostProblems)
+    if (muted > 0 || list.problems.size() >= kMostProblems)
         return;
     Problem problem{std::string(tag), std::string(text), std::string(currentSubject)};
     if (list.seen.insert(problem.tag + '\n' + problem.text + '\n' + problem.subject).second)

@@ -55,6 +55,15 @@ bool Attempt(std::string_view tag, Statement&& statement) {
     }
 }
 
+/// While it lives, nothing is reported or noted: for doing again what told its failures the first time.
+class MutedErrors {
+public:
+    MutedErrors();
+    ~MutedErrors();
+    MutedErrors(const MutedErrors&) = delete;
+    MutedErrors& operator=(const MutedErrors&) = delete;
+};
+
 /// Names the file that is being worked on for as long as it lives. `name` must outlive it.
 class ErrorSubject {
 public:

@@ -1,5 +1,7 @@
 #include "shell/vb_text.h"
 
+#include <cstring>
+
 void ThrowInvalidCall() {
     throw VbError{5, "Invalid procedure call or argument"};
 }
@@ -20,6 +22,17 @@ Pos InStrRev(std::string_view text, std::string_view find, Pos start) {
         start = Len(text);
     if (start < 1 || Len(find) > start)
         return 0;
+    if (find == vbCrLf && start <= Len(text)) {
+        // Asked for at every turn; memrchr looks at many characters at a time.
+        for (const char* end = text.data() + start;;) {
+            const void* hit = memrchr(text.data(), '\n', static_cast<std::size_t>(end - text.data()));
+            if (!hit)
+                return 0;
+            end = static_cast<const char*>(hit);
+            if (end > text.data() && end[-1] == '\r')
+                return static_cast<Pos>(end - text.data());
+        }
+    }
     const auto found = text.rfind(find, static_cast<std::size_t>(start) - find.size());
     return found == std::string_view::npos ? 0 : static_cast<Pos>(found) + 1;
 }

@@ -276,7 +276,7 @@ void CondCompile_Initialisieren(ModuleText& text, const LineScan& lines, const s
     }
     CondCompile_Add_Attributes(text, lines, ranges);
     for (const Range& range : ranges)
-        text.Mark(range.start, range.ende, NotCompile);
+        text.Hide(range.start, range.ende);
 }
 
 void CondCompile_Initialisieren(ModuleText& text, const std::vector<CondConstant>& condComps,

@@ -1,21 +1,20 @@
 #include "source/module_text.h"
 
-#include <cstring>
-
 #include "platform/code_page.h"
 #include "shell/errors.h"
 
 ModuleText::ModuleText(std::string text) : original_(std::move(text)) {}
 
 void ModuleText::BuildLower() const {
-    lower_.resize(original_.size());
-    ActiveCodePage().LowerCase(original_, lower_.data());
+    lower_ = std::make_unique_for_overwrite<char[]>(original_.size() + 1);
+    ActiveCodePage().LowerCase(original_, lower_.get());
+    lower_[original_.size()] = '\0';
 }
 
 void ModuleText::ReleaseModulText() {
-    std::string().swap(lower_);
-    if (!map_.empty())
-        Fold();
+    lower_.reset();
+    if (mapSource_)
+        std::vector<std::uint8_t>().swap(map_);
 }
 
 void ModuleText::Mark(Pos first, Pos last, CharFlag flag) {
@@ -26,39 +25,22 @@ void ModuleText::Mark(Pos first, Pos last, CharFlag flag) {
         map[pos] |= flag;
 }
 
-// The map is one byte a character while a module is being read and a short list of runs afterwards.
-void ModuleText::Fold() {
-    runs_.clear();
-    const std::uint8_t* map = map_.data();
-    const Pos count = CharCount();
-    Pos pos = 0;
-    while (pos <= count) {
-        const std::uint8_t flags = map[pos];
-        const std::uint64_t eight = flags * 0x0101010101010101U;
-        Pos end = pos + 1;
-        for (std::uint64_t next; end + 7 <= count; end += 8) {
-            std::memcpy(&next, map + end, sizeof next);
-            if (next != eight)
-                break;
-        }
-        while (end <= count && map[end] == flags)
-            ++end;
-        runs_.push_back({end - 1, flags});
-        pos = end;
-    }
-    runs_.shrink_to_fit();
-    std::vector<std::uint8_t>().swap(map_);
+void ModuleText::Hide(Pos first, Pos last) {
+    hidden_.emplace_back(first, last);
+    Mark(first, last, NotCompile);
 }
 
-void ModuleText::Unfold() const {
+void ModuleText::HideAgain() {
+    for (const auto& [first, last] : hidden_)
+        Mark(first, last, NotCompile);
+}
+
+void ModuleText::BuildMap() const {
     map_.assign(original_.size() + 1, 0);
-    std::size_t from = 0;
-    for (const Run& run : runs_) {
-        const auto next = static_cast<std::size_t>(run.end) + 1;
-        if (run.flags)
-            std::memset(map_.data() + from, run.flags, next - from);
-        from = next;
-    }
+    if (!mapSource_)
+        return;
+    const MutedErrors again;
+    mapSource_(const_cast<ModuleText&>(*this));
 }
 
 Pos ModuleText::LineEnd(std::string_view text, Pos pos) {

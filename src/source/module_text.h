@@ -6,8 +6,10 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "shell/vb_text.h"
@@ -29,12 +31,16 @@ public:
     /// In lower case, of the same length. Built when it is first asked for; the view lasts until
     /// ReleaseModulText.
     [[nodiscard]] std::string_view ModulText() const {
-        if (lower_.size() != original_.size())
+        if (!lower_)
             BuildLower();
-        return lower_;
+        return {lower_.get(), original_.size()};
     }
-    /// Frees the lower-case text and folds the map; both come back when they are asked for again.
+    /// Frees the lower-case text, and the map if there is a source to make it anew; both come back when they are
+    /// asked for again.
     void ReleaseModulText();
+    /// What fills a blank map in as it was when the module was read.
+    using MapSource = void (*)(ModuleText& text);
+    void SetMapSource(MapSource source) { mapSource_ = source; }
 
     [[nodiscard]] Pos CharCount() const { return Len(original_); }
 
@@ -50,6 +56,10 @@ public:
     }
     /// Sets `flag` from `first` through `last`; what lies outside the text is left out.
     void Mark(Pos first, Pos last, CharFlag flag);
+    /// Marks a stretch as left out by the compiler, and remembers it for the map's source.
+    void Hide(Pos first, Pos last);
+    /// Marks all stretches hidden so far.
+    void HideAgain();
     /// The whole map, entry 0 unused. For passes over every character.
     [[nodiscard]] std::uint8_t* MapForPass() { return const_cast<std::uint8_t*>(Map()); }
 
@@ -77,26 +87,21 @@ public:
     }
 
 private:
-    struct Run {
-        Pos end;  // last position of the run
-        std::uint8_t flags;
-    };
-
     void BuildLower() const;
     [[nodiscard]] const std::uint8_t* Map() const {
         if (map_.empty()) [[unlikely]]
-            Unfold();
+            BuildMap();
         return map_.data();
     }
-    void Fold();
-    void Unfold() const;
+    void BuildMap() const;
     [[nodiscard]] static Pos LineEnd(std::string_view text, Pos pos);
     [[nodiscard]] Pos LineBegin(std::string_view text, Pos pos, bool safe) const;
     bool Line(std::string_view from, std::string_view tag, bool safe, Pos pos, Pos& start, Pos& length,
               std::string_view& text) const;
 
     std::string original_;
-    mutable std::string lower_;
+    mutable std::unique_ptr<char[]> lower_;  // ends with a NUL
     mutable std::vector<std::uint8_t> map_;
-    std::vector<Run> runs_;  // the map in short, while it is folded
+    std::vector<std::pair<Pos, Pos>> hidden_;
+    MapSource mapSource_ = nullptr;
 };

@@ -35,26 +35,40 @@ constexpr std::array<Kind, 256> MakeKinds() {
 constexpr std::array<Kind, 256> kKinds = MakeKinds();
 constexpr std::uint8_t kHidden = IsComment | NotCompile;
 
+// The state of the pass lives in one object that no call ever sees from outside, so that it stays in registers.
+#define ALWAYS_INLINE [[gnu::always_inline]] inline
+
+// Eight bytes at once, for runs of one kind.
+ALWAYS_INLINE std::uint64_t Eight(const std::uint8_t* at) {
+    std::uint64_t eight;
+    std::memcpy(&eight, at, sizeof eight);
+    return eight;
+}
+
+constexpr std::uint64_t Repeat(std::uint64_t byte) { return byte * 0x0101010101010101U; }
+
 constexpr bool IsDigit(int c) { return c >= '0' && c <= '9'; }
 
 class Tokeniser {
 public:
-    explicit Tokeniser(ModuleText& text)
+    ALWAYS_INLINE explicit Tokeniser(ModuleText& text)
         : text_(reinterpret_cast<const unsigned char*>(text.ModulText().data()) - 1),
           count_(text.CharCount()),
           map_(text.MapForPass()) {
         // No character ends more than one token.
         const auto size = static_cast<std::size_t>(count_) + 32;
-        if (scratch_.size() < size)
-            scratch_.resize(size);
-        if (stops_.size() < size)
-            stops_.resize(size);
-        scratch_[0] = {0, 1};
-        next_ = scratch_.data() + 1;
+        if (scratch.size() < size)
+            scratch.resize(size);
+        if (stopsScratch.size() < size)
+            stopsScratch.resize(size);
+        stops_ = stopsScratch.data();
+        first_ = scratch.data();
+        *first_ = {0, 1};
+        next_ = first_ + 1;
         FindStops();
     }
 
-    TokenTable Run() {
+    ALWAYS_INLINE TokenTable Run() {
         for (Pos i = 1; i <= count_; ++i) {
             p2_ = p1_;
             p1_ = c_;
@@ -77,24 +91,24 @@ public:
             }
             i = Step(i, kind);
         }
-        return TokenTable({scratch_.data(), static_cast<std::size_t>(next_ - scratch_.data())});
+        return TokenTable({first_, static_cast<std::size_t>(next_ - first_)});
     }
 
 private:
     // The character at a position, or -1 behind the text.
-    [[nodiscard]] int At(Pos pos) const { return pos <= count_ ? text_[pos] : -1; }
+    [[nodiscard]] ALWAYS_INLINE int At(Pos pos) const { return pos <= count_ ? text_[pos] : -1; }
 
     // Marks every position that is no plain part of a word: special characters, a "_" behind a blank, hidden ones.
     // Works on single characters and, sixteen at a time, on vectors of them.
     template <class Characters>
-    static Characters Stops(Characters c, Characters before, Characters flags) {
+    ALWAYS_INLINE static Characters Stops(Characters c, Characters before, Characters flags) {
         // The first term takes all of: blank ! " # $ % & ' ( ) * + , - . /
         const auto special = ((c & 0xF0) == 0x20) | (c == ':') | (c == '=') | (c == '@') | (c == '\r') | (c == '\n') |
                              ((c == '_') & (before == ' '));
         return static_cast<Characters>((Characters)special | (flags & kHidden));
     }
 
-    void FindStops() {
+    ALWAYS_INLINE void FindStops() {
         using Sixteen [[gnu::vector_size(16)]] = unsigned char;
         Sixteen characters, before, flags;
         Pos i = 2;
@@ -103,32 +117,34 @@ private:
             std::memcpy(&before, text_ + i - 1, sizeof before);
             std::memcpy(&flags, map_ + i, sizeof flags);
             const Sixteen stops = Stops(characters, before, flags);
-            std::memcpy(stops_.data() + i, &stops, sizeof stops);
+            std::memcpy(stops_ + i, &stops, sizeof stops);
         }
         for (; i <= count_; ++i)
-            stops_[static_cast<std::size_t>(i)] =
+            stops_[i] =
                 static_cast<std::uint8_t>(Stops<unsigned>(text_[i], text_[i - 1], map_[i]));
-        std::memset(stops_.data() + count_ + 1, 1, 8);
+        std::memset(stops_ + count_ + 1, 1, 8);
     }
 
     // First stop at or behind `i`.
-    [[nodiscard]] Pos NextStop(Pos i) const {
+    [[nodiscard]] ALWAYS_INLINE Pos NextStop(Pos i) const {
         if constexpr (std::endian::native == std::endian::little) {
             for (;; i += 8) {
-                std::uint64_t eight;
-                std::memcpy(&eight, stops_.data() + i, sizeof eight);
-                if (eight != 0)
+                if (const std::uint64_t eight = Eight(stops_ + i); eight != 0)
                     return i + std::countr_zero(eight) / 8;
             }
         }
-        while (stops_[static_cast<std::size_t>(i)] == 0)
+        while (stops_[i] == 0)
             ++i;
         return i;
     }
 
     // Last position of the hidden stretch that begins at `i`. Only the two characters before move on there.
-    Pos SkipHidden(Pos i) {
+    ALWAYS_INLINE Pos SkipHidden(Pos i) {
         const Pos first = i;
+        // A comment or a block left out is one flag over and over.
+        const std::uint64_t same = Repeat(map_[i]);
+        while (i + 8 <= count_ && Eight(map_ + i + 1) == same)
+            i += 8;
         while (i < count_ && (map_[i + 1] & kHidden))
             ++i;
         if (i > first)
@@ -136,27 +152,27 @@ private:
         return i;
     }
 
-    void Emit(Pos i) {
+    ALWAYS_INLINE void Emit(Pos i) {
         if (i <= tokStart_)
             return;
         *next_++ = {tokStart_, static_cast<std::uint32_t>(i - tokStart_) << 1 | (tokensInStatement_ ? 0U : 1U)};
         tokensInStatement_ = true;
     }
-    void EmitPending(Pos i) {
+    ALWAYS_INLINE void EmitPending(Pos i) {
         if (pending_)
             Emit(i);
     }
-    void StartAt(Pos i) {
+    ALWAYS_INLINE void StartAt(Pos i) {
         tokStart_ = i;
         pending_ = true;
     }
-    [[nodiscard]] bool PendingIsRem(Pos i) const {
+    [[nodiscard]] ALWAYS_INLINE bool PendingIsRem(Pos i) const {
         return i - tokStart_ == 3 && text_[tokStart_] == 'r' && text_[tokStart_ + 1] == 'e' &&
                text_[tokStart_ + 2] == 'm';
     }
 
     // A word in code from its first plain character on, and the blanks behind it; returns the last position taken.
-    Pos Word(Pos i) {
+    ALWAYS_INLINE Pos Word(Pos i) {
         if (pending_ && Flushes()) {
             Emit(i);
             pending_ = false;
@@ -177,7 +193,9 @@ private:
         return SkipBlanks(stop);
     }
 
-    Pos SkipBlanks(Pos i) {
+    ALWAYS_INLINE Pos SkipBlanks(Pos i) {
+        while (i + 8 <= count_ && Eight(text_ + i + 1) == Repeat(' ') && (Eight(map_ + i + 1) & Repeat(kHidden)) == 0)
+            i += 8;
         while (i < count_ && text_[i + 1] == ' ' && !(map_[i + 1] & kHidden))
             ++i;
         p1_ = text_[i - 1];
@@ -186,7 +204,7 @@ private:
     }
 
     // CR LF at the end of a statement, and the indentation of the next line.
-    Pos LineEnd(Pos i) {
+    ALWAYS_INLINE Pos LineEnd(Pos i) {
         EmitPending(i);
         pending_ = false;
         tokensInStatement_ = false;
@@ -196,7 +214,7 @@ private:
     }
 
     // The general step for one character.
-    Pos Step(Pos i, Kind kind) {
+    ALWAYS_INLINE Pos Step(Pos i, Kind kind) {
         bool endOfStatement = false;
         if (c_ == '\r')
             endOfStatement = !(p1_ == '_' && p2_ == ' ');
@@ -221,7 +239,7 @@ private:
         return i;
     }
 
-    Pos Scan(Pos i, Kind kind, bool endOfStatement) {
+    ALWAYS_INLINE Pos Scan(Pos i, Kind kind, bool endOfStatement) {
         const bool inText = inComment_ || inString_;
         switch (kind) {
             case Kind::Sign:
@@ -283,7 +301,7 @@ private:
         return i;
     }
 
-    Pos Quote(Pos i) {
+    ALWAYS_INLINE Pos Quote(Pos i) {
         if (inComment_) {
             pending_ = true;
         } else if (!inString_) {
@@ -305,7 +323,7 @@ private:
 
     // The inside of a literal up to the character before its closing quote or line end, as far as it is known
     // for one already.
-    Pos SkipLiteral(Pos i) {
+    ALWAYS_INLINE Pos SkipLiteral(Pos i) {
         const Pos first = i;
         while (i < count_ && text_[i + 1] != '"' && text_[i + 1] != '\r' && text_[i + 1] != '\n' &&
                map_[i + 1] == IsString)
@@ -319,7 +337,7 @@ private:
         return i;
     }
 
-    Pos Blank(Pos i, bool inText) {
+    ALWAYS_INLINE Pos Blank(Pos i, bool inText) {
         if (inText) {
             pending_ = true;
             return i;
@@ -337,7 +355,7 @@ private:
         return i;
     }
 
-    void Other(Pos i, bool endOfStatement, bool inText) {
+    ALWAYS_INLINE void Other(Pos i, bool endOfStatement, bool inText) {
         if (endOfStatement) {
             EmitPending(i);
             pending_ = false;
@@ -352,7 +370,7 @@ private:
     }
 
     // Whether the character before makes the pending text a token before a plain character is appended.
-    [[nodiscard]] bool Flushes() const {
+    [[nodiscard]] ALWAYS_INLINE bool Flushes() const {
         switch (p1_) {
             case '-': case '(': case ')': case ' ': case '=': case '#':
                 return true;
@@ -364,12 +382,14 @@ private:
     }
 
     // Working arrays serve one module after the other.
-    static inline std::vector<TokenTable::Packed> scratch_;
-    static inline std::vector<std::uint8_t> stops_;
+    static inline std::vector<TokenTable::Packed> scratch;
+    static inline std::vector<std::uint8_t> stopsScratch;
 
     const unsigned char* text_;  // text_[1] is the first character
     Pos count_;
     std::uint8_t* map_;
+    std::uint8_t* stops_ = nullptr;
+    TokenTable::Packed* first_ = nullptr;
     TokenTable::Packed* next_ = nullptr;
     // The character at hand and the two before it; NUL before the first.
     unsigned char c_ = 0;

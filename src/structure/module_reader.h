@@ -39,8 +39,10 @@ public:
 
     /// Text of a token in lower case; empty where there is no such token.
     [[nodiscard]] std::string_view Word(int tokNr) const { return tokens.Text(lower, tokNr); }
-    /// The same as the source spells it, as a name.
-    [[nodiscard]] Name NameAt(int tokNr) const { return Name(tokens.Text(original, tokNr)); }
+    /// Names `object` as the source spells it at a token.
+    void NameIt(CodeObject& object, int tokNr) const {
+        object.SetName(Name(Word(tokNr)), tokens.Text(original, tokNr).data());
+    }
     [[nodiscard]] bool Exists(int tokNr) const { return tokNr >= 1 && tokNr <= tokens.Count(); }
 };
 

@@ -14,7 +14,7 @@ void Analyse_ReadDeclare(ModuleReader& reader, int& tokNr) {
     prozedur.DeclareStart = tokens.PosOf(tokNr);
     prozedur.Zugriff = first == kPrivate ? kPrivate : kPublic;
     prozedur.kind = ProzedurTyp_AusWort(reader.Word(nameNr - 1));
-    prozedur.SetName(reader.NameAt(nameNr));
+    reader.NameIt(prozedur, nameNr);
     prozedur.NamePos = tokens.PosOf(nameNr);
 
     const int last = tokens.LastOfStatement(nameNr);

@@ -43,7 +43,7 @@ private:
         proc_->DeclareStart = tokens_.PosOf(tokNr_);
         proc_->DeclareStartTNr = tokNr_;
         proc_->Zugriff = first == kPrivate ? kPrivate : kPublic;
-        proc_->SetName(reader_.NameAt(nameNr_));
+        reader_.NameIt(*proc_, nameNr_);
         proc_->NamePos = tokens_.PosOf(nameNr_);
         isEvent_ = kind_ == "event";
         proc_->IsEvent = isEvent_;
@@ -131,7 +131,11 @@ private:
 
     void ReadBody(int nr) {
         const int last = tokens_.Count();
+        // The words looked for have 3, 5, 6 or 8 characters, and most tokens have not.
+        constexpr unsigned kLengths = 1U << 3 | 1U << 5 | 1U << 6 | 1U << 8;
         for (; nr <= last; ++nr) {
+            if (const Pos length = tokens_.LenOf(nr); length > 8 || (kLengths >> length & 1) == 0)
+                continue;
             const std::string_view word = Word(nr);
             if (word.size() == kind_.size() && word == kind_ && Is(Word(nr - 1), "end"))
                 break;
@@ -209,7 +213,7 @@ private:
         variable.Modul = &reader_.modul;
         variable.Prozedur = proc_;
         variable.Zugriff = zugriff;
-        variable.SetName(reader_.NameAt(nameNr));
+        reader_.NameIt(variable, nameNr);
         variable.DeclareStart = tokens_.PosOf(nameNr);
         return variable;
     }

@@ -22,7 +22,7 @@ Block& NewBlock(ModuleReader& reader, const BlockHead& head, int tokNr) {
     Block& block = reader.modul.Own(std::make_unique<Block>());
     block.Modul = &reader.modul;
     block.Zugriff = head.zugriff;
-    block.SetName(reader.NameAt(head.nameNr));
+    reader.NameIt(block, head.nameNr);
     block.NamePos = reader.tokens.PosOf(head.nameNr);
     block.DeclareStart = reader.tokens.PosOf(tokNr);
     return block;
@@ -33,7 +33,7 @@ clsVariable& NewMember(ModuleReader& reader, Block& owner, int nameNr, std::stri
     clsVariable& member = owner.Own(std::make_unique<clsVariable>());
     member.Modul = &reader.modul;
     member.Zugriff = zugriff;
-    member.SetName(reader.NameAt(nameNr));
+    reader.NameIt(member, nameNr);
     member.DeclareStart = reader.tokens.PosOf(nameNr);
     return member;
 }

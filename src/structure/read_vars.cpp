@@ -26,7 +26,7 @@ clsVariable& NewVariable(ModuleReader& reader, int nameNr, std::string_view zugr
     clsVariable& variable = reader.modul.Own(std::make_unique<clsVariable>());
     variable.Modul = &reader.modul;
     variable.Zugriff = zugriff;
-    variable.SetName(reader.NameAt(nameNr));
+    reader.NameIt(variable, nameNr);
     variable.DeclareStart = reader.tokens.PosOf(nameNr);
     variable.DeclareEnd = reader.tokens.EndOf(nameNr);
     return variable;
