@@ -12,6 +12,7 @@
 
 #include "platform/ascii.h"
 #include "platform/unicode.h"
+#include "platform/vector_code.h"
 
 namespace {
 
@@ -240,6 +241,37 @@ CodePage::CodePage(std::string_view setting) : tables_(Tables::Of(setting)) {
     isLead_ = tables_->isLead;
 }
 
+namespace {
+
+WIDE_VECTORS void LowerByTable(std::string_view text, const std::array<unsigned char, 256>& table, char* into) {
+    // Sources are ASCII nearly everywhere: characters without a high bit are changed many at a time.
+    using Many [[gnu::vector_size(32)]] = signed char;
+    const char* at = text.data();
+    const char* const end = at + text.size();
+    const auto byTable = [&](const char* upTo) {
+        for (; at != upTo; ++at)
+            *into++ = static_cast<char>(table[static_cast<unsigned char>(*at)]);
+    };
+    while (static_cast<std::size_t>(end - at) >= sizeof(Many)) {
+        Many characters;
+        std::memcpy(&characters, at, sizeof characters);
+        const Many negative = characters < 0;
+        std::uint64_t parts[4];
+        std::memcpy(parts, &negative, sizeof parts);
+        if ((parts[0] | parts[1] | parts[2] | parts[3]) != 0) {
+            byTable(at + sizeof(Many));
+            continue;
+        }
+        characters += (characters >= 'A') & (characters <= 'Z') & ('a' - 'A');
+        std::memcpy(into, &characters, sizeof characters);
+        at += sizeof(Many);
+        into += sizeof(Many);
+    }
+    byTable(end);
+}
+
+}  // namespace
+
 std::string CodePage::LowerCase(std::string_view text) const {
     std::string lower(text);
     LowerCase(lower, lower.data());
@@ -247,30 +279,7 @@ std::string CodePage::LowerCase(std::string_view text) const {
 }
 
 void CodePage::LowerCase(std::string_view text, char* into) const {
-    // Sources are ASCII nearly everywhere: a block without high bytes goes through vector code, made by the
-    // compiler from loops of fixed length without branches.
-    constexpr std::size_t kBlock = 64;
-    const char* at = text.data();
-    const char* const end = at + text.size();
-    for (; static_cast<std::size_t>(end - at) >= kBlock; at += kBlock, into += kBlock) {
-        unsigned char block[kBlock];
-        std::memcpy(block, at, kBlock);
-        unsigned char high = 0;
-        for (std::size_t i = 0; i < kBlock; ++i)
-            high |= block[i];
-        if (high < 0x80) {
-            for (std::size_t i = 0; i < kBlock; ++i) {
-                const unsigned char isCapital = static_cast<unsigned char>(block[i] - 'A') < 26;
-                block[i] = static_cast<unsigned char>(block[i] + (isCapital << 5));
-            }
-        } else {
-            for (std::size_t i = 0; i < kBlock; ++i)
-                block[i] = lower_[block[i]];
-        }
-        std::memcpy(into, block, kBlock);
-    }
-    for (; at != end; ++at)
-        *into++ = static_cast<char>(lower_[static_cast<unsigned char>(*at)]);
+    LowerByTable(text, lower_, into);
 }
 
 std::string CodePage::ToUtf8(std::string_view bytes) const {

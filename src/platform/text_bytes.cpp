@@ -7,13 +7,14 @@
 
 #include "platform/code_page.h"
 #include "platform/unicode.h"
+#include "platform/vector_code.h"
 
 namespace {
 
 // The loops over whole texts have no early exit and no branch, so that the compiler turns them into vector code.
 
 /// True when each CR stands before a LF and each LF behind a CR.
-bool HasOnlyCrLf(std::string_view text) {
+WIDE_VECTORS bool HasOnlyCrLf(std::string_view text) {
     if (text.empty())
         return true;
     if (text.front() == '\n' || text.back() == '\r')

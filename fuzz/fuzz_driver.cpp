@@ -1,0 +1,381 @@
+// Runs a harness without libFuzzer, the same inputs on every machine:
+//
+//     module_fuzz CORPUS_DIRECTORY [--runs N] [--seed S]
+//     module_fuzz FILE ...                                 (to look into a failure)
+//
+// It feeds each file of the corpus, then prefixes of each (every one of small files), then N mutations. Words for
+// these come from dictionary_NAME.txt beside the corpus directory NAME, one a line, when there is such a file.
+// An input that ends the program, or takes a minute, is kept as crash-HASH in the current directory.
+
+#include "fuzz_driver.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <csignal>
+#include <cstring>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <memory>
+#include <optional>
+#include <random>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// Of the sanitizers' run time; null without them.
+extern "C" [[gnu::weak]] void __sanitizer_set_death_callback(
+    void (*callback)());  // NOLINT(bugprone-reserved-identifier)
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kSmallFile = 2048;
+constexpr std::size_t kPrefixesOfOthers = 64;
+constexpr std::size_t kMaxInput = std::size_t{1} << 18;
+constexpr unsigned kSecondsAnInput = 60;
+
+// ---- One input, kept when it brings the program down
+
+std::string_view currentInput;
+
+/// Only calls what a signal handler may call.
+void KeepInput() {
+    std::uint64_t hash = 14695981039346656037U;
+    for (const char c : currentInput)
+        hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211U;
+    std::array<char, 23> name{"crash-0000000000000000"};
+    for (std::size_t i = 21; i >= 6; --i, hash >>= 4)
+        name[i] = "0123456789abcdef"[hash & 15];
+    const int file = open(name.data(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
+    for (const std::string_view part :
+         {std::string_view("The input is kept as "), std::string_view(name.data()), std::string_view("\n")})
+        (void)!write(STDERR_FILENO, part.data(), part.size());
+    (void)!write(file, currentInput.data(), currentInput.size());
+    close(file);
+}
+
+void OnSignal(int number) {
+    if (number == SIGALRM) {
+        constexpr std::string_view kText = "One input took a minute.\n";
+        (void)!write(STDERR_FILENO, kText.data(), kText.size());
+    }
+    KeepInput();
+    std::signal(number, SIG_DFL);
+    std::raise(number);
+}
+
+void CatchFailures() {
+    std::signal(SIGABRT, OnSignal);
+    std::signal(SIGALRM, OnSignal);
+    if (__sanitizer_set_death_callback) {
+        __sanitizer_set_death_callback(KeepInput);
+    } else {
+        for (const int number : {SIGSEGV, SIGBUS, SIGFPE, SIGILL})
+            std::signal(number, OnSignal);
+    }
+}
+
+void RunInput(std::string_view input) {
+    // A block of its own, of the very size, so that a sanitizer sees each byte read beyond it.
+    const auto data = std::make_unique<std::uint8_t[]>(input.size());
+    std::copy(input.begin(), input.end(), data.get());
+    currentInput = input;
+    alarm(kSecondsAnInput);
+    LLVMFuzzerTestOneInput(data.get(), input.size());
+    alarm(0);
+}
+
+// ---- Corpus and dictionary
+
+std::string Read(const fs::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
+    return bytes.str();
+}
+
+std::vector<std::string> ReadCorpus(const fs::path& directory) {
+    std::vector<fs::path> paths;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(directory))
+        if (entry.is_regular_file())
+            paths.push_back(entry.path());
+    std::sort(paths.begin(), paths.end());
+    std::vector<std::string> corpus;
+    corpus.reserve(paths.size());
+    for (const fs::path& path : paths)
+        corpus.push_back(Read(path));
+    return corpus;
+}
+
+std::vector<std::string> ReadDictionary(const fs::path& corpusDirectory) {
+    const fs::path directory = fs::absolute(corpusDirectory / "").parent_path();
+    const std::string own = Read(directory.parent_path() / ("dictionary_" + directory.filename().string() + ".txt"));
+    std::istringstream lines(own);
+    std::vector<std::string> words;
+    for (std::string line; std::getline(lines, line);)
+        if (!line.empty())
+            words.push_back(line);
+    if (!words.empty())
+        return words;
+    using std::string_literals::operator""s;
+    return {"\r\n",
+            "\n",
+            "\r",
+            " _\r\n",
+            "\"",
+            "\"\"",
+            "'",
+            "Rem ",
+            ":",
+            "(",
+            ")",
+            ",",
+            ";",
+            "=",
+            "[",
+            "]",
+            "{",
+            "}",
+            ".",
+            "!",
+            "#",
+            "&",
+            "\\",
+            "..\\",
+            "|",
+            "\t",
+            "\0"s,
+            "\xFF",
+            "\xFF\xFE",
+            "\xFE\xFF",
+            "\xEF\xBB\xBF",
+            "\xE4",
+            "0",
+            "1",
+            "-1",
+            "255",
+            "32768",
+            "65536",
+            "2147483647",
+            "2147483648",
+            "-2147483649",
+            "4294967296",
+            "99999999999999999999",
+            "1e999",
+            "&HFFFF",
+            "&O7&",
+            " And ",
+            " Or ",
+            " Not ",
+            " = ",
+            "#If ",
+            " Then",
+            "#Else",
+            "#End If",
+            "#Const ",
+            "Public ",
+            "Private ",
+            "Sub ",
+            "End Sub",
+            "Function ",
+            "Property Get ",
+            "Dim ",
+            " As ",
+            "New ",
+            "Type ",
+            "Enum ",
+            "Const ",
+            "Declare ",
+            "Begin ",
+            "End",
+            "Attribute ",
+            "With ",
+            "Me",
+            "Module=",
+            "Class=",
+            "Form=",
+            "Reference=",
+            "Object="};
+}
+
+// ---- Mutations
+
+class Mutator {
+public:
+    Mutator(const std::vector<std::string>& corpus, const std::vector<std::string>& dictionary, std::uint64_t seed)
+        : corpus_(corpus), dictionary_(dictionary), random_(seed) {}
+
+    std::string Next() {
+        std::string input = AnyOf(corpus_);
+        for (std::size_t count = 1 + Below(Below(2) ? 3 : 12); count > 0; --count)
+            Mutate(input);
+        if (input.size() > kMaxInput)
+            input.resize(kMaxInput);
+        return input;
+    }
+
+private:
+    /// From 0 to `count` - 1. The generator is the standard's own, which gives the same numbers everywhere;
+    /// its distributions do not.
+    std::size_t Below(std::size_t count) { return count == 0 ? 0 : static_cast<std::size_t>(random_() % count); }
+    const std::string& AnyOf(const std::vector<std::string>& texts) { return texts[Below(texts.size())]; }
+
+    struct Range {
+        std::size_t begin = 0;
+        std::size_t length = 0;
+    };
+    /// Mostly short, at times anything.
+    Range AnyBlock(const std::string& text) {
+        const std::size_t begin = Below(text.size() + 1);
+        const std::size_t rest = text.size() - begin;
+        return {begin, Below(std::min(rest, Below(4) ? std::size_t{32} : rest) + 1)};
+    }
+    Range AnyLine(const std::string& text) {
+        const std::size_t at = Below(text.size());
+        const std::size_t before = at == 0 ? std::string::npos : text.rfind('\n', at - 1);
+        const std::size_t begin = before == std::string::npos ? 0 : before + 1;
+        const std::size_t end = text.find('\n', at);
+        return {begin, end == std::string::npos ? text.size() - begin : end + 1 - begin};
+    }
+    static std::string Part(const std::string& text, Range range) { return text.substr(range.begin, range.length); }
+
+    void Mutate(std::string& input) {
+        const std::size_t at = Below(input.size() + 1);
+        const std::string& other = AnyOf(corpus_);
+        switch (Below(12)) {
+            case 0:
+                if (!input.empty())
+                    input[at % input.size()] ^= static_cast<char>(1 << Below(8));
+                break;
+            case 1:
+                if (!input.empty())
+                    input[at % input.size()] = static_cast<char>(Below(256));
+                break;
+            case 2:
+                input.insert(at, Part(input, AnyBlock(input)));
+                break;
+            case 3: {
+                const Range block = AnyBlock(input);
+                input.erase(block.begin, block.length);
+                break;
+            }
+            case 4: {
+                const Range block = AnyBlock(input);
+                std::string repeated;
+                for (std::size_t count = Below(16); count > 0 && repeated.size() < kMaxInput; --count)
+                    repeated += Part(input, block);
+                input.insert(block.begin, repeated);
+                break;
+            }
+            case 5:
+                input = input.substr(0, at) + Part(other, {Below(other.size() + 1), std::string::npos});
+                break;
+            case 6:
+                input.insert(at, Part(other, AnyBlock(other)));
+                break;
+            case 7:
+                input.insert(at, AnyOf(dictionary_));
+                break;
+            case 8: {
+                const Range block = AnyBlock(input);
+                input.replace(block.begin, block.length, AnyOf(dictionary_));
+                break;
+            }
+            case 9: {
+                const Range line = AnyLine(input);
+                input.erase(line.begin, line.length);
+                break;
+            }
+            case 10: {  // a line to another place
+                const std::string line =
+                    Part(Below(2) ? input : other, AnyLine(other.size() < input.size() ? other : input));
+                input.insert(AnyLine(input).begin, line);
+                break;
+            }
+            default: {  // all of a word that the input has, for another one
+                const Range block = AnyBlock(input);
+                const std::string word = Part(input, {block.begin, std::min(block.length, std::size_t{8})});
+                const std::string& by = AnyOf(dictionary_);
+                if (word.empty())
+                    break;
+                std::size_t found = input.find(word);
+                for (int count = 0; found != std::string::npos && count < 100; ++count) {
+                    input.replace(found, word.size(), by);
+                    found = input.find(word, found + by.size());
+                }
+            }
+        }
+    }
+
+    const std::vector<std::string>& corpus_;
+    const std::vector<std::string>& dictionary_;
+    std::mt19937_64 random_;
+};
+
+struct Arguments {
+    std::vector<fs::path> paths;
+    std::uint64_t runs = 1000;
+    std::uint64_t seed = 1;
+};
+
+std::optional<Arguments> Parse(const std::vector<std::string_view>& texts) {
+    Arguments arguments;
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        const std::string_view text = texts[i];
+        if (text != "--runs" && text != "--seed") {
+            arguments.paths.emplace_back(text);
+            continue;
+        }
+        const std::string_view number = ++i < texts.size() ? texts[i] : std::string_view();
+        std::uint64_t& value = text == "--runs" ? arguments.runs : arguments.seed;
+        const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
+        if (error != std::errc() || end != number.data() + number.size())
+            return {};
+    }
+    return arguments.paths.empty() ? std::nullopt : std::optional(arguments);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    const std::optional<Arguments> arguments = Parse({argv + 1, argv + argc});
+    if (!arguments) {
+        std::cerr << "Use: " << argv[0] << " CORPUS_DIRECTORY [--runs N] [--seed S], or FILE ...\n";
+        return 2;
+    }
+    CatchFailures();
+    if (!fs::is_directory(arguments->paths.front())) {
+        for (const fs::path& path : arguments->paths)
+            RunInput(Read(path));
+        std::cout << arguments->paths.size() << " inputs ran\n";
+        return 0;
+    }
+
+    const fs::path& directory = arguments->paths.front();
+    const std::vector<std::string> corpus = ReadCorpus(directory);
+    if (corpus.empty()) {
+        std::cerr << "There is no file in " << directory << '\n';
+        return 2;
+    }
+    std::uint64_t prefixes = 0;
+    for (const std::string& input : corpus) {
+        RunInput(input);
+        const std::size_t step = input.size() <= kSmallFile ? 1 : input.size() / kPrefixesOfOthers;
+        for (std::size_t length = 0; length < input.size(); length += step, ++prefixes)
+            RunInput(std::string_view(input).substr(0, length));
+    }
+    const std::vector<std::string> dictionary = ReadDictionary(directory);
+    Mutator mutator(corpus, dictionary, arguments->seed);
+    for (std::uint64_t i = 0; i < arguments->runs; ++i)
+        RunInput(mutator.Next());
+    std::cout << corpus.size() + prefixes + arguments->runs << " inputs ran: " << corpus.size() << " files, "
+              << prefixes << " prefixes, " << arguments->runs << " mutations with seed " << arguments->seed << '\n';
+    return 0;
+}

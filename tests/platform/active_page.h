@@ -1,0 +1,14 @@
+// Another code page for as long as this lives.
+#pragma once
+
+#include <string_view>
+
+#include "platform/code_page.h"
+
+class WithCodePage {
+public:
+    explicit WithCodePage(std::string_view setting) { SetActiveCodePage(CodePage(setting)); }
+    WithCodePage(const WithCodePage&) = delete;
+    WithCodePage& operator=(const WithCodePage&) = delete;
+    ~WithCodePage() { SetActiveCodePage(CodePage()); }
+};

@@ -1,0 +1,135 @@
+#include "platform/code_page.h"
+
+#include <gtest/gtest.h>
+
+#include "active_page.h"
+
+namespace {
+
+TEST(CodePageSetting, KeepsKnownNumbersAndFallsBackToAuto) {
+    for (const char* known : {"1252", "1251", "932", "65001", "850", "20866"})
+        EXPECT_EQ(CodePage(known).Setting(), known);
+    // 500 is a page in which even letters stand elsewhere; 1200 has two bytes a character.
+    for (const char* unknown :
+         {"auto", "", "utf8", "-1", "0", "01252", "1252 ", "12 52", "500", "1200", "99999", "123456"})
+        EXPECT_EQ(CodePage(unknown).Setting(), "auto") << unknown;
+}
+
+TEST(CodePageLower, FollowsTheLettersOfThePage) {
+    struct Case {
+        const char* page;
+        std::string_view text;
+        std::string_view lower;
+    };
+    for (const Case& c : {
+             Case{"auto", "Sub F\xDC\xDF_1[@]", "sub f\xFC\xDF_1[@]"},              // Ü falls, ß has no other case
+             Case{"1252", "\x8A\x9F\xD7\xDE\xFF\x81", "\x9A\xFF\xD7\xFE\xFF\x81"},  // Š Ÿ fall, × and unknown stay
+             Case{"1251", "\xC0\xDF\xA8", "\xE0\xFF\xB8"},                          // А Я Ё
+             Case{"1253", "\xC1\xD9\xA2", "\xE1\xF9\xDC"},                          // Α Ω Ά
+             Case{"932", "AB\x83\x41Z\xDC", "ab\x83\x61z\xDC"},                     // bytes below 128 only
+             Case{"65001",
+                  "\xC3\x9C"
+                  "B",
+                  "\xC3\x9C"
+                  "b"},
+         }) {
+        SCOPED_TRACE(c.page);
+        EXPECT_EQ(CodePage(c.page).LowerCase(c.text), c.lower);
+    }
+}
+
+TEST(CodePageLower, IsTheSameForEveryLengthAndPlaceOfHighBytes) {
+    const CodePage page;
+    std::string text;
+    for (int i = 0; i < 300; ++i)
+        text += static_cast<char>(i < 130 ? 'A' + i % 60 : i * 7);
+    for (std::size_t begin = 0; begin < 70; ++begin) {
+        for (const std::size_t length : {0, 1, 15, 63, 64, 65, 128, 200}) {
+            std::string expected = text.substr(begin, length);
+            for (char& c : expected)
+                c = static_cast<char>(page.Lower(static_cast<unsigned char>(c)));
+            std::string inPlace = text.substr(begin, length);
+            page.LowerCase(inPlace, inPlace.data());
+            ASSERT_EQ(inPlace, expected) << begin << ' ' << length;
+        }
+    }
+}
+
+TEST(CodePageToUtf8, DecodesPageAndNeverFails) {
+    struct Case {
+        const char* page;
+        std::string_view bytes;
+        std::string_view utf8;
+    };
+    using std::string_view_literals::operator""sv;
+    for (const Case& c : {
+             Case{"auto", "a\0b"sv, "a\0b"sv},
+             Case{"auto", "\xC3\xBC", "ü"},        // reads as UTF-8 already
+             Case{"auto", "\xFC\xC3\xBC", "üÃ¼"},  // does not, as a whole
+             Case{"1252", "\xC3\xBC\x80", "Ã¼€"},
+             Case{"1252", "a\x81", "a\uFFFD"},
+             Case{"1251", "\xCF\xF0", "Пр"},
+             Case{"1258", "a\xEC", "a\u0301"},  // a lone accent is not held back
+             Case{"932", "\x95\x5C\x8E\xA6", "表示"},
+             Case{"932", "a\x95", "a\uFFFD"},  // half a character
+             Case{"932", "\xFD\x95\x5C", "\uFFFD表"},
+             Case{"936", "\xD6\xD0", "中"},
+             Case{"949", "\xC7\xD1", "한"},
+             Case{"950", "\xA4\xA4", "中"},
+             Case{"65001", "\xC3\xBC\xC3 \xED\xA0\x80", "ü\uFFFD \uFFFD\uFFFD\uFFFD"},
+         }) {
+        SCOPED_TRACE(std::string(c.page) + " " + std::string(c.utf8));
+        EXPECT_EQ(CodePage(c.page).ToUtf8(c.bytes), c.utf8);
+    }
+    std::string all;
+    for (int i = 0; i < 256; ++i)
+        all += static_cast<char>(i);
+    for (const char* page : {"auto", "1252", "1255", "932", "936", "949", "950", "65001"})
+        EXPECT_TRUE(IsValidUtf8(CodePage(page).ToUtf8(all))) << page;
+}
+
+TEST(CodePageFromUtf8, SaysWhatThePageCanSay) {
+    struct Case {
+        const char* page;
+        std::string_view utf8;
+        std::string_view bytes;
+        bool isWhole;
+    };
+    for (const Case& c : {
+             Case{"1252", "für 5 €", "f\xFCr 5 \x80", true}, Case{"1252", "ü→ü", "\xFC?\xFC", false},
+             Case{"1252", "a\xC3", "a?", false},  // torn UTF-8
+             Case{"1252", "Ã¼", "\xC3\xBC", true},
+             Case{"932", "表→示a",
+                  "\x95\x5C\x81\xA8\x8E\xA6"
+                  "a",
+                  true},
+             Case{"932", "表ü示", "\x95\x5C?\x8E\xA6", false}, Case{"65001", "ü→", "ü→", true},
+             Case{"auto", "ü", "\xFC", true}, Case{"auto", "ü→", "ü→", false},
+             Case{"auto", "Ã¼", "Ã¼", false},  // its two bytes would be taken for "ü"
+         }) {
+        SCOPED_TRACE(std::string(c.page) + " " + std::string(c.utf8));
+        EXPECT_EQ(CodePage(c.page).FromUtf8(c.utf8), c.bytes);
+        EXPECT_EQ(CodePage(c.page).FromUtf8Whole(c.utf8).has_value(), c.isWhole);
+    }
+}
+
+TEST(Utf8, KnowsWellFormedTexts) {
+    for (const char* good : {"", "abc", "ü", "€", "\U0001F600", "\xF4\x8F\xBF\xBF"})
+        EXPECT_TRUE(IsValidUtf8(good)) << good;
+    // Overlong, surrogate, beyond Unicode, torn, lone continuation.
+    for (const char* bad : {"\xC0\x80", "\xE0\x80\xAF", "\xF0\x80\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80",
+                            "\xE2\x82", "\x80", "\xFF", "\xC3("})
+        EXPECT_FALSE(IsValidUtf8(bad)) << testing::PrintToString(bad);
+    const std::string ascii(130, 'a');  // longer than a block, and the fault on a block's border
+    EXPECT_TRUE(IsValidUtf8(ascii.substr(0, 63) + "ü" + ascii));
+    EXPECT_FALSE(IsValidUtf8(ascii.substr(0, 64) + "\xC3"));
+}
+
+TEST(ActivePage, RulesLowerCaseOfTheWholeProgram) {
+    EXPECT_EQ(LowerCase("\xC0"), "\xE0");
+    const WithCodePage page("1251");
+    EXPECT_EQ(ActiveCodePage().Setting(), "1251");
+    EXPECT_EQ(LowerCase("\xA8"), "\xB8");
+}
+
+}  // namespace

@@ -1,0 +1,89 @@
+// A directory of this machine that goes with the test, and what tests do with real files in it.
+#pragma once
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <string>
+#include <string_view>
+
+class TempDirectory {
+public:
+    TempDirectory() {
+        std::string name = (std::filesystem::temp_directory_path() / "ostrivane-test-XXXXXX").string();
+        path_ = mkdtemp(name.data()) ? name : std::string();
+        chmod(path_.c_str(), 0755);
+    }
+    TempDirectory(const TempDirectory&) = delete;
+    TempDirectory& operator=(const TempDirectory&) = delete;
+    ~TempDirectory() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+
+    [[nodiscard]] std::string Path(std::string_view name = "") const { return path_ + "/" + std::string(name); }
+
+    /// Writes a file, with its directories, and returns its path.
+    std::string Write(std::string_view name, std::string_view bytes) const {
+        std::filesystem::create_directories(std::filesystem::path(Path(name)).parent_path());
+        std::ofstream(Path(name), std::ios::binary) << bytes;
+        return Path(name);
+    }
+    [[nodiscard]] std::string Bytes(std::string_view name) const {
+        std::ifstream file(Path(name), std::ios::binary);
+        std::ostringstream bytes;
+        bytes << file.rdbuf();
+        return bytes.str();
+    }
+    [[nodiscard]] int FileCount() const {
+        return static_cast<int>(std::distance(std::filesystem::directory_iterator(path_), {}));
+    }
+
+private:
+    std::string path_;
+};
+
+/// Permissions bind for as long as this lives, even where the tests run as root.
+class WithoutRootRights {
+public:
+    WithoutRootRights() : changed_(geteuid() == 0 && seteuid(65534) == 0) {}
+    WithoutRootRights(const WithoutRootRights&) = delete;
+    WithoutRootRights& operator=(const WithoutRootRights&) = delete;
+    ~WithoutRootRights() {
+        if (changed_ && seteuid(0) != 0)
+            std::abort();
+    }
+
+private:
+    bool changed_;
+};
+
+/// The environment variable has another value, or none, for as long as this lives.
+class WithEnvironment {
+public:
+    WithEnvironment(const char* name, const char* value) : name_(name) {
+        if (const char* old = std::getenv(name))
+            old_ = old;
+        if (value)
+            setenv(name, value, 1);
+        else
+            unsetenv(name);
+    }
+    WithEnvironment(const WithEnvironment&) = delete;
+    WithEnvironment& operator=(const WithEnvironment&) = delete;
+    ~WithEnvironment() {
+        if (old_.empty())
+            unsetenv(name_);
+        else
+            setenv(name_, old_.c_str(), 1);
+    }
+
+private:
+    const char* name_;
+    std::string old_;
+};
