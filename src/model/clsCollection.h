@@ -143,7 +143,7 @@ private:
     }
     void BuildIndex() const {
         std::size_t size = 64;
-        while (size < entries_.size() * 4)
+        while (size < entries_.size() * 3)
             size *= 2;
         index_ = std::make_unique<Index>();
         index_->slots.assign(size, 0);

@@ -5,6 +5,8 @@
 
 #include <cstring>
 
+#include "platform/vector_code.h"
+
 namespace {
 
 class CommentScan {
@@ -40,6 +42,8 @@ private:
                 BeginAt(lastLine_);
             return false;
         }
+        if (EnterPlainLine(pos))
+            return true;
         Pos begin = 0;
         Pos length = 0;
         const bool hasEnd = text_.Get_VBZeile_Nach_Pos(pos, begin, length, line_);
@@ -50,6 +54,26 @@ private:
             lastLine_ = begin;
         return hasEnd;
     }
+
+    // The same for a line that neither continues the one before nor goes on in the next, as nearly all are.
+    bool EnterPlainLine(Pos pos) {
+        const std::string_view text = text_.ModulText();
+        const char* const first = text.data();
+        const char* const at = first + pos - 1;
+        const auto* before = static_cast<const char*>(memrchr(first, '\n', static_cast<std::size_t>(at - first)));
+        if (!before || before - first < 3 || before[-1] != '\r' || IsContinuation(before - 1))
+            return false;
+        const auto* end = static_cast<const char*>(std::memchr(at, '\r', text.size() - static_cast<std::size_t>(at - first)));
+        if (!end || end[1] != '\n' || IsContinuation(end))
+            return false;
+        line_ = {before + 1, end};
+        BeginAt(static_cast<Pos>(before - first) + 2);
+        lineEnd_ = static_cast<Pos>(end - first) + 1;
+        return true;
+    }
+
+    // Whether the CR at `cr` joins two physical lines.
+    static bool IsContinuation(const char* cr) { return cr[-1] == '_' && cr[-2] == ' '; }
 
     void BeginAt(Pos start) {
         start_ = start;
@@ -80,20 +104,23 @@ private:
 };
 
 // Whether `rem` occurs at all, quickly: most modules have none.
-bool HasRem(std::string_view text) {
-    using Sixteen [[gnu::vector_size(16)]] = char;
-    const auto at = [&text](std::size_t position) {
-        Sixteen characters;
+WIDE_VECTORS bool HasRem(std::string_view text) {
+    using Many [[gnu::vector_size(32)]] = char;
+    const auto read = [&text](Many& characters, std::size_t position) {
         std::memcpy(&characters, text.data() + position, sizeof characters);
-        return characters;
     };
-    Sixteen found{};
+    Many first, second, third, fourth, found{};
     std::size_t i = 0;
-    for (; i + 19 <= text.size(); i += 16)
-        found |= (at(i) == 'r') & (at(i + 1) == 'e') & (at(i + 2) == 'm') & (at(i + 3) == ' ');
-    std::uint64_t halves[2];
-    std::memcpy(halves, &found, sizeof halves);
-    return (halves[0] | halves[1]) != 0 || text.find("rem ", i) != std::string_view::npos;
+    for (; i + sizeof(Many) + 3 <= text.size(); i += sizeof(Many)) {
+        read(first, i);
+        read(second, i + 1);
+        read(third, i + 2);
+        read(fourth, i + 3);
+        found |= (first == 'r') & (second == 'e') & (third == 'm') & (fourth == ' ');
+    }
+    std::uint64_t parts[4];
+    std::memcpy(parts, &found, sizeof parts);
+    return (parts[0] | parts[1] | parts[2] | parts[3]) != 0 || text.find("rem ", i) != std::string_view::npos;
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "source/line_scan.h"
 
+#include <cstdint>
 #include <cstring>
 
 LineScan ScanLines(std::string_view lowerText) {
@@ -9,6 +10,11 @@ LineScan ScanLines(std::string_view lowerText) {
     const char* const end = begin + lowerText.size();
     for (const char* line = begin; line < end;) {
         const char* first = line;
+        for (std::uint64_t eight; end - first >= 8; first += 8) {
+            std::memcpy(&eight, first, sizeof eight);
+            if (eight != 0x2020202020202020U)
+                break;
+        }
         while (first < end && *first == ' ')
             ++first;
         const bool empty = first == end || *first == '\r';

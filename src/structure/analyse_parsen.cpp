@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <cstring>
 
+#include "platform/vector_code.h"
 #include "source/module_text.h"
 #include "structure/tokens.h"
 
@@ -49,6 +50,46 @@ constexpr std::uint64_t Repeat(std::uint64_t byte) { return byte * 0x01010101010
 
 constexpr bool IsDigit(int c) { return c >= '0' && c <= '9'; }
 
+// Whether a character is no plain part of a word: a special one, a "_" behind a blank, a hidden one. Works on single
+// characters and on vectors of them.
+template <class Characters>
+ALWAYS_INLINE void FindStop(const Characters& c, const Characters& before, const Characters& flags, Characters& stop) {
+    // The first term takes all of: blank ! " # $ % & ' ( ) * + , - . /
+    const auto special = ((c & 0xF0) == 0x20) | (c == ':') | (c == '=') | (c == '@') | (c == '\r') | (c == '\n') |
+                         ((c == '_') & (before == ' '));
+    stop = (Characters)special | (flags & kHidden);
+}
+
+// Fills `stops` for the positions from 2 to `count`; eight more behind the last are stops as well.
+WIDE_VECTORS void FindStops(const unsigned char* text, const std::uint8_t* map, Pos count, std::uint8_t* stops) {
+    using Many [[gnu::vector_size(32)]] = unsigned char;
+    constexpr Pos kMany = sizeof(Many);
+    Many characters, before, flags, found;
+    Pos i = 2;
+    for (; i + kMany - 1 <= count; i += kMany) {
+        std::memcpy(&characters, text + i, sizeof characters);
+        std::memcpy(&before, text + i - 1, sizeof before);
+        std::memcpy(&flags, map + i, sizeof flags);
+        FindStop(characters, before, flags, found);
+        std::memcpy(stops + i, &found, sizeof found);
+    }
+    for (unsigned stop = 0; i <= count; ++i) {
+        FindStop<unsigned>(text[i], text[i - 1], map[i], stop);
+        stops[i] = static_cast<std::uint8_t>(stop);
+    }
+    std::memset(stops + count + 1, 1, 8);
+}
+
+ALWAYS_INLINE bool IsLandmark(const unsigned char* word, Pos length) {
+    const auto is = [word](const char* landmark, std::size_t size) { return std::memcmp(word, landmark, size) == 0; };
+    switch (length) {
+        case 3: return is("dim", 3) || is("end", 3);
+        case 5: return is("const", 5) || is("redim", 5);
+        case 6: return is("static", 6);
+        default: return false;
+    }
+}
+
 class Tokeniser {
 public:
     ALWAYS_INLINE explicit Tokeniser(ModuleText& text)
@@ -65,7 +106,8 @@ public:
         first_ = scratch.data();
         *first_ = {0, 1};
         next_ = first_ + 1;
-        FindStops();
+        landmarks.clear();
+        FindStops(text_, map_, count_, stops_);
     }
 
     ALWAYS_INLINE TokenTable Run() {
@@ -78,51 +120,52 @@ public:
             }
             c_ = text_[i];
             const Kind kind = kKinds[c_];
-            if (scanning_ && !inComment_ && !inString_) {
-                if (kind == Kind::Word) {
-                    i = Word(i);
-                    continue;
-                }
-                if (c_ == '\r' && !(p1_ == '_' && p2_ == ' ') && i < count_ && text_[i + 1] == '\n' &&
-                    !(map_[i + 1] & kHidden)) {
-                    i = LineEnd(i);
-                    continue;
-                }
-            }
-            i = Step(i, kind);
+            if (!(scanning_ & !inComment_ & !inString_ && QuickStep(i, kind)))
+                i = Step(i, kind);
         }
-        return TokenTable({first_, static_cast<std::size_t>(next_ - first_)});
+        return TokenTable({first_, static_cast<std::size_t>(next_ - first_)}, landmarks);
     }
 
 private:
     // The character at a position, or -1 behind the text.
     [[nodiscard]] ALWAYS_INLINE int At(Pos pos) const { return pos <= count_ ? text_[pos] : -1; }
 
-    // Marks every position that is no plain part of a word: special characters, a "_" behind a blank, hidden ones.
-    // Works on single characters and, sixteen at a time, on vectors of them.
-    template <class Characters>
-    ALWAYS_INLINE static Characters Stops(Characters c, Characters before, Characters flags) {
-        // The first term takes all of: blank ! " # $ % & ' ( ) * + , - . /
-        const auto special = ((c & 0xF0) == 0x20) | (c == ':') | (c == '=') | (c == '@') | (c == '\r') | (c == '\n') |
-                             ((c == '_') & (before == ' '));
-        return static_cast<Characters>((Characters)special | (flags & kHidden));
-    }
-
-    ALWAYS_INLINE void FindStops() {
-        using Sixteen [[gnu::vector_size(16)]] = unsigned char;
-        Sixteen characters, before, flags;
-        Pos i = 2;
-        for (; i + 15 <= count_; i += 16) {
-            std::memcpy(&characters, text_ + i, sizeof characters);
-            std::memcpy(&before, text_ + i - 1, sizeof before);
-            std::memcpy(&flags, map_ + i, sizeof flags);
-            const Sixteen stops = Stops(characters, before, flags);
-            std::memcpy(stops_ + i, &stops, sizeof stops);
+    // Does in plain code what the general step would do, where that is simple; false where it is not.
+    ALWAYS_INLINE bool QuickStep(Pos& i, Kind kind) {
+        switch (kind) {
+            case Kind::Word:
+                i = Word(i);
+                return true;
+            case Kind::Blank:
+                if (pending_ && p1_ != ' ') {
+                    if (PendingIsRem(i))
+                        return false;
+                    Emit(i);
+                    pending_ = false;
+                }
+                i = SkipBlanks(i);
+                return true;
+            case Kind::Bracket:
+                if (c_ == '.' && IsDigit(At(i + 1)))
+                    return false;
+                EmitPending(i);
+                StartAt(i);
+                return true;
+            case Kind::Operator:
+                if (c_ == '=' && (p1_ == ':' || p1_ == '<' || p1_ == '>'))
+                    return false;
+                EmitPending(i);
+                StartAt(i);
+                return true;
+            case Kind::Other:
+                if (c_ != '\r' || (p1_ == '_' && p2_ == ' ') || i == count_ || text_[i + 1] != '\n' ||
+                    (map_[i + 1] & kHidden))
+                    return false;
+                i = LineEnd(i);
+                return true;
+            default:
+                return false;
         }
-        for (; i <= count_; ++i)
-            stops_[i] =
-                static_cast<std::uint8_t>(Stops<unsigned>(text_[i], text_[i - 1], map_[i]));
-        std::memset(stops_ + count_ + 1, 1, 8);
     }
 
     // First stop at or behind `i`.
@@ -155,7 +198,10 @@ private:
     ALWAYS_INLINE void Emit(Pos i) {
         if (i <= tokStart_)
             return;
-        *next_++ = {tokStart_, static_cast<std::uint32_t>(i - tokStart_) << 1 | (tokensInStatement_ ? 0U : 1U)};
+        const Pos length = i - tokStart_;
+        if (IsLandmark(text_ + tokStart_, length))
+            landmarks.push_back(static_cast<int>(next_ - first_));
+        *next_++ = {tokStart_, static_cast<std::uint32_t>(length) << 1 | (tokensInStatement_ ? 0U : 1U)};
         tokensInStatement_ = true;
     }
     ALWAYS_INLINE void EmitPending(Pos i) {
@@ -190,16 +236,22 @@ private:
         }
         Emit(stop);
         pending_ = false;
+        p1_ = text_[stop - 1];
         return SkipBlanks(stop);
     }
 
+    // Last blank of the run that begins at `i`; p1_ is the character before `i`.
     ALWAYS_INLINE Pos SkipBlanks(Pos i) {
+        c_ = ' ';
+        if (text_[i + 1] != ' ')
+            return i;
+        const Pos first = i;
         while (i + 8 <= count_ && Eight(text_ + i + 1) == Repeat(' ') && (Eight(map_ + i + 1) & Repeat(kHidden)) == 0)
             i += 8;
         while (i < count_ && text_[i + 1] == ' ' && !(map_[i + 1] & kHidden))
             ++i;
-        p1_ = text_[i - 1];
-        c_ = ' ';
+        if (i > first)
+            p1_ = ' ';
         return i;
     }
 
@@ -208,9 +260,13 @@ private:
         EmitPending(i);
         pending_ = false;
         tokensInStatement_ = false;
+        if (i + 1 < count_ && text_[i + 2] == ' ' && !(map_[i + 2] & kHidden)) {
+            p1_ = '\n';
+            return SkipBlanks(i + 2);
+        }
         p1_ = '\r';
         c_ = '\n';
-        return i + 1 < count_ && text_[i + 2] == ' ' && !(map_[i + 2] & kHidden) ? SkipBlanks(i + 2) : i + 1;
+        return i + 1;
     }
 
     // The general step for one character.
@@ -384,6 +440,7 @@ private:
     // Working arrays serve one module after the other.
     static inline std::vector<TokenTable::Packed> scratch;
     static inline std::vector<std::uint8_t> stopsScratch;
+    static inline std::vector<int> landmarks;
 
     const unsigned char* text_;  // text_[1] is the first character
     Pos count_;

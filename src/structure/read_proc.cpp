@@ -2,6 +2,9 @@
 // body is walked for its declarations and for the closing "End <kind>". All states of a walk are local to it.
 #include "structure/read_proc.h"
 
+#include <algorithm>
+#include <span>
+
 #include "structure/add_objects.h"
 #include "structure/module_reader.h"
 #include "structure/read_declare.h"
@@ -129,20 +132,24 @@ private:
             argument->type = type.AsName();
     }
 
-    void ReadBody(int nr) {
-        const int last = tokens_.Count();
-        // The words looked for have 3, 5, 6 or 8 characters, and most tokens have not.
-        constexpr unsigned kLengths = 1U << 3 | 1U << 5 | 1U << 6 | 1U << 8;
-        for (; nr <= last; ++nr) {
-            if (const Pos length = tokens_.LenOf(nr); length > 8 || (kLengths >> length & 1) == 0)
-                continue;
-            const std::string_view word = Word(nr);
-            if (word.size() == kind_.size() && word == kind_ && Is(Word(nr - 1), "end"))
-                break;
-            if (Is(word, "dim") || Is(word, "const") || Is(word, "static") || Is(word, "redim"))
+    // Only landmarks matter: a declaration word begins declarations, and "end" before the kind's own word closes.
+    void ReadBody(int behindHead) {
+        const std::span<const int> landmarks = tokens_.Landmarks();
+        int nr = behindHead;  // the next token to be looked at
+        int closing = tokens_.Count();
+        for (auto at = std::lower_bound(landmarks.begin(), landmarks.end(), behindHead - 1); at != landmarks.end(); ++at) {
+            if (Is(Word(*at), "end")) {
+                if (*at + 1 >= nr && Word(*at + 1) == kind_) {
+                    closing = *at + 1;
+                    break;
+                }
+            } else if (*at >= nr) {
+                nr = *at;
                 ReadLocals(nr);
+                ++nr;
+            }
         }
-        tokNr_ = std::min(nr, last);
+        tokNr_ = closing;
         proc_->DeclareEndTNr = tokNr_;
         proc_->DeclareEnd = tokens_.EndOf(tokNr_);
     }

@@ -21,7 +21,7 @@ struct Token {
 /// statement that a real token could belong to.
 class TokenTable {
 public:
-    [[nodiscard]] int Count() const { return static_cast<int>(packed_.size()) - 1; }
+    [[nodiscard]] int Count() const { return static_cast<int>(count_); }
     [[nodiscard]] Pos PosOf(int nr) const { return Inside(nr) ? packed_[static_cast<std::size_t>(nr)].pos : 0; }
     [[nodiscard]] Pos LenOf(int nr) const {
         return Inside(nr) ? static_cast<Pos>(packed_[static_cast<std::size_t>(nr)].lenAndStart >> 1) : 0;
@@ -55,12 +55,21 @@ public:
         std::uint32_t lenAndStart;  // the length, and in the lowest bit whether a statement starts here
     };
     TokenTable() = default;
-    /// Takes a copy of the tokens made so far; the first of them stands for no token.
-    explicit TokenTable(std::span<const Packed> packed) : packed_(packed.begin(), packed.end()) {}
+    /// Takes copies of the tokens made so far, the first of which stands for no token, and of the landmarks.
+    TokenTable(std::span<const Packed> packed, std::span<const int> landmarks)
+        : packed_(packed.begin(), packed.end()),
+          count_(static_cast<unsigned>(packed.size()) - 1),
+          landmarks_(landmarks.begin(), landmarks.end()) {}
+
+    /// Numbers of all tokens that are "dim", "const", "static", "redim" or "end", rising: what the reader of a
+    /// procedure's body looks for among all the others.
+    [[nodiscard]] std::span<const int> Landmarks() const { return landmarks_; }
 
 private:
-    [[nodiscard]] bool Inside(int nr) const { return nr >= 1 && static_cast<std::size_t>(nr) < packed_.size(); }
+    [[nodiscard]] bool Inside(int nr) const { return static_cast<unsigned>(nr) - 1 < count_; }
     std::vector<Packed> packed_{{0, 1}};
+    unsigned count_ = 0;
+    std::vector<int> landmarks_;
 };
 
 class ModuleText;

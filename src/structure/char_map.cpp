@@ -1,0 +1,12 @@
+#include "structure/char_map.h"
+
+#include "source/comments.h"
+#include "source/module_text.h"
+#include "structure/tokens.h"
+
+void MakeCharMapAgain(ModuleText& text) {
+    Comments_Initialisieren(text);
+    Strings_Initialisieren(text);
+    text.HideAgain();
+    (void)Analyse_Parsen(text);
+}
