@@ -1,0 +1,83 @@
+// What the harnesses of whole projects share: reading one from memory, and what must hold of anything read.
+#pragma once
+
+#include <algorithm>
+#include <memory>
+#include <nlohmann/json.hpp>
+#include <sstream>
+#include <string>
+
+#include "console/json_report.h"
+#include "findings/structure_report.h"
+#include "fuzz_driver.h"
+#include "model/clsControl.h"
+#include "model/clsEnum.h"
+#include "model/clsProjekt.h"
+#include "model/clsProzedur.h"
+#include "model/clsType.h"
+#include "model/clsVariable.h"
+#include "model/names.h"
+#include "project/project_file.h"
+#include "project/start.h"
+#include "shell/errors.h"
+#include "source/module_text.h"
+#include "structure/tokens.h"
+
+/// Reads the project at `path`. Everything is as before the first input, the pool of names included, so that
+/// memory doesn't grow.
+inline clsProjekt& ReadProjectFrom(MemoryFiles& files, const std::string& path) {
+    InitGlobals();
+    NamePool::Get().Reset();
+    gProjekt = std::make_unique<clsProjekt>(files);
+    gProjekt->FullPath = path;
+    Projekt_Laden(*gProjekt);
+    return *gProjekt;
+}
+
+inline void RequirePlaced(const CodeObject& object, Pos textEnd) {
+    for (const Pos pos : {object.DeclareStart, object.DeclareEnd})
+        Require(pos >= 0 && pos <= textEnd, "positions lie inside the text");
+    Require(object.DeclareEnd == 0 || object.DeclareStart <= object.DeclareEnd, "an object ends behind its start");
+    Require(object.CodePath().find(object.MyName()) != std::string::npos, "a path holds the name");
+}
+
+inline void RequireSound(const clsModul& modul) {
+    const ModuleText& text = *modul.text;
+    const Pos end = text.CharCount() + 1;
+    Require(text.ModulText().size() == text.ModulTextOrg().size(), "both spellings have one length");
+    Require(modul.BeginnVarBereich <= end && modul.BeginnProcBereich <= end, "sections lie inside the text");
+    const TokenTable& tokens = *modul.tokens;
+    for (int nr = 1; nr <= tokens.Count(); ++nr)
+        Require(
+            tokens.PosOf(nr) >= std::max(tokens.PosOf(nr - 1), 1) && tokens.LenOf(nr) > 0 && tokens.EndOf(nr) <= end,
+            "tokens have a text and stand in order");
+    for (const auto& object : modul.Owned()) {
+        RequirePlaced(*object, end);
+        const clsCollection<clsVariable>* members = nullptr;
+        if (const auto* type = dynamic_cast<const clsType*>(object.get()))
+            members = &type->MyVars;
+        else if (const auto* einEnum = dynamic_cast<const clsEnum*>(object.get()))
+            members = &einEnum->MyVars;
+        else if (const auto* proc = dynamic_cast<const clsProzedur*>(object.get()))
+            members = &proc->MyVars;
+        if (members)
+            for (const clsVariable* member : *members)
+                RequirePlaced(*member, end);
+    }
+    Require(modul.AnzLineCode + modul.AnzLineComment + modul.AnzLineBlank <= modul.LineCount, "no line counts twice");
+}
+
+/// Checks what was read, and writes all that can be written of it.
+inline void RequireSound(clsProjekt& projekt) {
+    for (const clsModul* modul : projekt.AllModules())
+        RequireSound(*modul);
+    AnalyseErgebnisStructure(projekt);
+    for (const clsModul* modul : projekt.AllModules())
+        Require(projekt.TheFiles().FileExists(StructureReportPath(*modul)), "every module has a report");
+    std::ostringstream out;
+    WriteJson(out, projekt);
+    const auto json = nlohmann::json::parse(out.str());
+    Require(json["modules"].size() == static_cast<std::size_t>(projekt.CountAllModules()),
+            "the JSON lists all modules");
+    Require(json["problems"].size() == Problems().size(), "the JSON lists all problems");
+}

@@ -1,0 +1,270 @@
+// The program as people and pipelines run it: options, exit status, files and streams.
+#include <gmock/gmock.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+#include <map>
+#include <nlohmann/json.hpp>
+#include <set>
+
+#include "platform/code_page.h"
+#include "platform/temp_directory.h"
+#include "shell/vb_text.h"
+
+using testing::HasSubstr;
+using testing::UnorderedElementsAre;
+using Json = nlohmann::json;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+const fs::path kSource = OSTRIVANE_SOURCE_DIR;
+const std::string kSample = "samples/ToolHire/ToolHire.vbp";
+
+struct Outcome {
+    int status = -1;
+    std::string out;
+    std::string err;
+};
+
+class ReportProgram : public testing::Test {
+protected:
+    // In the test's own directory, with the words of a shell.
+    Outcome Run(const std::string& arguments) const {
+        const std::string command =
+            "cd '" + dir_.Path() + "' && '" OSTRIVANE_REPORT_PROGRAM "' " + arguments + " > .out 2> .err";
+        const int result = std::system(command.c_str());
+        return {WIFEXITED(result) ? WEXITSTATUS(result) : -1, dir_.Bytes(".out"), dir_.Bytes(".err")};
+    }
+    Json RunJson(const std::string& arguments) const {
+        const Outcome run = Run("--quiet --no-reports --json - " + arguments);
+        EXPECT_EQ(run.err, "");
+        EXPECT_TRUE(IsValidUtf8(run.out));
+        return Json::parse(run.out);
+    }
+    void CopySample() const { fs::copy(kSource / "samples", dir_.Path("samples"), fs::copy_options::recursive); }
+    // P.vbp with one module.
+    void WriteProject(std::string_view module = "Dim a\n", std::string_view furtherLines = "") const {
+        dir_.Write("P.vbp", "Module=A; A.bas\n" + std::string(furtherLines));
+        dir_.Write("A.bas", module);
+    }
+    // All files of a directory with their content.
+    std::map<std::string, std::string> Files(const std::string& directory) const {
+        std::map<std::string, std::string> files;
+        for (const auto& entry : fs::recursive_directory_iterator(dir_.Path(directory)))
+            if (entry.is_regular_file()) {
+                const std::string name = fs::relative(entry.path(), dir_.Path(directory)).string();
+                files[name] = dir_.Bytes(directory + "/" + name);
+            }
+        return files;
+    }
+    static std::set<std::string> Keys(const Json& object) {
+        std::set<std::string> keys;
+        for (const auto& [key, value] : object.items())
+            keys.insert(key);
+        return keys;
+    }
+
+    TempDirectory dir_;
+    WithEnvironment configuration_{"XDG_CONFIG_HOME", dir_.Path("config").c_str()};
+};
+
+}  // namespace
+
+TEST_F(ReportProgram, SampleIsAllWell) {
+    CopySample();
+    const Outcome run = Run(kSample);
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.err, "");
+    EXPECT_THAT(run.out, testing::StartsWith("ToolHire\n"));
+    for (const char* line :
+         {"Modules +4\n", "Forms +3\n", "Class modules +6\n", "User controls +1\n",
+          "Procedures +192\n",  // 193 in the sources, one of them not compiled
+          "Variables +[0-9]+\n", "Types +4\n", "Enumerations +6\n", "Controls +51\n", "Code lines +[0-9]+\n",
+          "Comment lines +[0-9]+\n", "Blank lines +[0-9]+\n", "Time for structure +[0-9.]+ s\n"})
+        EXPECT_THAT(run.out, testing::ContainsRegex(std::string("  ") + line));
+    // The reports lie beside the sources.
+    EXPECT_TRUE(fs::exists(dir_.Path("samples/Shared/TextTools.bas Structure.txt")));
+    std::ifstream golden(kSource / "tests/golden/structure/clsHire.cls.txt", std::ios::binary);
+    EXPECT_EQ(dir_.Bytes("samples/ToolHire/clsHire.cls Structure.txt"),
+              std::string(std::istreambuf_iterator<char>(golden), {}));
+}
+
+TEST_F(ReportProgram, HelpAndVersionAreAnsweredWithoutAProject) {
+    const Outcome help = Run("--help");
+    EXPECT_EQ(help.status, 0);
+    for (const char* option : {"PROJECT", "--structure", "--no-reports", "--out", "--json", "--lang", "--settings",
+                               "--define", "--version", "--quiet", "Exit status"})
+        EXPECT_THAT(help.out, HasSubstr(option));
+    const Outcome version = Run("--version");
+    EXPECT_EQ(version.status, 0);
+    EXPECT_EQ(version.out, "ostrivane-report " OSTRIVANE_VERSION "\n");
+}
+
+TEST_F(ReportProgram, WrongUseAndUnreadableProjectsAreRefused) {
+    WriteProject();
+    fs::create_directory(dir_.Path("folder.vbp"));
+    for (const auto& [arguments, named] :
+         {std::pair("", "PROJECT"), std::pair("--nonsense P.vbp", "--nonsense"), std::pair("P.vbp Q.vbp", "Q.vbp"),
+          std::pair("P.vbp --out", "--out"), std::pair("--lang french P.vbp", "french"),
+          std::pair("--structure --no-reports P.vbp", "--structure"), std::pair("--define X P.vbp", "X"),
+          std::pair("--define =1 P.vbp", "=1"), std::pair("--settings absent.ini P.vbp", "absent.ini"),
+          std::pair("absent.vbp", "absent.vbp"), std::pair("folder.vbp", "folder.vbp")}) {
+        SCOPED_TRACE(arguments);
+        const Outcome run = Run(arguments);
+        EXPECT_EQ(run.status, 2);
+        EXPECT_EQ(run.out, "");
+        EXPECT_THAT(run.err, HasSubstr(named));
+    }
+    EXPECT_FALSE(fs::exists(dir_.Path("A.bas Structure.txt")));
+}
+
+TEST_F(ReportProgram, MissingModuleIsNamedAndTheRestIsRead) {
+    WriteProject("Dim a\n", "Module=X; X.bas\n");
+    const Outcome run = Run("--json j.json P.vbp");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.err, HasSubstr("X.bas"));
+    EXPECT_TRUE(fs::exists(dir_.Path("A.bas Structure.txt")));
+    const Json json = Json::parse(dir_.Bytes("j.json"));
+    EXPECT_EQ(json["modules"].size(), 1U);
+    ASSERT_EQ(json["problems"].size(), 1U);
+    EXPECT_THAT(json["problems"][0]["text"].get<std::string>(), HasSubstr("X.bas"));
+    EXPECT_EQ(Run("--quiet P.vbp").err, run.err);  // quiet about the work, not about what went wrong
+}
+
+TEST_F(ReportProgram, OutputThatCannotBeWrittenIsNamed) {
+    WriteProject();
+    dir_.Write("file", "");
+    fs::create_directories(dir_.Path("reports/001 A.bas Structure.txt"));
+    for (const auto& [arguments, named] : {std::pair("--json no/such/j.json", "no/such/j.json"),
+                                           std::pair("--out file/x", "file/x"), std::pair("--out reports", "A.bas")}) {
+        SCOPED_TRACE(arguments);
+        const Outcome run = Run(std::string(arguments) + " P.vbp");
+        EXPECT_EQ(run.status, 1);
+        EXPECT_THAT(run.err, HasSubstr(named));
+    }
+}
+
+TEST_F(ReportProgram, OutNumbersTheReportsAsTheProjectFileListsTheModules) {
+    CopySample();
+    const auto sources = Files("samples");
+    EXPECT_EQ(Run("--structure --out new/reports " + kSample).status, 0);
+    EXPECT_EQ(Files("samples"), sources);
+    std::string names;
+    for (const auto& [name, bytes] : Files("new/reports"))
+        names += Replace(name, " Structure.txt", "; ");
+    EXPECT_EQ(names,
+              "001 modMain.bas; 002 modStore.bas; 003 modSlip.bas; 004 TextTools.bas; 005 frmDesk.frm; "
+              "006 frmCustomer.frm; 007 frmReturn.frm; 008 IChargeable.cls; 009 clsTool.cls; 010 clsCustomer.cls; "
+              "011 clsHire.cls; 012 clsHireBook.cls; 013 clsPriceList.cls; 014 ctlLateBadge.ctl; ");
+}
+
+TEST_F(ReportProgram, NoReportsWritesNothingAndQuietSaysNothing) {
+    CopySample();
+    const auto before = Files("samples");
+    const Outcome run = Run("--no-reports --quiet " + kSample);
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(run.out + run.err, "");
+    EXPECT_EQ(Files("samples"), before);
+}
+
+TEST_F(ReportProgram, JsonOnStandardOutputStandsThereAlone) {
+    WriteProject();
+    const Outcome run = Run("--no-reports --json - P.vbp");
+    EXPECT_EQ(Json::parse(run.out)["project"]["path"], "P.vbp");
+    EXPECT_THAT(run.err, HasSubstr("Class modules"));
+    Run("--no-reports --json again.json P.vbp");
+    EXPECT_EQ(dir_.Bytes("again.json"), run.out);
+}
+
+TEST_F(ReportProgram, JsonOfTheSampleHoldsWhatItsDescriptionTells) {
+    CopySample();
+    const Json json = RunJson(kSample);
+    EXPECT_THAT(Keys(json), UnorderedElementsAre("project", "modules", "objects", "libraries", "problems"));
+    EXPECT_THAT(Keys(json["project"]), UnorderedElementsAre("name", "path", "code", "comment", "blank"));
+    EXPECT_EQ(json["modules"].size(), 14U);
+    EXPECT_EQ(json["libraries"].size(), 3U);
+    EXPECT_EQ(json["problems"].size(), 0U);
+    int lines = 0;
+    std::map<std::string, std::string> texts;
+    for (const Json& modul : json["modules"]) {
+        EXPECT_THAT(Keys(modul), UnorderedElementsAre("codePath", "name", "kind", "path", "code", "comment", "blank"));
+        lines += modul["code"].get<int>() + modul["comment"].get<int>() + modul["blank"].get<int>();
+        texts[modul["codePath"]] = dir_.Bytes(Replace(modul["path"].get<std::string>(), "\\", "/"));
+    }
+    EXPECT_EQ(lines, 2438);
+    for (const Json& library : json["libraries"])
+        EXPECT_THAT(Keys(library),
+                    UnorderedElementsAre("kind", "name", "description", "typeLibID", "version", "entry"));
+
+    const std::set<std::string> variables{"variable", "constant", "type member", "enum member", "argument", "local"};
+    std::map<std::string, int> counts;
+    for (const Json& object : json["objects"]) {
+        SCOPED_TRACE(object.dump());
+        const std::string kind = object["kind"];
+        const std::string name = object["name"];
+        ++counts[kind];
+        std::set<std::string> keys{"codePath", "name", "kind", "access", "type", "module", "start", "end"};
+        if (kind == "procedure")
+            keys.insert({"procedureKind", "event", "declare"});
+        if (variables.contains(kind))
+            keys.insert("const");
+        if (object.contains("result"))
+            keys.insert("result");
+        EXPECT_EQ(Keys(object), keys);
+        // The positions lead to the source.
+        ASSERT_TRUE(texts.contains(object["module"]));
+        const std::string_view text = texts[object["module"]];
+        const Pos start = object["start"];
+        if (kind == "control")
+            EXPECT_TRUE(Mid(text, start, 6) == "Begin " || name == "UserControl");
+        else if (variables.contains(kind))
+            EXPECT_TRUE(Mid(text, start, Len(name)) == name || name == "Me");
+        else
+            EXPECT_THAT(std::string(Mid(text, start, object["end"].get<Pos>() - start)),
+                        testing::ContainsRegex("^(Public|Private|Sub|Function|Property) .*" + name));
+    }
+    EXPECT_EQ(counts["procedure"], 192);
+    EXPECT_EQ(counts["type"], 4);
+    EXPECT_EQ(counts["enum"], 6);
+    EXPECT_EQ(counts["enum member"], 22);
+    EXPECT_EQ(counts["control"], 51);
+}
+
+TEST_F(ReportProgram, LineFeedsOfACheckoutMakeNoDifference) {
+    CopySample();
+    const Json original = RunJson(kSample);
+    Run("--out crlf " + kSample);
+    for (const auto& [name, bytes] : Files("samples"))
+        dir_.Write("samples/" + name, Replace(bytes, vbCrLf, "\n"));
+    ASSERT_EQ(dir_.Bytes("samples/ToolHire/modMain.bas").find('\r'), std::string::npos);
+    EXPECT_EQ(RunJson(kSample), original);
+    Run("--out lf " + kSample);
+    EXPECT_EQ(Files("lf"), Files("crlf"));
+}
+
+TEST_F(ReportProgram, DefineChangesWhatIsCompiled) {
+    WriteProject(
+        "#If Mode = 2 And Own = 3 Then\nDim both\n#ElseIf Mode = 2 Then\nDim given\n#Else\nDim usual\n#End If\n",
+        "CondComp=\"Mode = 1\"\n");
+    EXPECT_EQ(RunJson("P.vbp")["objects"][0]["name"], "usual");
+    EXPECT_EQ(RunJson("--define MODE=2 P.vbp")["objects"][0]["name"], "given");
+    EXPECT_EQ(RunJson("--define Mode=2 --define own=3 P.vbp")["objects"][0]["name"], "both");
+}
+
+TEST_F(ReportProgram, SummarySpeaksGermanWhenAsked) {
+    WriteProject();
+    dir_.Write("german.ini", "[ALLGEMEIN]\r\nLanguage=german\r\n");
+    EXPECT_THAT(Run("--lang german P.vbp").out, HasSubstr("Klassenmodule"));
+    EXPECT_THAT(Run("--settings german.ini P.vbp").out, HasSubstr("Klassenmodule"));
+    EXPECT_THAT(Run("--settings german.ini --lang english P.vbp").out, HasSubstr("Class modules"));
+}
+
+TEST_F(ReportProgram, SettingsChooseTheCodePage) {
+    WriteProject("Dim \xCF\xF0\xE8\n");
+    dir_.Write("russian.ini", "[ALLGEMEIN]\r\nCodePage=1251\r\n");
+    EXPECT_EQ(RunJson("P.vbp")["objects"][0]["name"], "Ïðè");
+    EXPECT_EQ(RunJson("--settings russian.ini P.vbp")["objects"][0]["name"], "При");
+    EXPECT_EQ(RunJson("--settings russian.ini P.vbp")["objects"][0]["codePath"], "a.при");
+}

@@ -1,0 +1,199 @@
+#include "project/project_file.h"
+
+#include <gmock/gmock.h>
+
+#include "model/clsProzedur.h"
+#include "model/clsVariable.h"
+#include "shell/settings.h"
+#include "support/marked.h"
+#include "support/ports.h"
+#include "support/program_state.h"
+#include "support/read_project.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+
+namespace {
+
+class ProjectFileTest : public ProgramState {
+protected:
+    // A project file of these lines, with the modules A.bas, B.frm, C.cls and D.ctl beside it.
+    static clsProjekt& Read(std::string_view lines) {
+        return ReadProject({{"P.vbp", Vb(lines).text},
+                            {"A.bas", "Public a\r\n"},
+                            {"B.frm", "Private b\r\n"},
+                            {"C.cls", "Private c\r\n"},
+                            {"D.ctl", "Private d\r\n"}});
+    }
+    template <class T>
+    static std::string Names(const clsCollection<T>& objects) {
+        std::string names;
+        for (const T* object : objects)
+            names.append(names.empty() ? "" : " ").append(object->myNameOrg());
+        return names;
+    }
+};
+
+using ProjectReading = ProjectFileTest;
+using ModulePaths = ProjectFileTest;
+using CondComps = ProjectFileTest;
+using MissingFiles = ProjectFileTest;
+
+}  // namespace
+
+TEST_F(ProjectReading, EachKindOfModuleHasItsCollection) {
+    const clsProjekt& projekt = Read(R"(
+        Type=Exe
+        UserControl=D.ctl
+        Module=A; A.bas
+        Form=B.frm
+        Class=C; C.cls
+        PropertyPage=E.pag
+        module=A; A.bas
+    )");
+    EXPECT_EQ(Names(projekt.Modules), "A");
+    EXPECT_EQ(Names(projekt.Formulare), "B");
+    EXPECT_EQ(Names(projekt.Klassenmodule), "C");
+    EXPECT_EQ(Names(projekt.UserControls), "D");
+    EXPECT_EQ(projekt.UserControls.ItemNr(1)->ModulTyp, "usercontrol");
+    EXPECT_EQ(projekt.OwnedModules().size(), 4U);
+    EXPECT_EQ(projekt.Klassenmodule.ItemNr(1)->number, 4);
+    EXPECT_EQ(projekt.AnzCodeZeilen, 4);
+    EXPECT_THAT(Problems(), IsEmpty());
+}
+
+TEST_F(ProjectReading, LastNameLineNamesTheProject) {
+    EXPECT_EQ(Read("Name=\"First\"\nModule=A; A.bas\nName=\"Second one\" \"x\"\nname=\"Third\"").MyName, "Second one");
+    EXPECT_EQ(Read("Name=Bare\nModule=A; A.bas").MyName, "");
+}
+
+TEST_F(ProjectReading, ProjectWithoutModulesStaysEmpty) {
+    RecordingErrors errors;
+    // User controls are not counted, and a count of nothing ends the load.
+    const clsProjekt& projekt = Read("Name=\"P\"\nReference=*\\G{1}#1.0#0#x.dll#X\nUserControl=D.ctl");
+    EXPECT_EQ(projekt.MyName, "P");
+    EXPECT_THAT(projekt.OwnedModules(), IsEmpty());
+    EXPECT_THAT(projekt.OwnedLibraries(), IsEmpty());
+    EXPECT_THAT(errors.tags, IsEmpty());
+    EXPECT_THAT(Problems(), IsEmpty());
+    EXPECT_EQ(GetAnzahlModule("Usercontrol=D.ctl\r\nForm=B.frm"), 2);  // counted in this spelling alone
+}
+
+TEST_F(ProjectReading, LibrariesAreKeptUnderTheirName) {
+    const clsProjekt& projekt = Read(R"(
+        Reference=*\G{1}#2.0#0#C:\Windows\stdole2.tlb#OLE Automation
+        Reference=*\G{2}#1.0#0#D:\STDOLE2.TLB#Another
+        Object={3}#2.0#0; MSCOMCTL.OCX
+        Module=A; A.bas
+    )");
+    EXPECT_EQ(Names(projekt.myProjectReferences), "stdole2");
+    EXPECT_EQ(projekt.myProjectReferences.ItemNr(1)->TypeLibID, "{1}");
+    EXPECT_EQ(projekt.GetTypeLibFromCodePath("mscomctl.listview"), projekt.myProjectObjects.ItemNr(1));
+}
+
+TEST_F(ProjectReading, SecondModuleOfOneNameIsLeftOut) {
+    const clsProjekt& projekt = ReadProject({{"P.vbp", "Module=A; A.bas\r\nModule=A; sub\\A.bas\r\nClass=A; A.cls\r\n"},
+                                             {"A.bas", "Public one\r\n"},
+                                             {"sub\\A.bas", "Public two\r\n"},
+                                             {"A.cls", "Public three\r\n"}});
+    EXPECT_EQ(projekt.Modules.Count(), 1);
+    EXPECT_EQ(projekt.Klassenmodule.Count(), 1);  // another collection
+    EXPECT_EQ(projekt.GetModuleFromCodePath("a.one"), projekt.Modules.ItemNr(1));
+    // What it declares was entered before.
+    EXPECT_TRUE(gPublicNameSpace.Contains("two"));
+    EXPECT_TRUE(projekt.MyVars.Contains("two"));
+}
+
+// The first holder of a name wins, so the order shows.
+TEST_F(ProjectReading, ProceduresAreReadByKindOfModule) {
+    const std::string a = "Public Sub a: End Sub\r\n";
+    const std::string b = a + "Public Sub b: End Sub\r\n";
+    const std::string c = b + "Public Sub c: End Sub\r\n";
+    ReadProject({{"D.ctl", c + "Public Sub d: End Sub\r\n"}, {"C.cls", c}, {"B.frm", b}, {"A.bas", a}});
+    std::vector<std::string> owners;
+    for (const clsProzedur* proc : gProjekt->MyProcs)
+        owners.push_back(proc->CodePathOrg());
+    EXPECT_THAT(owners, ElementsAre("A.a", "B.b", "C.c", "D.d"));
+}
+
+TEST_F(ProjectReading, UnreadableProjectIsReportedAndStaysEmpty) {
+    MemoryFiles files{{"p\\inside.txt", ""}};
+    clsProjekt projekt(files);
+    projekt.FullPath = "p";  // a directory
+    RecordingErrors errors;
+    Projekt_Laden(projekt);
+    EXPECT_THAT(errors.tags, ElementsAre("clsProjekt: Projekt_Laden"));
+    EXPECT_THAT(projekt.OwnedModules(), IsEmpty());
+}
+
+TEST_F(ModulePaths, StandBehindTheEqualSignOrTheSemicolon) {
+    struct Case {
+        const char* line;
+        const char* path;
+    };
+    for (const Case& c : {Case{"Form=..\\shared\\Form1.frm", "C:\\p\\..\\shared\\Form1.frm"},
+                          Case{"UserControl=sub\\ctl.ctl", "C:\\p\\sub\\ctl.ctl"},
+                          Case{"Module=M; ..\\shared\\M.bas", "C:\\p\\..\\shared\\M.bas"},
+                          Case{"Class=Class1; Class1.cls", "C:\\p\\Class1.cls"},
+                          Case{"Form=D:\\x\\F.frm", "D:\\x\\F.frm"}, Case{"Module=M; D:\\x\\M.bas", "D:\\x\\M.bas"},
+                          Case{"Form=a=b.frm", "C:\\p\\a=b.frm"}, Case{"Class=C; a; b.cls", "C:\\p\\a; b.cls"},
+                          // A share counts as relative.
+                          Case{"Form=\\\\server\\share\\F.frm", "C:\\p\\\\\\server\\share\\F.frm"}}) {
+        SCOPED_TRACE(c.line);
+        EXPECT_EQ(Get_Pfad_Aus_ModulEintrag("C:\\p\\", c.line), c.path);
+    }
+    EXPECT_EQ(Read("Module=A; SUB\\..\\a.BAS").Modules.ItemNr(1)->FullPath, "p\\SUB\\..\\a.BAS");
+}
+
+TEST_F(CondComps, StayForAProjectThatHasNone) {
+    Read("CondComp=\"Trade = 1 : Trace = 0\"\nModule=A; A.bas");
+    Read("Module=A; A.bas\nCondComp=\"\"");
+    EXPECT_THAT(gCondComps, ElementsAre(Pair("", ""), Pair("win32", "-1"), Pair("win16", "0"), Pair("trade", "1"),
+                                        Pair("trace", "0")));
+    Read("CondComp=\"Other = 2\"\nModule=A; A.bas");
+    EXPECT_EQ(gCondComps.size(), 4U);
+    EXPECT_THAT(gCondComps.back(), Pair("other", "2"));
+}
+
+TEST_F(CondComps, WinOverTheModulesOwnAndLoseToTheGivenOnes) {
+    MemoryFiles files{{"p\\P.vbp", "CondComp=\"X = 2 : Y = 2\"\r\nModule=A; A.bas\r\n"},
+                      {"p\\A.bas",
+                       "#Const X = 1\r\n#Const Y = 1\r\n#Const Z = 1\r\n"
+                       "#If X = 2 And Y = 3 And Z = 1 Then\r\nDim all\r\n#End If\r\n"}};
+    gProjekt = std::make_unique<clsProjekt>(files);
+    gProjekt->FullPath = "p\\P.vbp";
+    gProjekt->definedCondComps = {{"y", "3"}};
+    Projekt_Laden(*gProjekt);
+    EXPECT_TRUE(ModuleOf("a").MyVars.Contains("all"));
+    CloseProject();
+}
+
+TEST_F(MissingFiles, AreAskedAboutAndPassedOver) {
+    ScriptedQuestions questions{false};
+    const clsProjekt& projekt = Read("Module=X; X.bas\nModule=A; A.bas");
+    EXPECT_THAT(questions.texts, ElementsAre("File not found: p\\X.bas\r\n\r\nLaden abbrechen?"));
+    EXPECT_THAT(Problems(), ElementsAre(Problem{"clsModul: Read_MyCodeName", "File not found: p\\X.bas", "p\\X.bas"}));
+    EXPECT_FALSE(gAbort);
+    EXPECT_EQ(Names(projekt.Modules), "A");
+    EXPECT_FALSE(gPublicNameSpace.Contains("x"));
+}
+
+TEST_F(MissingFiles, EndTheLoadWhenTheAnswerIsYes) {
+    ScriptedQuestions questions{false, true};
+    ReadProject(
+        {{"P.vbp", "Module=X; X.bas\r\nModule=A; A.bas\r\nModule=Y; Y.bas\r\nModule=Z; Z.bas\r\nForm=B.frm\r\n"},
+         {"A.bas", "Dim a\r\nSub S()\r\nEnd Sub\r\n"},
+         {"B.frm", "Dim b\r\n"}});
+    EXPECT_EQ(questions.texts.size(), 2U);
+    EXPECT_TRUE(gAbort);
+    EXPECT_EQ(gProjekt->CountAllModules(), 1);
+    EXPECT_EQ(DumpObjects(ModuleOf("a")), "private a as variant");  // the second pass did not run
+    EXPECT_EQ(Read("Module=A; A.bas").CountAllModules(), 1);        // the next load starts afresh
+    EXPECT_FALSE(gAbort);
+}
+
+TEST_F(MissingFiles, LineWithoutAFileIsOne) {
+    EXPECT_EQ(Read("Module=X\nModule=Y;A.bas\nForm=\nModule=A; A.bas").CountAllModules(), 1);
+    EXPECT_THAT(Problems(), testing::Not(IsEmpty()));
+}

@@ -1,0 +1,75 @@
+#include "shell/errors.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/ports.h"
+#include "support/program_state.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::Field;
+using testing::IsEmpty;
+using testing::SizeIs;
+
+using Errors = ProgramState;
+
+TEST_F(Errors, ReportNamesNumberDescriptionAndTag) {
+    const ErrorReport report{91, "Object variable not set", "clsModul: Get_VBZeilenEnde", ""};
+    EXPECT_EQ(report.Text(), "Error: 91: Object variable not set \r\n\r\n->> clsModul: Get_VBZeilenEnde");
+}
+
+TEST_F(Errors, AfterAFailedStatementTheNextOneGoesOnWithFormerValues) {
+    const RecordingErrors errors;
+    std::string_view word = "before";
+    Pos next = 0;
+    EXPECT_FALSE(Attempt("modMain: First", [&] { word = Mid("text", 0, 2); }));
+    EXPECT_TRUE(Attempt("modMain: Second", [&] { next = InStr(2, "text", "t"); }));
+    EXPECT_FALSE(Attempt("modMain: Third", [&] { next = InStr(0, "text", "t"); }));
+    EXPECT_EQ(word, "before");
+    EXPECT_EQ(next, 4);
+    EXPECT_THAT(errors.tags, ElementsAre("modMain: First", "modMain: Third"));
+    EXPECT_THAT(errors.numbers, ElementsAre(5, 5));
+}
+
+TEST_F(Errors, TheInnermostSubjectNamesTheFileAtHand) {
+    const RecordingErrors errors;
+    {
+        const ErrorSubject project("App.vbp");
+        ShowError("a: b", 1, "x");
+        {
+            const ErrorSubject modul("..\\Form1.frm");
+            ShowError("a: b", 1, "x");
+        }
+        NoteProblem("a: b", "y");
+    }
+    ShowError("a: b", 1, "x");
+    EXPECT_THAT(errors.subjects, ElementsAre("App.vbp", "..\\Form1.frm", ""));
+    EXPECT_THAT(Problems(), ElementsAre(Field(&Problem::subject, "App.vbp"), Field(&Problem::subject, "..\\Form1.frm"),
+                                        Problem{"a: b", "y", "App.vbp"}, Field(&Problem::subject, "")));
+}
+
+TEST_F(Errors, TheSameProblemIsListedOnceAndReportedEachTime) {
+    const RecordingErrors errors;
+    for (int i = 0; i < 3; ++i) {
+        ShowError("a: b", 1, "x");
+        NoteProblem("a: b", "x");
+    }
+    NoteProblem("a: b\nx", "");  // other parts of one whole are another problem
+    EXPECT_THAT(errors.tags, SizeIs(3));
+    EXPECT_THAT(Problems(), SizeIs(2));
+    ClearProblems();
+    EXPECT_THAT(Problems(), IsEmpty());
+    NoteProblem("a: b", "x");
+    EXPECT_THAT(Problems(), SizeIs(1));
+}
+
+TEST_F(Errors, TheListOfProblemsIsBounded) {
+    for (int i = 0; i < 10100; ++i)
+        NoteProblem("a: b", std::to_string(i));
+    EXPECT_THAT(Problems(), SizeIs(10000));
+    EXPECT_EQ(Problems().back().text, "9999");
+}
+
+}  // namespace

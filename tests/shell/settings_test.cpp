@@ -1,0 +1,139 @@
+#include "shell/settings.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "shell/clsText.h"
+#include "support/program_state.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::Pair;
+using testing::StartsWith;
+
+constexpr const char* kIni = "o\\Ostrivane.ini";
+
+class Settings : public ProgramState {
+protected:
+    // Reads a settings file of these lines.
+    void Load(const std::string& lines) {
+        files_.WriteWhole(kIni, lines);
+        SettingsFile file(files_, kIni);
+        Optionen_Ini_Load(file);
+    }
+    void LoadGeneral(const std::string& line) { Load("[ALLGEMEIN]\r\n" + line + "\r\n"); }
+    void LoadVisual(const std::string& line) { Load("[VISUALIZATION]\r\n" + line + "\r\n"); }
+
+    MemoryFiles files_;
+};
+
+constexpr const char* kDefaults =
+    "[ALLGEMEIN]\r\nwin32=1\r\nLoadLibs=1\r\nProcVarsInTreeView=1\r\nLanguage=english\r\nCodePage=auto\r\n"
+    "[VISUALIZATION]\r\nFontSize=10\r\nFontName=Courier New\r\nFontBold=0\r\nFontItalic=0\r\n"
+    "TreeFontSize=8\r\nTreeFontName=MS Sans Serif\r\nTreeFontBold=0\r\nTreeFontItalic=0\r\n"
+    "Col Publics=255\r\nCol Privates=16744448\r\nCol CallLocal=16744448\r\nCol CallIn=8421631\r\n"
+    "Col CallOut=255\r\nCol CallMayBe=8388736\r\nCol CondCompile=32896\r\nCol Comment=30720\r\n"
+    "Col String=9868950\r\n";
+
+constexpr const char* kOthers =
+    "[ALLGEMEIN]\r\nwin32=0\r\nLoadLibs=0\r\nProcVarsInTreeView=-1\r\nLanguage=german\r\nCodePage=1251\r\n"
+    "[VISUALIZATION]\r\nFontSize=10.5\r\nFontName=Consolas\r\nFontBold=1\r\nFontItalic=0\r\n"
+    "TreeFontSize=9\r\nTreeFontName=Tahoma\r\nTreeFontBold=0\r\nTreeFontItalic=1\r\n"
+    "Col Publics=1\r\nCol Privates=2\r\nCol CallLocal=3\r\nCol CallIn=4\r\nCol CallOut=5\r\nCol CallMayBe=6\r\n"
+    "Col CondCompile=7\r\nCol Comment=8\r\nCol String=-2147483633\r\n";
+
+TEST_F(Settings, AbsentFileGivesTheDefaultsAndComesIntoBeingAtTheFirstSave) {
+    Load(kOthers);
+    SettingsFile file(files_, "new.ini");
+    Optionen_Ini_Load(file);
+    EXPECT_EQ(gOpenSaveDir, "1");
+    EXPECT_FALSE(files_.FileExists("new.ini"));
+    Optionen_Ini_Save(file);
+    EXPECT_EQ(files_.Bytes("new.ini"), kDefaults);
+}
+
+TEST_F(Settings, WhatWasReadIsSavedAgain) {
+    Load(kOthers);
+    EXPECT_EQ(gOptWin32, 0);
+    EXPECT_EQ(gOptLoadLibs, 0);
+    EXPECT_EQ(gOptProcVars, -1);
+    EXPECT_EQ(ActiveCodePage().Setting(), "1251");
+    EXPECT_EQ(gCodeFont, (FontSetting{10.5, "Consolas", true, false}));
+    EXPECT_EQ(gTreeFont, (FontSetting{9, "Tahoma", false, true}));
+    EXPECT_EQ((std::vector{gColPublics, gColPrivates, gColCallLocal, gColCallIn, gColCallOut, gColCallMayBe,
+                           gColCondCompile, gColComment, gColString}),
+              (std::vector{1, 2, 3, 4, 5, 6, 7, 8, -2147483633}));
+    gOpenSaveDir = "c:\\other\\";  // is saved on its own
+    SettingsFile file(files_, "new.ini");
+    Optionen_Ini_Save(file);
+    EXPECT_EQ(files_.Bytes("new.ini"), kOthers);
+}
+
+TEST_F(Settings, KeysAreFoundInAnySpelling) {
+    Load("; mine\r\n[allgemein]\r\nWIN32=0\r\nSecret=7\r\n");
+    EXPECT_EQ(gOptWin32, 0);
+    SettingsFile file(files_, kIni);
+    gOptWin32 = 1;
+    Optionen_Ini_Save(file);
+    EXPECT_THAT(files_.Bytes(kIni), StartsWith("; mine\r\n[allgemein]\r\nWIN32=1\r\nSecret=7\r\nLoadLibs=1\r\n"));
+}
+
+TEST_F(Settings, OddFontsFallBack) {
+    struct Case {
+        const char* line;
+        float size;
+    };
+    for (const Case& c : {Case{"FontSize=0", 10}, Case{"FontSize=", 10}, Case{"FontSize=big", 10},
+                          Case{"FontSize=10,5", 10.5}, Case{"fontsize = 12.25 pt", 12.25}}) {
+        LoadVisual(c.line);
+        EXPECT_EQ(gCodeFont.size, c.size) << c.line;
+    }
+    LoadVisual("TreeFontSize=0\r\nTreeFontName=\r\nFontName=\r\nFontBold=-1\r\nFontItalic=2\r\nTreeFontBold=yes");
+    EXPECT_EQ(gCodeFont, (FontSetting{10, "Courier New", true, true}));
+    EXPECT_EQ(gTreeFont, (FontSetting{8, "MS Sans Serif", false, false}));
+}
+
+TEST_F(Settings, OnlyGermanIsAnotherLanguage) {
+    for (const auto& [line, language] : {std::pair{"Language=german", "german"},
+                                         {"Language=french", "english"},
+                                         {"Language=", "english"},
+                                         {"Language=english", "english"}}) {
+        LoadGeneral(line);
+        EXPECT_EQ(gText.Language, language) << line;
+    }
+}
+
+TEST_F(Settings, BitsOfTheProjectAreTwoConstants) {
+    LoadGeneral("WIN32=1");
+    EXPECT_THAT(gCondComps, ElementsAre(Pair("", ""), Pair("win32", "-1"), Pair("win16", "0")));
+    gOptWin32 = 0;
+    gCondComps.emplace_back("debug", "1");
+    CondComps_Win32_Win16();
+    EXPECT_THAT(gCondComps, ElementsAre(Pair("", ""), Pair("win32", "0"), Pair("win16", "-1"), Pair("debug", "1")));
+}
+
+TEST_F(Settings, DirectoryOfTheLastProjectIsSavedAlone) {
+    SettingsFile file(files_, kIni);
+    gOpenSaveDir = "  c:\\my projects\\ ";
+    gOptWin32 = 0;
+    Save_OpenDir(file);
+    EXPECT_EQ(files_.Bytes(kIni), "[ALLGEMEIN]\r\nOpenSaveDir=c:\\my projects\\\r\n");
+}
+
+TEST_F(Settings, WindowSizeIsKept) {
+    SettingsFile file(files_, kIni);
+    EXPECT_EQ(SizeSave_Read(file), WindowSize()) << "with nothing stored the window keeps its design size";
+    const WindowSize size{false, "1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11", "12"};
+    SizeSave_Write(file, size);
+    SettingsFile again(files_, kIni);
+    EXPECT_EQ(SizeSave_Read(again), size);
+    // A maximised window leaves its place alone.
+    SizeSave_Write(again, {true, "91", "92", "93", "94", "95", "6", "7", "8", "9", "10", "11", "12"});
+    EXPECT_EQ(SizeSave_Read(again), (WindowSize{true, "1", "2", "3", "4", "95", "6", "7", "8", "9", "10", "11", "12"}));
+    // A stored 0 keeps the design place of two splitters.
+    SizeSave_Write(file, {false, "0", "0", "0", "0", "0", "0", "0", "0", "0", "0", "0", "0"});
+    EXPECT_EQ(SizeSave_Read(file), (WindowSize{false, "0", "0", "0", "0", "", "", "0", "0", "0", "0", "0", "0"}));
+}
+
+}  // namespace

@@ -1,0 +1,86 @@
+#include "shell/timing.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/ports.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(TimingRecords, PairedStartsAndStopsAddUpInSilence) {
+    const RecordingMessages messages;
+    TimingRecord record;
+    for (int i = 0; i < 3; ++i) {
+        Timer_Start(record);
+        Timer_Stop(record);
+    }
+    EXPECT_EQ(record.StartCount, 3);
+    EXPECT_EQ(record.StopCount, 3);
+    EXPECT_THAT(messages.texts, IsEmpty());
+
+    record.Total = 100;
+    Timer_Start(record);
+    record.StartTime -= 16;  // the stop comes sixteen seconds later
+    Timer_Stop(record);
+    EXPECT_NEAR(record.Total, 116, 0.5);
+}
+
+TEST(TimingRecords, UnbalancedStopIsTold) {
+    const RecordingMessages messages;
+    TimingRecord record;
+    Timer_Stop(record);
+    EXPECT_THAT(messages.texts, ElementsAre("Timerschrott!!!!"));
+
+    // A recursive procedure starts twice before it stops.
+    TimingRecord recursive;
+    Timer_Start(recursive);
+    Timer_Start(recursive);
+    Timer_Stop(recursive);
+    Timer_Stop(recursive);
+    EXPECT_THAT(messages.texts, ElementsAre("Timerschrott!!!!", "Timerschrott!!!!"));
+}
+
+TEST(TimingRecords, TextHasHoursMinutesSecondsAndTheDigitsBehindThePoint) {
+    struct Case {
+        double total;
+        const char* text;
+    };
+    for (const Case& c :
+         {Case{0, "00:00:00:00"}, Case{12, "00:00:12:00"}, Case{59.5, "00:00:59:05"}, Case{61.05, "00:01:01:05"},
+          Case{3723.25, "01:02:03:25"}, Case{0.125, "00:00:00:125"}, Case{360000, "100:00:00:00"}}) {
+        TimingRecord record;
+        record.Total = c.total;
+        Timer_String(record);
+        EXPECT_EQ(record.TotalText, c.text);
+    }
+}
+
+TEST(QueryTimer, LowHalfThatReadsAsNegativeComesOutOneTooHigh) {
+    EXPECT_EQ(CounterAsNumber(0), 0);
+    EXPECT_EQ(CounterAsNumber(0x7FFFFFFF), 2147483647.0);
+    EXPECT_EQ(CounterAsNumber(0x80000000), 2147483649.0);
+    EXPECT_EQ(CounterAsNumber(0xFFFFFFFF), 4294967296.0);
+    EXPECT_EQ(CounterAsNumber(0x300000005), 3 * 4294967296.0 + 5);
+}
+
+TEST(QueryTimer, RunsAddUpWithoutTheOverhead) {
+    clsQueryTimer timer;
+    timer.Calibrieren();
+    EXPECT_GE(timer.Overhead, 0);
+    timer.Overhead = 1e9;
+    timer.Start();
+    timer.Halt();
+    const double first = timer.LastRun;
+    EXPECT_LT(first, 0);  // a run of no time, less the overhead
+    EXPECT_EQ(timer.RunTime(), first);
+    timer.Start();
+    timer.Halt();
+    EXPECT_DOUBLE_EQ(timer.Total, first + timer.LastRun);
+    timer.Total = (2 * 3600 + 3 * 60 + 4) * 1000.0 + 900;
+    EXPECT_EQ(timer.Get_TotalStr(), "02:03:04");
+}
+
+}  // namespace

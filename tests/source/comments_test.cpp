@@ -1,0 +1,64 @@
+#include "source/comments.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/module_dumps.h"
+#include "support/ports.h"
+
+namespace {
+
+using testing::Each;
+using testing::IsEmpty;
+using testing::Not;
+
+// The marks of each snippet are what must come out.
+template <class Ranges>
+void ExpectMarked(Ranges ranges, std::initializer_list<const char*> snippets) {
+    for (const char* snippet : snippets) {
+        SCOPED_TRACE(snippet);
+        const Marked vb = Vb(snippet);
+        EXPECT_EQ(ranges(ModuleText(vb.text)), vb.ranges);
+    }
+}
+
+TEST(Comments, BeginAtAnApostropheOutsideStrings) {
+    ExpectMarked(CommentRanges, {"a = 1 {{' note}}\nb = 2", "a = \"it's\"", "a = \"it's\" {{' it's \"quoted\"}}",
+                                 "{{'}}", "a = \"\"\"\" {{' one quote}}", "a = \"open ' code to the end"});
+}
+
+TEST(Comments, RunOnOverAContinuation) {
+    ExpectMarked(CommentRanges, {"x = 1 {{' first _\nstill comment}}\ny = 2", "x = 1 {{' ends here_}}\ny = 2",
+                                 "first\nx = \"a\" & _\n  \"it's\" {{' note}}\ny"});
+}
+
+TEST(Comments, BeginAtRemBehindABlankOrALineEnd) {
+    ExpectMarked(CommentRanges,
+                 {"x\n{{Rem a}}\ny", "x = 1: {{Rem a}}", "x\n  {{rem a}}", "x {{Rem a}}", "x\n{{Rem a _\nb}}\nc",
+                  "x = \" rem a\"", "x\nRemark a", "x\nRem\ny", "x\n{{Rem it's}}", "x {{' a rem b}}"});
+}
+
+TEST(Comments, RemInTheFirstLineStaysCode) {
+    ExpectMarked(CommentRanges, {"Rem a\n{{Rem b}}", " {{Rem behind a blank}}\nx"});
+}
+
+TEST(Comments, LastLineWithoutLineEndGoesByTheLineBefore) {
+    const RecordingErrors errors;
+    const auto comments = [](const char* text) { return CommentRanges(ModuleText(text)); };
+    EXPECT_THAT(comments("x = 1\r\ny ' a"), IsEmpty());
+    EXPECT_EQ(comments("a ' long enough\r\ny ' a"), (std::vector<PosRange>{{3, 15}, {20, 22}}));
+    EXPECT_EQ(comments("a 'b\r\nyyy ' a"), (std::vector<PosRange>{{3, 4}}));
+    EXPECT_THAT(errors.tags, Not(IsEmpty()));
+    EXPECT_THAT(errors.tags, Each("clsModul: Get_VBZeile_Nach_Pos"));
+}
+
+TEST(Strings, IncludeTheirQuotes) {
+    ExpectMarked(StringRanges, {"x = {{\"a b\"}} & y", "x = {{\"a\"\"b\"}}", "x = {{\"\"}}", "f {{\"a\"}}, {{\"b\"}}",
+                                "x = 1 ' it's \"quoted\"\ny = {{\"c\"}}"});
+}
+
+TEST(Strings, GoOnOverLineEndsToTheNextQuote) {
+    ExpectMarked(StringRanges, {"x = {{\"a\ny = \"}}b", "x = {{\"a\"}} & \"open\ny = 1"});
+}
+
+}  // namespace

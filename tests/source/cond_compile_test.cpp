@@ -1,0 +1,189 @@
+#include "source/cond_compile.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/module_dumps.h"
+#include "support/ports.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+
+// Hidden stretches of a snippet; each must go from a {{ to the CR behind the line that ends in }}.
+void ExpectHidden(const char* snippet, const std::vector<CondConstant>& projectConstants = {}) {
+    SCOPED_TRACE(snippet);
+    Marked vb = Vb(snippet);
+    for (PosRange& range : vb.ranges)
+        ++range.second;
+    EXPECT_EQ(HiddenRanges(ModuleText(vb.text), projectConstants), vb.ranges);
+}
+
+// Whether the code of `#If expression Then` is compiled.
+bool IsCompiled(const std::string& expression, const std::vector<CondConstant>& projectConstants = {}) {
+    const Marked vb = Vb("#If " + expression + " Then\n{{x}}\n#End If");
+    const auto hidden = HiddenRanges(ModuleText(vb.text), projectConstants);
+    return !hidden.empty() && hidden.front().second < vb.pos();
+}
+
+TEST(CondCompile, OnlyTheCodeOfTheTruePartIsSeen) {
+    ExpectHidden(R"(
+        {{#If Win32 Then}}
+        a
+        {{#Else
+        b
+        #End If}}
+        c
+    )");
+    ExpectHidden(R"(
+        {{#If Win16 Then
+        a
+        #Else}}
+        b
+        {{#End If}}
+    )");
+    ExpectHidden(R"(
+        first
+        {{#If 0 Then
+        a
+        #ElseIf 0 Then
+        b
+        #End If}}
+        y
+    )");
+}
+
+TEST(CondCompile, OfSeveralTruePartsTheFirstCounts) {
+    ExpectHidden(R"(
+        {{#If 0 Then
+        a
+        #ElseIf 1 Then}}
+        b
+        {{#ElseIf Win32 Then
+        c
+        #Else
+        d
+        #End If}}
+    )");
+    ExpectHidden(R"(
+        {{#If Win32 Then}}
+        a
+        {{#ElseIf Win32 Then
+        b
+        #Else
+        c
+        #End If}}
+    )");
+}
+
+TEST(CondCompile, BlocksNest) {
+    ExpectHidden(R"(
+        {{#If Win32 Then}}
+        {{#If 0 Then
+        a
+        #Else}}
+        b
+        {{#End If}}
+        c
+        {{#Else
+        #If 1 Then
+        d
+        #End If
+        #End If}}
+    )");
+    ExpectHidden(R"(
+        {{#If 0 Then
+        #If Win32 Then
+        a
+        #ElseIf 1 Then
+        #Else
+        b
+        #End If
+        #Else}}
+        c
+        {{#If 1 Then}}
+        d
+        {{#End If}}
+        {{#End If}}
+    )");
+}
+
+TEST(CondCompile, DirectiveIsTheFirstThingInItsLogicalLine) {
+    ExpectHidden("first\n  {{#If 0 Then\n  a\n  #End If}}");
+    ExpectHidden("{{#If 1 = _\n  0 Then ' note\na\n#End If}}");
+    ExpectHidden("x = 5#\nPrint #1, a: #If 0 Then\nb");
+    ExpectHidden("' #If 0 Then\na\nx = \"#If 0 Then\"");
+    ExpectHidden("a _\n#If 0 Then\nb");
+}
+
+TEST(CondCompile, TornBlocksHideNoMoreThanTheirDirectives) {
+    ExpectHidden("first\n{{#If 0 Then}}\nb");
+    ExpectHidden("first\n{{#Else}}\nb");
+    ExpectHidden("first\n#End If\nb");
+    ExpectHidden("{{#If Win32 Then}}\na\n{{#End If}}\nb\n{{#If 0 Then}}\nc");
+}
+
+TEST(CondCompile, ExpressionDecides) {
+    for (const char* isTrue : {"Win32", "Win32 = -1", "Not Win16", "Not Undefined", "2", "1 + 1 > 1 And Win32",
+                               "(Win16 Or Win32)", "Undefined = 0", "True"})
+        EXPECT_TRUE(IsCompiled(isTrue)) << isTrue;
+    for (const char* isFalse : {"Win16", "0", "Undefined", "False", "Win32 = 1", "Win32 And Win16", "1 <> 1"})
+        EXPECT_FALSE(IsCompiled(isFalse)) << isFalse;
+}
+
+TEST(CondCompile, ProjectConstantsWinOverTheModules) {
+    ExpectHidden("#Const Debugging = 0\n{{#If Debugging Then\na\n#End If}}");
+    ExpectHidden("#Const Debugging = 0\n{{#If Debugging Then}}\na\n{{#End If}}", {{"debugging", "-1"}});
+    ExpectHidden("#Const x = 1\n{{#If x = 1 Then}}\na\n{{#End If}}");
+}
+
+TEST(CondCompile, FailedExpressionIsReportedAndFalse) {
+    const RecordingErrors errors;
+    ExpectHidden(R"(
+        {{#If (1 Then
+        a
+        #ElseIf 1 Then}}
+        b
+        {{#End If}}
+    )");
+    EXPECT_THAT(errors.tags, ElementsAre("modMain: IF_is_TRUE   (check conditional compile expression \"(1\" in "
+                                         "module Module1)"));
+}
+
+TEST(CondCompile, FailedDefinitionIsReportedAndTheNextFollows) {
+    const RecordingErrors errors;
+    EXPECT_TRUE(IsCompiled("good", {{"bad", "(("}, {"good", "1"}}));
+    EXPECT_THAT(errors.tags, ElementsAre("modMain: IF_is_TRUE   (check conditional compile expression \"good\" in "
+                                         "module Module1)"));
+}
+
+TEST(CondCompile, AttributeLinesAreHidden) {
+    ExpectHidden("{{Attribute VB_Name = \"Form1\"}}\n{{  Attribute VB_Exposed = False ' note}}\na");
+    ExpectHidden("x = Attribute\nAttribute.y = 1: Attribute z\n' Attribute VB_Name\ny = \"\nAttribute VB_Name = x\"");
+    ExpectHidden("{{Attribute a _\n  b}}\nc");
+}
+
+TEST(CondCompile, ModuleConstantsComeFromConstDirectives) {
+    ExpectHidden(R"(
+        #Const First = 1 ' note
+        x = "#Const No = 1"
+          #const SECOND = "Two Words"
+        ' #Const Nor = 1
+        #Const Third = 2 = 3
+        {{#If First = 1 And Second = "two words" And Third = 2 And No = 0 And Nor = 0 Then}}
+        a
+        {{#End If}}
+    )");
+}
+
+TEST(CondCompile, AssignmentsOfAProjectLine) {
+    EXPECT_THAT(CondCompsOfLine("CondComp=\"Debugging = -1 : LANG = De\""),
+                ElementsAre(Pair("debugging", "-1"), Pair("lang", "de")));
+    EXPECT_THAT(CondCompsOfLine("CondComp=\"A = 1\""), ElementsAre(Pair("a", "1")));
+    EXPECT_THAT(CondCompsOfLine("CondComp=\"\""), IsEmpty());
+    EXPECT_THAT(CondCompsOfLine("CondComp=A = 1"), IsEmpty());
+}
+
+}  // namespace

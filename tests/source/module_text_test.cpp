@@ -1,0 +1,129 @@
+#include "source/module_text.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "support/marked.h"
+#include "support/ports.h"
+
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+TEST(ModuleText, BothSpellingsShareTheirPositions) {
+    ModuleText text("Dim \xC4\xB5x$\r\n");
+    EXPECT_EQ(text.ModulText(), "dim \xE4\xB5x$\r\n");
+    EXPECT_EQ(text.ModulTextOrg(), "Dim \xC4\xB5x$\r\n");
+    EXPECT_EQ(text.CharCount(), 10);
+    EXPECT_EQ(text.Get_String(1, 4), "dim");  // the end is exclusive
+    EXPECT_EQ(text.Get_StringOrg(5, 6), "\xC4");
+    EXPECT_THROW((void)text.Get_String(4, 3), VbError);
+    text.ReleaseModulText();
+    EXPECT_EQ(text.ModulText(), "dim \xE4\xB5x$\r\n");
+}
+
+TEST(ModuleText, FlagsOutsideTheTextAreAnError) {
+    ModuleText text("abc");
+    text.Mark(2, 99, IsString);
+    text.Mark(-5, 2, IsComment);
+    text.Mark(3, 2, NotCompile);
+    EXPECT_FALSE(text.PosNotCode(0));  // the entry that no character uses
+    EXPECT_TRUE(text.PosIsComment(1) && !text.PosIsString(1));
+    EXPECT_TRUE(text.PosIsComment(2) && text.PosIsString(2) && !text.PosNotCompile(2));
+    EXPECT_TRUE(text.PosIsString(3) && text.PosNotCode(3));
+    for (const Pos pos : {-1, 4})
+        EXPECT_THROW((void)text.PosNotCode(pos), VbError) << pos;
+}
+
+TEST(VBZeilenEnde, IsTheCarriageReturnBehindTheLastContinuation) {
+    const Marked vb = Vb(R"(
+        {{D}}im a _
+            As Long{{}}
+        b_{{}}
+        {{c}}
+    )");
+    const ModuleText text(vb.text);
+    EXPECT_EQ(text.Get_VBZeilenEnde(vb.pos(1)), vb.pos(2));
+    EXPECT_EQ(text.Get_VBZeilenEnde(vb.pos(2)), vb.pos(2));  // on the line end itself
+    EXPECT_EQ(text.Get_VBZeilenEnde(vb.pos(3)), vb.pos(3)) << "an underscore behind a letter continues nothing";
+    EXPECT_EQ(text.Get_VBZeilenEnde(vb.pos(4)), vb.pos(4) + 1);
+    EXPECT_EQ(text.Get_VBZeilenEnde(vb.pos(4) + 2), 0);
+    EXPECT_EQ(ModuleText("a\r\nlast").Get_VBZeilenEnde(4), 0);
+    EXPECT_EQ(ModuleText("a _\r\n").Get_VBZeilenEnde(1), 0);
+}
+
+TEST(VBZeilenBeginn, IsTheFirstCharacterBeforeAllContinuations) {
+    const Marked vb = Vb(R"(
+        {{f}}irst{{}}
+        {{D}}im a, _
+            b, _
+            {{c}}
+        {{e}}_
+        {{g}}
+    )");
+    const ModuleText text(vb.text);
+    EXPECT_EQ(text.Get_VBZeilenBeginn(vb.pos(1)), 1);
+    EXPECT_EQ(text.Get_VBZeilenBeginn(vb.pos(2)), 1);  // on the line end itself
+    EXPECT_EQ(text.Get_VBZeilenBeginn(vb.pos(4)), vb.pos(3));
+    EXPECT_EQ(text.Get_VBZeilenBeginn(vb.pos(5)), vb.pos(5));
+    EXPECT_EQ(text.Get_VBZeilenBeginn(vb.pos(6)), vb.pos(6));
+    EXPECT_EQ(text.Get_VBZeilenBeginn_Safe(vb.pos(4)), vb.pos(3));
+    EXPECT_EQ(text.Get_VBZeilenBeginn_Safe(0), 0);
+    EXPECT_EQ(ModuleText(" _\r\nx\r\n").Get_VBZeilenBeginn(5), 0) << "a text that begins with a continuation";
+}
+
+TEST(VBZeilenBeginn, LineBreakAtTextStartIsReported) {
+    RecordingErrors errors;
+    EXPECT_EQ(ModuleText("\r\nDim a\r\n").Get_VBZeilenBeginn(4), 3);
+    EXPECT_EQ(ModuleText("x\r\nDim a\r\n").Get_VBZeilenBeginn(5), 4);
+    EXPECT_THAT(errors.tags, ElementsAre("clsModul: Get_VBZeilenBeginn", "clsModul: Get_VBZeilenBeginn"));
+    errors.tags.clear();
+    EXPECT_EQ(ModuleText("\r\nDim a\r\n").Get_VBZeilenBeginn_Safe(4), 1);
+    EXPECT_EQ(ModuleText("x\r\nDim a\r\n").Get_VBZeilenBeginn_Safe(5), 1);
+    EXPECT_EQ(ModuleText("xy\r\nDim a\r\n").Get_VBZeilenBeginn_Safe(6), 5);
+    EXPECT_THAT(errors.tags, IsEmpty());
+}
+
+TEST(VBZeile, IsReadInEitherSpelling) {
+    const Marked vb = Vb(R"(
+        first
+        {{Dim A _
+            As {{L}}ong}}
+        last
+    )");
+    const ModuleText text(vb.text);
+    Pos start = 0;
+    Pos length = 0;
+    std::string_view line;
+    EXPECT_TRUE(text.Get_VBZeile_Nach_Pos(vb.pos(2), start, length, line));
+    EXPECT_EQ(line, "dim a _\r\n    as long");
+    EXPECT_EQ(start, vb.pos(1));
+    EXPECT_EQ(start + length - 1, vb.last(1));
+    EXPECT_TRUE(text.Get_VBZeile_Nach_Pos_Org(vb.pos(2), start, length, line));
+    EXPECT_EQ(line, "Dim A _\r\n    As Long");
+    EXPECT_TRUE(text.Get_VBZeile_Nach_Pos_Safe(1, start, length, line));
+    EXPECT_EQ(line, "first");
+}
+
+TEST(VBZeile, LastLineWithoutLineEndIsReportedAndTheTextStays) {
+    const ModuleText text("first\r\nlast");
+    using Reader = bool (ModuleText::*)(Pos, Pos&, Pos&, std::string_view&) const;
+    for (const auto& [read, tag] :
+         {std::pair<Reader, std::string>{&ModuleText::Get_VBZeile_Nach_Pos, "clsModul: Get_VBZeile_Nach_Pos"},
+          {&ModuleText::Get_VBZeile_Nach_Pos_Org, "clsModul: Get_VBZeile_Nach_Pos_Org"},
+          {&ModuleText::Get_VBZeile_Nach_Pos_Safe, "clsModul: Get_VBZeile_Nach_Pos_Safe"}}) {
+        const RecordingErrors errors;
+        Pos start = 0;
+        Pos length = 0;
+        std::string_view line = "former";
+        EXPECT_FALSE((text.*read)(9, start, length, line));
+        EXPECT_EQ(start, 8);
+        EXPECT_EQ(length, -8);
+        EXPECT_EQ(line, "former");
+        EXPECT_THAT(errors.tags, ElementsAre(tag));
+        EXPECT_THAT(errors.numbers, ElementsAre(5));
+    }
+}
+
+}  // namespace

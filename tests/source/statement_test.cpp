@@ -1,0 +1,170 @@
+#include "source/statement.h"
+
+#include <gtest/gtest.h>
+
+#include "source/comments.h"
+#include "support/marked.h"
+
+namespace {
+
+// The statement at the first mark of a snippet.
+class At {
+public:
+    explicit At(const char* snippet) : vb_(Vb(snippet)), text_(vb_.text), statement_(text_) {
+        Comments_Initialisieren(text_);
+        Strings_Initialisieren(text_);
+        statement_.Initialisieren(vb_.pos());
+    }
+    clsStatement* operator->() { return &statement_; }
+    [[nodiscard]] const Marked& Snippet() const { return vb_; }
+
+    // All splits, "a|=|b".
+    [[nodiscard]] std::string Splits() const {
+        std::string splits;
+        for (int nr = 1; nr <= statement_.SplitCount(); ++nr)
+            splits.append(nr == 1 ? "" : "|").append(statement_.SplitStr(nr));
+        return splits;
+    }
+
+private:
+    Marked vb_;
+    ModuleText text_;
+    clsStatement statement_;
+};
+
+TEST(Statement, IsSplitAtBlanksThatSeparate) {
+    struct Case {
+        const char* snippet;
+        const char* splits;
+    };
+    for (const Case& c :
+         {Case{"{{a}} = b + c", "a|=|b|+|c"}, Case{"{{foo}} (1, 2), 3", "foo (1, 2),|3"}, Case{"{{x}}.y .z", "x.y .z"},
+          Case{"{{MsgBox}} \"x y\"", "msgbox|\"x y\""}, Case{"{{a}} = f( b, c ) + 1", "a|=|f( b, c )|+|1"},
+          Case{"{{a}} = \"(\" & b & \" c\"", "a|=|\"(\"|&|b|&|\" c\""}, Case{"{{a}}   =   b", "a|=|b"},
+          Case{"{{a}} = b And (c Or d)", "a|=|b|and|(c or d)"}, Case{"{{foo}} a, _\n    b ' note", "foo|a,|b"}}) {
+        SCOPED_TRACE(c.snippet);
+        EXPECT_EQ(At(c.snippet).Splits(), c.splits);
+    }
+}
+
+TEST(Statement, TellsWhichSplitHoldsThePosition) {
+    At at("Foo: a = b.{{c}}d + e");
+    EXPECT_EQ(at->Statement(), "a = b.cd + e");
+    EXPECT_EQ(at->StatementPos(), 6);
+    EXPECT_EQ(at->PosInStatement(), at.Snippet().pos() - 5);
+    EXPECT_EQ(at->SplitNr(), 3);
+    EXPECT_EQ(at->Split_Str(), "b.cd");
+    EXPECT_EQ(at->SplitPos(3), 5);
+    EXPECT_EQ(at->SplitLen(3), 4);
+    EXPECT_EQ(at->PosInSplit(), 3);
+    EXPECT_EQ(at->Gleich_Ist_SplitNr(), 2);
+    EXPECT_EQ(at->Get_AnzStr_InSplit("."), 1);
+    EXPECT_THROW((void)at->SplitStr(6), VbError);
+    // Where several blanks stand, splits are counted as if it were one, and the position lies behind them.
+    At wide("a    {{=}} b");
+    EXPECT_EQ(wide->SplitPos(3), 5);
+    EXPECT_EQ(wide->SplitNr(), 0);
+    EXPECT_EQ(At("foo {{a}}")->Gleich_Ist_SplitNr(), 0);
+}
+
+TEST(Statement, IsCutAtColonAndThen) {
+    struct Case {
+        const char* snippet;
+        const char* statement;
+    };
+    for (const Case& c :
+         {Case{"If a Then {{b}} = 1: c = 2", "b = 1"}, Case{"If {{a}} Then b = 1: c = 2", "if a"},
+          Case{"a = 1: {{b}} = 2: c = 3", "b = 2"}, Case{"a = \": \": {{b}} = \" then \"", "b = \" then \""},
+          Case{"a = 1:   {{b}} = 2 ' note: x", "b = 2"}, Case{"   {{a}} = 1\nb", "a = 1"},
+          Case{"{{x}}:y = 1", "x:y = 1"},
+          // Both separators to the left and the colon the nearer: the line from its start.
+          Case{"If a Then b = 1: {{c}} = 2", "if a then b = 1: c = 2"}}) {
+        SCOPED_TRACE(c.snippet);
+        At at(c.snippet);
+        EXPECT_EQ(at->Statement(), c.statement);
+        EXPECT_EQ(Mid(Vb(c.snippet).text, at->StatementPos(), 1 + at.Snippet().pos() - at->StatementPos()).back(),
+                  CharAt(at.Snippet().text, at.Snippet().pos()));
+        EXPECT_EQ(at->PosInStatement(), at.Snippet().pos() - at->StatementPos() + 1);
+    }
+}
+
+TEST(Statement, ContinuationKeepsThePositionsTrue) {
+    At at("first\nfoo a, _\n  {{b}}");
+    EXPECT_EQ(at->Statement(), "foo a,      b");
+    EXPECT_EQ(CharAt(at->Statement(), at->PosInStatement()), 'b');
+}
+
+TEST(Statement, LineWithoutCodeHasNoContent) {
+    for (const char* snippet : {"  {{'}} a = b", "{{}}   \nx", "{{}}\nx"}) {
+        SCOPED_TRACE(snippet);
+        At at(snippet);
+        EXPECT_TRUE(at->NoContent());
+        EXPECT_EQ(at->SplitCount(), 0);
+        EXPECT_EQ(at->CodeLen(), at->LineNoComment().size());
+    }
+    At code("x = \"it's\"   ' {{n}}ote");
+    EXPECT_FALSE(code->NoContent());
+    EXPECT_EQ(code->LineNoComment(), "x = \"it's\"");
+}
+
+TEST(Statement, KnowsItsBrackets) {
+    At at("{{foo}} (a(1), \")\")");
+    std::string inside;
+    for (Pos pos = 1; pos <= at->StatementLen(); ++pos)
+        inside += at->PosInKlammer(pos) ? 'x' : '-';
+    EXPECT_EQ(inside, "-----xxxxxxxxxx");
+    EXPECT_EQ(at->Get_PosKlammerRechts(6), 15);
+    EXPECT_EQ(at->Get_PosKlammerRechts(8), 9);
+    EXPECT_EQ(At("{{foo}} (a")->Get_PosKlammerRechts(6), 0);
+}
+
+TEST(Statement, BlankThatSeparatesNothing) {
+    struct Case {
+        const char* left;
+        const char* right;
+        bool noBlank;
+    };
+    for (const Case& c :
+         {Case{"a. ", "b", true}, Case{"f( ", "b", true}, Case{"b ", ")", true}, Case{"x ", ".y", true},
+          Case{"foo ", "(1)", true}, Case{"x ", "y", false}, Case{"= ", "(1)", false}, Case{"and ", "(1)", false},
+          Case{"<> ", ".y", false}, Case{"\"s\" ", "(1)", false}, Case{"", "x", false}}) {
+        SCOPED_TRACE(c.left);
+        EXPECT_EQ(BlankNoBlank(c.left, c.right), c.noBlank);
+    }
+}
+
+TEST(Statement, TellsArgumentsFromTargetsAndNames) {
+    for (const char* argument : {"If {{a}} = 1 Then", "Loop Until {{a}}", "Case {{a}}", "foo {{a}}", "foo 1, {{a}}",
+                                 "a({{i}}) = 1", "Call foo({{a}})", "Set x = f({{a}})"})
+        EXPECT_TRUE(At(argument)->PosInArgumentListe()) << argument;
+    for (const char* target :
+         {"{{a}} = 1", "{{foo}} a", "Call {{foo}}(a)", "Set {{x}} = y", "If a Then {{b}} = 1", "x = {{y}}"})
+        EXPECT_FALSE(At(target)->PosInArgumentListe()) << target;
+}
+
+TEST(Statement, TellsDeclarations) {
+    for (const char* declaration : {"Dim {{x}}", "Friend {{Function}} f()", "Enum {{e}}"})
+        EXPECT_TRUE(At(declaration)->PosInDeklaration()) << declaration;
+    for (const char* other : {"x = {{dim}}", "ReDim {{x}}(1)", "End {{Sub}}", "Dimension {{x}}"})
+        EXPECT_FALSE(At(other)->PosInDeklaration()) << other;
+}
+
+TEST(Statement, DottedNameUpToThePosition) {
+    struct Case {
+        const char* snippet;
+        const char* name;
+    };
+    for (const Case& c :
+         {Case{"a.b.{{c}}.d = 1", "a.b.c"}, Case{"x = a.{{b}} + 1", "a.b"}, Case{"foo(x.{{y}}, z)", "x.y"},
+          Case{"foo 1, (a + b.{{c}})", "b.c"}, Case{"x = a(1, 2).{{b}}", "a(1, 2).b"}, Case{"x = -a.{{b}}", "a.b"},
+          Case{"x = a .{{b}}", "a .b"}, Case{".{{b}} = 1", ".b"}}) {
+        SCOPED_TRACE(c.snippet);
+        At at(c.snippet);
+        EXPECT_EQ(at->Get_Prop_With_Parents(), c.name);
+    }
+    At at("x = foo(1, a.{{b}}c)");
+    EXPECT_EQ(at->Get_Prop_With_Parents(2), "a.bc");
+    EXPECT_EQ(at->ParentStartPos(), at.Snippet().pos() - 2);
+}
+
+}  // namespace

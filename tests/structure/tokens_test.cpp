@@ -1,0 +1,143 @@
+#include "structure/tokens.h"
+
+#include <gmock/gmock.h>
+
+#include "support/module_dumps.h"
+
+namespace {
+
+struct Case {
+    std::string_view source;
+    std::string_view tokens;
+};
+
+void ExpectTokens(std::initializer_list<Case> cases) {
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.source);
+        EXPECT_EQ(DumpTokens(c.source), c.tokens);
+    }
+}
+
+}  // namespace
+
+TEST(Tokens, WordsSignsAndBracketsStandAlone) {
+    ExpectTokens({{"Dim a As Long", "1:Dim 1:a 1:As 1:Long"},
+                  {"x = f(a, b) - 1", "1:x 1:= 1:f 1:( 1:a 1:, 1:b 1:) 1:- 1:1"},
+                  {"x=y-z", "1:x 1:= 1:y 1:- 1:z"},
+                  {"a\r\n\r\n   \r\n  b_c\r\n", "1:a 2:b_c"},
+                  {"", ""}});
+}
+
+TEST(Tokens, HoldTheirPlaceInTheText) {
+    const Marked vb = Vb("{{Dim}}   {{counter}}\n{{x}}");
+    ModuleText text(vb.text);
+    const TokenTable tokens = Analyse_Parsen(text);
+    EXPECT_THAT(tokens.All(),
+                testing::ElementsAre(Token{vb.pos(1), 3, 1}, Token{vb.pos(2), 7, 1}, Token{vb.pos(3), 1, 2}));
+    EXPECT_EQ(tokens.LastOfStatement(1), 2);
+    for (const int outside : {0, 4}) {
+        EXPECT_EQ(tokens.EndOf(outside), 0);
+        EXPECT_EQ(tokens.Text(text.ModulText(), outside), "");
+        EXPECT_TRUE(tokens.StartsStatement(outside));
+    }
+}
+
+TEST(Tokens, TypeSignIsOneButTakesLettersBehindIt) {
+    ExpectTokens({{"x$ = y%", "1:x 1:$ 1:= 1:y 1:%"},
+                  {"F$(a&, b@)", "1:F 1:$ 1:( 1:a 1:& 1:, 1:b 1:@ 1:)"},
+                  {"rs!Name", "1:rs 1:!Name"},
+                  {"x = &H10", "1:x 1:= 1:&H10"},
+                  {"f(&H1F&)", "1:f 1:( 1:&H1F 1:& 1:)"},
+                  {"a & b", "1:a 1:& 1:b"},
+                  {"Print #1, x", "1:Print 1:# 1:1 1:, 1:x"}});
+}
+
+TEST(Tokens, PointDividesNamesAndJoinsNumbers) {
+    ExpectTokens({{"a.b", "1:a 1:. 1:b"},
+                  {".Caption", "1:. 1:Caption"},
+                  {"x = 1.5", "1:x 1:= 1:1.5"},
+                  {"x = .5", "1:x 1:= 1:.5"},
+                  {"x = -.5", "1:x 1:= 1:-.5"},
+                  {"a.5", "1:a.5"}});
+}
+
+// The editor of the language always sets blanks there; other programs don't.
+TEST(Tokens, SomeSignsAreGluedToTheNextWord) {
+    ExpectTokens({{"a,b", "1:a 1:,b"},
+                  {"a+b*c/d", "1:a 1:+b 1:*c 1:/d"},
+                  {"a&b", "1:a 1:&b"},
+                  {"a<b", "1:a<b"},
+                  {"a<=b", "1:a<= 1:b"},
+                  {"d = #1/5/2004#", "1:d 1:= 1:# 1:1 1:/5 1:/2004 1:#"},
+                  {"\tx\t= 1", "1:\tx\t 1:= 1:1"}});
+}
+
+TEST(Tokens, OperatorsOfTwoSignsStayTogether) {
+    ExpectTokens({{"Show Left:=1", "1:Show 1:Left 1::= 1:1"}, {"a <= b >= c <> d", "1:a 1:<= 1:b 1:>= 1:c 1:<> 1:d"}});
+}
+
+TEST(Tokens, ColonAndBlankStartANewStatement) {
+    ExpectTokens({{"a = 1: b = 2", "1:a 1:= 1:1 2:b 2:= 2:2"},
+                  {"If x Then y: z", "1:If 1:x 1:Then 1:y 2:z"},
+                  {"Done: x", "1:Done 2:x"},
+                  {"Done:\r\nx", "1:Done 1:: 2:x"},
+                  {"a:b", "1:a 1::b"},
+                  // The colon takes what lies between the last start of a token and itself, though that is out.
+                  {"x : y", "1:x 1:x  2:y"},
+                  {"Show Left := 1", "1:Show 1:Left 1:Left  1::= 1:1"}});
+}
+
+TEST(Tokens, LiteralIsOneWithItsQuotes) {
+    ExpectTokens({{R"(x = "a (b), c.d & e")", R"(1:x 1:= 1:"a (b), c.d & e")"},
+                  {R"(f("", "it's"))", R"(1:f 1:( 1:"" 1:, 1:"it's" 1:))"},
+                  {R"(x = "a: b": y)", R"(1:x 1:= 1:"a: b" 2:y)"},
+                  {R"(Print"x")", R"(1:Print 1:"x")"},
+                  {"x = \"abc\r\ny", "1:x 1:= 1:\"abc 2:y"}});
+}
+
+TEST(Tokens, DoubledQuoteLeavesTheLastPartOfALiteral) {
+    ExpectTokens({{R"(x = "say ""hi"" now")", R"(1:x 1:= 1:" now")"},
+                  {R"(x = """")", R"(1:x 1:= 1:"")"},
+                  {R"(f("a""b", c))", R"(1:f 1:( 1:"b" 1:, 1:c 1:))"}});
+}
+
+TEST(Tokens, ClosingQuoteIsFlaggedNotCompiled) {
+    const Marked vb = Vb("x = \"abc{{\"}}");
+    ModuleText text(vb.text);
+    (void)Analyse_Parsen(text);
+    EXPECT_EQ(FlagRanges(text, NotCompile), vb.ranges);
+}
+
+TEST(Tokens, ContinuationKeepsTheStatement) {
+    ExpectTokens({{"a = b + _\r\n    c\r\nd", "1:a 1:= 1:b 1:+ 1:c 2:d"},
+                  {"a_\r\nb", "1:a_ 2:b"},
+                  {"f(_\r\nb", "1:f 1:( 1:_ 2:b"}});
+}
+
+TEST(Tokens, CommentsGiveNone) {
+    ExpectTokens({{"x = 1 ' and more: y", "1:x 1:= 1:1"},
+                  {"' nothing\r\nx\r\nRem nothing: y\r\nz", "1:x 2:z"},
+                  {"x ' goes on _\r\n here\r\ny", "1:x 2:y"},
+                  {"x\r\nRem\r\nRemark = 1", "1:x 2:Rem 3:Remark 3:= 3:1"},
+                  // Without a blank between, the comment stretches the word.
+                  {"x = 1' odd\r\ny", "1:x 1:= 1:1' odd 2:y"},
+                  // The maps know of no Rem in the first line; the tokeniser keeps the remark as one token.
+                  {"Rem hello: you\r\nx", "1:Rem hello: you 2:x"}});
+}
+
+TEST(Tokens, WordAtTheEndWithoutALineEndIsLeftOut) {
+    for (const Case& c : {Case{"End Sub", "1:End"}, Case{"a = (b)", "1:a 1:= 1:( 1:b"}, Case{"x ", "1:x"},
+                          Case{"a\r\n\"b", "1:a"}, Case{"a:", "1:a"}, Case{"a\r", "1:a"}}) {
+        SCOPED_TRACE(c.source);
+        ModuleText text{std::string(c.source)};
+        const TokenTable tokens = Analyse_Parsen(text);
+        EXPECT_EQ(DumpTokens(text, tokens), c.tokens);
+    }
+}
+
+TEST(Tokens, HiddenStretchIsPassedOver) {
+    ModuleText text("a\r\nhidden b\r\nc\r\n");
+    text.Mark(4, 12, NotCompile);  // the line with its CR
+    const TokenTable tokens = Analyse_Parsen(text);
+    EXPECT_EQ(DumpTokens(text, tokens), "1:a 2:c");
+}
