@@ -1,13 +1,11 @@
 #include "model/clsModul.h"
 
-#include "model/clsTypeLib.h"
-
 clsModul::clsModul() : CodeObject(ObjectClass::Modul) {}
 
 clsModul::~clsModul() = default;
 
 std::string clsModul::CodePathOrg() const {
-    return myLibrary ? JoinPath(myLibrary->myNameOrg(), myNameOrg()) : std::string(myNameOrg());
+    return std::string(myNameOrg());
 }
 
 std::string_view clsModul::GetImageKey() const {

@@ -14,7 +14,7 @@ std::string JoinPath(std::string_view first, std::string_view second) {
     std::string path;
     path.reserve(first.size() + 1 + second.size());
     path.append(first);
-    if (!first.empty())
+    if (!first.empty() && !second.empty())
         path += '.';
     return path.append(second);
 }

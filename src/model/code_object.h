@@ -73,5 +73,5 @@ private:
     ObjectClass class_;
 };
 
-/// `first` "." `second`, without the point when `first` is empty.
+/// `first` "." `second`, without the point when one of them is empty.
 [[nodiscard]] std::string JoinPath(std::string_view first, std::string_view second);

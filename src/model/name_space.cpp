@@ -1,6 +1,7 @@
 #include "model/name_space.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "model/clsModul.h"
 
@@ -13,12 +14,23 @@ Name HeadOf(const CodeObject& object) {
     return object.Modul ? object.Modul->NameKey() : object.NameKey();
 }
 
+// Whether two module names can begin one path: they are one, or one goes on behind a point where the other ends.
+bool CanBeginOnePath(Name one, Name other) {
+    if (one == other)
+        return true;
+    std::string_view shorter = one.View();
+    std::string_view longer = other.View();
+    if (shorter.size() > longer.size())
+        std::swap(shorter, longer);
+    return shorter.size() < longer.size() && longer[shorter.size()] == '.' && longer.starts_with(shorter);
+}
+
 // Whether two objects have one path. A path begins with the name of its module, so that objects of different modules
 // need no look at the whole, and a name that hundreds of modules share costs no more than any other.
 bool SamePath(const CodeObject& one, const CodeObject& other) {
     if (&one == &other)
         return true;
-    if (!one.myLibrary && !other.myLibrary && HeadOf(one) != HeadOf(other))
+    if (!one.myLibrary && !other.myLibrary && !CanBeginOnePath(HeadOf(one), HeadOf(other)))
         return false;
     return one.CodePath() == other.CodePath();
 }

@@ -33,7 +33,7 @@ void InitGlobals() {
     ClearProblems();
     for (TimingRecord* record : {&gTimerGetTypAusName, &gTimerGetChild, &gTimerSetMayBeCalls, &gTimerGetObjektAusName,
                                  &gTimerCallsProc, &gTimerProjektOeffnen})
-        Timer_Reset(*record);
+        *record = {};
 }
 
 void StartProgram(const Files& files, SettingsFile& settings, Registry* registry, const std::string& programDirectory) {

@@ -127,7 +127,6 @@ void Optionen_Ini_Load(SettingsFile& file) {
     for (const ColourKey& colour : kColours)
         *colour.colour = static_cast<std::int32_t>(
             ReadNumber(file, kVisual, colour.key, std::to_string(colour.standard), INT32_MIN, INT32_MAX));
-    CondComps_Win32_Win16();
 }
 
 void Optionen_Ini_Save(SettingsFile& file) {

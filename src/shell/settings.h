@@ -48,7 +48,8 @@ void Optionen_Ini_Save(SettingsFile& file);
 /// Writes the directory of the last project only.
 void Save_OpenDir(SettingsFile& file);
 
-/// Rows 1 and 2 of gCondComps, as gOptWin32 has it.
+/// Rows 1 and 2 of gCondComps, as gOptWin32 has it: at the start from its default, and when the user changes the
+/// option. Reading the settings leaves them alone.
 void CondComps_Win32_Win16();
 
 /// Geometry of the main window and of its splitters in twips; an empty text is "not stored".

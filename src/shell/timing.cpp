@@ -28,7 +28,11 @@ std::string HoursMinutesSeconds(long long seconds) {
 }  // namespace
 
 void Timer_Reset(TimingRecord& record) {
-    record = {};
+    // The counts stay: starts and stops that did not pair up go on being told.
+    record.StartTime = 0;
+    record.StopTime = 0;
+    record.Total = 0;
+    record.TotalText.clear();
 }
 
 void Timer_Start(TimingRecord& record) {

@@ -17,6 +17,7 @@ struct TimingRecord {
 void Timer_Start(TimingRecord& record);
 /// Adds the time since Timer_Start. Starts and stops that don't pair up are told to the user: "Timerschrott!!!!".
 void Timer_Stop(TimingRecord& record);
+/// Clears the times and the total; the counts of starts and stops go on.
 void Timer_Reset(TimingRecord& record);
 /// Makes TotalText: hours, minutes, seconds and the digits behind the point of Total, two digits each at least.
 void Timer_String(TimingRecord& record);

@@ -89,10 +89,10 @@ private:
     int reports_ = 0;
 };
 
+// The directive that begins at `pos`, on one line without its comment. `line` is its logical line; in a last line
+// without CR LF it keeps its former value.
 std::string CleanLine(const ModuleText& text, Pos pos, std::string_view& line) {
-    Pos start = 0;
-    Pos length = 0;
-    text.Get_VBZeile_Nach_Pos_Safe(pos, start, length, line);
+    Attempt("clsModul: Get_VBZeile_Nach_Pos", [&] { line = text.Get_String(pos, text.Get_VBZeilenEnde(pos)); });
     return std::string(Trim(modMain::Get_Clean_VBZeile(line)));
 }
 

@@ -35,8 +35,9 @@ constexpr std::array<Kind, 256> MakeKinds() {
 
 constexpr std::array<Kind, 256> kKinds = MakeKinds();
 constexpr std::uint8_t kHidden = IsComment | NotCompile;
+constexpr std::uint8_t kSpecial = 0x80;
 
-// The state of the pass lives in one object that no call ever sees from outside, so that it stays in registers.
+// All that the quick steps call becomes a part of their loop.
 #define ALWAYS_INLINE [[gnu::always_inline]] inline
 
 // Eight bytes at once, for runs of one kind.
@@ -50,34 +51,30 @@ constexpr std::uint64_t Repeat(std::uint64_t byte) { return byte * 0x01010101010
 
 constexpr bool IsDigit(int c) { return c >= '0' && c <= '9'; }
 
-// Whether a character is no plain part of a word: a special one, a "_" behind a blank, a hidden one. Works on single
-// characters and on vectors of them.
-template <class Characters>
-ALWAYS_INLINE void FindStop(const Characters& c, const Characters& before, const Characters& flags, Characters& stop) {
-    // The first term takes all of: blank ! " # $ % & ' ( ) * + , - . /
-    const auto special = ((c & 0xF0) == 0x20) | (c == ':') | (c == '=') | (c == '@') | (c == '\r') | (c == '\n') |
-                         ((c == '_') & (before == ' '));
-    stop = (Characters)special | (flags & kHidden);
-}
-
-// Fills `stops` for the positions from 2 to `count`; eight more behind the last are stops as well.
+// Fills `stops` for the positions from 1 to `count`, the first of which always is a stop; eight more behind the last are
+// stops as well. What makes a character no plain part of a word is that it is a special one, a "_" behind a blank, or
+// hidden; the flags of hidden ones can be read from the stop.
 WIDE_VECTORS void FindStops(const unsigned char* text, const std::uint8_t* map, Pos count, std::uint8_t* stops) {
     using Many [[gnu::vector_size(32)]] = unsigned char;
     constexpr Pos kMany = sizeof(Many);
-    Many characters, before, flags, found;
+    Many c, before, flags;
+    stops[1] = static_cast<std::uint8_t>(kSpecial | (count > 0 ? map[1] & kHidden : 0));
     Pos i = 2;
     for (; i + kMany - 1 <= count; i += kMany) {
-        std::memcpy(&characters, text + i, sizeof characters);
+        std::memcpy(&c, text + i, sizeof c);
         std::memcpy(&before, text + i - 1, sizeof before);
         std::memcpy(&flags, map + i, sizeof flags);
-        FindStop(characters, before, flags, found);
+        // The first term takes all of: blank ! " # $ % & ' ( ) * + , - . /
+        const auto special = ((c & 0xF0) == 0x20) | (c == ':') | (c == '=') | (c == '@') | (c == '\r') | (c == '\n') |
+                             ((c == '_') & (before == ' '));
+        const Many found = ((Many)special & kSpecial) | (flags & kHidden);
         std::memcpy(stops + i, &found, sizeof found);
     }
-    for (unsigned stop = 0; i <= count; ++i) {
-        FindStop<unsigned>(text[i], text[i - 1], map[i], stop);
-        stops[i] = static_cast<std::uint8_t>(stop);
+    for (; i <= count; ++i) {
+        const bool special = text[i] == '_' ? text[i - 1] == ' ' : kKinds[text[i]] != Kind::Word;
+        stops[i] = static_cast<std::uint8_t>((special ? kSpecial : 0) | (map[i] & kHidden));
     }
-    std::memset(stops + count + 1, 1, 8);
+    std::memset(stops + count + 1, kSpecial, 8);
 }
 
 ALWAYS_INLINE bool IsLandmark(const unsigned char* word, Pos length) {
@@ -110,20 +107,25 @@ public:
         FindStops(text_, map_, count_, stops_);
     }
 
-    ALWAYS_INLINE TokenTable Run() {
+    TokenTable Run() {
+        // The quick steps work on a copy that no call sees, which stays in registers; the general step on this object.
+        Tokeniser quick = *this;
         for (Pos i = 1; i <= count_; ++i) {
-            p2_ = p1_;
-            p1_ = c_;
-            if (map_[i] & kHidden) {
-                i = SkipHidden(i);
+            quick.p2_ = quick.p1_;
+            quick.p1_ = quick.c_;
+            if (quick.stops_[i] & kHidden) {
+                i = quick.SkipHidden(i);
                 continue;
             }
-            c_ = text_[i];
-            const Kind kind = kKinds[c_];
-            if (!(scanning_ & !inComment_ & !inString_ && QuickStep(i, kind)))
-                i = Step(i, kind);
+            quick.c_ = quick.text_[i];
+            const Kind kind = kKinds[quick.c_];
+            if (quick.scanning_ & !quick.inComment_ & !quick.inString_ && quick.QuickStep(i, kind))
+                continue;
+            *this = quick;
+            i = Step(i, kind);
+            quick = *this;
         }
-        return TokenTable({first_, static_cast<std::size_t>(next_ - first_)}, landmarks);
+        return TokenTable({first_, static_cast<std::size_t>(quick.next_ - first_)}, landmarks);
     }
 
 private:
@@ -159,7 +161,7 @@ private:
                 return true;
             case Kind::Other:
                 if (c_ != '\r' || (p1_ == '_' && p2_ == ' ') || i == count_ || text_[i + 1] != '\n' ||
-                    (map_[i + 1] & kHidden))
+                    (stops_[i + 1] & kHidden))
                     return false;
                 i = LineEnd(i);
                 return true;
@@ -188,7 +190,7 @@ private:
         const std::uint64_t same = Repeat(map_[i]);
         while (i + 8 <= count_ && Eight(map_ + i + 1) == same)
             i += 8;
-        while (i < count_ && (map_[i + 1] & kHidden))
+        while (i < count_ && (stops_[i + 1] & kHidden))
             ++i;
         if (i > first)
             p2_ = p1_;
@@ -226,7 +228,7 @@ private:
         if (!pending_)
             StartAt(i);
         const Pos stop = NextStop(i + 1);
-        if (stop > count_ || text_[stop] != ' ' || (map_[stop] & kHidden) || PendingIsRem(stop)) {
+        if (stop > count_ || text_[stop] != ' ' || (stops_[stop] & kHidden) || PendingIsRem(stop)) {
             // A "_" behind a blank is a stop, so it never matters here which character came before the last but one.
             if (stop > i + 1) {
                 p1_ = text_[stop - 2];
@@ -246,9 +248,19 @@ private:
         if (text_[i + 1] != ' ')
             return i;
         const Pos first = i;
-        while (i + 8 <= count_ && Eight(text_ + i + 1) == Repeat(' ') && (Eight(map_ + i + 1) & Repeat(kHidden)) == 0)
-            i += 8;
-        while (i < count_ && text_[i + 1] == ' ' && !(map_[i + 1] & kHidden))
+        if constexpr (std::endian::native == std::endian::little) {
+            while (i + 8 <= count_) {
+                // Zero where a blank stands that is not hidden.
+                const std::uint64_t others =
+                    (Eight(text_ + i + 1) ^ Repeat(' ')) | (Eight(stops_ + i + 1) ^ Repeat(kSpecial));
+                if (others != 0) {
+                    i += std::countr_zero(others) / 8;
+                    break;
+                }
+                i += 8;
+            }
+        }
+        while (i < count_ && text_[i + 1] == ' ' && !(stops_[i + 1] & kHidden))
             ++i;
         if (i > first)
             p1_ = ' ';
@@ -260,7 +272,7 @@ private:
         EmitPending(i);
         pending_ = false;
         tokensInStatement_ = false;
-        if (i + 1 < count_ && text_[i + 2] == ' ' && !(map_[i + 2] & kHidden)) {
+        if (i + 1 < count_ && text_[i + 2] == ' ' && !(stops_[i + 2] & kHidden)) {
             p1_ = '\n';
             return SkipBlanks(i + 2);
         }
@@ -270,7 +282,7 @@ private:
     }
 
     // The general step for one character.
-    ALWAYS_INLINE Pos Step(Pos i, Kind kind) {
+    [[gnu::noinline]] Pos Step(Pos i, Kind kind) {
         bool endOfStatement = false;
         if (c_ == '\r')
             endOfStatement = !(p1_ == '_' && p2_ == ' ');

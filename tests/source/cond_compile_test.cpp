@@ -29,53 +29,14 @@ bool IsCompiled(const std::string& expression, const std::vector<CondConstant>& 
 }
 
 TEST(CondCompile, OnlyTheCodeOfTheTruePartIsSeen) {
-    ExpectHidden(R"(
-        {{#If Win32 Then}}
-        a
-        {{#Else
-        b
-        #End If}}
-        c
-    )");
-    ExpectHidden(R"(
-        {{#If Win16 Then
-        a
-        #Else}}
-        b
-        {{#End If}}
-    )");
-    ExpectHidden(R"(
-        first
-        {{#If 0 Then
-        a
-        #ElseIf 0 Then
-        b
-        #End If}}
-        y
-    )");
+    ExpectHidden("{{#If Win32 Then}}\na\n{{#Else\nb\n#End If}}\nc");
+    ExpectHidden("{{#If Win16 Then\na\n#Else}}\nb\n{{#End If}}");
+    ExpectHidden("first\n{{#If 0 Then\na\n#ElseIf 0 Then\nb\n#End If}}\nlast");
 }
 
 TEST(CondCompile, OfSeveralTruePartsTheFirstCounts) {
-    ExpectHidden(R"(
-        {{#If 0 Then
-        a
-        #ElseIf 1 Then}}
-        b
-        {{#ElseIf Win32 Then
-        c
-        #Else
-        d
-        #End If}}
-    )");
-    ExpectHidden(R"(
-        {{#If Win32 Then}}
-        a
-        {{#ElseIf Win32 Then
-        b
-        #Else
-        c
-        #End If}}
-    )");
+    ExpectHidden("{{#If 0 Then\na\n#ElseIf 1 Then}}\nb\n{{#ElseIf Win32 Then\nc\n#Else\nd\n#End If}}");
+    ExpectHidden("{{#If Win32 Then}}\na\n{{#ElseIf Win32 Then\nb\n#Else\nc\n#End If}}");
 }
 
 TEST(CondCompile, BlocksNest) {
@@ -141,13 +102,7 @@ TEST(CondCompile, ProjectConstantsWinOverTheModules) {
 
 TEST(CondCompile, FailedExpressionIsReportedAndFalse) {
     const RecordingErrors errors;
-    ExpectHidden(R"(
-        {{#If (1 Then
-        a
-        #ElseIf 1 Then}}
-        b
-        {{#End If}}
-    )");
+    ExpectHidden("{{#If (1 Then\na\n#ElseIf 1 Then}}\nb\n{{#End If}}");
     EXPECT_THAT(errors.tags, ElementsAre("modMain: IF_is_TRUE   (check conditional compile expression \"(1\" in "
                                          "module Module1)"));
 }

@@ -65,48 +65,38 @@ TEST(Lines, SearchesSkipStrings) {
 
 TEST(Lines, BracketContentIsThatOfTheInnermostPair) {
     const std::string_view text = "f(a, g(b, \")\"), c)";
-    struct Case {
-        Pos pos;
-        const char* content;
-        Pos start;
-        Pos ende;
-    };
-    for (const Case& c : {Case{3, "a, g(b, \")\"), c", 3, 18}, Case{8, "b, \")\"", 8, 14},
-                          Case{17, "a, g(b, \")\"), c", 3, 18}, Case{1, "", 0, 0}}) {
-        SCOPED_TRACE(c.pos);
-        Pos start = -1;
-        Pos ende = -1;
-        EXPECT_EQ(Get_KlammerInhalt(text, c.pos, start, ende), c.content);
-        EXPECT_EQ(start, c.start);
-        EXPECT_EQ(ende, c.ende);
-    }
     Pos start = -1;
     Pos ende = -1;
-    EXPECT_EQ(Get_KlammerInhalt("f((a", 4, start, ende), "") << "brackets that never close end the search";
+    for (const Pos pos : {3, 17}) {
+        EXPECT_EQ(Get_KlammerInhalt(text, pos, start, ende), "a, g(b, \")\"), c");
+        EXPECT_EQ(std::pair(start, ende), std::pair(3, 18));
+    }
+    EXPECT_EQ(Get_KlammerInhalt(text, 8, start, ende), "b, \")\"");
+    EXPECT_EQ(std::pair(start, ende), std::pair(8, 14));
+    for (const auto& [none, pos] : {std::pair{"f(a)", 1}, {"f((a", 4}}) {
+        EXPECT_EQ(Get_KlammerInhalt(none, pos, start, ende), "");
+        EXPECT_EQ(std::pair(start, ende), std::pair(0, 0));
+    }
 }
 
 TEST(Lines, NearestBlankToTheLeftSeparates) {
-    EXPECT_EQ(Get_Next_BlankPos_Left("x = abc", 7), 4);
-    EXPECT_EQ(Get_Next_BlankPos_Left("x = abc", 4), 2);
-    EXPECT_EQ(Get_Next_BlankPos_Left("abc", 3), 0);
+    // From the last character of each text.
+    for (const auto& [text, blank] : {std::pair{"x = abc", 4},
+                                      {"x =    abc", 7},
+                                      {"abc", 0},
+                                      {"f a _\r\n  b", 9},
+                                      {"f a. _\r\n  b c", 12},
+                                      // The indent of a line that goes on behind an operator is passed over.
+                                      {"f a. _\r\n  b", 5},
+                                      {"f a( _\r\n  b", 5},
+                                      {"f a & _\r\n  b", 6}}) {
+        SCOPED_TRACE(text);
+        EXPECT_EQ(Get_Next_BlankPos_Left(text, Len(text)), blank);
+    }
     EXPECT_EQ(Get_Next_BlankPos_Left(" a", 1), 0);
     EXPECT_EQ(Get_Next_NotBlankPos_Left("ab   c", 5), 2);
     EXPECT_EQ(Get_Next_NotBlankPos_Left("ab   c", 6), 6);
     EXPECT_EQ(Get_Next_NotBlankPos_Left("   ", 3), 0);
-}
-
-TEST(Lines, IndentOfAContinuationDoesNotSeparateBehindAnOperator) {
-    struct Case {
-        const char* text;  // the position is its last character
-        Pos blank;
-    };
-    for (const Case& c : {Case{"f a. _\r\n  b", 5},  // the scan goes on left of the line break
-                          Case{"f a( _\r\n  b", 5}, Case{"f a & _\r\n  b", 6},
-                          Case{"f a _\r\n  b", 9},  // a word ends at the line break
-                          Case{"f a. _\r\n  b c", 12}}) {
-        SCOPED_TRACE(c.text);
-        EXPECT_EQ(Get_Next_BlankPos_Left(c.text, Len(c.text)), c.blank);
-    }
 }
 
 }  // namespace

@@ -86,22 +86,15 @@ TEST(VBZeilenBeginn, LineBreakAtTextStartIsReported) {
 }
 
 TEST(VBZeile, IsReadInEitherSpelling) {
-    const Marked vb = Vb(R"(
-        first
-        {{Dim A _
-            As {{L}}ong}}
-        last
-    )");
-    const ModuleText text(vb.text);
+    const ModuleText text("first\r\nDim A _\r\n  As Long\r\nlast\r\n");
     Pos start = 0;
     Pos length = 0;
     std::string_view line;
-    EXPECT_TRUE(text.Get_VBZeile_Nach_Pos(vb.pos(2), start, length, line));
-    EXPECT_EQ(line, "dim a _\r\n    as long");
-    EXPECT_EQ(start, vb.pos(1));
-    EXPECT_EQ(start + length - 1, vb.last(1));
-    EXPECT_TRUE(text.Get_VBZeile_Nach_Pos_Org(vb.pos(2), start, length, line));
-    EXPECT_EQ(line, "Dim A _\r\n    As Long");
+    EXPECT_TRUE(text.Get_VBZeile_Nach_Pos(20, start, length, line));
+    EXPECT_EQ(line, "dim a _\r\n  as long");
+    EXPECT_EQ(std::pair(start, length), std::pair(8, 18));
+    EXPECT_TRUE(text.Get_VBZeile_Nach_Pos_Org(20, start, length, line));
+    EXPECT_EQ(line, "Dim A _\r\n  As Long");
     EXPECT_TRUE(text.Get_VBZeile_Nach_Pos_Safe(1, start, length, line));
     EXPECT_EQ(line, "first");
 }

@@ -33,17 +33,19 @@ private:
 };
 
 TEST(Statement, IsSplitAtBlanksThatSeparate) {
-    struct Case {
-        const char* snippet;
-        const char* splits;
-    };
-    for (const Case& c :
-         {Case{"{{a}} = b + c", "a|=|b|+|c"}, Case{"{{foo}} (1, 2), 3", "foo (1, 2),|3"}, Case{"{{x}}.y .z", "x.y .z"},
-          Case{"{{MsgBox}} \"x y\"", "msgbox|\"x y\""}, Case{"{{a}} = f( b, c ) + 1", "a|=|f( b, c )|+|1"},
-          Case{"{{a}} = \"(\" & b & \" c\"", "a|=|\"(\"|&|b|&|\" c\""}, Case{"{{a}}   =   b", "a|=|b"},
-          Case{"{{a}} = b And (c Or d)", "a|=|b|and|(c or d)"}, Case{"{{foo}} a, _\n    b ' note", "foo|a,|b"}}) {
-        SCOPED_TRACE(c.snippet);
-        EXPECT_EQ(At(c.snippet).Splits(), c.splits);
+    for (const auto& [snippet, splits] : {std::pair{"{{a}} = b + c", "a|=|b|+|c"},
+                                          {"{{foo}} (1, 2), 3", "foo (1, 2),|3"},
+                                          {"{{x}}.y .z", "x.y .z"},
+                                          {"{{MsgBox}} \"x y\"", "msgbox|\"x y\""},
+                                          {"{{a}} = f( b, c ) + 1", "a|=|f( b, c )|+|1"},
+                                          {"{{a}} = \"(\" & b & \" c\"", "a|=|\"(\"|&|b|&|\" c\""},
+                                          {"{{a}}   =   b", "a|=|b"},
+                                          {"{{a}} = b And (c Or d)", "a|=|b|and|(c or d)"},
+                                          {"{{a}} = b. c <> .d", "a|=|b. c|<>|.d"},
+                                          {"{{a}} = \"s\" (1)", "a|=|\"s\"|(1)"},
+                                          {"{{foo}} a, _\n    b ' note", "foo|a,|b"}}) {
+        SCOPED_TRACE(snippet);
+        EXPECT_EQ(At(snippet).Splits(), splits);
     }
 }
 
@@ -68,22 +70,19 @@ TEST(Statement, TellsWhichSplitHoldsThePosition) {
 }
 
 TEST(Statement, IsCutAtColonAndThen) {
-    struct Case {
-        const char* snippet;
-        const char* statement;
-    };
-    for (const Case& c :
-         {Case{"If a Then {{b}} = 1: c = 2", "b = 1"}, Case{"If {{a}} Then b = 1: c = 2", "if a"},
-          Case{"a = 1: {{b}} = 2: c = 3", "b = 2"}, Case{"a = \": \": {{b}} = \" then \"", "b = \" then \""},
-          Case{"a = 1:   {{b}} = 2 ' note: x", "b = 2"}, Case{"   {{a}} = 1\nb", "a = 1"},
-          Case{"{{x}}:y = 1", "x:y = 1"},
+    for (const auto& [snippet, statement] :
+         {std::pair{"If a Then {{b}} = 1: c = 2", "b = 1"},
+          {"If {{a}} Then b = 1: c = 2", "if a"},
+          {"a = 1: {{b}} = 2: c = 3", "b = 2"},
+          {"a = \": \": {{b}} = \" then \"", "b = \" then \""},
+          {"a = 1:   {{b}} = 2 ' note: x", "b = 2"},
+          {"{{x}}:y = 1", "x:y = 1"},
           // Both separators to the left and the colon the nearer: the line from its start.
-          Case{"If a Then b = 1: {{c}} = 2", "if a then b = 1: c = 2"}}) {
-        SCOPED_TRACE(c.snippet);
-        At at(c.snippet);
-        EXPECT_EQ(at->Statement(), c.statement);
-        EXPECT_EQ(Mid(Vb(c.snippet).text, at->StatementPos(), 1 + at.Snippet().pos() - at->StatementPos()).back(),
-                  CharAt(at.Snippet().text, at.Snippet().pos()));
+          {"If a Then b = 1: {{c}} = 2", "if a then b = 1: c = 2"}}) {
+        SCOPED_TRACE(snippet);
+        At at(snippet);
+        EXPECT_EQ(at->Statement(), statement);
+        EXPECT_EQ(CharAt(at->Statement(), at->PosInStatement()), CharAt(at.Snippet().text, at.Snippet().pos()));
         EXPECT_EQ(at->PosInStatement(), at.Snippet().pos() - at->StatementPos() + 1);
     }
 }
@@ -116,21 +115,6 @@ TEST(Statement, KnowsItsBrackets) {
     EXPECT_EQ(at->Get_PosKlammerRechts(6), 15);
     EXPECT_EQ(at->Get_PosKlammerRechts(8), 9);
     EXPECT_EQ(At("{{foo}} (a")->Get_PosKlammerRechts(6), 0);
-}
-
-TEST(Statement, BlankThatSeparatesNothing) {
-    struct Case {
-        const char* left;
-        const char* right;
-        bool noBlank;
-    };
-    for (const Case& c :
-         {Case{"a. ", "b", true}, Case{"f( ", "b", true}, Case{"b ", ")", true}, Case{"x ", ".y", true},
-          Case{"foo ", "(1)", true}, Case{"x ", "y", false}, Case{"= ", "(1)", false}, Case{"and ", "(1)", false},
-          Case{"<> ", ".y", false}, Case{"\"s\" ", "(1)", false}, Case{"", "x", false}}) {
-        SCOPED_TRACE(c.left);
-        EXPECT_EQ(BlankNoBlank(c.left, c.right), c.noBlank);
-    }
 }
 
 TEST(Statement, TellsArgumentsFromTargetsAndNames) {

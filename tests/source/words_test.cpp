@@ -19,21 +19,13 @@ public:
 
 using Search = Pos (*)(const ModuleText&, Pos, std::string_view);
 
-// Forward from 1 the search for "word" must give the mark, or 0 where there is none.
-void ExpectHit(Search search, std::initializer_list<const char*> snippets) {
+// The search for "word" from the text's start, or from its end, must give the mark, or 0 where there is none.
+void ExpectHit(Search search, std::initializer_list<const char*> snippets, bool fromEnd = false) {
     for (const char* snippet : snippets) {
         SCOPED_TRACE(snippet);
         const Source source(snippet);
-        EXPECT_EQ(search(source.text, 1, "word"), source.vb.ranges.empty() ? 0 : source.vb.pos());
-    }
-}
-
-// The same backward from the end of the text.
-void ExpectLastHit(Search search, std::initializer_list<const char*> snippets) {
-    for (const char* snippet : snippets) {
-        SCOPED_TRACE(snippet);
-        const Source source(snippet);
-        EXPECT_EQ(search(source.text, source.text.CharCount(), "word"), source.vb.ranges.empty() ? 0 : source.vb.pos());
+        EXPECT_EQ(search(source.text, fromEnd ? source.text.CharCount() : 1, "word"),
+                  source.vb.ranges.empty() ? 0 : source.vb.pos());
     }
 }
 
@@ -75,8 +67,9 @@ TEST(Suche, WordBeforeAPointIsToldOnePositionFurther) {
 }
 
 TEST(Suche, BackwardFindsTheLastThatEndsBeforeTheStart) {
-    ExpectLastHit(Suche_GanzesWort_Im_Code_Rev, {"word {{word}} words ' word", "{{word}} = rs!word", "sword \"word\""});
-    ExpectLastHit(Suche_CallWort_Im_Code_Rev, {"word {{word}} words ' word", "x={{word}}", "word = rs!word"});
+    ExpectHit(Suche_GanzesWort_Im_Code_Rev, {"word {{word}} words ' word", "{{word}} = rs!word", "sword \"word\""},
+              true);
+    ExpectHit(Suche_CallWort_Im_Code_Rev, {"word {{word}} words ' word", "x={{word}}", "word = rs!word"}, true);
     const Source source("a word, {{word}}, w, {{w}}, x");
     EXPECT_EQ(Suche_GanzesWort_Im_Code_Rev(source.text, source.vb.last(1), "word"), source.vb.pos(1));
     EXPECT_EQ(Suche_GanzesWort_Im_Code_Rev(source.text, source.vb.last(1) - 1, "word"), 3);
