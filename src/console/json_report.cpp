@@ -1,5 +1,6 @@
 #include "console/json_report.h"
 
+#include <algorithm>
 #include <nlohmann/json.hpp>
 #include <ostream>
 
@@ -11,6 +12,7 @@
 #include "model/clsVariable.h"
 #include "platform/code_page.h"
 #include "shell/errors.h"
+#include "source/module_text.h"
 
 namespace {
 
@@ -47,6 +49,43 @@ Json ModuleJson(const clsModul& modul) {
             {"blank", modul.AnzLineBlank}};
 }
 
+// Physical lines of positions. Edges of one module mostly come one after the other.
+class LineNumbers {
+public:
+    int Of(const clsModul& modul, Pos pos) {
+        if (modul_ != &modul) {
+            modul_ = &modul;
+            lineFeeds_.clear();
+            const std::string_view text = modul.text->ModulTextOrg();
+            for (std::size_t at = text.find('\n'); at != std::string_view::npos; at = text.find('\n', at + 1))
+                lineFeeds_.push_back(static_cast<Pos>(at) + 1);
+        }
+        return static_cast<int>(std::lower_bound(lineFeeds_.begin(), lineFeeds_.end(), pos) - lineFeeds_.begin()) + 1;
+    }
+
+private:
+    const clsModul* modul_ = nullptr;
+    std::vector<Pos> lineFeeds_;
+};
+
+void WriteEdges(std::ostream& out, const clsProjekt& projekt) {
+    ArrayWriter edges(out, "edges");
+    LineNumbers lines;
+    projekt.calls.ForEach([&](const clsCall& call) {
+        const CodeObject& caller =
+            call.CallProcedure ? static_cast<const CodeObject&>(*call.CallProcedure) : *call.CallModule;
+        const clsModul& modul = call.CallProcedure ? *call.CallProcedure->Modul : *call.CallModule;
+        edges.Add({{"nr", call.CallNr},
+                   {"kind", call.Type == CallType::Really  ? "really"
+                            : call.Type == CallType::MayBe ? "maybe"
+                                                           : "use"},
+                   {"from", Utf8(caller.CodePath())},
+                   {"pos", call.CallPos},
+                   {"line", lines.Of(modul, call.CallPos)},
+                   {"to", Utf8(call.Parent->CodePath())}});
+    });
+}
+
 Json ObjectJson(const CodeObject& object, std::string_view kind, std::string_view type) {
     Json json = {{"codePath", Utf8(object.CodePath())},
                  {"name", Utf8(object.myNameOrg())},
@@ -58,12 +97,13 @@ Json ObjectJson(const CodeObject& object, std::string_view kind, std::string_vie
     json["module"] = Utf8(object.Modul->CodePath());
     json["start"] = object.DeclareStart;
     json["end"] = object.DeclareEnd;
+    json["dead"] = object.IsDeath;
     return json;
 }
 
 class ObjectWriter {
 public:
-    explicit ObjectWriter(ArrayWriter& objects) : objects_(objects) {}
+    ObjectWriter(ArrayWriter& objects, bool localsChecked) : objects_(objects), localsChecked_(localsChecked) {}
 
     // Objects of a module that its collections hold; a dropped namesake stands in none.
     void Modul(const clsModul& modul) {
@@ -133,10 +173,13 @@ private:
         json["const"] = variable.IsConst;
         if (variable.isResult)
             json["result"] = true;
+        else if (localsChecked_ && variable.Prozedur && !variable.Prozedur->isDeclare)
+            json["unused"] = variable.CalledByAll.Count() == 0;
         objects_.Add(json);
     }
 
     ArrayWriter& objects_;
+    bool localsChecked_;
 };
 
 // Calls `use` for every module that stands in the project's collections, in the order of the project file.
@@ -149,7 +192,7 @@ void ForEachModule(clsProjekt& projekt, Use use) {
 
 }  // namespace
 
-void WriteJson(std::ostream& out, clsProjekt& projekt) {
+void WriteJson(std::ostream& out, clsProjekt& projekt, const JsonParts& parts) {
     const Json head = {{"name", Utf8(projekt.MyName)},
                        {"path", Utf8(projekt.FullPath)},
                        {"code", projekt.AnzCodeZeilen},
@@ -162,9 +205,11 @@ void WriteJson(std::ostream& out, clsProjekt& projekt) {
     }
     {
         ArrayWriter objects(out, "objects");
-        ObjectWriter writer(objects);
+        ObjectWriter writer(objects, parts.localsChecked);
         ForEachModule(projekt, [&](const clsModul& modul) { writer.Modul(modul); });
     }
+    if (parts.edges)
+        WriteEdges(out, projekt);
     {
         ArrayWriter libraries(out, "libraries");
         for (const auto& library : projekt.OwnedLibraries())

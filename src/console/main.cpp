@@ -7,8 +7,13 @@
 
 #include "console/json_report.h"
 #include "console/summary.h"
+#include "calls/driver.h"
+#include "findings/calls_report.h"
+#include "findings/dead_objects.h"
+#include "findings/deaths_report.h"
 #include "findings/structure_report.h"
 #include "model/clsProjekt.h"
+#include "model/clsProzedur.h"
 #include "platform/code_page.h"
 #include "platform/settings_file.h"
 #include "project/project_file.h"
@@ -33,10 +38,18 @@ struct Options {
     std::string language;
     std::vector<std::string> defines;
     bool structure = false;
+    bool calls = false;
+    bool deaths = false;
     bool noReports = false;
+    bool noCalls = false;
+    bool checkLocals = false;
     bool quiet = false;
 
-    [[nodiscard]] bool WritesStructure() const { return !noReports; }  // the one kind of report there is
+    // With no kind of report named, all kinds are meant.
+    [[nodiscard]] bool AllKinds() const { return !structure && !calls && !deaths; }
+    [[nodiscard]] bool WritesStructure() const { return !noReports && (structure || AllKinds()); }
+    [[nodiscard]] bool WritesCalls() const { return !noReports && !noCalls && (calls || AllKinds()); }
+    [[nodiscard]] bool WritesDeaths() const { return !noReports && !noCalls && (deaths || AllKinds()); }
 };
 
 std::string Shown(std::string_view bytes) {
@@ -72,41 +85,52 @@ bool SplitDefine(const std::string& define, std::pair<std::string, std::string>&
     return true;
 }
 
-// "NNN <module file name> Structure.txt" in the directory asked for.
-std::string ReportNameIn(const std::string& directory, const clsModul& modul) {
-    char number[16];
-    std::snprintf(number, sizeof number, "%03d ", modul.number);
+// A path in the directory asked for.
+std::string PathIn(const std::string& directory, std::string_view name) {
     std::string path = directory;
     if (!path.empty() && path.back() != '/')
         path += '/';
-    return path + number + std::string(modMain::DirOrFileName(modul.FullPath, 0)) + " Structure.txt";
+    return path.append(name);
+}
+
+// "NNN <module file name><ending>" in the directory asked for.
+ReportPath NumberedIn(const std::string& directory, std::string_view ending) {
+    return [&directory, ending](const clsModul& modul) {
+        char number[16];
+        std::snprintf(number, sizeof number, "%03d ", modul.number);
+        return PathIn(directory, number + std::string(modMain::DirOrFileName(modul.FullPath, 0)).append(ending));
+    };
 }
 
 bool WriteReports(DiskFiles& files, const Options& options, const clsProjekt& projekt) {
-    if (!options.WritesStructure())
-        return true;
-    if (options.out.empty()) {
-        AnalyseErgebnisStructure(projekt);
-        return true;
+    const bool beside = options.out.empty();
+    if (!beside && !options.noReports) {
+        if (const FileError error = files.MakeDirectory(options.out); error != FileError::None) {
+            std::cerr << options.out << ": " << Describe(error) << '\n';
+            return false;
+        }
     }
-    if (const FileError error = files.MakeDirectory(options.out); error != FileError::None) {
-        std::cerr << options.out << ": " << Describe(error) << '\n';
-        return false;
-    }
-    AnalyseErgebnisStructure(projekt,
-                             [&](const clsModul& modul) { return ReportNameIn(options.out, modul); });
+    if (options.WritesStructure())
+        AnalyseErgebnisStructure(projekt, beside ? StructureReportPath : NumberedIn(options.out, " Structure.txt"));
+    if (options.WritesCalls())
+        AnalyseErgebnisCalls(projekt, beside ? CallsReportPath : NumberedIn(options.out, " Calls.txt"));
+    if (options.WritesDeaths())
+        AnalyseErgebnisDeaths(projekt, beside ? DeathsReportPath(projekt)
+                                              : PathIn(options.out, std::string(modMain::DirOrFileName(
+                                                                        projekt.FullPath, 0)) + " Deaths.txt"));
     return true;
 }
 
 bool WriteJsonFile(const Options& options) {
     if (options.json.empty())
         return true;
+    const JsonParts parts{!options.noCalls, options.checkLocals};
     if (options.json == "-") {
-        WriteJson(std::cout, *gProjekt);
+        WriteJson(std::cout, *gProjekt, parts);
         return static_cast<bool>(std::cout.flush());
     }
     std::ofstream file(options.json, std::ios::binary);
-    WriteJson(file, *gProjekt);
+    WriteJson(file, *gProjekt, parts);
     if (file.flush())
         return true;
     std::cerr << options.json << ": could not be written\n";
@@ -151,18 +175,31 @@ int Run(const Options& options) {
     timer.Start();
     Projekt_Laden(*gProjekt);
     timer.Halt();
+    clsQueryTimer callTimer;
+    if (!options.noCalls) {
+        callTimer.Start();
+        Who_Calls_Who(*gProjekt);
+        Tote_Untote_Kennzeichnen(*gProjekt);
+        callTimer.Halt();
+    }
     if (showsProgress)
         progress.Clear();
     SetProgress(nullptr);
 
     const bool reportsWritten = WriteReports(files, options, *gProjekt);
+    const double callMilliseconds = options.noCalls ? -1 : callTimer.LastRun;
+    const std::string summary =
+        SummaryText(*gProjekt, gText.Language == "german", timer.LastRun, callMilliseconds);
+    if (options.checkLocals)
+        for (const clsModul* modul : gProjekt->AllModules())
+            for (clsProzedur* prozedur : modul->MyProcs)
+                Check_ProcVars_Calls(*gProjekt, *prozedur);
     const bool jsonWritten = WriteJsonFile(options);
     for (const Problem& problem : Problems())
         std::cerr << Shown(problem.subject) << ": " << Shown(problem.text) << " (" << Shown(problem.tag) << ")\n";
     // With the JSON on standard output nothing else may stand there.
     if (!options.quiet)
-        (options.json == "-" ? std::cerr : std::cout)
-            << SummaryText(*gProjekt, gText.Language == "german", timer.LastRun);
+        (options.json == "-" ? std::cerr : std::cout) << summary;
     if (gProjekt->OwnedModules().empty())
         std::cerr << options.project << ": lists no module\n";
     const int status = Problems().empty() && reportsWritten && jsonWritten ? AllWell : Reported;
@@ -178,7 +215,14 @@ int main(int argc, char** argv) {
     app.set_version_flag("--version", "ostrivane-report " + ProgramVersion());
     app.add_option("PROJECT", options.project, "The project file (.vbp)")->required();
     auto* structure = app.add_flag("--structure", options.structure, "Write the structure report of each module");
-    app.add_flag("--no-reports", options.noReports, "Write no report files")->excludes(structure);
+    auto* calls = app.add_flag("--calls", options.calls, "Write the calls report of each module");
+    auto* deaths = app.add_flag("--deaths", options.deaths, "Write the report of what nothing calls");
+    app.add_flag("--no-reports", options.noReports, "Write no report files")
+        ->excludes(structure)
+        ->excludes(calls)
+        ->excludes(deaths);
+    app.add_flag("--no-calls", options.noCalls, "Stop after the structure")->excludes(calls)->excludes(deaths);
+    app.add_flag("--check-locals", options.checkLocals, "Look for the uses of each argument and local variable");
     app.add_option("--out", options.out, "Directory for the reports; without it they go beside the sources")
         ->type_name("DIR");
     app.add_option("--json", options.json, "Write everything known as JSON to FILE (- is standard output)")

@@ -32,7 +32,33 @@ ProjectCounts CountObjects(const clsProjekt& projekt) {
     return counts;
 }
 
-std::string SummaryText(const clsProjekt& projekt, bool german, double milliseconds) {
+CallCounts CountCalls(const clsProjekt& projekt) {
+    CallCounts counts;
+    projekt.calls.ForEach([&](const clsCall& call) {
+        ++(call.Type == CallType::Really ? counts.really : call.Type == CallType::MayBe ? counts.mayBe : counts.uses);
+    });
+    const auto count = [&](const CodeObject& object) {
+        counts.dead += object.IsDeath == 1;
+        counts.undead += object.IsDeath == 2;
+    };
+    for (const clsModul* modul : projekt.AllModules()) {
+        for (const clsProzedur* prozedur : modul->MyProcs)
+            count(*prozedur);
+        for (const clsVariable* variable : modul->MyVars)
+            count(*variable);
+        for (const clsType* type : modul->myTypes) {
+            count(*type);
+            for (const clsVariable* member : type->MyVars)
+                count(*member);
+        }
+        // The members of enumerations stand among the module's variables.
+        for (const clsEnum* einEnum : modul->myEnums)
+            count(*einEnum);
+    }
+    return counts;
+}
+
+std::string SummaryText(const clsProjekt& projekt, bool german, double milliseconds, double callMilliseconds) {
     const ProjectCounts counts = CountObjects(projekt);
     std::string text = ActiveCodePage().ToUtf8(projekt.MyName) + "\n";
     const auto line = [&](const char* english, const char* deutsch, const std::string& value) {
@@ -60,8 +86,21 @@ std::string SummaryText(const clsProjekt& projekt, bool german, double milliseco
     number("Code lines", "Codezeilen", projekt.AnzCodeZeilen);
     number("Comment lines", "Kommentarzeilen", projekt.AnzCommentZeilen);
     number("Blank lines", "Leerzeilen", projekt.AnzBlankZeilen);
-    char time[40];
-    std::snprintf(time, sizeof time, "%9.3f s", milliseconds / 1000);
-    line("Time for structure", "Zeit für Struktur", time);
+    const auto time = [&](const char* english, const char* deutsch, double value) {
+        char seconds[40];
+        std::snprintf(seconds, sizeof seconds, "%9.3f s", value / 1000);
+        line(english, deutsch, seconds);
+    };
+    if (callMilliseconds >= 0) {
+        const CallCounts calls = CountCalls(projekt);
+        number("Really calls", "Really-Aufrufe", calls.really);
+        number("May be calls", "MayBe-Aufrufe", calls.mayBe);
+        number("Uses", "Verwendungen", calls.uses);
+        number("Dead objects", "Tote Objekte", calls.dead);
+        number("Undead objects", "Untote Objekte", calls.undead);
+    }
+    time("Time for structure", "Zeit für Struktur", milliseconds);
+    if (callMilliseconds >= 0)
+        time("Time for calls", "Zeit für Aufrufe", callMilliseconds);
     return text;
 }

@@ -15,6 +15,14 @@ struct ProjectCounts {
 };
 [[nodiscard]] ProjectCounts CountObjects(const clsProjekt& projekt);
 
+struct CallCounts {
+    int really = 0, mayBe = 0, uses = 0;
+    int dead = 0, undead = 0;
+};
+[[nodiscard]] CallCounts CountCalls(const clsProjekt& projekt);
+
 /// A few lines of text in the language at hand, UTF-8, LF.
-/// @param milliseconds  time for the structure
-[[nodiscard]] std::string SummaryText(const clsProjekt& projekt, bool german, double milliseconds);
+/// @param milliseconds      time for the structure
+/// @param callMilliseconds  time for the calls, or below 0 when they were not analysed
+[[nodiscard]] std::string SummaryText(const clsProjekt& projekt, bool german, double milliseconds,
+                                      double callMilliseconds = -1);

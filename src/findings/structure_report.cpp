@@ -1,5 +1,6 @@
 #include "findings/structure_report.h"
 
+#include "findings/report_text.h"
 #include "model/clsControl.h"
 #include "model/clsEnum.h"
 #include "model/clsProjekt.h"
@@ -10,43 +11,27 @@
 
 namespace {
 
-class Report {
-public:
-    void BlankLines(int count) {
-        while (count-- > 0)
-            text_.append(vbCrLf);
+// Members of a type, enum or procedure, each below an empty line.
+void Members(ReportText& report, const clsCollection<clsVariable>& members) {
+    for (const clsVariable* member : members) {
+        report.BlankLines(1);
+        report.Line("  - ", member->myNameOrg(), " as ", member->DatenTyp());
     }
-    template <class... Parts>
-    void Line(Parts... parts) {
-        (text_.append(std::string_view(parts)), ...);
-        text_.append(vbCrLf);
-    }
-    // Members of a type, enum or procedure, each below an empty line.
-    void Members(const clsCollection<clsVariable>& members) {
-        for (const clsVariable* member : members) {
-            BlankLines(1);
-            Line("  - ", member->myNameOrg(), " as ", member->DatenTyp());
-        }
-    }
-    [[nodiscard]] std::string Take() { return std::move(text_); }
-
-private:
-    std::string text_;
-};
+}
 
 }  // namespace
 
 std::string StructureReport(const clsModul& modul) {
-    Report report;
+    ReportText report;
     for (const clsType* type : modul.myTypes) {
         report.BlankLines(3);
         report.Line(type->myNameOrg(), "\t", type->Zugriff, " Type");
-        report.Members(type->MyVars);
+        Members(report, type->MyVars);
     }
     for (const clsEnum* einEnum : modul.myEnums) {
         report.BlankLines(3);
         report.Line(einEnum->myNameOrg(), "\t", einEnum->Zugriff, " Enum");
-        report.Members(einEnum->MyVars);
+        Members(report, einEnum->MyVars);
     }
     for (const clsVariable* variable : modul.MyVars) {
         if (variable->MyName() == "me")
@@ -67,7 +52,7 @@ std::string StructureReport(const clsModul& modul) {
             typ == "function" || typ == "property get" || typ == "property let" || typ == "property set";
         report.Line(prozedur->myNameOrg(), "\t", prozedur->Zugriff, " ", typ, hasType ? " as " : "",
                     hasType ? prozedur->DatenTyp() : "");
-        report.Members(prozedur->MyVars);
+        Members(report, prozedur->MyVars);
     }
     return report.Take();
 }

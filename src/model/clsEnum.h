@@ -16,9 +16,12 @@ public:
     [[nodiscard]] std::string_view GetImageKey() const override;
 
     Pos NamePos = 0;
+    IncomingEdges UsedByAll;
     clsCollection<clsVariable> MyVars;  // members by name
 
     clsVariable& Own(std::unique_ptr<clsVariable> member);
+    /// Every member read, those dropped from MyVars included.
+    [[nodiscard]] const std::vector<std::unique_ptr<clsVariable>>& Members() const { return owned_; }
 
 private:
     std::vector<std::unique_ptr<clsVariable>> owned_;

@@ -39,6 +39,10 @@ public:
     int AnzLineComment = 0;
     int AnzLineBlank = 0;
 
+    IncomingEdges UsedByAll;
+    OutgoingEdges UsesAll;
+    OutgoingEdges CallsInDeclarations;     // edges that start in the declarations section
+
     NameSpace PrivNameSpace;               // every object declared here
 
     clsCollection<clsProzedur> Public_Sub, Private_Sub, Public_Function, Private_Function, Public_Property,

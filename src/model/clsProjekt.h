@@ -34,6 +34,8 @@ public:
     clsCollection<clsTypeLib> myProjectObjects;     // of the Object= lines
     clsCollection<clsTypeLib> myProjectReferences;  // of the Reference= lines
 
+    EdgeStore calls;  // owns every edge
+
     std::string TimeForStructure, TimeForCalls, TimeForTree;
     int AnzCodeZeilen = 0, AnzCommentZeilen = 0, AnzBlankZeilen = 0;
 

@@ -34,6 +34,9 @@ public:
     bool IsUserEvent = false;
     bool LocalCallsChecked = false;
 
+    OutgoingEdges CallsAll;  // calls it makes, of both certainties
+    OutgoingEdges UsesAll;   // types, classes and libraries it uses
+
     clsCollection<clsVariable> MyVars;  // arguments, locals, result; keyed by name
 
     /// Takes over a variable of this procedure; whether it joins MyVars is the caller's business.

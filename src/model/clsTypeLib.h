@@ -13,6 +13,7 @@ public:
     [[nodiscard]] std::string CodePathOrg() const override { return std::string(myNameOrg()); }
     [[nodiscard]] std::string_view GetImageKey() const override { return "Library"; }
 
+    IncomingEdges UsedByAll;
     std::string ProjektEintrag;  // the whole line of the project file
     std::string_view LibTyp;     // "reference" or "component"
     std::string TypeLibID;       // "{...}"; for a referenced project the path that stands in its place

@@ -8,6 +8,7 @@
 #include <string>
 #include <string_view>
 
+#include "model/clsCall.h"
 #include "model/names.h"
 #include "shell/vb_text.h"
 
@@ -60,6 +61,7 @@ public:
     clsModul* Modul = nullptr;         // null for modules and libraries
     clsTypeLib* myLibrary = nullptr;   // set when the object belongs to a library
     std::string_view Zugriff;          // "private", "public", "argument", ...; a literal
+    IncomingEdges CalledByAll;         // calls that reach this object, certain and possible
     Pos DeclareStart = 0;
     Pos DeclareEnd = 0;
     std::int16_t IsDeath = 0;          // 0 alive or not looked at, 1 dead, 2 undead

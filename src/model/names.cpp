@@ -5,7 +5,7 @@
 
 #include "platform/code_page.h"
 
-const Name::Entry Name::kEmpty{&Name::kEmpty, 0, 0, {}};
+const Name::Entry Name::kEmpty{&Name::kEmpty, 0, 0, 0, {}};
 
 namespace {
 
@@ -124,6 +124,7 @@ Name::Entry* NamePool::NewEntry(std::string_view text, std::uint32_t hash) {
     entry->lower = entry;
     entry->hash = hash;
     entry->length = static_cast<std::uint32_t>(text.size());
+    entry->tag = 0;
     std::memcpy(place + offsetof(Name::Entry, chars), text.data(), text.size());
     return entry;
 }

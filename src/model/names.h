@@ -25,6 +25,9 @@ public:
     [[nodiscard]] bool Known() const { return entry_ != nullptr; }
     [[nodiscard]] bool Empty() const { return entry_->length == 0; }
     [[nodiscard]] std::uint32_t Hash() const { return entry_->hash; }
+    /// A small number that a stage has given this spelling, as to the words of the language; 0 for all others.
+    [[nodiscard]] std::uint8_t Tag() const { return entry_->tag; }
+    void SetTag(std::uint8_t tag) const { entry_->tag = tag; }
     bool operator==(const Name&) const = default;
 
 private:
@@ -32,7 +35,8 @@ private:
         const Entry* lower;
         std::uint32_t hash;
         std::uint32_t length;
-        char chars[8];  // as long as the name is
+        mutable std::uint8_t tag;
+        char chars[7];  // as long as the name is
     };
     static const Entry kEmpty;
     friend class NamePool;

@@ -1,0 +1,8 @@
+// Edges that start in a module's declarations section: uses of types and of constants. Nothing is called there, and
+// nothing is uncertain.
+#pragma once
+
+class ModuleReader;
+
+/// @param firstTok  in: the first token of the section; out: the last token looked at
+void Analyse_CallsVarBereich(ModuleReader& reader, int& firstTok, int lastTok);

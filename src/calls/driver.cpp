@@ -1,0 +1,114 @@
+#include "calls/driver.h"
+
+#include "calls/declaration_calls.h"
+#include "calls/keywords.h"
+#include "calls/procedure_calls.h"
+#include "model/clsControl.h"
+#include "model/clsEnum.h"
+#include "model/clsProjekt.h"
+#include "model/clsProzedur.h"
+#include "model/clsType.h"
+#include "model/clsVariable.h"
+#include "shell/clsText.h"
+#include "shell/errors.h"
+#include "shell/operations.h"
+#include "shell/timing.h"
+#include "source/module_text.h"
+#include "structure/module_reader.h"
+
+namespace {
+
+void Clear(CodeObject& object) {
+    object.IsDeath = 0;
+    object.CalledByAll.Clear();
+}
+
+void Clear(const clsCollection<clsVariable>& variables) {
+    for (clsVariable* variable : variables)
+        Clear(*variable);
+}
+
+// The members are walked even when their owner was dropped: they stand in the name spaces all the same.
+void Clear(clsModul& modul) {
+    for (const auto& owned : modul.Owned()) {
+        Clear(*owned);
+        switch (owned->Class()) {
+            case ObjectClass::Prozedur: {
+                auto& prozedur = static_cast<clsProzedur&>(*owned);
+                prozedur.CallsAll.Clear();
+                prozedur.UsesAll.Clear();
+                prozedur.LocalCallsChecked = false;
+                Clear(prozedur.MyVars);
+                break;
+            }
+            case ObjectClass::Type: {
+                auto& type = static_cast<clsType&>(*owned);
+                type.UsedByAll.Clear();
+                type.UsesAll.Clear();
+                for (const auto& member : type.Members())
+                    Clear(*member);
+                break;
+            }
+            case ObjectClass::Enum: {
+                auto& einEnum = static_cast<clsEnum&>(*owned);
+                einEnum.UsedByAll.Clear();
+                for (const auto& member : einEnum.Members())
+                    Clear(*member);
+                break;
+            }
+            default:
+                break;
+        }
+    }
+    Clear(static_cast<CodeObject&>(modul));
+    modul.UsedByAll.Clear();
+    modul.UsesAll.Clear();
+    modul.CallsInDeclarations.Clear();
+}
+
+}  // namespace
+
+void Who_Calls_Who(clsProjekt& projekt) {
+    gAbort = false;
+    NumberKeywords();
+    clsQueryTimer timer;
+    timer.Calibrieren();
+    timer.Start();
+    gProgress().Label(gText.TextNr(66));
+    gProgress().Range(0, projekt.CountAllModules());
+    for (clsModul* modul : projekt.AllModules()) {
+        if (gAbort)
+            break;
+        const ErrorSubject subject(modul->FullPath);
+        gProgress().Label(modul->myNameOrg());
+        DoEvents();
+        Analyse_Calls(projekt, *modul);
+        gProgress().Progressiere_mal();
+    }
+    timer.Halt();
+    projekt.TimeForCalls = timer.Get_TotalStr();
+}
+
+void Analyse_Calls(clsProjekt& projekt, clsModul& modul) {
+    NumberKeywords();
+    ModuleReader reader(projekt, modul);
+    int first = modul.TokNrBeginnVarBereich;
+    Analyse_CallsVarBereich(reader, first, modul.TokNrBeginnProcBereich - 1);
+    for (clsProzedur* prozedur : modul.MyProcs)
+        Analyse_CallsProc(reader, *prozedur);
+    modul.text->ReleaseModulText();
+}
+
+void Remove_All_Calls(clsProjekt& projekt) {
+    gProgress().Label(gText.TextNr(62));
+    gProgress().Range(0, projekt.CountAllModules());
+    for (const auto& modul : projekt.OwnedModules()) {
+        Clear(*modul);
+        gProgress().Progressiere_mal();
+    }
+    for (const auto& library : projekt.OwnedLibraries()) {
+        Clear(static_cast<CodeObject&>(*library));
+        library->UsedByAll.Clear();
+    }
+    projekt.calls.Clear();
+}

@@ -1,0 +1,61 @@
+#include "calls/may_be.h"
+
+#include "calls/edges.h"
+#include "model/clsProjekt.h"
+#include "model/clsProzedur.h"
+#include "model/clsType.h"
+#include "model/clsVariable.h"
+
+namespace {
+
+// Forms, classes and user controls: what a variable can hold.
+bool IsObjectModule(const clsModul& modul) {
+    return modul.ModulTyp == "form" || modul.ModulTyp == "class" || modul.ModulTyp == "usercontrol";
+}
+
+bool IsTarget(const clsProzedur& prozedur, AccessMode mode) {
+    return IsObjectModule(*prozedur.Modul) && MatchesMode(prozedur, mode);
+}
+
+// In the calling module only what is private there; the public ones come from the public name space.
+bool IsPrivateTarget(const CodeObject& object, const clsModul& callingModule, AccessMode mode) {
+    if (object.Class() == ObjectClass::Variable) {
+        const auto& variable = static_cast<const clsVariable&>(object);
+        const bool isPrivateMember = variable.MyType && variable.MyType->Zugriff == "private";
+        if (variable.Zugriff != "private" && !isPrivateMember)
+            return false;
+        if (variable.IsConst && mode != AccessMode::Read)
+            return false;
+        return IsObjectModule(callingModule) || variable.MyType;
+    }
+    return object.Class() == ObjectClass::Prozedur && object.Zugriff == "private" &&
+           IsTarget(static_cast<const clsProzedur&>(object), mode);
+}
+
+bool IsPublicTarget(const CodeObject& object, AccessMode mode) {
+    switch (object.Class()) {
+        case ObjectClass::Variable: {
+            const auto& variable = static_cast<const clsVariable&>(object);
+            // Constants never, though a private one may be read.
+            return !variable.IsConst && (!variable.Modul || IsObjectModule(*variable.Modul) || variable.MyType);
+        }
+        case ObjectClass::Prozedur: return IsTarget(static_cast<const clsProzedur&>(object), mode);
+        case ObjectClass::Control: return true;
+        default: return false;
+    }
+}
+
+}  // namespace
+
+void Analyse_SetMayBeCalls(clsProjekt& projekt, clsProzedur& prozedur, Name memberName, AccessMode mode, Pos pos) {
+    if (!memberName.Known())
+        return;
+    if (const clsSpaceName* entry = prozedur.Modul->PrivNameSpace.Item(memberName))
+        for (CodeObject* object : entry->Objects())
+            if (IsPrivateTarget(*object, *prozedur.Modul, mode))
+                CallCreate(projekt, *object, prozedur, CallType::MayBe, pos);
+    if (const clsSpaceName* entry = gPublicNameSpace.Item(memberName))
+        for (CodeObject* object : entry->Objects())
+            if (IsPublicTarget(*object, mode))
+                CallCreate(projekt, *object, prozedur, CallType::MayBe, pos);
+}

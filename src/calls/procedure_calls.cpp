@@ -1,0 +1,413 @@
+// One left-to-right walk over the tokens decides, token by token, what each name means. It parses no expressions: a
+// handful of states for each statement stand in for a grammar, and its judgements are only as good as their rules.
+// Chains of members are kept for each bracket depth; a depth once reached keeps its chain, so that `a(b.c).d` goes on
+// with `a` behind the bracket. The look ahead that tells calls from assignments is remembered for its statement, so that
+// a long statement costs one walk.
+#include "calls/procedure_calls.h"
+
+#include <vector>
+
+#include "calls/edges.h"
+#include "calls/keywords.h"
+#include "calls/may_be.h"
+#include "calls/resolve.h"
+#include "calls/type_clause.h"
+#include "model/clsControl.h"
+#include "shell/operations.h"
+#include "structure/module_reader.h"
+
+namespace {
+
+// What has been reached at one bracket depth.
+struct Level {
+    CodeObject* chain = nullptr;
+    bool afterDot = false;  // the last token at this depth was "."
+};
+
+// Levels by depth; unbalanced source has depths below 0.
+class Levels {
+public:
+    void Reset() {
+        positive_.assign(1, {});
+        negative_.clear();
+    }
+    Level& At(int depth) {
+        std::vector<Level>& side = depth >= 0 ? positive_ : negative_;
+        const auto index = static_cast<std::size_t>(depth >= 0 ? depth : -1 - depth);
+        if (index >= side.size())
+            side.resize(index + 1);
+        return side[index];
+    }
+
+private:
+    std::vector<Level> positive_;
+    std::vector<Level> negative_;
+};
+
+class ProcedureCalls {
+public:
+    ProcedureCalls(ModuleReader& reader, clsProzedur& prozedur)
+        : reader_(reader),
+          tokens_(reader.tokens),
+          projekt_(reader.projekt),
+          proc_(prozedur),
+          clause_(reader.projekt, reader.modul, &prozedur),
+          last_(prozedur.DeclareEndTNr - 1) {}
+
+    void Run() {
+        bool newStatement = true;
+        for (int nr = proc_.DeclareStartTNr; nr <= last_; ++nr) {
+            DoEvents();
+            newStatement |= tokens_.StartsStatement(nr);
+            const std::string_view word = reader_.Word(nr);
+            if (word.starts_with(gQuote))
+                continue;
+            if (newStatement) {
+                ResetStatement();
+                newStatement = false;
+            }
+            const int token = nr;
+            const Name name = Name::Find(word);
+            Token(nr, word, name);
+            if (withHeader_)
+                withObject_ = levels_.At(depth_).chain;
+            prev2_ = prev_;
+            prev_ = PreviousToken{token, word, KeywordOf(name)};
+        }
+    }
+
+private:
+    struct PreviousToken {
+        int nr = 0;
+        std::string_view word;
+        Keyword keyword = Keyword::None;
+    };
+
+    void ResetStatement() {
+        depth_ = 0;
+        levels_.Reset();
+        mode_ = AccessMode::Call;
+        rightSide_ = afterAssign_ = setStatement_ = withHeader_ = false;
+        clause_.End();
+        lookUntil_ = 0;
+    }
+
+    [[nodiscard]] Level& Here() { return levels_.At(depth_); }
+
+    void BeginValue() {
+        Here().afterDot = false;
+        mode_ = AccessMode::Read;
+        rightSide_ = true;
+    }
+
+    void Token(int& nr, std::string_view word, Name name) {
+        if (word.size() == 1 && Sign(nr, word[0]))
+            return;
+        if (word == ":=" || word == "<=" || word == ">=") {
+            BeginValue();
+            return;
+        }
+        const Keyword keyword = KeywordOf(name);
+        switch (keyword) {
+            case Keyword::As:
+            case Keyword::New:
+                Types(nr, keyword);
+                return;
+            case Keyword::If:
+            case Keyword::ElseIf:
+            case Keyword::While:
+            case Keyword::Until:
+            case Keyword::Case:
+            case Keyword::For:
+                rightSide_ = true;
+                mode_ = AccessMode::Read;
+                Here().afterDot = false;
+                return;
+            case Keyword::With:
+                With();
+                return;
+            case Keyword::Then:
+                mode_ = AccessMode::Call;
+                rightSide_ = false;
+                Here().afterDot = false;
+                return;
+            default:
+                break;
+        }
+        const bool dotFollows = tokens_.ContinuesStatement(nr + 1) && reader_.Word(nr + 1) == ".";
+        if (IsNoName(keyword) && !dotFollows) {
+            if (keyword == Keyword::Set) {
+                mode_ = AccessMode::Set;
+                setStatement_ = true;
+            } else if (keyword == Keyword::Open || keyword == Keyword::Get) {
+                rightSide_ = true;
+            }
+            Here().afterDot = false;
+            return;
+        }
+        if (keyword == Keyword::Print)
+            rightSide_ = true;
+        if (!IsNumeric(word))
+            NameAt(nr, name);
+    }
+
+    // False for a character that is no sign.
+    bool Sign(int nr, char sign) {
+        switch (sign) {
+            case '=':
+                if (depth_ == 0 && !rightSide_) {
+                    mode_ = AccessMode::Read;
+                    afterAssign_ = rightSide_ = true;
+                }
+                Here().afterDot = false;
+                return true;
+            case ',':
+                Here().afterDot = false;
+                if (depth_ == 0)
+                    mode_ = AccessMode::Read;
+                return true;
+            case '.':
+                Here().afterDot = true;
+                if (depth_ == 0 && !rightSide_ && !afterAssign_)
+                    mode_ = AccessMode::Call;
+                return true;
+            case '&':
+                if (CharAt(reader_.lower, tokens_.PosOf(nr) - 1) == ' ')
+                    mode_ = AccessMode::Read;
+                return true;
+            case '$': case '%': case '!': case '#': case '@':
+                return true;
+            case '+': case '-': case '*': case '/': case ':': case '<': case '>':
+                BeginValue();
+                return true;
+            case '(':
+                ++depth_;
+                Here().afterDot = false;
+                mode_ = AccessMode::Read;
+                return true;
+            case ')':
+                --depth_;
+                return true;
+            default:
+                return false;
+        }
+    }
+
+    void With() {
+        if (prev_.keyword == Keyword::End) {
+            withObject_ = nullptr;
+            withActive_ = false;
+        } else {
+            withHeader_ = rightSide_ = withActive_ = true;
+            mode_ = AccessMode::Read;
+        }
+        Here().afterDot = false;
+    }
+
+    // Walks the rest of the statement behind "as" or "new" and leaves `nr` on the last token read.
+    void Types(int& nr, Keyword keyword) {
+        if (keyword == Keyword::As)
+            clause_.Begin(depth_);
+        else
+            clause_.SetDepth(depth_);
+        while (nr < last_ && tokens_.ContinuesStatement(nr + 1)) {
+            const std::string_view word = reader_.Word(++nr);
+            if (word == "#")
+                return;
+            if (word == "(") {
+                ++depth_;
+            } else if (word == ")") {
+                --depth_;
+            } else if (word == ",") {
+                if (depth_ == clause_.Depth())
+                    clause_.End();
+            } else if (word == "as") {
+                clause_.Begin(depth_);
+            } else if (word != "new" && word != "." && clause_.Active() && depth_ == clause_.Depth()) {
+                clause_.Part(Name::Find(word), tokens_.PosOf(nr));
+            }
+        }
+    }
+
+    void NameAt(int nr, Name name) {
+        if (!afterAssign_ && !rightSide_ && depth_ == 0)
+            DecideMode(nr);
+        if (rightSide_)
+            mode_ = AccessMode::Read;
+        Level& here = Here();
+        const bool afterDot = here.afterDot;
+        if (afterDot)
+            here.chain = Member(nr, name, here);
+        else
+            here.chain = FreeName(name);
+        if (here.chain && (afterDot || !isLocal_))
+            Edge(nr, *here.chain, !afterDot);
+        here.afterDot = false;
+    }
+
+    CodeObject* FreeName(Name name) {
+        clsVariable* local = name.Known() ? proc_.MyVars.Item(name) : nullptr;
+        isLocal_ = local != nullptr;
+        return local ? local : modMain::Get_Objekt_AusName(&proc_, name, mode_);
+    }
+
+    // What `name` is behind a point; where that cannot be told, all that it may be are called.
+    CodeObject* Member(int nr, Name name, const Level& here) {
+        CodeObject* parent = here.chain;
+        if (withActive_) {
+            const bool opensStatement = !tokens_.ContinuesStatement(nr) || !tokens_.ContinuesStatement(nr - 1);
+            if (opensStatement)
+                return modMain::Get_Child(projekt_, withObject_, name, mode_);
+            if (OpensWithMember(prev2_)) {
+                mode_ = AccessMode::Read;
+                parent = withObject_;
+            } else if (CharAt(reader_.lower, tokens_.PosOf(nr - 1) - 1) == ' ') {
+                parent = withObject_;
+            }
+        }
+        // Without a chain nothing is looked up, and the search for possible calls finds it all the same.
+        CodeObject* member = parent ? modMain::Get_Child(projekt_, parent, name, mode_) : nullptr;
+        if (!member)
+            Analyse_SetMayBeCalls(projekt_, proc_, name, mode_, tokens_.PosOf(nr));
+        return member;
+    }
+
+    static bool OpensWithMember(const PreviousToken& before) {
+        switch (before.keyword) {
+            case Keyword::And: case Keyword::Or: case Keyword::Xor: case Keyword::If: case Keyword::ElseIf:
+            case Keyword::Case: case Keyword::Load: case Keyword::Unload: case Keyword::Not:
+                return true;
+            default:
+                break;
+        }
+        if (before.word == "<=" || before.word == ">=")
+            return true;
+        return before.word.size() == 1 && std::string_view("=+-*/&<>").find(before.word[0]) != std::string_view::npos;
+    }
+
+    void SetAssignmentMode() { mode_ = setStatement_ ? AccessMode::Set : AccessMode::Assign; }
+
+    void DecideMode(int nr) {
+        const bool hasNext = tokens_.ContinuesStatement(nr + 1);
+        const std::string_view next = hasNext ? reader_.Word(nr + 1) : std::string_view();
+        const bool afterCall = prev_.keyword == Keyword::Call && prev_.nr != 0 && InOneStatement(prev_.nr, nr);
+        if (!afterCall) {
+            if (next == "=") {
+                SetAssignmentMode();
+                return;
+            }
+            if (CharAt(reader_.lower, tokens_.EndOf(nr)) == ' ') {
+                mode_ = AccessMode::Call;
+                return;
+            }
+        }
+        LookAhead(nr);
+    }
+
+    // Whether no statement begins behind `first` up to `second`.
+    [[nodiscard]] bool InOneStatement(int first, int second) const {
+        for (int nr = first + 1; nr <= second; ++nr)
+            if (tokens_.StartsStatement(nr))
+                return false;
+        return true;
+    }
+
+    enum class Found { Nothing, Word, Assignment, Comma, CommaAndBlank };
+
+    // What decides at the depth of the statement: an "=", a "," or a word that stops the look.
+    void LookAhead(int nr) {
+        if (nr >= lookUntil_) {
+            found_ = Found::Nothing;
+            int depth = 0;
+            int at = nr + 1;
+            for (; tokens_.ContinuesStatement(at) && found_ == Found::Nothing; ++at) {
+                const std::string_view word = reader_.Word(at);
+                if (word == "(")
+                    ++depth;
+                else if (word == ")")
+                    --depth;
+                else if (word == "to" || word == "then" || word == "while" || word == "until" ||
+                         (depth == 0 && word == "."))
+                    found_ = Found::Word;
+                else if (depth == 0 && word == "=")
+                    found_ = Found::Assignment;
+                else if (word == ":=")
+                    break;
+                else if (depth == 0 && word == ",")
+                    found_ = CharAt(reader_.lower, tokens_.EndOf(at)) == ' ' ? Found::CommaAndBlank : Found::Comma;
+            }
+            lookUntil_ = found_ == Found::Nothing ? at : at - 1;
+        }
+        switch (found_) {
+            case Found::Nothing:
+            case Found::Comma:
+                break;
+            case Found::Word:
+                mode_ = AccessMode::Read;
+                break;
+            case Found::Assignment:
+                SetAssignmentMode();
+                break;
+            case Found::CommaAndBlank:
+                mode_ = AccessMode::Call;
+                rightSide_ = true;
+                break;
+        }
+    }
+
+    void Edge(int nr, CodeObject& object, bool isFreeName) {
+        const Pos pos = tokens_.PosOf(nr);
+        if (pos <= proc_.ArgListStart)
+            return;
+        switch (object.Class()) {
+            case ObjectClass::Variable:
+                if (object.DeclareStart == pos)
+                    return;
+                break;
+            case ObjectClass::Prozedur:
+                if (static_cast<clsProzedur&>(object).NamePos == pos)
+                    return;
+                break;
+            case ObjectClass::Control:
+                break;
+            case ObjectClass::Modul:
+                if (!isFreeName)
+                    return;
+                break;
+            default:
+                return;
+        }
+        CallCreate(projekt_, object, proc_, CallType::Really, pos);
+    }
+
+    ModuleReader& reader_;
+    const TokenTable& tokens_;
+    clsProjekt& projekt_;
+    clsProzedur& proc_;
+    TypeClause clause_;
+    int last_;
+
+    PreviousToken prev_;
+    PreviousToken prev2_;
+    CodeObject* withObject_ = nullptr;
+    bool withActive_ = false;
+
+    // of the statement
+    int depth_ = 0;
+    Levels levels_;
+    AccessMode mode_ = AccessMode::Call;
+    bool rightSide_ = false;
+    bool afterAssign_ = false;
+    bool setStatement_ = false;
+    bool withHeader_ = false;
+    bool isLocal_ = false;
+    Found found_ = Found::Nothing;  // of the last look ahead, good up to token lookUntil_
+    int lookUntil_ = 0;
+};
+
+}  // namespace
+
+void Analyse_CallsProc(ModuleReader& reader, clsProzedur& prozedur) {
+    if (prozedur.DeclareStartTNr > 0)
+        ProcedureCalls(reader, prozedur).Run();
+}

@@ -1,0 +1,50 @@
+// The parts of a type behind "as", such as `lib.Thing`, as they come along: each is looked up from the one before, and
+// each that is found makes a use edge.
+#pragma once
+
+#include "calls/edges.h"
+#include "calls/resolve.h"
+#include "model/clsModul.h"
+
+class TypeClause {
+public:
+    TypeClause(clsProjekt& projekt, clsModul& modul, clsProzedur* procedure)
+        : projekt_(projekt), modul_(modul), procedure_(procedure) {}
+
+    /// "as" at bracket depth `depth`: a type begins.
+    void Begin(int depth) {
+        asSeen_ = true;
+        depth_ = depth;
+        Empty();
+    }
+    /// No type any more.
+    void End() {
+        asSeen_ = false;
+        Empty();
+    }
+    [[nodiscard]] bool Active() const { return asSeen_; }
+    [[nodiscard]] int Depth() const { return depth_; }
+    /// Where a "new" without "as" stands, the depth is what commas are measured by.
+    void SetDepth(int depth) { depth_ = depth; }
+
+    void Part(Name word, Pos pos) {
+        const CodeObject* context = hasPart_ ? part_ : &modul_;
+        part_ = word.Known() ? modMain::Get_Typ_AusName(context, word) : nullptr;
+        hasPart_ = true;
+        if (part_)
+            CallUseCreate(projekt_, *part_, procedure_, modul_, pos);
+    }
+
+private:
+    void Empty() {
+        hasPart_ = false;
+        part_ = nullptr;
+    }
+    clsProjekt& projekt_;
+    clsModul& modul_;
+    clsProzedur* procedure_;
+    CodeObject* part_ = nullptr;
+    bool hasPart_ = false;
+    bool asSeen_ = false;
+    int depth_ = 0;
+};

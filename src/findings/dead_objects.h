@@ -1,0 +1,23 @@
+// Which objects nothing calls. 0 is alive, 1 dead: no caller at all; 2 undead: all callers are dead or undead themselves.
+#pragma once
+
+class clsModul;
+class clsProjekt;
+class clsProzedur;
+class clsType;
+class clsEnum;
+
+/// Computes all marks of the project: procedures, module variables and constants, types, enumerations and their members.
+/// Alive are the handlers of events and every procedure of a class or user control, and whatever they reach over calls,
+/// certain and possible alike.
+void Tote_Untote_Kennzeichnen(clsProjekt& projekt);
+
+/// Members that no call reaches.
+[[nodiscard]] int Anz_NotCalled_Vars(const clsType& type);
+[[nodiscard]] int Anz_NotCalled_Vars(const clsEnum& einEnum);
+/// Arguments and locals that no call reaches; tells only after the procedure's variables were checked.
+[[nodiscard]] int Anz_NotCalled_Vars(const clsProzedur& prozedur);
+
+/// Finds the places in a procedure that name its arguments and locals, and makes an edge for each. Does nothing the
+/// second time.
+void Check_ProcVars_Calls(clsProjekt& projekt, clsProzedur& prozedur);
