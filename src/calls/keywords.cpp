@@ -35,7 +35,7 @@ void NumberKeywords() {
         Name(word).SetTag(static_cast<std::uint8_t>(keyword));
 }
 
-bool IsNumeric(std::string_view word) {
+bool IsNumericAtAll(std::string_view word) {
     if (!word.empty() && (word[0] == '+' || word[0] == '-'))
         word.remove_prefix(1);
     if (word.size() > 2 && word[0] == '&' && (word[1] == 'h' || word[1] == 'o')) {

@@ -34,4 +34,8 @@ void NumberKeywords();
 }
 
 /// Digits with an optional "." part and exponent, an optional sign in front, or the &H and &O forms.
-[[nodiscard]] bool IsNumeric(std::string_view word);
+[[nodiscard]] bool IsNumericAtAll(std::string_view word);
+[[nodiscard]] inline bool IsNumeric(std::string_view word) {
+    // A letter in front settles it for nearly every word.
+    return !word.empty() && !(word[0] >= 'a' && word[0] <= 'z') && IsNumericAtAll(word);
+}

@@ -55,9 +55,9 @@ public:
           last_(prozedur.DeclareEndTNr - 1) {}
 
     void Run() {
+        DoEvents();
         bool newStatement = true;
         for (int nr = proc_.DeclareStartTNr; nr <= last_; ++nr) {
-            DoEvents();
             newStatement |= tokens_.StartsStatement(nr);
             const std::string_view word = reader_.Word(nr);
             if (word.starts_with(gQuote))
@@ -67,22 +67,25 @@ public:
                 newStatement = false;
             }
             const int token = nr;
-            const Name name = Name::Find(word);
-            Token(nr, word, name);
+            Keyword keyword = Keyword::None;
+            if (word.size() != 1 || !Sign(nr, word[0])) {
+                // Half of all tokens are signs and numbers, which no pool knows.
+                const bool isNumber = IsNumeric(word);
+                const Name name = isNumber ? Name() : Name::Find(word);
+                keyword = KeywordOf(name);
+                if (!isNumber)
+                    Token(nr, word, name, keyword);
+            }
             if (withHeader_)
                 withObject_ = levels_.At(depth_).chain;
-            prev2_ = prev_;
-            prev_ = PreviousToken{token, word, KeywordOf(name)};
+            prev2Nr_ = prevNr_;
+            prev2Keyword_ = prevKeyword_;
+            prevNr_ = token;
+            prevKeyword_ = keyword;
         }
     }
 
 private:
-    struct PreviousToken {
-        int nr = 0;
-        std::string_view word;
-        Keyword keyword = Keyword::None;
-    };
-
     void ResetStatement() {
         depth_ = 0;
         levels_.Reset();
@@ -100,14 +103,12 @@ private:
         rightSide_ = true;
     }
 
-    void Token(int& nr, std::string_view word, Name name) {
-        if (word.size() == 1 && Sign(nr, word[0]))
-            return;
-        if (word == ":=" || word == "<=" || word == ">=") {
+    // Anything but a sign of one character or a number.
+    void Token(int& nr, std::string_view word, Name name, Keyword keyword) {
+        if (word.size() == 2 && (word == ":=" || word == "<=" || word == ">=")) {
             BeginValue();
             return;
         }
-        const Keyword keyword = KeywordOf(name);
         switch (keyword) {
             case Keyword::As:
             case Keyword::New:
@@ -147,8 +148,7 @@ private:
         }
         if (keyword == Keyword::Print)
             rightSide_ = true;
-        if (!IsNumeric(word))
-            NameAt(nr, name);
+        NameAt(nr, name);
     }
 
     // False for a character that is no sign.
@@ -194,7 +194,7 @@ private:
     }
 
     void With() {
-        if (prev_.keyword == Keyword::End) {
+        if (prevKeyword_ == Keyword::End) {
             withObject_ = nullptr;
             withActive_ = false;
         } else {
@@ -258,7 +258,7 @@ private:
             const bool opensStatement = !tokens_.ContinuesStatement(nr) || !tokens_.ContinuesStatement(nr - 1);
             if (opensStatement)
                 return modMain::Get_Child(projekt_, withObject_, name, mode_);
-            if (OpensWithMember(prev2_)) {
+            if (OpensWithMember()) {
                 mode_ = AccessMode::Read;
                 parent = withObject_;
             } else if (CharAt(reader_.lower, tokens_.PosOf(nr - 1) - 1) == ' ') {
@@ -272,17 +272,19 @@ private:
         return member;
     }
 
-    static bool OpensWithMember(const PreviousToken& before) {
-        switch (before.keyword) {
+    // Whether what stands before the point can have no member, so that the With object is meant.
+    [[nodiscard]] bool OpensWithMember() const {
+        switch (prev2Keyword_) {
             case Keyword::And: case Keyword::Or: case Keyword::Xor: case Keyword::If: case Keyword::ElseIf:
             case Keyword::Case: case Keyword::Load: case Keyword::Unload: case Keyword::Not:
                 return true;
             default:
                 break;
         }
-        if (before.word == "<=" || before.word == ">=")
+        const std::string_view before = reader_.Word(prev2Nr_);
+        if (before == "<=" || before == ">=")
             return true;
-        return before.word.size() == 1 && std::string_view("=+-*/&<>").find(before.word[0]) != std::string_view::npos;
+        return before.size() == 1 && std::string_view("=+-*/&<>").find(before[0]) != std::string_view::npos;
     }
 
     void SetAssignmentMode() { mode_ = setStatement_ ? AccessMode::Set : AccessMode::Assign; }
@@ -290,7 +292,7 @@ private:
     void DecideMode(int nr) {
         const bool hasNext = tokens_.ContinuesStatement(nr + 1);
         const std::string_view next = hasNext ? reader_.Word(nr + 1) : std::string_view();
-        const bool afterCall = prev_.keyword == Keyword::Call && prev_.nr != 0 && InOneStatement(prev_.nr, nr);
+        const bool afterCall = prevKeyword_ == Keyword::Call && InOneStatement(prevNr_, nr);
         if (!afterCall) {
             if (next == "=") {
                 SetAssignmentMode();
@@ -387,8 +389,11 @@ private:
     TypeClause clause_;
     int last_;
 
-    PreviousToken prev_;
-    PreviousToken prev2_;
+    // The last two tokens that are no literals.
+    int prevNr_ = 0;
+    int prev2Nr_ = 0;
+    Keyword prevKeyword_ = Keyword::None;
+    Keyword prev2Keyword_ = Keyword::None;
     CodeObject* withObject_ = nullptr;
     bool withActive_ = false;
 

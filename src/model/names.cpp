@@ -17,20 +17,46 @@ std::uint64_t Mix(std::uint64_t value) {
     return value ^ (value >> 29);
 }
 
+std::uint64_t EightAt(const char* from) {
+    std::uint64_t eight;
+    std::memcpy(&eight, from, sizeof eight);
+    return eight;
+}
+
+std::uint32_t FourAt(const char* from) {
+    std::uint32_t four;
+    std::memcpy(&four, from, sizeof four);
+    return four;
+}
+
+// Names are short: they are taken in two or three reads that may overlap, not character by character.
 std::uint32_t HashOf(std::string_view text) {
-    const char* from = text.data();
-    std::size_t left = text.size();
-    std::uint64_t hash = left;
-    for (; left >= 8; from += 8, left -= 8) {
-        std::uint64_t part;
-        std::memcpy(&part, from, 8);
-        hash = Mix(hash ^ part);
+    const char* const from = text.data();
+    const std::size_t size = text.size();
+    std::uint64_t hash = size * 0x9E3779B97F4A7C15U;
+    if (size >= 8) {
+        for (std::size_t i = 0; i + 8 <= size; i += 8)
+            hash = Mix(hash ^ EightAt(from + i));
+        hash = Mix(hash ^ EightAt(from + size - 8));
+    } else if (size >= 4) {
+        hash = Mix(hash ^ (std::uint64_t{FourAt(from)} << 32 | FourAt(from + size - 4)));
+    } else if (size > 0) {
+        const auto byte = [from](std::size_t i) { return std::uint64_t{static_cast<unsigned char>(from[i])}; };
+        hash = Mix(hash ^ (byte(0) << 16 | byte(size / 2) << 8 | byte(size - 1)));
     }
-    std::uint64_t rest = 0;
-    for (std::size_t i = 0; i < left; ++i)
-        rest = rest << 8 | static_cast<unsigned char>(from[i]);
-    hash = Mix(hash ^ rest);
     return static_cast<std::uint32_t>(hash ^ (hash >> 32));
+}
+
+bool SameBytes(const char* one, const char* other, std::size_t size) {
+    if (size >= 8) {
+        for (std::size_t i = 0; i + 8 <= size; i += 8)
+            if (EightAt(one + i) != EightAt(other + i))
+                return false;
+        return EightAt(one + size - 8) == EightAt(other + size - 8);
+    }
+    if (size >= 4)
+        return FourAt(one) == FourAt(other) && FourAt(one + size - 4) == FourAt(other + size - 4);
+    return one[0] == other[0] && one[size / 2] == other[size / 2] && one[size - 1] == other[size - 1];
 }
 
 // Lower-case form in a buffer on the stack where it fits, as nearly all names do.
@@ -81,7 +107,7 @@ const Name::Entry* NamePool::Find(std::string_view text) const {
         if (!entry)
             return nullptr;
         if (entry->hash == hash && entry->length == text.size() &&
-            std::memcmp(entry->chars, text.data(), text.size()) == 0)
+            SameBytes(entry->chars, text.data(), text.size()))
             return entry;
     }
 }
@@ -95,7 +121,7 @@ const Name::Entry* NamePool::Intern(std::string_view text) {
     for (; slots_[slot]; slot = (slot + 1) & mask) {
         const Name::Entry* entry = slots_[slot];
         if (entry->hash == hash && entry->length == text.size() &&
-            std::memcmp(entry->chars, text.data(), text.size()) == 0)
+            SameBytes(entry->chars, text.data(), text.size()))
             return entry;
     }
     Name::Entry* entry = NewEntry(text, hash);

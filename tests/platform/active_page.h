@@ -8,7 +8,6 @@
 class WithCodePage {
 public:
     explicit WithCodePage(std::string_view setting) { SetActiveCodePage(CodePage(setting)); }
-    WithCodePage(const WithCodePage&) = delete;
-    WithCodePage& operator=(const WithCodePage&) = delete;
+    WithCodePage& operator=(WithCodePage&&) = delete;
     ~WithCodePage() { SetActiveCodePage(CodePage()); }
 };

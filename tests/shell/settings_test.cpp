@@ -22,8 +22,6 @@ protected:
         SettingsFile file(files_, kIni);
         Optionen_Ini_Load(file);
     }
-    void LoadGeneral(const std::string& line) { Load("[ALLGEMEIN]\r\n" + line + "\r\n"); }
-    void LoadVisual(const std::string& line) { Load("[VISUALIZATION]\r\n" + line + "\r\n"); }
 
     MemoryFiles files_;
 };
@@ -80,32 +78,28 @@ TEST_F(Settings, KeysAreFoundInAnySpelling) {
 }
 
 TEST_F(Settings, OddFontsFallBack) {
-    struct Case {
-        const char* line;
-        float size;
-    };
-    for (const Case& c : {Case{"FontSize=0", 10}, Case{"FontSize=", 10}, Case{"FontSize=big", 10},
-                          Case{"FontSize=10,5", 10.5}, Case{"fontsize = 12.25 pt", 12.25}}) {
-        LoadVisual(c.line);
-        EXPECT_EQ(gCodeFont.size, c.size) << c.line;
+    using Case = std::pair<const char*, float>;
+    for (const auto& [line, size] : {Case{"FontSize=0", 10.0}, Case{"FontSize=", 10}, Case{"FontSize=big", 10},
+                                     Case{"FontSize=10,5", 10.5}, Case{"fontsize = 12.25 pt", 12.25}}) {
+        Load("[VISUALIZATION]\r\n" + std::string(line));
+        EXPECT_EQ(gCodeFont.size, size) << line;
     }
-    LoadVisual("TreeFontSize=0\r\nTreeFontName=\r\nFontName=\r\nFontBold=-1\r\nFontItalic=2\r\nTreeFontBold=yes");
+    Load(
+        "[VISUALIZATION]\r\nTreeFontSize=0\r\nTreeFontName=\r\nFontName=\r\nFontBold=-1\r\nFontItalic=2\r\n"
+        "TreeFontBold=yes");
     EXPECT_EQ(gCodeFont, (FontSetting{10, "Courier New", true, true}));
     EXPECT_EQ(gTreeFont, (FontSetting{8, "MS Sans Serif", false, false}));
 }
 
 TEST_F(Settings, OnlyGermanIsAnotherLanguage) {
-    for (const auto& [line, language] : {std::pair{"Language=german", "german"},
-                                         {"Language=french", "english"},
-                                         {"Language=", "english"},
-                                         {"Language=english", "english"}}) {
-        LoadGeneral(line);
-        EXPECT_EQ(gText.Language, language) << line;
+    for (const auto& [set, language] : {std::pair{"german", "german"}, {"french", "english"}, {"", "english"}}) {
+        Load("[ALLGEMEIN]\r\nLanguage=" + std::string(set));
+        EXPECT_EQ(gText.Language, language) << set;
     }
 }
 
 TEST_F(Settings, BitsOfTheProjectAreTwoConstants) {
-    LoadGeneral("WIN32=1");
+    Load("[ALLGEMEIN]\r\nWIN32=1");
     EXPECT_THAT(gCondComps, ElementsAre(Pair("", ""), Pair("win32", "-1"), Pair("win16", "0")));
     gOptWin32 = 0;
     gCondComps.emplace_back("debug", "1");

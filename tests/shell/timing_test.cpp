@@ -3,14 +3,22 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <ctime>
+
+#include "platform/clock.h"
 #include "support/ports.h"
 
 namespace {
 
-using testing::ElementsAre;
-using testing::IsEmpty;
+TEST(TimerOfDay, CountsSecondsSinceLocalMidnight) {
+    const std::time_t now = std::time(nullptr);
+    const std::tm local = *std::localtime(&now);
+    const double distance = std::fabs(TimerOfDay() - (local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec));
+    EXPECT_TRUE(distance < 3 || distance > 86390) << distance;  // midnight may fall in between
+}
 
-TEST(TimingRecords, PairedStartsAndStopsAddUpInSilence) {
+TEST(TimingRecords, PairedStartsAndStopsAddUpAndAnUnbalancedStopIsTold) {
     const RecordingMessages messages;
     TimingRecord record;
     record.Total = 100;
@@ -20,33 +28,24 @@ TEST(TimingRecords, PairedStartsAndStopsAddUpInSilence) {
         Timer_Stop(record);
     }
     EXPECT_NEAR(record.Total, 132, 0.5);
-    EXPECT_THAT(messages.texts, IsEmpty());
-}
-
-TEST(TimingRecords, UnbalancedStopIsTold) {
-    const RecordingMessages messages;
-    TimingRecord record;
+    EXPECT_THAT(messages.texts, testing::IsEmpty());
     Timer_Stop(record);
-    EXPECT_THAT(messages.texts, ElementsAre("Timerschrott!!!!"));
+    EXPECT_THAT(messages.texts, testing::ElementsAre("Timerschrott!!!!"));
 }
 
 TEST(TimingRecords, TextHasHoursMinutesSecondsAndTheDigitsBehindThePoint) {
-    struct Case {
-        double total;
-        const char* text;
-    };
-    for (const Case& c :
-         {Case{0, "00:00:00:00"}, Case{12, "00:00:12:00"}, Case{59.5, "00:00:59:05"}, Case{61.05, "00:01:01:05"},
+    using Case = std::pair<double, const char*>;
+    for (const auto& [total, text] :
+         {Case{0.0, "00:00:00:00"}, Case{12, "00:00:12:00"}, Case{59.5, "00:00:59:05"}, Case{61.05, "00:01:01:05"},
           Case{3723.25, "01:02:03:25"}, Case{0.125, "00:00:00:125"}, Case{360000, "100:00:00:00"}}) {
         TimingRecord record;
-        record.Total = c.total;
+        record.Total = total;
         Timer_String(record);
-        EXPECT_EQ(record.TotalText, c.text);
+        EXPECT_EQ(record.TotalText, text);
     }
 }
 
 TEST(QueryTimer, LowHalfThatReadsAsNegativeComesOutOneTooHigh) {
-    EXPECT_EQ(CounterAsNumber(0), 0);
     EXPECT_EQ(CounterAsNumber(0x7FFFFFFF), 2147483647.0);
     EXPECT_EQ(CounterAsNumber(0x80000000), 2147483649.0);
     EXPECT_EQ(CounterAsNumber(0xFFFFFFFF), 4294967296.0);
@@ -55,14 +54,11 @@ TEST(QueryTimer, LowHalfThatReadsAsNegativeComesOutOneTooHigh) {
 
 TEST(QueryTimer, RunsAddUpWithoutTheOverhead) {
     clsQueryTimer timer;
-    timer.Calibrieren();
-    EXPECT_GE(timer.Overhead, 0);
     timer.Overhead = 1e9;
     timer.Start();
     timer.Halt();
     const double first = timer.LastRun;
     EXPECT_LT(first, 0);  // a run of no time, less the overhead
-    EXPECT_EQ(timer.RunTime(), first);
     timer.Start();
     timer.Halt();
     EXPECT_DOUBLE_EQ(timer.Total, first + timer.LastRun);
