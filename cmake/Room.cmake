@@ -10,7 +10,8 @@ target_compile_options(ostrivane_warnings INTERFACE
 
 if(OSTRIVANE_SANITIZE)
     # g++ loses track of null under the sanitizers' own branches and warns about code it made itself.
-    target_compile_options(ostrivane_warnings INTERFACE -Wno-null-dereference -Wno-maybe-uninitialized)
+    target_compile_options(ostrivane_warnings INTERFACE
+        -Wno-null-dereference $<$<CXX_COMPILER_ID:GNU>:-Wno-maybe-uninitialized>)
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
 endif()

@@ -16,6 +16,8 @@ public:
     [[nodiscard]] std::string CodePathOrg() const override;
     /// The name, and behind it the accessor's suffix.
     [[nodiscard]] Name LocalKey() const override;
+    /// " [Get]", " [Let]", " [Set]" behind the name of an accessor; empty for other kinds.
+    [[nodiscard]] std::string_view AccessorSuffix() const;
     [[nodiscard]] std::string_view GetImageKey() const override;
     [[nodiscard]] std::string_view DatenTyp() const { return type.View(); }
     [[nodiscard]] std::string_view ProzedurTyp() const { return kind; }
@@ -43,7 +45,6 @@ public:
     clsVariable& Own(std::unique_ptr<clsVariable> variable);
 
 private:
-    [[nodiscard]] std::string_view AccessorSuffix() const;
     std::vector<std::unique_ptr<clsVariable>> owned_;
     [[no_unique_address]] Counted<gCountProzedur> counted_;
 };

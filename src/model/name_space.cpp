@@ -3,7 +3,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "model/clsEnum.h"
 #include "model/clsModul.h"
+#include "model/clsProzedur.h"
+#include "model/clsType.h"
+#include "model/clsVariable.h"
 
 NameSpace gPublicNameSpace;
 
@@ -25,6 +29,29 @@ bool CanBeginOnePath(Name one, Name other) {
     return shorter.size() < longer.size() && longer[shorter.size()] == '.' && longer.starts_with(shorter);
 }
 
+// What stands in a path between the module and the name, and behind the name.
+struct PathRest {
+    Name owner;
+    std::string_view suffix;
+    bool operator==(const PathRest&) const = default;
+};
+
+PathRest RestOf(const CodeObject& object) {
+    switch (object.Class()) {
+        case ObjectClass::Variable: {
+            const auto& variable = static_cast<const clsVariable&>(object);
+            const CodeObject* owner = variable.Prozedur  ? static_cast<const CodeObject*>(variable.Prozedur)
+                                      : variable.MyType ? variable.MyType
+                                                        : static_cast<const CodeObject*>(variable.MyEnum);
+            return {owner ? owner->NameKey() : Name(), {}};
+        }
+        case ObjectClass::Prozedur: return {Name(), static_cast<const clsProzedur&>(object).AccessorSuffix()};
+        case ObjectClass::Type: return {Name(), " [Type]"};
+        case ObjectClass::Enum: return {Name(), " [Enum]"};
+        default: return {};
+    }
+}
+
 // Whether two objects have one path. A path begins with the name of its module, so that objects of different modules
 // need no look at the whole, and a name that hundreds of modules share costs no more than any other.
 bool SamePath(const CodeObject& one, const CodeObject& other) {
@@ -32,6 +59,8 @@ bool SamePath(const CodeObject& one, const CodeObject& other) {
         return true;
     if (!one.myLibrary && !other.myLibrary && !CanBeginOnePath(HeadOf(one), HeadOf(other)))
         return false;
+    if (one.Modul && one.Modul == other.Modul && !one.myLibrary && !other.myLibrary)
+        return RestOf(one) == RestOf(other);  // they are compared because they have one name
     return one.CodePath() == other.CodePath();
 }
 

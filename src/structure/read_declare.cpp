@@ -56,7 +56,8 @@ bool IsHandler(const clsModul& modul, const clsProzedur& prozedur) {
     if (name.starts_with(modul.ModulTyp == "form" ? "form_" : "usercontrol_"))
         return true;
     // A control's name can hold "_" too, so each one may be the end of it.
-    for (auto end = name.find('_'); end != std::string_view::npos; end = name.find('_', end + 1))
+    constexpr std::size_t kLongestName = 1000;  // far more than a control can have
+    for (auto end = name.find('_'); end < kLongestName; end = name.find('_', end + 1))
         if (modul.MyControls.Contains(name.substr(0, end)))
             return true;
     return false;

@@ -38,12 +38,15 @@ clsVariable& NewMember(ModuleReader& reader, Block& owner, int nameNr, std::stri
     return member;
 }
 
-void ReadTypeMember(ModuleReader& reader, clsType& type, int asNr, int typeNameNr) {
+// `before` is the last token that stood before an "as" of its statement: a second "as" there makes nothing new.
+void ReadTypeMember(ModuleReader& reader, clsType& type, int asNr, int typeNameNr, int& before) {
     const TokenTable& tokens = reader.tokens;
     int nameNr = asNr;
-    while (nameNr > typeNameNr && tokens.ContinuesStatement(nameNr))
+    while (nameNr > typeNameNr && nameNr > before && tokens.ContinuesStatement(nameNr))
         --nameNr;
-    if (nameNr == asNr)
+    const bool isSecond = before != 0 && nameNr == before;
+    before = asNr;
+    if (nameNr == asNr || isSecond)
         return;
     TypeText text;
     for (int nr = asNr + 1; tokens.ContinuesStatement(nr); ++nr)
@@ -77,15 +80,16 @@ void Analyse_ReadType(ModuleReader& reader, int& tokNr) {
         return;
     clsType& type = NewBlock<clsType>(reader, head, tokNr);
     int nr = tokNr + 1;
-    for (; nr < reader.tokens.Count(); ++nr) {
+    int before = 0;
+    for (; nr <= reader.tokens.Count(); ++nr) {
         const std::string_view word = reader.Word(nr);
         if (Is(word, "type") && Is(reader.Word(nr - 1), "end"))
             break;
         if (Is(word, "as"))
-            ReadTypeMember(reader, type, nr, head.nameNr);
+            ReadTypeMember(reader, type, nr, head.nameNr, before);
     }
-    tokNr = nr;
-    type.DeclareEnd = reader.tokens.EndOf(nr);
+    tokNr = std::min(nr, reader.tokens.Count());
+    type.DeclareEnd = reader.tokens.EndOf(tokNr);
     Add_Type(reader, type);
 }
 

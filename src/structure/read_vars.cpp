@@ -82,16 +82,17 @@ void Analyse_ReadConst(ModuleReader& reader, int& tokNr) {
     const int start = tokNr + (Is(first, "const") ? 1 : 2);
     const int last = reader.tokens.LastOfStatement(tokNr);
     int depth = 0;
+    int before = 0;  // name of the constant before; a second "=" behind one name makes nothing new
+    int listStart = start;
     for (int nr = start; nr <= last; ++nr) {
         const std::string_view word = reader.Word(nr);
         depth += Is(word, "(") - Is(word, ")");
-        if (!Is(word, "=") || depth != 0)
+        if (Is(word, ","))
+            listStart = nr + 1;
+        const int name = listStart;
+        if (!Is(word, "=") || depth != 0 || name == nr || name == before)
             continue;
-        int name = nr;
-        while (name > start && !Is(reader.Word(name - 1), ","))
-            --name;
-        if (name == nr)
-            continue;
+        before = name;
         clsVariable& constant = NewVariable(reader, name, zugriff);
         constant.IsConst = true;
         TypeText type;
