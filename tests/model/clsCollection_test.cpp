@@ -10,10 +10,9 @@ namespace {
 
 using testing::ElementsAre;
 
-template <class T>
-std::vector<T> Values(const clsCollection<T>& collection) {
-    std::vector<T> values;
-    for (const T* value : collection)
+std::vector<int> Values(const clsCollection<int>& collection) {
+    std::vector<int> values;
+    for (const int* value : collection)
         values.push_back(*value);
     return values;
 }
@@ -30,54 +29,34 @@ int ErrorOf(Statement statement) {
 
 TEST(Collection, KeysAreComparedWithoutRegardToCase) {
     int a = 1;
-    int umlaut = 2;
-    int empty = 3;
+    int b = 2;
     clsCollection<int> collection;
-    collection.Add("Form1.Command1", &a);
-    collection.Add("\xC4nderung", &umlaut);
-    collection.Add("", &empty);  // a legal key
-    EXPECT_EQ(collection.Item("FORM1.command1"), &a);
-    EXPECT_EQ(collection.Item("\xE4nderung"), &umlaut);
-    EXPECT_EQ(collection.Item(""), &empty);
+    collection.Add("Form1.\xC4nderung", &a);
+    collection.Add("", &b);  // a legal key
+    EXPECT_EQ(collection.Item("FORM1.\xE4nderung"), &a);
+    EXPECT_EQ(collection.Item(""), &b);
     EXPECT_EQ(collection.Item("form1"), nullptr);
     EXPECT_FALSE(collection.Contains("never seen before, not even as a name"));
     // The first holder of a key stays.
-    EXPECT_FALSE(collection.AddUnlessPresent(Name("FORM1.COMMAND1"), &empty));
-    EXPECT_EQ(ErrorOf([&] { collection.Add("form1.Command1", &empty); }), 457);
-    EXPECT_EQ(collection.Count(), 3);
-    EXPECT_EQ(collection.Item("form1.command1"), &a);
+    EXPECT_FALSE(collection.AddUnlessPresent(Name("FORM1.\xC4NDERUNG"), &b));
+    EXPECT_EQ(ErrorOf([&] { collection.Add("form1.\xC4nderung", &b); }), 457);
+    EXPECT_THAT(Values(collection), ElementsAre(1, 2));
 }
 
-TEST(Collection, PositionsCountFromOneInOrderOfEntry) {
-    int values[] = {30, 10, 20};
-    clsCollection<int> collection;
-    collection.Add("z", &values[0]);
-    collection.Add("A", &values[1]);
-    collection.Add("m", &values[2]);
-    EXPECT_THAT(Values(collection), ElementsAre(30, 10, 20));
-    EXPECT_EQ(*collection.ItemNr(1), 30);
-    EXPECT_EQ(*collection.ItemNr(3), 20);
-    EXPECT_EQ(collection.KeyNr(2).View(), "a");
-    for (const int nr : {-1, 0, 4})
-        EXPECT_EQ(ErrorOf([&] { (void)collection.ItemNr(nr); }), 9) << nr;
-}
-
-TEST(Collection, RemovingKeepsTheOrderOfTheOthers) {
-    int values[] = {1, 2, 3, 4};
+TEST(Collection, PositionsCountFromOneInOrderOfEntryAndRemovingKeepsTheOrder) {
+    int values[] = {3, 1, 4, 2};
     clsCollection<int> collection;
     for (int& value : values)
-        collection.Add("k" + std::to_string(value), &value);
-    EXPECT_TRUE(collection.Remove("K2"));
-    EXPECT_FALSE(collection.Remove("k2"));
-    EXPECT_FALSE(collection.Remove("k9"));
-    EXPECT_THAT(Values(collection), ElementsAre(1, 3, 4));
-    EXPECT_EQ(*collection.ItemNr(2), 3);
-    collection.Add("k2", &values[1]);  // the key is free again, and its place is behind the others
-    EXPECT_THAT(Values(collection), ElementsAre(1, 3, 4, 2));
-    collection.Clear();
-    EXPECT_EQ(collection.Count(), 0);
-    EXPECT_FALSE(collection.Contains("k1"));
-    EXPECT_THAT(Values(collection), ElementsAre());
+        collection.Add("K" + std::to_string(value), &value);
+    EXPECT_THAT(Values(collection), ElementsAre(3, 1, 4, 2));
+    EXPECT_EQ(collection.KeyNr(2).View(), "k1");
+    for (const int nr : {-1, 0, 5})
+        EXPECT_EQ(ErrorOf([&] { (void)collection.ItemNr(nr); }), 9) << nr;
+    EXPECT_TRUE(collection.Remove("k1"));
+    EXPECT_FALSE(collection.Remove("k1"));
+    EXPECT_EQ(*collection.ItemNr(2), 4);
+    collection.Add("k1", &values[1]);  // the key is free again, and its place is behind the others
+    EXPECT_THAT(Values(collection), ElementsAre(3, 4, 2, 1));
 }
 
 TEST(Collection, FindsEveryOneOfManyWhileItGrowsAndShrinks) {
@@ -90,9 +69,7 @@ TEST(Collection, FindsEveryOneOfManyWhileItGrowsAndShrinks) {
         collection.Add(key(value), &value);
         ASSERT_EQ(collection.Item(key((value + 1) / 2)), &values[static_cast<std::size_t>((value + 1) / 2) - 1]);
     }
-    EXPECT_EQ(collection.Count(), 3000);
     EXPECT_EQ(ErrorOf([&] { collection.Add("pROC_2999", &values[0]); }), 457);
-
     for (int value = 3; value <= 3000; value += 3)
         ASSERT_TRUE(collection.Remove(key(value)));
     EXPECT_EQ(collection.Count(), 2000);
@@ -104,6 +81,7 @@ TEST(Collection, FindsEveryOneOfManyWhileItGrowsAndShrinks) {
         }
     }
     collection.Clear();
+    EXPECT_EQ(collection.Count(), 0);
     collection.Add(key(1), &values[6]);
     EXPECT_EQ(collection.Item(key(1)), &values[6]);
     EXPECT_EQ(collection.Item(key(2)), nullptr);

@@ -11,7 +11,6 @@
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 class NameSpaces : public ProgramState {
 protected:
@@ -20,9 +19,10 @@ protected:
         modul_.SetName(Name("Module1"));
     }
 
-    clsVariable& Variable(clsModul& modul, std::string_view name) {
+    static clsVariable& Variable(clsModul& modul, std::string_view name, clsProzedur* prozedur = nullptr) {
         clsVariable& variable = modul.Own(std::make_unique<clsVariable>());
         variable.Modul = &modul;
+        variable.Prozedur = prozedur;
         variable.SetName(Name(name));
         return variable;
     }
@@ -36,11 +36,9 @@ TEST_F(NameSpaces, AllBearersOfANameStandInOrderOfEntry) {
     clsVariable& second = Variable(modul_, "Total");
     clsVariable& first = Variable(form_, "TOTAL");
     clsVariable& other = Variable(form_, "Other");
-    names_.AddObject(second);
-    names_.AddObject(other);
-    names_.AddObject(first);
+    for (clsVariable* variable : {&second, &other, &first})
+        names_.AddObject(*variable);
     EXPECT_EQ(names_.Count(), 2);
-    EXPECT_EQ(names_.ItemNr(1)->MyName(), "total");
     EXPECT_THAT(names_.Item("tOtAl")->Objects(), ElementsAre(&second, &first));
     EXPECT_THAT(names_.Item("other")->Objects(), ElementsAre(&other));
     EXPECT_EQ(names_.Item("none"), nullptr);
@@ -48,47 +46,36 @@ TEST_F(NameSpaces, AllBearersOfANameStandInOrderOfEntry) {
 
 TEST_F(NameSpaces, TheSamePathIsStoredOnce) {
     clsProzedur get(modul_);
-    get.SetName(Name("Size"));
-    get.kind = "property get";
     clsProzedur let(modul_);
-    let.SetName(Name("Size"));
+    get.kind = "property get";
     let.kind = "property let";
-    clsVariable ofGet;
-    clsVariable ofLet;
-    clsVariable third;
-    for (const auto& [variable, prozedur] : {std::pair{&ofGet, &get}, {&ofLet, &let}, {&third, &let}}) {
-        variable->Modul = &modul_;
-        variable->Prozedur = prozedur;
-        variable->SetName(Name("x"));
-    }
-    third.SetName(Name("X"));
-    for (CodeObject* object : std::initializer_list<CodeObject*>{&get, &let, &ofGet, &ofLet, &third, &get, &ofGet})
-        names_.AddObject(*object);
-    EXPECT_THAT(names_.Item("size")->Objects(), ElementsAre(&get, &let)) << "accessors have paths of their own";
-    EXPECT_THAT(names_.Item("x")->Objects(), ElementsAre(&ofGet)) << "their locals share one";
-
     clsModul namesake;
     namesake.SetName(Name("FORM1"));
+    for (clsProzedur* prozedur : {&get, &let, &get}) {
+        prozedur->SetName(Name("Size"));
+        names_.AddObject(*prozedur);
+    }
+    EXPECT_THAT(names_.Item("size")->Objects(), ElementsAre(&get, &let)) << "accessors have paths of their own";
+    clsVariable& local = Variable(modul_, "x", &get);
     clsVariable& first = Variable(form_, "n");
-    names_.AddObject(first);
-    names_.AddObject(Variable(namesake, "N"));
+    for (clsVariable* variable : {&local, &Variable(modul_, "X", &let), &first, &Variable(namesake, "N")})
+        names_.AddObject(*variable);
+    EXPECT_THAT(names_.Item("x")->Objects(), ElementsAre(&local)) << "their locals share one";
     EXPECT_THAT(names_.Item("n")->Objects(), ElementsAre(&first)) << "two modules of one name do as well";
 }
 
 TEST_F(NameSpaces, RemovedObjectLeavesItsEntry) {
     clsVariable& one = Variable(modul_, "x");
     clsVariable& two = Variable(form_, "x");
-    clsVariable& stranger = Variable(form_, "y");
-    modul_.AddTo_PrivNameSpace(one);
     modul_.AddTo_PrivNameSpace(one);
     modul_.AddTo_PrivNameSpace(two);
-    modul_.RemoveFrom_PrivNameSpace(stranger);
+    modul_.RemoveFrom_PrivNameSpace(Variable(form_, "y"));
     modul_.RemoveFrom_PrivNameSpace(one);
     EXPECT_THAT(modul_.PrivNameSpace.Item("x")->Objects(), ElementsAre(&two));
     modul_.RemoveFrom_PrivNameSpace(two);
     modul_.RemoveFrom_PrivNameSpace(two);
     ASSERT_NE(modul_.PrivNameSpace.Item("x"), nullptr);
-    EXPECT_THAT(modul_.PrivNameSpace.Item("x")->Objects(), IsEmpty());
+    EXPECT_THAT(modul_.PrivNameSpace.Item("x")->Objects(), ElementsAre());
     modul_.AddTo_PrivNameSpace(two);
     modul_.AddTo_PrivNameSpace(one);
     EXPECT_THAT(modul_.PrivNameSpace.Item("x")->Objects(), ElementsAre(&two, &one));

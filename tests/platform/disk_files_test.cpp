@@ -165,7 +165,12 @@ TEST_F(DiskWriting, ReplacesWholeAndKeepsPermissionsAndLinks) {
     EXPECT_EQ(directory.FileCount(), 2);  // nothing is left behind
 }
 
-TEST_F(DiskWriting, RefusesWhatItMustNotReplace) {
+TEST_F(DiskWriting, RefusesWhatItMustNotReplaceAndAppendsToExistingFilesOnly) {
+    EXPECT_EQ(Append("Deaths.txt"), FileError::NotFound);
+    EXPECT_EQ(directory.FileCount(), 0);
+    directory.Write("Deaths.txt", "1\r\n");
+    EXPECT_EQ(Append("deaths.TXT"), FileError::None);
+    EXPECT_EQ(directory.Bytes("Deaths.txt"), "1\r\n2\n");
     EXPECT_EQ(WriteWhole("no/such/a.txt", "x"), FileError::NotFound);
     EXPECT_EQ(WriteWhole("", "x"), FileError::IsDirectory);
     ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0666), 0);
@@ -182,14 +187,6 @@ TEST_F(DiskWriting, RefusesWhatItMustNotReplace) {
     EXPECT_EQ(WriteWhole("closed/a.txt", "new"), FileError::NotWritable);
     EXPECT_EQ(MakeDirectory("closed/sub"), FileError::NotWritable);
     EXPECT_EQ(directory.Bytes("fixed.txt"), "old");
-}
-
-TEST_F(DiskWriting, AppendsToExistingFilesOnly) {
-    EXPECT_EQ(Append("Deaths.txt"), FileError::NotFound);
-    EXPECT_EQ(directory.FileCount(), 0);
-    directory.Write("Deaths.txt", "1\r\n");
-    EXPECT_EQ(Append("deaths.TXT"), FileError::None);
-    EXPECT_EQ(directory.Bytes("Deaths.txt"), "1\r\n2\n");
 }
 
 TEST_F(DiskWriting, MakesDirectoriesWithTheirParents) {

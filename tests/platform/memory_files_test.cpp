@@ -13,18 +13,4 @@ TEST(MemoryFiles, AreFoundInAnySpellingOfThePath) {
         EXPECT_FALSE(files.FileExists(path)) << path;
 }
 
-TEST(MemoryFiles, AnswerLikeADisk) {
-    MemoryFiles files{{"d/a.txt", "1\n"}};
-    EXPECT_EQ(files.ReadText("D\\A.TXT").text, "1\r\n");
-    EXPECT_EQ(files.ReadText("b.txt").error, FileError::NotFound);
-    EXPECT_EQ(files.ReadText("D").error, FileError::IsDirectory);
-    EXPECT_EQ(files.Append("b.txt", "x"), FileError::NotFound);
-    EXPECT_EQ(files.WriteWhole("d", "x"), FileError::IsDirectory);
-    EXPECT_EQ(files.WriteWhole("", "x"), FileError::NotFound);
-    const FileTime before = files.DateLastModified("d/a.txt");
-    EXPECT_EQ(files.Append("d/A.txt", "2\n"), FileError::None);
-    EXPECT_EQ(files.Bytes("d/a.txt"), "1\n2\n");
-    EXPECT_GT(files.DateLastModified("d/a.txt"), before);
-}
-
 }  // namespace

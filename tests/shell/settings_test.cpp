@@ -10,7 +10,6 @@ namespace {
 
 using testing::ElementsAre;
 using testing::Pair;
-using testing::StartsWith;
 
 constexpr const char* kIni = "o\\Ostrivane.ini";
 
@@ -66,15 +65,6 @@ TEST_F(Settings, WhatWasReadIsSavedAgain) {
     SettingsFile file(files_, "new.ini");
     Optionen_Ini_Save(file);
     EXPECT_EQ(files_.Bytes("new.ini"), kOthers);
-}
-
-TEST_F(Settings, KeysAreFoundInAnySpelling) {
-    Load("; mine\r\n[allgemein]\r\nWIN32=0\r\nSecret=7\r\n");
-    EXPECT_EQ(gOptWin32, 0);
-    SettingsFile file(files_, kIni);
-    gOptWin32 = 1;
-    Optionen_Ini_Save(file);
-    EXPECT_THAT(files_.Bytes(kIni), StartsWith("; mine\r\n[allgemein]\r\nWIN32=1\r\nSecret=7\r\nLoadLibs=1\r\n"));
 }
 
 TEST_F(Settings, OddFontsFallBack) {

@@ -9,7 +9,6 @@
 namespace {
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 using testing::Pair;
 
 // Hidden stretches of a snippet; each must go from a {{ to the CR behind the line that ends in }}.
@@ -28,47 +27,21 @@ bool IsCompiled(const std::string& expression, const std::vector<CondConstant>& 
     return !hidden.empty() && hidden.front().second < vb.pos();
 }
 
-TEST(CondCompile, OnlyTheCodeOfTheTruePartIsSeen) {
+TEST(CondCompile, OnlyTheCodeOfTheFirstTruePartIsSeen) {
     ExpectHidden("{{#If Win32 Then}}\na\n{{#Else\nb\n#End If}}\nc");
     ExpectHidden("{{#If Win16 Then\na\n#Else}}\nb\n{{#End If}}");
     ExpectHidden("first\n{{#If 0 Then\na\n#ElseIf 0 Then\nb\n#End If}}\nlast");
-}
-
-TEST(CondCompile, OfSeveralTruePartsTheFirstCounts) {
     ExpectHidden("{{#If 0 Then\na\n#ElseIf 1 Then}}\nb\n{{#ElseIf Win32 Then\nc\n#Else\nd\n#End If}}");
     ExpectHidden("{{#If Win32 Then}}\na\n{{#ElseIf Win32 Then\nb\n#Else\nc\n#End If}}");
 }
 
 TEST(CondCompile, BlocksNest) {
-    ExpectHidden(R"(
-        {{#If Win32 Then}}
-        {{#If 0 Then
-        a
-        #Else}}
-        b
-        {{#End If}}
-        c
-        {{#Else
-        #If 1 Then
-        d
-        #End If
-        #End If}}
-    )");
-    ExpectHidden(R"(
-        {{#If 0 Then
-        #If Win32 Then
-        a
-        #ElseIf 1 Then
-        #Else
-        b
-        #End If
-        #Else}}
-        c
-        {{#If 1 Then}}
-        d
-        {{#End If}}
-        {{#End If}}
-    )");
+    ExpectHidden(
+        "{{#If Win32 Then}}\n{{#If 0 Then\na\n#Else}}\nb\n{{#End If}}\nc\n"
+        "{{#Else\n#If 1 Then\nd\n#End If\n#End If}}");
+    ExpectHidden(
+        "{{#If 0 Then\n#If Win32 Then\na\n#ElseIf 1 Then\n#Else\nb\n#End If\n#Else}}\nc\n"
+        "{{#If 1 Then}}\nd\n{{#End If}}\n{{#End If}}");
 }
 
 TEST(CondCompile, DirectiveIsTheFirstThingInItsLogicalLine) {
@@ -101,17 +74,12 @@ TEST(CondCompile, ProjectConstantsWinOverTheModules) {
 }
 
 TEST(CondCompile, FailedExpressionIsReportedAndFalse) {
+    const std::string tag = "modMain: IF_is_TRUE   (check conditional compile expression \"";
     const RecordingErrors errors;
     ExpectHidden("{{#If (1 Then\na\n#ElseIf 1 Then}}\nb\n{{#End If}}");
-    EXPECT_THAT(errors.tags, ElementsAre("modMain: IF_is_TRUE   (check conditional compile expression \"(1\" in "
-                                         "module Module1)"));
-}
-
-TEST(CondCompile, FailedDefinitionIsReportedAndTheNextFollows) {
-    const RecordingErrors errors;
+    // So is a failed definition, and the next one follows.
     EXPECT_TRUE(IsCompiled("good", {{"bad", "(("}, {"good", "1"}}));
-    EXPECT_THAT(errors.tags, ElementsAre("modMain: IF_is_TRUE   (check conditional compile expression \"good\" in "
-                                         "module Module1)"));
+    EXPECT_THAT(errors.tags, ElementsAre(tag + "(1\" in module Module1)", tag + "good\" in module Module1)"));
 }
 
 TEST(CondCompile, AttributeLinesAreHidden) {
@@ -121,24 +89,17 @@ TEST(CondCompile, AttributeLinesAreHidden) {
 }
 
 TEST(CondCompile, ModuleConstantsComeFromConstDirectives) {
-    ExpectHidden(R"(
-        #Const First = 1 ' note
-        x = "#Const No = 1"
-          #const SECOND = "Two Words"
-        ' #Const Nor = 1
-        #Const Third = 2 = 3
-        {{#If First = 1 And Second = "two words" And Third = 2 And No = 0 And Nor = 0 Then}}
-        a
-        {{#End If}}
-    )");
+    ExpectHidden(
+        "#Const First = 1 ' note\nx = \"#Const No = 1\"\n  #const SECOND = \"Two Words\"\n' #Const Nor = 1\n"
+        "#Const Third = 2 = 3\n"
+        "{{#If First = 1 And Second = \"two words\" And Third = 2 And No = 0 And Nor = 0 Then}}\na\n{{#End If}}");
 }
 
 TEST(CondCompile, AssignmentsOfAProjectLine) {
     EXPECT_THAT(CondCompsOfLine("CondComp=\"Debugging = -1 : LANG = De\""),
                 ElementsAre(Pair("debugging", "-1"), Pair("lang", "de")));
-    EXPECT_THAT(CondCompsOfLine("CondComp=\"A = 1\""), ElementsAre(Pair("a", "1")));
-    EXPECT_THAT(CondCompsOfLine("CondComp=\"\""), IsEmpty());
-    EXPECT_THAT(CondCompsOfLine("CondComp=A = 1"), IsEmpty());
+    for (const char* none : {"CondComp=\"\"", "CondComp=A = 1"})
+        EXPECT_THAT(CondCompsOfLine(none), ElementsAre()) << none;
 }
 
 }  // namespace

@@ -6,96 +6,77 @@ namespace {
 
 using namespace modMain;
 
-TEST(Lines, QuotesAtOrBeforeThePositionDecideAboutStrings) {
-    const std::string_view text = "a \"b\"\"c\" d";
-    std::string inside;
-    for (Pos pos = 0; pos <= Len(text) + 1; ++pos)
-        inside += PositionInString(text, pos) ? 'x' : '-';
-    EXPECT_EQ(inside, "---xx-xx----");
+// The positions from `from` to behind the end: "x" where the predicate holds.
+std::string Map(bool (*predicate)(std::string_view, Pos), std::string_view text, Pos from) {
+    std::string map;
+    for (Pos pos = from; pos <= Len(text) + 1; ++pos)
+        map += predicate(text, pos) ? 'x' : '-';
+    return map;
 }
 
-TEST(Lines, BracketsBeforeThePositionDecideAboutNesting) {
-    const std::string_view text = "f(g(a)) \"(\" b)(";
-    std::string inside;
-    for (Pos pos = 1; pos <= Len(text) + 1; ++pos)
-        inside += PositionInKlammer(text, pos) ? 'x' : '-';
-    EXPECT_EQ(inside, "--xxxxx---------");
+TEST(Lines, QuotesAndBracketsBeforeThePositionDecide) {
+    EXPECT_EQ(Map(PositionInString, "a \"b\"\"c\" d", 0), "---xx-xx----");
+    EXPECT_EQ(Map(PositionInKlammer, "f(g(a)) \"(\" b)(", 1), "--xxxxx---------");
 }
 
 TEST(Lines, CommentIsCutOutsideStrings) {
     EXPECT_EQ(Get_ZeileOhneKommentar("x = \"it's\"  ' it's"), "x = \"it's\"");
     EXPECT_EQ(Get_ZeileOhneKommentar("  x  "), "  x  ");  // trimmed only where something was cut
     EXPECT_EQ(Get_ZeileOhneKommentar("'"), "");
-    EXPECT_EQ(GetCodeAusString("  x  "), "x");
     EXPECT_EQ(GetCodeAusString("  \"Form1\" ' note"), "\"Form1\"");
 }
 
 TEST(Lines, LogicalLineIsJoinedToOne) {
-    struct Case {
-        const char* line;
-        const char* clean;
-    };
-    for (const Case& c : {Case{"  x = 1 ' note", "x = 1"},
-                          Case{"  foo( a , b )", "foo( a , b )"},  // without a continuation as it stands
-                          Case{"dim a _\r\n   as long", "dim a as long"}, Case{"foo _\r\n    .bar", "foo.bar"},
-                          Case{"foo _\r\n    (1)", "foo(1)"}, Case{"a = b + _\r\n    (c)", "a = b + (c)"},
-                          Case{"a = b & _\r\n    .c", "a = b & .c"},
-                          Case{"call foo( _\r\n    a , _\r\n    b _\r\n    ) ' note", "call foo(a, b)"},
-                          Case{"a. _\r\n    b", "a.b"}}) {
-        SCOPED_TRACE(c.line);
-        EXPECT_EQ(Get_Clean_VBZeile(c.line), c.clean);
-    }
+    using Case = std::pair<const char*, const char*>;
+    for (const auto& [line, clean] :
+         {Case{"  x = 1 ' note", "x = 1"}, Case{"  foo( a , b )", "foo( a , b )"},  // one line as it stands
+          Case{"dim a _\r\n   as long", "dim a as long"}, Case{"foo _\r\n    .bar", "foo.bar"},
+          Case{"foo _\r\n    (1)", "foo(1)"}, Case{"a = b + _\r\n    (c)", "a = b + (c)"},
+          Case{"a = b & _\r\n    .c", "a = b & .c"}, Case{"a. _\r\n    b", "a.b"},
+          Case{"call foo( _\r\n    a , _\r\n    b _\r\n    ) ' note", "call foo(a, b)"}})
+        EXPECT_EQ(Get_Clean_VBZeile(line), clean) << line;
 }
 
 TEST(Lines, SearchesSkipStrings) {
     const std::string_view text = "a, \"b, c\", d, e";
-    EXPECT_EQ(Get_StringPos_RechtsVonPos(text, ",", 0), 2);
-    EXPECT_EQ(Get_StringPos_RechtsVonPos(text, ",", 2), 10);
-    EXPECT_EQ(Get_StringPos_RechtsVonPos(text, ",", 13), 0);
-    EXPECT_EQ(Get_StringPos_LinksVonPos(text, ",", 15), 13);
-    EXPECT_EQ(Get_StringPos_LinksVonPos(text, ",", 10), 2);
+    for (const auto& [start, hit] : {std::pair{0, 2}, {2, 10}, {13, 0}})
+        EXPECT_EQ(Get_StringPos_RechtsVonPos(text, ",", start), hit) << start;
+    for (const auto& [start, hit] : {std::pair{15, 13}, {10, 2}, {2, 0}})
+        EXPECT_EQ(Get_StringPos_LinksVonPos(text, ",", start), hit) << start;
     EXPECT_EQ(Get_StringPos_LinksVonPos(text, ", ", 12), 10);
     EXPECT_EQ(Get_StringPos_LinksVonPos(text, ", ", 11), 2);  // must end before the position
-    EXPECT_EQ(Get_StringPos_LinksVonPos(text, ",", 2), 0);
-    EXPECT_EQ(Get_AnzStr_InString(text, ",", 0, 15), 3);
-    EXPECT_EQ(Get_AnzStr_InString(text, ",", 2, 15), 2);
-    EXPECT_EQ(Get_AnzStr_InString(text, ",", 0, 10), 2);
-    EXPECT_EQ(Get_AnzStr_InString(text, ",", 0, 9), 1);
+    for (const auto& [from, to, count] : {std::tuple{0, 15, 3}, {2, 15, 2}, {0, 10, 2}, {0, 9, 1}})
+        EXPECT_EQ(Get_AnzStr_InString(text, ",", from, to), count) << from << ' ' << to;
 }
 
 TEST(Lines, BracketContentIsThatOfTheInnermostPair) {
-    const std::string_view text = "f(a, g(b, \")\"), c)";
-    Pos start = -1;
-    Pos ende = -1;
-    for (const Pos pos : {3, 17}) {
-        EXPECT_EQ(Get_KlammerInhalt(text, pos, start, ende), "a, g(b, \")\"), c");
-        EXPECT_EQ(std::pair(start, ende), std::pair(3, 18));
-    }
-    EXPECT_EQ(Get_KlammerInhalt(text, 8, start, ende), "b, \")\"");
-    EXPECT_EQ(std::pair(start, ende), std::pair(8, 14));
-    for (const auto& [none, pos] : {std::pair{"f(a)", 1}, {"f((a", 4}}) {
-        EXPECT_EQ(Get_KlammerInhalt(none, pos, start, ende), "");
-        EXPECT_EQ(std::pair(start, ende), std::pair(0, 0));
+    struct Case {
+        const char* text;
+        Pos pos;
+        const char* content;
+        std::pair<Pos, Pos> range;
+    };
+    const char* text = "f(a, g(b, \")\"), c)";
+    for (const Case& c : {Case{text, 3, "a, g(b, \")\"), c", {3, 18}}, Case{text, 17, "a, g(b, \")\"), c", {3, 18}},
+                          Case{text, 8, "b, \")\"", {8, 14}}, Case{"f(a)", 1, "", {}}, Case{"f((a", 4, "", {}}}) {
+        Pos start = -1;
+        Pos ende = -1;
+        EXPECT_EQ(Get_KlammerInhalt(c.text, c.pos, start, ende), c.content);
+        EXPECT_EQ(std::pair(start, ende), c.range);
     }
 }
 
 TEST(Lines, NearestBlankToTheLeftSeparates) {
     // From the last character of each text.
-    for (const auto& [text, blank] : {std::pair{"x = abc", 4},
-                                      {"x =    abc", 7},
-                                      {"abc", 0},
-                                      {"f a _\r\n  b", 9},
-                                      {"f a. _\r\n  b c", 12},
+    using Case = std::pair<const char*, Pos>;
+    for (const auto& [text, blank] : {Case{"x = abc", 4}, Case{"x =    abc", 7}, Case{"abc", 0},
+                                      Case{"f a _\r\n  b", 9}, Case{"f a. _\r\n  b c", 12},
                                       // The indent of a line that goes on behind an operator is passed over.
-                                      {"f a. _\r\n  b", 5},
-                                      {"f a( _\r\n  b", 5},
-                                      {"f a & _\r\n  b", 6}}) {
-        SCOPED_TRACE(text);
-        EXPECT_EQ(Get_Next_BlankPos_Left(text, Len(text)), blank);
-    }
+                                      Case{"f a. _\r\n  b", 5}, Case{"f a( _\r\n  b", 5}, Case{"f a & _\r\n  b", 6}})
+        EXPECT_EQ(Get_Next_BlankPos_Left(text, Len(text)), blank) << text;
     EXPECT_EQ(Get_Next_BlankPos_Left(" a", 1), 0);
-    EXPECT_EQ(Get_Next_NotBlankPos_Left("ab   c", 5), 2);
-    EXPECT_EQ(Get_Next_NotBlankPos_Left("ab   c", 6), 6);
+    for (const auto& [start, pos] : {std::pair{5, 2}, {6, 6}})
+        EXPECT_EQ(Get_Next_NotBlankPos_Left("ab   c", start), pos);
     EXPECT_EQ(Get_Next_NotBlankPos_Left("   ", 3), 0);
 }
 

@@ -60,10 +60,8 @@ TEST(Suche, CalledWordIsNotFoundRightBehindAnEqualsSign) {
 }
 
 TEST(Suche, WordBeforeAPointIsToldOnePositionFurther) {
-    const Source source("x = word: {{word}}.a");
-    EXPECT_EQ(Suche_CallWort_Im_Code_Type(source.text, 1, "word"), source.vb.pos() + 1);
-    ExpectHit(Suche_CallWort_Im_Code_Type, {"word.a: word.b", "' word.a\n", "word"});
-    EXPECT_EQ(Suche_CallWort_Im_Code_Type(source.text, 0, "word"), 0);
+    ExpectHit(Suche_CallWort_Im_Code_Type, {"x = word: w{{ord}}.a", "word.a: word.b", "' word.a\n", "word"});
+    EXPECT_EQ(Suche_CallWort_Im_Code_Type(Source(" word.a").text, 0, "word"), 0);
 }
 
 TEST(Suche, BackwardFindsTheLastThatEndsBeforeTheStart) {
@@ -78,24 +76,18 @@ TEST(Suche, BackwardFindsTheLastThatEndsBeforeTheStart) {
 }
 
 TEST(Suche, CallComesWithItsDottedName) {
-    const Source source(R"(
-        first
-        With {{form1}}.list
-            x = .items(1).{{word}}
-        End With
-        y = a.b.{{word}}(2)
-        {{word}}s
-    )");
-    const auto call = [&](Pos start) { return Suche_CallWort(source.text, "word", start); };
-    EXPECT_EQ(call(1).pos, source.vb.pos(2));
-    EXPECT_EQ(call(1).fullName, "form1.list.items(1).word");
-    EXPECT_EQ(call(1).withName, "form1.list");
-    EXPECT_EQ(call(1).withPos, source.vb.pos(1));
-    const CallWord second = call(source.vb.pos(2) + 1);
+    const Source source(
+        "first\nWith {{form1}}.list\n x = .items(1).{{word}}\nEnd With\ny = a.b.{{word}}(2)\n{{word}}s");
+    const CallWord first = Suche_CallWort(source.text, "word", 1);
+    EXPECT_EQ(first.pos, source.vb.pos(2));
+    EXPECT_EQ(first.fullName, "form1.list.items(1).word");
+    EXPECT_EQ(first.withName, "form1.list");
+    EXPECT_EQ(first.withPos, source.vb.pos(1));
+    const CallWord second = Suche_CallWort(source.text, "word", first.pos + 1);
     EXPECT_EQ(second.pos, source.vb.pos(3));
     EXPECT_EQ(second.fullName, "a.b.word");
     EXPECT_EQ(second.withPos, 0);
-    EXPECT_EQ(call(source.vb.pos(3) + 1).pos, 0);
+    EXPECT_EQ(Suche_CallWort(source.text, "word", second.pos + 1).pos, 0);
 }
 
 TEST(WithObject, IsThatOfTheLastWithLine) {
@@ -111,15 +103,17 @@ TEST(WithObject, IsThatOfTheLastWithLine) {
         y = "With text"
         {{.z}}
     )");
-    Pos withPos = -1;
-    EXPECT_EQ(Get_WithObject(source.text, source.vb.pos(1), withPos), "");
-    EXPECT_EQ(withPos, 0);
-    EXPECT_EQ(Get_WithObject(source.text, source.vb.pos(3), withPos), "outer.a");
-    EXPECT_EQ(withPos, source.vb.pos(2));
+    struct Case {
+        std::size_t mark;
+        const char* object;
+        Pos withPos;
+    };
     // A block that is closed again counts as well.
-    for (const std::size_t mark : {5U, 6U}) {
-        EXPECT_EQ(Get_WithObject(source.text, source.vb.pos(mark), withPos), "inner");
-        EXPECT_EQ(withPos, source.vb.pos(4));
+    for (const Case& c : {Case{1, "", 0}, Case{3, "outer.a", source.vb.pos(2)}, Case{5, "inner", source.vb.pos(4)},
+                          Case{6, "inner", source.vb.pos(4)}}) {
+        Pos withPos = -1;
+        EXPECT_EQ(Get_WithObject(source.text, source.vb.pos(c.mark), withPos), c.object);
+        EXPECT_EQ(withPos, c.withPos);
     }
 }
 

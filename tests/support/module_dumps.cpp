@@ -2,6 +2,17 @@
 
 #include "source/comments.h"
 
+namespace {
+
+ModuleText WithMaps(std::string_view source) {
+    ModuleText text{std::string(source)};
+    Comments_Initialisieren(text);
+    Strings_Initialisieren(text);
+    return text;
+}
+
+}  // namespace
+
 std::vector<PosRange> FlagRanges(const ModuleText& text, CharFlag flag) {
     std::vector<PosRange> ranges;
     for (Pos pos = 1; pos <= text.CharCount(); ++pos) {
@@ -16,37 +27,24 @@ std::vector<PosRange> FlagRanges(const ModuleText& text, CharFlag flag) {
 }
 
 std::vector<PosRange> CommentRanges(const ModuleText& text) {
-    ModuleText copy{std::string(text.ModulTextOrg())};
-    Comments_Initialisieren(copy);
-    return FlagRanges(copy, IsComment);
+    return FlagRanges(WithMaps(text.ModulTextOrg()), IsComment);
 }
 
 std::vector<PosRange> StringRanges(const ModuleText& text) {
-    ModuleText copy{std::string(text.ModulTextOrg())};
-    Comments_Initialisieren(copy);
-    Strings_Initialisieren(copy);
-    return FlagRanges(copy, IsString);
+    return FlagRanges(WithMaps(text.ModulTextOrg()), IsString);
 }
 
 std::vector<PosRange> HiddenRanges(const ModuleText& text, const std::vector<CondConstant>& projectConstants) {
     std::vector<CondConstant> constants{{}, {"win32", "-1"}, {"win16", "0"}};
     constants.insert(constants.end(), projectConstants.begin(), projectConstants.end());
-    ModuleText copy{std::string(text.ModulTextOrg())};
-    Comments_Initialisieren(copy);
-    Strings_Initialisieren(copy);
+    ModuleText copy = WithMaps(text.ModulTextOrg());
     CondCompile_Initialisieren(copy, constants, "module Module1");
     return FlagRanges(copy, NotCompile);
 }
 
 std::string DumpTokens(std::string_view snippet) {
-    std::string source(snippet);
-    if (!source.ends_with(vbCrLf))
-        source.append(vbCrLf);
-    ModuleText text(std::move(source));
-    Comments_Initialisieren(text);
-    Strings_Initialisieren(text);
-    const TokenTable tokens = Analyse_Parsen(text);
-    return DumpTokens(text, tokens);
+    ModuleText text = WithMaps(std::string(snippet) + (snippet.ends_with(vbCrLf) ? "" : vbCrLf.data()));
+    return DumpTokens(text, Analyse_Parsen(text));
 }
 
 std::string DumpTokens(const ModuleText& text, const TokenTable& tokens) {

@@ -3,6 +3,7 @@
 
 #include <initializer_list>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "shell/errors.h"
@@ -11,10 +12,15 @@
 /// Takes all reports of failures.
 class RecordingErrors {
 public:
-    RecordingErrors();
-    ~RecordingErrors();
-    RecordingErrors(const RecordingErrors&) = delete;
-    RecordingErrors& operator=(const RecordingErrors&) = delete;
+    RecordingErrors()
+        : before_(SetErrorPort([this](const ErrorReport& report) {
+              tags.push_back(report.tag);
+              numbers.push_back(report.number);
+              texts.push_back(report.description);
+              subjects.push_back(report.subject);
+          })) {}
+    RecordingErrors& operator=(RecordingErrors&&) = delete;
+    ~RecordingErrors() { SetErrorPort(std::move(before_)); }
 
     std::vector<std::string> tags;
     std::vector<int> numbers;
@@ -28,10 +34,13 @@ private:
 /// Answers questions with the given answers in turn, and with No behind the last.
 class ScriptedQuestions {
 public:
-    ScriptedQuestions(std::initializer_list<bool> answers);
-    ~ScriptedQuestions();
-    ScriptedQuestions(const ScriptedQuestions&) = delete;
-    ScriptedQuestions& operator=(const ScriptedQuestions&) = delete;
+    ScriptedQuestions(std::initializer_list<bool> answers)
+        : answers_(answers), before_(SetQuestionPort([this](std::string_view text) {
+              texts.emplace_back(text);
+              return texts.size() <= answers_.size() && answers_[texts.size() - 1];
+          })) {}
+    ScriptedQuestions& operator=(ScriptedQuestions&&) = delete;
+    ~ScriptedQuestions() { SetQuestionPort(std::move(before_)); }
 
     std::vector<std::string> texts;
 
@@ -43,10 +52,9 @@ private:
 /// Takes the plain messages.
 class RecordingMessages {
 public:
-    RecordingMessages();
-    ~RecordingMessages();
-    RecordingMessages(const RecordingMessages&) = delete;
-    RecordingMessages& operator=(const RecordingMessages&) = delete;
+    RecordingMessages() : before_(SetMessagePort([this](std::string_view text) { texts.emplace_back(text); })) {}
+    RecordingMessages& operator=(RecordingMessages&&) = delete;
+    ~RecordingMessages() { SetMessagePort(std::move(before_)); }
 
     std::vector<std::string> texts;
 
