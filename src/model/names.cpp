@@ -10,7 +10,7 @@ const Name::Entry Name::kEmpty{&Name::kEmpty, 0, 0, 0, {}};
 namespace {
 
 constexpr std::size_t kBlockSize = std::size_t{1} << 16;
-constexpr std::size_t kFirstSlots = std::size_t{1} << 12;
+constexpr std::size_t kFirstSlots = std::size_t{1} << 16;
 
 std::uint64_t Mix(std::uint64_t value) {
     value *= 0x9E3779B97F4A7C15U;

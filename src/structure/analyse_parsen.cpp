@@ -165,9 +165,36 @@ private:
                     return false;
                 i = LineEnd(i);
                 return true;
+            case Kind::Sign:
+                if (p1_ != ' ' && p1_ != '\n')
+                    EmitPending(i);
+                StartAt(i);
+                return true;
+            case Kind::Quote:
+                return p1_ != '"' && WholeLiteral(i);
             default:
                 return false;
         }
+    }
+
+    // A literal that ends in its line and is known for one throughout; false leaves everything as it was.
+    ALWAYS_INLINE bool WholeLiteral(Pos& i) {
+        Pos last = i;  // of the inside
+        while (last < count_ && text_[last + 1] != '"' && text_[last + 1] != '\r' && text_[last + 1] != '\n' &&
+               map_[last + 1] == IsString)
+            ++last;
+        if (last == count_ || text_[last + 1] != '"' || (stops_[last + 1] & kHidden))
+            return false;
+        if (p1_ != ' ')
+            EmitPending(i);
+        StartAt(i);
+        map_[i] |= IsString;
+        map_[last + 1] |= IsString | NotCompile;
+        p2_ = last > i ? text_[last - 1] : p1_;
+        p1_ = text_[last];
+        c_ = '"';
+        i = last + 1;
+        return true;
     }
 
     // First stop at or behind `i`.
