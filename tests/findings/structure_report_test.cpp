@@ -2,20 +2,13 @@
 
 #include <gmock/gmock.h>
 
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-#include <sstream>
-
-#include "project/project_file.h"
-#include "shell/words.h"
+#include "findings/golden.h"
 #include "support/marked.h"
 #include "support/ports.h"
 #include "support/program_state.h"
 #include "support/read_project.h"
 
 using testing::ElementsAre;
-using testing::IsEmpty;
 
 namespace {
 
@@ -26,13 +19,6 @@ protected:
         return Replace(Replace(StructureReport(ReadModule(snippet, file)), vbCrLf, "|"), "\t", ">");
     }
 };
-
-std::string BytesOf(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream bytes;
-    bytes << file.rdbuf();
-    return bytes.str();
-}
 
 }  // namespace
 
@@ -111,23 +97,8 @@ TEST_F(StructureReports, OneThatCannotBeWrittenIsReportedOnceAndTheNextFollows) 
 }
 
 TEST_F(StructureReports, SampleProjectGivesTheGoldenFiles) {
-    const std::filesystem::path source(OSTRIVANE_SOURCE_DIR);
-    const std::filesystem::path golden = source / "tests/golden/structure";
-    const bool update = std::getenv("UPDATE_GOLDEN") != nullptr;
-    RecordingErrors errors;
     DiskFiles files;
-    gProjekt = std::make_unique<clsProjekt>(files);
-    gProjekt->FullPath = (source / "samples/ToolHire/ToolHire.vbp").string();
-    Projekt_Laden(*gProjekt);
-    EXPECT_THAT(errors.tags, IsEmpty());
-    EXPECT_THAT(Problems(), IsEmpty());
-    ASSERT_EQ(gProjekt->CountAllModules(), 14);
-    for (const clsModul* modul : gProjekt->AllModules()) {
-        const std::string name = std::string(modMain::DirOrFileName(modul->FullPath, 0)) + ".txt";
-        SCOPED_TRACE(name);
-        if (update)
-            std::ofstream(golden / name, std::ios::binary) << StructureReport(*modul);
-        EXPECT_EQ(StructureReport(*modul), BytesOf(golden / name));
-    }
+    ReadSample(files);
+    ExpectGoldenModules(StructureReport, "structure");
     CloseProject();
 }

@@ -1,0 +1,176 @@
+#include "findings/dead_objects.h"
+
+#include <gtest/gtest.h>
+
+#include "calls/driver.h"
+#include "model/clsEnum.h"
+#include "model/clsProzedur.h"
+#include "model/clsType.h"
+#include "model/clsVariable.h"
+#include "support/marked.h"
+#include "support/program_state.h"
+#include "support/read_project.h"
+
+namespace {
+
+class DeadObjects : public ProgramState {
+protected:
+    // Marked objects of the open project, "dead a b undead c": procedures, variables, types and enumerations with
+    // their members.
+    static std::string Marks() {
+        Who_Calls_Who(*gProjekt);
+        Tote_Untote_Kennzeichnen(*gProjekt);
+        std::string names[3];
+        const auto add = [&](const CodeObject& object) { names[object.IsDeath].append(" ").append(object.MyName()); };
+        for (const clsModul* modul : gProjekt->AllModules()) {
+            for (const clsProzedur* prozedur : modul->MyProcs)
+                add(*prozedur);
+            for (const clsVariable* variable : modul->MyVars)
+                add(*variable);
+            for (const clsType* type : modul->myTypes) {
+                add(*type);
+                for (const clsVariable* member : type->MyVars)
+                    add(*member);
+            }
+            for (const clsEnum* einEnum : modul->myEnums)
+                add(*einEnum);
+        }
+        return (names[1].empty() ? "" : "dead" + names[1]) + (names[2].empty() ? "" : " undead" + names[2]);
+    }
+    static std::string Of(std::string_view snippet, std::string_view file = "M.bas") {
+        ReadModule(snippet, file);
+        return Marks();
+    }
+    // A procedure for each word, which calls those behind it up to the comma: "a b c, b" is a, which calls b and c,
+    // and b.
+    static std::string Procedures(std::string_view words) {
+        std::string text = "Sub " + Replace(Replace(words, ", ", "\r\nEnd Sub\r\nSub "), " ", "\r\n");
+        return Replace(text + "\r\nEnd Sub\r\n", "Sub\r\n", "Sub ");
+    }
+};
+
+}  // namespace
+
+TEST_F(DeadObjects, ProcedureWithoutCallerIsDeadAndWhatItAloneCallsUndead) {
+    struct Case {
+        const char* procedures;
+        const char* marks;
+    };
+    for (const Case& c :
+         {Case{"a", "dead a"}, Case{"a b, b c, c", "dead a undead b c"}, Case{"c, b c, a b", "dead a undead c b"},
+          Case{"a c, b c, c", "dead a b undead c"}, Case{"main", "dead main"},
+          // rings and calls of itself: there is a caller, and none of them lives
+          Case{"a b, b a", " undead a b"}, Case{"a a", " undead a"}, Case{"a b, b c, c b", "dead a undead b c"}}) {
+        SCOPED_TRACE(c.procedures);
+        ReadProject({{"M.bas", Procedures(c.procedures)}});
+        EXPECT_EQ(Marks(), c.marks);
+    }
+}
+
+TEST_F(DeadObjects, HandlersOfEventsLiveAndWhatTheyReach) {
+    struct Case {
+        const char* procedures;
+        const char* marks;
+    };
+    for (const Case& c :
+         {Case{"Form_Load", ""}, Case{"Form_Load b, a b, b c, c", "dead a"}, Case{"a b, b a, Form_Load a", ""},
+          Case{"Form_Load x.m, m k, k", ""},  // a possible call is enough
+          Case{"Other_Load b, b", "dead other_load undead b"}}) {
+        SCOPED_TRACE(c.procedures);
+        ReadProject({{"F.frm", Procedures(c.procedures)}});
+        EXPECT_EQ(Marks(), c.marks);
+    }
+}
+
+TEST_F(DeadObjects, ProceduresOfClassesAndUserControlsLive) {
+    for (const char* file : {"C.cls", "C.ctl"}) {
+        SCOPED_TRACE(file);
+        ReadProject(
+            {{file, "Event e()\r\nPrivate Sub s()\r\nHelp\r\nEnd Sub\r\n"}, {"M.bas", Procedures("Help, Helpless")}});
+        EXPECT_EQ(Marks(), "dead helpless");
+    }
+}
+
+TEST_F(DeadObjects, VariablesAndConstantsLiveByAnyEdge) {
+    EXPECT_EQ(Of(R"(
+        Const used = 1, byDeclaration = used
+        Dim neverNamed, byDeadProcedure
+        Private Declare Sub Tick Lib "t" ()
+        Sub Unused()
+            byDeadProcedure = 1
+        End Sub
+    )"),
+              "dead tick unused bydeclaration nevernamed");
+    EXPECT_EQ(Of("Public v", "C.cls"), "dead v");  // not Me
+}
+
+TEST_F(DeadObjects, TypesAndEnumerationsDieWithTheirLastMember) {
+    EXPECT_EQ(Of(R"(
+        Type Half
+            u As Long
+            w As Long
+        End Type
+        Type None
+            x As Long
+        End Type
+        Type Hollow
+            noType
+        End Type
+        Enum Some
+            k
+            l
+        End Enum
+        Enum Nothing_
+            m
+        End Enum
+        Private Sub Form_Load()
+            Dim h As Half, n As None
+            h.u = k
+        End Sub
+    )",
+                 "F.frm"),
+              "dead l m w none x nothing_");
+}
+
+TEST_F(DeadObjects, LongChainsDoNotTouchTheStack) {
+    constexpr int kLength = 100'000;
+    std::string chain;
+    for (int i = 1; i <= kLength; ++i)
+        chain += "Sub s" + std::to_string(i) + "\r\ns" + std::to_string(i + 1) + "\r\nEnd Sub\r\n";
+    for (const auto& [head, mark] : {std::pair("Form_Load", 0), std::pair("Nobody", 2)}) {
+        const std::string first = std::string("Sub ") + head + "()\r\ns1\r\nEnd Sub\r\n";
+        const clsModul& modul = ReadModuleAsItIs(Replace(first + chain, "\r\ns", "()\r\ns"), "F.frm");
+        Who_Calls_Who(*gProjekt);
+        Tote_Untote_Kennzeichnen(*gProjekt);
+        ASSERT_EQ(modul.MyProcs.Count(), kLength + 1);
+        EXPECT_EQ(modul.MyProcs.Item("s" + std::to_string(kLength))->IsDeath, mark);
+    }
+}
+
+TEST_F(DeadObjects, ArgumentsAreUsedWhereTheirNameStandsInTheBody) {
+    const Marked vb = Vb(R"(
+        Sub Other(named)
+        End Sub
+        Sub Run(named, inText, inName, afterSign, byName)
+            x = "inText" ' inText
+            inName1 = inText_x & {{named}} + y.named
+            x=afterSign
+            Other named:={{byName}}, x:={{named}}
+        End Sub
+        Sub After(inText)
+        End Sub
+    )");
+    ReadModuleAsItIs(vb.text);
+    clsProzedur& run = *ModuleOf("module1").MyProcs.Item("run");
+    Check_ProcVars_Calls(*gProjekt, run);
+    Check_ProcVars_Calls(*gProjekt, run);  // looks only once
+    EXPECT_EQ(run.MyVars.Item("byname")->CalledByAll.Count(), 1);
+    EXPECT_EQ((*run.MyVars.Item("byname")->CalledByAll.begin())->CallPos, vb.pos(2));
+    for (const char* unused : {"intext", "inname", "aftersign"})
+        EXPECT_EQ(run.MyVars.Item(unused)->CalledByAll.Count(), 0) << unused;
+    EXPECT_EQ(Anz_NotCalled_Vars(run), 3);
+    for (const clsCall* call : run.MyVars.Item("named")->CalledByAll) {
+        EXPECT_EQ(call->CallProcedure, &run);
+        EXPECT_EQ(call->Type, CallType::Really);
+    }
+}

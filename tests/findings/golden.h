@@ -1,0 +1,47 @@
+// Reports of the sample project, which are compared with files of tests/golden; UPDATE_GOLDEN=1 rewrites those.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+
+#include "model/clsProjekt.h"
+#include "project/project_file.h"
+#include "shell/errors.h"
+#include "shell/words.h"
+
+inline const std::filesystem::path kSourceDirectory = OSTRIVANE_SOURCE_DIR;
+
+inline std::string BytesOf(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+/// Reads the sample from disk into gProjekt.
+inline void ReadSample(DiskFiles& files) {
+    gProjekt = std::make_unique<clsProjekt>(files);
+    gProjekt->FullPath = (kSourceDirectory / "samples/ToolHire/ToolHire.vbp").string();
+    Projekt_Laden(*gProjekt);
+    EXPECT_TRUE(Problems().empty());
+    ASSERT_EQ(gProjekt->CountAllModules(), 14);
+}
+
+/// @param name  of the golden file, without its ".txt"
+inline void ExpectGolden(const std::string& report, const std::string& directory, const std::string& name) {
+    SCOPED_TRACE(name);
+    const std::filesystem::path golden = kSourceDirectory / "tests/golden" / directory / (name + ".txt");
+    if (std::getenv("UPDATE_GOLDEN"))
+        std::ofstream(golden, std::ios::binary) << report;
+    EXPECT_EQ(report, BytesOf(golden));
+}
+
+/// One golden file for each module.
+template <class Report>
+void ExpectGoldenModules(Report report, const std::string& directory) {
+    for (const clsModul* modul : gProjekt->AllModules())
+        ExpectGolden(report(*modul), directory, std::string(modMain::DirOrFileName(modul->FullPath, 0)));
+}
