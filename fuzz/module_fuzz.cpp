@@ -1,6 +1,10 @@
 // The input is a module file behind its first byte, which tells the kind: "f" a form, "c" a class, "u" a user
-// control, any other a standard module. It is read as the only module of a project.
+// control, any other a standard module. Beside it the project has a class and a form, whose members it may call.
 #include "analysed_project.h"
+#include "calls/driver.h"
+#include "findings/calls_report.h"
+#include "findings/dead_objects.h"
+#include "findings/deaths_report.h"
 #include "project/module_file.h"
 
 namespace {
@@ -24,6 +28,18 @@ Kind KindOf(std::uint8_t letter) {
     }
 }
 
+const char* const kNeighbours = "\r\nClass=Near; Near.cls\r\nForm=NearForm.frm\r\n";
+
+const char* const kNearClass =
+    "Attribute VB_Name = \"Near\"\r\nPublic Event Changed(x As Near)\r\nPublic Left As Long, Owner As Thing\r\n"
+    "Public Type Thing\r\nx As Long\r\nY As Near\r\nEnd Type\r\nPublic Property Get Item(k) As Near\r\n"
+    "Set Item = Me.Item(k).Owner.Y\r\nEnd Property\r\nProperty Let P(v)\r\nLeft = q.Name\r\nEnd Property\r\n"
+    "Sub F(Optional a)\r\nWith a\r\n.F .Item(.Left)\r\nEnd With\r\nEnd Sub\r\n";
+
+const char* const kNearForm =
+    "Begin VB.Form NearForm\r\nBegin VB.Label cmd\r\nEnd\r\nEnd\r\nAttribute VB_Name = \"NearForm\"\r\n"
+    "Public Name\r\nPrivate Sub Form_Load()\r\nF z.Name, cmd.Left\r\nz.Changed: z.P = gCount\r\nEnd Sub\r\n";
+
 // The map is made again when somebody asks; it has to be the one that the tokens were read with.
 void RequireSameMapAgain(clsProjekt& projekt, const clsModul& modul) {
     clsModul& again = projekt.Own(std::make_unique<clsModul>());
@@ -34,6 +50,49 @@ void RequireSameMapAgain(clsProjekt& projekt, const clsModul& modul) {
         Require(modul.text->FlagsAt(pos) == again.text->FlagsAt(pos), "a map made again is the first one");
 }
 
+// An edge with both its ends, without its number.
+using Edge = std::tuple<const CodeObject*, const clsProzedur*, const clsModul*, Pos, CallType>;
+
+std::vector<Edge> SoundEdges(const clsProjekt& projekt) {
+    std::vector<Edge> edges;
+    std::int32_t before = 0;
+    projekt.calls.ForEach([&](const clsCall& call) {
+        Require(call.CallNr > before, "the numbers of edges rise");
+        before = call.CallNr;
+        Require(call.Parent && (call.CallProcedure == nullptr) != (call.CallModule == nullptr),
+                "an edge has a target and one caller");
+        const clsModul& modul = call.CallProcedure ? *call.CallProcedure->Modul : *call.CallModule;
+        Require(call.CallPos >= 1 && call.CallPos <= modul.text->CharCount(), "an edge starts inside its module");
+        edges.emplace_back(call.Parent, call.CallProcedure, call.CallModule, call.CallPos, call.Type);
+    });
+    return edges;
+}
+
+// The calls with all that is made of them, and once more when they were taken away.
+void RequireSoundCalls(clsProjekt& projekt) {
+    Who_Calls_Who(projekt);
+    const std::vector<Edge> first = SoundEdges(projekt);
+    Tote_Untote_Kennzeichnen(projekt);
+    for (const clsModul* modul : projekt.AllModules())
+        for (clsProzedur* prozedur : modul->MyProcs) {
+            Require((prozedur->IsDeath == 1) <= (prozedur->CalledByAll.Count() == 0), "nothing calls the dead");
+            Check_ProcVars_Calls(projekt, *prozedur);
+        }
+    SoundEdges(projekt);
+    AnalyseErgebnisCalls(projekt);
+    AnalyseErgebnisDeaths(projekt, DeathsReportPath(projekt));
+    for (const clsModul* modul : projekt.AllModules())
+        Require(projekt.TheFiles().FileExists(CallsReportPath(*modul)), "every module has a calls report");
+    std::ostringstream out;
+    WriteJson(out, projekt, {true, true});
+    Require(nlohmann::json::accept(out.str()), "the JSON with the edges is well-formed");
+    Remove_All_Calls(projekt);
+    Require(projekt.calls.Count() == 0, "all edges are taken away");
+    Who_Calls_Who(projekt);
+    Require(SoundEdges(projekt) == first, "the same edges are made again");
+    Remove_All_Calls(projekt);
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -41,14 +100,18 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         return 0;
     const Kind kind = KindOf(data[0]);
     MemoryFiles files{{kind.file, {reinterpret_cast<const char*>(data) + 1, size - 1}},
-                      {"p\\P.vbp", std::string("Name=\"P\"\r\n") + kind.line + "\r\n"}};
+                      {"p\\Near.cls", kNearClass},
+                      {"p\\NearForm.frm", kNearForm},
+                      {"p\\P.vbp", std::string("Name=\"P\"\r\n") + kind.line + kNeighbours}};
     clsProjekt& projekt = ReadProjectFrom(files, "p\\P.vbp");
     const clsModul& modul = *projekt.OwnedModules().front();
     Require(modul.FullPath == kind.file, "the module of the line is read");
-    Require(projekt.CountAllModules() == (modul.text ? 1 : 0), "a module with a text is in the project");
+    const bool isKnown = modul.text && projekt.ModulesOf(modul.ModulTyp).Item(modul.CodePathKey()) == &modul;
+    Require(isKnown == (modul.text != nullptr), "a module with a text is in the project");
     RequireSound(projekt);
     if (modul.text)
         RequireSameMapAgain(projekt, modul);
+    RequireSoundCalls(projekt);
     CloseProject();
     return 0;
 }

@@ -5,6 +5,8 @@
 #include <nlohmann/json.hpp>
 #include <sstream>
 
+#include "calls/driver.h"
+#include "findings/dead_objects.h"
 #include "support/marked.h"
 #include "support/ports.h"
 #include "support/program_state.h"
@@ -18,9 +20,9 @@ namespace {
 
 class JsonReports : public ProgramState {
 protected:
-    static Json Written() {
+    static Json Written(const JsonParts& parts = {}) {
         std::ostringstream out;
-        WriteJson(out, *gProjekt);
+        WriteJson(out, *gProjekt, parts);
         return Json::parse(out.str());
     }
     static Json Of(std::string_view snippet, std::string_view file = "Module1.bas") {
@@ -97,4 +99,44 @@ TEST_F(JsonReports, ModulesLibrariesAndProblemsStandInTheOrderOfTheProjectFile) 
     ASSERT_EQ(json["problems"].size(), 1U);
     EXPECT_EQ(json["problems"][0]["tag"], "clsModul: Read_MyCodeName");
     EXPECT_EQ(json["problems"][0]["text"], "File not found: p\\X.bas");
+}
+
+TEST_F(JsonReports, EdgesLeadFromTheirPlaceToTheirTarget) {
+    const Marked vb = Vb(R"(
+        Const B = 1, C = {{B}}
+        Property Let P(v)
+            x.{{m}} = _
+                {{C}}
+        End Property
+        Sub S(a As {{K}})
+            {{P}} = 1
+        End Sub
+    )");
+    ReadProject({{"M.bas", vb.text}, {"K.cls", "Public m\r\n"}});
+    EXPECT_FALSE(Written().contains("edges"));
+    Who_Calls_Who(*gProjekt);
+    Tote_Untote_Kennzeichnen(*gProjekt);
+    const Json json = Written({.edges = true});
+    struct Case {
+        int line;
+        const char* kind;
+        const char* from;
+        const char* to;
+    };
+    int nr = 0;
+    for (const Case& c :
+         {Case{1, "really", "m", "m.b"}, Case{3, "maybe", "m.p [let]", "k.m"}, Case{4, "really", "m.p [let]", "m.c"},
+          Case{6, "use", "m.s", "k"}, Case{7, "really", "m.s", "m.p [let]"}}) {
+        ++nr;
+        const Json edge{{"nr", nr},       {"kind", c.kind},
+                        {"from", c.from}, {"pos", vb.pos(static_cast<std::size_t>(nr))},
+                        {"line", c.line}, {"to", c.to}};
+        EXPECT_EQ(json["edges"][static_cast<std::size_t>(nr - 1)].dump(), edge.dump());
+    }
+    EXPECT_EQ(json["edges"].size(), 5U);
+    std::vector<std::string> dead;
+    for (const Json& object : json["objects"])
+        if (object["dead"] != 0)
+            dead.push_back(object["codePath"].get<std::string>() + " " + object["dead"].dump());
+    EXPECT_THAT(dead, ElementsAre("m.p [let] 2", "m.s 1"));
 }

@@ -94,8 +94,9 @@ TEST_F(ReportProgram, SampleIsAllWell) {
 TEST_F(ReportProgram, HelpAndVersionAreAnsweredWithoutAProject) {
     const Outcome help = Run("--help");
     EXPECT_EQ(help.status, 0);
-    for (const char* option : {"PROJECT", "--structure", "--no-reports", "--out", "--json", "--lang", "--settings",
-                               "--define", "--version", "--quiet", "Exit status"})
+    for (const char* option :
+         {"PROJECT", "--structure", "--calls", "--deaths", "--no-calls", "--check-locals", "--no-reports", "--out",
+          "--json", "--lang", "--settings", "--define", "--version", "--quiet", "Exit status"})
         EXPECT_THAT(help.out, HasSubstr(option));
     const Outcome version = Run("--version");
     EXPECT_EQ(version.status, 0);
@@ -108,7 +109,8 @@ TEST_F(ReportProgram, WrongUseAndUnreadableProjectsAreRefused) {
     for (const auto& [arguments, named] :
          {std::pair("", "PROJECT"), std::pair("--nonsense P.vbp", "--nonsense"), std::pair("P.vbp Q.vbp", "Q.vbp"),
           std::pair("P.vbp --out", "--out"), std::pair("--lang french P.vbp", "french"),
-          std::pair("--structure --no-reports P.vbp", "--structure"), std::pair("--define X P.vbp", "X"),
+          std::pair("--structure --no-reports P.vbp", "--structure"), std::pair("--calls --no-calls P.vbp", "--calls"),
+          std::pair("--deaths --no-reports P.vbp", "--deaths"), std::pair("--define X P.vbp", "X"),
           std::pair("--define =1 P.vbp", "=1"), std::pair("--settings absent.ini P.vbp", "absent.ini"),
           std::pair("absent.vbp", "absent.vbp"), std::pair("folder.vbp", "folder.vbp")}) {
         SCOPED_TRACE(arguments);
@@ -158,6 +160,68 @@ TEST_F(ReportProgram, OutNumbersTheReportsAsTheProjectFileListsTheModules) {
               "001 modMain.bas; 002 modStore.bas; 003 modSlip.bas; 004 TextTools.bas; 005 frmDesk.frm; "
               "006 frmCustomer.frm; 007 frmReturn.frm; 008 IChargeable.cls; 009 clsTool.cls; 010 clsCustomer.cls; "
               "011 clsHire.cls; 012 clsHireBook.cls; 013 clsPriceList.cls; 014 ctlLateBadge.ctl; ");
+}
+
+TEST_F(ReportProgram, KindsOfReportsAreThoseNamedOrAll) {
+    WriteProject("Sub S()\nS\nEnd Sub\nSub T()\nEnd Sub\n");
+    const std::string structure = "001 A.bas Structure.txt; ";
+    const std::string calls = "001 A.bas Calls.txt; ";
+    const std::string deaths = "P.vbp Deaths.txt; ";
+    for (const auto& [options, reports] :
+         {std::pair("", calls + structure + deaths), std::pair("--structure", structure), std::pair("--calls", calls),
+          std::pair("--deaths", deaths), std::pair("--deaths --calls", calls + deaths),
+          std::pair("--no-calls", structure), std::pair("--no-calls --structure", structure)}) {
+        SCOPED_TRACE(options);
+        const Outcome run = Run(std::string("--out r ") + options + " P.vbp");
+        EXPECT_EQ(run.status, 0);
+        EXPECT_EQ(run.out.find("Really calls") == std::string::npos,
+                  std::string_view(options).starts_with("--no-calls"));
+        std::string names;
+        for (const auto& [name, bytes] : Files("r"))
+            names += name + "; ";
+        EXPECT_EQ(names, reports);
+        fs::remove_all(dir_.Path("r"));
+    }
+    const std::string head = "A\r\n\r\n\r\n\r\nS\tPublic Sub\r\n";
+    Run("P.vbp");
+    EXPECT_THAT(dir_.Bytes("A.bas Calls.txt"), testing::StartsWith(head));
+    EXPECT_THAT(dir_.Bytes("P.vbp Deaths.txt"), HasSubstr("\r\nT\tpublic sub\r\n"));
+}
+
+TEST_F(ReportProgram, SummaryAndJsonAgreeOnTheCallsOfTheSample) {
+    CopySample();
+    const std::string summary = Run("--no-reports --json j.json " + kSample).out;
+    const Json json = Json::parse(dir_.Bytes("j.json"));
+    std::map<std::string, int> kinds;
+    for (const Json& edge : json["edges"])
+        ++kinds[edge["kind"]];
+    int dead = 0;
+    int undead = 0;
+    for (const Json& object : json["objects"]) {
+        dead += object["dead"] == 1;
+        undead += object["dead"] == 2;
+        EXPECT_FALSE(object.contains("unused"));
+    }
+    for (const auto& [label, count] :
+         {std::pair("Really calls", kinds["really"]), std::pair("May be calls", kinds["maybe"]),
+          std::pair("Uses", kinds["use"]), std::pair("Dead objects", dead), std::pair("Undead objects", undead)}) {
+        EXPECT_GT(count, 0) << label;
+        EXPECT_THAT(summary, testing::ContainsRegex(std::string("  ") + label + " +" + std::to_string(count) + "\n"));
+    }
+    EXPECT_THAT(summary, testing::ContainsRegex("  Time for calls +[0-9.]+ s\n"));
+    EXPECT_FALSE(RunJson("--no-calls " + kSample).contains("edges"));
+}
+
+TEST_F(ReportProgram, CheckLocalsTellsUnusedArguments) {
+    WriteProject("Function F(a, b)\nF = a\nEnd Function\n");
+    std::map<std::string, Json> objects;
+    const Json json = RunJson("--check-locals P.vbp");
+    for (const Json& object : json["objects"])
+        objects[object["codePath"]] = object;
+    EXPECT_EQ(objects["a.f.a"]["unused"], false);
+    EXPECT_EQ(objects["a.f.b"]["unused"], true);
+    EXPECT_FALSE(objects["a.f.f"].contains("unused"));  // the result
+    EXPECT_FALSE(objects["a.f"].contains("unused"));
 }
 
 TEST_F(ReportProgram, NoReportsWritesNothingAndQuietSaysNothing) {
