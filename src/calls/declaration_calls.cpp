@@ -1,38 +1,42 @@
 #include "calls/declaration_calls.h"
 
 #include "calls/keywords.h"
+#include "calls/module_names.h"
 #include "calls/type_clause.h"
 #include "structure/module_reader.h"
 
 namespace {
 
 bool IsArithmetic(std::string_view word) {
-    return word == "+" || word == "-" || word == "*" || word == "/";
+    return Is(word, "+") || Is(word, "-") || Is(word, "*") || Is(word, "/");
 }
 
 class DeclarationCalls {
 public:
-    explicit DeclarationCalls(ModuleReader& reader)
-        : reader_(reader), tokens_(reader.tokens), clause_(reader.projekt, reader.modul, nullptr) {}
+    DeclarationCalls(ModuleReader& reader, ModuleNames& names)
+        : reader_(reader),
+          tokens_(reader.tokens),
+          names_(names),
+          clause_(reader.projekt, reader.modul, nullptr, names) {}
 
     void Run(int& nr, int last) {
         for (; nr <= last; ++nr) {
             const std::string_view word = reader_.Word(nr);
-            if (word == "(")
+            if (Is(word, "("))
                 ++depth_;
-            else if (word == ")")
+            else if (Is(word, ")"))
                 --depth_;
-            else if (word == "=")
+            else if (Is(word, "="))
                 Constants(nr);
-            else if (word == "as")
+            else if (Is(word, "as"))
                 Types(nr);
         }
     }
 
 private:
     void Constant(int nr) {
-        const Name name = Name::Find(reader_.Word(nr));
-        CodeObject* object = modMain::Get_Objekt_AusName(&reader_.modul, name, AccessMode::Read);
+        WordMeaning& meaning = names_.Of(reader_.Word(nr));
+        CodeObject* object = modMain::Get_Objekt_AusName(names_, meaning, AccessMode::Read);
         if (object && object->Class() == ObjectClass::Variable && static_cast<clsVariable*>(object)->IsConst)
             CallCreateVarInDecl(reader_.projekt, *object, reader_.modul, CallType::Really, tokens_.PosOf(nr));
     }
@@ -41,7 +45,7 @@ private:
     void Constants(int& nr) {
         while (tokens_.ContinuesStatement(nr + 1)) {
             const std::string_view word = reader_.Word(++nr);
-            if (word == ",")
+            if (Is(word, ","))
                 return;
             if (!IsArithmetic(word) && !IsNumeric(word))
                 Constant(nr);
@@ -54,21 +58,21 @@ private:
         bool eqSeen = false;
         while (tokens_.ContinuesStatement(nr + 1)) {
             const std::string_view word = reader_.Word(++nr);
-            if (word == "=") {
+            if (Is(word, "=")) {
                 eqSeen = true;
                 clause_.End();
-            } else if (word == "," && depth_ == clause_.Depth()) {
+            } else if (Is(word, ",") && depth_ == clause_.Depth()) {
                 clause_.End();
                 eqSeen = false;
-            } else if (word == "(") {
+            } else if (Is(word, "(")) {
                 ++depth_;
-            } else if (word == ")") {
+            } else if (Is(word, ")")) {
                 --depth_;
-            } else if (word == "as") {
+            } else if (Is(word, "as")) {
                 clause_.Begin(depth_);
-            } else if (word != "new" && word != ".") {
+            } else if (!Is(word, "new") && !Is(word, ".")) {
                 if (clause_.Active() && depth_ == clause_.Depth())
-                    clause_.Part(Name::Find(word), tokens_.PosOf(nr));
+                    clause_.Part(names_.Of(word).name, tokens_.PosOf(nr));
                 if (eqSeen && !IsArithmetic(word))
                     Constant(nr);
             }
@@ -77,12 +81,13 @@ private:
 
     ModuleReader& reader_;
     const TokenTable& tokens_;
+    ModuleNames& names_;
     TypeClause clause_;
     int depth_ = 0;  // of the whole section
 };
 
 }  // namespace
 
-void Analyse_CallsVarBereich(ModuleReader& reader, int& firstTok, int lastTok) {
-    DeclarationCalls(reader).Run(firstTok, lastTok);
+void Analyse_CallsVarBereich(ModuleReader& reader, ModuleNames& names, int& firstTok, int lastTok) {
+    DeclarationCalls(reader, names).Run(firstTok, lastTok);
 }

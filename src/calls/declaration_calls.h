@@ -2,7 +2,8 @@
 // nothing is uncertain.
 #pragma once
 
+class ModuleNames;
 class ModuleReader;
 
 /// @param firstTok  in: the first token of the section; out: the last token looked at
-void Analyse_CallsVarBereich(ModuleReader& reader, int& firstTok, int lastTok);
+void Analyse_CallsVarBereich(ModuleReader& reader, ModuleNames& names, int& firstTok, int lastTok);

@@ -2,6 +2,7 @@
 
 #include "calls/declaration_calls.h"
 #include "calls/keywords.h"
+#include "calls/module_names.h"
 #include "calls/procedure_calls.h"
 #include "model/clsControl.h"
 #include "model/clsEnum.h"
@@ -66,6 +67,16 @@ void Clear(clsModul& modul) {
     modul.CallsInDeclarations.Clear();
 }
 
+void Analyse_Calls(clsProjekt& projekt, clsModul& modul, ModuleNames& names) {
+    ModuleReader reader(projekt, modul);
+    names.TurnTo(modul);
+    int first = modul.TokNrBeginnVarBereich;
+    Analyse_CallsVarBereich(reader, names, first, modul.TokNrBeginnProcBereich - 1);
+    for (clsProzedur* prozedur : modul.MyProcs)
+        Analyse_CallsProc(reader, names, *prozedur);
+    modul.text->ReleaseModulText();
+}
+
 }  // namespace
 
 void Who_Calls_Who(clsProjekt& projekt) {
@@ -74,6 +85,7 @@ void Who_Calls_Who(clsProjekt& projekt) {
     clsQueryTimer timer;
     timer.Calibrieren();
     timer.Start();
+    ModuleNames names;
     gProgress().Label(gText.TextNr(66));
     gProgress().Range(0, projekt.CountAllModules());
     for (clsModul* modul : projekt.AllModules()) {
@@ -82,7 +94,7 @@ void Who_Calls_Who(clsProjekt& projekt) {
         const ErrorSubject subject(modul->FullPath);
         gProgress().Label(modul->myNameOrg());
         DoEvents();
-        Analyse_Calls(projekt, *modul);
+        Analyse_Calls(projekt, *modul, names);
         gProgress().Progressiere_mal();
     }
     timer.Halt();
@@ -91,12 +103,8 @@ void Who_Calls_Who(clsProjekt& projekt) {
 
 void Analyse_Calls(clsProjekt& projekt, clsModul& modul) {
     NumberKeywords();
-    ModuleReader reader(projekt, modul);
-    int first = modul.TokNrBeginnVarBereich;
-    Analyse_CallsVarBereich(reader, first, modul.TokNrBeginnProcBereich - 1);
-    for (clsProzedur* prozedur : modul.MyProcs)
-        Analyse_CallsProc(reader, *prozedur);
-    modul.text->ReleaseModulText();
+    ModuleNames names;
+    Analyse_Calls(projekt, modul, names);
 }
 
 void Remove_All_Calls(clsProjekt& projekt) {

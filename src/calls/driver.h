@@ -4,8 +4,8 @@
 class clsModul;
 class clsProjekt;
 
-/// All modules: standard modules, forms, classes, user controls. A set gAbort ends it between two modules and leaves the
-/// edges made so far. Running it twice without Remove_All_Calls doubles all edges.
+/// All modules: standard modules, forms, classes, user controls. A set gAbort ends it between two modules and leaves
+/// the edges made so far. Running it twice without Remove_All_Calls doubles all edges.
 void Who_Calls_Who(clsProjekt& projekt);
 
 /// Edges of one module's declarations section and procedures; its lower-case text is freed at the end.

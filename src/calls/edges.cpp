@@ -8,28 +8,25 @@
 
 namespace {
 
-clsCall& NewCall(clsProjekt& projekt, CodeObject& target, CallType type, Pos pos) {
-    clsCall& call = projekt.calls.New();
-    call.Parent = &target;
-    call.Type = type;
-    call.CallPos = pos;
-    return call;
-}
-
 const IncomingEdges* UsedByAllOf(const CodeObject& object) {
     switch (object.Class()) {
-        case ObjectClass::Type: return &static_cast<const clsType&>(object).UsedByAll;
-        case ObjectClass::Enum: return &static_cast<const clsEnum&>(object).UsedByAll;
-        case ObjectClass::Modul: return &static_cast<const clsModul&>(object).UsedByAll;
-        case ObjectClass::TypeLib: return &static_cast<const clsTypeLib&>(object).UsedByAll;
-        default: return nullptr;
+        case ObjectClass::Type:
+            return &static_cast<const clsType&>(object).UsedByAll;
+        case ObjectClass::Enum:
+            return &static_cast<const clsEnum&>(object).UsedByAll;
+        case ObjectClass::Modul:
+            return &static_cast<const clsModul&>(object).UsedByAll;
+        case ObjectClass::TypeLib:
+            return &static_cast<const clsTypeLib&>(object).UsedByAll;
+        default:
+            return nullptr;
     }
 }
 
 template <class Edges>
 bool HasType(const Edges& edges, CallType type) {
     for (const clsCall* call : edges)
-        if (call->Type == type)
+        if (call->Type() == type)
             return true;
     return false;
 }
@@ -37,16 +34,14 @@ bool HasType(const Edges& edges, CallType type) {
 }  // namespace
 
 clsCall& CallCreate(clsProjekt& projekt, CodeObject& target, clsProzedur& caller, CallType type, Pos pos) {
-    clsCall& call = NewCall(projekt, target, type, pos);
-    call.CallProcedure = &caller;
+    clsCall& call = projekt.calls.New(target, &caller, type, pos);
     target.CalledByAll.Append(call);
     caller.CallsAll.Append(call);
     return call;
 }
 
 clsCall& CallCreateVarInDecl(clsProjekt& projekt, CodeObject& target, clsModul& caller, CallType type, Pos pos) {
-    clsCall& call = NewCall(projekt, target, type, pos);
-    call.CallModule = &caller;
+    clsCall& call = projekt.calls.New(target, &caller, type, pos);
     target.CalledByAll.Append(call);
     caller.CallsInDeclarations.Append(call);
     return call;
@@ -56,15 +51,10 @@ clsCall* CallUseCreate(clsProjekt& projekt, CodeObject& target, clsProzedur* pro
     auto* usedByAll = const_cast<IncomingEdges*>(UsedByAllOf(target));
     if (!usedByAll)
         return nullptr;
-    clsCall& call = NewCall(projekt, target, CallType::Use, pos);
+    clsCall& call = procedure ? projekt.calls.New(target, procedure, CallType::Use, pos)
+                              : projekt.calls.New(target, &modul, CallType::Use, pos);
     usedByAll->Append(call);
-    if (procedure) {
-        call.CallProcedure = procedure;
-        procedure->UsesAll.Append(call);
-    } else {
-        call.CallModule = &modul;
-        modul.CallsInDeclarations.Append(call);
-    }
+    (procedure ? procedure->UsesAll : modul.CallsInDeclarations).Append(call);
     return &call;
 }
 
@@ -79,11 +69,10 @@ bool Is_UsedBy(const CodeObject& object, CallType type) {
 
 bool Is_Calls(const clsProzedur& prozedur, CallType type) {
     for (const clsCall* call : type == CallType::Use ? prozedur.UsesAll : prozedur.CallsAll) {
-        if (call->Type != type)
+        if (call->Type() != type)
             continue;
-        const auto* variable = call->Parent->Class() == ObjectClass::Variable
-                                   ? static_cast<const clsVariable*>(call->Parent)
-                                   : nullptr;
+        const auto* variable =
+            call->Parent->Class() == ObjectClass::Variable ? static_cast<const clsVariable*>(call->Parent) : nullptr;
         if (!variable || !variable->Prozedur || variable->Prozedur->CodePath() != prozedur.CodePath())
             return true;
     }

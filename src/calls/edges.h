@@ -14,8 +14,8 @@ clsCall& CallCreate(clsProjekt& projekt, CodeObject& target, clsProzedur& caller
 /// A call that starts in the declarations section of `caller`.
 clsCall& CallCreateVarInDecl(clsProjekt& projekt, CodeObject& target, clsModul& caller, CallType type, Pos pos);
 /// A use of a type, enumeration, class or library by a procedure, or in the declarations section of `modul` when
-/// `procedure` is null. It joins the target's UsedByAll and the procedure's UsesAll or the module's CallsInDeclarations.
-/// Returns null for a target of another class.
+/// `procedure` is null. It joins the target's UsedByAll and the procedure's UsesAll or the module's
+/// CallsInDeclarations. Returns null for a target of another class.
 clsCall* CallUseCreate(clsProjekt& projekt, CodeObject& target, clsProzedur* procedure, clsModul& modul, Pos pos);
 
 /// Whether an edge of this type reaches the object.

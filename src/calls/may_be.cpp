@@ -39,23 +39,25 @@ bool IsPublicTarget(const CodeObject& object, AccessMode mode) {
             // Constants never, though a private one may be read.
             return !variable.IsConst && (!variable.Modul || IsObjectModule(*variable.Modul) || variable.MyType);
         }
-        case ObjectClass::Prozedur: return IsTarget(static_cast<const clsProzedur&>(object), mode);
-        case ObjectClass::Control: return true;
-        default: return false;
+        case ObjectClass::Prozedur:
+            return IsTarget(static_cast<const clsProzedur&>(object), mode);
+        case ObjectClass::Control:
+            return true;
+        default:
+            return false;
     }
 }
 
 }  // namespace
 
-void Analyse_SetMayBeCalls(clsProjekt& projekt, clsProzedur& prozedur, Name memberName, AccessMode mode, Pos pos) {
-    if (!memberName.Known())
-        return;
-    if (const clsSpaceName* entry = prozedur.Modul->PrivNameSpace.Item(memberName))
-        for (CodeObject* object : entry->Objects())
+void Analyse_SetMayBeCalls(clsProjekt& projekt, clsProzedur& prozedur, const ModuleNames& names, WordMeaning& member,
+                           AccessMode mode, Pos pos) {
+    if (const clsSpaceName* own = names.Own(member))
+        for (CodeObject* object : own->Objects())
             if (IsPrivateTarget(*object, *prozedur.Modul, mode))
                 CallCreate(projekt, *object, prozedur, CallType::MayBe, pos);
-    if (const clsSpaceName* entry = gPublicNameSpace.Item(memberName))
-        for (CodeObject* object : entry->Objects())
+    if (const clsSpaceName* everywhere = ModuleNames::Everywhere(member))
+        for (CodeObject* object : everywhere->Objects())
             if (IsPublicTarget(*object, mode))
                 CallCreate(projekt, *object, prozedur, CallType::MayBe, pos);
 }

@@ -2,7 +2,11 @@
 // reached through an object, and each gets a possible call. Nothing limits their number.
 #pragma once
 
+#include "calls/module_names.h"
 #include "calls/resolve.h"
 #include "shell/vb_text.h"
 
-void Analyse_SetMayBeCalls(clsProjekt& projekt, clsProzedur& prozedur, Name memberName, AccessMode mode, Pos pos);
+/// @param names   turned to the calling procedure's module
+/// @param member  the word at `pos`
+void Analyse_SetMayBeCalls(clsProjekt& projekt, clsProzedur& prozedur, const ModuleNames& names, WordMeaning& member,
+                           AccessMode mode, Pos pos);

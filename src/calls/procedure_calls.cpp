@@ -1,15 +1,18 @@
 // One left-to-right walk over the tokens decides, token by token, what each name means. It parses no expressions: a
 // handful of states for each statement stand in for a grammar, and its judgements are only as good as their rules.
 // Chains of members are kept for each bracket depth; a depth once reached keeps its chain, so that `a(b.c).d` goes on
-// with `a` behind the bracket. The look ahead that tells calls from assignments is remembered for its statement, so that
-// a long statement costs one walk.
+// with `a` behind the bracket. The look ahead that tells calls from assignments is remembered for its statement, so
+// that a long statement costs one walk.
 #include "calls/procedure_calls.h"
 
-#include <vector>
+#include <algorithm>
+#include <array>
+#include <unordered_map>
 
 #include "calls/edges.h"
 #include "calls/keywords.h"
 #include "calls/may_be.h"
+#include "calls/module_names.h"
 #include "calls/resolve.h"
 #include "calls/type_clause.h"
 #include "model/clsControl.h"
@@ -24,34 +27,38 @@ struct Level {
     bool afterDot = false;  // the last token at this depth was "."
 };
 
-// Levels by depth; unbalanced source has depths below 0.
+// Levels by depth. Hardly any statement goes deeper than a few brackets; unbalanced source has depths below 0.
 class Levels {
 public:
     void Reset() {
-        positive_.assign(1, {});
-        negative_.clear();
+        for (int depth = 0; depth <= deepest_; ++depth)
+            near_[static_cast<std::size_t>(depth)] = {};
+        deepest_ = 0;
+        if (!far_.empty())
+            far_.clear();
     }
     Level& At(int depth) {
-        std::vector<Level>& side = depth >= 0 ? positive_ : negative_;
-        const auto index = static_cast<std::size_t>(depth >= 0 ? depth : -1 - depth);
-        if (index >= side.size())
-            side.resize(index + 1);
-        return side[index];
+        if (static_cast<unsigned>(depth) >= near_.size()) [[unlikely]]
+            return far_[depth];
+        deepest_ = std::max(deepest_, depth);
+        return near_[static_cast<std::size_t>(depth)];
     }
 
 private:
-    std::vector<Level> positive_;
-    std::vector<Level> negative_;
+    std::array<Level, 8> near_;
+    int deepest_ = 0;
+    std::unordered_map<int, Level> far_;
 };
 
 class ProcedureCalls {
 public:
-    ProcedureCalls(ModuleReader& reader, clsProzedur& prozedur)
+    ProcedureCalls(ModuleReader& reader, ModuleNames& names, clsProzedur& prozedur)
         : reader_(reader),
           tokens_(reader.tokens),
           projekt_(reader.projekt),
+          names_(names),
           proc_(prozedur),
-          clause_(reader.projekt, reader.modul, &prozedur),
+          clause_(reader.projekt, reader.modul, &prozedur, names),
           last_(prozedur.DeclareEndTNr - 1) {}
 
     void Run() {
@@ -69,12 +76,10 @@ public:
             const int token = nr;
             Keyword keyword = Keyword::None;
             if (word.size() != 1 || !Sign(nr, word[0])) {
-                // Half of all tokens are signs and numbers, which no pool knows.
-                const bool isNumber = IsNumeric(word);
-                const Name name = isNumber ? Name() : Name::Find(word);
-                keyword = KeywordOf(name);
-                if (!isNumber)
-                    Token(nr, word, name, keyword);
+                WordMeaning& meaning = names_.Of(word);
+                keyword = meaning.keyword;
+                if (!meaning.isNumber)
+                    Token(nr, word, meaning);
             }
             if (withHeader_)
                 withObject_ = levels_.At(depth_).chain;
@@ -104,11 +109,12 @@ private:
     }
 
     // Anything but a sign of one character or a number.
-    void Token(int& nr, std::string_view word, Name name, Keyword keyword) {
-        if (word.size() == 2 && (word == ":=" || word == "<=" || word == ">=")) {
+    void Token(int& nr, std::string_view word, WordMeaning& meaning) {
+        if (word.size() == 2 && (Is(word, ":=") || Is(word, "<=") || Is(word, ">="))) {
             BeginValue();
             return;
         }
+        const Keyword keyword = meaning.keyword;
         switch (keyword) {
             case Keyword::As:
             case Keyword::New:
@@ -135,7 +141,7 @@ private:
             default:
                 break;
         }
-        const bool dotFollows = tokens_.ContinuesStatement(nr + 1) && reader_.Word(nr + 1) == ".";
+        const bool dotFollows = tokens_.ContinuesStatement(nr + 1) && Is(reader_.Word(nr + 1), ".");
         if (IsNoName(keyword) && !dotFollows) {
             if (keyword == Keyword::Set) {
                 mode_ = AccessMode::Set;
@@ -148,7 +154,7 @@ private:
         }
         if (keyword == Keyword::Print)
             rightSide_ = true;
-        NameAt(nr, name);
+        NameAt(nr, meaning);
     }
 
     // False for a character that is no sign.
@@ -175,9 +181,19 @@ private:
                 if (CharAt(reader_.lower, tokens_.PosOf(nr) - 1) == ' ')
                     mode_ = AccessMode::Read;
                 return true;
-            case '$': case '%': case '!': case '#': case '@':
+            case '$':
+            case '%':
+            case '!':
+            case '#':
+            case '@':
                 return true;
-            case '+': case '-': case '*': case '/': case ':': case '<': case '>':
+            case '+':
+            case '-':
+            case '*':
+            case '/':
+            case ':':
+            case '<':
+            case '>':
                 BeginValue();
                 return true;
             case '(':
@@ -212,24 +228,24 @@ private:
             clause_.SetDepth(depth_);
         while (nr < last_ && tokens_.ContinuesStatement(nr + 1)) {
             const std::string_view word = reader_.Word(++nr);
-            if (word == "#")
+            if (Is(word, "#"))
                 return;
-            if (word == "(") {
+            if (Is(word, "(")) {
                 ++depth_;
-            } else if (word == ")") {
+            } else if (Is(word, ")")) {
                 --depth_;
-            } else if (word == ",") {
+            } else if (Is(word, ",")) {
                 if (depth_ == clause_.Depth())
                     clause_.End();
-            } else if (word == "as") {
+            } else if (Is(word, "as")) {
                 clause_.Begin(depth_);
-            } else if (word != "new" && word != "." && clause_.Active() && depth_ == clause_.Depth()) {
-                clause_.Part(Name::Find(word), tokens_.PosOf(nr));
+            } else if (!Is(word, "new") && !Is(word, ".") && clause_.Active() && depth_ == clause_.Depth()) {
+                clause_.Part(names_.Of(word).name, tokens_.PosOf(nr));
             }
         }
     }
 
-    void NameAt(int nr, Name name) {
+    void NameAt(int nr, WordMeaning& meaning) {
         if (!afterAssign_ && !rightSide_ && depth_ == 0)
             DecideMode(nr);
         if (rightSide_)
@@ -237,27 +253,27 @@ private:
         Level& here = Here();
         const bool afterDot = here.afterDot;
         if (afterDot)
-            here.chain = Member(nr, name, here);
+            here.chain = Member(nr, meaning, here);
         else
-            here.chain = FreeName(name);
+            here.chain = FreeName(meaning);
         if (here.chain && (afterDot || !isLocal_))
             Edge(nr, *here.chain, !afterDot);
         here.afterDot = false;
     }
 
-    CodeObject* FreeName(Name name) {
-        clsVariable* local = name.Known() ? proc_.MyVars.Item(name) : nullptr;
+    CodeObject* FreeName(WordMeaning& meaning) {
+        clsVariable* local = meaning.name.Known() ? proc_.MyVars.Item(meaning.name) : nullptr;
         isLocal_ = local != nullptr;
-        return local ? local : modMain::Get_Objekt_AusName(&proc_, name, mode_);
+        return local ? local : modMain::Get_Objekt_AusName(names_, meaning, mode_);
     }
 
-    // What `name` is behind a point; where that cannot be told, all that it may be are called.
-    CodeObject* Member(int nr, Name name, const Level& here) {
+    // What a word is behind a point; where that cannot be told, all that it may be are called.
+    CodeObject* Member(int nr, WordMeaning& meaning, const Level& here) {
         CodeObject* parent = here.chain;
         if (withActive_) {
             const bool opensStatement = !tokens_.ContinuesStatement(nr) || !tokens_.ContinuesStatement(nr - 1);
             if (opensStatement)
-                return modMain::Get_Child(projekt_, withObject_, name, mode_);
+                return modMain::Get_Child(projekt_, withObject_, meaning.name, mode_, &names_);
             if (OpensWithMember()) {
                 mode_ = AccessMode::Read;
                 parent = withObject_;
@@ -266,17 +282,24 @@ private:
             }
         }
         // Without a chain nothing is looked up, and the search for possible calls finds it all the same.
-        CodeObject* member = parent ? modMain::Get_Child(projekt_, parent, name, mode_) : nullptr;
+        CodeObject* member = parent ? modMain::Get_Child(projekt_, parent, meaning.name, mode_, &names_) : nullptr;
         if (!member)
-            Analyse_SetMayBeCalls(projekt_, proc_, name, mode_, tokens_.PosOf(nr));
+            Analyse_SetMayBeCalls(projekt_, proc_, names_, meaning, mode_, tokens_.PosOf(nr));
         return member;
     }
 
     // Whether what stands before the point can have no member, so that the With object is meant.
     [[nodiscard]] bool OpensWithMember() const {
         switch (prev2Keyword_) {
-            case Keyword::And: case Keyword::Or: case Keyword::Xor: case Keyword::If: case Keyword::ElseIf:
-            case Keyword::Case: case Keyword::Load: case Keyword::Unload: case Keyword::Not:
+            case Keyword::And:
+            case Keyword::Or:
+            case Keyword::Xor:
+            case Keyword::If:
+            case Keyword::ElseIf:
+            case Keyword::Case:
+            case Keyword::Load:
+            case Keyword::Unload:
+            case Keyword::Not:
                 return true;
             default:
                 break;
@@ -294,7 +317,7 @@ private:
         const std::string_view next = hasNext ? reader_.Word(nr + 1) : std::string_view();
         const bool afterCall = prevKeyword_ == Keyword::Call && InOneStatement(prevNr_, nr);
         if (!afterCall) {
-            if (next == "=") {
+            if (Is(next, "=")) {
                 SetAssignmentMode();
                 return;
             }
@@ -324,18 +347,18 @@ private:
             int at = nr + 1;
             for (; tokens_.ContinuesStatement(at) && found_ == Found::Nothing; ++at) {
                 const std::string_view word = reader_.Word(at);
-                if (word == "(")
+                if (Is(word, "("))
                     ++depth;
-                else if (word == ")")
+                else if (Is(word, ")"))
                     --depth;
-                else if (word == "to" || word == "then" || word == "while" || word == "until" ||
-                         (depth == 0 && word == "."))
+                else if (Is(word, "to") || Is(word, "then") || Is(word, "while") || Is(word, "until") ||
+                         (depth == 0 && Is(word, ".")))
                     found_ = Found::Word;
-                else if (depth == 0 && word == "=")
+                else if (depth == 0 && Is(word, "="))
                     found_ = Found::Assignment;
-                else if (word == ":=")
+                else if (Is(word, ":="))
                     break;
-                else if (depth == 0 && word == ",")
+                else if (depth == 0 && Is(word, ","))
                     found_ = CharAt(reader_.lower, tokens_.EndOf(at)) == ' ' ? Found::CommaAndBlank : Found::Comma;
             }
             lookUntil_ = found_ == Found::Nothing ? at : at - 1;
@@ -385,6 +408,7 @@ private:
     ModuleReader& reader_;
     const TokenTable& tokens_;
     clsProjekt& projekt_;
+    ModuleNames& names_;
     clsProzedur& proc_;
     TypeClause clause_;
     int last_;
@@ -412,7 +436,7 @@ private:
 
 }  // namespace
 
-void Analyse_CallsProc(ModuleReader& reader, clsProzedur& prozedur) {
+void Analyse_CallsProc(ModuleReader& reader, ModuleNames& names, clsProzedur& prozedur) {
     if (prozedur.DeclareStartTNr > 0)
-        ProcedureCalls(reader, prozedur).Run();
+        ProcedureCalls(reader, names, prozedur).Run();
 }

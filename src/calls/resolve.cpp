@@ -1,5 +1,6 @@
 #include "calls/resolve.h"
 
+#include "calls/module_names.h"
 #include "model/clsControl.h"
 #include "model/clsEnum.h"
 #include "model/clsModul.h"
@@ -11,9 +12,14 @@
 
 namespace {
 
-std::span<CodeObject* const> BearersOf(const NameSpace& nameSpace, Name name) {
-    const clsSpaceName* entry = name.Known() ? nameSpace.Item(name) : nullptr;
+std::span<CodeObject* const> Objects(const clsSpaceName* entry) {
     return entry ? entry->Objects() : std::span<CodeObject* const>();
+}
+
+std::span<CodeObject* const> BearersOf(const NameSpace& nameSpace, Name name, ModuleNames* names) {
+    if (names)
+        return Objects(names->Bearers(nameSpace, name));
+    return Objects(name.Known() ? nameSpace.Item(name) : nullptr);
 }
 
 std::string_view LastPart(std::string_view type) {
@@ -40,8 +46,8 @@ const clsVariable* AsVariable(const CodeObject* object) {
     return object->Class() == ObjectClass::Variable ? static_cast<const clsVariable*>(object) : nullptr;
 }
 
-CodeObject* PublicObject(Name name, AccessMode mode) {
-    for (CodeObject* object : BearersOf(gPublicNameSpace, name)) {
+CodeObject* PublicObject(std::span<CodeObject* const> bearers, AccessMode mode) {
+    for (CodeObject* object : bearers) {
         switch (object->Class()) {
             case ObjectClass::Variable:
                 if (mode != AccessMode::Call && !static_cast<clsVariable*>(object)->MyType)
@@ -51,8 +57,8 @@ CodeObject* PublicObject(Name name, AccessMode mode) {
                 const auto& prozedur = *static_cast<clsProzedur*>(object);
                 const bool isFree = !prozedur.Modul->myLibrary && prozedur.Modul->ModulTyp == "module";
                 const bool isSub = prozedur.ProzedurTyp() == "sub" && mode == AccessMode::Call;
-                const bool isFunction = prozedur.ProzedurTyp() == "function" &&
-                                        (mode == AccessMode::Call || mode == AccessMode::Read);
+                const bool isFunction =
+                    prozedur.ProzedurTyp() == "function" && (mode == AccessMode::Call || mode == AccessMode::Read);
                 if (isFree && (isSub || isFunction))
                     return object;
                 break;
@@ -69,6 +75,19 @@ CodeObject* PublicObject(Name name, AccessMode mode) {
     return nullptr;
 }
 
+CodeObject* OwnObject(std::span<CodeObject* const> bearers, AccessMode mode) {
+    for (CodeObject* object : bearers) {
+        if (const clsVariable* variable = AsVariable(object)) {
+            if (!variable->MyType)
+                return object;
+        } else if (object->Class() == ObjectClass::Control || (object->Class() == ObjectClass::Prozedur &&
+                                                               MatchesMode(*static_cast<clsProzedur*>(object), mode))) {
+            return object;
+        }
+    }
+    return nullptr;
+}
+
 CodeObject* TypeOfControl(const clsProjekt& projekt, const clsControl& control) {
     const Name key = LastPart(control.type);
     return key.Known() ? projekt.UserControls.Item(key) : nullptr;
@@ -79,30 +98,24 @@ CodeObject* TypeOfControl(const clsProjekt& projekt, const clsControl& control) 
 bool MatchesMode(const clsProzedur& prozedur, AccessMode mode) {
     const std::string_view typ = prozedur.ProzedurTyp();
     switch (mode) {
-        case AccessMode::Call: return typ == "sub" || typ == "function";
-        case AccessMode::Read: return typ == "function" || typ == "property get";
-        case AccessMode::Assign: return typ == "property let";
-        case AccessMode::Set: return typ == "property set";
+        case AccessMode::Call:
+            return typ == "sub" || typ == "function";
+        case AccessMode::Read:
+            return typ == "function" || typ == "property get";
+        case AccessMode::Assign:
+            return typ == "property let";
+        case AccessMode::Set:
+            return typ == "property set";
     }
     return false;
 }
 
-CodeObject* Get_Object_Aus_NameM(const clsModul& modul, Name name, AccessMode mode) {
-    for (CodeObject* object : BearersOf(modul.PrivNameSpace, name)) {
-        if (const clsVariable* variable = AsVariable(object)) {
-            if (!variable->MyType)
-                return object;
-        } else if (object->Class() == ObjectClass::Control ||
-                   (object->Class() == ObjectClass::Prozedur &&
-                    MatchesMode(*static_cast<clsProzedur*>(object), mode))) {
-            return object;
-        }
-    }
-    return nullptr;
+CodeObject* Get_Object_Aus_NameM(const clsModul& modul, Name name, AccessMode mode, ModuleNames* names) {
+    return OwnObject(BearersOf(modul.PrivNameSpace, name, names), mode);
 }
 
-CodeObject* Get_Typ_AusNameM(const clsModul& modul, Name typeName) {
-    for (CodeObject* object : BearersOf(modul.PrivNameSpace, typeName))
+CodeObject* Get_Typ_AusNameM(const clsModul& modul, Name typeName, ModuleNames* names) {
+    for (CodeObject* object : BearersOf(modul.PrivNameSpace, typeName, names))
         if (object->Class() == ObjectClass::Enum || object->Class() == ObjectClass::Type)
             return object;
     return nullptr;
@@ -112,14 +125,19 @@ CodeObject* modMain::Get_Objekt_AusName(const CodeObject* context, Name name, Ac
     if (!context || (context->Class() != ObjectClass::Prozedur && context->Class() != ObjectClass::Modul))
         return nullptr;
     CodeObject* object = Get_Object_Aus_NameM(*ModuleOf(context), name, mode);
-    return object ? object : PublicObject(name, mode);
+    return object ? object : PublicObject(BearersOf(gPublicNameSpace, name, nullptr), mode);
 }
 
-CodeObject* modMain::Get_Typ_AusName(const CodeObject* context, Name typeName) {
+CodeObject* modMain::Get_Objekt_AusName(const ModuleNames& names, WordMeaning& word, AccessMode mode) {
+    CodeObject* object = OwnObject(Objects(names.Own(word)), mode);
+    return object ? object : PublicObject(Objects(ModuleNames::Everywhere(word)), mode);
+}
+
+CodeObject* modMain::Get_Typ_AusName(const CodeObject* context, Name typeName, ModuleNames* names) {
     if (const clsModul* modul = ModuleOf(context))
-        if (CodeObject* type = Get_Typ_AusNameM(*modul, typeName))
+        if (CodeObject* type = Get_Typ_AusNameM(*modul, typeName, names))
             return type;
-    for (CodeObject* object : BearersOf(gPublicNameSpace, LastPart(typeName))) {
+    for (CodeObject* object : BearersOf(gPublicNameSpace, LastPart(typeName), names)) {
         switch (object->Class()) {
             case ObjectClass::Enum:
             case ObjectClass::Type:
@@ -136,16 +154,17 @@ CodeObject* modMain::Get_Typ_AusName(const CodeObject* context, Name typeName) {
     return nullptr;
 }
 
-CodeObject* modMain::Get_Child(const clsProjekt& projekt, CodeObject* object, Name member, AccessMode mode) {
+CodeObject* modMain::Get_Child(const clsProjekt& projekt, CodeObject* object, Name member, AccessMode mode,
+                               ModuleNames* names) {
     if (!object || !member.Known())
         return nullptr;
     CodeObject* type = nullptr;
     switch (object->Class()) {
         case ObjectClass::Variable:
-            type = Get_Typ_AusName(object->Modul, static_cast<clsVariable*>(object)->type);
+            type = Get_Typ_AusName(object->Modul, static_cast<clsVariable*>(object)->type, names);
             break;
         case ObjectClass::Prozedur:
-            type = Get_Typ_AusName(object->Modul, static_cast<clsProzedur*>(object)->type);
+            type = Get_Typ_AusName(object->Modul, static_cast<clsProzedur*>(object)->type, names);
             break;
         case ObjectClass::Modul:
             type = object;
@@ -159,10 +178,14 @@ CodeObject* modMain::Get_Child(const clsProjekt& projekt, CodeObject* object, Na
     if (!type)
         return nullptr;
     switch (type->Class()) {
-        case ObjectClass::Enum: return static_cast<clsEnum*>(type)->MyVars.Item(member);
-        case ObjectClass::Type: return static_cast<clsType*>(type)->MyVars.Item(member);
-        case ObjectClass::Modul: return Get_Object_Aus_NameM(*static_cast<clsModul*>(type), member, mode);
-        default: return nullptr;
+        case ObjectClass::Enum:
+            return static_cast<clsEnum*>(type)->MyVars.Item(member);
+        case ObjectClass::Type:
+            return static_cast<clsType*>(type)->MyVars.Item(member);
+        case ObjectClass::Modul:
+            return Get_Object_Aus_NameM(*static_cast<clsModul*>(type), member, mode, names);
+        default:
+            return nullptr;
     }
 }
 
@@ -170,10 +193,15 @@ std::string_view modMain::Get_DatenTypStr(const CodeObject* object) {
     if (!object)
         return {};
     switch (object->Class()) {
-        case ObjectClass::Modul: return object->MyName();
-        case ObjectClass::Variable: return LastPart(static_cast<const clsVariable*>(object)->DatenTyp());
-        case ObjectClass::Prozedur: return LastPart(static_cast<const clsProzedur*>(object)->DatenTyp());
-        case ObjectClass::Control: return LastPart(static_cast<const clsControl*>(object)->DatenTyp());
-        default: return {};
+        case ObjectClass::Modul:
+            return object->MyName();
+        case ObjectClass::Variable:
+            return LastPart(static_cast<const clsVariable*>(object)->DatenTyp());
+        case ObjectClass::Prozedur:
+            return LastPart(static_cast<const clsProzedur*>(object)->DatenTyp());
+        case ObjectClass::Control:
+            return LastPart(static_cast<const clsControl*>(object)->DatenTyp());
+        default:
+            return {};
     }
 }

@@ -10,6 +10,8 @@ class CodeObject;
 class clsModul;
 class clsProjekt;
 class clsProzedur;
+class ModuleNames;
+class WordMeaning;
 
 /// How a name is used in its statement.
 enum class AccessMode { Call = 0, Read = 1, Assign = 2, Set = 3 };
@@ -23,11 +25,17 @@ namespace modMain {
 /// A bare name in a procedure or module: the module's own objects, then the public ones. Any other context finds none.
 [[nodiscard]] CodeObject* Get_Objekt_AusName(const CodeObject* context, Name name, AccessMode mode);
 
+/// The same for a word of the module that `names` is turned to.
+[[nodiscard]] CodeObject* Get_Objekt_AusName(const ModuleNames& names, WordMeaning& word, AccessMode mode);
+
 /// The type, enumeration, library or class that a type name means; a null context knows public ones only.
-[[nodiscard]] CodeObject* Get_Typ_AusName(const CodeObject* context, Name typeName);
+/// @param names  what was looked up before; null looks up anew
+[[nodiscard]] CodeObject* Get_Typ_AusName(const CodeObject* context, Name typeName, ModuleNames* names = nullptr);
 
 /// The member of an object's type, or of a module itself.
-[[nodiscard]] CodeObject* Get_Child(const clsProjekt& projekt, CodeObject* object, Name member, AccessMode mode);
+/// @param names  as above
+[[nodiscard]] CodeObject* Get_Child(const clsProjekt& projekt, CodeObject* object, Name member, AccessMode mode,
+                                    ModuleNames* names = nullptr);
 
 /// Type of an object as a bare name: the last part of its data type, or a module's own name.
 [[nodiscard]] std::string_view Get_DatenTypStr(const CodeObject* object);
@@ -35,6 +43,7 @@ namespace modMain {
 }  // namespace modMain
 
 /// A bare name among the module's own objects.
-[[nodiscard]] CodeObject* Get_Object_Aus_NameM(const clsModul& modul, Name name, AccessMode mode);
+[[nodiscard]] CodeObject* Get_Object_Aus_NameM(const clsModul& modul, Name name, AccessMode mode,
+                                               ModuleNames* names = nullptr);
 /// A type or enumeration of the module.
-[[nodiscard]] CodeObject* Get_Typ_AusNameM(const clsModul& modul, Name typeName);
+[[nodiscard]] CodeObject* Get_Typ_AusNameM(const clsModul& modul, Name typeName, ModuleNames* names = nullptr);

@@ -8,8 +8,8 @@
 
 class TypeClause {
 public:
-    TypeClause(clsProjekt& projekt, clsModul& modul, clsProzedur* procedure)
-        : projekt_(projekt), modul_(modul), procedure_(procedure) {}
+    TypeClause(clsProjekt& projekt, clsModul& modul, clsProzedur* procedure, ModuleNames& names)
+        : projekt_(projekt), modul_(modul), procedure_(procedure), names_(names) {}
 
     /// "as" at bracket depth `depth`: a type begins.
     void Begin(int depth) {
@@ -29,7 +29,7 @@ public:
 
     void Part(Name word, Pos pos) {
         const CodeObject* context = hasPart_ ? part_ : &modul_;
-        part_ = word.Known() ? modMain::Get_Typ_AusName(context, word) : nullptr;
+        part_ = word.Known() ? modMain::Get_Typ_AusName(context, word, &names_) : nullptr;
         hasPart_ = true;
         if (part_)
             CallUseCreate(projekt_, *part_, procedure_, modul_, pos);
@@ -43,6 +43,7 @@ private:
     clsProjekt& projekt_;
     clsModul& modul_;
     clsProzedur* procedure_;
+    ModuleNames& names_;
     CodeObject* part_ = nullptr;
     bool hasPart_ = false;
     bool asSeen_ = false;

@@ -73,11 +73,11 @@ void WriteEdges(std::ostream& out, const clsProjekt& projekt) {
     LineNumbers lines;
     projekt.calls.ForEach([&](const clsCall& call) {
         const CodeObject& caller =
-            call.CallProcedure ? static_cast<const CodeObject&>(*call.CallProcedure) : *call.CallModule;
-        const clsModul& modul = call.CallProcedure ? *call.CallProcedure->Modul : *call.CallModule;
+            call.CallProcedure() ? static_cast<const CodeObject&>(*call.CallProcedure()) : *call.CallModule();
+        const clsModul& modul = call.CallProcedure() ? *call.CallProcedure()->Modul : *call.CallModule();
         edges.Add({{"nr", call.CallNr},
-                   {"kind", call.Type == CallType::Really  ? "really"
-                            : call.Type == CallType::MayBe ? "maybe"
+                   {"kind", call.Type() == CallType::Really  ? "really"
+                            : call.Type() == CallType::MayBe ? "maybe"
                                                            : "use"},
                    {"from", Utf8(caller.CodePath())},
                    {"pos", call.CallPos},

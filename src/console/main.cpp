@@ -5,9 +5,9 @@
 #include <fstream>
 #include <iostream>
 
+#include "calls/driver.h"
 #include "console/json_report.h"
 #include "console/summary.h"
-#include "calls/driver.h"
 #include "findings/calls_report.h"
 #include "findings/dead_objects.h"
 #include "findings/deaths_report.h"
@@ -115,9 +115,10 @@ bool WriteReports(DiskFiles& files, const Options& options, const clsProjekt& pr
     if (options.WritesCalls())
         AnalyseErgebnisCalls(projekt, beside ? CallsReportPath : NumberedIn(options.out, " Calls.txt"));
     if (options.WritesDeaths())
-        AnalyseErgebnisDeaths(projekt, beside ? DeathsReportPath(projekt)
-                                              : PathIn(options.out, std::string(modMain::DirOrFileName(
-                                                                        projekt.FullPath, 0)) + " Deaths.txt"));
+        AnalyseErgebnisDeaths(
+            projekt,
+            beside ? DeathsReportPath(projekt)
+                   : PathIn(options.out, std::string(modMain::DirOrFileName(projekt.FullPath, 0)) + " Deaths.txt"));
     return true;
 }
 
@@ -188,8 +189,10 @@ int Run(const Options& options) {
 
     const bool reportsWritten = WriteReports(files, options, *gProjekt);
     const double callMilliseconds = options.noCalls ? -1 : callTimer.LastRun;
+    // Made before the check of the locals, whose edges are not counted.
     const std::string summary =
-        SummaryText(*gProjekt, gText.Language == "german", timer.LastRun, callMilliseconds);
+        options.quiet ? std::string()
+                      : SummaryText(*gProjekt, gText.Language == "german", timer.LastRun, callMilliseconds);
     if (options.checkLocals)
         for (const clsModul* modul : gProjekt->AllModules())
             for (clsProzedur* prozedur : modul->MyProcs)
@@ -227,8 +230,7 @@ int main(int argc, char** argv) {
         ->type_name("DIR");
     app.add_option("--json", options.json, "Write everything known as JSON to FILE (- is standard output)")
         ->type_name("FILE");
-    app.add_option("--lang", options.language, "Language of the summary")
-        ->check(CLI::IsMember({"english", "german"}));
+    app.add_option("--lang", options.language, "Language of the summary")->check(CLI::IsMember({"english", "german"}));
     app.add_option("--settings", options.settings, "Settings file to use")->type_name("FILE");
     app.add_option("--define", options.defines, "Conditional constant, as the project's own would be given")
         ->type_name("NAME=VALUE")

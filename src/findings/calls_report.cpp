@@ -82,12 +82,12 @@ private:
 
     void Call(const clsCall& call, Callee callee) {
         // Another type of edge keeps the word of the line before.
-        if (call.Type == CallType::MayBe)
+        if (call.Type() == CallType::MayBe)
             kind_ = "May be";
-        else if (call.Type == CallType::Really)
+        else if (call.Type() == CallType::Really)
             kind_ = "Really";
-        const clsProzedur* prozedur = call.CallProcedure;
-        const clsModul& modul = prozedur ? *prozedur->Modul : *call.CallModule;
+        const clsProzedur* prozedur = call.CallProcedure();
+        const clsModul& modul = prozedur ? *prozedur->Modul : *call.CallModule();
         const std::string indent = callee == Callee::Member || callee == Callee::EnumMember ? "\t\t" : "\t";
         const std::string pos = std::to_string(call.CallPos);
         std::string number;

@@ -69,8 +69,8 @@ TEST_F(DeclarationCalls, HangOnTheModuleInsteadOfAProcedure) {
     std::size_t mark = 0;
     for (const clsCall* call : ModuleOf("main").CallsInDeclarations) {
         EXPECT_EQ(call->CallPos, vb.pos(++mark));
-        EXPECT_EQ(call->CallModule, &ModuleOf("main"));
-        EXPECT_EQ(call->CallProcedure, nullptr);
+        EXPECT_EQ(call->CallModule(), &ModuleOf("main"));
+        EXPECT_EQ(call->CallProcedure(), nullptr);
     }
     EXPECT_EQ(mark, 2U);
     EXPECT_EQ(ModuleOf("thing").UsedByAll.Count(), 1);

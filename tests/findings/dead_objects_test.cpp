@@ -147,11 +147,13 @@ TEST_F(DeadObjects, LongChainsDoNotTouchTheStack) {
     }
 }
 
-TEST_F(DeadObjects, ArgumentsAreUsedWhereTheirNameStandsInTheBody) {
+TEST_F(DeadObjects, ArgumentsAndLocalsAreUsedWhereTheirNameStandsInTheBody) {
     const Marked vb = Vb(R"(
         Sub Other(named)
         End Sub
         Sub Run(named, inText, inName, afterSign, byName)
+            Dim never As Long, used As Long
+            used = 1
             x = "inText" ' inText
             inName1 = inText_x & {{named}} + y.named
             x=afterSign
@@ -166,11 +168,12 @@ TEST_F(DeadObjects, ArgumentsAreUsedWhereTheirNameStandsInTheBody) {
     Check_ProcVars_Calls(*gProjekt, run);  // looks only once
     EXPECT_EQ(run.MyVars.Item("byname")->CalledByAll.Count(), 1);
     EXPECT_EQ((*run.MyVars.Item("byname")->CalledByAll.begin())->CallPos, vb.pos(2));
-    for (const char* unused : {"intext", "inname", "aftersign"})
+    EXPECT_EQ(run.MyVars.Item("used")->CalledByAll.Count(), 1);
+    for (const char* unused : {"intext", "inname", "aftersign", "never"})
         EXPECT_EQ(run.MyVars.Item(unused)->CalledByAll.Count(), 0) << unused;
-    EXPECT_EQ(Anz_NotCalled_Vars(run), 3);
+    EXPECT_EQ(Anz_NotCalled_Vars(run), 4);
     for (const clsCall* call : run.MyVars.Item("named")->CalledByAll) {
-        EXPECT_EQ(call->CallProcedure, &run);
-        EXPECT_EQ(call->Type, CallType::Really);
+        EXPECT_EQ(call->CallProcedure(), &run);
+        EXPECT_EQ(call->Type(), CallType::Really);
     }
 }

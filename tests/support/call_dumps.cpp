@@ -6,11 +6,11 @@
 namespace {
 
 const CodeObject& CallerOf(const clsCall& call) {
-    return call.CallProcedure ? static_cast<const CodeObject&>(*call.CallProcedure) : *call.CallModule;
+    return call.CallProcedure() ? static_cast<const CodeObject&>(*call.CallProcedure()) : *call.CallModule();
 }
 
 std::string_view MarkOf(const clsCall& call) {
-    return call.Type == CallType::Really ? "> " : call.Type == CallType::MayBe ? "? " : ": ";
+    return call.Type() == CallType::Really ? "> " : call.Type() == CallType::MayBe ? "? " : ": ";
 }
 
 void Join(std::string& dump, const std::string& edge) {
