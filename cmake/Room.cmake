@@ -38,3 +38,24 @@ function(ostrivane_room_tests name)
     target_link_libraries(${name}_tests PRIVATE ${ROOM_USES} GTest::gmock_main Ostrivane::warnings)
     gtest_discover_tests(${name}_tests DISCOVERY_TIMEOUT 120 PROPERTIES TIMEOUT 300)
 endfunction()
+
+# The same for a room with Qt; headers with Q_OBJECT stand among the SOURCES' folders and are found by themselves.
+function(ostrivane_qt_room name)
+    ostrivane_room(${name} ${ARGN})
+    set_target_properties(ostrivane_${name} PROPERTIES AUTOMOC ON AUTORCC ON)
+    target_compile_definitions(ostrivane_${name} PUBLIC QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII QT_NO_KEYWORDS)
+    target_link_libraries(ostrivane_${name} PUBLIC Qt6::Widgets PRIVATE Qt6::Svg)
+endfunction()
+
+# The tests of such a room: they have a main of their own, which makes the application.
+function(ostrivane_qt_room_tests name)
+    cmake_parse_arguments(ROOM "" "" "SOURCES;USES" ${ARGN})
+    add_executable(${name}_tests ${ROOM_SOURCES})
+    list(TRANSFORM ROOM_USES PREPEND Ostrivane::)
+    set_target_properties(${name}_tests PROPERTIES AUTOMOC ON)
+    target_include_directories(${name}_tests PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    target_compile_definitions(${name}_tests PRIVATE OSTRIVANE_SOURCE_DIR="${PROJECT_SOURCE_DIR}")
+    target_link_libraries(${name}_tests PRIVATE ${ROOM_USES} Qt6::Test GTest::gmock Ostrivane::warnings)
+    gtest_discover_tests(${name}_tests DISCOVERY_TIMEOUT 120
+        PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+endfunction()

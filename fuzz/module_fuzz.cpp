@@ -59,11 +59,11 @@ std::vector<Edge> SoundEdges(const clsProjekt& projekt) {
     projekt.calls.ForEach([&](const clsCall& call) {
         Require(call.CallNr > before, "the numbers of edges rise");
         before = call.CallNr;
-        Require(call.Parent && (call.CallProcedure == nullptr) != (call.CallModule == nullptr),
+        Require(call.Parent && (call.CallProcedure() == nullptr) != (call.CallModule() == nullptr),
                 "an edge has a target and one caller");
-        const clsModul& modul = call.CallProcedure ? *call.CallProcedure->Modul : *call.CallModule;
+        const clsModul& modul = call.CallProcedure() ? *call.CallProcedure()->Modul : *call.CallModule();
         Require(call.CallPos >= 1 && call.CallPos <= modul.text->CharCount(), "an edge starts inside its module");
-        edges.emplace_back(call.Parent, call.CallProcedure, call.CallModule, call.CallPos, call.Type);
+        edges.emplace_back(call.Parent, call.CallProcedure(), call.CallModule(), call.CallPos, call.Type());
     });
     return edges;
 }

@@ -6,7 +6,7 @@ import pathlib
 import re
 import sys
 
-ANALYSIS = ["platform", "shell", "model", "source", "structure", "libraries", "project", "calls", "findings"]
+ANALYSIS = ["platform", "shell", "model", "source", "structure", "libraries", "project", "calls", "findings", "display"]
 WITH_QT = ["views", "xgraph", "desktop"]
 
 # Room to the rooms whose headers it may include besides its own.
@@ -20,6 +20,7 @@ MAY_INCLUDE = {
     "project": ["structure", "libraries", "source", "model", "shell", "platform"],
     "calls": ["structure", "source", "model", "shell", "platform"],
     "findings": ["calls", "project", "structure", "libraries", "source", "model", "shell", "platform"],
+    "display": [room for room in ANALYSIS if room != "display"],
     "views": ANALYSIS + ["xgraph"],
     "xgraph": ANALYSIS,
     "console": ANALYSIS,

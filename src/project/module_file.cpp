@@ -80,7 +80,7 @@ void AddFormVariable(clsProjekt& projekt, clsModul& form) {
 
 }  // namespace
 
-void Read_MyCodeName(clsProjekt& projekt, clsModul& modul) {
+void Read_MyCodeName(clsProjekt& projekt, clsModul& modul, const std::function<int()>& moreMissing) {
     const Files& files = projekt.TheFiles();
     FileText file = files.ReadText(modul.FullPath);
     if (file.error != FileError::None) {
@@ -89,7 +89,8 @@ void Read_MyCodeName(clsProjekt& projekt, clsModul& modul) {
             return;
         }
         NoteProblem("clsModul: Read_MyCodeName", "File not found: " + modul.FullPath);
-        if (AskYesNo("File not found: " + modul.FullPath + "\r\n\r\nLaden abbrechen?"))
+        if (AskMissingFile("File not found: " + modul.FullPath + "\r\n\r\nLaden abbrechen?",
+                           moreMissing ? moreMissing() : 0))
             gAbort = true;
         return;
     }

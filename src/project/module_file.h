@@ -1,6 +1,7 @@
 // Reading of one source file into its module.
 #pragma once
 
+#include <functional>
 #include <string_view>
 
 class clsModul;
@@ -9,7 +10,8 @@ struct LineScan;
 
 /// Reads the file at modul.FullPath and finds the module's name in it. A file that does not exist is asked
 /// about ("Laden abbrechen?"); Yes sets gAbort. Without a text the module stays without name from its source.
-void Read_MyCodeName(clsProjekt& projekt, clsModul& modul);
+/// @param moreMissing  tells how many files behind this one are missing too; asked only when this one is
+void Read_MyCodeName(clsProjekt& projekt, clsModul& modul, const std::function<int()>& moreMissing = {});
 
 /// The whole first pass: maps, tokens, controls, line counts, declarations, and the module's place in the
 /// project. Does nothing for a module without text.

@@ -31,14 +31,41 @@ std::string_view ModulTypOf(std::string_view key) {
     return key == "Form" ? "form" : key == "Class" ? "class" : key == "UserControl" ? "usercontrol" : "module";
 }
 
-void LoadModule(clsProjekt& projekt, std::string_view projektDir, std::string_view key, std::string_view line) {
+// How many module files behind the line at hand are missing. The lines are gone through once, at the first file that
+// is missing; from then on each question has one less before it.
+class MissingBehind {
+public:
+    MissingBehind(const Files& files, std::string_view projektDir, std::string_view projectText)
+        : files_(files), projektDir_(projektDir), text_(projectText) {}
+
+    [[nodiscard]] int Count(std::string_view line) {
+        if (count_ >= 0)
+            return count_ = std::max(count_ - 1, 0);
+        count_ = 0;
+        ForEachLine(text_.substr(static_cast<std::size_t>(line.data() + line.size() - text_.data())),
+                    [this](std::string_view behind) {
+                        if (IsModuleKey(KeyOf(behind)))
+                            count_ += !files_.FileExists(Get_Pfad_Aus_ModulEintrag(projektDir_, behind));
+                    });
+        return count_;
+    }
+
+private:
+    const Files& files_;
+    std::string_view projektDir_;
+    std::string_view text_;
+    int count_ = -1;
+};
+
+void LoadModule(clsProjekt& projekt, std::string_view projektDir, std::string_view key, std::string_view line,
+                MissingBehind& missing) {
     UseLargePages();
     clsModul& modul = projekt.Own(std::make_unique<clsModul>());
     modul.number = static_cast<int>(projekt.OwnedModules().size());
     modul.ModulTyp = ModulTypOf(key);
     modul.FullPath = Get_Pfad_Aus_ModulEintrag(projektDir, line);
     const ErrorSubject subject(modul.FullPath);
-    Read_MyCodeName(projekt, modul);
+    Read_MyCodeName(projekt, modul, [&] { return missing.Count(line); });
     gProgress().Label(modul.myNameOrg());
     DoEvents();
     Modul_Einlesen(projekt, modul);
@@ -146,12 +173,13 @@ void Projekt_Laden(clsProjekt& projekt) {
     gProgress().Caption(projekt.MyName);
     gProgress().Label(gText.TextNr(19));
     gProgress().Range(0, modules + GetAnzahlComponents(file.text) + GetAnzahlReferences(file.text));
+    MissingBehind missing(projekt.TheFiles(), projektDir, file.text);
     ForEachLine(file.text, [&](std::string_view line) {
         if (gAbort)
             return;
         const std::string key = KeyOf(line);
         if (IsModuleKey(key))
-            LoadModule(projekt, projektDir, key, line);
+            LoadModule(projekt, projektDir, key, line, missing);
         else if (key == "Reference" || key == "Object")
             LoadLibrary(projekt, key == "Reference", line);
     });

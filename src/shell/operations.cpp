@@ -53,6 +53,15 @@ bool AskYesNo(std::string_view text) {
     return port && port(text);
 }
 
+MissingFilePort SetMissingFilePort(MissingFilePort port) {
+    return std::exchange(ThePort<MissingFilePort>(), std::move(port));
+}
+
+bool AskMissingFile(std::string_view text, int moreMissing) {
+    const MissingFilePort& port = ThePort<MissingFilePort>();
+    return port ? port(text, moreMissing) : AskYesNo(text);
+}
+
 MessagePort SetMessagePort(MessagePort port) {
     return std::exchange(ThePort<MessagePort>(), std::move(port));
 }

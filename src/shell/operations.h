@@ -21,6 +21,9 @@ public:
     virtual void Range(int /*min*/, int /*max*/) {}
     /// The bar moves on by one, never beyond its end.
     virtual void Progressiere_mal() {}
+    /// The inner bar, within one module: empty, with `total` steps to its end.
+    virtual void Progressiere_mal_Modul_Init(int /*total*/) {}
+    virtual void Progressiere_mal_Modul() {}
 };
 
 /// Connects the progress display and gives back the one before; null connects none. Never owns it.
@@ -33,6 +36,13 @@ using QuestionPort = std::function<bool(std::string_view text)>;
 QuestionPort SetQuestionPort(QuestionPort port);
 /// Without a port the answer is No.
 [[nodiscard]] bool AskYesNo(std::string_view text);
+
+/// Asks whether the load is to be given up because a file is missing.
+/// @param moreMissing  how many files behind this one are missing as well
+using MissingFilePort = std::function<bool(std::string_view text, int moreMissing)>;
+MissingFilePort SetMissingFilePort(MissingFilePort port);
+/// Without a port of its own it is a question like any other.
+[[nodiscard]] bool AskMissingFile(std::string_view text, int moreMissing);
 
 /// Shows a plain message.
 using MessagePort = std::function<void(std::string_view text)>;

@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <string>
 
 #include "model/clsProjekt.h"
@@ -18,7 +18,9 @@ inline const std::filesystem::path kSourceDirectory = OSTRIVANE_SOURCE_DIR;
 
 inline std::string BytesOf(const std::filesystem::path& path) {
     std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
+    std::ostringstream bytes;
+    bytes << file.rdbuf();
+    return bytes.str();
 }
 
 /// Reads the sample from disk into gProjekt.

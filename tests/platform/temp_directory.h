@@ -9,6 +9,7 @@
 #include <fstream>
 #include <iterator>
 #include <optional>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <string_view>
@@ -37,7 +38,9 @@ public:
     }
     [[nodiscard]] std::string Bytes(std::string_view name) const {
         std::ifstream file(Path(name), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
+        std::ostringstream bytes;
+        bytes << file.rdbuf();
+        return bytes.str();
     }
     [[nodiscard]] int FileCount() const {
         return static_cast<int>(std::distance(std::filesystem::directory_iterator(path_), {}));

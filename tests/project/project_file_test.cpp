@@ -179,6 +179,19 @@ TEST_F(MissingFiles, AreAskedAboutAndPassedOver) {
     EXPECT_FALSE(gPublicNameSpace.Contains("x"));
 }
 
+TEST_F(MissingFiles, TellHowManyMoreAreMissingToWhoeverWantsToKnow) {
+    std::vector<int> more;
+    SetMissingFilePort([&](std::string_view, int moreMissing) {
+        more.push_back(moreMissing);
+        return false;
+    });
+    const clsProjekt& projekt =
+        Read("Module=A; A.bas\nModule=X; X.bas\nForm=Y.frm\nObject=z\nModule=A; A.bas\nClass=Z; Z.cls");
+    SetMissingFilePort({});
+    EXPECT_THAT(more, ElementsAre(2, 1, 0));
+    EXPECT_EQ(Names(projekt.Modules), "A");
+}
+
 TEST_F(MissingFiles, EndTheLoadWhenTheAnswerIsYes) {
     ScriptedQuestions questions{false, true};
     ReadProject(

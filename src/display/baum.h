@@ -1,0 +1,142 @@
+// The nodes of a tree as plain data: what the trees of the window show, and the operations on it. A widget translates
+// it; tests read it as it is.
+//
+// Nodes are found by key without regard to case; the key of a code object's node is its CodePath, that of a group ends
+// in
+// "[]". The children of a node that is Sorted stand in the order of their texts, without regard to case and equal ones
+// in the order of entry; those of others, and the roots, stand in the order of entry.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class Baum;
+
+class BaumNode {
+public:
+    BaumNode(const BaumNode&) = delete;
+    BaumNode& operator=(const BaumNode&) = delete;
+
+    [[nodiscard]] const std::string& Key() const { return key_; }
+    [[nodiscard]] const std::string& Text() const { return text_; }
+    [[nodiscard]] std::string_view Image() const { return image_; }
+    /// Icon while expanded; empty when it is that of Image.
+    [[nodiscard]] std::string_view ExpandedImage() const { return expandedImage_; }
+    /// 32-bit BGR; 0 is the ordinary colour of text.
+    [[nodiscard]] std::int32_t ForeColor() const { return foreColor_; }
+    [[nodiscard]] bool Sorted() const { return sorted_; }
+    [[nodiscard]] bool Bold() const { return bold_; }
+    [[nodiscard]] bool Expanded() const { return expanded_; }
+    [[nodiscard]] bool Checked() const { return checked_; }
+
+    [[nodiscard]] BaumNode* Parent() const { return parent_; }  // null for roots
+    [[nodiscard]] BaumNode* Child() const { return children_.empty() ? nullptr : children_.front(); }
+    [[nodiscard]] int Children() const { return static_cast<int>(children_.size()); }
+    [[nodiscard]] BaumNode* Next() const;
+    [[nodiscard]] BaumNode* FirstSibling() const;
+    [[nodiscard]] BaumNode* LastSibling() const;
+    /// Place among the siblings, from 0.
+    [[nodiscard]] int Row() const { return row_; }
+    [[nodiscard]] const std::vector<BaumNode*>& ChildNodes() const { return children_; }
+
+private:
+    friend class Baum;
+    BaumNode() = default;
+    std::string key_;
+    std::string text_;
+    std::string_view image_;
+    std::string_view expandedImage_;
+    BaumNode* parent_ = nullptr;
+    std::vector<BaumNode*> children_;
+    const std::vector<BaumNode*>* siblings_ = nullptr;
+    int row_ = 0;
+    std::int32_t foreColor_ = 0;
+    bool sorted_ = false;
+    bool waitsForSorting_ = false;
+    bool bold_ = false;
+    bool expanded_ = false;
+    bool checked_ = false;
+};
+
+/// Told of every change, before and after where a widget needs it. All calls come between two Begin/End of their kind.
+class BaumListener {
+public:
+    virtual ~BaumListener() = default;
+    virtual void BeginReset() {}
+    virtual void EndReset() {}
+    virtual void BeginInsert(const BaumNode* /*parent*/, int /*row*/) {}
+    virtual void EndInsert() {}
+    virtual void BeginRemove(const BaumNode* /*parent*/, int /*row*/) {}
+    virtual void EndRemove() {}
+    /// Text, image, colour, boldness or check mark.
+    virtual void Changed(const BaumNode&) {}
+    /// What Changed tells, of any number of nodes at once.
+    virtual void ManyChanged() {}
+    virtual void ExpandedChanged(const BaumNode&) {}
+    virtual void AllCollapsed() {}
+    /// The selected node; null when nothing is selected any more.
+    virtual void SelectedChanged(const BaumNode*) {}
+    virtual void EnsureVisible(const BaumNode&) {}
+};
+
+class Baum {
+public:
+    Baum();
+    ~Baum();
+    Baum(const Baum&) = delete;
+    Baum& operator=(const Baum&) = delete;
+
+    /// Adds a node below `parent`, or a root when it is null. Returns null and adds nothing when the key is taken.
+    /// Nodes stay where they are in memory until they are removed.
+    /// @param image  key of an icon; a literal or another text that outlives the tree
+    BaumNode* Add(BaumNode* parent, std::string key, std::string text, std::string_view image);
+    [[nodiscard]] BaumNode* Item(std::string_view key) const;
+    [[nodiscard]] bool Exist(std::string_view key) const { return Item(key) != nullptr; }
+    [[nodiscard]] int Count() const;
+    /// The top level in its order.
+    [[nodiscard]] const std::vector<BaumNode*>& Roots() const;
+    /// Takes a node out with all below it. A selected node among them leaves nothing selected.
+    void Remove(BaumNode& node);
+    void Clear();
+
+    /// The node stays in its place, also below a node that is Sorted.
+    void SetText(BaumNode& node, std::string text);
+    void SetImage(BaumNode& node, std::string_view image);
+    void SetExpandedImage(BaumNode& node, std::string_view image);
+    void SetForeColor(BaumNode& node, std::int32_t color);
+    void SetBold(BaumNode& node, bool bold);
+    /// From now on new children are entered by their texts; children that stand there already are sorted.
+    void SetSorted(BaumNode& node, bool sorted);
+    void SetExpanded(BaumNode& node, bool expanded);
+    void SetChecked(BaumNode& node, bool checked);
+    void CollapseAll();
+
+    [[nodiscard]] BaumNode* Selected() const;
+    void Select(BaumNode* node);
+    /// Expands all ancestors and asks the widget to scroll.
+    void EnsureVisible(BaumNode& node);
+
+    /// Null disconnects. Never owned.
+    void SetListener(BaumListener* listener);
+
+    /// While one lives, a large change is one reset for the listener, which begins with the first node that comes or
+    /// goes, and sorting waits for its end: until then new children stand behind the others. A change of looks alone is
+    /// told by one ManyChanged. Nests.
+    class Filling {
+    public:
+        explicit Filling(Baum& baum);
+        ~Filling();
+        Filling(const Filling&) = delete;
+        Filling& operator=(const Filling&) = delete;
+
+    private:
+        Baum& baum_;
+    };
+
+private:
+    struct State;
+    std::unique_ptr<State> state_;
+};

@@ -1,0 +1,108 @@
+// The coloured text of the code view, computed without a widget: which stretch of a module is shown, and what each of
+// its characters is by what the analysis knows.
+//
+// The text is painted by one selection after the other, as a person with a brush would do it: what is painted later
+// covers what was there. Positions in the shown text count from 0, positions in a module from 1.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "shell/vb_text.h"
+
+class clsCall;
+class clsModul;
+class clsProjekt;
+class clsProzedur;
+class clsTypeLib;
+class CodeObject;
+class CodePage;
+
+/// What a stretch of text means. All but the last have a colour among the settings.
+enum class Colour : std::uint8_t {
+    None,
+    Comment,
+    String,
+    NotCompiled,
+    Public,
+    Private,
+    CallLocal,
+    CallIn,
+    CallOut,
+    CallMayBe,
+    FunctionResult,  // places of the variable that holds the result of its function; emphasised
+};
+
+/// The colour of the settings behind a meaning, 32-bit BGR; 0 for None.
+[[nodiscard]] std::int32_t ColourOf(Colour what);
+
+/// A stretch of the shown text.
+struct CodeRange {
+    Pos start = 0;  // 0-based
+    Pos length = 0;
+    bool operator==(const CodeRange&) const = default;
+};
+
+struct CodeSpan {
+    Pos start = 0;  // 0-based
+    Pos length = 0;
+    Colour what = Colour::None;
+    bool operator==(const CodeSpan&) const = default;
+};
+
+struct CodeText {
+    std::string text;                // bytes as in the source
+    const CodePage* page = nullptr;  // in which they are shown; null for the active one
+    Pos first = 1;                   // position of the first character in its module
+    int firstLine = 0;               // line of the file that the text begins with; 0 when it stands in no file
+    std::vector<CodeSpan> spans;     // rising, none over another
+    bool onGrey = false;             // a dead or undead procedure
+    bool localsChecked = false;      // the procedure's local variables got their edges just now
+
+    [[nodiscard]] Pos InModule(Pos start) const { return start + first; }
+    /// The part of a stretch of the module that is shown, or nothing.
+    [[nodiscard]] std::optional<CodeRange> Shown(Pos posInModule, Pos length) const;
+    /// "public:Foo callIn:Bar maybe:x", the whole of what is coloured.
+    [[nodiscard]] std::string Dump() const;
+};
+
+/// Takes selections of a module's stretch one after the other.
+class CodePaint {
+public:
+    CodePaint(Pos first, Pos length) : first_(first), cells_(static_cast<std::size_t>(length), '\0') {}
+    [[nodiscard]] Pos First() const { return first_; }
+    [[nodiscard]] Pos Length() const { return Len({cells_.data(), cells_.size()}); }
+    /// @param pos  in the module; what lies outside the stretch is left out
+    void Select(Pos pos, Pos length, Colour what);
+    /// What was painted, neighbours of one meaning as one span.
+    [[nodiscard]] std::vector<CodeSpan> Spans() const;
+
+private:
+    Pos first_;
+    std::string cells_;  // a Colour for each character
+};
+
+/// The declarations of a module; of a library's module what is told of the library.
+[[nodiscard]] CodeText ShowMe(const clsModul& modul);
+/// A procedure. The first time its local variables are looked for, which is told by localsChecked.
+[[nodiscard]] CodeText ShowMe(clsProjekt& projekt, clsProzedur& prozedur);
+/// What is known of a library: first the path of its file.
+[[nodiscard]] CodeText ShowMe(const clsTypeLib& library);
+
+/// Colours the calls and uses of a module's declarations.
+void ShowUses(const clsModul& modul, CodePaint& paint);
+/// Colours the variables of a procedure and what it calls and uses.
+void ShowCalls(const clsProzedur& prozedur, CodePaint& paint);
+
+/// Where the object's name stands in its declaration, in a text that shows it; nothing for other texts and for objects
+/// without a name in the code.
+[[nodiscard]] std::optional<CodeRange> NameMarkieren(const CodeObject& object, const CodeText& shown);
+
+/// Whether a procedure is declared among the declarations of its module: an external one or an event.
+[[nodiscard]] bool StandsInDeclarations(const clsProzedur& prozedur);
+
+/// What a place is that a procedure calls or uses.
+[[nodiscard]] Colour ColourOfCall(const clsCall& call, const clsModul& caller);

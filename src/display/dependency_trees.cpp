@@ -1,0 +1,455 @@
+// A fill walks over edges, of which a module can have thousands; it remembers the neighbours it has seen by their
+// addresses, so that everything that costs more than a glance is done once for each.
+#include "display/dependency_trees.h"
+
+#include <algorithm>
+#include <optional>
+#include <string>
+#include <unordered_set>
+
+#include "calls/edges.h"
+#include "display/baum.h"
+#include "display/code_paths.h"
+#include "display/project_tree.h"
+#include "display/tree_checks.h"
+#include "display/tree_marks.h"
+#include "model/clsControl.h"
+#include "model/clsEnum.h"
+#include "model/clsProjekt.h"
+#include "model/clsProzedur.h"
+#include "model/clsType.h"
+#include "model/clsVariable.h"
+#include "shell/settings.h"
+
+namespace {
+
+BaumNode* ObtainRoot(Baum& tree, std::string_view key) {
+    if (BaumNode* there = tree.Item(key))
+        return there;
+    std::string text(key);
+    std::transform(text.begin(), text.end(), text.begin(),
+                   [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
+    BaumNode* root = tree.Add(nullptr, std::string(key), std::move(text), "OrdnerZu");
+    tree.SetExpandedImage(*root, "OrdnerAuf");
+    tree.SetSorted(*root, true);
+    tree.SetBold(*root, true);
+    tree.SetExpanded(*root, true);
+    return root;
+}
+
+BaumNode* ObtainLibrary(const clsTypeLib& library, Baum& tree) {
+    if (BaumNode* there = tree.Item(library.MyName()))
+        return there;
+    return tree.Add(ObtainRoot(tree, library.LibTyp), std::string(library.MyName()), std::string(library.myNameOrg()),
+                    LibraryImage(library));
+}
+
+BaumNode* ObtainModule(const clsModul& modul, Baum& tree) {
+    if (BaumNode* there = tree.Item(modul.MyName()))
+        return there;
+    BaumNode* parent = modul.myLibrary ? ObtainLibrary(*modul.myLibrary, tree) : ObtainRoot(tree, modul.ModulTyp);
+    return tree.Add(parent, std::string(modul.MyName()), std::string(modul.myNameOrg()), modul.GetImageKey());
+}
+
+bool IsPublic(const CodeObject& object) {
+    return object.Zugriff.find("public") != std::string_view::npos;
+}
+
+// The group that an object of a module stands in, or nothing for what stands below another object.
+std::optional<TreeGroup> GroupOf(const CodeObject& object) {
+    const bool isPublic = IsPublic(object);
+    switch (object.Class()) {
+        case ObjectClass::Control:
+            return TreeGroup::Controls;
+        case ObjectClass::Type:
+            return isPublic ? TreeGroup::PublicType : TreeGroup::PrivateType;
+        case ObjectClass::Enum:
+            return isPublic ? TreeGroup::PublicEnum : TreeGroup::PrivateEnum;
+        case ObjectClass::Variable:
+            return isPublic ? TreeGroup::PublicVariable : TreeGroup::PrivateVariable;
+        case ObjectClass::Prozedur: {
+            const auto& prozedur = static_cast<const clsProzedur&>(object);
+            if (prozedur.ProzedurTyp().find("sub") != std::string_view::npos)
+                return isPublic ? TreeGroup::PublicSub : TreeGroup::PrivateSub;
+            if (prozedur.ProzedurTyp().find("function") != std::string_view::npos)
+                return isPublic ? TreeGroup::PublicFunction : TreeGroup::PrivateFunction;
+            return isPublic ? TreeGroup::PublicProperty : TreeGroup::PrivateProperty;
+        }
+        default:
+            return std::nullopt;
+    }
+}
+
+BaumNode* ObtainGroup(const CodeObject& object, TreeGroup group, Baum& tree) {
+    BaumNode* modul = ObtainModule(*object.Modul, tree);
+    const TreeGroupKind& kind = KindOf(group);
+    std::string key = modul->Key() + std::string(kind.suffix);
+    if (BaumNode* there = tree.Item(key))
+        return there;
+    const bool isProperty = group == TreeGroup::PublicProperty || group == TreeGroup::PrivateProperty;
+    BaumNode* node = tree.Add(modul, std::move(key), std::string(kind.text), isProperty ? "property" : kind.image);
+    tree.SetSorted(*node, true);
+    tree.SetExpanded(*node, true);
+    tree.SetBold(*node, true);
+    const bool isPrivate = object.Zugriff.find("private") != std::string_view::npos;
+    tree.SetForeColor(*node, isPrivate ? gColPrivates : gColPublics);
+    return node;
+}
+
+BaumNode* ObtainNode(const CodeObject& object, Baum& tree, PathBuffer& path);
+
+// What an object's node stands below.
+BaumNode* ObtainParent(const CodeObject& object, Baum& tree, PathBuffer& path) {
+    if (object.Class() == ObjectClass::Variable) {
+        const auto& variable = static_cast<const clsVariable&>(object);
+        if (variable.Prozedur)
+            return ObtainNode(*variable.Prozedur, tree, path);
+        if (variable.MyType)
+            return ObtainNode(*variable.MyType, tree, path);
+        if (variable.MyEnum)
+            return ObtainNode(*variable.MyEnum, tree, path);
+    }
+    const std::optional<TreeGroup> group = GroupOf(object);
+    if (group && object.Modul)
+        return ObtainGroup(object, *group, tree);
+    return object.myLibrary ? ObtainLibrary(*object.myLibrary, tree) : nullptr;
+}
+
+BaumNode* ObtainNode(const CodeObject& object, Baum& tree, PathBuffer& path) {
+    if (object.Class() == ObjectClass::TypeLib)
+        return ObtainLibrary(static_cast<const clsTypeLib&>(object), tree);
+    if (object.Class() == ObjectClass::Modul)
+        return ObtainModule(static_cast<const clsModul&>(object), tree);
+    if (object.Class() == ObjectClass::Variable && static_cast<const clsVariable&>(object).isFormInstance)
+        return ObtainModule(*object.Modul, tree);
+    if (BaumNode* there = tree.Item(path.Of(object)))
+        return there;
+    BaumNode* parent = ObtainParent(object, tree, path);
+    if (!parent)
+        return nullptr;
+    BaumNode* node = tree.Add(parent, std::string(path.Of(object)), NodeText(object), object.GetImageKey());
+    if (!node)  // an object without a name has the path of its parent
+        return parent;
+    if (object.IsDeath > 0)
+        tree.SetForeColor(*node, kTextGrey);
+    return node;
+}
+
+// An object that is shown as a neighbour, and what was seen meanwhile.
+class Fill {
+public:
+    Fill(const clsProjekt& projekt, Baum& tree, bool clear)
+        : projekt_(projekt), tree_(tree), filling_(tree), opens_(clear) {
+        if (clear)
+            tree.Clear();
+    }
+
+    void CalledBy(const CodeObject& object, CallType type) {
+        if (object.Class() == ObjectClass::Modul)
+            return CalledByOfModule(static_cast<const clsModul&>(object), type);
+        if (object.Class() != ObjectClass::TypeLib)
+            Callers(object.CalledByAll, type);
+        if (object.Class() == ObjectClass::Type)
+            CalledByOfMembers(static_cast<const clsType&>(object), type);
+        else if (object.Class() == ObjectClass::Enum)
+            CalledByOfMembers(static_cast<const clsEnum&>(object), type);
+    }
+
+    void Calls(const CodeObject& object, CallType type) {
+        switch (object.Class()) {
+            case ObjectClass::Prozedur:
+                return CallsOfProcedure(static_cast<const clsProzedur&>(object), type);
+            case ObjectClass::Modul:
+                return CallsOfModule(static_cast<const clsModul&>(object), type);
+            case ObjectClass::Type:
+                if (type == CallType::Really)
+                    Uses(object);
+                return;
+            default:
+                return;
+        }
+    }
+
+    void Uses(const CodeObject& object) {
+        switch (object.Class()) {
+            case ObjectClass::Prozedur:
+                return Targets(static_cast<const clsProzedur&>(object).UsesAll, CallType::Use);
+            case ObjectClass::Modul:
+                return Targets(static_cast<const clsModul&>(object).UsesAll, CallType::Use);
+            case ObjectClass::Type:
+                return Targets(static_cast<const clsType&>(object).UsesAll, CallType::Use);
+            default:
+                return;
+        }
+    }
+
+    void UsedBy(const CodeObject& object) {
+        switch (object.Class()) {
+            case ObjectClass::Modul:
+                return Callers(static_cast<const clsModul&>(object).UsedByAll, CallType::Use);
+            case ObjectClass::Type:
+                return Callers(static_cast<const clsType&>(object).UsedByAll, CallType::Use);
+            case ObjectClass::Enum:
+                return Callers(static_cast<const clsEnum&>(object).UsedByAll, CallType::Use);
+            case ObjectClass::TypeLib:
+                return Callers(static_cast<const clsTypeLib&>(object).UsedByAll, CallType::Use);
+            default:
+                return;
+        }
+    }
+
+private:
+    void CalledByOfModule(const clsModul& modul, CallType type) {
+        Callers(modul.CalledByAll, type);
+        if (modul.ModulTyp == "form")
+            if (const clsVariable* instance = projekt_.FormVars.Item(modul.NameKey()))
+                CalledBy(*instance, type);
+        for (const clsProzedur* prozedur : modul.MyProcs)
+            CalledBy(*prozedur, type);
+        for (const clsVariable* variable : modul.MyVars)
+            CalledBy(*variable, type);
+        for (const clsType* einType : modul.myTypes)
+            CalledBy(*einType, type);
+        for (const clsEnum* einEnum : modul.myEnums)
+            CalledBy(*einEnum, type);
+        if (type == CallType::Really)
+            UsedBy(modul);
+    }
+
+    template <class Owner>
+    void CalledByOfMembers(const Owner& owner, CallType type) {
+        for (const clsVariable* member : owner.MyVars)
+            CalledBy(*member, type);
+        if (type == CallType::Really)
+            UsedBy(owner);
+    }
+
+    void CallsOfProcedure(const clsProzedur& prozedur, CallType type) {
+        if (type == CallType::Really)
+            Uses(prozedur);
+        Targets(prozedur.CallsAll, type);
+    }
+
+    void CallsOfModule(const clsModul& modul, CallType type) {
+        for (const clsProzedur* prozedur : modul.MyProcs)
+            CallsOfProcedure(*prozedur, type);
+        Targets(modul.CallsInDeclarations, type);
+        if (type == CallType::MayBe)
+            return;
+        Targets(modul.CallsInDeclarations, CallType::Use);
+        Uses(modul);
+    }
+
+    void Callers(const IncomingEdges& edges, CallType type) {
+        for (const clsCall* call : edges) {
+            if (call->Type() != type)
+                continue;
+            if (call->CallProcedure())
+                Show(*call->CallProcedure());
+            else if (call->CallModule())
+                Show(*call->CallModule());
+        }
+    }
+
+    void Targets(const OutgoingEdges& edges, CallType type) {
+        for (const clsCall* call : edges)
+            if (call->Type() == type && call->Parent->Zugriff != "argument" && call->Parent->Zugriff != "procedure")
+                Show(*call->Parent);
+    }
+
+    void Show(const CodeObject& neighbour) {
+        if (&neighbour == last_ || !seen_.insert(&neighbour).second)
+            return;
+        last_ = &neighbour;
+        if (Exist_In_CheckedObjects(neighbour))
+            return;
+        const BaumNode* node = ObtainNode(neighbour, tree_, path_);
+        if (!node || !opens_)
+            return;
+        const clsModul* modul =
+            neighbour.Class() == ObjectClass::Modul ? static_cast<const clsModul*>(&neighbour) : neighbour.Modul;
+        if (!modul)
+            return;
+        if (BaumNode* of = tree_.Item(modul->MyName()))
+            tree_.SetExpanded(*of, true);
+        if (modul->myLibrary)
+            if (BaumNode* of = tree_.Item(modul->myLibrary->MyName()))
+                tree_.SetExpanded(*of, true);
+    }
+
+    const clsProjekt& projekt_;
+    Baum& tree_;
+    const Baum::Filling filling_;
+    bool opens_;
+    std::unordered_set<const CodeObject*> seen_;
+    const CodeObject* last_ = nullptr;
+    PathBuffer path_;
+};
+
+const CodeObject& ProcedureOrItself(const CodeObject& object) {
+    if (object.Class() == ObjectClass::Variable)
+        if (const clsProzedur* prozedur = static_cast<const clsVariable&>(object).Prozedur)
+            return *prozedur;
+    return object;
+}
+
+CallType CertaintyOf(bool mayBe) {
+    return mayBe ? CallType::MayBe : CallType::Really;
+}
+
+template <class Objects, class Question>
+bool AnyOf(const Objects& objects, Question question) {
+    for (const auto* object : objects)
+        if (question(*object))
+            return true;
+    return false;
+}
+
+// The questions of the buttons, asked of everything that the object's tree would show.
+bool HasCallers(const clsProjekt& projekt, const CodeObject& object, CallType type) {
+    if (Is_CalledBy(object, type) || (type == CallType::Really && Is_UsedBy(object, CallType::Use)))
+        return true;
+    const auto hasCallers = [&](const CodeObject& part) { return HasCallers(projekt, part, type); };
+    switch (object.Class()) {
+        case ObjectClass::Type:
+            return AnyOf(static_cast<const clsType&>(object).MyVars, hasCallers);
+        case ObjectClass::Enum:
+            return AnyOf(static_cast<const clsEnum&>(object).MyVars, hasCallers);
+        case ObjectClass::Modul: {
+            const auto& modul = static_cast<const clsModul&>(object);
+            const clsVariable* instance = modul.ModulTyp == "form" ? projekt.FormVars.Item(modul.NameKey()) : nullptr;
+            return (instance && hasCallers(*instance)) || AnyOf(modul.MyProcs, hasCallers) ||
+                   AnyOf(modul.MyVars, hasCallers) || AnyOf(modul.myTypes, hasCallers) ||
+                   AnyOf(modul.myEnums, hasCallers);
+        }
+        default:
+            return false;
+    }
+}
+
+bool HasCallees(const CodeObject& object, CallType type) {
+    const bool really = type == CallType::Really;
+    switch (object.Class()) {
+        case ObjectClass::Prozedur:
+            return Is_Calls(static_cast<const clsProzedur&>(object), type);
+        case ObjectClass::Type:
+            return really && static_cast<const clsType&>(object).UsesAll.Count() > 0;
+        case ObjectClass::Modul: {
+            const auto& modul = static_cast<const clsModul&>(object);
+            for (const clsCall* call : modul.CallsInDeclarations)
+                if ((call->Type() != CallType::MayBe) == really)
+                    return true;
+            return (really && modul.UsesAll.Count() > 0) || AnyOf(modul.MyProcs, [&](const clsProzedur& prozedur) {
+                       return Is_Calls(prozedur, type) || (really && prozedur.UsesAll.Count() > 0);
+                   });
+        }
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
+BaumNode* Anzeigen_InBaum(const CodeObject& object, Baum& tree) {
+    PathBuffer path;
+    return ObtainNode(object, tree, path);
+}
+
+void Anzeigen_CalledBy(const clsProjekt& projekt, const CodeObject& object, Baum& tree, bool clear) {
+    Fill(projekt, tree, clear).CalledBy(object, CallType::Really);
+}
+
+void Anzeigen_MayBe_CalledBy(const clsProjekt& projekt, const CodeObject& object, Baum& tree, bool clear) {
+    Fill(projekt, tree, clear).CalledBy(object, CallType::MayBe);
+}
+
+void Anzeigen_Calls(const clsProjekt& projekt, const CodeObject& object, Baum& tree, bool clear) {
+    Fill(projekt, tree, clear).Calls(object, CallType::Really);
+}
+
+void Anzeigen_MayBe_Calls(const clsProjekt& projekt, const CodeObject& object, Baum& tree, bool clear) {
+    Fill(projekt, tree, clear).Calls(object, CallType::MayBe);
+}
+
+void Anzeigen_Uses(const clsProjekt& projekt, const CodeObject& object, Baum& tree, bool clear) {
+    Fill(projekt, tree, clear).Uses(object);
+}
+
+void Anzeigen_UsedBy(const clsProjekt& projekt, const CodeObject& object, Baum& tree, bool clear) {
+    Fill(projekt, tree, clear).UsedBy(object);
+}
+
+void Show_Dependencies_AllCalledBy(const clsProjekt& projekt, const CodeObject* current, Baum& calledBy, bool mayBe,
+                                   bool clear) {
+    const Baum::Filling whole(calledBy);
+    if (clear)
+        calledBy.Clear();
+    if (!current)
+        return;
+    const CodeObject& object = ProcedureOrItself(*current);
+    if (object.Class() == ObjectClass::TypeLib)
+        Anzeigen_UsedBy(projekt, object, calledBy, clear);
+    else
+        Fill(projekt, calledBy, clear).CalledBy(object, CertaintyOf(mayBe));
+    if (object.Class() == ObjectClass::Modul)
+        Collapse_Module(calledBy);
+}
+
+void Show_Dependencies_AllCalls(const clsProjekt& projekt, const CodeObject* current, Baum& calls, bool mayBe,
+                                bool clear) {
+    const Baum::Filling whole(calls);
+    if (clear)
+        calls.Clear();
+    if (!current)
+        return;
+    const CodeObject& object = ProcedureOrItself(*current);
+    Fill(projekt, calls, clear).Calls(object, CertaintyOf(mayBe));
+    if (object.Class() == ObjectClass::Modul)
+        Collapse_Module(calls);
+}
+
+void Show_Dependencies_Group(const clsProjekt& projekt, Baum& calledBy, Baum& calls, bool mayBeCalledBy,
+                             bool mayBeCalls) {
+    const Baum::Filling wholeCalledBy(calledBy);
+    const Baum::Filling wholeCalls(calls);
+    calledBy.Clear();
+    calls.Clear();
+    Fill callers(projekt, calledBy, false);
+    Fill callees(projekt, calls, false);
+    for (const CodeObject* object : gCheckedObjects) {
+        if (object->Class() == ObjectClass::TypeLib)
+            continue;
+        callers.CalledBy(*object, CertaintyOf(mayBeCalledBy));
+        callees.Calls(*object, CertaintyOf(mayBeCalls));
+    }
+}
+
+void Collapse_Module(Baum& tree) {
+    for (const std::string_view key : {"module", "form", "class", "usercontrol"})
+        if (const BaumNode* root = tree.Item(key))
+            for (BaumNode* modul : root->ChildNodes())
+                tree.SetExpanded(*modul, false);
+}
+
+bool Exist_In_CheckedObjects(const CodeObject& object) {
+    if (gCheckedObjects.Count() == 0)
+        return false;
+    PathBuffer path;
+    return gCheckedObjects.Contains(path.Of(object)) ||
+           (object.Modul && gCheckedObjects.Contains(path.Of(*object.Modul)));
+}
+
+DependencyButtons Activate_Dependencies(const clsProjekt& projekt, const CodeObject* current) {
+    if (!current)
+        return {};
+    const CodeObject& object = ProcedureOrItself(*current);
+    return {.CalledByReally = HasCallers(projekt, object, CallType::Really),
+            .CalledByMaybe = HasCallers(projekt, object, CallType::MayBe),
+            .CallsReally = HasCallees(object, CallType::Really),
+            .CallsMaybe = HasCallees(object, CallType::MayBe)};
+}
+
+BaumNode* Drop_Module(const clsProjekt& projekt, Baum& tree, std::string_view key) {
+    const clsModul* modul = projekt.GetModuleFromCodePath(key);
+    return modul ? ObtainModule(*modul, tree) : nullptr;
+}

@@ -1,0 +1,67 @@
+#include "display/diagnosis.h"
+
+#include "model/clsEnum.h"
+#include "model/clsProjekt.h"
+#include "model/clsProzedur.h"
+#include "model/clsType.h"
+#include "model/clsVariable.h"
+#include "model/counters.h"
+
+namespace {
+
+struct Totals {
+    int procedures = 0, variables = 0, types = 0, enums = 0, really = 0, mayBe = 0;
+
+    void Add(const clsModul& modul) {
+        procedures += modul.MyProcs.Count();
+        variables += modul.MyVars.Count();
+        types += modul.myTypes.Count();
+        enums += modul.myEnums.Count();
+        for (const clsType* type : modul.myTypes)
+            variables += type->MyVars.Count();
+        for (const clsEnum* einEnum : modul.myEnums)
+            variables += einEnum->MyVars.Count();
+        for (const clsProzedur* prozedur : modul.MyProcs) {
+            variables += prozedur->MyVars.Count();
+            for (const clsCall* call : prozedur->CallsAll)
+                ++(call->Type() == CallType::MayBe ? mayBe : really);
+        }
+    }
+};
+
+int Count(const clsProjekt* projekt, clsCollection<clsModul> clsProjekt::* modules) {
+    return projekt ? (projekt->*modules).Count() : 0;
+}
+
+}  // namespace
+
+std::string DiagnosticSummary(const clsProjekt* projekt) {
+    Totals totals;
+    if (projekt)
+        for (const clsCollection<clsModul>* modules :
+             {&projekt->Formulare, &projekt->Klassenmodule, &projekt->Modules})
+            for (const clsModul* modul : *modules)
+                totals.Add(*modul);
+
+    std::string text = "Projektstruktur\t\tCode-Objekte\n";
+    const auto pair = [&text](const char* left, int leftCount, const char* right, int rightCount) {
+        text += left + std::to_string(leftCount) + "\t\t" + right + std::to_string(rightCount) + "\n";
+    };
+    const auto line = [&text](const char* label, long long count) { text += label + std::to_string(count) + "\n"; };
+    pair("Module: ", Count(projekt, &clsProjekt::Modules), "Prozeduren: ", totals.procedures);
+    pair("Klassenmodule: ", Count(projekt, &clsProjekt::Klassenmodule), "Variablen: ", totals.variables);
+    pair("Formulare: ", Count(projekt, &clsProjekt::Formulare), "Strukturen: ", totals.types);
+    line("Enums: ", totals.enums);
+    text += "\n";
+    line("Really-Aufrufe: ", totals.really);
+    line("MayBe-Aufrufe: ", totals.mayBe);
+    text += "\n\n\nObjektinstanzen\n";
+    line("clsModul: ", gCountModul);
+    line("clsProzedur: ", gCountProzedur);
+    line("clsType: ", gCountType);
+    line("clsEnum: ", gCountEnum);
+    line("clsVariable: ", gCountVariable);
+    line("clsCall: ", gCountCall);
+    line("clsCollection: ", gCountCollection);
+    return text;
+}

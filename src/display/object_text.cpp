@@ -1,0 +1,305 @@
+#include "display/object_text.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+#include "display/properties.h"
+#include "display/shown_text.h"
+#include "model/clsControl.h"
+#include "model/clsEnum.h"
+#include "model/clsProjekt.h"
+#include "model/clsProzedur.h"
+#include "model/clsType.h"
+#include "model/clsTypeLib.h"
+#include "model/clsVariable.h"
+#include "source/module_text.h"
+
+namespace {
+
+// Out of the language file.
+enum TextNumber {
+    TextCodeLines = 56,
+    TextOwner = 79,
+    TextDataType = 80,
+    TextLocal = 81,
+    TextCalls = 85,
+    TextCalledBy = 86,
+    TextCertain = 160,
+    TextPossible = 161,
+    TextUsedBy = 162,
+    TextUses = 163,
+    TextLine = 164,
+    TextLines = 165,
+    TextDead = 166,
+    TextUndeadCallers = 167,
+    TextUndeadRing = 168,
+    TextLocalsUnused = 169,
+    TextFirstInLine = 170,
+};
+
+constexpr std::size_t kLongestLine = 240;
+constexpr std::size_t kNamedCallers = 5;
+constexpr std::size_t kCallersFollowed = 10'000;
+
+std::string Labelled(int nr, std::string_view value) {
+    return Utf8TextNr(nr).append(": ").append(value);
+}
+
+// Cut between two characters.
+std::string Shortened(std::string text) {
+    if (text.size() <= kLongestLine)
+        return text;
+    std::size_t end = kLongestLine;
+    while (end > 0 && (static_cast<unsigned char>(text[end]) & 0xC0) == 0x80)
+        --end;
+    text.resize(end);
+    return text.append("\u2026");
+}
+
+std::string KindOf(const CodeObject& object) {
+    switch (object.Class()) {
+        case ObjectClass::Modul:
+            return std::string(static_cast<const clsModul&>(object).ModulTyp);
+        case ObjectClass::Prozedur: {
+            const auto& prozedur = static_cast<const clsProzedur&>(object);
+            std::string kind(prozedur.Zugriff);
+            if (prozedur.isDeclare)
+                kind.append(" declare");
+            else if (prozedur.IsEvent || prozedur.IsUserEvent)
+                kind.append(" event");
+            return KindAndName(kind, prozedur.ProzedurTyp());
+        }
+        case ObjectClass::Variable: {
+            const auto& variable = static_cast<const clsVariable&>(object);
+            if (variable.MyType || variable.MyEnum || (variable.Zugriff == "argument" && !variable.isResult))
+                return std::string(variable.Zugriff);
+            const std::string access = variable.Prozedur ? Utf8TextNr(TextLocal) : std::string(variable.Zugriff);
+            return KindAndName(access, variable.IsConst ? "const" : "variable");
+        }
+        case ObjectClass::Type:
+            return KindAndName(object.Zugriff, "type");
+        case ObjectClass::Enum:
+            return KindAndName(object.Zugriff, "enum");
+        case ObjectClass::Control:
+            return "control";
+        case ObjectClass::TypeLib:
+            return std::string(static_cast<const clsTypeLib&>(object).LibTyp);
+    }
+    return {};
+}
+
+std::string_view DataTypeOf(const CodeObject& object) {
+    switch (object.Class()) {
+        case ObjectClass::Variable:
+            return static_cast<const clsVariable&>(object).DatenTyp();
+        case ObjectClass::Control:
+            return static_cast<const clsControl&>(object).DatenTyp();
+        default:
+            return {};
+    }
+}
+
+const IncomingEdges* UsesOf(const CodeObject& object) {
+    switch (object.Class()) {
+        case ObjectClass::Modul:
+            return &static_cast<const clsModul&>(object).UsedByAll;
+        case ObjectClass::Type:
+            return &static_cast<const clsType&>(object).UsedByAll;
+        case ObjectClass::Enum:
+            return &static_cast<const clsEnum&>(object).UsedByAll;
+        case ObjectClass::TypeLib:
+            return &static_cast<const clsTypeLib&>(object).UsedByAll;
+        default:
+            return nullptr;
+    }
+}
+
+// The implicit instance of a form, which bears the calls that name the form.
+const clsVariable* InstanceOf(const CodeObject& object) {
+    return object.Class() == ObjectClass::Modul && gProjekt ? gProjekt->FormVars.Item(object.NameKey()) : nullptr;
+}
+
+struct Counts {
+    int certain = 0;
+    int possible = 0;
+
+    void Add(const clsCall& call) { ++(call.Type() == CallType::MayBe ? possible : certain); }
+    template <class Edges>
+    void AddAll(const Edges& edges) {
+        for (const clsCall* call : edges)
+            Add(*call);
+    }
+    [[nodiscard]] bool Any() const { return certain + possible > 0; }
+    [[nodiscard]] std::string Text() const {
+        return std::to_string(certain) + " " + Utf8TextNr(TextCertain) + ", " + std::to_string(possible) + " " +
+               Utf8TextNr(TextPossible);
+    }
+};
+
+template <class Owner>
+Counts CallsOfMembers(const Owner& owner) {
+    Counts counts;
+    for (const clsVariable* member : owner.MyVars)
+        counts.AddAll(member->CalledByAll);
+    return counts;
+}
+
+Counts CallersOf(const CodeObject& object) {
+    if (object.Class() == ObjectClass::Type)
+        return CallsOfMembers(static_cast<const clsType&>(object));
+    if (object.Class() == ObjectClass::Enum)
+        return CallsOfMembers(static_cast<const clsEnum&>(object));
+    Counts counts;
+    counts.AddAll(object.CalledByAll);
+    if (const clsVariable* const instance = InstanceOf(object))
+        counts.AddAll(instance->CalledByAll);
+    return counts;
+}
+
+// What a procedure calls but for its own variables.
+Counts CallsOf(const clsProzedur& prozedur) {
+    Counts counts;
+    for (const clsCall* call : prozedur.CallsAll) {
+        const bool isOwn = call->Parent->Class() == ObjectClass::Variable &&
+                           static_cast<const clsVariable*>(call->Parent)->Prozedur == &prozedur;
+        if (!isOwn)
+            counts.Add(*call);
+    }
+    return counts;
+}
+
+std::string LinesOf(const CodeObject& object) {
+    if (object.Class() == ObjectClass::Modul) {
+        const auto& modul = static_cast<const clsModul&>(object);
+        return Labelled(TextLines, std::to_string(modul.LineCount)) + ", " +
+               Labelled(TextCodeLines, std::to_string(modul.AnzLineCode));
+    }
+    if (!object.Modul || !object.Modul->text || object.DeclareStart < 1)
+        return {};
+    const std::string_view text = object.Modul->text->ModulTextOrg();
+    const int first = LineOf(text, object.DeclareStart);
+    const bool isBlock = object.Class() == ObjectClass::Prozedur || object.Class() == ObjectClass::Type ||
+                         object.Class() == ObjectClass::Enum;
+    const int last = isBlock ? LineOf(text, std::max(object.DeclareEnd - 1, object.DeclareStart)) : first;
+    if (first == last)
+        return Labelled(TextLine, std::to_string(first));
+    return Labelled(TextLines, std::to_string(first) + "\u2013" + std::to_string(last) + " (" +
+                                   std::to_string(last - first + 1) + ")");
+}
+
+// The procedures that call one, each once, in the order of their calls.
+std::vector<const clsProzedur*> CallingProcedures(const clsProzedur& prozedur) {
+    std::vector<const clsProzedur*> callers;
+    std::unordered_set<const clsProzedur*> known;
+    for (const clsCall* call : prozedur.CalledByAll)
+        if (call->CallProcedure() && known.insert(call->CallProcedure()).second)
+            callers.push_back(call->CallProcedure());
+    return callers;
+}
+
+// Whether nothing that is plainly dead stands behind an undead procedure, near or far: it and its callers keep each
+// other.
+bool IsRing(const clsProzedur& prozedur) {
+    std::vector<const clsProzedur*> open{&prozedur};
+    std::unordered_set<const clsProzedur*> known{&prozedur};
+    std::size_t followed = 0;
+    while (!open.empty()) {
+        const clsProzedur* const at = open.back();
+        open.pop_back();
+        for (const clsCall* call : at->CalledByAll) {
+            const clsProzedur* const caller = call->CallProcedure();
+            if (!caller || caller->IsDeath != 2 || ++followed > kCallersFollowed)
+                return false;
+            if (known.insert(caller).second)
+                open.push_back(caller);
+        }
+    }
+    return true;
+}
+
+std::string WhyDead(const CodeObject& object) {
+    if (object.Class() == ObjectClass::Variable) {
+        const auto& variable = static_cast<const clsVariable&>(object);
+        if (variable.Prozedur)
+            return variable.Prozedur->LocalCallsChecked && variable.CalledByAll.Count() == 0
+                       ? Utf8TextNr(TextLocalsUnused)
+                       : std::string();
+    }
+    if (object.IsDeath == 1)
+        return Utf8TextNr(TextDead);
+    if (object.IsDeath != 2 || object.Class() != ObjectClass::Prozedur)
+        return {};
+    const auto& prozedur = static_cast<const clsProzedur&>(object);
+    const bool isRing = IsRing(prozedur);
+    std::string names;
+    const std::vector<const clsProzedur*> callers = CallingProcedures(prozedur);
+    for (std::size_t i = 0; i < std::min(callers.size(), kNamedCallers); ++i)
+        names.append(i == 0 ? "" : ", ").append(Utf8Of(callers[i]->Modul, callers[i]->CodePathOrg()));
+    if (callers.size() > kNamedCallers)
+        names.append(", \u2026");
+    return Labelled(isRing ? TextUndeadRing : TextUndeadCallers, names);
+}
+
+}  // namespace
+
+std::vector<std::string> ObjectText(const CodeObject& object) {
+    std::vector<std::string> lines;
+    const auto add = [&lines](std::string line) {
+        if (!line.empty())
+            lines.push_back(std::move(line));
+    };
+    const clsModul* const modul =
+        object.Class() == ObjectClass::Modul ? static_cast<const clsModul*>(&object) : object.Modul;
+    const std::string_view path = object.Class() == ObjectClass::Variable ? object.myNameOrg() : std::string_view();
+    add(KindAndName(KindOf(object), Utf8Of(modul, path.empty() ? object.CodePathOrg() : std::string(path))));
+    // A path is in the system's page, whatever the text of its file is in.
+    add(Shortened(Utf8Of(object.Modul, Declaration(object))));
+    if (const std::string owner = OwnerText(object); !owner.empty())
+        add(Labelled(TextOwner, Utf8Of(modul, owner)));
+    if (const std::string_view type = DataTypeOf(object); !type.empty())
+        add(Labelled(TextDataType, Shortened(Utf8Of(modul, type))));
+
+    const IncomingEdges* const uses = UsesOf(object);
+    const Counts callers = CallersOf(object);
+    if (!uses || callers.Any())
+        add(Labelled(TextCalledBy, callers.Text()));
+    if (uses)
+        add(Labelled(TextUsedBy, std::to_string(uses->Count())));
+    if (object.Class() == ObjectClass::Prozedur) {
+        const auto& prozedur = static_cast<const clsProzedur&>(object);
+        add(Labelled(TextCalls, CallsOf(prozedur).Text()));
+        if (prozedur.UsesAll.Count() > 0)
+            add(Labelled(TextUses, std::to_string(prozedur.UsesAll.Count())));
+    }
+    add(LinesOf(object));
+    add(WhyDead(object));
+    return lines;
+}
+
+std::string CallsText(const CodeObject& caller, const CodeObject& target, CallType type) {
+    int count = 0;
+    const clsCall* first = nullptr;
+    const clsModul* modul = nullptr;
+    const auto look = [&](const IncomingEdges& edges) {
+        for (const clsCall* call : edges) {
+            const clsModul* const from = call->CallProcedure() ? call->CallProcedure()->Modul : call->CallModule();
+            const bool isWanted = call->Type() == type || (type == CallType::Really && call->Type() == CallType::Use);
+            if (!isWanted || !from || (call->CallProcedure() != &caller && from != &caller))
+                continue;
+            ++count;
+            if (!first || call->CallPos < first->CallPos) {
+                first = call;
+                modul = from;
+            }
+        }
+    };
+    look(target.CalledByAll);
+    if (const clsVariable* const instance = InstanceOf(target))
+        look(instance->CalledByAll);
+    if (const IncomingEdges* const uses = UsesOf(target))
+        look(*uses);
+    if (!first || !modul->text)
+        return {};
+    return std::to_string(count) + " " + Utf8TextNr(type == CallType::MayBe ? TextPossible : TextCertain) + ", " +
+           Labelled(TextFirstInLine, std::to_string(LineOf(modul->text->ModulTextOrg(), first->CallPos)));
+}

@@ -1,0 +1,9 @@
+// What a reported problem is of, and what it means for what the program shows.
+#pragma once
+
+#include <string_view>
+
+/// The tag without what a few of them carry in brackets: problems of one kind share it.
+[[nodiscard]] std::string_view ProblemKind(std::string_view tag);
+/// Number of the text that says what the problem means for the results.
+[[nodiscard]] int ProblemMeaningNr(std::string_view tag);

@@ -1,0 +1,105 @@
+#include "display/properties.h"
+
+#include "model/clsEnum.h"
+#include "model/clsProjekt.h"
+#include "model/clsProzedur.h"
+#include "model/clsType.h"
+#include "model/clsVariable.h"
+
+namespace {
+
+// Labels and values out of the language file.
+enum TextNumber {
+    TextCodeLines = 56,
+    TextAccess = 77,
+    TextKind = 78,
+    TextOwner = 79,
+    TextDataType = 80,
+    TextLocal = 81
+};
+
+class Rows {
+public:
+    explicit Rows(std::string_view name) { rows_.push_back({{0, "Name"}, {0, std::string(name)}}); }
+    Rows& Add(int labelNr, std::string_view value) {
+        rows_.push_back({{labelNr, {}}, {0, std::string(value)}});
+        return *this;
+    }
+    Rows& AddText(int labelNr, int valueNr) {
+        rows_.push_back({{labelNr, {}}, {valueNr, {}}});
+        return *this;
+    }
+    [[nodiscard]] PropertyRows Take() { return std::move(rows_); }
+
+private:
+    PropertyRows rows_;
+};
+
+PropertyRows OfModul(const clsModul& modul) {
+    return Rows(modul.myNameOrg())
+        .Add(TextKind, modul.ModulTyp)
+        .Add(TextCodeLines, std::to_string(modul.AnzLineCode))
+        .Take();
+}
+
+PropertyRows OfProzedur(const clsProzedur& prozedur) {
+    Rows rows(prozedur.myNameOrg());
+    rows.Add(TextAccess, prozedur.Zugriff).Add(TextKind, prozedur.ProzedurTyp()).Add(TextOwner, OwnerText(prozedur));
+    if (prozedur.ProzedurTyp() == "function" || prozedur.ProzedurTyp() == "property get")
+        rows.Add(TextDataType, prozedur.DatenTyp());
+    return rows.Take();
+}
+
+PropertyRows OfVariable(const clsVariable& variable) {
+    Rows rows(variable.myNameOrg());
+    if (variable.Zugriff == "procedure")
+        rows.AddText(TextAccess, TextLocal);
+    else
+        rows.Add(TextAccess, variable.Zugriff);
+    return rows.Add(TextDataType, variable.DatenTyp()).Add(TextOwner, OwnerText(variable)).Take();
+}
+
+PropertyRows OfBlock(const CodeObject& block) {
+    return Rows(block.myNameOrg()).Add(TextAccess, block.Zugriff).Add(TextOwner, OwnerText(block)).Take();
+}
+
+}  // namespace
+
+std::string KindAndName(std::string_view kind, std::string_view name) {
+    return std::string(kind).append(" ").append(name);
+}
+
+std::string OwnerText(const CodeObject& object) {
+    if (object.Class() == ObjectClass::Variable) {
+        const auto& variable = static_cast<const clsVariable&>(object);
+        if (variable.Prozedur)
+            return KindAndName(variable.Prozedur->ProzedurTyp(), variable.Prozedur->myNameOrg()).append("()");
+        if (variable.MyType)
+            return KindAndName("Type", variable.MyType->myNameOrg());
+        if (variable.MyEnum)
+            return KindAndName("Enum", variable.MyEnum->myNameOrg());
+    }
+    return object.Modul ? KindAndName(object.Modul->ModulTyp, object.Modul->myNameOrg()) : std::string();
+}
+
+std::optional<PropertyRows> Anzeigen_Eigenschaften(const CodeObject& object) {
+    switch (object.Class()) {
+        case ObjectClass::Modul:
+            return OfModul(static_cast<const clsModul&>(object));
+        case ObjectClass::Prozedur:
+            return OfProzedur(static_cast<const clsProzedur&>(object));
+        case ObjectClass::Variable:
+            return OfVariable(static_cast<const clsVariable&>(object));
+        case ObjectClass::Type:
+        case ObjectClass::Enum:
+            return OfBlock(object);
+        case ObjectClass::Control:
+        case ObjectClass::TypeLib:
+            break;
+    }
+    return {};
+}
+
+PropertyRows Anzeigen_Eigenschaften(const clsProjekt& projekt) {
+    return Rows(projekt.MyName).Take();
+}

@@ -1,0 +1,33 @@
+// The rows of the properties grid: facts of an object, or of a place in the code.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+class clsProjekt;
+class CodeObject;
+
+/// A cell: a text of the language file by its number, or bytes as they are where the number is 0.
+struct PropertyCell {
+    int textNr = 0;
+    std::string bytes;
+    bool operator==(const PropertyCell&) const = default;
+};
+
+struct PropertyRow {
+    PropertyCell label;
+    PropertyCell value;
+    bool operator==(const PropertyRow&) const = default;
+};
+using PropertyRows = std::vector<PropertyRow>;
+
+/// The rows of an object; nothing for controls and libraries, for which the grid stays as it was.
+[[nodiscard]] std::optional<PropertyRows> Anzeigen_Eigenschaften(const CodeObject& object);
+[[nodiscard]] PropertyRows Anzeigen_Eigenschaften(const clsProjekt& projekt);
+
+/// "module modMain": kind and name, as objects name what they belong to.
+[[nodiscard]] std::string KindAndName(std::string_view kind, std::string_view name);
+/// What an object belongs to: a procedure, type, enumeration or module; empty for modules and libraries.
+[[nodiscard]] std::string OwnerText(const CodeObject& object);

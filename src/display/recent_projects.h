@@ -1,0 +1,14 @@
+// The projects opened last, newest first, kept in the settings file.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+class SettingsFile;
+
+inline constexpr std::size_t kRecentProjects = 8;
+
+[[nodiscard]] std::vector<std::string> RecentProjects(SettingsFile& settings);
+/// Puts `path` in front and writes the settings; it stands in the list once.
+void AddRecentProject(SettingsFile& settings, std::string_view path);

@@ -1,0 +1,412 @@
+#include "display/selection.h"
+
+#include <algorithm>
+
+#include "display/shown_text.h"
+#include "model/clsControl.h"
+#include "model/clsEnum.h"
+#include "model/clsProjekt.h"
+#include "model/clsProzedur.h"
+#include "model/clsType.h"
+#include "model/clsVariable.h"
+#include "model/group_keys.h"
+#include "platform/code_page.h"
+#include "source/module_text.h"
+
+namespace {
+
+std::string PathOf(const CodeObject* object) {
+    return object ? object->CodePath() : std::string();
+}
+
+template <class T>
+T* As(CodeObject* object) {
+    return static_cast<T*>(object);
+}
+
+// Whether an edge to `target` counts as one to `object`.
+bool StandsFor(const CodeObject& target, const CodeObject& object) {
+    if (&target == &object)
+        return true;
+    if (target.Class() != ObjectClass::Variable)
+        return false;
+    const auto& variable = static_cast<const clsVariable&>(target);
+    return variable.MyType == &object || variable.MyEnum == &object ||
+           (variable.isFormInstance && variable.Modul == &object);
+}
+
+Colour ColourOfPlace(const CodeObject& object, const clsCall& call, const clsModul& caller) {
+    if (call.Type() == CallType::MayBe)
+        return Colour::CallMayBe;
+    if (object.Zugriff == "argument" || object.Zugriff == "procedure")
+        return Colour::CallLocal;
+    const bool isInside = object.Modul == &caller || &object == &caller;
+    return isInside ? Colour::CallIn : Colour::CallOut;
+}
+
+bool IsNameAt(const CodeObject& object, Pos namePos, Pos pos) {
+    return namePos > 0 && pos >= namePos && pos < namePos + Len(object.MyName());
+}
+
+// The first object that an edge with a place at `pos` reaches, for certain or possibly.
+CodeObject* HitAt(const OutgoingEdges& edges, Pos pos, bool isPossible = false) {
+    for (const clsCall* call : edges)
+        if ((call->Type() == CallType::MayBe) == isPossible && IsNameAt(*call->Parent, call->CallPos, pos))
+            return call->Parent;
+    return nullptr;
+}
+
+CodeObject* DeclaredAt(const clsCollection<clsVariable>& variables, Pos pos) {
+    for (clsVariable* variable : variables)
+        if (IsNameAt(*variable, variable->DeclareStart, pos))
+            return variable;
+    return nullptr;
+}
+
+template <class Block>
+CodeObject* DeclaredWithMembersAt(const clsCollection<Block>& blocks, Pos pos) {
+    for (Block* block : blocks) {
+        if (IsNameAt(*block, block->NamePos, pos))
+            return block;
+        if (pos >= block->DeclareStart && pos <= block->DeclareEnd)
+            return DeclaredAt(block->MyVars, pos);
+    }
+    return nullptr;
+}
+
+CodeObject* DeclaredAt(const clsModul& modul, Pos pos) {
+    if (CodeObject* const found = DeclaredWithMembersAt(modul.myTypes, pos))
+        return found;
+    if (CodeObject* const found = DeclaredWithMembersAt(modul.myEnums, pos))
+        return found;
+    for (clsProzedur* prozedur : modul.MyProcs)
+        if (IsNameAt(*prozedur, prozedur->NamePos, pos))
+            return prozedur;
+    return DeclaredAt(modul.MyVars, pos);
+}
+
+template <class Block>
+Block* BlockAt(const clsCollection<Block>& blocks, Pos pos) {
+    for (Block* block : blocks)
+        if (pos >= block->DeclareStart && pos <= block->DeclareEnd)
+            return block;
+    return nullptr;
+}
+
+}  // namespace
+
+void Set_GlobalObjects_fromNode(Selection& selection, std::string_view key) {
+    const std::string path = LowerCase(ObjectKeyOfNode(key));
+    CodeObject* const object = ObjectOfNode(key);
+    Selection now;
+    now.CurObject = object;
+    now.CalledObject = selection.CalledObject;
+    if (!object) {
+        now.CurModule = gProjekt ? gProjekt->GetModuleFromCodePath(path) : nullptr;
+    } else {
+        now.CurModule = object->Modul;
+        switch (object->Class()) {
+            case ObjectClass::Modul:
+                now.CurModule = As<clsModul>(object);
+                break;
+            case ObjectClass::TypeLib:
+                now.CurLib = As<clsTypeLib>(object);
+                break;
+            case ObjectClass::Prozedur:
+                now.CurProc = As<clsProzedur>(object);
+                break;
+            case ObjectClass::Variable:
+                now.CurVar = As<clsVariable>(object);
+                now.CurProc = now.CurVar->Prozedur;
+                break;
+            case ObjectClass::Type:
+                now.CurType = As<clsType>(object);
+                now.CurLib = object->myLibrary;
+                break;
+            case ObjectClass::Enum:
+                now.CurEnum = As<clsEnum>(object);
+                now.CurLib = object->myLibrary;
+                break;
+            case ObjectClass::Control:
+                now.CurControl = As<clsControl>(object);
+                break;
+        }
+    }
+    if (now.CurModule)
+        now.CurLib = now.CurModule->myLibrary;
+    selection = now;
+}
+
+void SetCalledObject(Selection& selection, std::string_view key) {
+    selection.CalledObject = ObjectOfNode(key);
+}
+
+LastCodePaths Set_LastObjects(const Selection& selection) {
+    return {PathOf(selection.CurObject), PathOf(selection.CurModule), PathOf(selection.CurProc),
+            PathOf(selection.CurVar),    PathOf(selection.CurType),   PathOf(selection.CurEnum),
+            PathOf(selection.CurControl)};
+}
+
+bool NeedsDependencies(const Selection& selection, const LastCodePaths& last) {
+    const bool isLocal = selection.CurVar && selection.CurProc;
+    const bool wasLocal = !last.CurVar.empty() && !last.CurProc.empty();
+    return PathOf(isLocal ? selection.CurProc : selection.CurObject) != (wasLocal ? last.CurProc : last.CurObject);
+}
+
+std::string CodePath_Anzeigen(const Selection& selection) {
+    if (!selection.CurObject)
+        return {};
+    std::string line = selection.CurObject->CodePathOrg();
+    const auto add = [&line](std::string_view part) {
+        if (!part.empty())
+            line.append("   ").append(part);
+    };
+    switch (selection.CurObject->Class()) {
+        case ObjectClass::Modul:
+            add(static_cast<const clsModul*>(selection.CurObject)->FullPath);
+            break;
+        case ObjectClass::Prozedur: {
+            const auto& prozedur = static_cast<const clsProzedur&>(*selection.CurObject);
+            add(prozedur.IsProperty() ? KindAndName(prozedur.Zugriff, "property")
+                                      : KindAndName(prozedur.Zugriff, prozedur.ProzedurTyp()));
+            break;
+        }
+        case ObjectClass::Type:
+            add(KindAndName(selection.CurObject->Zugriff, "type"));
+            break;
+        case ObjectClass::Enum:
+            add(KindAndName(selection.CurObject->Zugriff, "enum"));
+            break;
+        case ObjectClass::Variable:
+            add(static_cast<const clsVariable*>(selection.CurObject)->DatenTyp());
+            break;
+        case ObjectClass::Control:
+            add(static_cast<const clsControl*>(selection.CurObject)->DatenTyp());
+            break;
+        case ObjectClass::TypeLib:
+            add(static_cast<const clsTypeLib*>(selection.CurObject)->InprocServer32);
+            break;
+    }
+    return line;
+}
+
+std::vector<CodeSpan> SelectCallMe(const CodeObject& object, CallType type, const CodeObject& caller,
+                                   const CodeText& shown) {
+    std::vector<CodeSpan> places;
+    const bool isProzedur = caller.Class() == ObjectClass::Prozedur;
+    const clsModul& modul = isProzedur ? *caller.Modul : static_cast<const clsModul&>(caller);
+    const auto collect = [&](const OutgoingEdges& edges) {
+        for (const clsCall* call : edges) {
+            const bool isWanted = call->Type() == type || (type == CallType::Really && call->Type() == CallType::Use);
+            if (!isWanted || !StandsFor(*call->Parent, object))
+                continue;
+            if (const auto place = shown.Shown(call->CallPos, Len(call->Parent->MyName())))
+                places.push_back({place->start, place->length, ColourOfPlace(*call->Parent, *call, modul)});
+        }
+    };
+    if (isProzedur) {
+        collect(static_cast<const clsProzedur&>(caller).CallsAll);
+        collect(static_cast<const clsProzedur&>(caller).UsesAll);
+    } else {
+        collect(modul.CallsInDeclarations);
+        collect(modul.UsesAll);
+        for (const clsType* declared : modul.myTypes)
+            collect(declared->UsesAll);
+    }
+    std::sort(places.begin(), places.end(), [](const CodeSpan& a, const CodeSpan& b) { return a.start < b.start; });
+    // A name can be called and used at one place.
+    places.erase(std::unique(places.begin(), places.end(),
+                             [](const CodeSpan& a, const CodeSpan& b) { return a.start == b.start; }),
+                 places.end());
+    return places;
+}
+
+clsProzedur* Get_ProcNachPos(const clsModul& modul, Pos posInModule) {
+    return BlockAt(modul.MyProcs, posInModule);
+}
+
+CodeObject* GetTypeNachZeichenPos(const clsModul& modul, Pos posInModule) {
+    if (clsType* type = BlockAt(modul.myTypes, posInModule))
+        return type;
+    return BlockAt(modul.myEnums, posInModule);
+}
+
+CodeObject* SelChanged(const clsProzedur& prozedur, Pos selStart) {
+    const Pos pos = prozedur.DeclareStart + selStart;
+    if (CodeObject* hit = HitAt(prozedur.CallsAll, pos))
+        return hit;
+    if (CodeObject* hit = HitAt(prozedur.UsesAll, pos))
+        return hit;
+    return DeclaredAt(prozedur.MyVars, pos);
+}
+
+CodeObject* SelChanged(const clsModul& modul, Pos selStart, const clsType* curType) {
+    const Pos pos = modul.BeginnVarBereich + selStart;
+    if (CodeObject* hit = HitAt(modul.CallsInDeclarations, pos))
+        return hit;
+    if (CodeObject* hit = HitAt(modul.UsesAll, pos))
+        return hit;
+    for (const clsType* type : modul.myTypes)
+        if (CodeObject* hit = HitAt(type->UsesAll, pos))
+            return hit;
+    if (curType && curType->Modul == &modul && pos >= curType->DeclareStart && pos <= curType->DeclareEnd)
+        return nullptr;
+    if (CodeObject* type = GetTypeNachZeichenPos(modul, pos))
+        return type;
+    if (clsProzedur* prozedur = Get_ProcNachPos(modul, pos))
+        return prozedur;
+    return DeclaredAt(modul.MyVars, pos);
+}
+
+bool CodePane::IsShown(const CodeObject& owner) const {
+    return !shownPath_.empty() && shownPath_ == owner.CodePath();
+}
+
+bool CodePane::ShowText(const CodeObject& owner, CodeText text) {
+    text_ = std::move(text);
+    shownPath_ = owner.CodePath();
+    // A person stays in one module for a while; the map of the one before is quickly made again.
+    std::string modul = owner.Modul ? owner.Modul->CodePath() : shownPath_;
+    if (modul != modulWithMap_) {
+        const clsModul* const before =
+            modulWithMap_.empty() || !gProjekt ? nullptr : gProjekt->GetModuleFromCodePath(modulWithMap_);
+        if (before && before->text)
+            before->text->ReleaseModulText();
+        modulWithMap_ = std::move(modul);
+    }
+    return true;
+}
+
+bool CodePane::ShowDeclarations(clsModul& modul) {
+    return !IsShown(modul) && ShowText(modul, ShowMe(modul));
+}
+
+bool CodePane::ShowProzedur(clsProjekt& projekt, clsProzedur& prozedur) {
+    return !IsShown(prozedur) && ShowText(prozedur, ShowMe(projekt, prozedur));
+}
+
+bool CodePane::ShowOwner(clsProjekt& projekt, CodeObject& owner) {
+    if (owner.Class() == ObjectClass::Modul)
+        return ShowDeclarations(static_cast<clsModul&>(owner));
+    auto& prozedur = static_cast<clsProzedur&>(owner);
+    return StandsInDeclarations(prozedur) ? ShowDeclarations(*prozedur.Modul) : ShowProzedur(projekt, prozedur);
+}
+
+void CodePane::Clear() {
+    text_ = {};
+    shownPath_.clear();
+}
+
+CodePane::Change CodePane::Show_Structure(clsProjekt& projekt, const Selection& selection) {
+    Change change;
+    CodeObject* const object = selection.CurObject;
+    if (!object) {
+        if (!selection.CurModule) {
+            Clear();
+            change.newText = true;
+        }
+        return change;
+    }
+    switch (object->Class()) {
+        case ObjectClass::TypeLib:
+            change.newText = !IsShown(*object) && ShowText(*object, ShowMe(static_cast<const clsTypeLib&>(*object)));
+            return change;
+        case ObjectClass::Modul:
+            change.newText = ShowDeclarations(static_cast<clsModul&>(*object));
+            return change;
+        case ObjectClass::Prozedur:
+            change.newText = ShowOwner(projekt, *object);
+            break;
+        case ObjectClass::Variable: {
+            auto& variable = static_cast<clsVariable&>(*object);
+            CodeObject* const owner = variable.Prozedur ? static_cast<CodeObject*>(variable.Prozedur) : variable.Modul;
+            if (!owner || (!variable.Prozedur && variable.myLibrary))
+                return change;
+            change.newText = ShowOwner(projekt, *owner);
+            change.places = SelectCallMe(variable, CallType::Really, *owner, text_);
+            break;
+        }
+        case ObjectClass::Type:
+        case ObjectClass::Enum:
+        case ObjectClass::Control:
+            if (!object->Modul)
+                return change;
+            change.newText = ShowDeclarations(*object->Modul);
+            break;
+    }
+    change.select = NameMarkieren(*object, text_);
+    return change;
+}
+
+CodePane::Change CodePane::SelectCallsOfObject(clsProjekt& projekt, const CodeObject& object, CodeObject& caller,
+                                               CallType type) {
+    Change change;
+    change.newText = ShowOwner(projekt, caller);
+    change.places = SelectCallMe(object, type, caller, text_);
+    return change;
+}
+
+CodeObject* CodePane::ObjectClicked(const Selection& selection, Pos selStart, Pos selLength) const {
+    const CodeObject* const owner = shownPath_.empty() ? nullptr : ObjectOfNode(shownPath_);
+    if (owner && owner->Class() == ObjectClass::Prozedur)
+        return selLength == 0 ? SelChanged(static_cast<const clsProzedur&>(*owner), selStart) : nullptr;
+    if (owner && owner->Class() == ObjectClass::Modul)
+        return SelChanged(static_cast<const clsModul&>(*owner), selStart, selection.CurType);
+    return nullptr;
+}
+
+CodeObject* CodePane::ObjectAt(Pos selStart) const {
+    CodeObject* const owner = shownPath_.empty() ? nullptr : ObjectOfNode(shownPath_);
+    if (!owner)
+        return nullptr;
+    const Pos pos = text_.InModule(selStart);
+    if (owner->Class() == ObjectClass::Prozedur) {
+        auto& prozedur = static_cast<clsProzedur&>(*owner);
+        CodeObject* const named = SelChanged(prozedur, selStart);
+        if (IsNameAt(prozedur, prozedur.NamePos, pos))
+            return &prozedur;
+        return named ? named : HitAt(prozedur.CallsAll, pos, true);
+    }
+    if (owner->Class() != ObjectClass::Modul)
+        return nullptr;
+    const auto& modul = static_cast<const clsModul&>(*owner);
+    CodeObject* const used = HitAt(modul.CallsInDeclarations, pos);
+    return used ? used : DeclaredAt(modul, pos);
+}
+
+PropertyRows Anzeigen_TextPos(const CodeText& shown, Pos selStart, Pos selLength) {
+    const auto row = [](std::string_view label, std::string value) {
+        return PropertyRow{{0, std::string(label)}, {0, std::move(value)}};
+    };
+    const auto place = [&](Pos start) {
+        return std::to_string(start) + " (" + std::to_string(shown.InModule(start)) + ")";
+    };
+    const int line = std::max(shown.firstLine, 1) - 1 + LineOf(shown.text, selStart + 1);
+    return {row("Zeile", std::to_string(line)), row("SelStart", place(selStart)),
+            row("SelEnd", place(selStart + selLength)), row("SelLength", std::to_string(selLength))};
+}
+
+void NavigationList::AddNavCodeKey(std::string_view key) {
+    if (key == Current().Key)
+        return;
+    records_.resize(++index_);
+    records_.push_back({std::string(key)});
+}
+
+void NavigationList::NoteSelection(Pos selStart, Pos selLength) {
+    records_[index_].SelStart = selStart;
+    records_[index_].SelLength = selLength;
+}
+
+const NavigationList::Record* NavigationList::NavCodeKey_Prev() {
+    return NavPrevEnabled() ? &records_[--index_] : nullptr;
+}
+
+const NavigationList::Record* NavigationList::NavCodeKey_Next() {
+    return NavNextEnabled() ? &records_[++index_] : nullptr;
+}
+
+void NavigationList::Clear() {
+    records_.assign(1, {});
+    index_ = 0;
+}

@@ -1,0 +1,145 @@
+// The objects that the window is about, and what follows from them: which code is shown and what is selected in it,
+// what stands in the path line, where a click into the code leads, and the list of places behind back and forward.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "display/code_colours.h"
+#include "display/node_objects.h"
+#include "display/properties.h"
+#include "model/clsCall.h"
+
+class clsControl;
+class clsEnum;
+class clsType;
+class clsVariable;
+
+/// The current objects, null where there is none.
+struct Selection {
+    CodeObject* CurObject = nullptr;
+    CodeObject* CalledObject = nullptr;  // of the node clicked last in a dependency tree
+    clsModul* CurModule = nullptr;
+    clsProzedur* CurProc = nullptr;
+    clsVariable* CurVar = nullptr;
+    clsType* CurType = nullptr;
+    clsEnum* CurEnum = nullptr;
+    clsControl* CurControl = nullptr;
+    clsTypeLib* CurLib = nullptr;
+};
+
+/// The code paths of the current objects after the last activation, which outlive the objects. Empty for none.
+struct LastCodePaths {
+    std::string CurObject, CurModule, CurProc, CurVar, CurType, CurEnum, CurControl;
+    bool operator==(const LastCodePaths&) const = default;
+};
+
+/// The selection for a node of this key; CalledObject is left alone. What CurObject is decides all others. A key
+/// without an object gives the module that its first word names, if any.
+void Set_GlobalObjects_fromNode(Selection& selection, std::string_view key);
+/// CalledObject for a node of a dependency tree.
+void SetCalledObject(Selection& selection, std::string_view key);
+
+[[nodiscard]] LastCodePaths Set_LastObjects(const Selection& selection);
+/// Whether the dependency trees have to be filled anew: the object differs from the last one. A variable of a procedure
+/// stands for its procedure.
+[[nodiscard]] bool NeedsDependencies(const Selection& selection, const LastCodePaths& last);
+
+/// The line above the code: the path of the object, a word for its kind where the path does not tell it, the file of a
+/// module. Bytes as in the source.
+[[nodiscard]] std::string CodePath_Anzeigen(const Selection& selection);
+
+/// The places of a certain kind at which `caller`, a procedure or the declarations of a module, calls or uses `object`,
+/// rising; with their colours. Members stand for their type or enumeration, its instance for a form.
+[[nodiscard]] std::vector<CodeSpan> SelectCallMe(const CodeObject& object, CallType type, const CodeObject& caller,
+                                                 const CodeText& shown);
+
+// Position in the shown text to object. A position counts from 0, as the code view gives it; a name is hit from its
+// first to its last character.
+
+/// The procedure around a position of the module, or null.
+[[nodiscard]] clsProzedur* Get_ProcNachPos(const clsModul& modul, Pos posInModule);
+/// The type or enumeration around a position of the module, or null.
+[[nodiscard]] CodeObject* GetTypeNachZeichenPos(const clsModul& modul, Pos posInModule);
+/// What a click into the code of a procedure leads to: what is certainly called or used there, else a variable that is
+/// declared there. Null where nothing is to be selected.
+[[nodiscard]] CodeObject* SelChanged(const clsProzedur& prozedur, Pos selStart);
+/// The same for the declarations of a module; without a call or use it is the declaration around the place. Null also
+/// when that is `curType`, which stays selected.
+[[nodiscard]] CodeObject* SelChanged(const clsModul& modul, Pos selStart, const clsType* curType);
+
+/// What the code view shows. It is kept here so that a text is made anew only when another one is wanted.
+class CodePane {
+public:
+    /// What changes on the screen.
+    struct Change {
+        bool newText = false;             // Text() is another one; an empty one clears the view
+        std::optional<CodeRange> select;  // to be selected and scrolled to
+        std::vector<CodeSpan> places;     // to be marked, the first one scrolled to when nothing is selected
+    };
+
+    /// What rtbCode shows for the current object.
+    [[nodiscard]] Change Show_Structure(clsProjekt& projekt, const Selection& selection);
+    /// The places where `caller`, a procedure or a module with its declarations, calls or uses `object`; its text comes
+    /// up when it is not the one shown. Certain places include uses.
+    [[nodiscard]] Change SelectCallsOfObject(clsProjekt& projekt, const CodeObject& object, CodeObject& caller,
+                                             CallType type);
+
+    /// Where a click leads, judged by the text that is shown: SelChanged of its procedure, for which nothing may be
+    /// selected, or of its module.
+    [[nodiscard]] CodeObject* ObjectClicked(const Selection& selection, Pos selStart, Pos selLength) const;
+    /// The object whose name stands at a place of the shown text, for its hover text: called or used, for certain or
+    /// else possibly, or declared there. Null beside all names.
+    [[nodiscard]] CodeObject* ObjectAt(Pos selStart) const;
+
+    [[nodiscard]] const CodeText& Text() const { return text_; }
+    /// CodePath of the object whose text is shown; empty for none.
+    [[nodiscard]] const std::string& ShownPath() const { return shownPath_; }
+    /// The next text is made anew, whichever it is: after a change of the edges, the marks or the modules.
+    void Forget() { shownPath_.clear(); }
+    /// An empty view.
+    void Clear();
+
+private:
+    bool ShowDeclarations(clsModul& modul);
+    bool ShowProzedur(clsProjekt& projekt, clsProzedur& prozedur);
+    bool ShowOwner(clsProjekt& projekt, CodeObject& owner);
+    bool ShowText(const CodeObject& owner, CodeText text);
+    [[nodiscard]] bool IsShown(const CodeObject& owner) const;
+
+    CodeText text_;
+    std::string shownPath_;
+    std::string modulWithMap_;  // CodePath of the module whose map the last text was coloured by
+};
+
+/// Rows with the place of the cursor: line, and start, end and length of the selection, in the text and in the module.
+[[nodiscard]] PropertyRows Anzeigen_TextPos(const CodeText& shown, Pos selStart, Pos selLength);
+
+/// The list behind back and forward: keys of nodes, each with what was selected in its code.
+class NavigationList {
+public:
+    struct Record {
+        std::string Key;
+        Pos SelStart = 0;
+        Pos SelLength = 0;
+    };
+
+    /// A new record behind the current one; those that came behind it are gone. The current key once more adds nothing.
+    void AddNavCodeKey(std::string_view key);
+    /// Notes the selection in the current record.
+    void NoteSelection(Pos selStart, Pos selLength);
+    /// One step back or on; null at the end. Activating the node of the record adds nothing, as it is the current one.
+    const Record* NavCodeKey_Prev();
+    const Record* NavCodeKey_Next();
+    [[nodiscard]] const Record& Current() const { return records_[index_]; }
+
+    [[nodiscard]] bool NavPrevEnabled() const { return index_ > 1; }
+    [[nodiscard]] bool NavNextEnabled() const { return index_ + 1 < records_.size(); }
+    void Clear();
+
+private:
+    std::vector<Record> records_{1};  // the first stands for no place at all
+    std::size_t index_ = 0;
+};

@@ -1,0 +1,108 @@
+#include "display/shown_text.h"
+
+#include <algorithm>
+
+#include "model/clsModul.h"
+#include "model/clsProzedur.h"
+#include "model/clsTypeLib.h"
+#include "model/clsVariable.h"
+#include "platform/code_page.h"
+#include "shell/clsText.h"
+#include "source/lines.h"
+#include "source/module_text.h"
+
+namespace {
+
+const CodePage& Latin() {
+    static const CodePage page("1252");
+    return page;
+}
+
+bool IsAscii(std::string_view text) {
+    return std::all_of(text.begin(), text.end(), [](char c) { return static_cast<unsigned char>(c) < 0x80; });
+}
+
+// Whether the line break at `lineBreak` (0-based, of its CR) joins two physical lines.
+bool JoinsLines(std::string_view text, std::size_t lineBreak) {
+    return lineBreak >= 2 && text.substr(lineBreak - 2, 2) == " _";
+}
+
+std::size_t LogicalBegin(std::string_view text, std::size_t at) {
+    for (;;) {
+        const auto lineBreak = at == 0 ? std::string_view::npos : text.rfind(vbCrLf, at - 1);
+        if (lineBreak == std::string_view::npos || lineBreak + 2 > at)
+            return lineBreak == std::string_view::npos ? 0 : at;
+        if (!JoinsLines(text, lineBreak))
+            return lineBreak + 2;
+        at = lineBreak;
+    }
+}
+
+std::size_t LogicalEnd(std::string_view text, std::size_t at) {
+    auto lineBreak = text.find(vbCrLf, at);
+    while (lineBreak != std::string_view::npos && JoinsLines(text, lineBreak))
+        lineBreak = text.find(vbCrLf, lineBreak + 2);
+    return std::min(lineBreak, text.size());
+}
+
+}  // namespace
+
+const CodePage& PageOf(std::string_view wholeText) {
+    static const CodePage utf8("65001");
+    const CodePage& active = ActiveCodePage();
+    if (active.Setting() != "auto")
+        return active;
+    return !IsAscii(wholeText) && IsValidUtf8(wholeText) ? utf8 : Latin();
+}
+
+std::string Utf8Of(const clsModul* modul, std::string_view bytes) {
+    if (IsAscii(bytes))
+        return std::string(bytes);
+    return (modul && modul->text ? PageOf(modul->text->ModulTextOrg()) : ActiveCodePage()).ToUtf8(bytes);
+}
+
+std::string Utf8TextNr(int nr) {
+    return Latin().ToUtf8(gText.TextNr(nr));
+}
+
+int LineOf(std::string_view text, Pos pos) {
+    const auto before = text.substr(0, static_cast<std::size_t>(std::max<Pos>(pos - 1, 0)));
+    return static_cast<int>(std::count(before.begin(), before.end(), '\n')) + 1;
+}
+
+std::string JoinedLine(std::string_view text, Pos pos, Pos from) {
+    if (pos < 1 || pos > Len(text))
+        return {};
+    const auto at = static_cast<std::size_t>(pos) - 1;
+    const auto begin = std::max(LogicalBegin(text, at), static_cast<std::size_t>(std::max<Pos>(from, 1)) - 1);
+    std::string_view rest = text.substr(begin, LogicalEnd(text, at) - begin);
+    std::string line;
+    while (!rest.empty()) {
+        const auto lineBreak = rest.find(vbCrLf);
+        std::string_view part = rest.substr(0, lineBreak);
+        rest = lineBreak == std::string_view::npos ? std::string_view() : rest.substr(lineBreak + 2);
+        if (lineBreak != std::string_view::npos)
+            part.remove_suffix(1);  // the underscore
+        part = part.substr(std::min(part.find_first_not_of(" \t"), part.size()));
+        line.append(RTrim(part));
+        if (!rest.empty())
+            line += ' ';
+    }
+    return std::string(modMain::Get_ZeileOhneKommentar(line));
+}
+
+std::string Declaration(const CodeObject& object) {
+    if (object.Class() == ObjectClass::Modul)
+        return static_cast<const clsModul&>(object).FullPath;
+    if (object.Class() == ObjectClass::TypeLib)
+        return static_cast<const clsTypeLib&>(object).InprocServer32;
+    if (!object.Modul || !object.Modul->text)
+        return {};
+    const std::string_view text = object.Modul->text->ModulTextOrg();
+    if (object.Class() != ObjectClass::Prozedur)
+        return JoinedLine(text, object.DeclareStart);
+    // A whole procedure may stand in one line.
+    const Pos end = static_cast<const clsProzedur&>(object).isDeclare ? Len(text) : object.DeclareEnd - 1;
+    return JoinedLine(text.substr(0, static_cast<std::size_t>(std::clamp<Pos>(end, 0, Len(text)))), object.DeclareStart,
+                      object.DeclareStart);
+}

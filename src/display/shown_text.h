@@ -1,0 +1,32 @@
+// What a pane says of a place in a module's text: its line, its declaration, its bytes as UTF-8. Sources are bytes in
+// the active code page, texts of the language files always Windows-1252; whatever mixes both is put together in UTF-8.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "shell/vb_text.h"
+
+class clsModul;
+class CodePage;
+class CodeObject;
+
+/// The page in which a whole text is shown: the active one. "auto" is settled here, by all bytes of the text, so that
+/// each part of it is read alike.
+[[nodiscard]] const CodePage& PageOf(std::string_view wholeText);
+
+/// UTF-8 of bytes from a module, or of a name or path when `modul` is null.
+[[nodiscard]] std::string Utf8Of(const clsModul* modul, std::string_view bytes);
+/// UTF-8 of a text of the language file.
+[[nodiscard]] std::string Utf8TextNr(int nr);
+
+/// Number of the physical line that holds `pos`, from 1.
+[[nodiscard]] int LineOf(std::string_view text, Pos pos);
+
+/// The logical line from its first character or `from`, whichever comes later, on one line and without its comment and
+/// its indentation.
+[[nodiscard]] std::string JoinedLine(std::string_view text, Pos pos, Pos from = 1);
+
+/// What stands in the source where the object is declared: the head of a procedure, type or enumeration, the
+/// declaration that names a variable. The path of the file for modules, of the registered file for libraries.
+[[nodiscard]] std::string Declaration(const CodeObject& object);

@@ -1,0 +1,129 @@
+#include "display/tree_checks.h"
+
+#include <array>
+#include <vector>
+
+#include "display/baum.h"
+#include "display/code_paths.h"
+#include "display/node_objects.h"
+#include "display/project_tree.h"
+#include "model/clsProjekt.h"
+#include "model/group_keys.h"
+#include "shell/settings.h"
+
+clsCollection<CodeObject> gCheckedObjects;
+
+namespace {
+
+// By the number of the kind, from 1.
+constexpr std::array<std::string_view, 6> kTypKeys{"form[]",        "module[]",    "class[]",
+                                                   "usercontrol[]", "component[]", "reference[]"};
+
+int TypOf(std::string_view key) {
+    for (std::size_t i = 0; i < kTypKeys.size(); ++i)
+        if (kTypKeys[i] == key)
+            return static_cast<int>(i) + 1;
+    return 0;
+}
+
+template <class Object>
+void CheckEach(const clsCollection<Object>& objects, Baum& tree, bool checked) {
+    PathBuffer path;
+    for (const Object* object : objects)
+        if (BaumNode* node = tree.Item(path.Of(*object)))
+            tree.SetChecked(*node, checked);
+}
+
+void CheckAllBelow(Baum& tree, const BaumNode& node) {
+    std::vector<BaumNode*> open = node.ChildNodes();
+    while (!open.empty()) {
+        BaumNode& below = *open.back();
+        open.pop_back();
+        tree.SetChecked(below, node.Checked());
+        open.insert(open.end(), below.ChildNodes().begin(), below.ChildNodes().end());
+    }
+}
+
+bool AllSiblingsChecked(const BaumNode& node) {
+    for (const BaumNode* sibling = node.FirstSibling(); sibling; sibling = sibling->Next())
+        if (!sibling->Checked())
+            return false;
+    return true;
+}
+
+void CheckAbove(Baum& tree, const BaumNode& node) {
+    BaumNode* parent = node.Parent();
+    if (!parent)
+        return;
+    tree.SetChecked(*parent, AllSiblingsChecked(node));
+    if (BaumNode* grandparent = parent->Parent())
+        tree.SetChecked(*grandparent, parent->Checked());
+}
+
+}  // namespace
+
+void CheckedObjects_Reset() {
+    gCheckedObjects.Clear();
+}
+
+void CheckedObjects_Renew(const clsProjekt& projekt) {
+    clsCollection<CodeObject> found;
+    for (int nr = 1; nr <= gCheckedObjects.Count(); ++nr) {
+        const Name key = gCheckedObjects.KeyNr(nr);
+        if (CodeObject* object = projekt.GetObjectFromCodePath(key.View()))
+            found.AddUnlessPresent(key, object);
+    }
+    gCheckedObjects = std::move(found);
+}
+
+CheckAnswer NodeCheck(clsProjekt& projekt, Baum& tree, BaumNode& node) {
+    const bool inChart = gContentMode == "Chart";
+    CodeObject* object = nullptr;
+    {
+        const Baum::Filling filling(tree);
+        if (const int typ = TypOf(node.Key()); typ != 0) {
+            Check_ModulTyp(projekt, tree, typ, node.Checked());
+        } else {
+            object = IsGroupKey(node.Key()) ? nullptr : ObjectOfNode(node.Key());
+            if (object && object->Class() == ObjectClass::TypeLib)
+                CheckAllBelow(tree, node);
+        }
+        CheckAbove(tree, node);
+    }
+    if (inChart)
+        return {CheckEffect::ShowChart, nullptr};
+    if (object && node.Checked())
+        gCheckedObjects.AddUnlessPresent(Name(node.Key()), object);
+    else if (object)
+        gCheckedObjects.Remove(node.Key());
+    return {CheckEffect::ShowGroup, object};
+}
+
+void Check_ModulTyp(const clsProjekt& projekt, Baum& tree, int typ, bool checked) {
+    const Baum::Filling filling(tree);
+    switch (typ) {
+        case 1:
+            return CheckEach(projekt.Formulare, tree, checked);
+        case 2:
+            return CheckEach(projekt.Modules, tree, checked);
+        case 3:
+            return CheckEach(projekt.Klassenmodule, tree, checked);
+        case 4:
+            return CheckEach(projekt.UserControls, tree, checked);
+        case 5:
+            return CheckEach(projekt.myProjectObjects, tree, checked);
+        case 6:
+            return CheckEach(projekt.myProjectReferences, tree, checked);
+        default:
+            return;
+    }
+}
+
+void Check_All_Modules(const clsProjekt& projekt, Baum& tree, bool checked) {
+    const Baum::Filling filling(tree);
+    for (std::size_t i = 0; i < kTypKeys.size(); ++i)
+        if (BaumNode* node = tree.Item(kTypKeys[i])) {
+            tree.SetChecked(*node, checked);
+            Check_ModulTyp(projekt, tree, static_cast<int>(i) + 1, checked);
+        }
+}

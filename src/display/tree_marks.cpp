@@ -1,0 +1,81 @@
+#include "display/tree_marks.h"
+
+#include "display/baum.h"
+#include "display/code_paths.h"
+#include "model/clsEnum.h"
+#include "model/clsProjekt.h"
+#include "model/clsProzedur.h"
+#include "model/clsType.h"
+#include "model/clsVariable.h"
+
+namespace {
+
+class Marker {
+public:
+    explicit Marker(Baum& tree) : tree_(tree) {}
+
+    void Mark(const CodeObject& object) {
+        BaumNode* node = tree_.Item(path_.Of(object));
+        if (!node)
+            return;
+        tree_.SetImage(*node, object.GetImageKey());
+        tree_.SetForeColor(*node, object.IsDeath < 1 ? kTextOrdinary : kTextGrey);
+    }
+
+    void Mark(const clsModul& modul) {
+        for (const clsProzedur* prozedur : modul.MyProcs)
+            Mark(*prozedur);
+        for (const clsVariable* variable : modul.MyVars) {
+            const bool isMe = modul.ModulTyp != "module" && variable->MyName() == "me";
+            if (!isMe && !variable->MyEnum)  // members come with their enumerations
+                Mark(*variable);
+        }
+        MarkWithMembers(modul.myTypes);
+        MarkWithMembers(modul.myEnums);
+    }
+
+private:
+    template <class Owner>
+    void MarkWithMembers(const clsCollection<Owner>& owners) {
+        for (const Owner* owner : owners) {
+            for (const clsVariable* member : owner->MyVars)
+                Mark(*member);
+            Mark(static_cast<const CodeObject&>(*owner));
+        }
+    }
+
+    Baum& tree_;
+    PathBuffer path_;
+};
+
+}  // namespace
+
+void Tote_Objekte_Markieren(const clsProjekt& projekt, Baum& tree) {
+    const Baum::Filling filling(tree);
+    Marker marker(tree);
+    for (const clsModul* modul : projekt.AllModules())
+        marker.Mark(*modul);
+}
+
+void Tote_Objekte_Markieren(const clsModul& modul, Baum& tree) {
+    const Baum::Filling filling(tree);
+    Marker(tree).Mark(modul);
+}
+
+void Tote_Objekte_Markieren(const clsProzedur& prozedur, Baum& tree) {
+    PathBuffer path;
+    // The data type is that of the procedure, not that of the variable. The difference is wanted.
+    const bool isConst = prozedur.DatenTyp().starts_with("const");
+    for (const clsVariable* variable : prozedur.MyVars) {
+        BaumNode* node = tree.Item(path.Of(*variable));
+        if (!node)
+            continue;
+        if (variable->CalledByAll.Count() != 0) {
+            tree.SetImage(*node, isConst ? "const" : variable->Zugriff == "argument" ? "argument" : "variable");
+            tree.SetForeColor(*node, kTextOrdinary);
+        } else {
+            tree.SetImage(*node, isConst ? "ConstDeath" : "VariableDeath");
+            tree.SetForeColor(*node, kTextGrey);
+        }
+    }
+}

@@ -1,0 +1,96 @@
+// A tree of nodes as Qt's views want it: rows, columns and roles. All it knows stands in the Baum.
+//
+// While a Baum is being filled, which can run the event loop, the model is empty for its view.
+#pragma once
+
+#include <QAbstractItemModel>
+#include <QFont>
+#include <QIcon>
+#include <QPalette>
+#include <functional>
+#include <map>
+#include <string>
+
+#include "display/baum.h"
+
+/// Drag and drop between the trees and onto the diagram: the key of the node, UTF-8.
+inline constexpr char kKeyMimeType[] = "application/x-ostrivane-key";
+
+class BaumModel : public QAbstractItemModel, private BaumListener {
+    Q_OBJECT
+
+public:
+    enum Role {
+        KeyRole = Qt::UserRole,
+        DimmedRole,  // true for dead and undead objects
+    };
+
+    /// `tree` must outlive the model, which listens to it.
+    explicit BaumModel(Baum& tree, QObject* parent = nullptr);
+    ~BaumModel() override;
+
+    [[nodiscard]] Baum& Tree() const { return tree_; }
+    /// The node of an index, or null.
+    [[nodiscard]] BaumNode* NodeAt(const QModelIndex& index) const;
+    [[nodiscard]] QModelIndex IndexOf(const BaumNode* node) const;
+    /// Whether a filling is on and the view sees nothing.
+    [[nodiscard]] bool IsHidden() const { return hidden_; }
+
+    void SetCheckBoxes(bool on);
+    [[nodiscard]] bool CheckBoxes() const { return checkBoxes_; }
+    /// What a tool tip says of a node; an empty text is none.
+    void SetToolTips(std::function<QString(const BaumNode&)> toolTips) { toolTips_ = std::move(toolTips); }
+    /// What ordinary text looks like: bold, italic and dimmed text are made from it.
+    void SetLooks(const QFont& font, const QPalette& palette);
+    /// Asks for all icons anew, as for another palette.
+    void ForgetIcons() { icons_.clear(); }
+
+    [[nodiscard]] QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QModelIndex parent(const QModelIndex& index) const override;
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
+    /// Takes check marks only.
+    bool setData(const QModelIndex& index, const QVariant& value, int role = Qt::EditRole) override;
+    [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
+    [[nodiscard]] QStringList mimeTypes() const override;
+    [[nodiscard]] QMimeData* mimeData(const QModelIndexList& indexes) const override;
+
+Q_SIGNALS:
+    /// The user has checked or unchecked a node.
+    void NodeChecked(const std::string& key, bool checked);
+    // What the Baum wants of its view.
+    void NodeExpanded(const QModelIndex& index, bool expanded);
+    void AllNodesCollapsed();
+    void NodeSelected(const QModelIndex& index);
+    void NodeToBeVisible(const QModelIndex& index);
+    void ManyNodesChanged();
+    /// A filling is over and its reset behind all who listen to that.
+    void Filled();
+
+private:
+    void BeginReset() override;
+    void EndReset() override;
+    void BeginInsert(const BaumNode* parent, int row) override;
+    void EndInsert() override;
+    void BeginRemove(const BaumNode* parent, int row) override;
+    void EndRemove() override;
+    void Changed(const BaumNode& node) override;
+    void ManyChanged() override;
+    void ExpandedChanged(const BaumNode& node) override;
+    void AllCollapsed() override;
+    void SelectedChanged(const BaumNode* node) override;
+    void EnsureVisible(const BaumNode& node) override;
+
+    [[nodiscard]] const std::vector<BaumNode*>& Below(const QModelIndex& parent) const;
+    [[nodiscard]] const QIcon& IconOf(const BaumNode& node) const;
+    [[nodiscard]] QVariant ColorOf(const BaumNode& node) const;
+
+    Baum& tree_;
+    bool hidden_ = false;
+    bool checkBoxes_ = false;
+    std::function<QString(const BaumNode&)> toolTips_;
+    QFont fonts_[2][2];  // [bold][italic]
+    QBrush dimmed_;
+    mutable std::map<std::string, QIcon, std::less<>> icons_;
+};

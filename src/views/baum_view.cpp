@@ -1,0 +1,412 @@
+#include "views/baum_view.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QDateTime>
+#include <QDrag>
+#include <QFontDatabase>
+#include <QHelpEvent>
+#include <QMenu>
+#include <QMimeData>
+#include <QPainter>
+#include <QScrollBar>
+#include <QStyleHints>
+#include <QToolTip>
+
+#include "model/clsProjekt.h"
+#include "model/group_keys.h"
+#include "platform/code_page.h"
+#include "shell/settings.h"
+#include "views/qt_text.h"
+
+namespace {
+
+constexpr int kTextCopyName = 180;
+constexpr int kTextCopyCodePath = 181;
+constexpr int kTextCopyAsText = 182;
+
+// How long a key that is held down must rest before its node is shown.
+constexpr int kRestMilliseconds = 80;
+
+bool BeginsWith(std::string_view text, std::string_view lowerStart) {
+    if (text.size() < lowerStart.size())
+        return false;
+    const auto& lower = ActiveCodePage().LowerTable();
+    for (std::size_t i = 0; i < lowerStart.size(); ++i)
+        if (lower[static_cast<unsigned char>(text[i])] != static_cast<unsigned char>(lowerStart[i]))
+            return false;
+    return true;
+}
+
+// The node in the line below, or null at the end.
+BaumNode* NextLine(const BaumNode& node) {
+    if (node.Expanded() && node.Child())
+        return node.Child();
+    for (const BaumNode* at = &node; at; at = at->Parent())
+        if (BaumNode* next = at->Next())
+            return next;
+    return nullptr;
+}
+
+QString AsText(const BaumNode& node, int depth) {
+    QString text = QString(depth, QLatin1Char('\t')) + ToQString(node.Text()) + QLatin1Char('\n');
+    for (const BaumNode* child : node.ChildNodes())
+        text += AsText(*child, depth + 1);
+    return text;
+}
+
+// In the spelling of the source where the node is that of an object.
+QString CodePathOf(const BaumNode& node) {
+    const CodeObject* object = modMain::GetObjectFromCodePath(node.Key());
+    return ToQString(object ? object->CodePathOrg() : node.Key());
+}
+
+void ToClipboard(const QString& text) {
+    QApplication::clipboard()->setText(text);
+}
+
+}  // namespace
+
+BaumView::BaumView(Baum& tree, QWidget* parent) : QTreeView(parent), model_(new BaumModel(tree, this)) {
+    setHeaderHidden(true);
+    setUniformRowHeights(true);
+    setTextElideMode(Qt::ElideMiddle);
+    setEditTriggers(NoEditTriggers);
+    setSelectionMode(SingleSelection);
+    setDragEnabled(true);
+    setDragDropMode(DragOnly);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    repeatedKeys_.setSingleShot(true);
+    repeatedKeys_.setInterval(kRestMilliseconds);
+    setModel(model_);
+    ApplyTreeFont();
+    Wire();
+}
+
+void BaumView::Wire() {
+    connect(this, &QTreeView::clicked, this, [this](const QModelIndex& index) {
+        if (!hasChecked_)
+            Activate(index);
+    });
+    connect(&repeatedKeys_, &QTimer::timeout, this, [this] { Activate(currentIndex()); });
+    connect(this, &QTreeView::expanded, this, [this](const QModelIndex& index) {
+        if (BaumNode* node = model_->NodeAt(index))
+            Tree().SetExpanded(*node, true);
+    });
+    connect(this, &QTreeView::collapsed, this, [this](const QModelIndex& index) {
+        if (BaumNode* node = model_->NodeAt(index))
+            Tree().SetExpanded(*node, false);
+    });
+    connect(model_, &BaumModel::NodeExpanded, this, &QTreeView::setExpanded);
+    connect(model_, &BaumModel::AllNodesCollapsed, this, &QTreeView::collapseAll);
+    connect(model_, &BaumModel::NodeSelected, this, &BaumView::ShowSelected);
+    connect(model_, &BaumModel::NodeToBeVisible, this, [this](const QModelIndex& index) { scrollTo(index); });
+    connect(model_, &BaumModel::ManyNodesChanged, viewport(), qOverload<>(&QWidget::update));
+    connect(model_, &BaumModel::modelAboutToBeReset, this, [this] {
+        if (!model_->IsHidden())
+            scrollBeforeFill_ = verticalScrollBar()->value();
+    });
+    connect(model_, &BaumModel::Filled, this, &BaumView::Restore);
+    connect(model_, &BaumModel::NodeChecked, this, [this](const std::string& key, bool checked) {
+        hasChecked_ = true;
+        Q_EMIT NodeChecked(key, checked);
+    });
+}
+
+void BaumView::SetTexte(int nameNr, int emptyNr) {
+    nameNr_ = nameNr;
+    emptyNr_ = emptyNr;
+    Texte();
+}
+
+void BaumView::SetEmptyText(const QString& text) {
+    emptyText_ = text;
+    setAccessibleDescription(text);
+    viewport()->update();
+}
+
+void BaumView::Texte() {
+    if (nameNr_ != 0)
+        setAccessibleName(TextNr(nameNr_));
+    if (emptyNr_ != 0)
+        SetEmptyText(TextNr(emptyNr_));
+}
+
+void BaumView::SetAcceptsKeys(bool accepts) {
+    acceptsKeys_ = accepts;
+    setDragDropMode(accepts ? DragDrop : DragOnly);
+}
+
+void BaumView::ApplyTreeFont() {
+    const QString family = ToQString(gTreeFont.name);
+    QFont font = QApplication::font("QTreeView");
+    if (QFontDatabase::hasFamily(family)) {
+        font = QFont(family);
+        font.setPointSizeF(gTreeFont.size);
+        font.setBold(gTreeFont.bold);
+        font.setItalic(gTreeFont.italic);
+    }
+    setFont(font);
+    UpdateLooks();
+}
+
+void BaumView::UpdateLooks() {
+    model_->SetLooks(font(), palette());
+    viewport()->update();
+}
+
+void BaumView::Activate(const QModelIndex& index) {
+    repeatedKeys_.stop();
+    BaumNode* node = model_->NodeAt(index);
+    if (!node)
+        return;
+    const std::string key = node->Key();  // what follows may take the node away
+    Tree().Select(node);
+    Q_EMIT NodeActivated(key);
+}
+
+// Puts the current line where the Baum has its selection.
+void BaumView::ShowSelected() {
+    const QModelIndex selected = model_->IndexOf(Tree().Selected());
+    if (selected == currentIndex() && selectionModel()->isSelected(selected))
+        return;
+    selectionModel()->setCurrentIndex(selected, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
+}
+
+// Puts folds, selection and scroll position back after a filling.
+void BaumView::Restore() {
+    // A layout is due, so that this only notes what is unfolded.
+    std::vector<BaumNode*> open = Tree().Roots();
+    while (!open.empty()) {
+        const BaumNode& node = *open.back();
+        open.pop_back();
+        if (node.Expanded())
+            setExpanded(model_->IndexOf(&node), true);
+        open.insert(open.end(), node.ChildNodes().begin(), node.ChildNodes().end());
+    }
+    if (Tree().Selected())
+        ShowSelected();
+    if (scrollBeforeFill_ > 0) {
+        executeDelayedItemsLayout();
+        verticalScrollBar()->setValue(scrollBeforeFill_);
+    }
+}
+
+// The model's own search would ask for each text as a QString; a walk over the visible lines compares bytes.
+void BaumView::keyboardSearch(const QString& search) {
+    const std::vector<BaumNode*>& roots = Tree().Roots();
+    if (search.isEmpty() || roots.empty() || model_->IsHidden())
+        return;
+    const qint64 now = QDateTime::currentMSecsSinceEpoch();
+    const bool goesOn = now - searchedAt_ <= QGuiApplication::styleHints()->keyboardInputInterval();
+    searchedAt_ = now;
+    const bool again = goesOn && searched_.size() == 1 && searched_.compare(search, Qt::CaseInsensitive) == 0;
+    if (!again)
+        searched_ = goesOn ? searched_ + search : search;
+    const std::string start = LowerCase(FromQString(searched_));
+    const BaumNode* current = model_->NodeAt(currentIndex());
+    // A first letter, and the same letter again, leave the current line; a longer word may stay.
+    const bool leaves = searched_.size() == 1;
+    const BaumNode* from = current ? (leaves ? NextLine(*current) : current) : nullptr;
+    const BaumNode* begin = from ? from : roots.front();
+    const BaumNode* node = begin;
+    do {
+        if (BeginsWith(node->Text(), start)) {
+            setCurrentIndex(model_->IndexOf(node));
+            return;
+        }
+        node = NextLine(*node);
+        if (!node)
+            node = roots.front();
+    } while (node != begin);
+}
+
+// The name for other programs, the key for other trees.
+void BaumView::Copy() {
+    QMimeData* mime = model_->mimeData({currentIndex()});
+    if (!mime)
+        return;
+    mime->setText(currentIndex().data().toString());
+    QApplication::clipboard()->setMimeData(mime);
+}
+
+void BaumView::keyPressEvent(QKeyEvent* event) {
+    if (event == QKeySequence::Copy)
+        return Copy();
+    if (event == QKeySequence::Paste && acceptsKeys_)
+        return TakeKeys(QApplication::clipboard()->mimeData());
+    const QModelIndex before = currentIndex();
+    const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+    hasChecked_ = false;
+    QTreeView::keyPressEvent(event);
+    if (currentIndex() == before && !isEnter)
+        return;
+    if (event->isAutoRepeat())
+        repeatedKeys_.start();
+    else
+        Activate(currentIndex());
+    event->accept();
+}
+
+void BaumView::keyReleaseEvent(QKeyEvent* event) {
+    if (!event->isAutoRepeat() && repeatedKeys_.isActive())
+        Activate(currentIndex());
+    QTreeView::keyReleaseEvent(event);
+}
+
+void BaumView::mousePressEvent(QMouseEvent* event) {
+    hasChecked_ = false;
+    // The right button leaves the selection alone.
+    if (event->button() == Qt::RightButton)
+        event->accept();
+    else
+        QTreeView::mousePressEvent(event);
+}
+
+void BaumView::mouseReleaseEvent(QMouseEvent* event) {
+    if (event->button() == Qt::RightButton) {
+        event->accept();
+        if (const BaumNode* node = model_->NodeAt(indexAt(event->position().toPoint())))
+            Q_EMIT NodeContext(std::string(node->Key()));
+        return;
+    }
+    QTreeView::mouseReleaseEvent(event);
+    if (hasChecked_)
+        ShowSelected();
+    hasChecked_ = false;
+}
+
+void BaumView::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+    const bool byMouse = event->reason() == QContextMenuEvent::Mouse;
+    if (byMouse && rightClickTells_)
+        return;
+    const QModelIndex index = byMouse ? indexAt(event->pos()) : currentIndex();
+    if (!index.isValid())
+        return;
+    ShowMenu(index, byMouse ? event->globalPos() : viewport()->mapToGlobal(visualRect(index).bottomLeft()));
+}
+
+void BaumView::ShowMenu(const QModelIndex& index, const QPoint& globalPos) {
+    const BaumNode* node = model_->NodeAt(index);
+    setCurrentIndex(index);  // shows what the menu is about
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const QString name = ToQString(node->Text());
+    const std::string key = node->Key();
+    menu->addAction(TextNr(kTextCopyName), this, [name] { ToClipboard(name); });
+    QAction* path = menu->addAction(TextNr(kTextCopyCodePath), this, [this, key] {
+        if (const BaumNode* there = Tree().Item(key))
+            ToClipboard(CodePathOf(*there));
+    });
+    path->setEnabled(!IsGroupKey(key) && node->Parent());
+    menu->addAction(TextNr(kTextCopyAsText), this, [this, key] {
+        if (const BaumNode* there = Tree().Item(key))
+            ToClipboard(AsText(*there, 0));
+    });
+    connect(menu, &QMenu::aboutToHide, this, &BaumView::ShowSelected);
+    menu->popup(globalPos);
+}
+
+void BaumView::paintEvent(QPaintEvent* event) {
+    QTreeView::paintEvent(event);
+    if (Tree().Count() > 0 || emptyText_.isEmpty())
+        return;
+    QPainter painter(viewport());
+    painter.setPen(palette().color(QPalette::PlaceholderText));
+    const int margin = fontMetrics().height();
+    painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
+                     Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, emptyText_);
+}
+
+void BaumView::changeEvent(QEvent* event) {
+    QTreeView::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange)
+        model_->ForgetIcons();
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::FontChange)
+        UpdateLooks();
+}
+
+bool BaumView::IsCutOff(const QModelIndex& index) const {
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    return itemDelegateForIndex(index)->sizeHint(option, index).width() > visualRect(index).width();
+}
+
+bool BaumView::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip)
+        return QTreeView::viewportEvent(event);
+    const auto& help = static_cast<QHelpEvent&>(*event);
+    const QModelIndex index = indexAt(help.pos());
+    QString text = index.data(Qt::ToolTipRole).toString();
+    if (text.isEmpty() && index.isValid() && IsCutOff(index))
+        text = index.data(Qt::DisplayRole).toString();
+    if (text.isEmpty())
+        QToolTip::hideText();
+    else
+        QToolTip::showText(help.globalPos(), text, viewport(), visualRect(index));
+    return true;
+}
+
+QPixmap BaumView::DragPicture(const QModelIndex& index) const {
+    const QIcon icon = index.data(Qt::DecorationRole).value<QIcon>();
+    const QString text = fontMetrics().elidedText(index.data(Qt::DisplayRole).toString(), Qt::ElideMiddle,
+                                                  fontMetrics().averageCharWidth() * 40);
+    const QSize iconSize(style()->pixelMetric(QStyle::PM_SmallIconSize),
+                         style()->pixelMetric(QStyle::PM_SmallIconSize));
+    const int gap = iconSize.width() / 4;
+    const QSize size(iconSize.width() + fontMetrics().horizontalAdvance(text) + 3 * gap,
+                     std::max(iconSize.height(), fontMetrics().height()) + 2 * gap);
+    QPixmap picture(size * devicePixelRatioF());
+    picture.setDevicePixelRatio(devicePixelRatioF());
+    picture.fill(palette().color(QPalette::ToolTipBase));
+    QPainter painter(&picture);
+    painter.setFont(font());
+    painter.setPen(palette().color(QPalette::ToolTipText));
+    painter.drawRect(0, 0, size.width() - 1, size.height() - 1);
+    icon.paint(&painter, gap, (size.height() - iconSize.height()) / 2, iconSize.width(), iconSize.height());
+    painter.drawText(QRect(iconSize.width() + 2 * gap, 0, size.width(), size.height()), Qt::AlignVCenter, text);
+    return picture;
+}
+
+void BaumView::startDrag(Qt::DropActions) {
+    const QModelIndex index = currentIndex();
+    const BaumNode* node = model_->NodeAt(index);
+    if (!node)
+        return;
+    Q_EMIT NodeDragStarted(std::string(node->Key()));
+    auto* drag = new QDrag(this);
+    drag->setMimeData(model_->mimeData({index}));
+    drag->setPixmap(DragPicture(index));
+    drag->setHotSpot(QPoint(-8, -8));
+    drag->exec(Qt::CopyAction);
+    ShowSelected();  // dragging a node away is not choosing it
+}
+
+void BaumView::TakeKeysOnly(QDropEvent& event) const {
+    if (acceptsKeys_ && event.mimeData()->hasFormat(QString::fromLatin1(kKeyMimeType)))
+        event.acceptProposedAction();
+    else
+        event.ignore();
+}
+
+void BaumView::dragEnterEvent(QDragEnterEvent* event) {
+    TakeKeysOnly(*event);
+}
+
+void BaumView::dragMoveEvent(QDragMoveEvent* event) {
+    TakeKeysOnly(*event);
+}
+
+void BaumView::dropEvent(QDropEvent* event) {
+    TakeKeysOnly(*event);
+    if (event->isAccepted())
+        TakeKeys(event->mimeData());
+}
+
+void BaumView::TakeKeys(const QMimeData* mime) {
+    const QByteArray key = mime ? mime->data(QString::fromLatin1(kKeyMimeType)) : QByteArray();
+    if (!key.isEmpty())
+        Q_EMIT KeyDropped(ActiveCodePage().FromUtf8(key.toStdString()));
+}

@@ -1,0 +1,86 @@
+// One of the trees of the window. It tells what the user did with a node, and follows what the program does with the
+// Baum; folds and the selection are kept there.
+#pragma once
+
+#include <QTimer>
+#include <QTreeView>
+#include <string>
+
+#include "views/baum_model.h"
+
+class BaumView : public QTreeView {
+    Q_OBJECT
+
+public:
+    /// `tree` must outlive the view.
+    explicit BaumView(Baum& tree, QWidget* parent = nullptr);
+
+    [[nodiscard]] Baum& Tree() const { return model_->Tree(); }
+    [[nodiscard]] BaumModel& Model() const { return *model_; }
+
+    void SetCheckBoxes(bool on) { model_->SetCheckBoxes(on); }
+    void SetToolTips(std::function<QString(const BaumNode&)> toolTips) { model_->SetToolTips(std::move(toolTips)); }
+    /// Numbers of the accessible name and of what stands in the pane while the tree has no nodes; 0 is none.
+    void SetTexte(int nameNr, int emptyNr);
+    /// Says something else in the empty pane, until the next SetTexte.
+    void SetEmptyText(const QString& text);
+    /// A right click only tells; the menu then comes by the keyboard.
+    void SetRightClickTells(bool tells) { rightClickTells_ = tells; }
+    /// Nodes of all trees may be dropped here, or copied there and pasted here.
+    void SetAcceptsKeys(bool accepts);
+
+    /// All texts in the language at hand.
+    void Texte();
+    /// The font of the settings; that of the interface where the system lacks it.
+    void ApplyTreeFont();
+
+    void keyboardSearch(const QString& search) override;
+
+Q_SIGNALS:
+    /// By a click, or by moving there with the keyboard.
+    void NodeActivated(const std::string& key);
+    /// By a right click.
+    void NodeContext(const std::string& key);
+    void NodeChecked(const std::string& key, bool checked);
+    void NodeDragStarted(const std::string& key);
+    void KeyDropped(const std::string& key);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+    void startDrag(Qt::DropActions actions) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+private:
+    void Wire();
+    void Activate(const QModelIndex& index);
+    void ShowSelected();
+    void Restore();
+    void UpdateLooks();
+    void ShowMenu(const QModelIndex& index, const QPoint& globalPos);
+    [[nodiscard]] bool IsCutOff(const QModelIndex& index) const;
+    void Copy();
+    void TakeKeys(const QMimeData* mime);
+    void TakeKeysOnly(QDropEvent& event) const;
+    [[nodiscard]] QPixmap DragPicture(const QModelIndex& index) const;
+
+    BaumModel* model_;
+    int nameNr_ = 0;
+    int emptyNr_ = 0;
+    QString emptyText_;
+    bool rightClickTells_ = false;
+    bool acceptsKeys_ = false;
+    bool hasChecked_ = false;  // by the mouse button that is let go just now
+    int scrollBeforeFill_ = 0;
+    QTimer repeatedKeys_;  // a key that is held down activates when it comes to rest
+    QString searched_;     // typed so far
+    qint64 searchedAt_ = 0;
+};

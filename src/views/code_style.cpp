@@ -1,0 +1,87 @@
+#include "views/code_style.h"
+
+#include <QFontDatabase>
+#include <algorithm>
+#include <cmath>
+
+#include "views/qt_text.h"
+
+namespace {
+
+double Luminance(const QColor& colour) {
+    const auto linear = [](double part) {
+        return part <= 0.03928 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
+    };
+    return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
+}
+
+}  // namespace
+
+QColor ColourFromBgr(std::int32_t bgr) {
+    return {bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF};
+}
+
+double Contrast(const QColor& a, const QColor& b) {
+    const double first = Luminance(a) + 0.05;
+    const double second = Luminance(b) + 0.05;
+    return std::max(first, second) / std::min(first, second);
+}
+
+QColor Readable(const QColor& wanted, const QColor& ground, double contrast) {
+    if (Contrast(wanted, ground) >= contrast)
+        return wanted;
+    // Mixing with black or white keeps the hue, and pale colours stay paler than strong ones of the same hue.
+    const QColor end = Contrast(Qt::black, ground) > Contrast(Qt::white, ground) ? Qt::black : Qt::white;
+    constexpr int kSteps = 64;
+    for (int step = 1; step < kSteps; ++step)
+        if (const QColor colour = Mixed(wanted, end, static_cast<double>(step) / kSteps).toRgb();
+            Contrast(colour, ground) >= contrast)
+            return colour;
+    return end;
+}
+
+QColor Mixed(const QColor& ground, const QColor& top, double share) {
+    const auto mix = [share](double below, double above) {
+        return static_cast<float>(below + (above - below) * share);
+    };
+    return QColor::fromRgbF(mix(ground.redF(), top.redF()), mix(ground.greenF(), top.greenF()),
+                            mix(ground.blueF(), top.blueF()));
+}
+
+QColor CodeGround(const QPalette& palette, bool onGrey) {
+    const QColor base = palette.color(QPalette::Base);
+    // Black over white gives (240, 240, 240).
+    return onGrey ? Mixed(base, palette.color(QPalette::Text), 0.0588) : base;
+}
+
+QTextCharFormat StyleOf(Colour what, const QColor& ground) {
+    QTextCharFormat style;
+    if (what == Colour::None)
+        return style;
+    style.setForeground(Readable(ColourFromBgr(ColourOf(what)), ground));
+    if (what == Colour::CallMayBe)
+        style.setUnderlineStyle(QTextCharFormat::DotLine);
+    if (what == Colour::FunctionResult)
+        style.setFontWeight(QFont::Bold);
+    if (what == Colour::NotCompiled)
+        style.setFontItalic(true);
+    return style;
+}
+
+QTextCharFormat PlaceStyle(Colour what, const QPalette& palette, const QColor& ground, bool isCurrent) {
+    const QColor wanted = what == Colour::None ? palette.color(QPalette::Highlight) : ColourFromBgr(ColourOf(what));
+    const QColor marked = Mixed(ground, wanted, isCurrent ? 0.45 : 0.2);
+    QTextCharFormat style = StyleOf(what, marked);
+    style.setBackground(marked);
+    style.setForeground(Readable(isCurrent ? palette.color(QPalette::Text) : wanted, marked));
+    return style;
+}
+
+QFont FontFromSetting(const FontSetting& setting, const QFont& fallback) {
+    const QString family = ToQString(setting.name);
+    QFont font = QFontDatabase::hasFamily(family) ? QFont(family) : fallback;
+    font.setPointSizeF(std::clamp(std::abs(static_cast<double>(setting.size)), 4.0, 200.0));
+    font.setBold(setting.bold);
+    font.setItalic(setting.italic);
+    return font;
+}

@@ -1,0 +1,31 @@
+// How the meanings of code look: a colour of the settings that can be read on the ground at hand, and a shape where
+// colour alone would tell certain from possible.
+#pragma once
+
+#include <QColor>
+#include <QFont>
+#include <QPalette>
+#include <QTextCharFormat>
+#include <cstdint>
+
+#include "display/code_colours.h"
+#include "shell/settings.h"
+
+/// A colour of the settings, 32-bit BGR.
+[[nodiscard]] QColor ColourFromBgr(std::int32_t bgr);
+/// Contrast of two colours by their relative luminance, 1 to 21.
+[[nodiscard]] double Contrast(const QColor& a, const QColor& b);
+/// `wanted`, made darker or lighter until it can be read on `ground`; hue stays.
+[[nodiscard]] QColor Readable(const QColor& wanted, const QColor& ground, double contrast = 4.5);
+/// `share` of `top` over `ground`.
+[[nodiscard]] QColor Mixed(const QColor& ground, const QColor& top, double share);
+/// What code stands on: the palette's base, and one greyer for dead procedures.
+[[nodiscard]] QColor CodeGround(const QPalette& palette, bool onGrey);
+
+/// Style of a meaning: possible calls have a dotted underline, results of functions are bold, inactive code is italic.
+[[nodiscard]] QTextCharFormat StyleOf(Colour what, const QColor& ground);
+/// Style of a marked place of a call; that of the place stepped to is stronger.
+[[nodiscard]] QTextCharFormat PlaceStyle(Colour what, const QPalette& palette, const QColor& ground, bool isCurrent);
+
+/// A font of the settings; where the system lacks its family it is `fallback` in the size set.
+[[nodiscard]] QFont FontFromSetting(const FontSetting& setting, const QFont& fallback);

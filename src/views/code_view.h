@@ -1,0 +1,92 @@
+// The code on the screen: coloured, with the lines of its file, read only, and as good by keyboard as by mouse. It
+// shows what it is given and tells where a person points; what follows from that is the window's business.
+//
+// All positions that come in or go out are bytes of the text shown, from 0.
+#pragma once
+
+#include <QPlainTextEdit>
+#include <functional>
+#include <vector>
+
+#include "display/code_colours.h"
+#include "views/decoded_text.h"
+
+class CodeView final : public QPlainTextEdit {
+    Q_OBJECT
+
+public:
+    explicit CodeView(QWidget* parent = nullptr);
+
+    /// Shows a text from its top, with nothing selected and no place marked.
+    void Show(const CodeText& code);
+    void Clear() { Show({}); }
+    /// Selects a stretch and scrolls so that it can be seen.
+    void Select(CodeRange range);
+    /// Marks places, scrolls to the first and makes it the current one. An empty list takes the marks away.
+    void MarkPlaces(std::vector<CodeSpan> places);
+
+    [[nodiscard]] Pos SelStart() const;
+    [[nodiscard]] Pos SelLength() const;
+    [[nodiscard]] int PlaceCount() const { return static_cast<int>(places_.size()); }
+    /// From 1; 0 when no place is marked.
+    [[nodiscard]] int CurrentPlace() const { return currentPlace_; }
+
+    /// Font, colours and the size of the tabs from the settings, on the text that stands there.
+    void ApplySettings();
+    /// All texts of the widget in the language of the program.
+    void Texte();
+    /// Gives the tool tip of a position; without one, or with an empty answer, there is none.
+    void SetToolTipSource(std::function<QString(Pos)> source) { toolTipSource_ = std::move(source); }
+
+public Q_SLOTS:
+    /// The marked place behind or before the current one, around the ends.
+    void NextPlace() { StepToPlace(+1); }
+    void PreviousPlace() { StepToPlace(-1); }
+    void ZoomIn() { SetZoom(zoom_ + 1); }
+    void ZoomOut() { SetZoom(zoom_ - 1); }
+    void ZoomReset() { SetZoom(0); }
+
+Q_SIGNALS:
+    /// Right click, context-menu key or Enter: lead from here to the object.
+    void PositionClicked(int selStart, int selLength);
+    /// A place became the current one, from 1; 0 of 0 when the marks are gone.
+    void PlaceChanged(int index, int count);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    bool viewportEvent(QEvent* event) override;
+
+private:
+    class Gutter;
+    friend class Gutter;
+
+    void ApplySpans();
+    void ApplyGround();
+    void ApplyPlaces();
+    void ApplyFont();
+    void LayOutGutter();
+    void PaintGutter(QPaintEvent* event);
+    void StepToPlace(int step);
+    void SetZoom(int zoom);
+    void ScrollTo(int from, int to);
+    /// Byte of the character under a point of the viewport, or -1 beside all text.
+    [[nodiscard]] Pos ByteAt(QPoint point) const;
+    [[nodiscard]] QColor Ground() const;
+
+    DecodedText text_;
+    std::vector<CodeSpan> spans_;
+    std::vector<CodeSpan> places_;
+    int currentPlace_ = 0;
+    int firstLine_ = 0;
+    bool onGrey_ = false;
+    int zoom_ = 0;
+    QWidget* gutter_ = nullptr;
+    QString emptyText_;
+    std::function<QString(Pos)> toolTipSource_;
+};

@@ -1,0 +1,114 @@
+#include "views/fold_splitter.h"
+
+#include <QBoxLayout>
+#include <QMouseEvent>
+#include <QToolButton>
+
+#include "views/icons.h"
+
+namespace {
+
+constexpr int kBar = 10;  // thickness of a bar in pixels
+
+}  // namespace
+
+class FoldSplitter::Handle final : public QSplitterHandle {
+public:
+    Handle(Qt::Orientation orientation, FoldSplitter& splitter)
+        : QSplitterHandle(orientation, &splitter), splitter_(splitter) {
+        if (splitter.count() != 1)
+            return;  // only the bar behind the first pane folds
+        button_ = new QToolButton(this);
+        button_->setAutoRaise(true);
+        button_->setFocusPolicy(Qt::NoFocus);  // the view menu has the same commands
+        button_->setCursor(Qt::PointingHandCursor);
+        const bool sideways = orientation == Qt::Horizontal;
+        button_->setFixedSize(sideways ? QSize(kBar, 36) : QSize(36, kBar));
+        button_->setIconSize(QSize(kBar, kBar));
+        auto* layout = new QBoxLayout(sideways ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight, this);
+        layout->setContentsMargins(0, 0, 0, 0);
+        layout->addWidget(button_, 0, Qt::AlignCenter);
+        connect(button_, &QToolButton::clicked, this, [this] { splitter_.SetFolded(!splitter_.Folded()); });
+        ShowState();
+    }
+
+    void ShowState() {
+        if (!button_)
+            return;
+        const bool sideways = orientation() == Qt::Horizontal;
+        const bool folded = splitter_.Folded();
+        button_->setIcon(IconFor(sideways ? (folded ? "SplitXShow" : "SplitXHide")
+                                          : (folded ? "SplitYShow" : "SplitYHide")));
+        button_->setToolTip(splitter_.foldText_);
+        button_->setAccessibleName(splitter_.foldText_);
+        setCursor(folded ? Qt::ArrowCursor : sideways ? Qt::SplitHCursor : Qt::SplitVCursor);
+    }
+
+protected:
+    void mousePressEvent(QMouseEvent* event) override {
+        if (!splitter_.Folded())
+            QSplitterHandle::mousePressEvent(event);
+    }
+    void mouseMoveEvent(QMouseEvent* event) override {
+        if (!splitter_.Folded())
+            QSplitterHandle::mouseMoveEvent(event);
+    }
+    void mouseReleaseEvent(QMouseEvent* event) override {
+        if (!splitter_.Folded())
+            QSplitterHandle::mouseReleaseEvent(event);
+    }
+
+private:
+    FoldSplitter& splitter_;
+    QToolButton* button_ = nullptr;
+};
+
+FoldSplitter::FoldSplitter(Qt::Orientation orientation, QWidget* parent) : QSplitter(orientation, parent) {
+    setChildrenCollapsible(false);
+    setHandleWidth(kBar);
+}
+
+QSplitterHandle* FoldSplitter::createHandle() {
+    return new Handle(orientation(), *this);
+}
+
+int FoldSplitter::Place() const {
+    return folded_ || sizes().isEmpty() ? place_ : sizes().front();
+}
+
+void FoldSplitter::SetPlace(int pixels) {
+    place_ = pixels;
+    if (folded_ || count() < 2)
+        return;
+    QList<int> all = sizes();
+    const int two = all[0] + all[1];
+    all[0] = pixels;
+    all[1] = std::max(0, two - pixels);
+    setSizes(all);
+}
+
+void FoldSplitter::SetFolded(bool folded) {
+    if (folded == folded_ || count() < 2)
+        return;
+    if (folded)
+        place_ = Place();
+    folded_ = folded;
+    ApplyFolded();
+    Q_EMIT FoldedChanged(folded);
+}
+
+void FoldSplitter::ApplyFolded() {
+    setCollapsible(0, folded_);
+    QList<int> all = sizes();
+    const int two = all[0] + all[1];
+    all[0] = folded_ ? 0 : std::max(place_, widget(0)->minimumSizeHint().width());
+    all[1] = std::max(0, two - all[0]);
+    setSizes(all);
+    static_cast<Handle*>(handle(1))->ShowState();
+}
+
+void FoldSplitter::SetFoldText(const QString& text) {
+    foldText_ = text;
+    if (count() > 1)
+        static_cast<Handle*>(handle(1))->ShowState();
+}

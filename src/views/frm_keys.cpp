@@ -1,0 +1,76 @@
+#include "views/frm_keys.h"
+
+#include <QAction>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+#include "views/copy_table.h"
+#include "views/dialogs.h"
+#include "views/qt_text.h"
+
+frmKeys::frmKeys(QWidget* parent)
+    : QDialog(parent), table_(new QTableWidget(0, 2)), cmdCopy_(new QPushButton), cmdClose_(new QPushButton) {
+    setObjectName(QStringLiteral("frmKeys"));
+    setAttribute(Qt::WA_QuitOnClose, false);
+    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table_->setTabKeyNavigation(false);
+    table_->setShowGrid(false);
+    table_->setAlternatingRowColors(true);
+    table_->verticalHeader()->hide();
+    table_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
+    table_->horizontalHeader()->setStretchLastSection(true);
+    table_->setColumnWidth(0, 38 * fontMetrics().averageCharWidth());
+    table_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+    table_->horizontalHeader()->setHighlightSections(false);
+    CopyTableOnCtrlC(*table_);
+    cmdCopy_->setAutoDefault(false);
+    cmdClose_->setDefault(true);
+    auto* buttons = new QHBoxLayout;
+    buttons->addWidget(cmdCopy_);
+    buttons->addStretch();
+    buttons->addWidget(cmdClose_);
+    auto* layout = new QVBoxLayout(this);
+    layout->addWidget(table_, 1);
+    layout->addLayout(buttons);
+    resize(60 * fontMetrics().averageCharWidth(), 30 * fontMetrics().lineSpacing());
+    connect(cmdCopy_, &QPushButton::clicked, this, [this] { CopyTable(*table_); });
+    connect(cmdClose_, &QPushButton::clicked, this, &QDialog::close);
+    Texte();
+}
+
+void frmKeys::Texte() {
+    setWindowTitle(TextNr(156));
+    table_->setAccessibleName(TextNr(156));
+    table_->setHorizontalHeaderLabels({TextNr(157), TextNr(158)});
+    cmdCopy_->setText(TextNr(125));
+    cmdClose_->setText(TextNr(137));
+    AssignMnemonics(*this);
+}
+
+void frmKeys::AddRow(const QString& command, const QString& keys) {
+    const int row = table_->rowCount();
+    table_->insertRow(row);
+    table_->setItem(row, 0, new QTableWidgetItem(command));
+    table_->setItem(row, 1, new QTableWidgetItem(keys));
+}
+
+void frmKeys::Fill(const QList<QAction*>& actions, const QList<std::pair<QString, QString>>& others) {
+    table_->setRowCount(0);
+    for (const QAction* action : actions) {
+        if (action->shortcuts().isEmpty())
+            continue;
+        QStringList keys;
+        for (const QKeySequence& key : action->shortcuts())
+            keys.append(key.toString(QKeySequence::NativeText));
+        QString command = action->text();
+        // "…" says that a dialog follows, which is of no interest here.
+        AddRow(command.remove(QLatin1Char('&')).remove(QChar(0x2026)), keys.join(QStringLiteral(", ")));
+    }
+    for (const auto& [command, keys] : others)
+        AddRow(command, keys);
+    table_->setCurrentCell(0, 0);
+}

@@ -1,0 +1,431 @@
+// How the window is put together: panes, menus, toolbars, status bar, and what leads to what.
+#include "views/frm_main.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QScreen>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QToolBar>
+#include <QToolButton>
+#include <QUrl>
+
+#include "display/recent_projects.h"
+#include "display/tree_checks.h"
+#include "model/clsProjekt.h"
+#include "platform/files.h"
+#include "project/start.h"
+#include "shell/clsText.h"
+#include "shell/operations.h"
+#include "shell/program.h"
+#include "views/baum_view.h"
+#include "views/code_view.h"
+#include "views/commands.h"
+#include "views/dialogs.h"
+#include "views/fold_splitter.h"
+#include "views/frm_about.h"
+#include "views/frm_error.h"
+#include "views/frm_keys.h"
+#include "views/frm_optionen.h"
+#include "views/frm_progress.h"
+#include "views/icons.h"
+#include "views/main_panes.h"
+#include "views/open_document.h"
+#include "views/deployment.h"
+#include "views/path_line.h"
+#include "views/problems_list.h"
+#include "views/properties_grid.h"
+#include "views/qt_text.h"
+#include "views/questions.h"
+#include "views/search_bar.h"
+#include "views/start_page.h"
+#include "views/tree_panes.h"
+#include "views/twips.h"
+
+namespace {
+
+constexpr QSize kSmallestWindow(720, 480);
+constexpr QSize kDesignSize(1280, 800);
+
+// The project file that is dragged, or an empty text.
+QString DroppedProject(const QMimeData* data) {
+    const QList<QUrl> urls = data->urls();
+    if (urls.size() != 1 || !urls.front().isLocalFile())
+        return {};
+    const QString path = urls.front().toLocalFile();
+    return path.endsWith(QStringLiteral(".vbp"), Qt::CaseInsensitive) ? path : QString();
+}
+
+QAction* Separator(QMenu* menu) {
+    return menu->addSeparator();
+}
+
+}  // namespace
+
+frmMain::frmMain(Files& files, SettingsFile& settings, std::string programDirectory)
+    : files_(files),
+      settings_(settings),
+      programDirectory_(std::move(programDirectory)),
+      commands_(new Commands(this)),
+      progress_(new frmProgress(this)),
+      error_(new frmError(this)),
+      about_(new frmAbout(this)),
+      keys_(new frmKeys(this)),
+      options_(new frmOptionen(files, settings, programDirectory_, this)),
+      problems_(new ProblemsList(this)),
+      missingFiles_(std::make_unique<MissingFileQuestion>(this)) {
+    setMinimumSize(kSmallestWindow);
+    setWindowIcon(ApplicationIcon());
+    setAcceptDrops(true);
+    BuildPanes();
+    BuildMenus();
+    BuildToolbar();
+    BuildStatusBar();
+    WireViews();
+    WireCommands();
+    ConnectPorts();
+    SizeSaveRead();
+    frmMainTexte();
+    ApplyFonts();
+    ShowArrangement();
+    ShowStartPage();
+}
+
+frmMain::~frmMain() {
+    SetErrorPort({});
+    SetQuestionPort({});
+    SetMissingFilePort({});
+    SetMessagePort({});
+    EmptyViews();
+    CloseProject();
+    delete pages_;  // the views go before the trees they listen to
+}
+
+BaumView& frmMain::BaumProjekt() const {
+    return project_->Tree();
+}
+
+void frmMain::BuildPanes() {
+    pages_ = new QStackedWidget(this);
+    start_ = new StartPage(pages_);
+    project_ = new ProjectPane(tree_, *commands_, this);
+    calledByPane_ = new DependencyPane(calledBy_, *commands_, "CalledByReally", "CalledByMaybe", this);
+    callsPane_ = new DependencyPane(calls_, *commands_, "CallsReally", "CallsMaybe", this);
+    rtbCode_ = new CodeView(this);
+    rtbCodePath_ = new PathLine(this);
+    properties_ = new PropertiesGrid(this);
+    panes_ = new MainPanes({rtbCodePath_, project_, properties_, calledByPane_, callsPane_, rtbCode_}, pages_);
+    pages_->addWidget(start_);
+    pages_->addWidget(panes_);
+    setCentralWidget(pages_);
+    BaumProjekt().SetToolTips([this](const BaumNode& node) { return HoverText(node.Key()); });
+    calledByPane_->Tree().SetToolTips([this](const BaumNode& node) { return DependencyHoverText(node.Key(), true); });
+    callsPane_->Tree().SetToolTips([this](const BaumNode& node) { return DependencyHoverText(node.Key(), false); });
+    rtbCode_->SetToolTipSource([this](Pos position) { return CodeHoverText(position); });
+}
+
+void frmMain::BuildMenus() {
+    Commands& command = *commands_;
+    const auto fill = [&command](QMenu* menu, std::initializer_list<const char*> keys) {
+        for (const char* key : keys) {
+            if (*key == '-')
+                Separator(menu);
+            else
+                menu->addAction(&command[key]);
+        }
+    };
+    mnuDatei_ = menuBar()->addMenu(QString());
+    fill(mnuDatei_, {"OpenProject", "CloseProject", "-"});
+    mnuReports_ = mnuDatei_->addMenu(IconFor("Reports"), QString());
+    fill(mnuReports_, {"ReportStructure", "ReportCalls", "ReportDeaths"});
+    fill(mnuDatei_, {"-", "Exit"});
+
+    mnuAnsicht_ = menuBar()->addMenu(QString());
+    fill(mnuAnsicht_, {"ContentCode", "ContentGraph", "ContentChart", "-", "SplitForContent", "SplitForCalls", "SplitX",
+                       "SplitY", "-", "CollapseAll", "CheckBoxOn", "CheckBoxAll", "CheckBoxNone", "-", "Search",
+                       "NavPrev", "NavNext", "-", "ZoomPlus", "ZoomMinus", "ZoomNo", "-", "Problems", "Options"});
+
+    mnuStruktur_ = menuBar()->addMenu(QString());
+    fill(mnuStruktur_, {"Structure", "CallsModule", "-", "Refresh"});
+
+    mnuDependencies_ = menuBar()->addMenu(QString());
+    fill(mnuDependencies_, {"Calls", "-", "CalledByReally", "CalledByMaybe", "-", "CallsReally", "CallsMaybe", "-",
+                            "NextPlace", "PreviousPlace"});
+
+    mnuHelp_ = menuBar()->addMenu(QString());
+    fill(mnuHelp_, {"WebPage", "Keys", "Diagnosis", "-", "About"});
+    command["WebPage"].setVisible(!kProductPage.empty());
+}
+
+void frmMain::BuildToolbar() {
+    Toolbar1 = addToolBar(QString());
+    Toolbar1->setObjectName(QStringLiteral("Toolbar1"));
+    Toolbar1->setMovable(false);
+    Toolbar1->setContextMenuPolicy(Qt::PreventContextMenu);
+    Toolbar1->setIconSize(QSize(24, 24));
+    Commands& command = *commands_;
+    for (const char* key : {"OpenProject", "-", "Calls", "Refresh", "-", "NavPrev", "NavNext", "-", "SplitForContent",
+                            "SplitForCalls", "-", "ContentCode", "ContentGraph", "ContentChart", "-", "Search"}) {
+        if (*key == '-')
+            Toolbar1->addSeparator();
+        else
+            Toolbar1->addAction(&command[key]);
+    }
+    // The caption of the button that everything begins with stands beside its icon.
+    if (auto* open = qobject_cast<QToolButton*>(Toolbar1->widgetForAction(&command["OpenProject"])))
+        open->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    if (auto* calls = qobject_cast<QToolButton*>(Toolbar1->widgetForAction(&command["Calls"])))
+        calls->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    setContextMenuPolicy(Qt::NoContextMenu);
+}
+
+void frmMain::BuildStatusBar() {
+    message_ = new QLabel(this);
+    message_->setMinimumWidth(1);
+    statusBar()->addWidget(message_, 1);
+    for (QLabel*& label : counts_) {
+        label = new QLabel(this);
+        label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+        statusBar()->addPermanentWidget(label);
+    }
+    problemCount_ = new QToolButton(this);
+    problemCount_->setAutoRaise(true);
+    problemCount_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    problemCount_->setIcon(IconFor("Problems"));
+    problemCount_->hide();
+    statusBar()->addPermanentWidget(problemCount_);
+}
+
+void frmMain::WireViews() {
+    connect(&BaumProjekt(), &BaumView::NodeActivated, this, &frmMain::BaumProjekt_NodeClick);
+    connect(&BaumProjekt(), &BaumView::NodeChecked, this, &frmMain::BaumProjekt_NodeChecked);
+    connect(&calledByPane_->Tree(), &BaumView::NodeActivated, this,
+            [this](const std::string& key) { SelectCallsOfObject(key, true); });
+    connect(&callsPane_->Tree(), &BaumView::NodeActivated, this,
+            [this](const std::string& key) { SelectCallsOfObject(key, false); });
+    for (DependencyPane* pane : {calledByPane_, callsPane_})
+        connect(&pane->Tree(), &BaumView::NodeContext, this, &frmMain::DependencyContext);
+    connect(rtbCode_, &CodeView::PositionClicked, this, &frmMain::CodeClicked);
+    connect(rtbCode_, &CodeView::PlaceChanged, this, [this](int index, int count) {
+        if (count > 1)
+            Message(QStringLiteral("%1 %2 %3").arg(index).arg(TextNr(176)).arg(count));
+        (*commands_)["NextPlace"].setEnabled(count > 0);
+        (*commands_)["PreviousPlace"].setEnabled(count > 0);
+    });
+    connect(&project_->Search(), &SearchBar::ObjectChosen, this, [this](const std::string& path) {
+        ActivateKey(path);
+        BaumProjekt().setFocus();
+    });
+    connect(start_, &StartPage::OpenClicked, this, [this] { MainActions(1); });
+    connect(start_, &StartPage::RecentChosen, this, &frmMain::OpenProject);
+    connect(panes_, &MainPanes::FoldsChanged, this, [this] {
+        (*commands_)["SplitX"].setChecked(!panes_->picSplitX().Folded());
+        (*commands_)["SplitY"].setChecked(!panes_->picSplitY().Folded());
+    });
+    connect(options_, &frmOptionen::LanguageChanged, this, &frmMain::frmMainTexte);
+    connect(options_, &frmOptionen::Applied, this, &frmMain::OptionsApplied);
+    connect(options_, &frmOptionen::ReportStructure, this, [this] { WriteReports("AnalyseErgebnisStructure"); });
+    connect(options_, &frmOptionen::ReportCalls, this, [this] { WriteReports("AnalyseErgebnisCalls"); });
+    connect(options_, &frmOptionen::ReportDeaths, this, [this] { WriteReports("AnalyseErgebnisDeaths"); });
+    connect(problemCount_, &QToolButton::clicked, this, [this] { (*commands_)["Problems"].trigger(); });
+}
+
+void frmMain::WireCommands() {
+    Commands& command = *commands_;
+    const auto wire = [this, &command](const char* key, auto function) {
+        connect(&command[key], &QAction::triggered, this, function);
+    };
+    for (const auto& [key, nr] : {std::pair{"Exit", 0}, {"OpenProject", 1}, {"Structure", 2}, {"CallsModule", 3},
+                                  {"Uses", 5}, {"Calls", 6}, {"SplitForContent", 7}, {"UsesShow", 8},
+                                  {"SplitForCalls", 9}, {"ContentChart", 10}, {"Refresh", 11}, {"ContentGraph", 12},
+                                  {"ContentCode", 13}})
+        wire(key, [this, number = nr] { MainActions(number); });
+    wire("CloseProject", [this] { CloseTheProject(); });
+    wire("ReportStructure", [this] { WriteReports("AnalyseErgebnisStructure"); });
+    wire("ReportCalls", [this] { WriteReports("AnalyseErgebnisCalls"); });
+    wire("ReportDeaths", [this] { WriteReports("AnalyseErgebnisDeaths"); });
+    wire("SplitX", [this](bool shown) { panes_->picSplitX().SetFolded(!shown); });
+    wire("SplitY", [this](bool shown) { panes_->picSplitY().SetFolded(!shown); });
+    wire("CollapseAll", [this] { tree_.CollapseAll(); });
+    wire("CheckBoxOn", [this](bool on) { ToggleCheckBoxes(on); });
+    wire("CheckBoxAll", [this] { Check_All(true); });
+    wire("CheckBoxNone", [this] { Check_All(false); });
+    wire("Search", [this] { project_->Search().Focus(); });
+    wire("NavPrev", [this] { NavCodeKey_Prev(); });
+    wire("NavNext", [this] { NavCodeKey_Next(); });
+    wire("ZoomPlus", [this] { rtbCode_->ZoomIn(); });
+    wire("ZoomMinus", [this] { rtbCode_->ZoomOut(); });
+    wire("ZoomNo", [this] { rtbCode_->ZoomReset(); });
+    wire("NextPlace", [this] { rtbCode_->NextPlace(); });
+    wire("PreviousPlace", [this] { rtbCode_->PreviousPlace(); });
+    wire("CalledByReally", [this] { SetMayBe(false, false); });
+    wire("CalledByMaybe", [this] { SetMayBe(false, true); });
+    wire("CallsReally", [this] { SetMayBe(true, false); });
+    wire("CallsMaybe", [this] { SetMayBe(true, true); });
+    wire("Problems", [this] { problems_->exec(); });
+    wire("Options", [this] { options_->exec(); });
+    wire("WebPage", [] { OpenDocument(ToQString(kProductPage)); });
+    wire("Keys", [this] {
+        keys_->Fill(commands_->InUse());
+        keys_->exec();
+    });
+    wire("Diagnosis", [this] { Diagnosis(); });
+    wire("About", [this] { about_->exec(); });
+}
+
+void frmMain::ConnectPorts() {
+    SetErrorPort([this](const ErrorReport& report) { error_->ShowReport(report); });
+    SetQuestionPort([this](std::string_view text) { return AskQuestion(this, LanguageText(text)); });
+    SetMissingFilePort([this](std::string_view text, int more) { return missingFiles_->Ask(text, more); });
+    SetMessagePort([this](std::string_view text) { ShowMessage(this, LanguageText(text)); });
+}
+
+void frmMain::frmMainTexte() {
+    commands_->Texte();
+    mnuDatei_->setTitle(TextNr(190));
+    mnuReports_->setTitle(TextNr(26));
+    mnuAnsicht_->setTitle(TextNr(4));
+    mnuStruktur_->setTitle(TextNr(191));
+    mnuDependencies_->setTitle(TextNr(61));
+    mnuHelp_->setTitle(TextNr(192));
+    Toolbar1->setWindowTitle(TextNr(237));
+    Toolbar1->setAccessibleName(TextNr(237));
+    start_->Texte();
+    project_->Texte();
+    calledByPane_->Texte(86, 184);
+    callsPane_->Texte(85, 185);
+    rtbCode_->Texte();
+    rtbCodePath_->Texte();
+    properties_->Texte();
+    panes_->Texte();
+    progress_->Texte();
+    error_->Texte();
+    about_->Texte();
+    keys_->Texte();
+    options_->Texte();
+    problems_->Texte();
+    SetMayBe(false, MayBeCalledBy);
+    SetMayBe(true, MayBeCalls);
+    Message({});
+    ShowCounts();
+    ShowProblemCount();
+    Activate_Commands();
+    AssignMenuMnemonics();
+}
+
+// Each menu, and each item of one menu, gets a letter of its own.
+void frmMain::AssignMenuMnemonics() {
+    Commands::GiveLetters(menuBar()->actions());
+    for (QMenu* menu : {mnuDatei_, mnuReports_, mnuAnsicht_, mnuStruktur_, mnuDependencies_, mnuHelp_})
+        Commands::GiveLetters(menu->actions());
+}
+
+void frmMain::ApplyFonts() {
+    rtbCode_->ApplySettings();
+    BaumProjekt().ApplyTreeFont();
+    for (DependencyPane* pane : {calledByPane_, callsPane_})
+        pane->Tree().ApplyTreeFont();
+}
+
+void frmMain::OptionsApplied() {
+    ApplyFonts();
+    code_.Forget();
+    if (!gProjekt)
+        return;
+    RefillTree();
+    if (BaumNode* node = tree_.Selected())
+        Activate_BaumProjekt_Node(node);
+}
+
+void frmMain::ShowStartPage() {
+    std::vector<StartPage::Recent> recent;
+    for (const std::string& path : RecentProjects(settings_))
+        recent.push_back({path, files_.FileExists(path)});
+    start_->ShowRecent(recent);
+    pages_->setCurrentWidget(gProjekt ? static_cast<QWidget*>(panes_) : start_);
+}
+
+// By what is stored; the window always comes up where a screen is.
+void frmMain::SizeSaveRead() {
+    const WindowSize size = SizeSave_Read(settings_);
+    resize(kDesignSize);
+    if (!size.Width.empty() && !size.Height.empty())
+        resize(ToPixels(LeadingNumber(size.Width)), ToPixels(LeadingNumber(size.Height)));
+    if (!size.Left.empty() && !size.Top.empty())
+        move(ToPixels(LeadingNumber(size.Left)), ToPixels(LeadingNumber(size.Top)));
+    const QScreen* screen = QGuiApplication::screenAt(geometry().center());
+    const QRect room = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+    resize(this->size().boundedTo(room.size()).expandedTo(minimumSize()));
+    if (!room.contains(geometry()))
+        move(std::clamp(x(), room.left(), std::max(room.left(), room.right() - width())),
+             std::clamp(y(), room.top(), std::max(room.top(), room.bottom() - height())));
+    if (size.maximised)
+        setWindowState(Qt::WindowMaximized);
+    panes_->Restore(size);
+}
+
+void frmMain::SizeSaveWrite() {
+    WindowSize size;
+    size.maximised = isMaximized();
+    size.Left = TwipsText(x());
+    size.Top = TwipsText(y());
+    size.Width = TwipsText(width());
+    size.Height = TwipsText(height());
+    panes_->Store(size);
+    SizeSave_Write(settings_, size);
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    if (progress_->IsRunning() || (gProjekt && !AskYesNo(gText.TextNr(68)))) {
+        event->ignore();
+        return;
+    }
+    SizeSaveWrite();
+    EmptyViews();
+    CloseProject();
+    event->accept();
+}
+
+void frmMain::dragEnterEvent(QDragEnterEvent* event) {
+    if (!DroppedProject(event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void frmMain::dropEvent(QDropEvent* event) {
+    const QString path = DroppedProject(event->mimeData());
+    if (path.isEmpty())
+        return;
+    event->acceptProposedAction();
+    // Behind the drop, whose source waits for its end.
+    QMetaObject::invokeMethod(this, [this, path] { OpenProject(FromPath(path)); }, Qt::QueuedConnection);
+}
+
+void frmMain::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        IconsPaletteChanged();
+}
+
+void frmMain::ShowArrangement() {
+    if (gSplitMode != "Calls")
+        gSplitMode = "Content";
+    panes_->Arrange();
+    (*commands_)["SplitForContent"].setChecked(gSplitMode == "Content");
+    (*commands_)["SplitForCalls"].setChecked(gSplitMode == "Calls");
+}
+
+void frmMain::Split_For_Content() {
+    gSplitMode = "Content";
+    ShowArrangement();
+}
+
+void frmMain::Split_For_Calls() {
+    gSplitMode = "Calls";
+    ShowArrangement();
+    Show_Dependencies();
+}

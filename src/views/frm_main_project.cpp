@@ -1,0 +1,389 @@
+// Opening, analysing and closing a project, and what is told of it: the commands of the window.
+#include "views/frm_main.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QLabel>
+#include <QLocale>
+#include <QMenu>
+#include <QStackedWidget>
+#include <QToolButton>
+
+#include "calls/driver.h"
+#include "display/diagnosis.h"
+#include "display/baum_walk.h"
+#include "display/project_tree.h"
+#include "display/recent_projects.h"
+#include "display/tree_checks.h"
+#include "display/tree_marks.h"
+#include "findings/calls_report.h"
+#include "findings/dead_objects.h"
+#include "findings/deaths_report.h"
+#include "findings/structure_report.h"
+#include "model/clsProjekt.h"
+#include "platform/code_page.h"
+#include "platform/files.h"
+#include "project/project_file.h"
+#include "project/start.h"
+#include "shell/clsText.h"
+#include "shell/operations.h"
+#include "shell/program.h"
+#include "shell/timing.h"
+#include "shell/words.h"
+#include "views/baum_view.h"
+#include "views/code_view.h"
+#include "views/commands.h"
+#include "views/deployment.h"
+#include "views/frm_error.h"
+#include "views/frm_optionen.h"
+#include "views/frm_progress.h"
+#include "views/main_panes.h"
+#include "views/path_line.h"
+#include "views/properties_grid.h"
+#include "views/qt_text.h"
+#include "views/dialogs.h"
+#include "views/questions.h"
+#include "views/search_bar.h"
+#include "views/tree_panes.h"
+
+namespace {
+
+// The status bar's texts with their values.
+QString WithValue(int textNr, const QString& value) {
+    return TextNr(textNr) + QStringLiteral(": ") + value;
+}
+
+bool HasFileChanged(const Files& files, const clsModul& modul) {
+    return modul.DateLastModified != 0 && files.DateLastModified(modul.FullPath) != modul.DateLastModified;
+}
+
+}  // namespace
+
+void frmMain::MainActions(int nr) {
+    if (nr == 0) {
+        close();
+        return;
+    }
+    if (nr != 1 && !gProjekt) {
+        Activate_Checked();
+        return;
+    }
+    gAbort = false;
+    switch (nr) {
+        case 1: Projekt_Oeffnen(); break;
+        case 5:
+            if (AskQuestion(this, QStringLiteral("Soll die Verwendung aller benutzerdefinierten Typen ermittelt werden?")))
+                progress_->Run("Who_Use_Who", [] {});
+            break;
+        case 6: Projekt_Analyse(); break;
+        case 7: Split_For_Content(); break;
+        case 9: Split_For_Calls(); break;
+        case 11: Files_Check(); break;
+        case 13: gContentMode = "Code"; break;
+        default: break;
+    }
+    if (!gAbort)
+        Activate_Commands();
+}
+
+void frmMain::Projekt_Oeffnen() {
+    QFileDialog dialog(this, TextNr(1).remove(QChar(0x2026)));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    // Both spellings: checkouts of old projects have suffixes in capitals.
+    dialog.setNameFilter(TextNr(67) + QStringLiteral(" (*.vbp *.VBP *.Vbp)"));
+    dialog.setDefaultSuffix(QStringLiteral("vbp"));
+    if (gOpenSaveDir.size() > 1)
+        dialog.setDirectory(ToPath(gOpenSaveDir));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return;
+    OpenProject(FromPath(dialog.selectedFiles().front()));
+}
+
+void frmMain::OpenProject(const std::string& path) {
+    if (progress_->IsRunning())
+        return;
+    if (!files_.FileExists(path)) {
+        Message(TextNr(238, ToPath(path)));
+        ShowStartPage();
+        return;
+    }
+    EmptyViews();
+    CloseProject();
+    ClearProblems();
+    error_->ForgetIgnored();
+    missingFiles_->Forget();
+    SetActiveCodePage(CodePage(gOptCodePage));
+    gAbort = false;
+    gProjekt = std::make_unique<clsProjekt>(files_);
+    gProjekt->FullPath = path;
+    gOpenSaveDir = QFileInfo(ToPath(path)).absolutePath().toStdString();
+    Save_OpenDir(settings_);
+    LoadProject();
+    if (gAbort) {
+        CloseTheProject();
+        Message(TextNr(219));
+        return;
+    }
+    AddRecentProject(settings_, QFileInfo(ToPath(path)).absoluteFilePath().toStdString());
+    ShowLoadedProject();
+    Message(TextNr(218, QLocale().toString(gProjekt->CountAllModules())));
+}
+
+void frmMain::LoadProject() {
+    Timer_Reset(gTimerProjektOeffnen);
+    Timer_Start(gTimerProjektOeffnen);
+    progress_->Run("Projekt_Laden", [] { Projekt_Laden(*gProjekt); });
+    Timer_Stop(gTimerProjektOeffnen);
+    Timer_String(gTimerProjektOeffnen);
+}
+
+void frmMain::ShowLoadedProject() {
+    callsRead_ = false;
+    commands_->SetImage("Calls", "CallsReadNot");
+    commands_->SetImage("CallsModule", "CallsReadNot");
+    progress_->SetCancelVisible(false);
+    progress_->Run("ProjektStruktur_Anzeigen", [this] {
+        gProgress().Label(gText.TextNr(21));
+        ProjektStruktur_Anzeigen(*gProjekt, tree_);
+    });
+    Tote_Untote_Kennzeichnen(*gProjekt);
+    Tote_Objekte_Markieren(*gProjekt, tree_);
+    const QString file = QFileInfo(ToPath(gProjekt->FullPath)).fileName();
+    setWindowTitle(QStringLiteral("%1:   %2 (%3)").arg(ToQString(gProjekt->MyName), ToQString(kProgramTitle), file));
+    ShowCounts();
+    ShowProblemCount();
+    pages_->setCurrentWidget(panes_);
+    // Something to begin with: the modules lie open.
+    for (BaumNode* root : tree_.Roots())
+        tree_.SetExpanded(*root, true);
+    properties_->Show(Anzeigen_Eigenschaften(*gProjekt));
+    Activate_Commands();
+    BaumProjekt().setFocus();
+}
+
+// Nothing of the project is on the screen any more, and nothing here knows its objects.
+void frmMain::EmptyViews() {
+    project_->Search().ProjectChanges();
+    CheckedObjects_Reset();
+    selection_ = {};
+    last_ = {};
+    code_.Clear();
+    navigation_.Clear();
+    for (Baum* tree : {&tree_, &calledBy_, &calls_, &dll_})
+        tree->Clear();
+    rtbCode_->Clear();
+    rtbCodePath_->Show({});
+    properties_->Clear();
+    callsRead_ = false;
+    ShowNavigation();
+}
+
+void frmMain::CloseTheProject() {
+    EmptyViews();
+    CloseProject();
+    ClearProblems();
+    setWindowTitle(ToQString(kProgramTitle));
+    ShowCounts();
+    ShowProblemCount();
+    ShowStartPage();
+    Activate_Commands();
+    Message({});
+}
+
+void frmMain::Projekt_Analyse() {
+    if (!AskQuestion(this, TextNr(22)))
+        return;
+    RunCalls();
+    if (gAbort)
+        Message(TextNr(221));
+}
+
+void frmMain::RunCalls() {
+    progress_->SetCancelVisible(false);
+    progress_->Run("Remove_All_Calls", [] { Remove_All_Calls(*gProjekt); });
+    progress_->Run("Who_Calls_Who", [] { Who_Calls_Who(*gProjekt); });
+    if (!gAbort) {
+        callsRead_ = true;
+        commands_->SetImage("Calls", "CallsRead");
+        Tote_Untote_Kennzeichnen(*gProjekt);
+        Tote_Objekte_Markieren(*gProjekt, tree_);
+        int really = 0, mayBe = 0;
+        gProjekt->calls.ForEach([&](const clsCall& call) { ++(call.Type() == CallType::MayBe ? mayBe : really); });
+        Message(TextNr(220, QLocale().toString(really), QLocale().toString(mayBe)));
+    }
+    // Every pane shows the node anew, though it is the same.
+    code_.Forget();
+    last_ = {};
+    if (BaumNode* node = tree_.Selected())
+        Activate_BaumProjekt_Node(node);
+    if (gCheckedObjects.Count() > 0)
+        Show_Dependencies_Group();
+    ShowCounts();
+    ShowProblemCount();
+}
+
+// Reads the project again when a file of it has changed, and comes back to the same place.
+void frmMain::Files_Check() {
+    int changed = 0;
+    for (const auto& modul : gProjekt->OwnedModules())
+        changed += HasFileChanged(files_, *modul);
+    if (changed == 0) {
+        Message(TextNr(223));
+        return;
+    }
+    const std::string path = gProjekt->FullPath;
+    const std::string key = tree_.Selected() ? tree_.Selected()->Key() : std::string();
+    const bool readCalls = callsRead_;
+    std::vector<std::string> expanded;
+    ForEachNode(tree_, [&expanded](const BaumNode& node) {
+        if (node.Expanded())
+            expanded.push_back(node.Key());
+    });
+    OpenProject(path);
+    if (!gProjekt)
+        return;
+    if (readCalls)
+        RunCalls();
+    for (const std::string& node : expanded)
+        if (BaumNode* found = tree_.Item(node))
+            tree_.SetExpanded(*found, true);
+    ActivateKey(key);
+    Message(TextNr(224, QString::number(changed)));
+}
+
+void frmMain::RefillTree() {
+    const std::string key = tree_.Selected() ? tree_.Selected()->Key() : std::string();
+    std::vector<std::string> expanded;
+    ForEachNode(tree_, [&expanded](const BaumNode& node) {
+        if (node.Expanded())
+            expanded.push_back(node.Key());
+    });
+    {
+        const Baum::Filling filling(tree_);
+        tree_.Clear();
+        progress_->SetCancelVisible(false);
+        progress_->Run("ProjektStruktur_Anzeigen", [this] { ProjektStruktur_Anzeigen(*gProjekt, tree_); });
+        Tote_Objekte_Markieren(*gProjekt, tree_);
+    }
+    for (const std::string& node : expanded)
+        if (BaumNode* found = tree_.Item(node))
+            tree_.SetExpanded(*found, true);
+    if (BaumNode* node = tree_.Item(key))
+        tree_.Select(node);
+}
+
+void frmMain::WriteReports(const std::string& operation) {
+    if (!gProjekt)
+        return;
+    const std::size_t problemsBefore = Problems().size();
+    progress_->SetCancelVisible(false);
+    progress_->Run(operation, [&operation] {
+        if (operation == "AnalyseErgebnisStructure")
+            AnalyseErgebnisStructure(*gProjekt);
+        else if (operation == "AnalyseErgebnisCalls")
+            AnalyseErgebnisCalls(*gProjekt);
+        else
+            AnalyseErgebnisDeaths(*gProjekt, DeathsReportPath(*gProjekt));
+    });
+    ShowProblemCount();
+    const QString where = operation == "AnalyseErgebnisDeaths"
+                              ? ToPath(files_.SystemPath(DeathsReportPath(*gProjekt)))
+                              : QFileInfo(ToPath(files_.SystemPath(gProjekt->FullPath))).absolutePath();
+    const QString text = Problems().size() > problemsBefore ? TextNr(241, where) : TextNr(222, where);
+    Message(text);
+    options_->ShowReportResult(text);
+}
+
+void frmMain::ShowCounts() {
+    const bool open = gProjekt != nullptr;
+    const QLocale locale;
+    const std::array<QString, 5> texts =
+        open ? std::array<QString, 5>{WithValue(54, ToQString(gProjekt->TimeForStructure)),
+                                      callsRead_ ? WithValue(55, ToQString(gProjekt->TimeForCalls)) : QString(),
+                                      WithValue(56, locale.toString(gProjekt->AnzCodeZeilen)),
+                                      WithValue(83, locale.toString(gProjekt->AnzCommentZeilen)),
+                                      WithValue(84, locale.toString(gProjekt->AnzBlankZeilen))}
+             : std::array<QString, 5>{};
+    for (std::size_t i = 0; i < counts_.size(); ++i) {
+        counts_[i]->setText(texts[i]);
+        counts_[i]->setVisible(!texts[i].isEmpty());
+    }
+}
+
+void frmMain::ShowProblemCount() {
+    const std::size_t count = Problems().size();
+    problemCount_->setVisible(count > 0);
+    const QString text = count == 1 ? TextNr(226) : TextNr(225, QString::number(count));
+    problemCount_->setText(text);
+    problemCount_->setToolTip(TextNr(242));
+    problemCount_->setAccessibleName(text);
+}
+
+void frmMain::Message(const QString& text) {
+    message_->setText(text);
+    message_->setToolTip(text);
+}
+
+void frmMain::Diagnosis() {
+    ShowMessage(this, QString::fromStdString(DiagnosticSummary(gProjekt.get())));
+}
+
+void frmMain::Activate_Commands() {
+    Commands& command = *commands_;
+    const bool open = gProjekt != nullptr;
+    for (const char* key : {"CloseProject", "ReportStructure", "ReportCalls", "ReportDeaths", "ContentCode",
+                            "SplitForContent", "SplitForCalls", "SplitX", "SplitY", "CollapseAll", "CheckBoxOn",
+                            "Search", "Refresh", "Calls", "ZoomPlus", "ZoomMinus", "ZoomNo", "CheckBoxAll",
+                            "CheckBoxNone"})
+        command[key].setEnabled(open);
+    mnuReports_->setEnabled(open);
+    // The second pass runs with the load, and there is nothing that these could do.
+    for (const char* key : {"Structure", "CallsModule", "Uses", "UsesShow", "ContentGraph", "ContentChart"})
+        command[key].setEnabled(false);
+    command["CallsModule"].setVisible(false);
+    for (const char* key : {"Calls", "SplitForContent", "SplitForCalls", "ContentChart", "ContentGraph", "ContentCode"})
+        command[key].setVisible(true);
+    command["Options"].setEnabled(true);
+    const bool checkBoxes = command["CheckBoxOn"].isChecked();
+    command["CheckBoxAll"].setVisible(checkBoxes);
+    command["CheckBoxNone"].setVisible(checkBoxes);
+
+    const clsModul* modul = selection_.CurModule;
+    const QString forModule = modul ? QStringLiteral("for %1 (%2)").arg(ToQString(modul->myNameOrg()), ToQString(modul->ModulTyp))
+                                    : TextNr(11);
+    Commands::SetTexts(command["CallsModule"], forModule,
+                       modul ? TextNr(14) + QStringLiteral(": ") + ToQString(modul->myNameOrg())
+                             : TextNr(14) + QLatin1Char(' ') + TextNr(11));
+    Activate_Checked();
+    ShowNavigation();
+    if (!open)
+        for (const char* key : {"CalledByReally", "CalledByMaybe", "CallsReally", "CallsMaybe", "NextPlace", "PreviousPlace"})
+            command[key].setEnabled(false);
+    ShowWhyDisabled();
+}
+
+// What can be checked shows the state at hand, also after a command that changed nothing.
+void frmMain::Activate_Checked() {
+    Commands& command = *commands_;
+    command["ContentCode"].setChecked(gContentMode == "Code");
+    command["ContentGraph"].setChecked(gContentMode == "Graph");
+    command["ContentChart"].setChecked(gContentMode == "Chart");
+    command["SplitForContent"].setChecked(gSplitMode == "Content");
+    command["SplitForCalls"].setChecked(gSplitMode == "Calls");
+}
+
+// The tip of a command that can't be given says why.
+void frmMain::ShowWhyDisabled() {
+    for (QAction* action : commands_->All()) {
+        const QString plain = Commands::PlainTip(*action);
+        const bool later = action->objectName() == QStringLiteral("ContentGraph") ||
+                           action->objectName() == QStringLiteral("ContentChart");
+        QString why;
+        if (!action->isEnabled() && !gProjekt)
+            why = TextNr(159);
+        else if (later)
+            why = TextNr(236);
+        action->setToolTip(why.isEmpty() ? plain : plain + QLatin1Char('\n') + why);
+    }
+}

@@ -1,0 +1,237 @@
+#include "views/frm_progress.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <utility>
+
+#include "shell/program.h"
+#include "views/dialogs.h"
+#include "views/elided_label.h"
+#include "views/qt_text.h"
+#include "views/questions.h"
+
+namespace {
+
+// Connects the window to the ports of the operation for as long as it runs, however it ends.
+class Connected {
+public:
+    Connected(Progress& progress, EventPump pump)
+        : progress_(SetProgress(&progress)), pump_(SetEventPump(std::move(pump))) {}
+    ~Connected() {
+        SetProgress(progress_);
+        SetEventPump(std::move(pump_));
+    }
+    Connected(const Connected&) = delete;
+    Connected& operator=(const Connected&) = delete;
+
+private:
+    Progress* progress_;
+    EventPump pump_;
+};
+
+void KeepPlace(QWidget& widget) {
+    QSizePolicy policy = widget.sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    widget.setSizePolicy(policy);
+}
+
+}  // namespace
+
+frmProgress::frmProgress(QWidget* parent)
+    : QDialog(parent, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint | Qt::WindowCloseButtonHint),
+      heading_(new QLabel),
+      detail_(new ElidedLabel),
+      count_(new QLabel),
+      bar_(new QProgressBar),
+      innerBar_(new QProgressBar),
+      cmdCancel_(new QPushButton) {
+    setObjectName(QStringLiteral("frmProgress"));
+    setAttribute(Qt::WA_QuitOnClose, false);
+    setWindowModality(Qt::ApplicationModal);
+    QFont bold = heading_->font();
+    bold.setBold(true);
+    heading_->setFont(bold);
+    heading_->setTextFormat(Qt::PlainText);
+    heading_->setWordWrap(true);
+    count_->setAlignment(Qt::AlignRight);
+    count_->setForegroundRole(QPalette::PlaceholderText);
+    bar_->setObjectName(QStringLiteral("bar"));
+    bar_->setTextVisible(false);
+    innerBar_->setObjectName(QStringLiteral("innerBar"));
+    innerBar_->setTextVisible(false);
+    innerBar_->setFixedHeight(innerBar_->fontMetrics().height() / 2);
+    KeepPlace(*innerBar_);
+    cmdCancel_->setObjectName(QStringLiteral("cmdCancel"));
+    cmdCancel_->setAutoDefault(false);
+    KeepPlace(*cmdCancel_);
+    connect(cmdCancel_, &QPushButton::clicked, this, &frmProgress::close);
+
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(20, 16, 20, 16);
+    layout->setSpacing(8);
+    layout->addWidget(heading_);
+    auto* line = new QHBoxLayout;
+    line->addWidget(detail_, 1);
+    line->addWidget(count_);
+    layout->addLayout(line);
+    layout->addWidget(bar_);
+    layout->addWidget(innerBar_);
+    layout->addStretch();
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    buttons->addWidget(cmdCancel_);
+    layout->addLayout(buttons);
+    setFixedWidth(70 * fontMetrics().averageCharWidth());
+    Reset();
+    Texte();
+}
+
+void frmProgress::Texte() {
+    cmdCancel_->setText(TextNr(51));
+}
+
+void frmProgress::Reset() {
+    caption_.assign(kProgramTitle);
+    stage_.clear();
+    object_.clear();
+    stageIsNext_ = true;
+    min_ = max_ = value_ = innerMax_ = innerValue_ = 0;
+    cancelled_ = false;
+    cmdCancel_->setEnabled(true);
+    cmdCancel_->setVisible(true);
+}
+
+void frmProgress::Run(const std::string& action, const std::function<void()>& operation) {
+    gAction = action;
+    if (running_) {
+        operation();
+        return;
+    }
+    struct Finish {
+        frmProgress& form;
+        ~Finish() {
+            form.Tag = "exit";
+            form.close();
+            form.running_ = false;
+            form.Reset();
+        }
+    };
+    Texte();
+    Tag.clear();
+    running_ = true;
+    elapsed_.start();
+    const Finish finish{*this};
+    const Connected connected(*this, [this] { Pump(); });
+    operation();
+}
+
+void frmProgress::SetCancelVisible(bool visible) {
+    cmdCancel_->setVisible(visible);
+}
+
+void frmProgress::Caption(std::string_view text) {
+    caption_.assign(text);
+    stageIsNext_ = true;
+}
+
+void frmProgress::Label(std::string_view text) {
+    (stageIsNext_ ? stage_ : object_).assign(text);
+    if (stageIsNext_)
+        object_.clear();
+    stageIsNext_ = false;
+}
+
+void frmProgress::Range(int min, int max) {
+    min_ = value_ = min;
+    max_ = max;
+    innerMax_ = 0;
+}
+
+void frmProgress::Progressiere_mal() {
+    if (value_ < max_)
+        ++value_;
+}
+
+void frmProgress::Progressiere_mal_Modul_Init(int total) {
+    innerMax_ = total;
+    innerValue_ = 0;
+}
+
+void frmProgress::Progressiere_mal_Modul() {
+    if (innerValue_ < innerMax_)
+        ++innerValue_;
+}
+
+// A window that would go again at once is not worth the flicker.
+bool frmProgress::IsNearlyDone() const {
+    return (value_ - min_) * 10 > (max_ - min_) * 7 && elapsed_.elapsed() < 3 * showAfter;
+}
+
+void frmProgress::Pump() {
+    if (asking_)
+        return;
+    if (!isVisible()) {
+        if (elapsed_.elapsed() < showAfter || IsNearlyDone())
+            return;
+        ShowState();
+        adjustSize();
+        GrowToFit(*this);
+        show();
+        cmdCancel_->setFocus();
+    }
+    ShowState();
+    QCoreApplication::processEvents();
+}
+
+void frmProgress::ShowState() {
+    setWindowTitle(ToQString(caption_));
+    const QString stage = cancelled_ ? TextNr(119) : ToQString(stage_);
+    heading_->setText(stage.isEmpty() ? windowTitle() : stage);
+    detail_->SetText(ToQString(object_));
+    const bool counts = max_ > 0;
+    count_->setText(counts ? QString::number(value_) + QStringLiteral(" / ") + QString::number(max_) : QString());
+    // A range of nothing shows that something goes on without telling how far it is.
+    bar_->setRange(counts ? std::min(min_, max_ - 1) : 0, std::max(max_, 0));
+    bar_->setValue(value_);
+    bar_->setAccessibleName(heading_->text());
+    innerBar_->setVisible(innerMax_ > 0);
+    innerBar_->setRange(0, std::max(innerMax_, 1));
+    innerBar_->setValue(innerValue_);
+    innerBar_->setAccessibleName(detail_->text());
+}
+
+void frmProgress::AskCancel() {
+    if (asking_ || cancelled_ || cmdCancel_->isHidden())
+        return;
+    asking_ = true;
+    const bool yes = AskQuestion(this, TextNr(69));
+    asking_ = false;
+    if (!yes)
+        return;
+    gAbort = true;
+    gAction.clear();
+    cancelled_ = true;
+    cmdCancel_->setEnabled(false);
+    ShowState();
+}
+
+void frmProgress::closeEvent(QCloseEvent* event) {
+    if (Tag == "exit") {
+        event->accept();
+        return;
+    }
+    event->ignore();
+    AskCancel();
+}
+
+void frmProgress::reject() {
+    if (running_ && Tag != "exit")
+        AskCancel();
+    else
+        QDialog::reject();
+}

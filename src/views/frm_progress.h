@@ -1,0 +1,70 @@
+// The progress window: the one runner of long operations. While an operation runs, all other windows are closed to
+// the user but go on painting themselves.
+#pragma once
+
+#include <QDialog>
+#include <QElapsedTimer>
+#include <functional>
+#include <string>
+
+#include "shell/operations.h"
+
+class ElidedLabel;
+class QLabel;
+class QProgressBar;
+class QPushButton;
+
+class frmProgress final : public QDialog, public Progress {
+    Q_OBJECT
+public:
+    explicit frmProgress(QWidget* parent = nullptr);
+
+    /// Sets gAction, runs the operation and returns when it is over. The window comes up when that takes longer than
+    /// `showAfter`; until then no input reaches any window either. Called from within an operation it only runs.
+    void Run(const std::string& action, const std::function<void()>& operation);
+    [[nodiscard]] bool IsRunning() const { return running_; }
+
+    /// Whether the next operation, or the one that runs, can be cancelled. Back to true behind each operation.
+    void SetCancelVisible(bool visible);
+    /// Puts the texts of the language on.
+    void Texte();
+
+    std::string Tag;      // "exit" once the operation has returned
+    int showAfter = 300;  // milliseconds
+
+    // What the operation tells. Nothing is painted before the next turn of the event pump.
+    void Caption(std::string_view text) override;
+    /// The first label behind a caption says what is being done, those behind it what it is done to.
+    void Label(std::string_view text) override;
+    void Range(int min, int max) override;
+    void Progressiere_mal() override;
+    void Progressiere_mal_Modul_Init(int total) override;
+    void Progressiere_mal_Modul() override;
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void reject() override;
+
+private:
+    void Pump();
+    void ShowState();
+    void AskCancel();
+    [[nodiscard]] bool IsNearlyDone() const;
+    void Reset();
+
+    QLabel* heading_;
+    ElidedLabel* detail_;
+    QLabel* count_;
+    QProgressBar* bar_;
+    QProgressBar* innerBar_;
+    QPushButton* cmdCancel_;
+
+    QElapsedTimer elapsed_;
+    std::string caption_, stage_, object_;
+    bool stageIsNext_ = true;
+    int min_ = 0, max_ = 0, value_ = 0;
+    int innerMax_ = 0, innerValue_ = 0;
+    bool running_ = false;
+    bool asking_ = false;
+    bool cancelled_ = false;
+};

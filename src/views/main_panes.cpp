@@ -1,0 +1,179 @@
+#include "views/main_panes.h"
+
+#include <QVBoxLayout>
+#include <array>
+
+#include "platform/settings_file.h"
+#include "views/fold_splitter.h"
+#include "views/qt_text.h"
+#include "views/twips.h"
+
+namespace {
+
+constexpr int kContentMargin = 6;   // pixels around the panes of "Content"
+constexpr int kCallsMargin = 13;    // and of "Calls"
+constexpr int kSmallestTree = ToPixels(2300);
+constexpr int kSmallestContent = ToPixels(400);
+constexpr int kSmallestAcross = ToPixels(500);
+constexpr int kSmallestProperties = ToPixels(1000);
+constexpr double kTreeShare = 3.4;  // the middle tree takes this part of the width in "Calls"
+
+struct Bar {
+    FoldSplitter* splitter;
+    std::string WindowSize::* place;
+    std::string WindowSize::* hide;
+};
+
+}  // namespace
+
+MainPanes::MainPanes(const Panes& panes, QWidget* parent)
+    : QWidget(parent),
+      panes_(panes),
+      contentX_(new FoldSplitter(Qt::Horizontal, this)),
+      contentY_(new FoldSplitter(Qt::Vertical, this)),
+      callsX_(new FoldSplitter(Qt::Horizontal, this)),
+      callsY_(new FoldSplitter(Qt::Vertical, this)),
+      contentColumn_(new QWidget(this)),
+      outer_(new QVBoxLayout(this)) {
+    for (QWidget* pane :
+         {panes_.path, panes_.tree, panes_.properties, panes_.calledBy, panes_.calls, panes_.content})
+        pane->setParent(this);  // also those that the first arrangement has no place for
+    auto* column = new QVBoxLayout(contentColumn_);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(4);
+    column->addWidget(panes_.content, 1);
+    panes_.tree->setMinimumWidth(kSmallestTree);
+    panes_.tree->setMinimumHeight(kSmallestAcross);
+    panes_.properties->setMinimumHeight(kSmallestProperties);
+    contentColumn_->setMinimumSize(kSmallestContent, kSmallestAcross);
+    for (QWidget* pane : {panes_.calledBy, panes_.calls})
+        pane->setMinimumWidth(kSmallestTree);
+    for (FoldSplitter* splitter : {contentX_, contentY_, callsX_, callsY_}) {
+        splitter->hide();
+        connect(splitter, &FoldSplitter::FoldedChanged, this, &MainPanes::FoldsChanged);
+    }
+    outer_->setSpacing(kContentMargin);
+}
+
+FoldSplitter& MainPanes::picSplitX() const {
+    return IsCalls() ? *callsX_ : *contentX_;
+}
+
+FoldSplitter& MainPanes::picSplitY() const {
+    return IsCalls() ? *callsY_ : *contentY_;
+}
+
+void MainPanes::Arrange() {
+    const bool calls = IsCalls();
+    if (placed_)
+        Store(stored_);
+    for (FoldSplitter* splitter : {contentX_, contentY_, callsX_, callsY_})
+        splitter->hide();
+    auto* column = static_cast<QVBoxLayout*>(contentColumn_->layout());
+    if (calls) {
+        callsX_->addWidget(panes_.calledBy);
+        callsX_->addWidget(panes_.tree);
+        callsX_->addWidget(panes_.calls);
+        callsY_->addWidget(callsX_);
+        callsY_->addWidget(contentColumn_);
+        callsY_->setStretchFactor(1, 1);
+        outer_->addWidget(panes_.path);
+        outer_->addWidget(callsY_, 1);
+        callsX_->setMinimumHeight(kSmallestAcross);
+    } else {
+        contentY_->addWidget(panes_.tree);
+        contentY_->addWidget(panes_.properties);
+        contentY_->setStretchFactor(0, 1);
+        contentX_->addWidget(contentY_);
+        contentX_->addWidget(contentColumn_);
+        contentX_->setStretchFactor(1, 1);
+        column->insertWidget(0, panes_.path);
+        outer_->addWidget(contentX_, 1);
+    }
+    panes_.properties->setVisible(!calls);
+    panes_.calledBy->setVisible(calls);
+    panes_.calls->setVisible(calls);
+    const int margin = calls ? kCallsMargin : kContentMargin;
+    outer_->setContentsMargins(margin, kContentMargin, margin, kContentMargin);
+    for (FoldSplitter* splitter : {&picSplitX(), &picSplitY()})
+        splitter->show();
+    contentColumn_->show();
+    panes_.tree->show();
+    panes_.path->show();
+    Texte();
+    PlaceAll();
+}
+
+void MainPanes::showEvent(QShowEvent* event) {
+    QWidget::showEvent(event);
+    PlaceAll();
+}
+
+// Bars can only be placed once the panes have a size.
+void MainPanes::PlaceAll() {
+    if (!isVisible())
+        return;
+    outer_->activate();
+    const bool calls = IsCalls();
+    const std::array<Bar, 2> bars{
+        calls ? Bar{callsX_, &WindowSize::SplitX_Calls, &WindowSize::SplitX_Calls_Hide}
+              : Bar{contentX_, &WindowSize::SplitX_Content, &WindowSize::SplitX_Content_Hide},
+        calls ? Bar{callsY_, &WindowSize::SplitY_Calls, &WindowSize::SplitY_Calls_Hide}
+              : Bar{contentY_, &WindowSize::SplitY_Content, &WindowSize::SplitY_Content_Hide}};
+    for (const Bar& bar : bars) {
+        const bool sideways = bar.splitter->orientation() == Qt::Horizontal;
+        const int room = sideways ? width() : height();
+        int place = ToPixels(LeadingNumber(stored_.*bar.place));
+        const int left = static_cast<int>(width() / kTreeShare);
+        if (place <= 0)
+            place = calls ? (sideways ? (room - left) / 2 : room * 2 / 5) : (sideways ? room * 3 / 10 : room * 2 / 3);
+        bar.splitter->SetFolded(false);
+        if (bar.splitter == callsX_)
+            callsX_->setSizes({place, std::max(kSmallestTree, room - 2 * place), place});
+        else
+            bar.splitter->SetPlace(place);
+        bar.splitter->SetFolded(stored_.*bar.hide == "1");
+    }
+    placed_ = true;
+    Q_EMIT FoldsChanged();
+}
+
+void MainPanes::Restore(const WindowSize& size) {
+    stored_ = size;
+    placed_ = false;
+    PlaceAll();
+}
+
+void MainPanes::Store(WindowSize& size) const {
+    if (&size != &stored_) {
+        size.SplitX_Content = stored_.SplitX_Content;
+        size.SplitY_Content = stored_.SplitY_Content;
+        size.SplitX_Content_Hide = stored_.SplitX_Content_Hide;
+        size.SplitY_Content_Hide = stored_.SplitY_Content_Hide;
+        size.SplitX_Calls = stored_.SplitX_Calls;
+        size.SplitY_Calls = stored_.SplitY_Calls;
+        size.SplitX_Calls_Hide = stored_.SplitX_Calls_Hide;
+        size.SplitY_Calls_Hide = stored_.SplitY_Calls_Hide;
+    }
+    if (!placed_)
+        return;
+    const auto store = [&size](const FoldSplitter& splitter, std::string WindowSize::* place,
+                               std::string WindowSize::* hide) {
+        size.*place = TwipsText(splitter.Place());
+        size.*hide = splitter.Folded() ? "1" : "0";
+    };
+    if (callsX_->isVisibleTo(this)) {
+        store(*callsX_, &WindowSize::SplitX_Calls, &WindowSize::SplitX_Calls_Hide);
+        store(*callsY_, &WindowSize::SplitY_Calls, &WindowSize::SplitY_Calls_Hide);
+    } else {
+        store(*contentX_, &WindowSize::SplitX_Content, &WindowSize::SplitX_Content_Hide);
+        store(*contentY_, &WindowSize::SplitY_Content, &WindowSize::SplitY_Content_Hide);
+    }
+}
+
+void MainPanes::Texte() {
+    for (FoldSplitter* splitter : {contentX_, callsX_})
+        splitter->SetFoldText(TextNr(196));
+    for (FoldSplitter* splitter : {contentY_, callsY_})
+        splitter->SetFoldText(TextNr(197));
+}

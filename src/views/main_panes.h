@@ -1,0 +1,59 @@
+// The two arrangements of the panes, their bars and what is stored of them.
+//
+// "Content": the project tree over the properties at the left, the content at the right. "Calls": the three trees side by
+// side, the content below. The same panes stand in either; each arrangement keeps places and folds of its own.
+#pragma once
+
+#include <QWidget>
+#include <string>
+
+#include "shell/settings.h"
+
+class FoldSplitter;
+class QVBoxLayout;
+
+class MainPanes final : public QWidget {
+    Q_OBJECT
+
+public:
+    struct Panes {
+        QWidget* path = nullptr;  // the line above the content, or above all
+        QWidget* tree = nullptr;
+        QWidget* properties = nullptr;
+        QWidget* calledBy = nullptr;
+        QWidget* calls = nullptr;
+        QWidget* content = nullptr;
+    };
+    /// Takes the panes over.
+    explicit MainPanes(const Panes& panes, QWidget* parent = nullptr);
+
+    /// Puts the panes into the arrangement that gSplitMode names.
+    void Arrange();
+
+    /// The bars of the arrangement at hand: sideways, and up and down.
+    [[nodiscard]] FoldSplitter& picSplitX() const;
+    [[nodiscard]] FoldSplitter& picSplitY() const;
+
+    /// Places in twips and folds, of both arrangements; what was never stored keeps its design.
+    void Restore(const WindowSize& size);
+    void Store(WindowSize& size) const;
+    void Texte();
+
+Q_SIGNALS:
+    void FoldsChanged();
+
+protected:
+    void showEvent(QShowEvent* event) override;
+
+private:
+    [[nodiscard]] bool IsCalls() const { return gSplitMode == "Calls"; }
+    void PlaceAll();
+
+    Panes panes_;
+    FoldSplitter *contentX_, *contentY_;  // of the arrangement "Content"
+    FoldSplitter *callsX_, *callsY_;
+    QWidget* contentColumn_;  // path line and content
+    QVBoxLayout* outer_;
+    WindowSize stored_;
+    bool placed_ = false;
+};

@@ -1,0 +1,50 @@
+#include "views/qt_text.h"
+
+#include <QFile>
+
+#include "platform/code_page.h"
+#include "shell/clsText.h"
+
+QString ToQString(std::string_view bytes) {
+    return QString::fromStdString(ActiveCodePage().ToUtf8(bytes));
+}
+
+std::string FromQString(const QString& text) {
+    return ActiveCodePage().FromUtf8(text.toStdString());
+}
+
+QString LanguageText(std::string_view bytes) {
+    static const CodePage latin("1252");
+    return QString::fromStdString(latin.ToUtf8(bytes));
+}
+
+QString TextNr(int nr) {
+    return LanguageText(gText.TextNr(nr));
+}
+
+QString ToPath(std::string_view path) {
+    return QFile::decodeName(QByteArray(path.data(), static_cast<qsizetype>(path.size())));
+}
+
+std::string FromPath(const QString& path) {
+    return QFile::encodeName(path).toStdString();
+}
+
+QString TextNr(int nr, const QString& first, const QString& second) {
+    // Not QString::arg, which complains about a text without places, as all are when the language file is missing.
+    const QString text = TextNr(nr);
+    QString filled;
+    for (qsizetype at = 0; at < text.size(); ++at) {
+        const bool isPlace = text[at] == QLatin1Char('%') && at + 1 < text.size();
+        if (isPlace && text[at + 1] == QLatin1Char('1'))
+            filled += first;
+        else if (isPlace && text[at + 1] == QLatin1Char('2'))
+            filled += second;
+        else {
+            filled += text[at];
+            continue;
+        }
+        ++at;
+    }
+    return filled;
+}

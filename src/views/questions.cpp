@@ -1,0 +1,70 @@
+#include "views/questions.h"
+
+#include <QCheckBox>
+#include <QMessageBox>
+#include <QPushButton>
+
+#include "shell/program.h"
+#include "views/dialogs.h"
+#include "views/qt_text.h"
+
+namespace {
+
+void Prepare(QMessageBox& box, QMessageBox::Icon icon) {
+    box.setIcon(icon);
+    box.setWindowTitle(ToQString(kProgramTitle));
+    box.setTextFormat(Qt::PlainText);
+    box.setWindowModality(box.parentWidget() ? Qt::WindowModal : Qt::ApplicationModal);
+}
+
+// Shows the box with its two answers and tells whether it was Yes.
+bool Answer(QMessageBox& box) {
+    Prepare(box, QMessageBox::Question);
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    box.setDefaultButton(QMessageBox::No);
+    box.setEscapeButton(QMessageBox::No);
+    // Without a language file the buttons keep the words of the library.
+    if (const QString yes = TextNr(115), no = TextNr(116); !yes.isEmpty() && !no.isEmpty()) {
+        box.button(QMessageBox::Yes)->setText(yes);
+        box.button(QMessageBox::No)->setText(no);
+    }
+    AssignMnemonics(box);
+    return box.exec() == QMessageBox::Yes;
+}
+
+}  // namespace
+
+bool AskQuestion(QWidget* window, const QString& text) {
+    QMessageBox box(DialogParent(window));
+    box.setText(text);
+    return Answer(box);
+}
+
+void ShowMessage(QWidget* window, const QString& text) {
+    QMessageBox box(DialogParent(window));
+    Prepare(box, QMessageBox::Information);
+    box.setText(text);
+    if (const QString ok = TextNr(50); !ok.isEmpty())
+        box.addButton(QMessageBox::Ok)->setText(ok);
+    box.exec();
+}
+
+bool MissingFileQuestion::Ask(std::string_view text, int moreMissing) {
+    const bool isLast = moreMissing == 0;
+    if (noForAll_) {
+        noForAll_ = !isLast;
+        return false;
+    }
+    QMessageBox box(DialogParent(window_));
+    box.setText(ToQString(text));
+    auto* forAll = new QCheckBox(TextNr(117));
+    if (!isLast) {
+        box.setInformativeText(TextNr(118) + QStringLiteral(": ") + QString::number(moreMissing));
+        box.setCheckBox(forAll);
+    }
+    const bool giveUp = Answer(box);
+    noForAll_ = !isLast && !giveUp && forAll->isChecked();
+    if (isLast)
+        delete forAll;
+    return giveUp;
+}

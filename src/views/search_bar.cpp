@@ -1,0 +1,374 @@
+#include "views/search_bar.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QFrame>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListView>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <QTextLayout>
+#include <QToolButton>
+#include <QVBoxLayout>
+
+#include "model/clsModul.h"
+#include "model/clsProjekt.h"
+#include "shell/words.h"
+#include "views/icons.h"
+#include "views/qt_text.h"
+
+namespace {
+
+constexpr std::size_t kMostHits = 200;
+constexpr int kMargin = 6;
+
+using Formats = QList<QTextLayout::FormatRange>;
+
+// Ranges of bytes as ranges of the characters they are shown as.
+QVariantList ShownRanges(std::string_view name, const std::vector<MatchedRange>& ranges) {
+    QVariantList shown;
+    for (const MatchedRange& range : ranges) {
+        shown.append(static_cast<int>(ToQString(name.substr(0, range.from)).size()));
+        shown.append(static_cast<int>(ToQString(name.substr(range.from, range.length)).size()));
+    }
+    return shown;
+}
+
+// Kind, and where the object is: the path of what holds it, the file of a module, what a library says of itself.
+QString About(const CodeObject& object) {
+    QString about = ToQString(ObjectKind(object));
+    QString place = ToQString(ObjectPlace(object));
+    if (object.Class() == ObjectClass::Modul)
+        place = ToQString(modMain::DirOrFileName(static_cast<const clsModul&>(object).FullPath, 0));
+    else if (object.Class() == ObjectClass::TypeLib)
+        place = ToQString(static_cast<const clsTypeLib&>(object).Description);
+    return place.isEmpty() ? about : about + QStringLiteral(" \u00B7 ") + place;
+}
+
+// Two lines: the name with the typed letters bold, below it what the object is and where.
+class HitDelegate final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
+        return {0, option.fontMetrics.lineSpacing() + QFontMetrics(Small(option.font)).lineSpacing() + 2 * kMargin};
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& item, const QModelIndex& index) const override {
+        QStyleOptionViewItem option(item);
+        initStyleOption(&option, index);
+        option.text.clear();
+        option.icon = QIcon();
+        const QStyle& style = *option.widget->style();
+        style.drawControl(QStyle::CE_ItemViewItem, &option, painter, option.widget);
+        painter->save();
+        const bool selected = option.state & QStyle::State_Selected;
+        const QColor text = option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
+        const int iconSize = style.pixelMetric(QStyle::PM_SmallIconSize, nullptr, option.widget);
+        QRect rest = option.rect.adjusted(kMargin, kMargin, -kMargin, -kMargin);
+        const QRect iconPlace =
+            QStyle::alignedRect(option.direction, Qt::AlignLeft | Qt::AlignTop, QSize(iconSize, iconSize), rest);
+        qvariant_cast<QIcon>(index.data(Qt::DecorationRole)).paint(painter, iconPlace);
+        rest.adjust(iconSize + kMargin, 0, 0, 0);
+
+        painter->setPen(text);
+        DrawName(*painter, option, rest, index);
+        QColor dimmed = text;
+        dimmed.setAlphaF(selected ? 0.8F : 0.65F);
+        painter->setPen(dimmed);
+        painter->setFont(Small(option.font));
+        const QRect below = rest.adjusted(0, option.fontMetrics.lineSpacing(), 0, 0);
+        painter->drawText(below, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
+                          painter->fontMetrics().elidedText(index.data(HitsModel::AboutRole).toString(),
+                                                            Qt::ElideMiddle, below.width()));
+        painter->restore();
+    }
+
+private:
+    [[nodiscard]] static QFont Small(QFont font) {
+        if (font.pointSizeF() > 0)
+            font.setPointSizeF(font.pointSizeF() * 0.9);
+        return font;
+    }
+
+    static void DrawName(QPainter& painter, const QStyleOptionViewItem& option, const QRect& place,
+                         const QModelIndex& index) {
+        const QString name = index.data(HitsModel::NameRole).toString();
+        Formats formats;
+        const QVariantList ranges = index.data(HitsModel::RangesRole).toList();
+        for (qsizetype i = 0; i + 1 < ranges.size(); i += 2) {
+            QTextLayout::FormatRange range;
+            range.start = ranges[i].toInt();
+            range.length = ranges[i + 1].toInt();
+            range.format.setFontWeight(QFont::Bold);
+            formats.append(range);
+        }
+        QTextLayout layout(name, option.font);
+        layout.setFormats(formats);
+        layout.beginLayout();
+        const QTextLine line = layout.createLine();
+        layout.endLayout();
+        if (line.naturalTextWidth() > place.width()) {
+            painter.setFont(option.font);
+            painter.drawText(place, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
+                             option.fontMetrics.elidedText(name, Qt::ElideMiddle, place.width()));
+        } else {
+            layout.draw(&painter, place.topLeft());
+        }
+    }
+};
+
+}  // namespace
+
+void HitsModel::SetHits(std::vector<Hit> hits) {
+    beginResetModel();
+    hits_ = std::move(hits);
+    endResetModel();
+}
+
+const Hit* HitsModel::HitAt(const QModelIndex& index) const {
+    const auto row = static_cast<std::size_t>(index.row());
+    return index.isValid() && row < hits_.size() ? &hits_[row] : nullptr;
+}
+
+int HitsModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(hits_.size());
+}
+
+QVariant HitsModel::data(const QModelIndex& index, int role) const {
+    const Hit* hit = HitAt(index);
+    if (!hit)
+        return {};
+    const CodeObject& object = *hit->object;
+    switch (role) {
+        case NameRole:
+        case Qt::DisplayRole:
+            return ToQString(object.myNameOrg());
+        case Qt::DecorationRole:
+            return IconFor(object.GetImageKey());
+        case RangesRole:
+            return ShownRanges(object.myNameOrg(), hit->ranges);
+        case AboutRole:
+            return About(object);
+        case Qt::ToolTipRole:
+        case Qt::AccessibleTextRole:
+            return ToQString(object.CodePathOrg()) + QStringLiteral(" \u00B7 ") + ToQString(ObjectKind(object));
+        default:
+            return {};
+    }
+}
+
+SearchBar::SearchBar(QWidget* parent)
+    : QWidget(parent),
+      field_(new QLineEdit),
+      list_(new QFrame(this)),
+      view_(new QListView),
+      foot_(new QLabel),
+      model_(new HitsModel(this)) {
+    setObjectName(QStringLiteral("searchBar"));
+    field_->setObjectName(QStringLiteral("searchField"));
+    field_->setClearButtonEnabled(true);
+    field_->addAction(IconFor("Search"), QLineEdit::LeadingPosition);
+    field_->installEventFilter(this);
+    setFocusProxy(field_);
+    auto* layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->addWidget(field_);
+
+    list_->setObjectName(QStringLiteral("searchList"));
+    list_->setFrameShape(QFrame::StyledPanel);
+    list_->setFrameShadow(QFrame::Raised);
+    list_->setAutoFillBackground(true);
+    list_->setBackgroundRole(QPalette::Base);
+    list_->hide();
+    view_->setObjectName(QStringLiteral("hits"));
+    view_->setModel(model_);
+    view_->setItemDelegate(new HitDelegate(view_));
+    view_->setUniformItemSizes(true);
+    view_->setFrameShape(QFrame::NoFrame);
+    view_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    view_->setFocusPolicy(Qt::NoFocus);
+    view_->setMouseTracking(true);
+    foot_->setObjectName(QStringLiteral("searchFoot"));
+    foot_->setMargin(kMargin);
+    foot_->setWordWrap(true);
+    foot_->setTextFormat(Qt::PlainText);
+    foot_->setForegroundRole(QPalette::PlaceholderText);
+    auto* column = new QVBoxLayout(list_);
+    column->setContentsMargins(1, 1, 1, 1);
+    column->setSpacing(0);
+    column->addWidget(view_, 1);
+    column->addWidget(foot_);
+
+    connect(field_, &QLineEdit::textChanged, this, &SearchBar::Search);
+    connect(view_, &QListView::clicked, this, &SearchBar::Choose);
+    Texte();
+}
+
+void SearchBar::Texte() {
+    field_->setPlaceholderText(TextNr(110));
+    field_->setAccessibleName(TextNr(110));
+    field_->setToolTip(TextNr(111));
+    view_->setAccessibleName(TextNr(114));
+    if (list_->isVisible())
+        Search();
+}
+
+void SearchBar::Focus() {
+    if (!field_->hasFocus())
+        focusBefore_ = QApplication::focusWidget();
+    field_->setFocus(Qt::ShortcutFocusReason);
+    field_->selectAll();
+}
+
+void SearchBar::ProjectChanges() {
+    Close();
+    model_->SetHits({});
+    search_.Clear();
+}
+
+void SearchBar::Search() {
+    const QString typed = field_->text().trimmed();
+    if (typed.isEmpty() || !gProjekt) {
+        Close();
+        return;
+    }
+    if (!search_.Built())
+        search_.Build(*gProjekt);
+    model_->SetHits(search_.Find(FromQString(typed), kMostHits));
+    const int shown = model_->rowCount();
+    view_->setVisible(shown > 0);
+    foot_->setVisible(static_cast<std::size_t>(shown) < search_.Found() || shown == 0);
+    foot_->setText(shown == 0 ? TextNr(112, typed)
+                              : TextNr(113, QString::number(shown), QString::number(search_.Found())));
+    if (shown > 0)
+        Select(0);
+    else
+        field_->setAccessibleDescription(foot_->text());
+    Open();
+}
+
+void SearchBar::Open() {
+    if (list_->parentWidget() != window()) {
+        list_->setParent(window());
+        window()->installEventFilter(this);
+    }
+    PlaceList();
+    list_->show();
+    list_->raise();
+}
+
+void SearchBar::Close() {
+    list_->hide();
+}
+
+// Below the field, as wide as it or wider, as high as the hits need and the window allows.
+void SearchBar::PlaceList() {
+    const QPoint corner = mapTo(window(), QPoint(0, height() + 2));
+    const int roomRight = window()->width() - corner.x() - kMargin;
+    const int width = std::min(std::max(this->width(), 50 * fontMetrics().averageCharWidth()), roomRight);
+    const int roomBelow = window()->height() - corner.y() - kMargin;
+    int needed = 2 + 2 * list_->frameWidth();
+    if (!view_->isHidden())
+        needed += model_->rowCount() * view_->sizeHintForRow(0);
+    if (!foot_->isHidden())
+        needed += foot_->heightForWidth(width - 2);
+    list_->setGeometry(
+        QRect(corner, QSize(width, std::max(0, std::min({needed, roomBelow, window()->height() * 2 / 3})))));
+}
+
+void SearchBar::Choose(const QModelIndex& index) {
+    const Hit* hit = model_->HitAt(index);
+    if (!hit)
+        return;
+    const std::string codePath = hit->object->CodePath();
+    Close();
+    GiveFocusBack();
+    Q_EMIT ObjectChosen(codePath);
+}
+
+void SearchBar::MoveBy(int rows) {
+    const int last = model_->rowCount() - 1;
+    if (last < 0)
+        return;
+    Select(std::clamp(view_->currentIndex().row() + rows, 0, last));
+}
+
+// The focus stays in the field, so it is the field that says which hit is chosen.
+void SearchBar::Select(int row) {
+    const QModelIndex index = model_->index(row);
+    view_->setCurrentIndex(index);
+    field_->setAccessibleDescription(index.data(Qt::AccessibleTextRole).toString());
+}
+
+void SearchBar::GiveFocusBack() {
+    QWidget* before = focusBefore_.data();
+    focusBefore_.clear();
+    if (before && before->isVisible())
+        before->setFocus(Qt::OtherFocusReason);
+}
+
+bool SearchBar::HandleKey(int key) {
+    const bool isOpen = list_->isVisible();
+    const int page = std::max(1, view_->height() / std::max(1, view_->sizeHintForRow(0)) - 1);
+    switch (key) {
+        case Qt::Key_Down:
+            if (isOpen)
+                MoveBy(1);
+            else
+                Search();
+            return true;
+        case Qt::Key_Up:
+            MoveBy(-1);
+            return true;
+        case Qt::Key_PageDown:
+            MoveBy(page);
+            return true;
+        case Qt::Key_PageUp:
+            MoveBy(-page);
+            return true;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            if (isOpen)
+                Choose(view_->currentIndex());
+            else
+                Search();
+            return true;
+        case Qt::Key_Escape:
+            Close();
+            field_->clear();
+            GiveFocusBack();
+            return true;
+        default:
+            return false;
+    }
+}
+
+bool SearchBar::eventFilter(QObject* watched, QEvent* event) {
+    const bool isField = watched == field_;
+    switch (event->type()) {
+        case QEvent::ShortcutOverride:
+            // Esc means the list as long as the field has the focus, whatever it means in the window.
+            if (isField && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
+                event->accept();
+            break;
+        case QEvent::KeyPress:
+            if (isField && HandleKey(static_cast<QKeyEvent*>(event)->key()))
+                return true;
+            break;
+        case QEvent::FocusOut:
+            if (isField && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
+                Close();
+            break;
+        case QEvent::Resize:
+        case QEvent::Move:
+            if (list_->isVisible())
+                PlaceList();
+            break;
+        default:
+            break;
+    }
+    return QWidget::eventFilter(watched, event);
+}

@@ -1,0 +1,69 @@
+// The search over the tree: a field, and below it, over the rest of the window, the objects that fit what is typed.
+#pragma once
+
+#include <QAbstractListModel>
+#include <QPointer>
+#include <QWidget>
+#include <string>
+#include <vector>
+
+#include "display/object_search.h"
+
+class QFrame;
+class QLabel;
+class QLineEdit;
+class QListView;
+
+class HitsModel final : public QAbstractListModel {
+    Q_OBJECT
+public:
+    enum Role { NameRole = Qt::UserRole, RangesRole, AboutRole };
+
+    using QAbstractListModel::QAbstractListModel;
+    void SetHits(std::vector<Hit> hits);
+    [[nodiscard]] const Hit* HitAt(const QModelIndex& index) const;
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+
+private:
+    std::vector<Hit> hits_;
+};
+
+class SearchBar final : public QWidget {
+    Q_OBJECT
+public:
+    explicit SearchBar(QWidget* parent = nullptr);
+
+    /// The field gets the focus, with all its text selected.
+    void Focus();
+    /// To be called before objects go: a project is closed or opened, or modules are read anew. Forgets all hits.
+    void ProjectChanges();
+    void Texte();
+
+Q_SIGNALS:
+    /// CodePath of the object that was chosen; the list is closed by then.
+    void ObjectChosen(const std::string& codePath);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Search();
+    void Open();
+    void Close();
+    void PlaceList();
+    void Choose(const QModelIndex& index);
+    void MoveBy(int rows);
+    void Select(int row);
+    void GiveFocusBack();
+    bool HandleKey(int key);
+
+    QLineEdit* field_;
+    QFrame* list_;  // a child of the window, so that nothing below it moves; made its last child, it goes last
+    QListView* view_;
+    QLabel* foot_;
+    HitsModel* model_;
+    ObjectSearch search_;
+    QPointer<QWidget> focusBefore_;
+};

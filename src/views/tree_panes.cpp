@@ -1,0 +1,101 @@
+#include "views/tree_panes.h"
+
+#include <QEvent>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include "views/baum_view.h"
+#include "views/code_style.h"
+#include "views/commands.h"
+#include "views/qt_text.h"
+#include "views/search_bar.h"
+
+namespace {
+
+QToolBar* SmallToolbar(QWidget* parent) {
+    auto* toolbar = new QToolBar(parent);
+    toolbar->setIconSize(QSize(16, 16));
+    toolbar->setMovable(false);
+    return toolbar;
+}
+
+QVBoxLayout* Column(QWidget* pane) {
+    auto* column = new QVBoxLayout(pane);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(4);
+    return column;
+}
+
+}  // namespace
+
+ProjectPane::ProjectPane(Baum& tree, Commands& commands, QWidget* parent)
+    : QWidget(parent), search_(new SearchBar(this)), ToolbarPrTrw(SmallToolbar(this)), tree_(new BaumView(tree, this)) {
+    for (const char* key : {"CheckBoxOn", "CheckBoxAll", "CheckBoxNone", "CollapseAll"})
+        ToolbarPrTrw->addAction(&commands[key]);
+    auto* top = new QHBoxLayout;
+    top->setContentsMargins(0, 0, 0, 0);
+    top->setSpacing(4);
+    top->addWidget(search_, 1);
+    top->addWidget(ToolbarPrTrw);
+    QVBoxLayout* column = Column(this);
+    column->addLayout(top);
+    column->addWidget(tree_, 1);
+}
+
+void ProjectPane::Texte() {
+    search_->Texte();
+    tree_->SetTexte(187, 183);
+    tree_->Texte();
+    ToolbarPrTrw->setAccessibleName(TextNr(187));
+}
+
+DependencyPane::DependencyPane(Baum& tree, Commands& commands, std::string_view really, std::string_view mayBe,
+                               QWidget* parent)
+    : QWidget(parent), caption_(new QLabel(this)), toolbar_(SmallToolbar(this)), tree_(new BaumView(tree, this)) {
+    toolbar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    toolbar_->addAction(&commands[really]);
+    toolbar_->addAction(&commands[mayBe]);
+    QFont bold = caption_->font();
+    bold.setBold(true);
+    caption_->setFont(bold);
+    caption_->setMinimumWidth(1);
+    auto* top = new QHBoxLayout;
+    top->setContentsMargins(4, 0, 0, 0);
+    top->addWidget(caption_, 1);
+    top->addWidget(toolbar_);
+    QVBoxLayout* column = Column(this);
+    column->addLayout(top);
+    column->addWidget(tree_, 1);
+    tree_->SetRightClickTells(true);
+}
+
+void DependencyPane::ShowCaption(const QString& text, bool mayBe) {
+    caption_->setText(text);
+    toolbar_->setAccessibleName(text);
+    mayBe_ = mayBe;
+    PaintCaption();
+}
+
+// Red for possible, blue for certain, as dark or light as the palette wants them.
+void DependencyPane::PaintCaption() {
+    constexpr std::int32_t kRed = 255;
+    constexpr std::int32_t kBlue = 0xff0000;
+    QPalette colours;
+    colours.setColor(QPalette::WindowText,
+                     Readable(ColourFromBgr(mayBe_ ? kRed : kBlue), palette().color(QPalette::Window)));
+    caption_->setPalette(colours);
+}
+
+void DependencyPane::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        PaintCaption();
+}
+
+void DependencyPane::Texte(int nameNr, int emptyNr) {
+    tree_->SetTexte(nameNr, emptyNr);
+    tree_->setToolTip(TextNr(13));
+    tree_->Texte();
+}

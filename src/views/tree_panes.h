@@ -1,0 +1,50 @@
+// The trees with what belongs to each: the search and the check box buttons above the project tree, caption and
+// Really / May be above a dependency tree.
+#pragma once
+
+#include <QWidget>
+
+class Baum;
+class BaumView;
+class Commands;
+class QLabel;
+class QToolBar;
+class SearchBar;
+
+class ProjectPane final : public QWidget {
+    Q_OBJECT
+
+public:
+    ProjectPane(Baum& tree, Commands& commands, QWidget* parent = nullptr);
+    [[nodiscard]] BaumView& Tree() const { return *tree_; }
+    [[nodiscard]] SearchBar& Search() const { return *search_; }
+    void Texte();
+
+private:
+    SearchBar* search_;
+    QToolBar* ToolbarPrTrw;
+    BaumView* tree_;
+};
+
+class DependencyPane final : public QWidget {
+    Q_OBJECT
+
+public:
+    /// @param really, mayBe  keys of the two commands that choose what the tree shows
+    DependencyPane(Baum& tree, Commands& commands, std::string_view really, std::string_view mayBe,
+                   QWidget* parent = nullptr);
+    [[nodiscard]] BaumView& Tree() const { return *tree_; }
+    /// The caption, in the colour of what is shown.
+    void ShowCaption(const QString& text, bool mayBe);
+    /// Numbers of the accessible name and of what stands in the empty tree.
+    void Texte(int nameNr, int emptyNr);
+
+private:
+    void PaintCaption();
+    void changeEvent(QEvent* event) override;
+
+    QLabel* caption_;
+    QToolBar* toolbar_;
+    BaumView* tree_;
+    bool mayBe_ = false;
+};

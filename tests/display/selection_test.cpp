@@ -1,0 +1,313 @@
+#include "display/selection.h"
+
+#include <gtest/gtest.h>
+
+#include "calls/driver.h"
+#include "model/clsControl.h"
+#include "model/clsEnum.h"
+#include "model/clsProjekt.h"
+#include "model/clsProzedur.h"
+#include "model/clsType.h"
+#include "model/clsVariable.h"
+#include "support/marked.h"
+#include "support/program_state.h"
+#include "support/read_project.h"
+
+namespace {
+
+class Selecting : public ProgramState {
+protected:
+    static void Analyse() { Who_Calls_Who(*gProjekt); }
+
+    Selection& Select(std::string_view key) {
+        Set_GlobalObjects_fromNode(selection, key);
+        return selection;
+    }
+    CodePane::Change Show(std::string_view key) { return pane.Show_Structure(*gProjekt, Select(key)); }
+
+    // "obj=form1.x mod=form1 proc=", what is set of the current objects.
+    static std::string Dump(const Selection& selection) {
+        std::string dump;
+        const auto add = [&dump](const char* name, const CodeObject* object) {
+            if (object)
+                dump.append(dump.empty() ? "" : " ").append(name).append("=").append(object->CodePath());
+        };
+        add("obj", selection.CurObject);
+        add("mod", selection.CurModule);
+        add("proc", selection.CurProc);
+        add("var", selection.CurVar);
+        add("type", selection.CurType);
+        add("enum", selection.CurEnum);
+        add("control", selection.CurControl);
+        add("lib", selection.CurLib);
+        add("called", selection.CalledObject);
+        return dump;
+    }
+    std::string Part(const CodeRange& range) const {
+        return pane.Text().text.substr(static_cast<std::size_t>(range.start), static_cast<std::size_t>(range.length));
+    }
+    // What changed: "text m.s select S places 12:x(local)", line of the file and name of each place.
+    std::string Dump(const CodePane::Change& change) const {
+        std::string dump = change.newText ? "text " + pane.ShownPath() : std::string();
+        if (change.select)
+            dump.append(" select ").append(Part(*change.select));
+        for (const CodeSpan& place : change.places) {
+            CodeText one = pane.Text();
+            one.spans = {place};
+            dump.append(" ").append(one.Dump());
+        }
+        return dump;
+    }
+    static const CodeObject* At(std::string_view path) { return ObjectOfNode(path); }
+
+    Selection selection;
+    CodePane pane;
+};
+
+constexpr std::string_view kModule = R"(
+    Public v As Long
+    Private Type T
+        m As T2
+    End Type
+    Private Type T2
+        n As Long
+    End Type
+    Private Enum E
+        One
+    End Enum
+    Declare Sub Api Lib "k" ()
+    Sub S(a)
+        Dim x
+        x = v: x = v
+        Api
+        Other x
+    End Sub
+    Sub Other(b)
+        a.Member
+    End Sub
+    Property Get P() As Long
+        P = One
+    End Property
+)";
+
+}  // namespace
+
+TEST_F(Selecting, NodeDecidesAllCurrentObjects) {
+    ReadModule(kModule, "M.bas");
+    struct Case {
+        const char* key;
+        const char* selection;
+    };
+    for (const Case& c :
+         {Case{"m", "obj=m mod=m"}, Case{"M.S", "obj=m.s mod=m proc=m.s"},
+          Case{"m.s.x", "obj=m.s.x mod=m proc=m.s var=m.s.x"}, Case{"m.v", "obj=m.v mod=m var=m.v"},
+          Case{"m.t [type]", "obj=m.t [type] mod=m type=m.t [type]"}, Case{"m.t.m", "obj=m.t.m mod=m var=m.t.m"},
+          Case{"m.e [enum]", "obj=m.e [enum] mod=m enum=m.e [enum]"},
+          Case{"m.p [get]", "obj=m.p [get] mod=m proc=m.p [get]"}, Case{"m.Private_Sub[]", "obj=m mod=m"},
+          Case{"m.gone", "mod=m"}, Case{"module[]", ""}, Case{"", ""}})
+        EXPECT_EQ(Dump(Select(c.key)), c.selection) << c.key;
+    SetCalledObject(selection, "m.s");
+    EXPECT_EQ(Dump(Select("m.v")), "obj=m.v mod=m var=m.v called=m.s");
+    selection = {};
+    CloseProject();
+    EXPECT_EQ(Dump(Select("m.v")), "");
+}
+
+TEST_F(Selecting, ControlsBelongToTheirForm) {
+    ReadModule("VERSION 5.00\nBegin VB.Form F\n  Begin VB.TextBox txt\n  End\nEnd\nPrivate a As Long\n", "F.frm");
+    EXPECT_EQ(Dump(Select("f.txt")), "obj=f.txt mod=f control=f.txt");
+    EXPECT_EQ(Dump(Show("f.txt")), "text f");  // its name stands in no code
+    EXPECT_EQ(CodePath_Anzeigen(selection), "F.txt   vb.textbox");
+}
+
+TEST_F(Selecting, DependenciesAreNeededForAnotherObjectOnly) {
+    ReadModule(kModule, "M.bas");
+    const LastCodePaths none;
+    EXPECT_TRUE(NeedsDependencies(Select("m.s"), none));
+    LastCodePaths last = Set_LastObjects(selection);
+    EXPECT_EQ(last, (LastCodePaths{"m.s", "m", "m.s", "", "", "", ""}));
+    EXPECT_FALSE(NeedsDependencies(Select("m.s"), last));
+    EXPECT_FALSE(NeedsDependencies(Select("m.s.x"), last));  // stands for its procedure
+    EXPECT_TRUE(NeedsDependencies(Select("m.v"), last));
+    last = Set_LastObjects(selection);
+    EXPECT_TRUE(NeedsDependencies(Select("m.s.x"), last));
+    last = Set_LastObjects(selection);
+    EXPECT_FALSE(NeedsDependencies(Select("m.s.a"), last));
+    EXPECT_FALSE(NeedsDependencies(Select("m.s"), last));
+    EXPECT_TRUE(NeedsDependencies(Select("m.other.b"), last));
+}
+
+TEST_F(Selecting, CodeFollowsTheObjectAndIsMadeOnce) {
+    ReadModule(kModule, "M.bas");
+    Analyse();
+    EXPECT_EQ(Dump(Show("m")), "text m");
+    EXPECT_EQ(Dump(Show("m")), "");
+    EXPECT_EQ(Dump(Show("m.t [type]")), " select T");
+    EXPECT_EQ(Dump(Show("m.api")), " select Api");
+    EXPECT_EQ(Dump(Show("m.s")), "text m.s select S");
+    EXPECT_EQ(Dump(Show("m.s.x")), " select x local:x local:x local:x");
+    EXPECT_EQ(Dump(Show("m.other")), "text m.other select Other");
+    EXPECT_EQ(Dump(Show("m.s.a")), "text m.s select a");
+    EXPECT_EQ(Dump(Show("m.t.m")), "text m select m");
+    pane.Forget();
+    EXPECT_EQ(Dump(Show("m.v")), "text m select v");
+    EXPECT_EQ(Dump(Show("m.gone")), "");  // the module is known
+    EXPECT_EQ(Dump(Show("gone")), "text ");
+    EXPECT_EQ(pane.Text().text, "");
+}
+
+TEST_F(Selecting, PlacesOfACallStandInTheTextOfTheCaller) {
+    ReadProject({{"M.bas", Vb(kModule).text}, {"C.cls", "Public Sub Member()\r\nEnd Sub\r\n"}});
+    Analyse();
+    auto& caller = static_cast<clsProzedur&>(*modMain::GetObjectFromCodePath("m.s"));
+    auto& other = static_cast<clsProzedur&>(*modMain::GetObjectFromCodePath("m.other"));
+    const auto places = [this](std::string_view object, CodeObject& from, CallType type) {
+        return Dump(pane.SelectCallsOfObject(*gProjekt, *At(object), from, type));
+    };
+    EXPECT_EQ(places("m.v", caller, CallType::Really), "text m.s callIn:v callIn:v");
+    EXPECT_EQ(places("m.other", caller, CallType::Really), " callIn:Other");
+    EXPECT_EQ(places("m.other", caller, CallType::MayBe), "");
+    EXPECT_EQ(places("c.member", other, CallType::MayBe), "text m.other maybe:Member");
+    EXPECT_EQ(places("m.e [enum]", *modMain::GetObjectFromCodePath("m.p [get]"), CallType::Really),
+              "text m.p [get] callIn:One");
+    EXPECT_EQ(places("m.t2 [type]", ModuleOf("m"), CallType::Really), "text m callIn:T2");
+}
+
+TEST_F(Selecting, FormStandsForItsImplicitInstance) {
+    ReadProject(
+        {{"M.bas", "Sub S()\r\n  F.Show\r\n  Dim g As New F\r\nEnd Sub\r\n"}, {"F.frm", "Sub X()\r\nEnd Sub\r\n"}});
+    Analyse();
+    EXPECT_EQ(
+        Dump(pane.SelectCallsOfObject(*gProjekt, *At("f"), *modMain::GetObjectFromCodePath("m.s"), CallType::Really)),
+        "text m.s callOut:F callOut:F");
+}
+
+TEST_F(Selecting, PositionInAProcedureLeadsToWhatIsNamedThere) {
+    const Marked vb = Vb(R"(
+        Public v As Long
+        Sub {{S}}(a)
+            Dim {{x}}
+            {{O}}the{{r}} {{v}}
+            a.{{M}}ember{{}}
+        End Sub
+        Sub Other(b)
+        End Sub
+    )");
+    ReadProject({{"M.bas", vb.text}, {"C.cls", "Public Sub Member()\r\nEnd Sub\r\n"}});
+    Analyse();
+    auto& prozedur = static_cast<clsProzedur&>(*modMain::GetObjectFromCodePath("m.s"));
+    (void)ShowMe(*gProjekt, prozedur);
+    const auto hit = [&](Pos pos) {
+        const CodeObject* object = SelChanged(prozedur, pos - prozedur.DeclareStart);
+        return object ? object->CodePath() : std::string("-");
+    };
+    EXPECT_EQ(hit(vb.pos(1)), "-");
+    EXPECT_EQ(hit(vb.pos(2)), "m.s.x");  // declared here
+    EXPECT_EQ(hit(vb.pos(3)), "m.other");
+    EXPECT_EQ(hit(vb.pos(4)), "m.other");
+    EXPECT_EQ(hit(vb.pos(4) + 1), "-");
+    EXPECT_EQ(hit(vb.pos(5)), "m.v");
+    EXPECT_EQ(hit(vb.pos(6)), "-");  // a possible call leads nowhere for certain
+}
+
+TEST_F(Selecting, PositionInDeclarationsLeadsToTheCallOrTheBlockAround) {
+    const Marked vb = Vb(R"(
+        Public {{v}} As {{T}}
+        Private Type T
+            m {{A}}s {{U}}
+        End Type
+        Private Type U
+            n As Long
+        End Type
+        Declare {{S}}ub Api Lib "k" ()
+        {{'}}
+    )");
+    const clsModul& modul = ReadModuleAsItIs(vb.text, "M.bas");
+    Analyse();
+    const auto hit = [&](Pos pos, const clsType* current = nullptr) {
+        const CodeObject* object = SelChanged(modul, pos - modul.BeginnVarBereich, current);
+        return object ? object->CodePath() : std::string("-");
+    };
+    EXPECT_EQ(hit(vb.pos(1)), "m.v");
+    EXPECT_EQ(hit(vb.pos(2)), "m.t [type]");
+    EXPECT_EQ(hit(vb.pos(3)), "m.t [type]");
+    EXPECT_EQ(hit(vb.pos(3), static_cast<const clsType*>(At("m.t [type]"))), "-");  // stays
+    EXPECT_EQ(hit(vb.pos(4)), "m.u [type]");
+    EXPECT_EQ(hit(vb.pos(5)), "m.api");
+    EXPECT_EQ(hit(vb.pos(6)), "-");
+    EXPECT_EQ(Get_ProcNachPos(modul, vb.pos(5)), At("m.api"));
+    EXPECT_EQ(GetTypeNachZeichenPos(modul, vb.pos(1)), nullptr);
+}
+
+TEST_F(Selecting, ShownTextDecidesWhatAClickAndTheHoverMean) {
+    ReadProject({{"M.bas", Vb(kModule).text}, {"C.cls", "Public Sub Member()\r\nEnd Sub\r\n"}});
+    Analyse();
+    // The object at the first place of a word in the shown text, for a click and for the hover text.
+    const auto at = [this](std::string_view word, Pos selLength = 0) {
+        const auto pos = static_cast<Pos>(pane.Text().text.find(word));
+        const CodeObject* clicked = pane.ObjectClicked(selection, pos, selLength);
+        const CodeObject* hovered = pane.ObjectAt(pos);
+        return (clicked ? clicked->CodePath() : "-") + " " + (hovered ? hovered->CodePath() : "-");
+    };
+    EXPECT_EQ(at(""), "- -");
+    (void)Show("m.api");  // stands in the declarations, though it is the current procedure
+    EXPECT_EQ(at("Api"), "m.api m.api");
+    EXPECT_EQ(at("m As T2"), "m.t [type] m.t.m");
+    EXPECT_EQ(at("T2"), "m.t2 [type] m.t2 [type]");
+    EXPECT_EQ(at("One"), "m.e [enum] m.e.one");
+    EXPECT_EQ(at("v As"), "m.v m.v");
+    (void)Show("m.other");
+    EXPECT_EQ(at("Member"), "- c.member");
+    EXPECT_EQ(at("Other"), "- m.other");
+    (void)Show("m.s");
+    EXPECT_EQ(at("Other"), "m.other m.other");
+    EXPECT_EQ(at("Other", 3), "- m.other");
+}
+
+TEST_F(Selecting, PathLineEndsWithWhatThePathDoesNotTell) {
+    ReadModule(kModule, "M.bas");
+    EXPECT_EQ(CodePath_Anzeigen(Selection()), "");
+    EXPECT_EQ(CodePath_Anzeigen(Select("m")), "M   p\\M.bas");
+    EXPECT_EQ(CodePath_Anzeigen(Select("m.s")), "M.S   public sub");
+    EXPECT_EQ(CodePath_Anzeigen(Select("m.p [get]")), "M.P [Get]   public property");
+    EXPECT_EQ(CodePath_Anzeigen(Select("m.t [type]")), "M.T [Type]   private type");
+    EXPECT_EQ(CodePath_Anzeigen(Select("m.v")), "M.v   long");
+}
+
+TEST_F(Selecting, PlaceOfTheCursorIsToldInTextAndModule) {
+    ReadModule("Option Explicit\nSub S()\n  a = 1\nEnd Sub\n", "M.bas");
+    (void)Show("m.s");
+    const PropertyRows rows = Anzeigen_TextPos(pane.Text(), 11, 1);
+    std::string dump;
+    for (const PropertyRow& row : rows)
+        dump += row.label.bytes + "=" + row.value.bytes + " ";
+    EXPECT_EQ(dump, "Zeile=3 SelStart=11 (29) SelEnd=12 (30) SelLength=1 ");
+}
+
+TEST(Navigation, GoesBackAndForwardAndCutsOffWhatLiesAhead) {
+    NavigationList list;
+    EXPECT_FALSE(list.NavPrevEnabled() || list.NavNextEnabled());
+    EXPECT_EQ(list.NavCodeKey_Prev(), nullptr);
+    list.AddNavCodeKey("a");
+    list.AddNavCodeKey("a");
+    EXPECT_FALSE(list.NavPrevEnabled());
+    list.AddNavCodeKey("b");
+    list.NoteSelection(7, 2);
+    list.AddNavCodeKey("c");
+    EXPECT_TRUE(list.NavPrevEnabled() && !list.NavNextEnabled());
+    const NavigationList::Record* record = list.NavCodeKey_Prev();
+    ASSERT_NE(record, nullptr);
+    EXPECT_EQ(record->Key, "b");
+    EXPECT_EQ(record->SelStart, 7);
+    EXPECT_EQ(record->SelLength, 2);
+    list.AddNavCodeKey("b");  // as its activation does
+    EXPECT_TRUE(list.NavNextEnabled());
+    EXPECT_EQ(list.NavCodeKey_Next()->Key, "c");
+    EXPECT_EQ(list.NavCodeKey_Next(), nullptr);
+    (void)list.NavCodeKey_Prev();
+    list.AddNavCodeKey("d");
+    EXPECT_FALSE(list.NavNextEnabled());
+    EXPECT_EQ(list.NavCodeKey_Prev()->Key, "b");
+    EXPECT_EQ(list.NavCodeKey_Prev()->Key, "a");
+    EXPECT_FALSE(list.NavPrevEnabled());
+}

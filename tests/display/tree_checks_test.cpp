@@ -1,0 +1,98 @@
+#include "display/tree_checks.h"
+
+#include <gtest/gtest.h>
+
+#include "display/baum.h"
+#include "display/project_tree.h"
+#include "model/clsModul.h"
+#include "shell/settings.h"
+#include "support/program_state.h"
+#include "support/read_project.h"
+
+namespace {
+
+class TreeChecks : public ProgramState {
+protected:
+    TreeChecks() {
+        CheckedObjects_Reset();
+        const std::string source = "Sub one()\r\nEnd Sub\r\nSub two()\r\nEnd Sub\r\n";
+        ReadProject({{"App.vbp",
+                      "Type=Exe\r\nReference=*\\G{1}#2.0#0#c:\\x\\stdole2.tlb#OLE\r\n"
+                      "Class=C; C.cls\r\nModule=A; A.bas\r\nModule=B; B.bas\r\n"},
+                     {"A.bas", source},
+                     {"B.bas", source},
+                     {"C.cls", source}});
+        ProjektStruktur_Anzeigen(*gProjekt, tree);
+    }
+    ~TreeChecks() override { CheckedObjects_Reset(); }
+
+    CheckAnswer Click(std::string_view key) {
+        BaumNode& node = *tree.Item(key);
+        tree.SetChecked(node, !node.Checked());
+        return NodeCheck(*gProjekt, tree, node);
+    }
+    // Keys of the checked nodes in the order of the tree, and behind the line the checked objects.
+    std::string Checked() const {
+        std::string keys;
+        std::vector<BaumNode*> open(tree.Roots().rbegin(), tree.Roots().rend());
+        while (!open.empty()) {
+            const BaumNode& node = *open.back();
+            open.pop_back();
+            if (node.Checked())
+                keys += node.Key() + " ";
+            open.insert(open.end(), node.ChildNodes().rbegin(), node.ChildNodes().rend());
+        }
+        keys += "|";
+        for (const CodeObject* object : gCheckedObjects)
+            keys += " " + object->CodePath();
+        return keys;
+    }
+    Baum tree;
+};
+
+}  // namespace
+
+TEST_F(TreeChecks, AKindChecksItsModules) {
+    const CheckAnswer answer = Click("module[]");
+    EXPECT_EQ(answer.current, nullptr);
+    EXPECT_EQ(Checked(), "module[] a b |");
+    Click("module[]");
+    EXPECT_EQ(Checked(), "|");
+    Check_All_Modules(*gProjekt, tree, true);
+    EXPECT_EQ(Checked(), "reference[] stdole2 module[] a b class[] c |");
+    Check_ModulTyp(*gProjekt, tree, 3, false);
+    EXPECT_EQ(Checked(), "reference[] stdole2 module[] a b class[] |");
+}
+
+TEST_F(TreeChecks, AnObjectIsFiledAndItsParentsFollowItsSiblings) {
+    EXPECT_EQ(Click("a").current, &ModuleOf("a"));
+    EXPECT_EQ(Checked(), "a | a");
+    Click("b");
+    EXPECT_EQ(Checked(), "module[] a b | a b");
+    Click("a");
+    EXPECT_EQ(Checked(), "b | b");
+    Click("c.one");
+    EXPECT_EQ(Checked(), "b c.one | b c.one");
+    Click("c.two");
+    EXPECT_EQ(Checked(), "b c c.Public_Sub[] c.one c.two | b c.one c.two") << "the grandparent follows the parent";
+    Click("c.two");
+    EXPECT_EQ(Checked(), "b c.one | b c.one");
+}
+
+TEST_F(TreeChecks, WithTheChartsShowingNothingIsFiled) {
+    gContentMode = "Chart";
+    const CheckAnswer answer = Click("a");
+    EXPECT_EQ(answer.effect, CheckEffect::ShowChart);
+    EXPECT_EQ(Checked(), "a |");
+    gContentMode = "Code";
+    EXPECT_EQ(Click("a").effect, CheckEffect::ShowGroup);
+}
+
+TEST_F(TreeChecks, ObjectsAreFoundAnewUnderTheirPaths) {
+    Click("a");
+    Click("b.one");
+    ReadProject({{"B.bas", "Sub one()\r\nEnd Sub\r\n"}});
+    CheckedObjects_Renew(*gProjekt);
+    ASSERT_EQ(gCheckedObjects.Count(), 1);
+    EXPECT_EQ(gCheckedObjects.ItemNr(1)->Modul, &ModuleOf("b"));
+}

@@ -1,0 +1,257 @@
+#include "views/code_view.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QSignalSpy>
+#include <QTableWidget>
+#include <QTest>
+#include <QTextBlock>
+#include <QTextLayout>
+
+#include "platform/code_page.h"
+#include "shell/clsText.h"
+#include "shell/settings.h"
+#include "support/program_state.h"
+#include "views/code_style.h"
+#include "views/object_tip.h"
+#include "views/path_line.h"
+#include "views/properties_grid.h"
+
+namespace {
+
+class CodeViews : public ProgramState {
+protected:
+    CodeViews() {
+        Optionen_Defaults();
+        DiskFiles files;
+        gText.SetLanguage(files, OSTRIVANE_SOURCE_DIR "/");
+        view.ApplySettings();
+        view.Texte();
+    }
+
+    void Show(CodeText code) {
+        view.Show(code);
+        view.resize(500, 300);
+        view.show();
+        ASSERT_TRUE(QTest::qWaitForWindowExposed(&view));
+    }
+    static CodeText Code(std::string text, std::vector<CodeSpan> spans = {}) {
+        CodeText code;
+        code.text = std::move(text);
+        code.spans = std::move(spans);
+        code.firstLine = 7;
+        return code;
+    }
+    // "0:4-7 1:0-2", line and stretch of each coloured run.
+    [[nodiscard]] std::string Formats() const {
+        std::string dump;
+        for (QTextBlock line = view.document()->firstBlock(); line.isValid(); line = line.next())
+            for (const QTextLayout::FormatRange& format : line.layout()->formats())
+                dump += (dump.empty() ? "" : " ") + std::to_string(line.blockNumber()) + ":" +
+                        std::to_string(format.start) + "-" + std::to_string(format.start + format.length);
+        return dump;
+    }
+    [[nodiscard]] QTextCharFormat FormatAt(int line, int nr) const {
+        return view.document()->findBlockByNumber(line).layout()->formats().at(nr).format;
+    }
+    // Middle of a character of the shown text in the viewport.
+    [[nodiscard]] QPoint PointAt(int place) const {
+        QTextCursor cursor(view.document());
+        cursor.setPosition(place);
+        const QRect left = view.cursorRect(cursor);
+        return {left.left() + view.fontMetrics().horizontalAdvance(QLatin1Char('x')) / 2, left.center().y()};
+    }
+
+    CodeView view;
+};
+
+}  // namespace
+
+TEST_F(CodeViews, SpansColourTheLinesThatTheyCross) {
+    Show(Code("Sub S()\r\n  a = b ' c _\r\n d\r\nEnd Sub",
+              {{4, 1, Colour::Public}, {11, 1, Colour::CallIn}, {15, 1, Colour::CallMayBe}, {17, 9, Colour::Comment}}));
+    EXPECT_EQ(Formats(), "0:4-5 1:2-3 1:6-7 1:8-13 2:0-2");
+    EXPECT_EQ(FormatAt(1, 1).underlineStyle(), QTextCharFormat::DotLine);
+    EXPECT_EQ(FormatAt(1, 0).underlineStyle(), QTextCharFormat::NoUnderline);
+    view.Show(Code("x", {{0, 1, Colour::FunctionResult}}));
+    EXPECT_EQ(Formats(), "0:0-1");
+    EXPECT_TRUE(FormatAt(0, 0).font().bold());
+    view.Show(Code("plain"));
+    EXPECT_EQ(Formats(), "");
+}
+
+TEST_F(CodeViews, PositionsAreBytesWhateverTheTextIsIn) {
+    const CodePage utf8("65001");
+    CodeText code = Code("' \xC3\xA4\xC3\xB6\r\nx = y", {{12, 1, Colour::CallOut}});
+    code.page = &utf8;
+    Show(code);
+    EXPECT_EQ(Formats(), "1:4-5");
+    view.Select({12, 1});
+    EXPECT_EQ(view.textCursor().selectedText(), QStringLiteral("y"));
+    EXPECT_EQ(view.SelStart(), 12);
+    EXPECT_EQ(view.SelLength(), 1);
+}
+
+TEST_F(CodeViews, RightClickAndKeysTellThePosition) {
+    Show(Code("Call Foo\r\nCall Bar\r\n"));
+    const QSignalSpy clicked(&view, &CodeView::PositionClicked);
+    const auto last = [&clicked] { return clicked.isEmpty() ? QVariantList() : clicked.last(); };
+    for (int place = 5; place < 8; ++place) {
+        QTest::mouseClick(view.viewport(), Qt::RightButton, {}, PointAt(place));
+        EXPECT_EQ(last(), (QVariantList{place, 0})) << place;
+    }
+    QTest::mouseClick(view.viewport(), Qt::RightButton, {}, PointAt(9 + 5));
+    EXPECT_EQ(last(), (QVariantList{15, 0}));
+    QTest::keyClick(&view, Qt::Key_Right, Qt::ShiftModifier);
+    QTest::keyClick(&view, Qt::Key_Return);
+    EXPECT_EQ(last(), (QVariantList{15, 1}));
+    QTest::mouseClick(view.viewport(), Qt::RightButton, {}, PointAt(9 + 5));  // into the selection
+    EXPECT_EQ(last(), (QVariantList{15, 1}));
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(view.viewport(), &key);
+    EXPECT_EQ(clicked.count(), 7);
+}
+
+TEST_F(CodeViews, PlacesAreSteppedThroughAroundTheEnds) {
+    std::string text;
+    for (int line = 0; line < 200; ++line)
+        text += "x = Foo\r\n";
+    Show(Code(text));
+    const QSignalSpy changed(&view, &CodeView::PlaceChanged);
+    view.MarkPlaces({{4, 3, Colour::CallIn}, {9 * 50 + 4, 3, Colour::CallIn}, {9 * 150 + 4, 3, Colour::CallMayBe}});
+    EXPECT_EQ(changed.last(), (QVariantList{1, 3}));
+    EXPECT_EQ(view.extraSelections().size(), 3);
+    const auto isInSight = [this] { return view.viewport()->rect().contains(view.cursorRect()); };
+    QTest::keyClick(&view, Qt::Key_F3);
+    EXPECT_EQ(changed.last(), (QVariantList{2, 3}));
+    EXPECT_EQ(view.SelStart(), 9 * 50 + 4);
+    EXPECT_TRUE(isInSight());
+    QTest::keyClick(&view, Qt::Key_F3, Qt::ShiftModifier);
+    QTest::keyClick(&view, Qt::Key_F3, Qt::ShiftModifier);
+    EXPECT_EQ(changed.last(), (QVariantList{3, 3}));
+    EXPECT_TRUE(isInSight());
+    view.Show(Code("other"));
+    EXPECT_EQ(changed.last(), (QVariantList{0, 0}));
+    view.NextPlace();
+    EXPECT_EQ(changed.count(), 5);
+}
+
+TEST_F(CodeViews, CanBeReadButNotTrapped) {
+    Show(Code("Sub S()\r\nEnd Sub"));
+    view.setFocus();
+    QTest::keyClicks(&view, QStringLiteral("abc"));
+    QTest::keyClick(&view, Qt::Key_Delete);
+    EXPECT_EQ(view.toPlainText(), QStringLiteral("Sub S()\nEnd Sub"));
+    QTest::keySequence(&view, QKeySequence::SelectAll);
+    QTest::keySequence(&view, QKeySequence::Copy);
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("Sub S()\nEnd Sub"));
+    EXPECT_TRUE(view.tabChangesFocus());
+    EXPECT_FALSE(view.accessibleName().isEmpty());
+}
+
+TEST_F(CodeViews, ZoomKeepsToItsStepsAndFontFallsBack) {
+    gCodeFont = {10, "No Such Font At All"};
+    view.ApplySettings();
+    EXPECT_TRUE(QFontInfo(view.font()).fixedPitch());
+    EXPECT_EQ(view.font().pointSizeF(), 10);
+    Show(Code("x"));
+    QTest::keyClick(&view, Qt::Key_Plus, Qt::ControlModifier);
+    QTest::keyClick(&view, Qt::Key_Equal, Qt::ControlModifier);
+    EXPECT_EQ(view.font().pointSizeF(), 12);
+    QTest::keyClick(&view, Qt::Key_Minus, Qt::ControlModifier);
+    EXPECT_EQ(view.font().pointSizeF(), 11);
+    QTest::keyClick(&view, Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(view.font().pointSizeF(), 10);
+    for (int i = 0; i < 30; ++i)
+        view.ZoomOut();
+    EXPECT_EQ(view.font().pointSizeF(), 4);
+}
+
+TEST_F(CodeViews, ToolTipIsAskedForWhatIsUnderThePointer) {
+    Show(Code("ab\r\ncd"));
+    std::vector<Pos> asked;
+    view.SetToolTipSource([&asked](Pos pos) {
+        asked.push_back(pos);
+        return QString();
+    });
+    const auto hover = [this](QPoint point) {
+        QHelpEvent event(QEvent::ToolTip, point, view.viewport()->mapToGlobal(point));
+        QApplication::sendEvent(view.viewport(), &event);
+    };
+    hover(PointAt(1));
+    hover(PointAt(3));
+    hover(PointAt(2));                          // behind the first line
+    hover({5, view.viewport()->height() - 3});  // below all lines
+    EXPECT_EQ(asked, (std::vector<Pos>{1, 4}));
+    EXPECT_EQ(ToolTipOf({"sub a", "If a < b"}), QStringLiteral("<b>sub a</b><br>If a &lt; b"));
+    EXPECT_EQ(ToolTipOf({}), QString());
+}
+
+TEST_F(CodeViews, ColoursCanBeReadInLightAndDark) {
+    for (const QColor& ground :
+         {QColor(Qt::white), QColor(240, 240, 240), QColor(30, 30, 30), QColor(Qt::black), QColor(120, 120, 120)})
+        for (int what = 1; what <= static_cast<int>(Colour::FunctionResult); ++what) {
+            const QColor wanted = ColourFromBgr(ColourOf(static_cast<Colour>(what)));
+            const QColor shown = StyleOf(static_cast<Colour>(what), ground).foreground().color();
+            EXPECT_GE(Contrast(shown, ground), 4.5 - 0.01) << what << ground.name().toStdString();
+            if (shown.saturation() > 20 && shown.lightness() < 240) {
+                EXPECT_NEAR(shown.hslHue(), wanted.hslHue(), 4) << what;
+            }
+        }
+    EXPECT_EQ(Readable(Qt::black, Qt::white), QColor(Qt::black));
+}
+
+TEST_F(CodeViews, DeadCodeStandsOnAGreyOfThePalette) {
+    CodeText code = Code("x");
+    code.onGrey = true;
+    QPalette palette(view.palette());
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Text, Qt::black);
+    view.setPalette(palette);
+    Show(code);
+    const auto ground = [this] { return view.viewport()->palette().color(QPalette::Base); };
+    EXPECT_EQ(ground().name(), QStringLiteral("#f0f0f0"));
+    palette.setColor(QPalette::Base, QColor(20, 20, 20));
+    palette.setColor(QPalette::Text, Qt::white);
+    view.setPalette(palette);
+    EXPECT_GT(ground().lightness(), 20);
+    EXPECT_LT(ground().lightness(), 60);
+    view.Show(Code("x"));
+    EXPECT_EQ(ground(), QColor(20, 20, 20));
+}
+
+TEST_F(CodeViews, PathIsShortenedInTheMiddleUntilSomebodyGoesThere) {
+    QWidget window;
+    PathLine line(&window);
+    QLineEdit other(&window);
+    line.setGeometry(0, 0, 120, 24);
+    window.show();
+    const std::string path(60, 'p');
+    line.Show(path);
+    EXPECT_TRUE(line.text().contains(QChar(0x2026)));
+    EXPECT_EQ(line.toolTip(), QString::fromStdString(path));
+    window.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
+    other.setFocus();
+    line.setFocus(Qt::TabFocusReason);
+    EXPECT_EQ(line.selectedText(), QString::fromStdString(path));
+    other.setFocus();
+    EXPECT_TRUE(line.text().contains(QChar(0x2026)));
+}
+
+TEST_F(CodeViews, PropertiesFollowTheLanguageAndCanBeCopied) {
+    PropertiesGrid grid;
+    grid.Show({{{0, "Name"}, {0, "Gr\xFC\xDF"}}, {{77, {}}, {81, {}}}});
+    EXPECT_EQ(grid.AsText(), QString::fromUtf8("Name\tGr\u00FC\u00DF\nAccess\tlocal\n"));
+    DiskFiles files;
+    gText.Language = "german";
+    gText.SetLanguage(files, OSTRIVANE_SOURCE_DIR "/");
+    grid.Texte();
+    grid.Grid().selectRow(1);
+    EXPECT_EQ(grid.AsText(), QStringLiteral("Zugriff\tlokal\n"));
+    gText.Language = "english";
+    grid.Clear();
+    EXPECT_EQ(grid.Grid().rowCount(), 0);
+}

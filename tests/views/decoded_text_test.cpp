@@ -1,0 +1,71 @@
+#include "views/decoded_text.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/code_page.h"
+
+namespace {
+
+// Every place of the shown text leads to a byte that leads back, and every byte to the character that it is part of.
+void ExpectWaysMeet(const DecodedText& text) {
+    for (int place = 0; place <= text.Text().size(); ++place) {
+        const bool isSecondHalf = place < text.Text().size() && text.Text()[place].isLowSurrogate();
+        EXPECT_EQ(text.ToUtf16(text.ToByte(place)), isSecondHalf ? place - 1 : place) << place;
+    }
+    int before = 0;
+    for (Pos byte = 0; byte <= text.ByteCount(); ++byte) {
+        const int place = text.ToUtf16(byte);
+        EXPECT_GE(place, before) << byte;
+        EXPECT_LE(text.ToByte(place), byte);
+        before = place;
+    }
+    EXPECT_EQ(text.ToUtf16(text.ByteCount()), text.Text().size());
+    EXPECT_EQ(text.ToByte(static_cast<int>(text.Text().size())), text.ByteCount());
+}
+
+}  // namespace
+
+TEST(DecodedText, CountsInStepBetweenLineEndsAndLongCharacters) {
+    struct Case {
+        const char* page;
+        const char* bytes;
+        const char16_t* shown;
+    };
+    for (const Case& c :
+         {Case{"1252", "", u""}, Case{"1252", "a\r\nb\rc\nd\r\n", u"a\nb\nc\nd\n"},
+          Case{"1252", "\xE4 \x80\r\n\xFF", u"\u00E4 \u20AC\n\u00FF"}, Case{"1251", "\xC4\xE0", u"\u0414\u0430"},
+          Case{"65001", "a\xC3\xA4\r\n\xE2\x82\xACz", u"a\u00E4\n\u20ACz"},
+          Case{"65001", "\xF0\x9F\x98\x80x", u"\U0001F600x"}, Case{"65001", "x\xC3(\xFFy", u"x\uFFFD(\uFFFDy"},  // torn
+          Case{"932", "\x83\x5C\r\nz\xB1", u"\u30BD\nz\uFF71"}, Case{"932", "z\x83", u"z\uFFFD"},
+          Case{"932", "\x83\r\nz", u"\uFFFD\nz"}}) {
+        const DecodedText text(c.bytes, CodePage(c.page));
+        EXPECT_EQ(text.Text(), QString::fromUtf16(c.shown)) << c.page;
+        EXPECT_EQ(text.ByteCount(), static_cast<Pos>(std::string_view(c.bytes).size()));
+        ExpectWaysMeet(text);
+    }
+}
+
+TEST(DecodedText, EveryByteOfACharacterLeadsToItsBeginning) {
+    const DecodedText text("a\xE2\x82\xAC\xF0\x9F\x98\x80z\r\n", CodePage("65001"));
+    for (const auto& [byte, place] : {std::pair{0, 0},
+                                      {1, 1},
+                                      {2, 1},
+                                      {3, 1},
+                                      {4, 2},
+                                      {5, 2},
+                                      {7, 2},
+                                      {8, 4},
+                                      {9, 5},
+                                      {10, 5},
+                                      {11, 6},
+                                      {99, 6},
+                                      {-1, 0}})
+        EXPECT_EQ(text.ToUtf16(byte), place) << byte;
+    EXPECT_EQ(text.ToByte(3), 4);  // the second half of a surrogate pair
+}
+
+TEST(DecodedText, SignsOfTheTextWidgetAreNoLineEnds) {
+    using namespace std::string_view_literals;
+    const DecodedText text("a\0b\xE2\x80\xA9"sv, CodePage("65001"));
+    EXPECT_EQ(text.Text(), QString::fromUtf16(u"a\uFFFDb\uFFFD"));
+}

@@ -1,0 +1,121 @@
+#include "views/dialogs.h"
+
+#include <gmock/gmock.h>
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QAction>
+#include <QApplication>
+#include <QLabel>
+#include <QTabWidget>
+#include <QTableView>
+#include <QTest>
+
+#include "platform/settings_file.h"
+#include "views/frm_about.h"
+#include "views/frm_error.h"
+#include "views/frm_keys.h"
+#include "views/frm_optionen.h"
+#include "views/frm_progress.h"
+#include "views/problems_list.h"
+#include "views/qt_text.h"
+#include "window_texts.h"
+
+namespace {
+
+class Dialogs : public WindowTest {
+protected:
+    // What a person who sees, hears or types would miss in what is visible of the window.
+    static void Inspect(QWidget& window) {
+        QApplication::processEvents();
+        QStringList letters;
+        for (QWidget* child : window.findChildren<QWidget*>()) {
+            if (!child->isVisible())
+                continue;
+            const std::string name = child->metaObject()->className() + (" " + child->objectName().toStdString());
+            const QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(child);
+            if (child->focusPolicy() & Qt::TabFocus) {
+                EXPECT_FALSE(!accessible || accessible->text(QAccessible::Name).isEmpty()) << name;
+            }
+            const auto* button = qobject_cast<QAbstractButton*>(child);
+            const auto* label = qobject_cast<QLabel*>(child);
+            const QString text = button ? button->text() : label ? label->text() : QString();
+            if (const auto mark = text.indexOf(QLatin1Char('&')); mark >= 0)
+                letters.append(text.mid(mark + 1, 1).toLower());
+            if (text.isEmpty())
+                continue;
+            EXPECT_GE(child->width(), child->minimumSizeHint().width()) << name << ": " << text.toStdString();
+            const int height =
+                label && label->wordWrap() ? child->heightForWidth(child->width()) : child->minimumSizeHint().height();
+            EXPECT_GE(child->height(), height) << name << ": " << text.toStdString();
+        }
+        const qsizetype all = letters.size();
+        letters.removeDuplicates();
+        EXPECT_EQ(letters.size(), all) << window.objectName().toStdString();
+    }
+};
+
+TEST_F(Dialogs, NameEveryControlCutNoTextAndGiveEachLetterOnce) {
+    MemoryFiles memory;
+    SettingsFile settings(memory, "o.ini");
+    frmOptionen options(memory, settings, "prog/");
+    frmAbout about(nullptr, QStringLiteral("https://example.org"));
+    frmKeys keys;
+    ProblemsList problems;
+    frmProgress progress;
+    frmError error(nullptr, QStringLiteral("help@example.org"));
+    NoteProblem("clsModul: A", "text");
+    for (const char* language : {"english", "german"}) {
+        SCOPED_TRACE(language);
+        Speak(language);
+        options.Texte();
+        about.Texte();
+        keys.Texte();
+        problems.Texte();
+        progress.Texte();
+        error.Texte();
+        for (QWidget* window : std::initializer_list<QWidget*>{&options, &about, &keys, &problems, &progress, &error}) {
+            SCOPED_TRACE(window->objectName().toStdString());
+            window->adjustSize();
+            window->show();
+            auto* tabs = window->findChild<QTabWidget*>();
+            for (int tab = 0; tab < (tabs ? tabs->count() : 1); ++tab) {
+                if (tabs)
+                    tabs->setCurrentIndex(tab);
+                Inspect(*window);
+            }
+            window->hide();
+        }
+    }
+}
+
+TEST_F(Dialogs, KeysAreListedForActionsThatHaveThem) {
+    QAction open(QStringLiteral("&Open\u2026"));
+    open.setShortcut(QKeySequence(QStringLiteral("Ctrl+O")));
+    QAction back(QStringLiteral("Back"));
+    back.setShortcuts({QKeySequence(QStringLiteral("Alt+Left")), QKeySequence(QStringLiteral("F9"))});
+    QAction none(QStringLiteral("None"));
+    frmKeys keys;
+    keys.Fill({&open, &none, &back}, {{QStringLiteral("Zoom"), QStringLiteral("Wheel")}});
+    const QAbstractItemModel& rows = *keys.findChild<QTableView*>()->model();
+    QStringList listed;
+    for (int row = 0; row < rows.rowCount(); ++row)
+        listed.append(rows.index(row, 0).data().toString() + QLatin1Char('=') + rows.index(row, 1).data().toString());
+    EXPECT_EQ(listed, QStringList({QStringLiteral("Open=Ctrl+O"), QStringLiteral("Back=Alt+Left, F9"),
+                                   QStringLiteral("Zoom=Wheel")}));
+}
+
+TEST_F(Dialogs, AClickAnywhereClosesTheAboutWindow) {
+    frmAbout about(nullptr, QString());
+    EXPECT_TRUE(about.findChild<QLabel*>(QStringLiteral("labLink"))->isHidden());
+    about.show();
+    QTest::mouseClick(&about, Qt::LeftButton);
+    EXPECT_FALSE(about.isVisible());
+    about.show();
+    for (QLabel* label : about.findChildren<QLabel*>())
+        if (label->text() == TextNr(154))
+            QTest::mouseClick(label, Qt::LeftButton);
+    EXPECT_FALSE(about.isVisible());
+}
+
+}  // namespace

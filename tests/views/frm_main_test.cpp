@@ -1,0 +1,369 @@
+#include "views/frm_main.h"
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QDropEvent>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTest>
+#include <QToolButton>
+#include <QTimer>
+#include <QUrl>
+#include <filesystem>
+#include <set>
+
+#include "display/recent_projects.h"
+#include "model/clsProjekt.h"
+#include "model/clsProzedur.h"
+#include "platform/settings_file.h"
+#include "platform/temp_directory.h"
+#include "shell/operations.h"
+#include "shell/settings.h"
+#include "views/baum_view.h"
+#include "views/code_view.h"
+#include "views/commands.h"
+#include "views/fold_splitter.h"
+#include "views/frm_progress.h"
+#include "views/main_panes.h"
+#include "views/path_line.h"
+#include "views/properties_grid.h"
+#include "views/qt_text.h"
+#include "views/start_page.h"
+#include "window_texts.h"
+
+using testing::HasSubstr;
+
+namespace {
+
+// The window with a copy of the sample on disk, so that files can be changed and reports written.
+class MainWindow : public WindowTest {
+protected:
+    MainWindow() : settings_(files_, directory_.Path("Ostrivane.ini")) {
+        const std::filesystem::path samples = OSTRIVANE_SOURCE_DIR "/samples";
+        std::filesystem::copy(samples, directory_.Path("samples"), std::filesystem::copy_options::recursive);
+        gIniFile = settings_.Path();
+        window_ = std::make_unique<frmMain>(files_, settings_, ProgramDirectory());
+        window_->resize(1200, 800);
+        window_->show();
+    }
+    ~MainWindow() override { window_.reset(); }
+
+    [[nodiscard]] std::string Project() const { return directory_.Path("samples/ToolHire/ToolHire.vbp"); }
+    void Open() {
+        window_->OpenProject(Project());
+        ASSERT_TRUE(gProjekt);
+    }
+    void ReadCalls() {
+        AnswerNext(QMessageBox::Yes);
+        Command("Calls").trigger();
+    }
+    /// Answers the next question, whenever it comes up.
+    void AnswerNext(QMessageBox::StandardButton answer) {
+        auto* timer = new QTimer(window_.get());
+        QObject::connect(timer, &QTimer::timeout, timer, [this, timer, answer] {
+            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+                asked_.push_back(box->text());
+                timer->deleteLater();
+                box->button(answer)->click();
+            }
+        });
+        timer->start(1);
+    }
+    [[nodiscard]] QAction& Command(const char* key) const { return window_->TheCommands()[key]; }
+    template <class Widget>
+    [[nodiscard]] Widget& Find() const {
+        return *window_->findChild<Widget*>();
+    }
+    void ClickNode(const std::string& key) {
+        BaumView& view = window_->BaumProjekt();
+        BaumNode* node = window_->Tree().Item(key);
+        ASSERT_TRUE(node) << key;
+        window_->Tree().EnsureVisible(*node);
+        QApplication::processEvents();
+        const QRect place = view.visualRect(view.Model().IndexOf(node));
+        QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, place.center());
+    }
+    [[nodiscard]] QString StatusText() const { return window_->statusBar()->findChild<QLabel*>()->text(); }
+    [[nodiscard]] QString Code() const { return window_->rtbCode().toPlainText(); }
+
+    TempDirectory directory_;
+    SettingsFile settings_;
+    std::unique_ptr<frmMain> window_;
+    std::vector<QString> asked_;
+};
+
+TEST_F(MainWindow, EmptyWindowInvitesAndLetsNothingElseBeDone) {
+    EXPECT_TRUE(Find<StartPage>().isVisible());
+    EXPECT_FALSE(Find<MainPanes>().isVisible());
+    for (const char* key : {"Calls", "Refresh", "Search", "SplitForCalls", "NavPrev", "ReportDeaths", "CollapseAll",
+                            "CheckBoxOn", "Structure", "ContentChart", "ContentGraph"})
+        EXPECT_FALSE(Command(key).isEnabled()) << key;
+    for (const char* key : {"OpenProject", "Exit", "Options", "About", "Keys"})
+        EXPECT_TRUE(Command(key).isEnabled()) << key;
+    EXPECT_THAT(Command("Calls").toolTip().toStdString(), HasSubstr(TextNr(159).toStdString()));
+    EXPECT_FALSE(Command("CallsModule").isVisible());
+    window_->MainActions(6);  // no question without a project
+    EXPECT_TRUE(asked_.empty());
+    EXPECT_TRUE(window_->close());
+}
+
+TEST_F(MainWindow, OpeningShowsTreeTitleCountsAndCommands) {
+    Open();
+    EXPECT_TRUE(Find<MainPanes>().isVisible());
+    EXPECT_EQ(window_->windowTitle(), QStringLiteral("ToolHire:   Ostrivane (ToolHire.vbp)"));
+    EXPECT_EQ(gOpenSaveDir, directory_.Path("samples/ToolHire"));
+    EXPECT_EQ(RecentProjects(settings_), std::vector{Project()});
+    EXPECT_TRUE(Command("Calls").isEnabled());
+    EXPECT_FALSE(Command("Structure").isEnabled());
+    EXPECT_FALSE(Command("CheckBoxAll").isVisible());
+    Command("CheckBoxOn").trigger();
+    EXPECT_TRUE(Command("CheckBoxAll").isVisible());
+    QStringList shown;
+    for (const QLabel* label : window_->statusBar()->findChildren<QLabel*>())
+        if (label->isVisible() && !label->text().isEmpty())
+            shown.append(label->text());
+    EXPECT_THAT(shown.join(QLatin1Char('|')).toStdString(), HasSubstr("Code lines: 2,096"));
+    EXPECT_EQ(window_->focusWidget(), &window_->BaumProjekt());
+}
+
+TEST_F(MainWindow, ClickAndKeysShowTheObjectInEveryPane) {
+    Open();
+    ClickNode("modmain");
+    EXPECT_THAT(Code().toStdString(), HasSubstr("Public Const MAX_HIRE_DAYS"));
+    EXPECT_THAT(Find<PathLine>().Whole().toStdString(), HasSubstr("modMain.bas"));
+    EXPECT_THAT(Find<PropertiesGrid>().AsText().toStdString(), HasSubstr("modMain"));
+    // A group is no object.
+    ClickNode("modmain.public_sub[]");
+    EXPECT_EQ(window_->Current().CurObject->CodePath(), "modmain");
+    ClickNode("modmain.main");
+    EXPECT_THAT(Code().toStdString(), HasSubstr("Sub Main()"));
+    ASSERT_TRUE(window_->Current().CurProc);
+    EXPECT_THAT(Find<PropertiesGrid>().AsText().toStdString(), HasSubstr("public"));
+    const std::string before = window_->Current().CurObject->CodePath();
+    QTest::keyClick(&window_->BaumProjekt(), Qt::Key_Up);
+    QTest::qWait(1);
+    QTest::keyClick(&window_->BaumProjekt(), Qt::Key_Up);
+    QTRY_VERIFY_WITH_TIMEOUT(window_->Current().CurObject->CodePath() != before, 2000);
+}
+
+TEST_F(MainWindow, BackAndForwardFollowTheSelection) {
+    Open();
+    window_->ActivateKey("modmain");
+    EXPECT_FALSE(Command("NavPrev").isEnabled());
+    window_->ActivateKey("modmain.main");
+    window_->ActivateKey("clshire");
+    EXPECT_TRUE(Command("NavPrev").isEnabled());
+    EXPECT_FALSE(Command("NavNext").isEnabled());
+    Command("NavPrev").trigger();
+    EXPECT_EQ(window_->Current().CurObject->CodePath(), "modmain.main");
+    EXPECT_TRUE(Command("NavNext").isEnabled());
+    Command("NavPrev").trigger();
+    EXPECT_EQ(window_->Current().CurObject->CodePath(), "modmain");
+    Command("NavNext").trigger();
+    window_->ActivateKey("modstore");  // what lay ahead is gone
+    EXPECT_FALSE(Command("NavNext").isEnabled());
+}
+
+TEST_F(MainWindow, ReadCallsAsksAndRightClickInTheCodeJumps) {
+    Open();
+    AnswerNext(QMessageBox::No);
+    Command("Calls").trigger();
+    ASSERT_EQ(asked_, std::vector{TextNr(22)});
+    EXPECT_EQ(gProjekt->calls.Count(), 0U);
+    ReadCalls();
+    EXPECT_GT(gProjekt->calls.Count(), 900U);
+    window_->ActivateKey("modmain.main");
+    const clsProzedur& procedure = *window_->Current().CurProc;
+    const clsCall* call = *procedure.CallsAll.begin();
+    const std::string target = call->Parent->CodePath();
+    CodeView& code = window_->rtbCode();
+    code.Select({call->CallPos - procedure.DeclareStart, 0});
+    const QRect place = code.cursorRect();
+    QTest::mouseClick(code.viewport(), Qt::RightButton, {}, place.center() + QPoint(2, 0));
+    EXPECT_EQ(window_->Current().CurObject->CodePath(), target);
+}
+
+TEST_F(MainWindow, DependencyTreesFollowTheObjectAndItsCertainty) {
+    Open();
+    ReadCalls();
+    window_->Split_For_Calls();
+    window_->ActivateKey("modmain.main");
+    EXPECT_GT(window_->CallsTree().Count(), 0);
+    EXPECT_TRUE(Command("CallsReally").isEnabled());
+    EXPECT_FALSE(Command("CalledByReally").isEnabled());  // nobody calls it
+    EXPECT_EQ(window_->CalledByTree().Count(), 0);
+    // A second click on the same node leaves the trees alone.
+    const BaumNode* first = window_->CallsTree().Roots().front();
+    window_->ActivateKey("modmain.main");
+    EXPECT_EQ(window_->CallsTree().Roots().front(), first);
+    // A click on a callee marks the places of its calls in the code.
+    const clsCall* call = *window_->Current().CurProc->CallsAll.begin();
+    const std::string key = call->Parent->CodePath();
+    if (window_->CallsTree().Exist(key)) {
+        BaumView* calls = nullptr;
+        for (BaumView* view : window_->findChildren<BaumView*>())
+            if (&view->Tree() == &window_->CallsTree())
+                calls = view;
+        ASSERT_TRUE(calls);
+        Q_EMIT calls->NodeActivated(key);
+        EXPECT_GT(window_->rtbCode().PlaceCount(), 0);
+        EXPECT_TRUE(Command("NextPlace").isEnabled());
+    }
+    Command("CallsMaybe").setEnabled(true);
+    Command("CallsMaybe").trigger();
+    EXPECT_TRUE(window_->MayBeCalls);
+    EXPECT_FALSE(Command("CallsReally").isChecked());
+}
+
+TEST_F(MainWindow, ArrangementsKeepTheirOwnBarsAndAreStored) {
+    Open();
+    MainPanes& panes = Find<MainPanes>();
+    panes.picSplitX().SetPlace(333);
+    Command("SplitX").trigger();
+    EXPECT_TRUE(panes.picSplitX().Folded());
+    EXPECT_EQ(panes.picSplitX().sizes().front(), 0);
+    Command("SplitForCalls").trigger();
+    EXPECT_FALSE(panes.picSplitX().Folded());
+    Command("SplitForContent").trigger();
+    EXPECT_TRUE(panes.picSplitX().Folded());
+    Command("SplitX").trigger();
+    EXPECT_NEAR(panes.picSplitX().Place(), 333, 2);
+    EXPECT_NEAR(panes.picSplitX().sizes().front(), 333, 2);
+
+    AnswerNext(QMessageBox::Yes);
+    window_->close();
+    EXPECT_FALSE(gProjekt);
+    const WindowSize stored = SizeSave_Read(settings_);
+    EXPECT_NEAR(std::stoi(stored.SplitX_Content), 333 * 15, 30);
+    EXPECT_EQ(stored.SplitX_Content_Hide, "0");
+    EXPECT_NEAR(std::stoi(stored.Width), 1200 * 15, 30);
+}
+
+TEST_F(MainWindow, ClosingAsksAndNoKeepsEverything) {
+    Open();
+    AnswerNext(QMessageBox::No);
+    EXPECT_FALSE(window_->close());
+    ASSERT_EQ(asked_, std::vector{TextNr(68)});
+    EXPECT_TRUE(window_->isVisible());
+    EXPECT_TRUE(gProjekt);
+}
+
+TEST_F(MainWindow, WindowOfAScreenThatIsGoneComesBackVisible) {
+    WindowSize size;
+    size.Left = "900000";
+    size.Top = "-900000";
+    size.Width = "9000000";
+    size.Height = "15000";
+    SizeSave_Write(settings_, size);
+    const frmMain second(files_, settings_, ProgramDirectory());
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    EXPECT_TRUE(screen.contains(second.geometry().topLeft() + QPoint(1, 1)));
+    EXPECT_LE(second.width(), std::max(screen.width(), second.minimumWidth()));
+}
+
+TEST_F(MainWindow, EveryTextChangesWithTheLanguage) {
+    Open();
+    const QString english = Command("Calls").text();
+    for (const char* language : {"german", "english"}) {
+        SCOPED_TRACE(language);
+        Speak(language);
+        window_->frmMainTexte();
+        for (QAction* action : window_->TheCommands().All())
+            EXPECT_FALSE(action->text().isEmpty()) << action->objectName().toStdString();
+        for (const QAction* top : window_->menuBar()->actions()) {
+            std::set<QChar> letters;
+            ASSERT_TRUE(top->menu());
+            for (const QAction* item : top->menu()->actions()) {
+                if (item->isSeparator() || !item->isVisible())
+                    continue;
+                const qsizetype mark = item->text().indexOf(QLatin1Char('&'));
+                ASSERT_GE(mark, 0) << item->text().toStdString();
+                EXPECT_TRUE(letters.insert(item->text()[mark + 1].toLower()).second) << item->text().toStdString();
+            }
+        }
+        EXPECT_EQ(Command("Calls").text() == english, std::string(language) == "english");
+    }
+}
+
+TEST_F(MainWindow, CancelledLoadLeavesAnEmptyWindow) {
+    std::filesystem::remove(directory_.Path("samples/ToolHire/modStore.bas"));
+    AnswerNext(QMessageBox::Yes);  // give the load up
+    window_->OpenProject(Project());
+    EXPECT_FALSE(gProjekt);
+    EXPECT_TRUE(Find<StartPage>().isVisible());
+    EXPECT_EQ(StatusText(), TextNr(219));
+}
+
+TEST_F(MainWindow, MissingModuleIsCountedAmongTheProblems) {
+    std::filesystem::remove(directory_.Path("samples/ToolHire/modStore.bas"));
+    AnswerNext(QMessageBox::No);
+    Open();
+    auto* count = window_->statusBar()->findChild<QToolButton*>();
+    EXPECT_TRUE(count->isVisible());
+    EXPECT_EQ(count->text(), TextNr(226));
+    window_->CloseTheProject();
+    EXPECT_FALSE(count->isVisible());
+}
+
+TEST_F(MainWindow, ReportsSayWhereTheyWereWritten) {
+    Open();
+    Command("ReportDeaths").trigger();
+    const std::string path = directory_.Path("samples/ToolHire/ToolHire.vbp Deaths.txt");
+    EXPECT_TRUE(std::filesystem::exists(path));
+    EXPECT_EQ(StatusText(), TextNr(222, ToPath(path)));
+}
+
+TEST_F(MainWindow, RefreshReadsChangedFilesAndComesBackToThePlace) {
+    Open();
+    ReadCalls();
+    window_->ActivateKey("modmain.main");
+    Command("Refresh").trigger();
+    EXPECT_EQ(StatusText(), TextNr(223));
+    const std::string path = directory_.Path("samples/ToolHire/modStore.bas");
+    std::string text = directory_.Bytes("samples/ToolHire/modStore.bas");
+    directory_.Write("samples/ToolHire/modStore.bas", text + "\r\nPublic Sub JustAdded()\r\nEnd Sub\r\n");
+    std::filesystem::last_write_time(path, std::filesystem::file_time_type::clock::now() + std::chrono::seconds(5));
+    Command("Refresh").trigger();
+    EXPECT_EQ(StatusText(), TextNr(224, QStringLiteral("1")));
+    EXPECT_TRUE(window_->Tree().Exist("modstore.justadded"));
+    EXPECT_GT(gProjekt->calls.Count(), 900U);
+    ASSERT_TRUE(window_->Current().CurObject);
+    EXPECT_EQ(window_->Current().CurObject->CodePath(), "modmain.main");
+}
+
+TEST_F(MainWindow, TakesADroppedProjectAndNothingElse) {
+    for (const bool isProject : {false, true}) {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(ToPath(isProject ? Project() : directory_.Path("samples/ToolHire/modMain.bas")))});
+        QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QApplication::sendEvent(window_.get(), &enter);
+        EXPECT_EQ(enter.isAccepted(), isProject);
+        if (isProject) {
+            QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+            QApplication::sendEvent(window_.get(), &drop);
+            QApplication::processEvents();
+            EXPECT_TRUE(gProjekt);
+        }
+    }
+}
+
+TEST_F(MainWindow, SecondProjectReplacesTheFirst) {
+    Open();
+    window_->ActivateKey("modmain.main");
+    Command("Search").trigger();
+    Open();
+    EXPECT_FALSE(window_->Current().CurObject);
+    EXPECT_TRUE(Code().isEmpty());
+    EXPECT_FALSE(Command("NavPrev").isEnabled());
+    window_->OpenProject(directory_.Path("gone.vbp"));
+    EXPECT_TRUE(gProjekt);
+    EXPECT_EQ(StatusText(), TextNr(238, ToPath(directory_.Path("gone.vbp"))));
+}
+
+}  // namespace

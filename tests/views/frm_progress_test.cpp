@@ -1,0 +1,168 @@
+#include "views/frm_progress.h"
+
+#include <gmock/gmock.h>
+
+#include <QApplication>
+#include <QLabel>
+#include <QMessageBox>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <stdexcept>
+
+#include "views/qt_text.h"
+#include "window_texts.h"
+
+namespace {
+
+class ProgressWindow : public WindowTest {
+protected:
+    ProgressWindow() { form_.showAfter = 0; }
+
+    // Pumps until `done` or a second has passed; returns the milliseconds.
+    template <class Done>
+    static qint64 PumpUntil(Done done) {
+        QElapsedTimer timer;
+        timer.start();
+        while (!done() && timer.elapsed() < 1000) {
+            QTest::qSleep(1);
+            DoEvents();
+        }
+        return timer.elapsed();
+    }
+    QPushButton& Cancel() { return *form_.findChild<QPushButton*>(QStringLiteral("cmdCancel")); }
+    // Answers the next question, which must be the one about cancelling.
+    void AnswerLater(QMessageBox::StandardButton button) {
+        QTimer::singleShot(0, &form_, [this, button] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            ASSERT_NE(box, nullptr);
+            ++questions_;
+            EXPECT_EQ(box->text(), TextNr(69));
+            EXPECT_EQ(box->defaultButton(), box->button(QMessageBox::No));
+            QTest::mouseClick(box->button(button), Qt::LeftButton);
+        });
+    }
+
+    frmProgress form_;
+    int questions_ = 0;
+};
+
+TEST_F(ProgressWindow, ShowsWhatIsDoneAndHowFarItIs) {
+    form_.Run("Projekt_Laden", [&] {
+        EXPECT_EQ(gAction, "Projekt_Laden");
+        EXPECT_EQ(form_.Tag, "");
+        gProgress().Caption("Project1");
+        gProgress().Label("Loading");
+        gProgress().Range(0, 8);
+        gProgress().Label("Module1");
+        gProgress().Progressiere_mal();
+        gProgress().Progressiere_mal();
+        gProgress().Progressiere_mal_Modul_Init(4);
+        gProgress().Progressiere_mal_Modul();
+        PumpUntil([&] { return form_.isVisible(); });
+        auto* bar = form_.findChild<QProgressBar*>(QStringLiteral("bar"));
+        EXPECT_EQ(form_.windowTitle(), QStringLiteral("Project1"));
+        EXPECT_EQ(bar->accessibleName(), QStringLiteral("Loading"));
+        EXPECT_EQ(bar->value(), 2);
+        EXPECT_EQ(bar->maximum(), 8);
+        auto* inner = form_.findChild<QProgressBar*>(QStringLiteral("innerBar"));
+        EXPECT_TRUE(inner->isVisible());
+        EXPECT_EQ(inner->accessibleName(), QStringLiteral("Module1"));
+        EXPECT_EQ(inner->value(), 1);
+        EXPECT_TRUE(form_.isModal());
+    });
+    EXPECT_FALSE(form_.isVisible());
+    EXPECT_EQ(form_.Tag, "exit");
+    EXPECT_FALSE(form_.IsRunning());
+}
+
+TEST_F(ProgressWindow, ShortOperationsShowNothingAndNestedOnesJustRun) {
+    form_.showAfter = 300;
+    int runs = 0;
+    form_.Run("outer", [&] {
+        form_.Run("inner", [&] { ++runs; });
+        EXPECT_TRUE(form_.IsRunning());
+        QTest::qSleep(40);
+        DoEvents();
+        EXPECT_FALSE(form_.isVisible());
+        ++runs;
+    });
+    EXPECT_EQ(runs, 2);
+}
+
+TEST_F(ProgressWindow, EveryWayOfClosingAsksAndNoGoesOn) {
+    form_.Run("Who_Calls_Who", [&] {
+        PumpUntil([&] { return form_.isVisible(); });
+        AnswerLater(QMessageBox::No);
+        QTest::mouseClick(&Cancel(), Qt::LeftButton);
+        AnswerLater(QMessageBox::No);
+        QTest::keyClick(&form_, Qt::Key_Escape);
+        AnswerLater(QMessageBox::No);
+        form_.close();
+        EXPECT_EQ(questions_, 3);
+        EXPECT_FALSE(gAbort);
+        EXPECT_EQ(gAction, "Who_Calls_Who");
+        EXPECT_TRUE(form_.isVisible());
+    });
+    EXPECT_FALSE(form_.isVisible());
+}
+
+TEST_F(ProgressWindow, YesSetsTheFlagAtOnceAndTheWindowWaitsForTheOperation) {
+    qint64 waited = 0;
+    form_.Run("Who_Calls_Who", [&] {
+        gProgress().Range(0, 10);
+        PumpUntil([&] { return form_.isVisible(); });
+        QTimer::singleShot(0, &form_, [this] {
+            AnswerLater(QMessageBox::Yes);
+            QTest::mouseClick(&Cancel(), Qt::LeftButton);
+        });
+        waited = PumpUntil([] { return gAbort; });
+        EXPECT_TRUE(form_.isVisible());
+        EXPECT_FALSE(Cancel().isEnabled());
+        EXPECT_EQ(gAction, "");
+        form_.close();  // asked once is enough
+    });
+    EXPECT_EQ(questions_, 1);
+    EXPECT_LT(waited, 250);
+    EXPECT_TRUE(gAbort);
+    EXPECT_FALSE(form_.isVisible());
+}
+
+TEST_F(ProgressWindow, WithoutItsButtonNothingCancels) {
+    form_.SetCancelVisible(false);
+    form_.Run("ProjektStruktur_Anzeigen", [&] {
+        PumpUntil([&] { return form_.isVisible(); });
+        EXPECT_FALSE(Cancel().isVisible());
+        QTest::keyClick(&form_, Qt::Key_Escape);
+        form_.close();
+        EXPECT_TRUE(form_.isVisible());
+        EXPECT_FALSE(gAbort);
+    });
+    form_.Run("next", [&] {
+        PumpUntil([&] { return form_.isVisible(); });
+        EXPECT_TRUE(Cancel().isVisible());
+    });
+}
+
+TEST_F(ProgressWindow, OtherWindowsPaintButGetNoInput) {
+    QPushButton other(QStringLiteral("other"));
+    int clicks = 0;
+    QObject::connect(&other, &QPushButton::clicked, &other, [&] { ++clicks; });
+    other.show();
+    form_.Run("any", [&] {
+        PumpUntil([&] { return form_.isVisible(); });
+        QTest::mouseClick(other.windowHandle(), Qt::LeftButton, {}, QPoint(5, 5));
+        EXPECT_EQ(clicks, 0);
+    });
+    QTest::mouseClick(other.windowHandle(), Qt::LeftButton, {}, QPoint(5, 5));
+    EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(ProgressWindow, AnOperationThatThrowsLeavesEverythingAsItWas) {
+    EXPECT_THROW(form_.Run("any", [] { throw std::runtime_error("no"); }), std::runtime_error);
+    EXPECT_FALSE(form_.IsRunning());
+    EXPECT_NE(&gProgress(), static_cast<Progress*>(&form_));
+}
+
+}  // namespace

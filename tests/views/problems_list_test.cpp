@@ -1,0 +1,88 @@
+#include "views/problems_list.h"
+
+#include <gmock/gmock.h>
+
+#include <QAbstractItemModelTester>
+#include <QApplication>
+#include <QClipboard>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableView>
+#include <QTest>
+
+#include "views/qt_text.h"
+#include "window_texts.h"
+
+namespace {
+
+class ListOfProblems : public WindowTest {
+protected:
+    static void Note(std::string_view tag, std::string_view text, std::string_view subject) {
+        const ErrorSubject at(subject);
+        NoteProblem(tag, text);
+    }
+    QTableView& Table() { return *list_.findChild<QTableView*>(); }
+    QString Cell(int row, int column) { return Table().model()->index(row, column).data().toString(); }
+    QString Copied(const char* button) {
+        QTest::mouseClick(list_.findChild<QPushButton*>(QLatin1String(button)), Qt::LeftButton);
+        return QApplication::clipboard()->text();
+    }
+
+    ProblemsList list_;
+};
+
+TEST_F(ListOfProblems, SaysSoWhenThereIsNone) {
+    list_.show();
+    auto* empty = list_.findChild<QLabel*>(QStringLiteral("empty"));
+    EXPECT_TRUE(empty->isVisible());
+    EXPECT_EQ(empty->text(), TextNr(130));
+    EXPECT_FALSE(list_.findChild<QPushButton*>(QStringLiteral("cmdCopy"))->isEnabled());
+    Note("clsModul: Analyse", "x", "y");
+    list_.Refresh();
+    EXPECT_FALSE(empty->isVisible());
+    EXPECT_EQ(Table().model()->rowCount(), 1);
+}
+
+TEST_F(ListOfProblems, TellsWhatWhereAndWhatItMeans) {
+    Note("clsModul: Read_MyCodeName", "File not found: p\\B.bas", "p\\B.bas");
+    Note("modMain: IF_is_TRUE   (check conditional compile expression \"x\" in form F)", "Syntax", "p\\F.frm");
+    Note("clsModul: AnalyseErgebnisCalls", "Denied", "p\\A.bas");
+    list_.show();
+    const QAbstractItemModelTester tester(Table().model());
+    EXPECT_EQ(Cell(0, ProblemsModel::What), QStringLiteral("File not found: p\\B.bas"));
+    EXPECT_EQ(Cell(0, ProblemsModel::Meaning), TextNr(131));
+    EXPECT_EQ(Cell(1, ProblemsModel::Meaning), TextNr(132));
+    EXPECT_EQ(Cell(2, ProblemsModel::Meaning), TextNr(133));
+    // A click on a heading sorts.
+    QHeaderView& header = *Table().horizontalHeader();
+    QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
+                      QPoint(header.sectionViewportPosition(ProblemsModel::Where) + 20, header.height() / 2));
+    EXPECT_EQ(Cell(0, ProblemsModel::Where), QStringLiteral("p\\A.bas"));
+}
+
+TEST_F(ListOfProblems, CopiesTheSelectedRowsOrAll) {
+    Note("clsModul: A", "first", "a");
+    Note("clsModul: B", "second", "b");
+    list_.show();
+    EXPECT_EQ(Copied("cmdCopy"), QStringLiteral("first\ta\t") + TextNr(136) + QStringLiteral("\n"));
+    QApplication::setActiveWindow(&list_);
+    Table().setFocus();
+    Table().selectAll();
+    QTest::keyClick(&Table(), Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text().count(QLatin1Char('\n')), 2);
+    Table().clearSelection();
+    EXPECT_EQ(Copied("cmdCopy").count(QLatin1Char('\n')), 2);
+}
+
+TEST_F(ListOfProblems, ChangesItsLanguage) {
+    Note("clsModul: A", "first", "a");
+    list_.show();
+    const QString before = Cell(0, ProblemsModel::Meaning);
+    Speak("german");
+    list_.Texte();
+    EXPECT_NE(Cell(0, ProblemsModel::Meaning), before);
+    EXPECT_EQ(Table().model()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Was geschehen ist"));
+}
+
+}  // namespace
