@@ -51,8 +51,10 @@ constexpr Row kRows[] = {
     {"Structure", 207, 0, "Structure", ""},
     {"CallsModule", 11, 0, "CallsModule", ""},
     {"Refresh", 15, 0, "Refresh", "F5"},
+    {"DeleteObject", 0, 0, "Delete", ""},
 
     {"Calls", 10, 14, "CallsReadNot", "", true},
+    {"CallsOfModule", 11, 0, "CallsModule", ""},
     {"Uses", 208, 0, "Uses", ""},
     {"UsesShow", 208, 0, "UsesShow", ""},
     {"CalledByReally", 58, 0, "CalledByReally", "", false, true},

@@ -34,6 +34,7 @@
 #include "views/frm_optionen.h"
 #include "views/frm_progress.h"
 #include "views/icons.h"
+#include "views/lower_pane.h"
 #include "views/main_panes.h"
 #include "views/open_document.h"
 #include "views/deployment.h"
@@ -118,13 +119,15 @@ void frmMain::BuildPanes() {
     callsPane_ = new DependencyPane(calls_, *commands_, "CallsReally", "CallsMaybe", this);
     rtbCode_ = new CodeView(this);
     rtbCodePath_ = new PathLine(this);
-    properties_ = new PropertiesGrid(this);
-    panes_ = new MainPanes({rtbCodePath_, project_, properties_, calledByPane_, callsPane_, rtbCode_}, pages_);
+    lower_ = new LowerPane(dll_, this);
+    properties_ = &lower_->Properties();
+    panes_ = new MainPanes({rtbCodePath_, project_, lower_, calledByPane_, callsPane_, rtbCode_}, pages_);
     pages_->addWidget(start_);
     pages_->addWidget(panes_);
     setCentralWidget(pages_);
     BaumProjekt().SetToolTips([this](const BaumNode& node) { return HoverText(node.Key()); });
     calledByPane_->Tree().SetToolTips([this](const BaumNode& node) { return DependencyHoverText(node.Key(), true); });
+    lower_->BaumDLL().SetToolTips([this](const BaumNode& node) { return HoverText(node.Key()); });
     callsPane_->Tree().SetToolTips([this](const BaumNode& node) { return DependencyHoverText(node.Key(), false); });
     rtbCode_->SetToolTipSource([this](Pos position) { return CodeHoverText(position); });
 }
@@ -151,10 +154,10 @@ void frmMain::BuildMenus() {
                        "NavPrev", "NavNext", "-", "ZoomPlus", "ZoomMinus", "ZoomNo", "-", "Problems", "Options"});
 
     mnuStruktur_ = menuBar()->addMenu(QString());
-    fill(mnuStruktur_, {"Structure", "CallsModule", "-", "Refresh"});
+    fill(mnuStruktur_, {"Structure", "Refresh", "-", "DeleteObject"});
 
     mnuDependencies_ = menuBar()->addMenu(QString());
-    fill(mnuDependencies_, {"Calls", "-", "CalledByReally", "CalledByMaybe", "-", "CallsReally", "CallsMaybe", "-",
+    fill(mnuDependencies_, {"Calls", "CallsOfModule", "-", "CalledByReally", "CalledByMaybe", "-", "CallsReally", "CallsMaybe", "-",
                             "NextPlace", "PreviousPlace"});
 
     mnuHelp_ = menuBar()->addMenu(QString());
@@ -210,6 +213,12 @@ void frmMain::WireViews() {
             [this](const std::string& key) { SelectCallsOfObject(key, false); });
     for (DependencyPane* pane : {calledByPane_, callsPane_})
         connect(&pane->Tree(), &BaumView::NodeContext, this, &frmMain::DependencyContext);
+    connect(&lower_->BaumDLL(), &BaumView::KeyDropped, this, &frmMain::Collect);
+    connect(&lower_->BaumDLL(), &BaumView::NodeContext, this, &frmMain::DependencyContext);
+    connect(rtbCode_, &QPlainTextEdit::cursorPositionChanged, this, [this] {
+        if (rtbCode_->hasFocus())
+            ShowProperties(true);
+    });
     connect(rtbCode_, &CodeView::PositionClicked, this, &frmMain::CodeClicked);
     connect(rtbCode_, &CodeView::PlaceChanged, this, [this](int index, int count) {
         if (count > 1)
@@ -245,6 +254,8 @@ void frmMain::WireCommands() {
                                   {"SplitForCalls", 9}, {"ContentChart", 10}, {"Refresh", 11}, {"ContentGraph", 12},
                                   {"ContentCode", 13}})
         wire(key, [this, number = nr] { MainActions(number); });
+    // There is no reading of one module by itself: its neighbourhood is shown anew.
+    wire("CallsOfModule", [this] { Show_Dependencies(); });
     wire("CloseProject", [this] { CloseTheProject(); });
     wire("ReportStructure", [this] { WriteReports("AnalyseErgebnisStructure"); });
     wire("ReportCalls", [this] { WriteReports("AnalyseErgebnisCalls"); });
@@ -286,6 +297,7 @@ void frmMain::ConnectPorts() {
 }
 
 void frmMain::frmMainTexte() {
+    SpeakOwnLanguage();
     commands_->Texte();
     mnuDatei_->setTitle(TextNr(190));
     mnuReports_->setTitle(TextNr(26));
@@ -301,7 +313,7 @@ void frmMain::frmMainTexte() {
     callsPane_->Texte(85, 185);
     rtbCode_->Texte();
     rtbCodePath_->Texte();
-    properties_->Texte();
+    lower_->Texte();
     panes_->Texte();
     progress_->Texte();
     error_->Texte();
@@ -328,8 +340,8 @@ void frmMain::AssignMenuMnemonics() {
 void frmMain::ApplyFonts() {
     rtbCode_->ApplySettings();
     BaumProjekt().ApplyTreeFont();
-    for (DependencyPane* pane : {calledByPane_, callsPane_})
-        pane->Tree().ApplyTreeFont();
+    for (BaumView* tree : {&calledByPane_->Tree(), &callsPane_->Tree(), &lower_->BaumDLL()})
+        tree->ApplyTreeFont();
 }
 
 void frmMain::OptionsApplied() {

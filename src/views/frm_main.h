@@ -18,6 +18,7 @@ class CodeView;
 class Commands;
 class DependencyPane;
 class Files;
+class LowerPane;
 class MainPanes;
 class MissingFileQuestion;
 class PathLine;
@@ -133,7 +134,8 @@ private:
     void SelectCallsOfObject(const std::string& key, bool isCaller);
     void DependencyContext(const std::string& key);
     void CodeClicked(int selStart, int selLength);
-    void ShowProperties();
+    void ShowProperties(bool withPosition);
+    void Collect(const std::string& key);
     void ShowNavigation();
     void SetMayBe(bool calls, bool mayBe);
     void ToggleCheckBoxes(bool on);
@@ -164,7 +166,8 @@ private:
     DependencyPane* callsPane_ = nullptr;
     CodeView* rtbCode_ = nullptr;
     PathLine* rtbCodePath_ = nullptr;
-    PropertiesGrid* properties_ = nullptr;
+    LowerPane* lower_ = nullptr;
+    PropertiesGrid* properties_ = nullptr;  // in it
     QToolBar* Toolbar1 = nullptr;
     QMenu *mnuDatei_ = nullptr, *mnuReports_ = nullptr, *mnuAnsicht_ = nullptr, *mnuStruktur_ = nullptr,
           *mnuDependencies_ = nullptr, *mnuHelp_ = nullptr;

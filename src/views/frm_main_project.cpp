@@ -355,6 +355,16 @@ void frmMain::Activate_Commands() {
     Commands::SetTexts(command["CallsModule"], forModule,
                        modul ? TextNr(14) + QStringLiteral(": ") + ToQString(modul->myNameOrg())
                              : TextNr(14) + QLatin1Char(' ') + TextNr(11));
+    Commands::SetTexts(command["CallsOfModule"], forModule, forModule);
+    command["CallsOfModule"].setEnabled(modul != nullptr);
+    const bool deletable = selection_.CurObject && (selection_.CurObject->Class() == ObjectClass::Prozedur ||
+                                                    selection_.CurObject->Class() == ObjectClass::Variable ||
+                                                    selection_.CurObject->Class() == ObjectClass::Type);
+    const QString object = deletable ? ToQString(selection_.CurObject->myNameOrg()) : QStringLiteral("Objekt");
+    const QString deleteText = object + QStringLiteral(" l\u00f6schen");
+    Commands::SetTexts(command["DeleteObject"], deleteText, deleteText);
+    command["DeleteObject"].setEnabled(false);  // nothing deletes objects yet
+    AssignMenuMnemonics();
     Activate_Checked();
     ShowNavigation();
     if (!open)
@@ -377,8 +387,9 @@ void frmMain::Activate_Checked() {
 void frmMain::ShowWhyDisabled() {
     for (QAction* action : commands_->All()) {
         const QString plain = Commands::PlainTip(*action);
-        const bool later = action->objectName() == QStringLiteral("ContentGraph") ||
-                           action->objectName() == QStringLiteral("ContentChart");
+        const QString name = action->objectName();
+        const bool later = name == QStringLiteral("ContentGraph") || name == QStringLiteral("ContentChart") ||
+                           name == QStringLiteral("DeleteObject");
         QString why;
         if (!action->isEnabled() && !gProjekt)
             why = TextNr(159);

@@ -89,12 +89,27 @@ void frmMain::Activate_Dependencies_ColorPoints() {
     command["CalledByMaybe"].setEnabled(buttons.CalledByMaybe);
     command["CallsReally"].setEnabled(buttons.CallsReally);
     command["CallsMaybe"].setEnabled(buttons.CallsMaybe);
-    ShowProperties();
+    ShowProperties(false);
 }
 
-void frmMain::ShowProperties() {
-    if (auto rows = Anzeigen_Eigenschaften(*selection_.CurObject))
-        properties_->Show(std::move(*rows));
+// The facts of the object, and behind them, while somebody reads the code, where the cursor stands.
+void frmMain::ShowProperties(bool withPosition) {
+    if (!gProjekt || !selection_.CurObject)
+        return;
+    auto rows = Anzeigen_Eigenschaften(*selection_.CurObject);
+    if (!rows)
+        return;
+    if (withPosition)
+        for (PropertyRow& row : Anzeigen_TextPos(code_.Text(), rtbCode_->SelStart(), rtbCode_->SelLength()))
+            rows->push_back(std::move(row));
+    properties_->Show(std::move(*rows));
+}
+
+void frmMain::Collect(const std::string& key) {
+    if (!gProjekt)
+        return;
+    if (BaumNode* node = Drop_Module(*gProjekt, dll_, key))
+        dll_.Select(node);
 }
 
 void frmMain::Show_Dependencies() {

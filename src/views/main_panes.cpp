@@ -1,5 +1,6 @@
 #include "views/main_panes.h"
 
+#include <QSplitter>
 #include <QVBoxLayout>
 #include <array>
 
@@ -33,10 +34,11 @@ MainPanes::MainPanes(const Panes& panes, QWidget* parent)
       contentY_(new FoldSplitter(Qt::Vertical, this)),
       callsX_(new FoldSplitter(Qt::Horizontal, this)),
       callsY_(new FoldSplitter(Qt::Vertical, this)),
+      callsLower_(new QSplitter(Qt::Horizontal, this)),
       contentColumn_(new QWidget(this)),
       outer_(new QVBoxLayout(this)) {
     for (QWidget* pane :
-         {panes_.path, panes_.tree, panes_.properties, panes_.calledBy, panes_.calls, panes_.content})
+         {panes_.path, panes_.tree, panes_.lower, panes_.calledBy, panes_.calls, panes_.content})
         pane->setParent(this);  // also those that the first arrangement has no place for
     auto* column = new QVBoxLayout(contentColumn_);
     column->setContentsMargins(0, 0, 0, 0);
@@ -44,7 +46,7 @@ MainPanes::MainPanes(const Panes& panes, QWidget* parent)
     column->addWidget(panes_.content, 1);
     panes_.tree->setMinimumWidth(kSmallestTree);
     panes_.tree->setMinimumHeight(kSmallestAcross);
-    panes_.properties->setMinimumHeight(kSmallestProperties);
+    panes_.lower->setMinimumHeight(kSmallestProperties);
     contentColumn_->setMinimumSize(kSmallestContent, kSmallestAcross);
     for (QWidget* pane : {panes_.calledBy, panes_.calls})
         pane->setMinimumWidth(kSmallestTree);
@@ -52,6 +54,8 @@ MainPanes::MainPanes(const Panes& panes, QWidget* parent)
         splitter->hide();
         connect(splitter, &FoldSplitter::FoldedChanged, this, &MainPanes::FoldsChanged);
     }
+    callsLower_->setChildrenCollapsible(false);
+    callsLower_->hide();
     outer_->setSpacing(kContentMargin);
 }
 
@@ -75,14 +79,17 @@ void MainPanes::Arrange() {
         callsX_->addWidget(panes_.tree);
         callsX_->addWidget(panes_.calls);
         callsY_->addWidget(callsX_);
-        callsY_->addWidget(contentColumn_);
+        callsLower_->addWidget(contentColumn_);
+        callsLower_->addWidget(panes_.lower);
+        callsLower_->setStretchFactor(0, 1);
+        callsY_->addWidget(callsLower_);
         callsY_->setStretchFactor(1, 1);
         outer_->addWidget(panes_.path);
         outer_->addWidget(callsY_, 1);
         callsX_->setMinimumHeight(kSmallestAcross);
     } else {
         contentY_->addWidget(panes_.tree);
-        contentY_->addWidget(panes_.properties);
+        contentY_->addWidget(panes_.lower);
         contentY_->setStretchFactor(0, 1);
         contentX_->addWidget(contentY_);
         contentX_->addWidget(contentColumn_);
@@ -90,13 +97,14 @@ void MainPanes::Arrange() {
         column->insertWidget(0, panes_.path);
         outer_->addWidget(contentX_, 1);
     }
-    panes_.properties->setVisible(!calls);
+    panes_.lower->show();
     panes_.calledBy->setVisible(calls);
     panes_.calls->setVisible(calls);
     const int margin = calls ? kCallsMargin : kContentMargin;
     outer_->setContentsMargins(margin, kContentMargin, margin, kContentMargin);
     for (FoldSplitter* splitter : {&picSplitX(), &picSplitY()})
         splitter->show();
+    callsLower_->setVisible(calls);
     contentColumn_->show();
     panes_.tree->show();
     panes_.path->show();
@@ -134,6 +142,8 @@ void MainPanes::PlaceAll() {
             bar.splitter->SetPlace(place);
         bar.splitter->SetFolded(stored_.*bar.hide == "1");
     }
+    if (calls)
+        callsLower_->setSizes({width() * 3 / 4, width() / 4});
     placed_ = true;
     Q_EMIT FoldsChanged();
 }

@@ -1,7 +1,7 @@
 // The two arrangements of the panes, their bars and what is stored of them.
 //
 // "Content": the project tree over the properties at the left, the content at the right. "Calls": the three trees side by
-// side, the content below. The same panes stand in either; each arrangement keeps places and folds of its own.
+// side, the content below with the properties beside it. The same panes stand in either; each arrangement keeps places and folds of its own.
 #pragma once
 
 #include <QWidget>
@@ -10,6 +10,7 @@
 #include "shell/settings.h"
 
 class FoldSplitter;
+class QSplitter;
 class QVBoxLayout;
 
 class MainPanes final : public QWidget {
@@ -19,7 +20,7 @@ public:
     struct Panes {
         QWidget* path = nullptr;  // the line above the content, or above all
         QWidget* tree = nullptr;
-        QWidget* properties = nullptr;
+        QWidget* lower = nullptr;  // properties
         QWidget* calledBy = nullptr;
         QWidget* calls = nullptr;
         QWidget* content = nullptr;
@@ -52,6 +53,7 @@ private:
     Panes panes_;
     FoldSplitter *contentX_, *contentY_;  // of the arrangement "Content"
     FoldSplitter *callsX_, *callsY_;
+    QSplitter* callsLower_;  // content and properties in "Calls"
     QWidget* contentColumn_;  // path line and content
     QVBoxLayout* outer_;
     WindowSize stored_;

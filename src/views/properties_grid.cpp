@@ -122,3 +122,7 @@ bool PropertiesGrid::eventFilter(QObject* watched, QEvent* event) {
         empty_->setGeometry(grid_->rect());
     return QWidget::eventFilter(watched, event);
 }
+
+void PropertiesGrid::HideHeading() {
+    labEigenschaften_->hide();
+}

@@ -18,6 +18,8 @@ public:
     void Show(PropertyRows rows);
     void Clear() { Show({}); }
     void Texte();
+    /// Where something else names the grid already.
+    void HideHeading();
     /// The selected rows, or all when none is, each as label, tab and value.
     [[nodiscard]] QString AsText() const;
 

@@ -1,6 +1,9 @@
 #include "views/qt_text.h"
 
+#include <QCoreApplication>
 #include <QFile>
+#include <QLibraryInfo>
+#include <QTranslator>
 
 #include "platform/code_page.h"
 #include "shell/clsText.h"
@@ -47,4 +50,12 @@ QString TextNr(int nr, const QString& first, const QString& second) {
         ++at;
     }
     return filled;
+}
+
+void SpeakOwnLanguage() {
+    static QTranslator texts;
+    QCoreApplication::removeTranslator(&texts);
+    if (gText.Language == "german" &&
+        texts.load(QStringLiteral("qtbase_de"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&texts);
 }

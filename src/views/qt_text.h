@@ -19,3 +19,6 @@
 /// A path of the program as Qt has it, and back: the bytes of the file system.
 [[nodiscard]] QString ToPath(std::string_view path);
 [[nodiscard]] std::string FromPath(const QString& path);
+
+/// Loads the library's own texts, as of file dialogs, in the language of the program, where the system has them.
+void SpeakOwnLanguage();

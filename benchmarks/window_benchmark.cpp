@@ -1,0 +1,147 @@
+// How quickly the window answers with a real project open: window_benchmark PROJECT.vbp. Each step is timed up to its last
+// repaint. Runs on any platform of Qt, best on the one with a screen.
+#include <QApplication>
+#include <QElapsedTimer>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
+#include <algorithm>
+#include <cstdio>
+#include <random>
+
+#include "display/baum_walk.h"
+#include "model/clsProjekt.h"
+#include "model/group_keys.h"
+#include "platform/memory.h"
+#include "platform/settings_file.h"
+#include "project/start.h"
+#include "shell/operations.h"
+#include "shell/program.h"
+#include "shell/timing.h"
+#include "views/baum_view.h"
+#include "views/commands.h"
+#include "views/frm_main.h"
+#include "views/frm_progress.h"
+#include "views/window_style.h"
+
+namespace {
+
+double Milliseconds(const QElapsedTimer& timer) {
+    return static_cast<double>(timer.nsecsElapsed()) / 1e6;
+}
+
+void Settle() {
+    QCoreApplication::sendPostedEvents();
+    QCoreApplication::processEvents();
+}
+
+void Report(const char* what, std::vector<double> times) {
+    std::sort(times.begin(), times.end());
+    std::printf("%-58s median %7.2f ms  worst %7.2f ms  (%zu)\n", what, times[times.size() / 2], times.back(), times.size());
+}
+
+// Selects each of the nodes, everything painted.
+void Click(frmMain& window, const char* what, const std::vector<std::string>& keys) {
+    std::vector<double> times;
+    for (const std::string& key : keys) {
+        QElapsedTimer timer;
+        timer.start();
+        window.ActivateKey(key);
+        Settle();
+        times.push_back(Milliseconds(timer));
+    }
+    Report(what, times);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+    QElapsedTimer sinceStart;
+    sinceStart.start();
+    UseLargePages();
+    QApplication app(argc, argv);
+    if (argc < 2) {
+        std::fprintf(stderr, "window_benchmark PROJECT.vbp\n");
+        return 2;
+    }
+    QApplication::setStyle(new WindowStyle);
+    DiskFiles files;
+    gIniFile = "/nowhere/Ostrivane.ini";  // the defaults, and nothing is stored
+    SettingsFile settings(files, gIniFile);
+    const std::string programDirectory = GetAppPathWithSlash();
+    StartProgram(files, settings, nullptr, programDirectory);
+    frmMain window(files, settings, programDirectory);
+    window.resize(1400, 900);
+    window.show();
+    if (!QTest::qWaitForWindowExposed(&window))
+        return 1;
+    Settle();
+    std::printf("%-58s %.0f ms\n", "start to the empty window", Milliseconds(sinceStart));
+
+    QElapsedTimer timer;
+    timer.start();
+    window.OpenProject(argv[1]);
+    Settle();
+    const double whole = Milliseconds(timer);
+    if (!gProjekt)
+        return 1;
+    std::printf("%-58s %.0f ms, of which the load %.0f ms\n", "opening to the painted tree", whole, gTimerProjektOeffnen.Total * 1000);
+
+    std::vector<std::string> objects, groups, modules;
+    ForEachNode(window.Tree(), [&](const BaumNode& node) {
+        if (node.Children() >= 500 && IsGroupKey(node.Key()))
+            groups.push_back(node.Key());
+        if (!IsGroupKey(node.Key()))
+            objects.push_back(node.Key());
+    });
+    for (const clsModul* modul : gProjekt->AllModules())
+        modules.push_back(modul->CodePath());
+    std::printf("%d nodes\n", window.Tree().Count());
+    std::shuffle(objects.begin(), objects.end(), std::mt19937(1));
+    objects.resize(std::min<std::size_t>(objects.size(), 200));
+    Click(window, "click on a random node, structure only", objects);
+
+    auto* answer = new QTimer(&window);
+    QObject::connect(answer, &QTimer::timeout, answer, [answer] {
+        if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
+            answer->deleteLater();
+            box->button(QMessageBox::Yes)->click();
+        }
+    });
+    answer->start(1);
+    timer.restart();
+    window.Projekt_Analyse();
+    Settle();
+    std::printf("%-58s %.0f ms, %zu edges\n", "reading the calls, marks and panes included", Milliseconds(timer), gProjekt->calls.Count());
+    std::shuffle(objects.begin(), objects.end(), std::mt19937(2));
+    Click(window, "click on a random node, calls read", objects);
+    window.Split_For_Calls();
+    Settle();
+    std::shuffle(objects.begin(), objects.end(), std::mt19937(3));
+    Click(window, "click on a random node, three trees shown", objects);
+    Click(window, "click on every module, three trees shown", modules);
+
+    std::vector<double> expand;
+    for (const std::string& key : groups) {
+        BaumNode& node = *window.Tree().Item(key);
+        window.Tree().EnsureVisible(node);
+        window.Tree().SetExpanded(node, false);
+        Settle();
+        timer.restart();
+        window.Tree().SetExpanded(node, true);
+        Settle();
+        expand.push_back(Milliseconds(timer));
+    }
+    if (!expand.empty())
+        Report("expanding a group of 500 and more", expand);
+    std::vector<double> typed;
+    for (const char* letters : {"f", "fr", "z", "zz", "qqq"}) {
+        timer.restart();
+        window.BaumProjekt().keyboardSearch(QString::fromLatin1(letters));
+        Settle();
+        typed.push_back(Milliseconds(timer));
+    }
+    Report("type-ahead in the tree", typed);
+    return 0;
+}

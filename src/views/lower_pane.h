@@ -1,0 +1,23 @@
+// The pane of small things: the properties of the current object, and the modules that were collected by dragging.
+#pragma once
+
+#include <QTabWidget>
+
+class Baum;
+class BaumView;
+class PropertiesGrid;
+
+class LowerPane final : public QTabWidget {
+    Q_OBJECT
+
+public:
+    /// @param collected  the tree that takes what is dropped
+    explicit LowerPane(Baum& collected, QWidget* parent = nullptr);
+    [[nodiscard]] PropertiesGrid& Properties() const { return *properties_; }
+    [[nodiscard]] BaumView& BaumDLL() const { return *collected_; }
+    void Texte();
+
+private:
+    PropertiesGrid* properties_;
+    BaumView* collected_;
+};
