@@ -17,19 +17,34 @@
 
 namespace {
 
-// A generated project in memory, its structure read; one at a time.
+// A generated project on disk for as long as it lives.
+class ProjectOnDisk {
+public:
+    explicit ProjectOnDisk(std::size_t lines)
+        : directory_(std::filesystem::temp_directory_path() / ("ostrivane-calls-" + std::to_string(::getpid()))) {
+        std::filesystem::create_directories(directory_);
+        path_ = GenerateProject(directory_, lines).projectFile;
+    }
+    ProjectOnDisk& operator=(ProjectOnDisk&&) = delete;
+    ~ProjectOnDisk() { std::filesystem::remove_all(directory_); }
+
+    /// Reads the structure into gProjekt.
+    clsProjekt& Load() const {
+        static DiskFiles files;
+        CloseProject();
+        gProjekt = std::make_unique<clsProjekt>(files);
+        gProjekt->FullPath = path_;
+        Projekt_Laden(*gProjekt);
+        return *gProjekt;
+    }
+
+private:
+    std::filesystem::path directory_;
+    std::string path_;
+};
+
 clsProjekt& LoadedProject(std::size_t lines) {
-    static DiskFiles files;
-    CloseProject();
-    const std::filesystem::path directory =
-        std::filesystem::temp_directory_path() / ("ostrivane-calls-" + std::to_string(::getpid()));
-    std::filesystem::create_directories(directory);
-    const GeneratedProject project = GenerateProject(directory, lines);
-    gProjekt = std::make_unique<clsProjekt>(files);
-    gProjekt->FullPath = project.projectFile;
-    Projekt_Laden(*gProjekt);
-    std::filesystem::remove_all(directory);
-    return *gProjekt;
+    return ProjectOnDisk(lines).Load();
 }
 
 // Seconds of one run; taking the edges away again is not counted.
@@ -55,18 +70,41 @@ void Calls(benchmark::State& state) {
     CloseProject();
 }
 
-double MedianOfRuns(clsProjekt& projekt) {
+template <class Run>
+double MedianOfRuns(int runs, Run run) {
     std::vector<double> times;
-    for (int run = 0; run < 9; ++run)
-        times.push_back(RunCalls(projekt));
+    while (runs-- > 0)
+        times.push_back(run());
     std::sort(times.begin(), times.end());
     return times[times.size() / 2];
 }
 
-void CallsGrowth(benchmark::State& state) {
+// One stage over a project of `lines`.
+double CallsOf(std::size_t lines) {
+    clsProjekt& projekt = LoadedProject(lines);
+    return MedianOfRuns(9, [&] { return RunCalls(projekt); });
+}
+
+// Files, structure, calls and marks.
+double EverythingOf(std::size_t lines) {
+    const ProjectOnDisk project(lines);
+    return MedianOfRuns(7, [&] {
+        CloseProject();
+        clsQueryTimer timer;
+        timer.Start();
+        clsProjekt& projekt = project.Load();
+        Who_Calls_Who(projekt);
+        Tote_Untote_Kennzeichnen(projekt);
+        timer.Halt();
+        return timer.LastRun / 1000;
+    });
+}
+
+template <double (*secondsOf)(std::size_t lines)>
+void Growth(benchmark::State& state) {
     for (auto _ : state) {
-        const double small = MedianOfRuns(LoadedProject(static_cast<std::size_t>(state.range(0))));
-        const double large = MedianOfRuns(LoadedProject(static_cast<std::size_t>(state.range(1))));
+        const double small = secondsOf(static_cast<std::size_t>(state.range(0)));
+        const double large = secondsOf(static_cast<std::size_t>(state.range(1)));
         state.counters["growth"] = large / small;
         state.SetIterationTime(small + large);
     }
@@ -74,12 +112,11 @@ void CallsGrowth(benchmark::State& state) {
 }
 
 BENCHMARK(Calls)->Unit(benchmark::kMillisecond)->UseManualTime()->Arg(10'000)->Arg(100'000)->Arg(1'000'000);
-BENCHMARK(CallsGrowth)
-    ->Unit(benchmark::kMillisecond)
-    ->UseManualTime()
-    ->Iterations(3)
-    ->Args({10'000, 100'000})
-    ->Args({100'000, 1'000'000});
+void Sizes(benchmark::internal::Benchmark* growth) {
+    growth->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(3)->Args({10'000, 100'000})->Args({100'000, 1'000'000});
+}
+BENCHMARK(Growth<CallsOf>)->Name("CallsGrowth")->Apply(Sizes);
+BENCHMARK(Growth<EverythingOf>)->Name("EverythingGrowth")->Apply(Sizes);
 
 }  // namespace
 

@@ -124,11 +124,9 @@ std::vector<ModuleKind> ModuleDeck(Random& random, bool first) {
     return deck;
 }
 
-// How many members of a project of that size have the same name at most: slowly more in larger systems.
-int MostHolders(std::size_t lines) {
-    const double modules = std::max(1.0, static_cast<double>(lines) / 800.0);
-    return std::min(30, 4 + static_cast<int>(2.6 * std::log2(modules)));
-}
+// How many members of a project have the same name at most. It is the same for every size: a possible call reaches each
+// holder of its name, and what is measured over the sizes is to be the growth of the work for an edge, not of their number.
+constexpr int kMostHolders = 9;
 
 }  // namespace
 
@@ -188,7 +186,7 @@ std::string_view TypeSign(Type type) {
     }
 }
 
-Plan::Plan(std::size_t lines, unsigned seed) : random(seed), pool(random, MostHolders(lines)) {
+Plan::Plan(std::size_t lines, unsigned seed) : random(seed), pool(random, kMostHolders) {
     projectName = Cat({Noun(random), "Desk"});
     PlanModules(lines);
     const int count = static_cast<int>(modules.size());
