@@ -18,6 +18,7 @@
 #include <filesystem>
 #include <set>
 
+#include "display/baum_walk.h"
 #include "display/recent_projects.h"
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
@@ -88,6 +89,21 @@ protected:
         QApplication::processEvents();
         const QRect place = view.visualRect(view.Model().IndexOf(node));
         QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, place.center());
+    }
+    [[nodiscard]] BaumView& ViewOf(const Baum& tree) const {
+        for (BaumView* view : window_->findChildren<BaumView*>())
+            if (&view->Tree() == &tree)
+                return *view;
+        throw std::logic_error("no view");
+    }
+    /// The first node of a tree that stands for a procedure or variable.
+    [[nodiscard]] static std::string AnyObject(const Baum& tree) {
+        std::string key;
+        ForEachNode(tree, [&key](const BaumNode& node) {
+            if (key.empty() && node.Children() == 0)
+                key = node.Key();
+        });
+        return key;
     }
     [[nodiscard]] QString StatusText() const { return window_->statusBar()->findChild<QLabel*>()->text(); }
     [[nodiscard]] QString Code() const { return window_->rtbCode().toPlainText(); }
@@ -202,23 +218,62 @@ TEST_F(MainWindow, DependencyTreesFollowTheObjectAndItsCertainty) {
     const BaumNode* first = window_->CallsTree().Roots().front();
     window_->ActivateKey("modmain.main");
     EXPECT_EQ(window_->CallsTree().Roots().front(), first);
-    // A click on a callee marks the places of its calls in the code.
-    const clsCall* call = *window_->Current().CurProc->CallsAll.begin();
-    const std::string key = call->Parent->CodePath();
-    if (window_->CallsTree().Exist(key)) {
-        BaumView* calls = nullptr;
-        for (BaumView* view : window_->findChildren<BaumView*>())
-            if (&view->Tree() == &window_->CallsTree())
-                calls = view;
-        ASSERT_TRUE(calls);
-        Q_EMIT calls->NodeActivated(key);
-        EXPECT_GT(window_->rtbCode().PlaceCount(), 0);
-        EXPECT_TRUE(Command("NextPlace").isEnabled());
-    }
-    Command("CallsMaybe").setEnabled(true);
+    // A click on a callee marks the places of its calls, which can be stepped through.
+    window_->ActivateKey("clshire.customer [set]");
+    Q_EMIT ViewOf(window_->CallsTree()).NodeActivated("clscustomer.hirecount");
+    EXPECT_EQ(window_->rtbCode().PlaceCount(), 4);
+    EXPECT_EQ(StatusText(), QStringLiteral("1 of 4"));
+    Command("NextPlace").trigger();
+    EXPECT_EQ(StatusText(), QStringLiteral("2 of 4"));
+    Command("PreviousPlace").trigger();
+    Command("PreviousPlace").trigger();
+    EXPECT_EQ(StatusText(), QStringLiteral("4 of 4"));
+    // A click on a caller brings its text up, the object stays; a right click jumps.
+    window_->ActivateKey("clshire.customer [set]");
+    window_->ActivateKey("modstore");
+    const std::string caller = AnyObject(window_->CalledByTree());
+    Q_EMIT ViewOf(window_->CalledByTree()).NodeContext(caller);
+    EXPECT_EQ(window_->Current().CurObject->CodePath(), caller);
+    window_->ActivateKey("modslip.printall");
+    EXPECT_TRUE(Command("CallsMaybe").isEnabled());
+    EXPECT_FALSE(window_->CallsTree().Exist("clstool.printon"));
     Command("CallsMaybe").trigger();
     EXPECT_TRUE(window_->MayBeCalls);
+    EXPECT_TRUE(window_->CallsTree().Exist("clstool.printon"));
     EXPECT_FALSE(Command("CallsReally").isChecked());
+}
+
+TEST_F(MainWindow, CheckedModulesShowTheirCommonNeighbourhood) {
+    Open();
+    ReadCalls();
+    window_->Split_For_Calls();
+    Command("CheckBoxOn").trigger();
+    const auto check = [this](const char* key, bool checked) {
+        window_->Tree().SetChecked(*window_->Tree().Item(key), checked);
+        Q_EMIT window_->BaumProjekt().NodeChecked(key, checked);
+    };
+    check("modstore", true);
+    EXPECT_TRUE(window_->CalledByTree().Exist("modmain"));
+    check("modmain", true);  // a neighbour no longer, but checked itself
+    EXPECT_FALSE(window_->CalledByTree().Exist("modmain"));
+    check("modmain", false);
+    check("modstore", false);
+    EXPECT_EQ(window_->CalledByTree().Count() + window_->CallsTree().Count(), 0);
+}
+
+TEST_F(MainWindow, NodesAreCollectedByDraggingOrByKeys) {
+    Open();
+    BaumView* collected = nullptr;
+    for (BaumView* view : window_->findChildren<BaumView*>())
+        if (view->acceptDrops())
+            collected = view;
+    ASSERT_TRUE(collected);
+    ClickNode("modmain.main");
+    QTest::keyClick(&window_->BaumProjekt(), Qt::Key_C, Qt::ControlModifier);
+    QTest::keyClick(collected, Qt::Key_V, Qt::ControlModifier);
+    EXPECT_TRUE(collected->Tree().Exist("modmain"));
+    window_->CloseTheProject();
+    EXPECT_EQ(collected->Tree().Count(), 0);
 }
 
 TEST_F(MainWindow, ArrangementsKeepTheirOwnBarsAndAreStored) {
