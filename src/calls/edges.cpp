@@ -6,8 +6,6 @@
 #include "model/clsType.h"
 #include "model/clsVariable.h"
 
-namespace {
-
 const IncomingEdges* UsedByAllOf(const CodeObject& object) {
     switch (object.Class()) {
         case ObjectClass::Type:
@@ -22,6 +20,8 @@ const IncomingEdges* UsedByAllOf(const CodeObject& object) {
             return nullptr;
     }
 }
+
+namespace {
 
 template <class Edges>
 bool HasType(const Edges& edges, CallType type) {

@@ -18,6 +18,9 @@ clsCall& CallCreateVarInDecl(clsProjekt& projekt, CodeObject& target, clsModul& 
 /// CallsInDeclarations. Returns null for a target of another class.
 clsCall* CallUseCreate(clsProjekt& projekt, CodeObject& target, clsProzedur* procedure, clsModul& modul, Pos pos);
 
+/// The uses of a type, enumeration, module or library; null for objects of other classes.
+[[nodiscard]] const IncomingEdges* UsedByAllOf(const CodeObject& object);
+
 /// Whether an edge of this type reaches the object.
 [[nodiscard]] bool Is_CalledBy(const CodeObject& object, CallType type);
 /// Whether an edge of this type uses a type, enumeration, class or library.

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_set>
 
+#include "calls/edges.h"
 #include "display/properties.h"
 #include "display/shown_text.h"
 #include "model/clsControl.h"
@@ -96,21 +97,6 @@ std::string_view DataTypeOf(const CodeObject& object) {
             return static_cast<const clsControl&>(object).DatenTyp();
         default:
             return {};
-    }
-}
-
-const IncomingEdges* UsesOf(const CodeObject& object) {
-    switch (object.Class()) {
-        case ObjectClass::Modul:
-            return &static_cast<const clsModul&>(object).UsedByAll;
-        case ObjectClass::Type:
-            return &static_cast<const clsType&>(object).UsedByAll;
-        case ObjectClass::Enum:
-            return &static_cast<const clsEnum&>(object).UsedByAll;
-        case ObjectClass::TypeLib:
-            return &static_cast<const clsTypeLib&>(object).UsedByAll;
-        default:
-            return nullptr;
     }
 }
 
@@ -259,7 +245,7 @@ std::vector<std::string> ObjectText(const CodeObject& object) {
     if (const std::string_view type = DataTypeOf(object); !type.empty())
         add(Labelled(TextDataType, Shortened(Utf8Of(modul, type))));
 
-    const IncomingEdges* const uses = UsesOf(object);
+    const IncomingEdges* const uses = UsedByAllOf(object);
     const Counts callers = CallersOf(object);
     if (!uses || callers.Any())
         add(Labelled(TextCalledBy, callers.Text()));
@@ -296,7 +282,7 @@ std::string CallsText(const CodeObject& caller, const CodeObject& target, CallTy
     look(target.CalledByAll);
     if (const clsVariable* const instance = InstanceOf(target))
         look(instance->CalledByAll);
-    if (const IncomingEdges* const uses = UsesOf(target))
+    if (const IncomingEdges* const uses = UsedByAllOf(target))
         look(*uses);
     if (!first || !modul->text)
         return {};
