@@ -5,6 +5,7 @@
 #include "display/tree_marks.h"
 #include "model/group_keys.h"
 #include "platform/code_page.h"
+#include "views/code_style.h"
 #include "views/icons.h"
 #include "views/qt_text.h"
 
@@ -12,10 +13,6 @@ namespace {
 
 bool IsDimmed(const BaumNode& node) {
     return node.ForeColor() == kTextGrey;
-}
-
-QColor FromBgr(std::int32_t color) {
-    return QColor(color & 0xFF, color >> 8 & 0xFF, color >> 16 & 0xFF);
 }
 
 }  // namespace
@@ -52,6 +49,7 @@ void BaumModel::SetLooks(const QFont& font, const QPalette& palette) {
             made.setBold(bold || font.bold());
             made.setItalic(italic != font.italic());
         }
+    ground_ = palette.color(QPalette::Base);
     dimmed_ = palette.brush(QPalette::PlaceholderText);
 }
 
@@ -152,8 +150,10 @@ const QIcon& BaumModel::IconOf(const BaumNode& node) const {
 QVariant BaumModel::ColorOf(const BaumNode& node) const {
     if (IsDimmed(node))
         return dimmed_;
-    // Only groups have colours that a person has chosen; any other would not suit every palette.
-    return node.ForeColor() != kTextOrdinary && IsGroupKey(node.Key()) ? QBrush(FromBgr(node.ForeColor())) : QVariant();
+    // Only groups have colours that a person has chosen, made readable; any other would not suit every palette.
+    return node.ForeColor() != kTextOrdinary && IsGroupKey(node.Key())
+               ? QBrush(Readable(ColourFromBgr(node.ForeColor()), ground_))
+               : QVariant();
 }
 
 void BaumModel::BeginReset() {

@@ -92,5 +92,6 @@ private:
     std::function<QString(const BaumNode&)> toolTips_;
     QFont fonts_[2][2];  // [bold][italic]
     QBrush dimmed_;
+    QColor ground_;  // what the texts stand on
     mutable std::map<std::string, QIcon, std::less<>> icons_;
 };

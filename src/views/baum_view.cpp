@@ -18,6 +18,7 @@
 #include "model/group_keys.h"
 #include "platform/code_page.h"
 #include "shell/settings.h"
+#include "views/commands.h"
 #include "views/qt_text.h"
 
 namespace {
@@ -62,8 +63,8 @@ QString CodePathOf(const BaumNode& node) {
     return ToQString(object ? object->CodePathOrg() : node.Key());
 }
 
-void ToClipboard(const QString& text) {
-    QApplication::clipboard()->setText(text);
+bool HasCodePath(const BaumNode& node) {
+    return !IsGroupKey(node.Key()) && node.Parent();
 }
 
 }  // namespace
@@ -222,6 +223,24 @@ void BaumView::keyboardSearch(const QString& search) {
     } while (node != begin);
 }
 
+QString BaumView::TextOf(const BaumNode& node) {
+    return ToQString(node.Text());
+}
+
+QString BaumView::PathOf(const BaumNode& node) {
+    return HasCodePath(node) ? CodePathOf(node) : QString();
+}
+
+QString BaumView::TreeOf(const BaumNode& node) {
+    return AsText(node, 0);
+}
+
+void BaumView::CopyNode(const QModelIndex& index, QString (*what)(const BaumNode&)) const {
+    const BaumNode* node = model_->NodeAt(index);
+    if (const QString text = node ? what(*node) : QString(); !text.isEmpty())
+        QApplication::clipboard()->setText(text);
+}
+
 // The name for other programs, the key for other trees.
 void BaumView::Copy() {
     QMimeData* mime = model_->mimeData({currentIndex()});
@@ -293,18 +312,14 @@ void BaumView::ShowMenu(const QModelIndex& index, const QPoint& globalPos) {
     setCurrentIndex(index);  // shows what the menu is about
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    const QString name = ToQString(node->Text());
-    const std::string key = node->Key();
-    menu->addAction(TextNr(kTextCopyName), this, [name] { ToClipboard(name); });
-    QAction* path = menu->addAction(TextNr(kTextCopyCodePath), this, [this, key] {
-        if (const BaumNode* there = Tree().Item(key))
-            ToClipboard(CodePathOf(*there));
-    });
-    path->setEnabled(!IsGroupKey(key) && node->Parent());
-    menu->addAction(TextNr(kTextCopyAsText), this, [this, key] {
-        if (const BaumNode* there = Tree().Item(key))
-            ToClipboard(AsText(*there, 0));
-    });
+    // By the key: the selection has come back by then, and the node may be gone.
+    const auto copy = [this, key = std::string(node->Key())](QString (*what)(const BaumNode&)) {
+        return [this, key, what] { CopyNode(model_->IndexOf(Tree().Item(key)), what); };
+    };
+    menu->addAction(TextNr(kTextCopyName), this, copy(TextOf));
+    menu->addAction(TextNr(kTextCopyCodePath), this, copy(PathOf))->setEnabled(HasCodePath(*node));
+    menu->addAction(TextNr(kTextCopyAsText), this, copy(TreeOf));
+    Commands::GiveLetters(menu->actions());
     connect(menu, &QMenu::aboutToHide, this, &BaumView::ShowSelected);
     menu->popup(globalPos);
 }

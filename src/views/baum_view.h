@@ -34,6 +34,11 @@ public:
     /// The font of the settings; that of the interface where the system lacks it.
     void ApplyTreeFont();
 
+    // To the clipboard, of the current node: its text, its address, and itself with all below it.
+    void CopyName() const { CopyNode(currentIndex(), TextOf); }
+    void CopyCodePath() const { CopyNode(currentIndex(), PathOf); }
+    void CopyAsText() const { CopyNode(currentIndex(), TreeOf); }
+
     void keyboardSearch(const QString& search) override;
 
 Q_SIGNALS:
@@ -68,6 +73,10 @@ private:
     void ShowMenu(const QModelIndex& index, const QPoint& globalPos);
     [[nodiscard]] bool IsCutOff(const QModelIndex& index) const;
     void Copy();
+    [[nodiscard]] static QString TextOf(const BaumNode& node);
+    [[nodiscard]] static QString PathOf(const BaumNode& node);
+    [[nodiscard]] static QString TreeOf(const BaumNode& node);
+    void CopyNode(const QModelIndex& index, QString (*what)(const BaumNode&)) const;
     void TakeKeys(const QMimeData* mime);
     void TakeKeysOnly(QDropEvent& event) const;
     [[nodiscard]] QPixmap DragPicture(const QModelIndex& index) const;

@@ -4,6 +4,7 @@
 #include <cassert>
 
 #include "views/icons.h"
+#include "views/mnemonics.h"
 #include "views/qt_text.h"
 
 namespace {
@@ -18,6 +19,7 @@ struct Row {
     const char* keys;        // as in portable texts, several separated by "|"
     bool hasDialog = false;  // the text gets "…" behind it
     bool checkable = false;
+    int ofNr = 0;  // stands before the text with a colon wherever there is room for it; buttons show the text alone
 };
 
 constexpr Row kRows[] = {
@@ -53,14 +55,18 @@ constexpr Row kRows[] = {
     {"Refresh", 15, 0, "Refresh", "F5"},
     {"DeleteObject", 0, 0, "Delete", ""},
 
+    {"CopyName", 180, 0, "Copy", ""},
+    {"CopyCodePath", 181, 0, "", ""},
+    {"CopyAsText", 182, 0, "", ""},
+
     {"Calls", 10, 14, "CallsReadNot", "", true},
     {"CallsOfModule", 11, 0, "CallsModule", ""},
     {"Uses", 208, 0, "Uses", ""},
     {"UsesShow", 208, 0, "UsesShow", ""},
-    {"CalledByReally", 58, 0, "CalledByReally", "", false, true},
-    {"CalledByMaybe", 59, 0, "CalledByMaybe", "", false, true},
-    {"CallsReally", 58, 0, "CallsReally", "", false, true},
-    {"CallsMaybe", 59, 0, "CallsMaybe", "", false, true},
+    {"CalledByReally", 58, 0, "CalledByReally", "", false, true, 86},
+    {"CalledByMaybe", 59, 0, "CalledByMaybe", "", false, true, 86},
+    {"CallsReally", 58, 0, "CallsReally", "", false, true, 85},
+    {"CallsMaybe", 59, 0, "CallsMaybe", "", false, true, 85},
     {"NextPlace", 209, 0, "", "F3"},
     {"PreviousPlace", 210, 0, "", "Shift+F3"},
 
@@ -119,6 +125,10 @@ QList<QAction*> Commands::InUse() const {
 void Commands::Texte() {
     for (const Row& row : kRows) {
         QString text = TextNr(row.textNr);
+        if (row.ofNr != 0) {
+            byKey_.at(row.key)->setIconText(text);
+            text = TextNr(row.ofNr) + QStringLiteral(": ") + text;
+        }
         const QString tip = row.tipNr ? TextNr(row.tipNr) : QString(text).remove(QChar(0x2026));
         if (row.hasDialog && !text.endsWith(QChar(0x2026)))
             text += QChar(0x2026);
@@ -127,21 +137,13 @@ void Commands::Texte() {
 }
 
 void Commands::GiveLetters(const QList<QAction*>& actions) {
-    QString taken;
-    for (QAction* action : actions) {
-        QString text = action->text().remove(QLatin1Char('&'));
-        qsizetype place = -1;
-        // First letters of words are taken first.
-        for (const bool wordsOnly : {true, false})
-            for (qsizetype at = 0; at < text.size() && place < 0; ++at)
-                if (text[at].isLetterOrNumber() && !taken.contains(text[at].toLower()) &&
-                    (!wordsOnly || at == 0 || text[at - 1].isSpace()))
-                    place = at;
-        if (place < 0)
-            continue;
-        taken.append(text[place].toLower());
-        action->setText(text.insert(place, QLatin1Char('&')));
-    }
+    QStringList texts;
+    for (const QAction* action : actions)
+        texts.append(action->text());
+    QSet<QChar> taken;
+    texts = WithLetters(texts, taken);
+    for (qsizetype i = 0; i < actions.size(); ++i)
+        actions[i]->setText(texts[i]);
 }
 
 void Commands::SetImage(std::string_view key, std::string_view image) {

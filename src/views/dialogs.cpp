@@ -8,42 +8,38 @@
 #include <QTabBar>
 #include <QTabWidget>
 #include <algorithm>
+#include <functional>
+#include <vector>
 
-namespace {
-
-// Takes the marks of an earlier round out.
-QString Plain(QString text) {
-    return text.remove(QLatin1Char('&'));
-}
-
-QString WithLetter(const QString& text, QSet<QChar>& taken) {
-    const auto isFree = [&](qsizetype at) {
-        return text[at].isLetterOrNumber() && !taken.contains(text[at].toLower());
-    };
-    const auto beginsWord = [&](qsizetype at) { return at == 0 || text[at - 1].isSpace(); };
-    for (const bool wordsOnly : {true, false})
-        for (qsizetype at = 0; at < text.size(); ++at)
-            if (isFree(at) && (!wordsOnly || beginsWord(at))) {
-                taken.insert(text[at].toLower());
-                return QString(text).insert(at, QLatin1Char('&'));
-            }
-    return text;
-}
-
-}  // namespace
+#include "views/mnemonics.h"
 
 void AssignMnemonics(QWidget& window, std::initializer_list<const QWidget*> without) {
     QSet<QChar> taken;
-    for (QTabBar* tabs : window.findChildren<QTabBar*>())
+    for (QTabBar* tabs : window.findChildren<QTabBar*>()) {
+        QStringList texts;
         for (int tab = 0; tab < tabs->count(); ++tab)
-            tabs->setTabText(tab, WithLetter(Plain(tabs->tabText(tab)), taken));
-    const auto assign = [&](QWidget* child, QSet<QChar>& letters) {
-        if (std::ranges::find(without, child) != without.end())
-            return;
-        if (auto* button = qobject_cast<QAbstractButton*>(child); button && !button->text().isEmpty())
-            button->setText(WithLetter(Plain(button->text()), letters));
-        else if (auto* label = qobject_cast<QLabel*>(child); label && label->buddy())
-            label->setText(WithLetter(Plain(label->text()), letters));
+            texts.append(tabs->tabText(tab));
+        texts = WithLetters(texts, taken);
+        for (int tab = 0; tab < tabs->count(); ++tab)
+            tabs->setTabText(tab, texts[tab]);
+    }
+    const auto assign = [&without](const QList<QWidget*>& children, QSet<QChar>& letters) {
+        QStringList texts;
+        std::vector<std::function<void(const QString&)>> setters;
+        for (QWidget* child : children) {
+            if (std::ranges::find(without, child) != without.end())
+                continue;
+            if (auto* button = qobject_cast<QAbstractButton*>(child); button && !button->text().isEmpty()) {
+                texts.append(button->text());
+                setters.emplace_back([button](const QString& text) { button->setText(text); });
+            } else if (auto* label = qobject_cast<QLabel*>(child); label && label->buddy()) {
+                texts.append(label->text());
+                setters.emplace_back([label](const QString& text) { label->setText(text); });
+            }
+        }
+        texts = WithLetters(texts, letters);
+        for (std::size_t i = 0; i < setters.size(); ++i)
+            setters[i](texts[static_cast<qsizetype>(i)]);
     };
     QList<QWidget*> pages;
     for (const QTabWidget* tabs : window.findChildren<QTabWidget*>())
@@ -52,15 +48,16 @@ void AssignMnemonics(QWidget& window, std::initializer_list<const QWidget*> with
     const auto isOn = [](const QWidget* child) {
         return [child](const QWidget* page) { return page->isAncestorOf(child); };
     };
+    QList<QWidget*> frame;
     const QList<QWidget*> children = window.findChildren<QWidget*>();
     for (QWidget* child : children)
         if (std::ranges::none_of(pages, isOn(child)))
-            assign(child, taken);
+            frame.append(child);
+    assign(frame, taken);
     // Only one page is seen at a time, so each begins with the letters that the frame has left.
     for (const QWidget* page : pages) {
         QSet<QChar> letters = taken;
-        for (QWidget* child : page->findChildren<QWidget*>())
-            assign(child, letters);
+        assign(page->findChildren<QWidget*>(), letters);
     }
 }
 

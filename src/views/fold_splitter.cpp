@@ -1,7 +1,9 @@
 #include "views/fold_splitter.h"
 
 #include <QBoxLayout>
+#include <QKeyEvent>
 #include <QMouseEvent>
+#include <QPainter>
 #include <QToolButton>
 
 #include "views/icons.h"
@@ -9,6 +11,7 @@
 namespace {
 
 constexpr int kBar = 10;  // thickness of a bar in pixels
+constexpr int kStep = 16;  // how far a key moves it
 
 }  // namespace
 
@@ -16,7 +19,8 @@ class FoldSplitter::Handle final : public QSplitterHandle {
 public:
     Handle(Qt::Orientation orientation, FoldSplitter& splitter)
         : QSplitterHandle(orientation, &splitter), splitter_(splitter) {
-        if (splitter.count() != 1)
+        setFocusPolicy(Qt::TabFocus);
+        if (splitter.count() != 1 || !splitter.folds_)
             return;  // only the bar behind the first pane folds
         button_ = new QToolButton(this);
         button_->setAutoRaise(true);
@@ -33,6 +37,7 @@ public:
     }
 
     void ShowState() {
+        setAccessibleName(splitter_.barText_);
         if (!button_)
             return;
         const bool sideways = orientation() == Qt::Horizontal;
@@ -45,25 +50,59 @@ public:
     }
 
 protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        const bool sideways = orientation() == Qt::Horizontal;
+        const int key = event->key();
+        if (button_ && (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space))
+            button_->click();
+        else if (!IsFolded() && key == (sideways ? Qt::Key_Left : Qt::Key_Up))
+            moveSplitter((sideways ? x() : y()) - kStep);
+        else if (!IsFolded() && key == (sideways ? Qt::Key_Right : Qt::Key_Down))
+            moveSplitter((sideways ? x() : y()) + kStep);
+        else
+            QSplitterHandle::keyPressEvent(event);
+    }
+    void paintEvent(QPaintEvent* event) override {
+        QSplitterHandle::paintEvent(event);
+        if (!hasFocus())
+            return;
+        QPainter painter(this);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(palette().color(QPalette::Highlight));
+        const bool sideways = orientation() == Qt::Horizontal;
+        painter.drawRoundedRect(sideways ? rect().adjusted(3, 0, -3, 0) : rect().adjusted(0, 3, 0, -3), 2, 2);
+    }
+    void focusInEvent(QFocusEvent* event) override {
+        QSplitterHandle::focusInEvent(event);
+        update();
+    }
+    void focusOutEvent(QFocusEvent* event) override {
+        QSplitterHandle::focusOutEvent(event);
+        update();
+    }
     void mousePressEvent(QMouseEvent* event) override {
-        if (!splitter_.Folded())
+        if (!IsFolded())
             QSplitterHandle::mousePressEvent(event);
     }
     void mouseMoveEvent(QMouseEvent* event) override {
-        if (!splitter_.Folded())
+        if (!IsFolded())
             QSplitterHandle::mouseMoveEvent(event);
     }
     void mouseReleaseEvent(QMouseEvent* event) override {
-        if (!splitter_.Folded())
+        if (!IsFolded())
             QSplitterHandle::mouseReleaseEvent(event);
     }
 
 private:
+    [[nodiscard]] bool IsFolded() const { return button_ && splitter_.Folded(); }
+
     FoldSplitter& splitter_;
     QToolButton* button_ = nullptr;
 };
 
-FoldSplitter::FoldSplitter(Qt::Orientation orientation, QWidget* parent) : QSplitter(orientation, parent) {
+FoldSplitter::FoldSplitter(Qt::Orientation orientation, QWidget* parent, bool folds)
+    : QSplitter(orientation, parent), folds_(folds) {
     setChildrenCollapsible(false);
     setHandleWidth(kBar);
 }
@@ -107,8 +146,9 @@ void FoldSplitter::ApplyFolded() {
     static_cast<Handle*>(handle(1))->ShowState();
 }
 
-void FoldSplitter::SetFoldText(const QString& text) {
-    foldText_ = text;
-    if (count() > 1)
-        static_cast<Handle*>(handle(1))->ShowState();
+void FoldSplitter::SetTexte(const QString& fold, const QString& bar) {
+    foldText_ = fold;
+    barText_ = bar;
+    for (int nr = 1; nr < count(); ++nr)
+        static_cast<Handle*>(handle(nr))->ShowState();
 }

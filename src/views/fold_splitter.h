@@ -1,5 +1,5 @@
 // A splitter of two or more panes whose first pane can be folded away and comes back at its former size. The bar can be
-// dragged with the mouse and carries a button that folds.
+// dragged with the mouse and carries a button that folds; where it has the focus, arrow keys move it and Enter folds.
 #pragma once
 
 #include <QSplitter>
@@ -8,7 +8,8 @@ class FoldSplitter final : public QSplitter {
     Q_OBJECT
 
 public:
-    explicit FoldSplitter(Qt::Orientation orientation, QWidget* parent = nullptr);
+    /// @param folds  whether there is a fold button
+    explicit FoldSplitter(Qt::Orientation orientation, QWidget* parent = nullptr, bool folds = true);
 
     [[nodiscard]] bool Folded() const { return folded_; }
     void SetFolded(bool folded);
@@ -16,8 +17,8 @@ public:
     [[nodiscard]] int Place() const;
     /// The second pane takes the difference.
     void SetPlace(int pixels);
-    /// Tool tip and name of the fold button.
-    void SetFoldText(const QString& text);
+    /// Tool tip and name of the fold button, and the name of the bars.
+    void SetTexte(const QString& fold, const QString& bar);
 
 Q_SIGNALS:
     /// By the button or by SetFolded.
@@ -32,5 +33,6 @@ private:
 
     bool folded_ = false;
     int place_ = 0;  // before folding
-    QString foldText_;
+    const bool folds_;
+    QString foldText_, barText_;
 };

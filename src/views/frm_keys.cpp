@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QPushButton>
+#include <QScreen>
 #include <QTableWidget>
 #include <QVBoxLayout>
 
@@ -22,8 +23,8 @@ frmKeys::frmKeys(QWidget* parent)
     table_->setAlternatingRowColors(true);
     table_->verticalHeader()->hide();
     table_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
-    table_->horizontalHeader()->setStretchLastSection(true);
-    table_->setColumnWidth(0, 38 * fontMetrics().averageCharWidth());
+    table_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
+    table_->horizontalHeader()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
     table_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     table_->horizontalHeader()->setHighlightSections(false);
     CopyTableOnCtrlC(*table_);
@@ -36,7 +37,8 @@ frmKeys::frmKeys(QWidget* parent)
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(table_, 1);
     layout->addLayout(buttons);
-    resize(60 * fontMetrics().averageCharWidth(), 30 * fontMetrics().lineSpacing());
+    resize(QSize(80 * fontMetrics().averageCharWidth(), 34 * fontMetrics().lineSpacing())
+               .boundedTo(screen()->availableSize() * 0.9));
     connect(cmdCopy_, &QPushButton::clicked, this, [this] { CopyTable(*table_); });
     connect(cmdClose_, &QPushButton::clicked, this, &QDialog::close);
     Texte();

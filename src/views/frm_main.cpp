@@ -5,7 +5,8 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFileInfo>
-#include <QLabel>
+#include <QHelpEvent>
+#include <QLayout>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScreen>
@@ -27,6 +28,7 @@
 #include "views/code_view.h"
 #include "views/commands.h"
 #include "views/dialogs.h"
+#include "views/elided_label.h"
 #include "views/fold_splitter.h"
 #include "views/frm_about.h"
 #include "views/frm_error.h"
@@ -45,6 +47,7 @@
 #include "views/questions.h"
 #include "views/search_bar.h"
 #include "views/start_page.h"
+#include "views/status_fields.h"
 #include "views/tree_panes.h"
 #include "views/twips.h"
 
@@ -143,7 +146,9 @@ void frmMain::BuildMenus() {
         }
     };
     mnuDatei_ = menuBar()->addMenu(QString());
-    fill(mnuDatei_, {"OpenProject", "CloseProject", "-"});
+    fill(mnuDatei_, {"OpenProject", "CloseProject"});
+    mnuRecent_ = mnuDatei_->addMenu(QString());
+    mnuDatei_->addSeparator();
     mnuReports_ = mnuDatei_->addMenu(IconFor("Reports"), QString());
     fill(mnuReports_, {"ReportStructure", "ReportCalls", "ReportDeaths"});
     fill(mnuDatei_, {"-", "Exit"});
@@ -154,7 +159,10 @@ void frmMain::BuildMenus() {
                        "NavPrev", "NavNext", "-", "ZoomPlus", "ZoomMinus", "ZoomNo", "-", "Problems", "Options"});
 
     mnuStruktur_ = menuBar()->addMenu(QString());
-    fill(mnuStruktur_, {"Structure", "Refresh", "-", "DeleteObject"});
+    fill(mnuStruktur_, {"Structure", "Refresh", "-"});
+    mnuCopy_ = mnuStruktur_->addMenu(IconFor("Copy"), QString());
+    fill(mnuCopy_, {"CopyName", "CopyCodePath", "CopyAsText"});
+    fill(mnuStruktur_, {"DeleteObject"});
 
     mnuDependencies_ = menuBar()->addMenu(QString());
     fill(mnuDependencies_, {"Calls", "CallsOfModule", "-", "CalledByReally", "CalledByMaybe", "-", "CallsReally", "CallsMaybe", "-",
@@ -163,6 +171,11 @@ void frmMain::BuildMenus() {
     mnuHelp_ = menuBar()->addMenu(QString());
     fill(mnuHelp_, {"WebPage", "Keys", "Diagnosis", "-", "About"});
     command["WebPage"].setVisible(!kProductPage.empty());
+    for (QMenu* menu :
+         {mnuDatei_, mnuRecent_, mnuReports_, mnuAnsicht_, mnuStruktur_, mnuCopy_, mnuDependencies_, mnuHelp_}) {
+        menu->setToolTipsVisible(true);
+        menu->installEventFilter(this);
+    }
 }
 
 void frmMain::BuildToolbar() {
@@ -173,29 +186,27 @@ void frmMain::BuildToolbar() {
     Toolbar1->setIconSize(QSize(24, 24));
     Commands& command = *commands_;
     for (const char* key : {"OpenProject", "-", "Calls", "Refresh", "-", "NavPrev", "NavNext", "-", "SplitForContent",
-                            "SplitForCalls", "-", "ContentCode", "ContentGraph", "ContentChart", "-", "Search"}) {
-        if (*key == '-')
+                            "SplitForCalls", "-", "ContentCode", "ContentGraph", "ContentChart", ">", "Search",
+                            "Options"}) {
+        if (*key == '-') {
             Toolbar1->addSeparator();
-        else
+        } else if (*key == '>') {
+            auto* space = new QWidget(Toolbar1);
+            space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+            Toolbar1->addWidget(space);
+        } else {
             Toolbar1->addAction(&command[key]);
+        }
     }
-    // The caption of the button that everything begins with stands beside its icon.
-    if (auto* open = qobject_cast<QToolButton*>(Toolbar1->widgetForAction(&command["OpenProject"])))
-        open->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
-    if (auto* calls = qobject_cast<QToolButton*>(Toolbar1->widgetForAction(&command["Calls"])))
-        calls->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     setContextMenuPolicy(Qt::NoContextMenu);
 }
 
 void frmMain::BuildStatusBar() {
-    message_ = new QLabel(this);
-    message_->setMinimumWidth(1);
+    message_ = new ElidedLabel(this);
+    message_->setContentsMargins(6, 0, 0, 0);
     statusBar()->addWidget(message_, 1);
-    for (QLabel*& label : counts_) {
-        label = new QLabel(this);
-        label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        statusBar()->addPermanentWidget(label);
-    }
+    counts_ = new StatusFields(this);
+    statusBar()->addPermanentWidget(counts_);
     problemCount_ = new QToolButton(this);
     problemCount_->setAutoRaise(true);
     problemCount_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
@@ -225,6 +236,7 @@ void frmMain::WireViews() {
             Message(QStringLiteral("%1 %2 %3").arg(index).arg(TextNr(176)).arg(count));
         (*commands_)["NextPlace"].setEnabled(count > 0);
         (*commands_)["PreviousPlace"].setEnabled(count > 0);
+        ShowWhyDisabled();
     });
     connect(&project_->Search(), &SearchBar::ObjectChosen, this, [this](const std::string& path) {
         ActivateKey(path);
@@ -236,6 +248,9 @@ void frmMain::WireViews() {
         (*commands_)["SplitX"].setChecked(!panes_->picSplitX().Folded());
         (*commands_)["SplitY"].setChecked(!panes_->picSplitY().Folded());
     });
+    connect(mnuRecent_, &QMenu::aboutToShow, this, &frmMain::FillRecentMenu);
+    connect(mnuDatei_, &QMenu::aboutToShow, this,
+            [this] { mnuRecent_->setEnabled(!RecentProjects(settings_).empty()); });
     connect(options_, &frmOptionen::LanguageChanged, this, &frmMain::frmMainTexte);
     connect(options_, &frmOptionen::Applied, this, &frmMain::OptionsApplied);
     connect(options_, &frmOptionen::ReportStructure, this, [this] { WriteReports("AnalyseErgebnisStructure"); });
@@ -281,10 +296,10 @@ void frmMain::WireCommands() {
     wire("Problems", [this] { problems_->exec(); });
     wire("Options", [this] { options_->exec(); });
     wire("WebPage", [] { OpenDocument(ToQString(kProductPage)); });
-    wire("Keys", [this] {
-        keys_->Fill(commands_->InUse());
-        keys_->exec();
-    });
+    wire("CopyName", [this] { TreeInUse().CopyName(); });
+    wire("CopyCodePath", [this] { TreeInUse().CopyCodePath(); });
+    wire("CopyAsText", [this] { TreeInUse().CopyAsText(); });
+    wire("Keys", [this] { ShowKeys(); });
     wire("Diagnosis", [this] { Diagnosis(); });
     wire("About", [this] { about_->exec(); });
 }
@@ -300,7 +315,9 @@ void frmMain::frmMainTexte() {
     SpeakOwnLanguage();
     commands_->Texte();
     mnuDatei_->setTitle(TextNr(190));
+    mnuRecent_->setTitle(TextNr(216));
     mnuReports_->setTitle(TextNr(26));
+    mnuCopy_->setTitle(TextNr(125));
     mnuAnsicht_->setTitle(TextNr(4));
     mnuStruktur_->setTitle(TextNr(191));
     mnuDependencies_->setTitle(TextNr(61));
@@ -327,14 +344,76 @@ void frmMain::frmMainTexte() {
     ShowCounts();
     ShowProblemCount();
     Activate_Commands();
-    AssignMenuMnemonics();
+    FitToolbar();
 }
 
 // Each menu, and each item of one menu, gets a letter of its own.
 void frmMain::AssignMenuMnemonics() {
     Commands::GiveLetters(menuBar()->actions());
-    for (QMenu* menu : {mnuDatei_, mnuReports_, mnuAnsicht_, mnuStruktur_, mnuDependencies_, mnuHelp_})
+    for (QMenu* menu : {mnuDatei_, mnuReports_, mnuAnsicht_, mnuStruktur_, mnuCopy_, mnuDependencies_, mnuHelp_})
         Commands::GiveLetters(menu->actions());
+}
+
+// Numbered, which makes for letters that never change; those that are gone are greyed.
+void frmMain::FillRecentMenu() {
+    mnuRecent_->clear();
+    int nr = 0;
+    for (const std::string& stored : RecentProjects(settings_)) {
+        const QFileInfo file(ToPath(stored));
+        QString text = file.fileName() + QStringLiteral("  \u2013  ") +
+                       fontMetrics().elidedText(file.path(), Qt::ElideMiddle, 60 * fontMetrics().averageCharWidth());
+        text = QStringLiteral("&%1  ").arg(++nr) + text.replace(QLatin1Char('&'), QStringLiteral("&&"));
+        QAction* action = mnuRecent_->addAction(text, this, [this, stored] { OpenProject(stored); });
+        action->setToolTip(file.filePath());
+        if (!files_.FileExists(stored)) {
+            action->setEnabled(false);
+            action->setToolTip(file.filePath() + QLatin1Char('\n') + TextNr(217));
+        }
+    }
+}
+
+// Captions stand beside the icons as far as there is room for them.
+void frmMain::FitToolbar() {
+    const auto show = [this](std::initializer_list<const char*> keys, Qt::ToolButtonStyle style) {
+        for (const char* key : keys)
+            if (auto* button = qobject_cast<QToolButton*>(Toolbar1->widgetForAction(&(*commands_)[key])))
+                button->setToolButtonStyle(style);
+        Toolbar1->layout()->invalidate();
+    };
+    show({"OpenProject", "Calls", "ContentCode", "ContentGraph", "ContentChart", "Search"},
+         Qt::ToolButtonTextBesideIcon);
+    const auto isTooWide = [this] { return Toolbar1->sizeHint().width() > width(); };
+    if (isTooWide())
+        show({"Search"}, Qt::ToolButtonIconOnly);
+    if (isTooWide())
+        show({"ContentCode", "ContentGraph", "ContentChart"}, Qt::ToolButtonIconOnly);
+    if (isTooWide())
+        show({"Calls"}, Qt::ToolButtonIconOnly);
+}
+
+// The message comes before the counts, but leaves some room to them.
+void frmMain::FitMessage() {
+    message_->setMinimumWidth(std::min(fontMetrics().horizontalAdvance(message_->text()) + 16, width() / 2));
+}
+
+// The tree that has the focus, or had it before a menu took it.
+BaumView& frmMain::TreeInUse() const {
+    auto* tree = qobject_cast<BaumView*>(focusWidget());
+    return tree ? *tree : BaumProjekt();
+}
+
+// Behind the commands what is no command: keys of trees, code and bars.
+void frmMain::ShowKeys() {
+    const auto key = [](QKeySequence::StandardKey standard) {
+        return QKeySequence(standard).toString(QKeySequence::NativeText);
+    };
+    keys_->Fill(commands_->InUse(),
+                {{TextNr(249), QKeySequence(Qt::Key_Return).toString(QKeySequence::NativeText)},
+                 {TextNr(125), key(QKeySequence::Copy)},
+                 {TextNr(92), key(QKeySequence::SelectAll)},
+                 {TextNr(251), key(QKeySequence::Paste)},
+                 {TextNr(252), QKeySequence(Qt::SHIFT | Qt::Key_F10).toString(QKeySequence::NativeText)}});
+    keys_->exec();
 }
 
 void frmMain::ApplyFonts() {
@@ -421,6 +500,29 @@ void frmMain::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         IconsPaletteChanged();
+    if (event->type() == QEvent::FontChange && message_) {
+        FitToolbar();
+        FitMessage();
+    }
+}
+
+void frmMain::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    if (event->size().width() == event->oldSize().width())
+        return;
+    FitToolbar();
+    FitMessage();
+}
+
+// In menus only those items have tips that can't be chosen, or that are shortened: the others say it all themselves.
+bool frmMain::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ToolTip && watched != mnuRecent_)
+        if (const auto* menu = qobject_cast<QMenu*>(watched)) {
+            const QAction* action = menu->actionAt(static_cast<QHelpEvent*>(event)->pos());
+            if (!action || action->isEnabled())
+                return true;
+        }
+    return QMainWindow::eventFilter(watched, event);
 }
 
 void frmMain::ShowArrangement() {
@@ -429,6 +531,14 @@ void frmMain::ShowArrangement() {
     panes_->Arrange();
     (*commands_)["SplitForContent"].setChecked(gSplitMode == "Content");
     (*commands_)["SplitForCalls"].setChecked(gSplitMode == "Calls");
+    // The tree has another height now, and what is chosen in it may be out of sight.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (BaumNode* node = tree_.Selected())
+                tree_.EnsureVisible(*node);
+        },
+        Qt::QueuedConnection);
 }
 
 void frmMain::Split_For_Content() {

@@ -5,7 +5,6 @@
 #pragma once
 
 #include <QMainWindow>
-#include <array>
 #include <memory>
 #include <string>
 
@@ -16,6 +15,7 @@
 class BaumView;
 class CodeView;
 class Commands;
+class ElidedLabel;
 class DependencyPane;
 class Files;
 class LowerPane;
@@ -25,13 +25,13 @@ class PathLine;
 class ProblemsList;
 class ProjectPane;
 class PropertiesGrid;
-class QLabel;
 class QMenu;
 class QStackedWidget;
 class QToolBar;
 class QToolButton;
 class SettingsFile;
 class StartPage;
+class StatusFields;
 class frmAbout;
 class frmError;
 class frmKeys;
@@ -91,6 +91,8 @@ protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     // frm_main.cpp
@@ -108,6 +110,11 @@ private:
     void ShowStartPage();
     void OptionsApplied();
     void AssignMenuMnemonics();
+    void FillRecentMenu();
+    void FitToolbar();
+    void FitMessage();
+    void ShowKeys();
+    [[nodiscard]] BaumView& TreeInUse() const;
 
     // frm_main_project.cpp
     void LoadProject();
@@ -123,6 +130,7 @@ private:
     void RefillTree();
     void Activate_Checked();
     void ShowWhyDisabled();
+    [[nodiscard]] QString WhyDisabled(const QAction& action) const;
 
     // frm_main_selection.cpp
     void BaumProjekt_NodeClick(const std::string& key);
@@ -169,11 +177,10 @@ private:
     LowerPane* lower_ = nullptr;
     PropertiesGrid* properties_ = nullptr;  // in it
     QToolBar* Toolbar1 = nullptr;
-    QMenu *mnuDatei_ = nullptr, *mnuReports_ = nullptr, *mnuAnsicht_ = nullptr, *mnuStruktur_ = nullptr,
-          *mnuDependencies_ = nullptr, *mnuHelp_ = nullptr;
-    QAction* deleteObject_ = nullptr;
-    QLabel* message_ = nullptr;
-    std::array<QLabel*, 5> counts_{};
+    QMenu *mnuDatei_ = nullptr, *mnuRecent_ = nullptr, *mnuReports_ = nullptr, *mnuAnsicht_ = nullptr,
+          *mnuStruktur_ = nullptr, *mnuCopy_ = nullptr, *mnuDependencies_ = nullptr, *mnuHelp_ = nullptr;
+    ElidedLabel* message_ = nullptr;
+    StatusFields* counts_ = nullptr;
     QToolButton* problemCount_ = nullptr;
 
     frmProgress* progress_;

@@ -4,11 +4,10 @@
 #include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
-#include <QLabel>
-#include <QLocale>
 #include <QMenu>
 #include <QStackedWidget>
 #include <QToolButton>
+#include <algorithm>
 
 #include "calls/driver.h"
 #include "display/diagnosis.h"
@@ -35,6 +34,7 @@
 #include "views/code_view.h"
 #include "views/commands.h"
 #include "views/deployment.h"
+#include "views/elided_label.h"
 #include "views/frm_error.h"
 #include "views/frm_optionen.h"
 #include "views/frm_progress.h"
@@ -45,6 +45,7 @@
 #include "views/dialogs.h"
 #include "views/questions.h"
 #include "views/search_bar.h"
+#include "views/status_fields.h"
 #include "views/tree_panes.h"
 
 namespace {
@@ -127,7 +128,7 @@ void frmMain::OpenProject(const std::string& path) {
     }
     AddRecentProject(settings_, QFileInfo(ToPath(path)).absoluteFilePath().toStdString());
     ShowLoadedProject();
-    Message(TextNr(218, QLocale().toString(gProjekt->CountAllModules())));
+    Message(TextNr(218, NumberText(gProjekt->CountAllModules())));
 }
 
 void frmMain::LoadProject() {
@@ -210,7 +211,7 @@ void frmMain::RunCalls() {
         Tote_Objekte_Markieren(*gProjekt, tree_);
         int really = 0, mayBe = 0;
         gProjekt->calls.ForEach([&](const clsCall& call) { ++(call.Type() == CallType::MayBe ? mayBe : really); });
-        Message(TextNr(220, QLocale().toString(really), QLocale().toString(mayBe)));
+        Message(TextNr(220, NumberText(really), NumberText(mayBe)));
     }
     // Every pane shows the node anew, though it is the same.
     code_.Forget();
@@ -297,32 +298,31 @@ void frmMain::WriteReports(const std::string& operation) {
 
 void frmMain::ShowCounts() {
     const bool open = gProjekt != nullptr;
-    const QLocale locale;
-    const std::array<QString, 5> texts =
-        open ? std::array<QString, 5>{WithValue(54, ToQString(gProjekt->TimeForStructure)),
-                                      callsRead_ ? WithValue(55, ToQString(gProjekt->TimeForCalls)) : QString(),
-                                      WithValue(56, locale.toString(gProjekt->AnzCodeZeilen)),
-                                      WithValue(83, locale.toString(gProjekt->AnzCommentZeilen)),
-                                      WithValue(84, locale.toString(gProjekt->AnzBlankZeilen))}
-             : std::array<QString, 5>{};
-    for (std::size_t i = 0; i < counts_.size(); ++i) {
-        counts_[i]->setText(texts[i]);
-        counts_[i]->setVisible(!texts[i].isEmpty());
+    QStringList texts;
+    if (open) {
+        const QString none(QChar(0x2013));
+        texts = {WithValue(54, ToQString(gProjekt->TimeForStructure)),
+                 WithValue(55, callsRead_ ? ToQString(gProjekt->TimeForCalls) : none),
+                 WithValue(57, NumberText(gProjekt->CountAllModules())),
+                 WithValue(56, NumberText(gProjekt->AnzCodeZeilen)),
+                 WithValue(83, NumberText(gProjekt->AnzCommentZeilen)),
+                 WithValue(84, NumberText(gProjekt->AnzBlankZeilen))};
     }
+    counts_->Show(texts);
 }
 
 void frmMain::ShowProblemCount() {
     const std::size_t count = Problems().size();
     problemCount_->setVisible(count > 0);
-    const QString text = count == 1 ? TextNr(226) : TextNr(225, QString::number(count));
+    const QString text = count == 1 ? TextNr(226) : TextNr(225, NumberText(static_cast<qlonglong>(count)));
     problemCount_->setText(text);
     problemCount_->setToolTip(TextNr(242));
     problemCount_->setAccessibleName(text);
 }
 
 void frmMain::Message(const QString& text) {
-    message_->setText(text);
-    message_->setToolTip(text);
+    message_->SetText(text);
+    FitMessage();
 }
 
 void frmMain::Diagnosis() {
@@ -335,9 +335,10 @@ void frmMain::Activate_Commands() {
     for (const char* key : {"CloseProject", "ReportStructure", "ReportCalls", "ReportDeaths", "ContentCode",
                             "SplitForContent", "SplitForCalls", "SplitX", "SplitY", "CollapseAll", "CheckBoxOn",
                             "Search", "Refresh", "Calls", "ZoomPlus", "ZoomMinus", "ZoomNo", "CheckBoxAll",
-                            "CheckBoxNone"})
+                            "CheckBoxNone", "CopyName", "CopyCodePath", "CopyAsText"})
         command[key].setEnabled(open);
     mnuReports_->setEnabled(open);
+    mnuCopy_->setEnabled(open);
     // The second pass runs with the load, and there is nothing that these could do.
     for (const char* key : {"Structure", "CallsModule", "Uses", "UsesShow", "ContentGraph", "ContentChart"})
         command[key].setEnabled(false);
@@ -387,14 +388,27 @@ void frmMain::Activate_Checked() {
 void frmMain::ShowWhyDisabled() {
     for (QAction* action : commands_->All()) {
         const QString plain = Commands::PlainTip(*action);
-        const QString name = action->objectName();
-        const bool later = name == QStringLiteral("ContentGraph") || name == QStringLiteral("ContentChart") ||
-                           name == QStringLiteral("DeleteObject");
-        QString why;
-        if (!action->isEnabled() && !gProjekt)
-            why = TextNr(159);
-        else if (later)
-            why = TextNr(236);
+        const QString why = action->isEnabled() ? QString() : WhyDisabled(*action);
         action->setToolTip(why.isEmpty() ? plain : plain + QLatin1Char('\n') + why);
     }
+}
+
+QString frmMain::WhyDisabled(const QAction& action) const {
+    const QString name = action.objectName();
+    const auto isOneOf = [&name](std::initializer_list<const char*> keys) {
+        return std::any_of(keys.begin(), keys.end(), [&name](const char* key) { return name == QLatin1String(key); });
+    };
+    if (isOneOf({"ContentGraph", "ContentChart", "DeleteObject"}))
+        return TextNr(236);
+    if (!gProjekt)
+        return TextNr(159);
+    if (isOneOf({"Structure"}))
+        return TextNr(247);
+    if (isOneOf({"NavPrev", "NavNext"}))
+        return TextNr(246);
+    if (isOneOf({"NextPlace", "PreviousPlace"}))
+        return TextNr(248);
+    if (isOneOf({"CalledByReally", "CalledByMaybe", "CallsReally", "CallsMaybe"}))
+        return TextNr(!selection_.CurObject ? 243 : !callsRead_ ? 244 : 245);
+    return isOneOf({"CallsOfModule"}) ? TextNr(243) : QString();
 }

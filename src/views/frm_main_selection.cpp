@@ -1,8 +1,6 @@
 // From a selected node to what every pane shows, and from a place in the code back to a node.
 #include "views/frm_main.h"
 
-#include <QLabel>
-
 #include "display/dependency_trees.h"
 #include "display/object_text.h"
 #include "display/tree_checks.h"
@@ -15,6 +13,7 @@
 #include "views/baum_view.h"
 #include "views/code_view.h"
 #include "views/commands.h"
+#include "views/icons.h"
 #include "views/object_tip.h"
 #include "views/path_line.h"
 #include "views/properties_grid.h"
@@ -60,7 +59,7 @@ void frmMain::Activate_BaumProjekt_Node(BaumNode* node) {
     } else if (NeedsDependencies(selection_, last_)) {
         Show_Dependencies();
     }
-    rtbCodePath_->Show(CodePath_Anzeigen(selection_));
+    rtbCodePath_->Show(CodePath_Anzeigen(selection_), IconFor(node->Image()));
     commands_->SetImage("CallsModule", callsRead_ ? "CallsRead" : "CallsReadNot");
     Activate_Commands();
     last_ = Set_LastObjects(selection_);
@@ -192,6 +191,7 @@ void frmMain::ShowRecord(const NavigationList::Record& record) {
 void frmMain::ShowNavigation() {
     (*commands_)["NavPrev"].setEnabled(gProjekt && navigation_.NavPrevEnabled());
     (*commands_)["NavNext"].setEnabled(gProjekt && navigation_.NavNextEnabled());
+    ShowWhyDisabled();
 }
 
 void frmMain::ToggleCheckBoxes(bool on) {
@@ -213,7 +213,7 @@ void frmMain::BaumProjekt_NodeChecked(const std::string& key, bool) {
     const CheckAnswer answer = NodeCheck(*gProjekt, tree_, *node);
     if (answer.current) {
         Set_GlobalObjects_fromNode(selection_, key);
-        rtbCodePath_->Show(CodePath_Anzeigen(selection_));
+        rtbCodePath_->Show(CodePath_Anzeigen(selection_), IconFor(node->Image()));
     }
     if (answer.effect == CheckEffect::ShowGroup)
         Show_Dependencies_Group();

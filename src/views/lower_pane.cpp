@@ -15,11 +15,20 @@ LowerPane::LowerPane(Baum& collected, QWidget* parent)
     addTab(collected_, QString());
     tabBar()->setChangeCurrentOnDrag(true);
     tabBar()->setExpanding(false);
+    // In a narrow pane names are shortened, and both tabs stay there to be dropped onto.
+    tabBar()->setUsesScrollButtons(false);
+    setElideMode(Qt::ElideRight);
+    // The tab bar takes the focus by itself: a proxy would lead the Tab key back to it, whatever comes behind.
+    setFocusProxy(nullptr);
+    setFocusPolicy(Qt::NoFocus);
 }
 
 void LowerPane::Texte() {
+    setAccessibleName(TextNr(53));
     setTabText(0, TextNr(53));
     setTabText(1, TextNr(188));
+    for (int tab = 0; tab < count(); ++tab)
+        setTabToolTip(tab, tabText(tab));
     properties_->Texte();
     collected_->SetTexte(188, 186);
     collected_->Texte();

@@ -1,7 +1,8 @@
 #include "views/main_panes.h"
 
-#include <QSplitter>
+#include <QTabBar>
 #include <QVBoxLayout>
+#include <algorithm>
 #include <array>
 
 #include "platform/settings_file.h"
@@ -34,7 +35,7 @@ MainPanes::MainPanes(const Panes& panes, QWidget* parent)
       contentY_(new FoldSplitter(Qt::Vertical, this)),
       callsX_(new FoldSplitter(Qt::Horizontal, this)),
       callsY_(new FoldSplitter(Qt::Vertical, this)),
-      callsLower_(new QSplitter(Qt::Horizontal, this)),
+      callsLower_(new FoldSplitter(Qt::Horizontal, this, false)),
       contentColumn_(new QWidget(this)),
       outer_(new QVBoxLayout(this)) {
     for (QWidget* pane :
@@ -54,7 +55,6 @@ MainPanes::MainPanes(const Panes& panes, QWidget* parent)
         splitter->hide();
         connect(splitter, &FoldSplitter::FoldedChanged, this, &MainPanes::FoldsChanged);
     }
-    callsLower_->setChildrenCollapsible(false);
     callsLower_->hide();
     outer_->setSpacing(kContentMargin);
 }
@@ -108,8 +108,37 @@ void MainPanes::Arrange() {
     contentColumn_->show();
     panes_.tree->show();
     panes_.path->show();
+    OrderTabs();
     Texte();
     PlaceAll();
+}
+
+// The Tab key goes as the eye does: from left to right, from top to bottom, each bar behind what stands before it.
+void MainPanes::OrderTabs() {
+    QList<QWidget*> order;
+    const auto add = [&order](QWidget* pane) {
+        QList<QWidget*> inside = pane->findChildren<QWidget*>();
+        inside.prepend(pane);
+        // Tabs stand above their pages, but are made later.
+        std::stable_partition(inside.begin(), inside.end(),
+                              [](QWidget* child) { return qobject_cast<QTabBar*>(child) != nullptr; });
+        for (QWidget* widget : inside)
+            if (widget->focusPolicy() & Qt::TabFocus)
+                order.append(widget);
+    };
+    if (IsCalls()) {
+        for (QWidget* pane : {panes_.path, panes_.calledBy, static_cast<QWidget*>(callsX_->handle(1)), panes_.tree,
+                              static_cast<QWidget*>(callsX_->handle(2)), panes_.calls,
+                              static_cast<QWidget*>(callsY_->handle(1)), panes_.content,
+                              static_cast<QWidget*>(callsLower_->handle(1)), panes_.lower})
+            add(pane);
+    } else {
+        for (QWidget* pane : {panes_.tree, static_cast<QWidget*>(contentY_->handle(1)), panes_.lower,
+                              static_cast<QWidget*>(contentX_->handle(1)), panes_.path, panes_.content})
+            add(pane);
+    }
+    for (qsizetype i = 1; i < order.size(); ++i)
+        setTabOrder(order[i - 1], order[i]);
 }
 
 void MainPanes::showEvent(QShowEvent* event) {
@@ -133,11 +162,13 @@ void MainPanes::PlaceAll() {
         const int room = sideways ? width() : height();
         int place = ToPixels(LeadingNumber(stored_.*bar.place));
         const int left = static_cast<int>(width() / kTreeShare);
+        const int besides = room - 2 * (kCallsMargin + callsX_->handleWidth());
         if (place <= 0)
-            place = calls ? (sideways ? (room - left) / 2 : room * 2 / 5) : (sideways ? room * 3 / 10 : room * 2 / 3);
+            place = calls ? (sideways ? (besides - left) / 2 : room * 2 / 5)
+                          : (sideways ? room * 3 / 10 : room * 2 / 3);
         bar.splitter->SetFolded(false);
         if (bar.splitter == callsX_)
-            callsX_->setSizes({place, std::max(kSmallestTree, room - 2 * place), place});
+            callsX_->setSizes({place, std::max(kSmallestTree, besides - 2 * place), place});
         else
             bar.splitter->SetPlace(place);
         bar.splitter->SetFolded(stored_.*bar.hide == "1");
@@ -182,8 +213,8 @@ void MainPanes::Store(WindowSize& size) const {
 }
 
 void MainPanes::Texte() {
-    for (FoldSplitter* splitter : {contentX_, callsX_})
-        splitter->SetFoldText(TextNr(196));
+    for (FoldSplitter* splitter : {contentX_, callsX_, callsLower_})
+        splitter->SetTexte(TextNr(196), TextNr(250));
     for (FoldSplitter* splitter : {contentY_, callsY_})
-        splitter->SetFoldText(TextNr(197));
+        splitter->SetTexte(TextNr(197), TextNr(250));
 }

@@ -10,7 +10,6 @@
 #include "shell/settings.h"
 
 class FoldSplitter;
-class QSplitter;
 class QVBoxLayout;
 
 class MainPanes final : public QWidget {
@@ -49,11 +48,12 @@ protected:
 private:
     [[nodiscard]] bool IsCalls() const { return gSplitMode == "Calls"; }
     void PlaceAll();
+    void OrderTabs();
 
     Panes panes_;
     FoldSplitter *contentX_, *contentY_;  // of the arrangement "Content"
     FoldSplitter *callsX_, *callsY_;
-    QSplitter* callsLower_;  // content and properties in "Calls"
+    FoldSplitter* callsLower_;  // content and properties in "Calls"
     QWidget* contentColumn_;  // path line and content
     QVBoxLayout* outer_;
     WindowSize stored_;

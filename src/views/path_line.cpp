@@ -1,14 +1,18 @@
 #include "views/path_line.h"
 
 #include <QFocusEvent>
+#include <QPainter>
 #include <QStyle>
 #include <QStyleOptionFrame>
 
 #include "views/qt_text.h"
+#include "views/window_style.h"
 
 namespace {
 enum TextNumber { TextPath = 173 };
-}
+
+constexpr int kGap = 4;  // beside the icon
+}  // namespace
 
 PathLine::PathLine(QWidget* parent) : QLineEdit(parent) {
     setObjectName(QStringLiteral("rtbCodePath"));
@@ -24,10 +28,13 @@ PathLine::PathLine(QWidget* parent) : QLineEdit(parent) {
 
 void PathLine::Texte() {
     setAccessibleName(TextNr(TextPath));
+    setPlaceholderText(TextNr(TextPath));
 }
 
-void PathLine::Show(std::string_view bytes) {
+void PathLine::Show(std::string_view bytes, const QIcon& icon) {
     whole_ = ToQString(bytes);
+    icon_ = icon;
+    setTextMargins(icon_.isNull() ? 0 : IconSize() + kGap, 0, 0, 0);
     setToolTip(whole_);
     Fit();
 }
@@ -41,9 +48,30 @@ void PathLine::Fit() {
     QStyleOptionFrame option;
     initStyleOption(&option);
     // The line edit keeps two pixels free on both sides of its text.
-    const int room = style()->subElementRect(QStyle::SE_LineEditContents, &option, this).width() - 6;
+    const int room =
+        style()->subElementRect(QStyle::SE_LineEditContents, &option, this).width() - 6 - textMargins().left();
     setText(fontMetrics().elidedText(whole_, Qt::ElideMiddle, room));
     setCursorPosition(0);
+}
+
+QSize PathLine::sizeHint() const {
+    return {QLineEdit::sizeHint().width(), HeadHeight(*this)};
+}
+
+QSize PathLine::minimumSizeHint() const {
+    return {QLineEdit::minimumSizeHint().width(), HeadHeight(*this)};
+}
+
+int PathLine::IconSize() const {
+    return style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
+}
+
+void PathLine::paintEvent(QPaintEvent* event) {
+    QLineEdit::paintEvent(event);
+    if (icon_.isNull())
+        return;
+    QPainter painter(this);
+    icon_.paint(&painter, QRect(2, (height() - IconSize()) / 2, IconSize(), IconSize()));
 }
 
 void PathLine::resizeEvent(QResizeEvent* event) {

@@ -2,6 +2,7 @@
 // the whole stands there as soon as somebody goes into it.
 #pragma once
 
+#include <QIcon>
 #include <QLineEdit>
 #include <string_view>
 
@@ -12,11 +13,16 @@ public:
     explicit PathLine(QWidget* parent = nullptr);
 
     /// @param bytes  as in the sources
-    void Show(std::string_view bytes);
+    /// @param icon   of what the path leads to; stands before it
+    void Show(std::string_view bytes, const QIcon& icon = {});
     [[nodiscard]] const QString& Whole() const { return whole_; }
     void Texte();
 
+    [[nodiscard]] QSize sizeHint() const override;
+    [[nodiscard]] QSize minimumSizeHint() const override;
+
 protected:
+    void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
@@ -25,5 +31,8 @@ protected:
 private:
     void Fit();
 
+    [[nodiscard]] int IconSize() const;
+
     QString whole_;
+    QIcon icon_;
 };

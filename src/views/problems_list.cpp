@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QSortFilterProxyModel>
 #include <QStackedWidget>
 #include <QStyledItemDelegate>
@@ -132,9 +133,9 @@ ProblemsList::ProblemsList(QWidget* parent)
     layout->addWidget(whole_);
     layout->addLayout(buttons);
     const int character = fontMetrics().averageCharWidth();
-    resize(130 * character, 28 * fontMetrics().lineSpacing());
-    table_->setColumnWidth(ProblemsModel::What, 46 * character);
-    table_->setColumnWidth(ProblemsModel::Where, 36 * character);
+    resize(QSize(130 * character, 28 * fontMetrics().lineSpacing()).boundedTo(screen()->availableSize() * 0.9));
+    table_->setColumnWidth(ProblemsModel::What, width() * 46 / 130);
+    table_->setColumnWidth(ProblemsModel::Where, width() * 36 / 130);
 
     connect(cmdClose_, &QPushButton::clicked, this, &QDialog::close);
     connect(cmdCopy_, &QPushButton::clicked, this, [this] { CopyTable(*table_); });

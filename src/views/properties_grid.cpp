@@ -63,7 +63,6 @@ PropertiesGrid::PropertiesGrid(QWidget* parent)
     layout->setSpacing(2);
     layout->addWidget(labEigenschaften_);
     layout->addWidget(grid_, 1);
-    setFocusProxy(grid_);
     Texte();
 }
 

@@ -3,6 +3,7 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QLibraryInfo>
+#include <QLocale>
 #include <QTranslator>
 
 #include "platform/code_page.h"
@@ -23,6 +24,10 @@ QString LanguageText(std::string_view bytes) {
 
 QString TextNr(int nr) {
     return LanguageText(gText.TextNr(nr));
+}
+
+QString NumberText(qlonglong number) {
+    return QLocale(gText.Language == "german" ? QLocale::German : QLocale::English).toString(number);
 }
 
 QString ToPath(std::string_view path) {

@@ -16,6 +16,9 @@
 /// A text of the language files that comes through a port.
 [[nodiscard]] QString LanguageText(std::string_view bytes);
 
+/// A number with the separators of the program's language.
+[[nodiscard]] QString NumberText(qlonglong number);
+
 /// A path of the program as Qt has it, and back: the bytes of the file system.
 [[nodiscard]] QString ToPath(std::string_view path);
 [[nodiscard]] std::string FromPath(const QString& path);

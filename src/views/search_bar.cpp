@@ -70,7 +70,8 @@ public:
         QRect rest = option.rect.adjusted(kMargin, kMargin, -kMargin, -kMargin);
         const QRect iconPlace =
             QStyle::alignedRect(option.direction, Qt::AlignLeft | Qt::AlignTop, QSize(iconSize, iconSize), rest);
-        qvariant_cast<QIcon>(index.data(Qt::DecorationRole)).paint(painter, iconPlace);
+        qvariant_cast<QIcon>(index.data(Qt::DecorationRole))
+            .paint(painter, iconPlace, Qt::AlignCenter, selected ? QIcon::Selected : QIcon::Normal);
         rest.adjust(iconSize + kMargin, 0, 0, 0);
 
         painter->setPen(text);
@@ -172,7 +173,6 @@ SearchBar::SearchBar(QWidget* parent)
     field_->setClearButtonEnabled(true);
     field_->addAction(IconFor("Search"), QLineEdit::LeadingPosition);
     field_->installEventFilter(this);
-    setFocusProxy(field_);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->addWidget(field_);
@@ -242,7 +242,7 @@ void SearchBar::Search() {
     view_->setVisible(shown > 0);
     foot_->setVisible(static_cast<std::size_t>(shown) < search_.Found() || shown == 0);
     foot_->setText(shown == 0 ? TextNr(112, typed)
-                              : TextNr(113, QString::number(shown), QString::number(search_.Found())));
+                              : TextNr(113, NumberText(shown), NumberText(static_cast<qlonglong>(search_.Found()))));
     if (shown > 0)
         Select(0);
     else
@@ -285,6 +285,7 @@ void SearchBar::Choose(const QModelIndex& index) {
         return;
     const std::string codePath = hit->object->CodePath();
     Close();
+    field_->setCursorPosition(0);  // in a narrow field the beginning says more
     GiveFocusBack();
     Q_EMIT ObjectChosen(codePath);
 }

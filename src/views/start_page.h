@@ -1,7 +1,7 @@
 // What the empty window shows: an invitation to open a project, and the projects opened last.
 #pragma once
 
-#include <QWidget>
+#include <QScrollArea>
 #include <string>
 #include <vector>
 
@@ -9,7 +9,10 @@ class QLabel;
 class QPushButton;
 class QVBoxLayout;
 
-class StartPage final : public QWidget {
+/// A project that was open before, on two lines: the name of its file, and the folder.
+class RecentButton;
+
+class StartPage final : public QScrollArea {
     Q_OBJECT
 
 public:
@@ -27,13 +30,17 @@ Q_SIGNALS:
     void OpenClicked();
     void RecentChosen(const std::string& path);
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
+    void ApplyFonts();
+
     QLabel* title_;
     QLabel* symbol_;
     QPushButton* open_;
     QLabel* hint_;
     QLabel* recentTitle_;
     QVBoxLayout* list_;
-    std::vector<QPushButton*> buttons_;
-    std::vector<bool> exists_;
+    std::vector<RecentButton*> buttons_;
 };

@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QLayout>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -11,13 +12,16 @@
 #include "views/commands.h"
 #include "views/qt_text.h"
 #include "views/search_bar.h"
+#include "views/window_style.h"
 
 namespace {
 
+// Without margins, so that what stands above the trees is as high as the search field and the path line beside it.
 QToolBar* SmallToolbar(QWidget* parent) {
     auto* toolbar = new QToolBar(parent);
     toolbar->setIconSize(QSize(16, 16));
     toolbar->setMovable(false);
+    toolbar->layout()->setContentsMargins(0, 0, 0, 0);
     return toolbar;
 }
 
@@ -35,7 +39,7 @@ ProjectPane::ProjectPane(Baum& tree, Commands& commands, QWidget* parent)
     for (const char* key : {"CheckBoxOn", "CheckBoxAll", "CheckBoxNone", "CollapseAll"})
         ToolbarPrTrw->addAction(&commands[key]);
     auto* top = new QHBoxLayout;
-    top->setContentsMargins(0, 0, 0, 0);
+    top->addStrut(HeadHeight(*this));
     top->setSpacing(4);
     top->addWidget(search_, 1);
     top->addWidget(ToolbarPrTrw);
@@ -62,6 +66,7 @@ DependencyPane::DependencyPane(Baum& tree, Commands& commands, std::string_view 
     caption_->setFont(bold);
     caption_->setMinimumWidth(1);
     auto* top = new QHBoxLayout;
+    top->addStrut(HeadHeight(*this));
     top->setContentsMargins(4, 0, 0, 0);
     top->addWidget(caption_, 1);
     top->addWidget(toolbar_);

@@ -1,6 +1,13 @@
 #include "views/window_style.h"
 
+#include <QWidget>
+#include <algorithm>
+
 #include "views/icons.h"
+
+int HeadHeight(const QWidget& widget) {
+    return std::max(widget.fontMetrics().height() + 11, 28);
+}
 
 WindowStyle::WindowStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 

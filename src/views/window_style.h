@@ -4,6 +4,9 @@
 
 #include <QProxyStyle>
 
+/// Height of what stands above a pane: search field, captions, path. One for all, so that the panes begin on one line.
+[[nodiscard]] int HeadHeight(const QWidget& widget);
+
 class WindowStyle final : public QProxyStyle {
     Q_OBJECT
 

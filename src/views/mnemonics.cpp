@@ -1,0 +1,67 @@
+// Which text gets which letter is a matching. Going through the texts and taking the first letter that is free would
+// leave long menus with items that find none; so a text that comes late may send an earlier one to another letter. All
+// go for letters that begin words first, and those that got none of these then go for any.
+#include "views/mnemonics.h"
+
+#include <QHash>
+#include <functional>
+#include <vector>
+
+namespace {
+
+enum class Wish { WordBegins, AnyLetter };
+
+// Places of letters in the order of liking.
+std::vector<qsizetype> Places(const QString& text, const QSet<QChar>& taken, Wish wish) {
+    std::vector<qsizetype> begins, others;
+    for (qsizetype at = 0; at < text.size(); ++at)
+        if (text[at].isLetterOrNumber() && !taken.contains(text[at].toLower()))
+            (at == 0 || text[at - 1].isSpace() ? begins : others).push_back(at);
+    if (wish == Wish::AnyLetter)
+        begins.insert(begins.end(), others.begin(), others.end());
+    return begins;
+}
+
+}  // namespace
+
+QStringList WithLetters(QStringList texts, QSet<QChar>& taken) {
+    for (QString& text : texts)
+        text.remove(QLatin1Char('&'));
+    const QSet<QChar> elsewhere = taken;
+    QHash<QChar, qsizetype> owners;
+    std::vector<qsizetype> chosen(static_cast<std::size_t>(texts.size()), -1);
+    const auto placeOf = [&chosen](qsizetype text) -> qsizetype& { return chosen[static_cast<std::size_t>(text)]; };
+    for (const Wish wish : {Wish::WordBegins, Wish::AnyLetter}) {
+        QSet<QChar> tried;
+        const std::function<bool(qsizetype)> give = [&](qsizetype text) {
+            const std::vector<qsizetype> places = Places(texts[text], elsewhere, wish);
+            // What is free is taken before anybody is asked to move.
+            for (const bool mayMove : {false, true})
+                for (const qsizetype at : places) {
+                    const QChar wanted = texts[text][at].toLower();
+                    if (owners.contains(wanted)) {
+                        if (!mayMove || tried.contains(wanted))
+                            continue;
+                        tried.insert(wanted);
+                        if (!give(owners.value(wanted)))
+                            continue;
+                    }
+                    owners.insert(wanted, text);
+                    placeOf(text) = at;
+                    return true;
+                }
+            return false;
+        };
+        for (qsizetype text = 0; text < texts.size(); ++text) {
+            tried.clear();
+            if (placeOf(text) < 0)
+                give(text);
+        }
+    }
+    for (qsizetype text = 0; text < texts.size(); ++text)
+        if (const qsizetype at = placeOf(text); at >= 0) {
+            taken.insert(texts[text][at].toLower());
+            texts[text].insert(at, QLatin1Char('&'));
+        }
+    return texts;
+}

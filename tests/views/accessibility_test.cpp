@@ -1,0 +1,195 @@
+// The main window for people who hear it or work without a mouse.
+#include <gmock/gmock.h>
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QLineEdit>
+#include <QMenuBar>
+#include <QTableWidget>
+#include <QTest>
+#include <set>
+
+#include "display/recent_projects.h"
+#include "model/clsProjekt.h"
+#include "platform/settings_file.h"
+#include "platform/temp_directory.h"
+#include "views/baum_view.h"
+#include "views/code_view.h"
+#include "views/commands.h"
+#include "views/fold_splitter.h"
+#include "views/frm_main.h"
+#include "views/main_panes.h"
+#include "views/mnemonics.h"
+#include "views/path_line.h"
+#include "views/properties_grid.h"
+#include "views/qt_text.h"
+#include "views/search_bar.h"
+#include "window_texts.h"
+
+namespace {
+
+class AccessibleWindow : public WindowTest {
+protected:
+    AccessibleWindow() : settings_(files_, directory_.Path("Ostrivane.ini")) {
+        gIniFile = settings_.Path();
+        AddRecentProject(settings_, directory_.Path("gone & lost.vbp"));
+        AddRecentProject(settings_, kSample);
+        window_ = std::make_unique<frmMain>(files_, settings_, ProgramDirectory());
+        window_->resize(1024, 700);
+        window_->show();
+        QApplication::processEvents();
+    }
+
+    // Runs over the empty window and both arrangements in both languages.
+    template <class Check>
+    void InEveryState(Check check) {
+        for (const char* state : {"empty", "content", "calls"}) {
+            if (state == std::string("content"))
+                window_->OpenProject(kSample);
+            if (state == std::string("calls"))
+                window_->Split_For_Calls();
+            for (const char* language : {"english", "german"}) {
+                SCOPED_TRACE(std::string(state) + ", " + language);
+                Speak(language);
+                window_->frmMainTexte();
+                QApplication::processEvents();
+                check();
+            }
+        }
+    }
+
+    static void CheckMenu(const QList<QAction*>& items) {
+        std::set<QChar> letters;
+        for (const QAction* item : items) {
+            if (item->isSeparator() || !item->isVisible())
+                continue;
+            const std::string text = item->text().toStdString();
+            const qsizetype mark = item->text().indexOf(QLatin1Char('&'));
+            EXPECT_GE(mark, 0) << text;
+            if (mark >= 0) {
+                EXPECT_TRUE(letters.insert(item->text()[mark + 1].toLower()).second) << text;
+            }
+            EXPECT_TRUE(item->isEnabled() || item->menu() || item->toolTip().contains(QLatin1Char('\n')))
+                << text << " does not say why it is greyed";
+            if (item->menu())
+                CheckMenu(item->menu()->actions());
+        }
+    }
+
+    // What the Tab key reaches until it comes round.
+    [[nodiscard]] std::set<const QWidget*> Round() const {
+        std::set<const QWidget*> reached;
+        window_->BaumProjekt().setFocus();
+        while (window_->focusWidget() && reached.insert(window_->focusWidget()).second)
+            QTest::keyClick(window_->focusWidget(), Qt::Key_Tab);
+        return reached;
+    }
+
+    template <class Widget>
+    [[nodiscard]] Widget& Find() const {
+        return *window_->findChild<Widget*>();
+    }
+
+    const std::string kSample = OSTRIVANE_SOURCE_DIR "/samples/ToolHire/ToolHire.vbp";
+    TempDirectory directory_;
+    SettingsFile settings_;
+    std::unique_ptr<frmMain> window_;
+};
+
+TEST_F(AccessibleWindow, NamesWhateverCanBeReachedAndCutsNoText) {
+    InEveryState([this] {
+        for (const QWidget* child : window_->findChildren<QWidget*>()) {
+            const auto* button = qobject_cast<const QAbstractButton*>(child);
+            const bool isInner =
+                child->objectName().startsWith(QStringLiteral("qt_")) || child->inherits("QLineEditIconButton");
+            if (!child->isVisible() || isInner || (child->focusPolicy() == Qt::NoFocus && !button))
+                continue;
+            const std::string what = child->metaObject()->className() + (" " + child->objectName().toStdString());
+            const QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(child));
+            ASSERT_TRUE(accessible) << what;
+            EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty()) << what;
+            if (button && !button->text().isEmpty() &&
+                button->sizePolicy().horizontalPolicy() != QSizePolicy::Ignored) {
+                EXPECT_GE(child->width(), child->minimumSizeHint().width()) << what;
+            }
+        }
+        EXPECT_EQ(window_->size(), QSize(1024, 700));
+    });
+}
+
+TEST_F(AccessibleWindow, EveryMenuItemHasALetterOfItsOwnAndSaysWhyItIsGreyed) {
+    InEveryState([this] { CheckMenu(window_->menuBar()->actions()); });
+    window_->TheCommands()["CheckBoxOn"].trigger();
+    CheckMenu(window_->menuBar()->actions());
+}
+
+TEST_F(AccessibleWindow, LettersAreGivenAsLongAsThereAreAny) {
+    QSet<QChar> taken{QLatin1Char('c')};
+    EXPECT_EQ(WithLetters({QStringLiteral("ab"), QStringLiteral("bc"), QStringLiteral("a")}, taken),
+              (QStringList{QStringLiteral("&ab"), QStringLiteral("&bc"), QStringLiteral("a")}));
+    taken.clear();
+    // Words begin with better letters: the first text gives its own up for the second.
+    EXPECT_EQ(WithLetters({QStringLiteral("Recent projects"), QStringLiteral("Reports")}, taken),
+              (QStringList{QStringLiteral("Recent &projects"), QStringLiteral("&Reports")}));
+    taken.clear();
+    // With one letter more all move up to make room for the last.
+    EXPECT_EQ(WithLetters({QStringLiteral("ab"), QStringLiteral("&bc"), QStringLiteral("a")}, taken),
+              (QStringList{QStringLiteral("a&b"), QStringLiteral("b&c"), QStringLiteral("&a")}));
+}
+
+TEST_F(AccessibleWindow, TabVisitsEveryPaneAndLeavesTheCode) {
+    window_->OpenProject(kSample);
+    for (const bool calls : {false, true}) {
+        SCOPED_TRACE(calls ? "calls" : "content");
+        if (calls)
+            window_->Split_For_Calls();
+        QApplication::processEvents();
+        const MainPanes& panes = Find<MainPanes>();
+        const auto reached = Round();
+        for (const QWidget* widget : std::initializer_list<const QWidget*>{
+                 &window_->BaumProjekt(), &window_->rtbCode(), &Find<PathLine>(), &Find<PropertiesGrid>().Grid(),
+                 Find<SearchBar>().findChild<QLineEdit*>(), panes.picSplitX().handle(1), panes.picSplitY().handle(1)})
+            EXPECT_TRUE(reached.contains(widget)) << widget->metaObject()->className();
+        for (const BaumView* tree : window_->findChildren<BaumView*>())
+            EXPECT_EQ(reached.contains(tree), tree->isVisible());
+    }
+}
+
+TEST_F(AccessibleWindow, BarsMoveAndFoldByKeys) {
+    window_->OpenProject(kSample);
+    QApplication::processEvents();
+    FoldSplitter& bar = Find<MainPanes>().picSplitX();
+    const int before = bar.Place();
+    QTest::keyClick(bar.handle(1), Qt::Key_Right);
+    EXPECT_GT(bar.Place(), before);
+    QTest::keyClick(bar.handle(1), Qt::Key_Return);
+    EXPECT_TRUE(bar.Folded());
+    EXPECT_FALSE(window_->TheCommands()["SplitX"].isChecked());
+    QTest::keyClick(bar.handle(1), Qt::Key_Left);  // a folded bar stays
+    QTest::keyClick(bar.handle(1), Qt::Key_Space);
+    EXPECT_GT(bar.Place(), before);
+}
+
+TEST_F(AccessibleWindow, RecentProjectsStandInTheFileMenu) {
+    QMenu* recent = window_->menuBar()->actions().front()->menu()->actions().at(2)->menu();
+    ASSERT_TRUE(recent);
+    Q_EMIT recent->aboutToShow();
+    ASSERT_EQ(recent->actions().size(), 2);
+    EXPECT_TRUE(recent->actions()[0]->text().startsWith(QStringLiteral("&1  ToolHire.vbp")));
+    EXPECT_FALSE(recent->actions()[1]->isEnabled());
+    EXPECT_TRUE(recent->actions()[1]->text().contains(QStringLiteral("gone && lost.vbp")));
+    EXPECT_TRUE(recent->actions()[1]->toolTip().contains(TextNr(217)));
+    recent->actions()[0]->trigger();
+    EXPECT_TRUE(gProjekt);
+}
+
+TEST_F(AccessibleWindow, CopiesOfATreeStandInTheMenuToo) {
+    window_->OpenProject(kSample);
+    ASSERT_TRUE(window_->ActivateKey("modmain.main"));
+    window_->TheCommands()["CopyCodePath"].trigger();
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "modMain.Main");
+}
+
+}  // namespace
