@@ -140,7 +140,7 @@ void Commands::GiveLetters(const QList<QAction*>& actions) {
     QStringList texts;
     for (const QAction* action : actions)
         texts.append(action->text());
-    QSet<QChar> taken;
+    std::set<QChar> taken;
     texts = WithLetters(texts, taken);
     for (qsizetype i = 0; i < actions.size(); ++i)
         actions[i]->setText(texts[i]);

@@ -4,7 +4,6 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLayout>
-#include <QSet>
 #include <QTabBar>
 #include <QTabWidget>
 #include <algorithm>
@@ -14,7 +13,7 @@
 #include "views/mnemonics.h"
 
 void AssignMnemonics(QWidget& window, std::initializer_list<const QWidget*> without) {
-    QSet<QChar> taken;
+    std::set<QChar> taken;
     for (QTabBar* tabs : window.findChildren<QTabBar*>()) {
         QStringList texts;
         for (int tab = 0; tab < tabs->count(); ++tab)
@@ -23,7 +22,7 @@ void AssignMnemonics(QWidget& window, std::initializer_list<const QWidget*> with
         for (int tab = 0; tab < tabs->count(); ++tab)
             tabs->setTabText(tab, texts[tab]);
     }
-    const auto assign = [&without](const QList<QWidget*>& children, QSet<QChar>& letters) {
+    const auto assign = [&without](const QList<QWidget*>& children, std::set<QChar>& letters) {
         QStringList texts;
         std::vector<std::function<void(const QString&)>> setters;
         for (QWidget* child : children) {
@@ -56,7 +55,7 @@ void AssignMnemonics(QWidget& window, std::initializer_list<const QWidget*> with
     assign(frame, taken);
     // Only one page is seen at a time, so each begins with the letters that the frame has left.
     for (const QWidget* page : pages) {
-        QSet<QChar> letters = taken;
+        std::set<QChar> letters = taken;
         assign(page->findChildren<QWidget*>(), letters);
     }
 }

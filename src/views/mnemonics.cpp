@@ -3,8 +3,8 @@
 // go for letters that begin words first, and those that got none of these then go for any.
 #include "views/mnemonics.h"
 
-#include <QHash>
 #include <functional>
+#include <map>
 #include <vector>
 
 namespace {
@@ -12,7 +12,7 @@ namespace {
 enum class Wish { WordBegins, AnyLetter };
 
 // Places of letters in the order of liking.
-std::vector<qsizetype> Places(const QString& text, const QSet<QChar>& taken, Wish wish) {
+std::vector<qsizetype> Places(const QString& text, const std::set<QChar>& taken, Wish wish) {
     std::vector<qsizetype> begins, others;
     for (qsizetype at = 0; at < text.size(); ++at)
         if (text[at].isLetterOrNumber() && !taken.contains(text[at].toLower()))
@@ -24,15 +24,15 @@ std::vector<qsizetype> Places(const QString& text, const QSet<QChar>& taken, Wis
 
 }  // namespace
 
-QStringList WithLetters(QStringList texts, QSet<QChar>& taken) {
+QStringList WithLetters(QStringList texts, std::set<QChar>& taken) {
     for (QString& text : texts)
         text.remove(QLatin1Char('&'));
-    const QSet<QChar> elsewhere = taken;
-    QHash<QChar, qsizetype> owners;
+    const std::set<QChar> elsewhere = taken;
+    std::map<QChar, qsizetype> owners;
     std::vector<qsizetype> chosen(static_cast<std::size_t>(texts.size()), -1);
     const auto placeOf = [&chosen](qsizetype text) -> qsizetype& { return chosen[static_cast<std::size_t>(text)]; };
     for (const Wish wish : {Wish::WordBegins, Wish::AnyLetter}) {
-        QSet<QChar> tried;
+        std::set<QChar> tried;
         const std::function<bool(qsizetype)> give = [&](qsizetype text) {
             const std::vector<qsizetype> places = Places(texts[text], elsewhere, wish);
             // What is free is taken before anybody is asked to move.
@@ -43,10 +43,10 @@ QStringList WithLetters(QStringList texts, QSet<QChar>& taken) {
                         if (!mayMove || tried.contains(wanted))
                             continue;
                         tried.insert(wanted);
-                        if (!give(owners.value(wanted)))
+                        if (!give(owners.at(wanted)))
                             continue;
                     }
-                    owners.insert(wanted, text);
+                    owners[wanted] = text;
                     placeOf(text) = at;
                     return true;
                 }

@@ -126,7 +126,7 @@ TEST_F(AccessibleWindow, EveryMenuItemHasALetterOfItsOwnAndSaysWhyItIsGreyed) {
 }
 
 TEST_F(AccessibleWindow, LettersAreGivenAsLongAsThereAreAny) {
-    QSet<QChar> taken{QLatin1Char('c')};
+    std::set<QChar> taken{QLatin1Char('c')};
     EXPECT_EQ(WithLetters({QStringLiteral("ab"), QStringLiteral("bc"), QStringLiteral("a")}, taken),
               (QStringList{QStringLiteral("&ab"), QStringLiteral("&bc"), QStringLiteral("a")}));
     taken.clear();
