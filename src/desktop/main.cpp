@@ -1,15 +1,19 @@
 // The desktop program: the program-wide state, the window, and the loop of events.
 #include <QApplication>
+#include <QFileInfo>
 
 #include "platform/files.h"
 #include "platform/memory.h"
+#include "platform/registry.h"
 #include "platform/settings_file.h"
 #include "project/start.h"
+#include "shell/operations.h"
 #include "shell/program.h"
 #include "shell/settings.h"
 #include "views/frm_main.h"
 #include "views/icons.h"
 #include "views/qt_text.h"
+#include "views/questions.h"
 #include "views/window_style.h"
 
 int main(int argc, char** argv) {
@@ -24,7 +28,11 @@ int main(int argc, char** argv) {
     const std::string programDirectory = GetAppPathWithSlash();
     gIniFile = SettingsPath(programDirectory, kIniFileName);
     SettingsFile settings(files, gIniFile);
-    StartProgram(files, settings, nullptr, programDirectory);
+    // What other systems keep in their registry stands in a file beside the settings.
+    const std::string directory = QFileInfo(ToPath(gIniFile)).absolutePath().toStdString();
+    FileRegistry registry(files, directory + "/Ostrivane.registry");
+    SetMessagePort([](std::string_view text) { ShowMessage(nullptr, LanguageText(text)); });
+    StartProgram(files, settings, &registry, programDirectory);
 
     frmMain window(files, settings, programDirectory);
     window.show();

@@ -102,6 +102,8 @@ def main():
             settings = (home / "Ostrivane.ini").read_bytes()
             if b"ToolHire" not in settings or b"SplitX_Content=" not in settings:
                 sys.exit("the settings were not stored")
+            if b"Version" not in (home / "Ostrivane.registry").read_bytes():
+                sys.exit("the version was not recorded")
         finally:
             program.kill()
 
