@@ -17,6 +17,7 @@
 #include "model/clsType.h"
 #include "model/clsVariable.h"
 #include "model/names.h"
+#include "platform/code_page.h"
 #include "project/project_file.h"
 #include "project/start.h"
 #include "shell/errors.h"
@@ -44,9 +45,16 @@ inline void RequirePlaced(const CodeObject& object, Pos textEnd) {
 inline void RequireSound(const clsModul& modul) {
     const ModuleText& text = *modul.text;
     const Pos end = text.CharCount() + 1;
-    Require(text.ModulText().size() == text.ModulTextOrg().size(), "both spellings have one length");
+    Require(text.ModulText() == LowerCase(text.ModulTextOrg()), "both spellings have one length and the same letters");
     Require(modul.BeginnVarBereich <= end && modul.BeginnProcBereich <= end, "sections lie inside the text");
     const TokenTable& tokens = *modul.tokens;
+    Require(modul.TokNrBeginnVarBereich <= tokens.Count() + 1 && modul.TokNrBeginnProcBereich <= tokens.Count() + 1,
+            "sections begin at a token or behind the last");
+    int statementNr = 1;
+    for (const Token& token : tokens.All()) {
+        Require(token.statementNr == statementNr || token.statementNr == statementNr + 1, "no statement is left out");
+        statementNr = token.statementNr;
+    }
     for (int nr = 1; nr <= tokens.Count(); ++nr)
         Require(
             tokens.PosOf(nr) >= std::max(tokens.PosOf(nr - 1), 1) && tokens.LenOf(nr) > 0 && tokens.EndOf(nr) <= end,
@@ -58,8 +66,13 @@ inline void RequireSound(const clsModul& modul) {
             members = &type->MyVars;
         else if (const auto* einEnum = dynamic_cast<const clsEnum*>(object.get()))
             members = &einEnum->MyVars;
-        else if (const auto* proc = dynamic_cast<const clsProzedur*>(object.get()))
+        else if (const auto* proc = dynamic_cast<const clsProzedur*>(object.get())) {
             members = &proc->MyVars;
+            Require(std::max({proc->NamePos, proc->ArgListStart, proc->ArgListEnd}) <= end,
+                    "heads lie inside the text");
+            Require(std::max(proc->DeclareStartTNr, proc->DeclareEndTNr) <= tokens.Count() + 1,
+                    "procedures are made of tokens");
+        }
         if (members)
             for (const clsVariable* member : *members)
                 RequirePlaced(*member, end);

@@ -1,19 +1,10 @@
 #include "console/json_report.h"
 
-#include <gmock/gmock.h>
-
 #include <nlohmann/json.hpp>
 #include <sstream>
 
-#include "calls/driver.h"
-#include "findings/dead_objects.h"
-#include "support/marked.h"
-#include "support/ports.h"
-#include "support/program_state.h"
-#include "support/read_project.h"
+#include "support/project_test.h"
 
-using testing::ElementsAre;
-using testing::IsEmpty;
 using Json = nlohmann::ordered_json;
 
 namespace {
@@ -80,11 +71,11 @@ TEST_F(JsonReports, DroppedNamesakesStayOut) {
 
 TEST_F(JsonReports, ModulesLibrariesAndProblemsStandInTheOrderOfTheProjectFile) {
     ReadProject({{"P.vbp",
-                  "Name=\"P\"\r\nClass=C; C.cls\r\nModule=X; X.bas\r\nModule=A; sub\\..\\A.bas\r\nModule=A; A2.bas\r\n"
-                  "Reference=*\\G{1}#2.0#0#C:\\x.dll#The X\r\nObject={2}#1.0#0; y.ocx\r\n"},
-                 {"A.bas", "' one\r\n\r\nDim a\r\n"},
-                 {"A2.bas", "Attribute VB_Name = \"A\"\r\nDim second\r\n"},
-                 {"C.cls", "Dim c\r\n"}});
+                  "Name=\"P\"\nClass=C; C.cls\nModule=X; X.bas\nModule=A; sub\\..\\A.bas\nModule=A; A2.bas\n"
+                  "Reference=*\\G{1}#2.0#0#C:\\x.dll#The X\nObject={2}#1.0#0; y.ocx\n"},
+                 {"A.bas", "' one\n\nDim a\n"},
+                 {"A2.bas", "Attribute VB_Name = \"A\"\nDim second\n"},
+                 {"C.cls", "Dim c\n"}});
     const Json json = Written();
     ASSERT_EQ(json["modules"].size(), 2U);
     EXPECT_EQ(json["modules"][0]["codePath"], "c");
@@ -92,6 +83,9 @@ TEST_F(JsonReports, ModulesLibrariesAndProblemsStandInTheOrderOfTheProjectFile) 
         json["modules"][1].dump(),
         R"({"codePath":"a","name":"A","kind":"module","path":"p\\sub\\..\\A.bas","code":1,"comment":1,"blank":1})");
     EXPECT_THAT(Objects(json), ElementsAre("variable c.me", "variable c.c", "variable a.a"));
+    EXPECT_EQ(json["objects"][2].dump(),
+              R"({"codePath":"a.a","name":"a","kind":"variable","access":"private","type":"variant","module":"a",)"
+              R"("start":14,"end":15,"dead":0,"const":false})");
     EXPECT_EQ(json["libraries"][0].dump(),
               R"({"kind":"reference","name":"x","description":"The X","typeLibID":"{1}","version":"2.0",)"
               R"("entry":"Reference=*\\G{1}#2.0#0#C:\\x.dll#The X"})");
@@ -112,28 +106,20 @@ TEST_F(JsonReports, EdgesLeadFromTheirPlaceToTheirTarget) {
             {{P}} = 1
         End Sub
     )");
-    ReadProject({{"M.bas", vb.text}, {"K.cls", "Public m\r\n"}});
+    ReadProject({{"M.bas", vb.text}, {"K.cls", "Public m\n"}});
     EXPECT_FALSE(Written().contains("edges"));
-    Who_Calls_Who(*gProjekt);
-    Tote_Untote_Kennzeichnen(*gProjekt);
+    Analyse();
     const Json json = Written({.edges = true});
-    struct Case {
-        int line;
-        const char* kind;
-        const char* from;
-        const char* to;
-    };
-    int nr = 0;
-    for (const Case& c :
+    using Case = std::tuple<int, const char*, const char*, const char*>;
+    std::size_t nr = 0;
+    for (const auto& [line, kind, from, to] :
          {Case{1, "really", "m", "m.b"}, Case{3, "maybe", "m.p [let]", "k.m"}, Case{4, "really", "m.p [let]", "m.c"},
           Case{6, "use", "m.s", "k"}, Case{7, "really", "m.s", "m.p [let]"}}) {
         ++nr;
-        const Json edge{{"nr", nr},       {"kind", c.kind},
-                        {"from", c.from}, {"pos", vb.pos(static_cast<std::size_t>(nr))},
-                        {"line", c.line}, {"to", c.to}};
-        EXPECT_EQ(json["edges"][static_cast<std::size_t>(nr - 1)].dump(), edge.dump());
+        const Json edge{{"nr", nr}, {"kind", kind}, {"from", from}, {"pos", vb.pos(nr)}, {"line", line}, {"to", to}};
+        EXPECT_EQ(json["edges"][nr - 1].dump(), edge.dump());
     }
-    EXPECT_EQ(json["edges"].size(), 5U);
+    EXPECT_EQ(json["edges"].size(), nr);
     std::vector<std::string> dead;
     for (const Json& object : json["objects"])
         if (object["dead"] != 0)

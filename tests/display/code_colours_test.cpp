@@ -1,37 +1,14 @@
 #include "display/code_colours.h"
 
-#include <gtest/gtest.h>
-
-#include "calls/driver.h"
-#include "findings/dead_objects.h"
-#include "model/clsEnum.h"
-#include "model/clsProjekt.h"
-#include "model/clsProzedur.h"
-#include "model/clsType.h"
 #include "model/clsTypeLib.h"
-#include "model/clsVariable.h"
 #include "platform/code_page.h"
-#include "support/marked.h"
-#include "support/program_state.h"
-#include "support/read_project.h"
+#include "support/project_test.h"
 
 namespace {
 
 class CodeColours : public ProgramState {
 protected:
-    static void Analyse() {
-        Who_Calls_Who(*gProjekt);
-        Tote_Untote_Kennzeichnen(*gProjekt);
-    }
-    static CodeText Declarations(std::string_view snippet, std::string_view file = "M.bas") {
-        const clsModul& modul = ReadModule(snippet, file);
-        Analyse();
-        return ShowMe(modul);
-    }
-    static CodeText Procedure(std::string_view codePath) {
-        CodeObject* object = modMain::GetObjectFromCodePath(codePath);
-        return ShowMe(*gProjekt, static_cast<clsProzedur&>(*object));
-    }
+    static CodeText Procedure(std::string_view codePath) { return ShowMe(*gProjekt, ProcedureAt(codePath)); }
     static CodeText Procedure(std::string_view snippet, std::string_view codePath) {
         ReadModule(snippet, "M.bas");
         Analyse();
@@ -42,61 +19,51 @@ protected:
 }  // namespace
 
 TEST_F(CodeColours, DeclarationsGoByAccess) {
-    EXPECT_EQ(Declarations(R"(
+    EXPECT_EQ(ShowMe(ReadModule(R"(
         Private a As Long, b
         Public Const c = "x", d = 5
         Private Type T
             m As Long
         End Type
-        Private Enum E
-            One
-        End Enum
         Public Enum F
             Two = 2
         End Enum
         Declare Sub Api Lib "k" ()
         Private Declare Sub Hidden Lib "k" ()
-    )")
+    )"))
                   .Dump(),
-              "private:a private:b public:c string:\"x\" public:d private:T private:m private:E private:One "
-              "public:F public:Two public:Api string:\"k\" private:Hidden string:\"k\"");
+              "private:a private:b public:c string:\"x\" public:d private:T private:m public:F public:Two public:Api "
+              "string:\"k\" private:Hidden string:\"k\"");
 }
 
 TEST_F(CodeColours, DeclarationsShowWhatTheyUse) {
-    ReadProject({{"M.bas", Vb(R"(
-                      Public Type T
-                          a As U
-                      End Type
-                      Public x As T
-                      Public c As Other
-                  )")
-                               .text},
-                 {"N.bas", "Public Type U\r\n  b As Long\r\nEnd Type\r\n"},
-                 {"Other.cls", "Public Sub S()\r\nEnd Sub\r\n"}});
+    ReadProject({{"M.bas", "Public Type T\na As U\nEnd Type\nPublic x As T\nPublic c As Other\n"},
+                 {"N.bas", "Public Type U\n  b As Long\nEnd Type\n"},
+                 {"Other.cls", "Public Sub S()\nEnd Sub\n"}});
     Analyse();
     EXPECT_EQ(ShowMe(ModuleOf("m")).Dump(), "public:T public:a callOut:U public:x callIn:T public:c callOut:Other");
 }
 
-TEST_F(CodeColours, CommentsStringsAndInactiveCode) {
-    const CodeText shown = Procedure(R"(
-        Sub S()
+TEST_F(CodeColours, CommentsStringsInactiveCodeAndTheResult) {
+    // The tokeniser marks closing quotes for its own use; they are as much of the string as the opening ones.
+    EXPECT_EQ(Procedure(R"(
+        Function F(a)
             x = "a""b" ' it's "quoted"
             y = "" + "c"
             #If False Then
                 z = 1 ' gone
             #End If
-        End Sub
+            If F > 1 Then F = 2
+        End Function
     )",
-                                     "m.s");
-    // The tokeniser marks closing quotes for its own use; they are as much of the string as the opening ones.
-    EXPECT_EQ(shown.Dump(),
-              "string:\"a\"\"b\" comment:' it's \"quoted\" string:\"\" string:\"c\" hidden:#If False Then\r\n        z "
-              "= 1 ' gone\r\n    "
-              "#End If\r");
+                        "m.f")
+                  .Dump(),
+              "local:F local:a string:\"a\"\"b\" comment:' it's \"quoted\" string:\"\" string:\"c\" "
+              "hidden:#If False Then\r\n        z = 1 ' gone\r\n    #End If\r result:F result:F");
 }
 
 TEST_F(CodeColours, CallsAreTheirModulesOrOthersOrPossible) {
-    ReadProject({{"M.bas", Vb(R"(
+    ReadProject({{"M.bas", R"(
                       Public v As Long
                       Sub S(arg)
                           Dim loc
@@ -109,26 +76,16 @@ TEST_F(CodeColours, CallsAreTheirModulesOrOthersOrPossible) {
                       End Sub
                       Sub Own(a)
                       End Sub
-                  )")
-                               .text},
-                 {"N.bas", "Public w As Long\r\nPublic Type T\r\n a As Long\r\nEnd Type\r\nSub Far(a)\r\nEnd Sub\r\n"},
-                 {"C.cls", "Public Sub Member()\r\nEnd Sub\r\n"}});
+                  )"},
+                 {"N.bas", "Public w As Long\nPublic Type T\n a As Long\nEnd Type\nSub Far(a)\nEnd Sub\n"},
+                 {"C.cls", "Public Sub Member()\nEnd Sub\n"}});
     Analyse();
-    EXPECT_EQ(Procedure("m.s").Dump(),
+    EXPECT_TRUE(Procedure("m.s").localsChecked);
+    const CodeText again = Procedure("m.s");
+    EXPECT_FALSE(again.localsChecked) << "looked for once";
+    EXPECT_EQ(again.Dump(),
               "local:arg local:loc callIn:Own local:arg callOut:N callOut:Far local:loc callIn:v callOut:w local:arg "
               "maybe:Member local:t callOut:T local:o callOut:C");
-}
-
-TEST_F(CodeColours, PlacesOfTheResultStandOut) {
-    EXPECT_EQ(Procedure(R"(
-        Function F(a)
-            F = a
-            If F > 1 Then F = 2
-        End Function
-    )",
-                        "m.f")
-                  .Dump(),
-              "local:F local:a result:F local:a result:F result:F");
 }
 
 TEST_F(CodeColours, ProcedureIsShownWholeAndTellsWhereItStands) {
@@ -150,57 +107,14 @@ TEST_F(CodeColours, ProcedureIsShownWholeAndTellsWhereItStands) {
 }
 
 TEST_F(CodeColours, DeadAndUndeadProceduresStandOnGrey) {
-    ReadModule(R"(
-        Sub a()
-            b
-        End Sub
-        Sub b()
-        End Sub
-    )",
-               "F.frm");
-    Analyse();
-    EXPECT_TRUE(Procedure("f.a").onGrey);
-    EXPECT_TRUE(Procedure("f.b").onGrey);
-    ReadModule("Sub Form_Load()\n    b\nEnd Sub\nSub b()\nEnd Sub\n", "F.frm");
-    Analyse();
-    EXPECT_FALSE(Procedure("f.form_load").onGrey);
-    EXPECT_FALSE(Procedure("f.b").onGrey);
-}
-
-TEST_F(CodeColours, LocalVariablesAreLookedForOnce) {
-    ReadModule("Sub S()\n    Dim a\n    a = 1\nEnd Sub\n", "M.bas");
-    EXPECT_TRUE(Procedure("m.s").localsChecked);
-    const CodeText again = Procedure("m.s");
-    EXPECT_FALSE(again.localsChecked);
-    EXPECT_EQ(again.Dump(), "local:a local:a");
-}
-
-TEST_F(CodeColours, NamesAreFoundInTheTextThatShowsThem) {
-    clsModul& modul = ReadModule(R"(
-        Private v As Long
-        Private Type T
-            m As Long
-        End Type
-        Sub S(a)
-        End Sub
-    )",
-                                 "M.bas");
-    const CodeText declarations = ShowMe(modul);
-    const CodeText procedure = Procedure("m.s");
-    const auto marked = [](const CodeObject* object, const CodeText& shown) {
-        const auto range = NameMarkieren(*object, shown);
-        return range
-                   ? shown.text.substr(static_cast<std::size_t>(range->start), static_cast<std::size_t>(range->length))
-                   : std::string("-");
-    };
-    EXPECT_EQ(marked(modMain::GetObjectFromCodePath("m.v"), declarations), "v");
-    EXPECT_EQ(marked(modMain::GetObjectFromCodePath("m.t [type]"), declarations), "T");
-    EXPECT_EQ(marked(modMain::GetObjectFromCodePath("m.t.m"), declarations), "m");
-    EXPECT_EQ(marked(modMain::GetObjectFromCodePath("m.s"), procedure), "S");
-    EXPECT_EQ(marked(static_cast<clsProzedur*>(modMain::GetObjectFromCodePath("m.s"))->MyVars.Item("a"), procedure),
-              "a");
-    EXPECT_EQ(marked(modMain::GetObjectFromCodePath("m.s"), declarations), "-");
-    EXPECT_EQ(marked(&modul, declarations), "-");
+    for (const bool alive : {false, true}) {
+        ReadModule(alive ? "Sub Form_Load()\n    b\nEnd Sub\nSub b()\nEnd Sub\n"
+                         : "Sub a()\n    b\nEnd Sub\nSub b()\nEnd Sub\n",
+                   "F.frm");
+        Analyse();
+        EXPECT_EQ(Procedure(alive ? "f.form_load" : "f.a").onGrey, !alive);
+        EXPECT_EQ(Procedure("f.b").onGrey, !alive);
+    }
 }
 
 TEST_F(CodeColours, LibraryTellsItsFileFirst) {
@@ -209,23 +123,21 @@ TEST_F(CodeColours, LibraryTellsItsFileFirst) {
     library.InprocServer32 = "C:\\Windows\\comctl.ocx";
     library.Version = "2.0";
     EXPECT_EQ(ShowMe(library).text, "C:\\Windows\\comctl.ocx\r\n\r\nMSComctlLib\r\n2.0\r\n");
-    EXPECT_EQ(ShowMe(library).firstLine, 0);
 }
 
 TEST_F(CodeColours, LaterSelectionsCoverEarlierOnes) {
     CodePaint paint(10, 10);
-    const auto spans = [&paint] { return paint.Spans(); };
-    EXPECT_TRUE(spans().empty());
+    EXPECT_TRUE(paint.Spans().empty());
     paint.Select(12, 5, Colour::Comment);
     paint.Select(14, 1, Colour::CallIn);
     paint.Select(1, 10, Colour::Public);    // from before the stretch
     paint.Select(19, 100, Colour::Public);  // beyond its end
     paint.Select(0, 99, Colour::Private);   // no place at all
-    EXPECT_EQ(spans(), (std::vector<CodeSpan>{{0, 1, Colour::Public},
-                                              {2, 2, Colour::Comment},
-                                              {4, 1, Colour::CallIn},
-                                              {5, 2, Colour::Comment},
-                                              {9, 1, Colour::Public}}));
+    EXPECT_EQ(paint.Spans(), (std::vector<CodeSpan>{{0, 1, Colour::Public},
+                                                    {2, 2, Colour::Comment},
+                                                    {4, 1, Colour::CallIn},
+                                                    {5, 2, Colour::Comment},
+                                                    {9, 1, Colour::Public}}));
 }
 
 TEST_F(CodeColours, PageIsSettledByTheWholeModule) {

@@ -1,18 +1,9 @@
 #include "display/object_text.h"
 
-#include <gtest/gtest.h>
-
-#include "calls/driver.h"
 #include "display/selection.h"
 #include "display/shown_text.h"
-#include "findings/dead_objects.h"
-#include "model/clsProjekt.h"
-#include "model/clsProzedur.h"
-#include "platform/code_page.h"
 #include "shell/clsText.h"
-#include "support/marked.h"
-#include "support/program_state.h"
-#include "support/read_project.h"
+#include "support/project_test.h"
 
 namespace {
 
@@ -21,10 +12,6 @@ protected:
     Hover() {
         DiskFiles files;
         gText.SetLanguage(files, OSTRIVANE_SOURCE_DIR "/");
-    }
-    static void Analyse() {
-        Who_Calls_Who(*gProjekt);
-        Tote_Untote_Kennzeichnen(*gProjekt);
     }
     static std::string Of(std::string_view codePath) {
         std::string text;
@@ -37,7 +24,7 @@ protected:
 }  // namespace
 
 TEST_F(Hover, TellsKindDeclarationOwnerNeighboursAndLines) {
-    ReadProject({{"M.bas", Vb(R"(
+    ReadProject({{"M.bas", R"(
                       Public Const c As Long = 5 ' five
                       Public Type T
                           m As Long
@@ -50,11 +37,10 @@ TEST_F(Hover, TellsKindDeclarationOwnerNeighboursAndLines) {
                       End Sub
                       Private Function Work(x As T, _
                                             ByVal n As Long) As Long: End Function
-                  )")
-                               .text},
-                 {"C.cls", "Sub Go()\r\nEnd Sub\r\n"}});
+                  )"},
+                 {"C.cls", "Sub Go()\nEnd Sub\n"}});
     Analyse();
-    Check_ProcVars_Calls(*gProjekt, static_cast<clsProzedur&>(*modMain::GetObjectFromCodePath("m.main")));
+    Check_ProcVars_Calls(*gProjekt, ProcedureAt("m.main"));
     EXPECT_EQ(Of("m.work"),
               "private function M.Work|Private Function Work(x As T, ByVal n As Long) As Long: End Function|"
               "Belongs to: module M|Called by: 1 certain, 0 possible|Calls: 0 certain, 0 possible|Uses: 1|"
@@ -78,24 +64,9 @@ TEST_F(Hover, TellsKindDeclarationOwnerNeighboursAndLines) {
 }
 
 TEST_F(Hover, SaysWhyProceduresAreUndead) {
-    ReadModule(R"(
-        Sub a()
-            b
-        End Sub
-        Sub b()
-            a
-        End Sub
-        Sub c()
-            d
-        End Sub
-        Sub d()
-            e
-        End Sub
-        Sub e()
-            d
-        End Sub
-    )",
-               "M.bas");
+    ReadModuleAsItIs(
+        Replace("Sub a|b|End Sub|Sub b|a|End Sub|Sub c|d|End Sub|Sub d|e|End Sub|Sub e|d|End Sub|", "|", vbCrLf),
+        "M.bas");
     Analyse();
     const auto why = [](std::string_view path) {
         const std::string text = Of(path);
@@ -107,37 +78,25 @@ TEST_F(Hover, SaysWhyProceduresAreUndead) {
 }
 
 TEST_F(Hover, CallsBetweenTwoObjectsAreCounted) {
-    ReadProject({{"M.bas", "Sub S()\r\n  T\r\n  T\r\n  x.Go\r\nEnd Sub\r\nSub T()\r\nEnd Sub\r\n"},
-                 {"C.cls", "Sub Go()\r\nEnd Sub\r\n"}});
+    ReadProject({{"M.bas", "Sub S()\n  T\n  T\n  x.Go\nF.Show\nEnd Sub\nSub T()\nEnd Sub\n"},
+                 {"C.cls", "Sub Go()\nEnd Sub\n"},
+                 {"F.frm", "Sub X()\nEnd Sub\n"}});
     Analyse();
-    const CodeObject& caller = *modMain::GetObjectFromCodePath("m.s");
-    const CodeObject& target = *modMain::GetObjectFromCodePath("m.t");
+    const CodeObject& caller = ObjectAt("m.s");
+    const CodeObject& target = ObjectAt("m.t");
     EXPECT_EQ(CallsText(caller, target, CallType::Really), "2 certain, first in line: 2");
     EXPECT_EQ(CallsText(ModuleOf("m"), target, CallType::Really), "2 certain, first in line: 2");
     EXPECT_EQ(CallsText(caller, target, CallType::MayBe), "");
-    EXPECT_EQ(CallsText(caller, *modMain::GetObjectFromCodePath("c.go"), CallType::MayBe),
-              "1 possible, first in line: 4");
+    EXPECT_EQ(CallsText(caller, ObjectAt("c.go"), CallType::MayBe), "1 possible, first in line: 4");
+    // A form is called over its instance.
+    EXPECT_THAT(Of("f"), testing::HasSubstr("|Called by: 1 certain, 0 possible|"));
+    EXPECT_EQ(CallsText(ModuleOf("m"), ModuleOf("f"), CallType::Really), "1 certain, first in line: 5");
 }
 
-TEST_F(Hover, FormIsCalledOverItsInstance) {
-    ReadProject({{"M.bas", "Sub S()\r\n  F.Show\r\nEnd Sub\r\n"}, {"F.frm", "Sub X()\r\nEnd Sub\r\n"}});
-    Analyse();
-    EXPECT_NE(Of("f").find("|Called by: 1 certain, 0 possible|"), std::string::npos) << Of("f");
-    EXPECT_EQ(CallsText(ModuleOf("m"), ModuleOf("f"), CallType::Really), "1 certain, first in line: 2");
-}
-
-TEST_F(Hover, IsUtf8WhateverTheSourceIs) {
-    ReadModuleAsItIs(
-        "Sub Gr\xFC\xDF"
-        "e()\r\nEnd Sub\r\n",
-        "M.bas");
-    EXPECT_TRUE(Of("m.gr\xFC\xDF"
-                   "e")
-                    .starts_with("public sub M.Gr\u00FC\u00DFe|Sub Gr\u00FC\u00DFe()|"));
-    ReadModuleAsItIs("Sub L(a)\r\n" + std::string(400, ' ') + "\r\nEnd Sub\r\nPublic Sub K(" + std::string(300, 'x') +
-                         ")\r\nEnd Sub\r\n",
-                     "M.bas");
-    EXPECT_NE(Of("m.k").find("xxx\u2026|"), std::string::npos);
+TEST_F(Hover, IsUtf8WhateverTheSourceIsAndCutsLongLines) {
+    ReadModuleAsItIs("Sub \xFC()\r\nEnd Sub\r\nPublic Sub K(" + std::string(300, 'x') + ")\r\nEnd Sub\r\n", "M.bas");
+    EXPECT_THAT(Of("m.\xFC"), testing::StartsWith("public sub M.\u00FC|Sub \u00FC()|"));
+    EXPECT_THAT(Of("m.k"), testing::HasSubstr("xxx\u2026|"));
 }
 
 TEST(JoinedLines, RunOverContinuationsAndLeaveOutComments) {

@@ -1,68 +1,8 @@
 #include "display/selection.h"
 
-#include <gtest/gtest.h>
-
-#include "calls/driver.h"
-#include "model/clsControl.h"
-#include "model/clsEnum.h"
-#include "model/clsProjekt.h"
-#include "model/clsProzedur.h"
-#include "model/clsType.h"
-#include "model/clsVariable.h"
-#include "support/marked.h"
-#include "support/program_state.h"
-#include "support/read_project.h"
+#include "support/project_test.h"
 
 namespace {
-
-class Selecting : public ProgramState {
-protected:
-    static void Analyse() { Who_Calls_Who(*gProjekt); }
-
-    Selection& Select(std::string_view key) {
-        Set_GlobalObjects_fromNode(selection, key);
-        return selection;
-    }
-    CodePane::Change Show(std::string_view key) { return pane.Show_Structure(*gProjekt, Select(key)); }
-
-    // "obj=form1.x mod=form1 proc=", what is set of the current objects.
-    static std::string Dump(const Selection& selection) {
-        std::string dump;
-        const auto add = [&dump](const char* name, const CodeObject* object) {
-            if (object)
-                dump.append(dump.empty() ? "" : " ").append(name).append("=").append(object->CodePath());
-        };
-        add("obj", selection.CurObject);
-        add("mod", selection.CurModule);
-        add("proc", selection.CurProc);
-        add("var", selection.CurVar);
-        add("type", selection.CurType);
-        add("enum", selection.CurEnum);
-        add("control", selection.CurControl);
-        add("lib", selection.CurLib);
-        add("called", selection.CalledObject);
-        return dump;
-    }
-    std::string Part(const CodeRange& range) const {
-        return pane.Text().text.substr(static_cast<std::size_t>(range.start), static_cast<std::size_t>(range.length));
-    }
-    // What changed: "text m.s select S places 12:x(local)", line of the file and name of each place.
-    std::string Dump(const CodePane::Change& change) const {
-        std::string dump = change.newText ? "text " + pane.ShownPath() : std::string();
-        if (change.select)
-            dump.append(" select ").append(Part(*change.select));
-        for (const CodeSpan& place : change.places) {
-            CodeText one = pane.Text();
-            one.spans = {place};
-            dump.append(" ").append(one.Dump());
-        }
-        return dump;
-    }
-    static const CodeObject* At(std::string_view path) { return ObjectOfNode(path); }
-
-    Selection selection;
-    CodePane pane;
-};
 
 constexpr std::string_view kModule = R"(
     Public v As Long
@@ -90,34 +30,75 @@ constexpr std::string_view kModule = R"(
     End Property
 )";
 
+class Selecting : public ProgramState {
+protected:
+    Selection& Select(std::string_view key) {
+        Set_GlobalObjects_fromNode(selection, key);
+        return selection;
+    }
+    CodePane::Change Show(std::string_view key) { return pane.Show_Structure(*gProjekt, Select(key)); }
+
+    // "obj=form1.x mod=form1 proc=", what is set of the current objects.
+    static std::string Dump(const Selection& selection) {
+        std::string dump;
+        const auto add = [&dump](const char* name, const CodeObject* object) {
+            if (object)
+                dump.append(dump.empty() ? "" : " ").append(name).append("=").append(object->CodePath());
+        };
+        add("obj", selection.CurObject);
+        add("mod", selection.CurModule);
+        add("proc", selection.CurProc);
+        add("var", selection.CurVar);
+        add("type", selection.CurType);
+        add("enum", selection.CurEnum);
+        add("control", selection.CurControl);
+        add("lib", selection.CurLib);
+        add("called", selection.CalledObject);
+        return dump;
+    }
+    std::string Part(const CodeRange& range) const {
+        return std::string(Mid(pane.Text().text, range.start + 1, range.length));
+    }
+    // What changed: "text m.s select S places 12:x(local)", line of the file and name of each place.
+    std::string Dump(const CodePane::Change& change) const {
+        std::string dump = change.newText ? "text " + pane.ShownPath() : std::string();
+        if (change.select)
+            dump.append(" select ").append(Part(*change.select));
+        for (const CodeSpan& place : change.places) {
+            CodeText one = pane.Text();
+            one.spans = {place};
+            dump.append(" ").append(one.Dump());
+        }
+        return dump;
+    }
+    static std::string PathOf(const CodeObject* object) { return object ? object->CodePath() : "-"; }
+    // The module of the tests and a class.
+    static void ReadBoth() {
+        ReadProject({{"M.bas", std::string(kModule)}, {"C.cls", "Public Sub Member(): End Sub"}});
+        Analyse();
+    }
+
+    Selection selection;
+    CodePane pane;
+};
+
 }  // namespace
 
 TEST_F(Selecting, NodeDecidesAllCurrentObjects) {
     ReadModule(kModule, "M.bas");
-    struct Case {
-        const char* key;
-        const char* selection;
-    };
-    for (const Case& c :
+    using Case = std::pair<const char*, const char*>;
+    for (const auto& [key, objects] :
          {Case{"m", "obj=m mod=m"}, Case{"M.S", "obj=m.s mod=m proc=m.s"},
           Case{"m.s.x", "obj=m.s.x mod=m proc=m.s var=m.s.x"}, Case{"m.v", "obj=m.v mod=m var=m.v"},
           Case{"m.t [type]", "obj=m.t [type] mod=m type=m.t [type]"}, Case{"m.t.m", "obj=m.t.m mod=m var=m.t.m"},
-          Case{"m.e [enum]", "obj=m.e [enum] mod=m enum=m.e [enum]"},
-          Case{"m.p [get]", "obj=m.p [get] mod=m proc=m.p [get]"}, Case{"m.Private_Sub[]", "obj=m mod=m"},
+          Case{"m.e [enum]", "obj=m.e [enum] mod=m enum=m.e [enum]"}, Case{"m.Private_Sub[]", "obj=m mod=m"},
           Case{"m.gone", "mod=m"}, Case{"module[]", ""}, Case{"", ""}})
-        EXPECT_EQ(Dump(Select(c.key)), c.selection) << c.key;
+        EXPECT_EQ(Dump(Select(key)), objects) << key;
     SetCalledObject(selection, "m.s");
     EXPECT_EQ(Dump(Select("m.v")), "obj=m.v mod=m var=m.v called=m.s");
     selection = {};
     CloseProject();
     EXPECT_EQ(Dump(Select("m.v")), "");
-}
-
-TEST_F(Selecting, ControlsBelongToTheirForm) {
-    ReadModule("VERSION 5.00\nBegin VB.Form F\n  Begin VB.TextBox txt\n  End\nEnd\nPrivate a As Long\n", "F.frm");
-    EXPECT_EQ(Dump(Select("f.txt")), "obj=f.txt mod=f control=f.txt");
-    EXPECT_EQ(Dump(Show("f.txt")), "text f");  // its name stands in no code
-    EXPECT_EQ(CodePath_Anzeigen(selection), "F.txt   vb.textbox");
 }
 
 TEST_F(Selecting, DependenciesAreNeededForAnotherObjectOnly) {
@@ -157,29 +138,21 @@ TEST_F(Selecting, CodeFollowsTheObjectAndIsMadeOnce) {
 }
 
 TEST_F(Selecting, PlacesOfACallStandInTheTextOfTheCaller) {
-    ReadProject({{"M.bas", Vb(kModule).text}, {"C.cls", "Public Sub Member()\r\nEnd Sub\r\n"}});
-    Analyse();
-    auto& caller = static_cast<clsProzedur&>(*modMain::GetObjectFromCodePath("m.s"));
-    auto& other = static_cast<clsProzedur&>(*modMain::GetObjectFromCodePath("m.other"));
-    const auto places = [this](std::string_view object, CodeObject& from, CallType type) {
-        return Dump(pane.SelectCallsOfObject(*gProjekt, *At(object), from, type));
+    ReadBoth();
+    const auto places = [this](std::string_view object, std::string_view from, CallType type) {
+        return Dump(pane.SelectCallsOfObject(*gProjekt, ObjectAt(object), ObjectAt(from), type));
     };
-    EXPECT_EQ(places("m.v", caller, CallType::Really), "text m.s callIn:v callIn:v");
-    EXPECT_EQ(places("m.other", caller, CallType::Really), " callIn:Other");
-    EXPECT_EQ(places("m.other", caller, CallType::MayBe), "");
-    EXPECT_EQ(places("c.member", other, CallType::MayBe), "text m.other maybe:Member");
-    EXPECT_EQ(places("m.e [enum]", *modMain::GetObjectFromCodePath("m.p [get]"), CallType::Really),
-              "text m.p [get] callIn:One");
-    EXPECT_EQ(places("m.t2 [type]", ModuleOf("m"), CallType::Really), "text m callIn:T2");
-}
-
-TEST_F(Selecting, FormStandsForItsImplicitInstance) {
-    ReadProject(
-        {{"M.bas", "Sub S()\r\n  F.Show\r\n  Dim g As New F\r\nEnd Sub\r\n"}, {"F.frm", "Sub X()\r\nEnd Sub\r\n"}});
+    EXPECT_EQ(places("m.v", "m.s", CallType::Really), "text m.s callIn:v callIn:v");
+    EXPECT_EQ(places("m.other", "m.s", CallType::Really), " callIn:Other");
+    EXPECT_EQ(places("m.other", "m.s", CallType::MayBe), "");
+    EXPECT_EQ(places("c.member", "m.other", CallType::MayBe), "text m.other maybe:Member");
+    EXPECT_EQ(places("m.e [enum]", "m.p [get]", CallType::Really), "text m.p [get] callIn:One");
+    EXPECT_EQ(places("m.t2 [type]", "m", CallType::Really), "text m callIn:T2");
+    // A form stands for its implicit instance.
+    ReadProject({{"M.bas", "Sub S()\n  F.Show\n  Dim g As New F\nEnd Sub\n"}, {"F.frm", "Sub X()\nEnd Sub\n"}});
     Analyse();
-    EXPECT_EQ(
-        Dump(pane.SelectCallsOfObject(*gProjekt, *At("f"), *modMain::GetObjectFromCodePath("m.s"), CallType::Really)),
-        "text m.s callOut:F callOut:F");
+    pane.Forget();
+    EXPECT_EQ(places("f", "m.s", CallType::Really), "text m.s callOut:F callOut:F");
 }
 
 TEST_F(Selecting, PositionInAProcedureLeadsToWhatIsNamedThere) {
@@ -193,14 +166,11 @@ TEST_F(Selecting, PositionInAProcedureLeadsToWhatIsNamedThere) {
         Sub Other(b)
         End Sub
     )");
-    ReadProject({{"M.bas", vb.text}, {"C.cls", "Public Sub Member()\r\nEnd Sub\r\n"}});
+    ReadProject({{"M.bas", vb.text}, {"C.cls", "Public Sub Member()\nEnd Sub\n"}});
     Analyse();
-    auto& prozedur = static_cast<clsProzedur&>(*modMain::GetObjectFromCodePath("m.s"));
+    clsProzedur& prozedur = ProcedureAt("m.s");
     (void)ShowMe(*gProjekt, prozedur);
-    const auto hit = [&](Pos pos) {
-        const CodeObject* object = SelChanged(prozedur, pos - prozedur.DeclareStart);
-        return object ? object->CodePath() : std::string("-");
-    };
+    const auto hit = [&](Pos pos) { return PathOf(SelChanged(prozedur, pos - prozedur.DeclareStart)); };
     EXPECT_EQ(hit(vb.pos(1)), "-");
     EXPECT_EQ(hit(vb.pos(2)), "m.s.x");  // declared here
     EXPECT_EQ(hit(vb.pos(3)), "m.other");
@@ -210,44 +180,12 @@ TEST_F(Selecting, PositionInAProcedureLeadsToWhatIsNamedThere) {
     EXPECT_EQ(hit(vb.pos(6)), "-");  // a possible call leads nowhere for certain
 }
 
-TEST_F(Selecting, PositionInDeclarationsLeadsToTheCallOrTheBlockAround) {
-    const Marked vb = Vb(R"(
-        Public {{v}} As {{T}}
-        Private Type T
-            m {{A}}s {{U}}
-        End Type
-        Private Type U
-            n As Long
-        End Type
-        Declare {{S}}ub Api Lib "k" ()
-        {{'}}
-    )");
-    const clsModul& modul = ReadModuleAsItIs(vb.text, "M.bas");
-    Analyse();
-    const auto hit = [&](Pos pos, const clsType* current = nullptr) {
-        const CodeObject* object = SelChanged(modul, pos - modul.BeginnVarBereich, current);
-        return object ? object->CodePath() : std::string("-");
-    };
-    EXPECT_EQ(hit(vb.pos(1)), "m.v");
-    EXPECT_EQ(hit(vb.pos(2)), "m.t [type]");
-    EXPECT_EQ(hit(vb.pos(3)), "m.t [type]");
-    EXPECT_EQ(hit(vb.pos(3), static_cast<const clsType*>(At("m.t [type]"))), "-");  // stays
-    EXPECT_EQ(hit(vb.pos(4)), "m.u [type]");
-    EXPECT_EQ(hit(vb.pos(5)), "m.api");
-    EXPECT_EQ(hit(vb.pos(6)), "-");
-    EXPECT_EQ(Get_ProcNachPos(modul, vb.pos(5)), At("m.api"));
-    EXPECT_EQ(GetTypeNachZeichenPos(modul, vb.pos(1)), nullptr);
-}
-
 TEST_F(Selecting, ShownTextDecidesWhatAClickAndTheHoverMean) {
-    ReadProject({{"M.bas", Vb(kModule).text}, {"C.cls", "Public Sub Member()\r\nEnd Sub\r\n"}});
-    Analyse();
+    ReadBoth();
     // The object at the first place of a word in the shown text, for a click and for the hover text.
     const auto at = [this](std::string_view word, Pos selLength = 0) {
         const auto pos = static_cast<Pos>(pane.Text().text.find(word));
-        const CodeObject* clicked = pane.ObjectClicked(selection, pos, selLength);
-        const CodeObject* hovered = pane.ObjectAt(pos);
-        return (clicked ? clicked->CodePath() : "-") + " " + (hovered ? hovered->CodePath() : "-");
+        return PathOf(pane.ObjectClicked(selection, pos, selLength)) + " " + PathOf(pane.ObjectAt(pos));
     };
     EXPECT_EQ(at(""), "- -");
     (void)Show("m.api");  // stands in the declarations, though it is the current procedure
@@ -256,6 +194,8 @@ TEST_F(Selecting, ShownTextDecidesWhatAClickAndTheHoverMean) {
     EXPECT_EQ(at("T2"), "m.t2 [type] m.t2 [type]");
     EXPECT_EQ(at("One"), "m.e [enum] m.e.one");
     EXPECT_EQ(at("v As"), "m.v m.v");
+    (void)Show("m.t [type]");
+    EXPECT_EQ(at("m As T2"), "- m.t.m");  // it stays
     (void)Show("m.other");
     EXPECT_EQ(at("Member"), "- c.member");
     EXPECT_EQ(at("Other"), "- m.other");
@@ -272,34 +212,34 @@ TEST_F(Selecting, PathLineEndsWithWhatThePathDoesNotTell) {
     EXPECT_EQ(CodePath_Anzeigen(Select("m.p [get]")), "M.P [Get]   public property");
     EXPECT_EQ(CodePath_Anzeigen(Select("m.t [type]")), "M.T [Type]   private type");
     EXPECT_EQ(CodePath_Anzeigen(Select("m.v")), "M.v   long");
+    ReadModule("VERSION 5.00\nBegin VB.Form F\n  Begin VB.TextBox txt\n  End\nEnd\nPrivate a As Long\n", "F.frm");
+    EXPECT_EQ(Dump(Show("f.txt")), "text f");  // its name stands in no code
+    EXPECT_EQ(Dump(selection), "obj=f.txt mod=f control=f.txt");
+    EXPECT_EQ(CodePath_Anzeigen(selection), "F.txt   vb.textbox");
 }
 
 TEST_F(Selecting, PlaceOfTheCursorIsToldInTextAndModule) {
     ReadModule("Option Explicit\nSub S()\n  a = 1\nEnd Sub\n", "M.bas");
     (void)Show("m.s");
-    const PropertyRows rows = Anzeigen_TextPos(pane.Text(), 11, 1);
     std::string dump;
-    for (const PropertyRow& row : rows)
+    for (const PropertyRow& row : Anzeigen_TextPos(pane.Text(), 11, 1))
         dump += row.label.bytes + "=" + row.value.bytes + " ";
     EXPECT_EQ(dump, "Zeile=3 SelStart=11 (29) SelEnd=12 (30) SelLength=1 ");
 }
 
 TEST(Navigation, GoesBackAndForwardAndCutsOffWhatLiesAhead) {
     NavigationList list;
-    EXPECT_FALSE(list.NavPrevEnabled() || list.NavNextEnabled());
     EXPECT_EQ(list.NavCodeKey_Prev(), nullptr);
     list.AddNavCodeKey("a");
     list.AddNavCodeKey("a");
-    EXPECT_FALSE(list.NavPrevEnabled());
+    EXPECT_FALSE(list.NavPrevEnabled() || list.NavNextEnabled());
     list.AddNavCodeKey("b");
     list.NoteSelection(7, 2);
     list.AddNavCodeKey("c");
     EXPECT_TRUE(list.NavPrevEnabled() && !list.NavNextEnabled());
     const NavigationList::Record* record = list.NavCodeKey_Prev();
     ASSERT_NE(record, nullptr);
-    EXPECT_EQ(record->Key, "b");
-    EXPECT_EQ(record->SelStart, 7);
-    EXPECT_EQ(record->SelLength, 2);
+    EXPECT_EQ(std::tuple(record->Key, record->SelStart, record->SelLength), std::tuple("b", 7, 2));
     list.AddNavCodeKey("b");  // as its activation does
     EXPECT_TRUE(list.NavNextEnabled());
     EXPECT_EQ(list.NavCodeKey_Next()->Key, "c");

@@ -1,13 +1,10 @@
 #include "display/tree_checks.h"
 
-#include <gtest/gtest.h>
-
 #include "display/baum.h"
 #include "display/project_tree.h"
-#include "model/clsModul.h"
 #include "shell/settings.h"
-#include "support/program_state.h"
-#include "support/read_project.h"
+#include "support/baum_dump.h"
+#include "support/project_test.h"
 
 namespace {
 
@@ -17,8 +14,8 @@ protected:
         CheckedObjects_Reset();
         const std::string source = "Sub one()\r\nEnd Sub\r\nSub two()\r\nEnd Sub\r\n";
         ReadProject({{"App.vbp",
-                      "Type=Exe\r\nReference=*\\G{1}#2.0#0#c:\\x\\stdole2.tlb#OLE\r\n"
-                      "Class=C; C.cls\r\nModule=A; A.bas\r\nModule=B; B.bas\r\n"},
+                      "Type=Exe\nReference=*\\G{1}#2.0#0#c:\\x\\stdole2.tlb#OLE\n"
+                      "Class=C; C.cls\nModule=A; A.bas\nModule=B; B.bas\n"},
                      {"A.bas", source},
                      {"B.bas", source},
                      {"C.cls", source}});
@@ -33,16 +30,8 @@ protected:
     }
     // Keys of the checked nodes in the order of the tree, and behind the line the checked objects.
     std::string Checked() const {
-        std::string keys;
-        std::vector<BaumNode*> open(tree.Roots().rbegin(), tree.Roots().rend());
-        while (!open.empty()) {
-            const BaumNode& node = *open.back();
-            open.pop_back();
-            if (node.Checked())
-                keys += node.Key() + " ";
-            open.insert(open.end(), node.ChildNodes().rbegin(), node.ChildNodes().rend());
-        }
-        keys += "|";
+        std::string keys = KeysWhere(tree, [](const BaumNode& node) { return node.Checked(); });
+        keys += keys.empty() ? "|" : " |";
         for (const CodeObject* object : gCheckedObjects)
             keys += " " + object->CodePath();
         return keys;
@@ -91,7 +80,7 @@ TEST_F(TreeChecks, WithTheChartsShowingNothingIsFiled) {
 TEST_F(TreeChecks, ObjectsAreFoundAnewUnderTheirPaths) {
     Click("a");
     Click("b.one");
-    ReadProject({{"B.bas", "Sub one()\r\nEnd Sub\r\n"}});
+    ReadProject({{"B.bas", "Sub one()\nEnd Sub\n"}});
     CheckedObjects_Renew(*gProjekt);
     ASSERT_EQ(gCheckedObjects.Count(), 1);
     EXPECT_EQ(gCheckedObjects.ItemNr(1)->Modul, &ModuleOf("b"));

@@ -1,28 +1,16 @@
 #include "findings/calls_report.h"
 
-#include <gmock/gmock.h>
-
-#include "calls/driver.h"
-#include "findings/golden.h"
-#include "support/marked.h"
-#include "support/ports.h"
-#include "support/program_state.h"
-#include "support/read_project.h"
-
-using testing::ElementsAre;
+#include "support/golden.h"
+#include "support/project_test.h"
 
 namespace {
 
 class CallsReports : public ProgramState {
 protected:
-    // The report with its line ends as "|" and its tabs as ">".
-    static std::string Of(const clsModul& modul) {
-        return Replace(Replace(CallsReport(modul), vbCrLf, "|"), "\t", ">");
-    }
     static std::string Of(std::string text, std::string_view file = "M.bas") {
         const clsModul& modul = ReadModuleAsItIs(std::move(text), file);
         Who_Calls_Who(*gProjekt);
-        return Of(modul);
+        return OnOneLine(CallsReport(modul));
     }
 };
 
@@ -35,45 +23,6 @@ std::string At(Pos pos, Pos start) {
 }
 
 }  // namespace
-
-TEST_F(CallsReports, ObjectsStandInFiveSectionsWithWhatCallsThem) {
-    const Marked vb = Vb(R"(
-        Begin VB.Form F
-           Begin VB.Label lbl
-           End
-        End
-        Private v As T
-        Private Type T
-            m As Long
-            n As Long
-        End Type
-        Public Const C = 1
-        {{Private Sub S()}}
-            {{v}}.{{m}} = C
-            {{lbl}}.Caption = ""
-            {{S}}: {{S}}
-        End Sub
-        Property Get P(): End Property
-        Property Set P(o): End Property
-        Function U(): End Function
-    )");
-    const Pos start = vb.pos(1);
-    const std::string caller = ">F.S>";
-    EXPECT_EQ(Of(vb.text, "F.frm"),
-              "F|"
-              "|||T>Private Type||  - m|>>Really>" +
-                  At(vb.pos(3), start) + caller + "    v.m = C|" +
-                  "|  - n|"
-                  "|||v>Private Variable|>Really>" +
-                  At(vb.pos(2), start) + caller + "    v.m = C|" + "|||C>Public Const|>Really>" +
-                  At(vb.pos(3) + 4, start) + caller + "    v.m = C|" + "|||lbl>vb.label|>Really>" +
-                  At(vb.pos(4), start) + caller + "    lbl.Caption = \"\"|" + "|||S>Private Sub|>Really>" +
-                  At(vb.pos(5), start) + caller + "    S: S|" + ">Really>" + At(vb.pos(6), start) + caller +
-                  "    S: S|" +
-                  "|||P>Public Property Get|"
-                  "|||P>Public Property Set|"
-                  "|||U>Public Function|");
-}
 
 // Calls from a declaration have no procedure to count from: under an enumeration one more than the position stands in
 // its place, elsewhere nothing.
@@ -112,20 +61,18 @@ TEST_F(CallsReports, TellPossibleCallsAndKeepContinuedLinesOnOne) {
               1
         End Sub
     )");
-    ReadProject({{"M.bas", vb.text}, {"C.cls", "Public m\r\n"}});
+    ReadProject({{"M.bas", vb.text}, {"C.cls", "Public m\n"}});
     Who_Calls_Who(*gProjekt);
-    EXPECT_EQ(Of(ModuleOf("c")), "C||||m>Public Variable|>May be>" + At(vb.pos(2), vb.pos(1)) +
-                                     ">M.S>    y = _\xAC      x.m + _\xAC      1|");
+    EXPECT_EQ(OnOneLine(CallsReport(ModuleOf("c"))), "C||||m>Public Variable|>May be>" + At(vb.pos(2), vb.pos(1)) +
+                                                         ">M.S>    y = _\xAC      x.m + _\xAC      1|");
     EXPECT_EQ(Of("Option Explicit\r\n"), "M|");
     EXPECT_EQ(Of("Option Explicit\r\n", "C.cls"), "C|");  // Me is not listed
 }
 
 TEST_F(CallsReports, LieBesideTheSourcesAndReplaceOlderOnes) {
-    ReadProject({{"A.bas", "Dim x\r\n"},
-                 {"B.frm", "Dim x\r\n"},
-                 {"C.cls", "Dim x\r\n"},
-                 {"D.ctl", "Dim x\r\n"},
-                 {"B.frm Calls.txt", "an older and longer report, to be replaced\r\n"}});
+    ReadProject({{"A.bas", "Dim x\n"},
+                 {"B.frm", "Dim x\n"},
+                 {"B.frm Calls.txt", "an older and longer report, to be replaced\n"}});
     ProjectFiles().WriteWhole("p\\A.bas Calls.txt\\inside", "");  // a directory stands there
     Who_Calls_Who(*gProjekt);
     RecordingErrors errors;
@@ -133,14 +80,10 @@ TEST_F(CallsReports, LieBesideTheSourcesAndReplaceOlderOnes) {
     EXPECT_THAT(errors.tags, ElementsAre("clsModul: AnalyseErgebnisCalls"));
     EXPECT_THAT(errors.subjects, ElementsAre("p\\A.bas"));
     EXPECT_EQ(ProjectFiles().Bytes("p\\B.frm Calls.txt"), "B\r\n\r\n\r\n\r\nx\tPrivate Variable\r\n");
-    EXPECT_TRUE(ProjectFiles().FileExists("p\\C.cls Calls.txt"));
-    EXPECT_TRUE(ProjectFiles().FileExists("p\\D.ctl Calls.txt"));
 }
 
 TEST_F(CallsReports, SampleProjectGivesTheGoldenFiles) {
-    DiskFiles files;
-    ReadSample(files);
+    ReadSample();
     Who_Calls_Who(*gProjekt);
     ExpectGoldenModules(CallsReport, "calls");
-    CloseProject();
 }

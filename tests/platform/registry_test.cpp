@@ -1,7 +1,6 @@
 #include "platform/registry.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "temp_directory.h"
 

@@ -1,7 +1,6 @@
 #include "shell/clsText.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 #include <utility>
@@ -53,16 +52,5 @@ TEST_P(LanguageFiles, HaveEveryTextInUseAndTheFormOfTheProgram) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Both, LanguageFiles, testing::Values("english", "german"));
-
-TEST(EnglishTexts, ErrorWindowReadsAsItsFallbacks) {
-    DiskFiles files;
-    clsText text;
-    text.SetLanguage(files, std::string(OSTRIVANE_SOURCE_DIR) + "/");
-    for (const auto& [nr, line] : {std::pair{3, "Exit"},
-                                   {74, "Mail this Error to:"},
-                                   {75, "Ignore"},
-                                   {82, "Creates and opens a mail with the error text. You just need to send it!"}})
-        EXPECT_EQ(text.TextNr(nr), line);
-}
 
 }  // namespace

@@ -1,7 +1,6 @@
 #include "shell/errors.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "support/ports.h"
 #include "support/program_state.h"
@@ -12,11 +11,6 @@ using testing::ElementsAre;
 using testing::SizeIs;
 
 using Errors = ProgramState;
-
-TEST_F(Errors, ReportNamesNumberDescriptionAndTag) {
-    const ErrorReport report{91, "Object variable not set", "clsModul: Get_VBZeilenEnde", ""};
-    EXPECT_EQ(report.Text(), "Error: 91: Object variable not set \r\n\r\n->> clsModul: Get_VBZeilenEnde");
-}
 
 TEST_F(Errors, AfterAFailedStatementTheNextOneGoesOnWithFormerValues) {
     const RecordingErrors errors;

@@ -1,7 +1,6 @@
 #include "shell/program.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include "support/ports.h"
 

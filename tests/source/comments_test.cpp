@@ -1,12 +1,9 @@
 #include "source/comments.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include <set>
 
 #include "support/module_dumps.h"
-#include "support/ports.h"
+#include "support/project_test.h"
 
 namespace {
 
@@ -21,8 +18,8 @@ void ExpectMarked(Ranges ranges, std::initializer_list<const char*> snippets) {
 }
 
 TEST(Comments, BeginAtAnApostropheOutsideStrings) {
-    ExpectMarked(CommentRanges, {"a = 1 {{' note}}\nb = 2", "a = \"it's\"", "a = \"it's\" {{' it's \"quoted\"}}",
-                                 "{{'}}", "a = \"\"\"\" {{' one quote}}", "a = \"open ' code to the end"});
+    ExpectMarked(CommentRanges, {"a = 1 {{' note}}\nb = 2", "a = \"it's\" {{' it's \"quoted\"}}", "{{'}}",
+                                 "a = \"\"\"\" {{' one quote}}", "a = \"open ' code to the end"});
 }
 
 TEST(Comments, RunOnOverAContinuation) {

@@ -1,15 +1,9 @@
 #include "source/cond_compile.h"
 
-#include <gmock/gmock.h>
-#include <gtest/gtest.h>
-
 #include "support/module_dumps.h"
-#include "support/ports.h"
+#include "support/project_test.h"
 
 namespace {
-
-using testing::ElementsAre;
-using testing::Pair;
 
 // Hidden stretches of a snippet; each must go from a {{ to the CR behind the line that ends in }}.
 void ExpectHidden(const char* snippet, const std::vector<CondConstant>& projectConstants = {}) {
@@ -29,13 +23,8 @@ bool IsCompiled(const std::string& expression, const std::vector<CondConstant>& 
 
 TEST(CondCompile, OnlyTheCodeOfTheFirstTruePartIsSeen) {
     ExpectHidden("{{#If Win32 Then}}\na\n{{#Else\nb\n#End If}}\nc");
-    ExpectHidden("{{#If Win16 Then\na\n#Else}}\nb\n{{#End If}}");
     ExpectHidden("first\n{{#If 0 Then\na\n#ElseIf 0 Then\nb\n#End If}}\nlast");
     ExpectHidden("{{#If 0 Then\na\n#ElseIf 1 Then}}\nb\n{{#ElseIf Win32 Then\nc\n#Else\nd\n#End If}}");
-    ExpectHidden("{{#If Win32 Then}}\na\n{{#ElseIf Win32 Then\nb\n#Else\nc\n#End If}}");
-}
-
-TEST(CondCompile, BlocksNest) {
     ExpectHidden(
         "{{#If Win32 Then}}\n{{#If 0 Then\na\n#Else}}\nb\n{{#End If}}\nc\n"
         "{{#Else\n#If 1 Then\nd\n#End If\n#End If}}");
@@ -70,7 +59,6 @@ TEST(CondCompile, ExpressionDecides) {
 TEST(CondCompile, ProjectConstantsWinOverTheModules) {
     ExpectHidden("#Const Debugging = 0\n{{#If Debugging Then\na\n#End If}}");
     ExpectHidden("#Const Debugging = 0\n{{#If Debugging Then}}\na\n{{#End If}}", {{"debugging", "-1"}});
-    ExpectHidden("#Const x = 1\n{{#If x = 1 Then}}\na\n{{#End If}}");
 }
 
 TEST(CondCompile, FailedExpressionIsReportedAndFalse) {
@@ -86,20 +74,6 @@ TEST(CondCompile, AttributeLinesAreHidden) {
     ExpectHidden("{{Attribute VB_Name = \"Form1\"}}\n{{  Attribute VB_Exposed = False ' note}}\na");
     ExpectHidden("x = Attribute\nAttribute.y = 1: Attribute z\n' Attribute VB_Name\ny = \"\nAttribute VB_Name = x\"");
     ExpectHidden("{{Attribute a _\n  b}}\nc");
-}
-
-TEST(CondCompile, ModuleConstantsComeFromConstDirectives) {
-    ExpectHidden(
-        "#Const First = 1 ' note\nx = \"#Const No = 1\"\n  #const SECOND = \"Two Words\"\n' #Const Nor = 1\n"
-        "#Const Third = 2 = 3\n"
-        "{{#If First = 1 And Second = \"two words\" And Third = 2 And No = 0 And Nor = 0 Then}}\na\n{{#End If}}");
-}
-
-TEST(CondCompile, AssignmentsOfAProjectLine) {
-    EXPECT_THAT(CondCompsOfLine("CondComp=\"Debugging = -1 : LANG = De\""),
-                ElementsAre(Pair("debugging", "-1"), Pair("lang", "de")));
-    for (const char* none : {"CondComp=\"\"", "CondComp=A = 1"})
-        EXPECT_THAT(CondCompsOfLine(none), ElementsAre()) << none;
 }
 
 }  // namespace

@@ -50,19 +50,15 @@ TEST(Lines, SearchesSkipStrings) {
 }
 
 TEST(Lines, BracketContentIsThatOfTheInnermostPair) {
-    struct Case {
-        const char* text;
-        Pos pos;
-        const char* content;
-        std::pair<Pos, Pos> range;
-    };
-    const char* text = "f(a, g(b, \")\"), c)";
-    for (const Case& c : {Case{text, 3, "a, g(b, \")\"), c", {3, 18}}, Case{text, 17, "a, g(b, \")\"), c", {3, 18}},
-                          Case{text, 8, "b, \")\"", {8, 14}}, Case{"f(a)", 1, "", {}}, Case{"f((a", 4, "", {}}}) {
+    using Case = std::tuple<const char*, Pos, const char*, std::pair<Pos, Pos>>;
+    const char* whole = "f(a, g(b, \")\"), c)";
+    for (const auto& [text, pos, content, range] :
+         {Case{whole, 3, "a, g(b, \")\"), c", {3, 18}}, Case{whole, 17, "a, g(b, \")\"), c", {3, 18}},
+          Case{whole, 8, "b, \")\"", {8, 14}}, Case{"f(a)", 1, "", {}}, Case{"f((a", 4, "", {}}}) {
         Pos start = -1;
         Pos ende = -1;
-        EXPECT_EQ(Get_KlammerInhalt(c.text, c.pos, start, ende), c.content);
-        EXPECT_EQ(std::pair(start, ende), c.range);
+        EXPECT_EQ(Get_KlammerInhalt(text, pos, start, ende), content);
+        EXPECT_EQ(std::pair(start, ende), range);
     }
 }
 

@@ -10,13 +10,12 @@ namespace {
 // The statement at the first mark of a snippet.
 class At {
 public:
-    explicit At(const char* snippet) : vb_(Vb(snippet)), text_(vb_.text), statement_(text_) {
+    explicit At(const char* snippet) : vb(Vb(snippet)), text_(vb.text), statement_(text_) {
         Comments_Initialisieren(text_);
         Strings_Initialisieren(text_);
-        statement_.Initialisieren(vb_.pos());
+        statement_.Initialisieren(vb.pos());
     }
     clsStatement* operator->() { return &statement_; }
-    [[nodiscard]] const Marked& Snippet() const { return vb_; }
 
     // All splits, "a|=|b".
     [[nodiscard]] std::string Splits() const {
@@ -26,8 +25,9 @@ public:
         return splits;
     }
 
+    const Marked vb;
+
 private:
-    Marked vb_;
     ModuleText text_;
     clsStatement statement_;
 };
@@ -37,10 +37,10 @@ using Case = std::pair<const char*, const char*>;
 TEST(Statement, IsSplitAtBlanksThatSeparate) {
     for (const auto& [snippet, splits] :
          {Case{"{{a}} = b + c", "a|=|b|+|c"}, Case{"{{foo}} (1, 2), 3", "foo (1, 2),|3"}, Case{"{{x}}.y .z", "x.y .z"},
-          Case{"{{MsgBox}} \"x y\"", "msgbox|\"x y\""}, Case{"{{a}} = f( b, c ) + 1", "a|=|f( b, c )|+|1"},
-          Case{"{{a}} = \"(\" & b & \" c\"", "a|=|\"(\"|&|b|&|\" c\""}, Case{"{{a}}   =   b", "a|=|b"},
-          Case{"{{a}} = b And (c Or d)", "a|=|b|and|(c or d)"}, Case{"{{a}} = b. c <> .d", "a|=|b. c|<>|.d"},
-          Case{"{{a}} = \"s\" (1)", "a|=|\"s\"|(1)"}, Case{"{{foo}} a, _\n    b ' note", "foo|a,|b"}})
+          Case{"{{MsgBox}} \"x y\"", "msgbox|\"x y\""}, Case{"{{a}} = \"(\" & b & \" c\"", "a|=|\"(\"|&|b|&|\" c\""},
+          Case{"{{a}}   =   b", "a|=|b"}, Case{"{{a}} = b And (c Or d)", "a|=|b|and|(c or d)"},
+          Case{"{{a}} = b. c <> .d", "a|=|b. c|<>|.d"}, Case{"{{a}} = \"s\" (1)", "a|=|\"s\"|(1)"},
+          Case{"{{foo}} a, _\n    b ' note", "foo|a,|b"}})
         EXPECT_EQ(At(snippet).Splits(), splits) << snippet;
 }
 
@@ -65,16 +65,16 @@ TEST(Statement, TellsWhichSplitHoldsThePosition) {
 TEST(Statement, IsCutAtColonAndThen) {
     for (const auto& [snippet, statement] :
          {Case{"If a Then {{b}} = 1: c = 2", "b = 1"}, Case{"If {{a}} Then b = 1: c = 2", "if a"},
-          Case{"a = 1: {{b}} = 2: c = 3", "b = 2"}, Case{"a = \": \": {{b}} = \" then \"", "b = \" then \""},
-          Case{"a = 1:   {{b}} = 2 ' note: x", "b = 2"}, Case{"{{x}}:y = 1", "x:y = 1"},
+          Case{"a = \": \": {{b}} = \" then \"", "b = \" then \""}, Case{"a = 1:   {{b}} = 2 ' note: x", "b = 2"},
+          Case{"{{x}}:y = 1", "x:y = 1"},
           // Both separators to the left and the colon the nearer: the line from its start.
           Case{"If a Then b = 1: {{c}} = 2", "if a then b = 1: c = 2"},
           Case{"first\nfoo a, _\n  {{b}}", "foo a,      b"}}) {  // positions stay true over a continuation
         SCOPED_TRACE(snippet);
         At at(snippet);
         EXPECT_EQ(at->Statement(), statement);
-        EXPECT_EQ(CharAt(at->Statement(), at->PosInStatement()), CharAt(at.Snippet().text, at.Snippet().pos()));
-        EXPECT_EQ(at->PosInStatement(), at.Snippet().pos() - at->StatementPos() + 1);
+        EXPECT_EQ(CharAt(at->Statement(), at->PosInStatement()), CharAt(at.vb.text, at.vb.pos()));
+        EXPECT_EQ(at->PosInStatement(), at.vb.pos() - at->StatementPos() + 1);
     }
 }
 
@@ -122,7 +122,7 @@ TEST(Statement, DottedNameUpToThePosition) {
         EXPECT_EQ(At(snippet)->Get_Prop_With_Parents(), name) << snippet;
     At at("x = foo(1, a.{{b}}c)");
     EXPECT_EQ(at->Get_Prop_With_Parents(2), "a.bc");
-    EXPECT_EQ(at->ParentStartPos(), at.Snippet().pos() - 2);
+    EXPECT_EQ(at->ParentStartPos(), at.vb.pos() - 2);
 }
 
 }  // namespace

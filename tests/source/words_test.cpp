@@ -91,29 +91,17 @@ TEST(Suche, CallComesWithItsDottedName) {
 }
 
 TEST(WithObject, IsThatOfTheLastWithLine) {
-    const Source source(R"(
-        x = {{}}1
-        With {{outer}}.a
-            {{.y}}
-            With {{inner}}
-                {{.x}}
-            End With
-        End With
-        ' With comment
-        y = "With text"
-        {{.z}}
-    )");
-    struct Case {
-        std::size_t mark;
-        const char* object;
-        Pos withPos;
-    };
+    const Source source(
+        "x = {{}}1\nWith {{outer}}.a\n  {{.y}}\n  With {{inner}}\n    {{.x}}\n  End With\nEnd With\n"
+        "' With comment\ny = \"With text\"\n{{.z}}");
+    using Case = std::tuple<std::size_t, const char*, Pos>;
     // A block that is closed again counts as well.
-    for (const Case& c : {Case{1, "", 0}, Case{3, "outer.a", source.vb.pos(2)}, Case{5, "inner", source.vb.pos(4)},
-                          Case{6, "inner", source.vb.pos(4)}}) {
+    for (const auto& [mark, object, expectedPos] :
+         {Case{1, "", 0}, Case{3, "outer.a", source.vb.pos(2)}, Case{5, "inner", source.vb.pos(4)},
+          Case{6, "inner", source.vb.pos(4)}}) {
         Pos withPos = -1;
-        EXPECT_EQ(Get_WithObject(source.text, source.vb.pos(c.mark), withPos), c.object);
-        EXPECT_EQ(withPos, c.withPos);
+        EXPECT_EQ(Get_WithObject(source.text, source.vb.pos(mark), withPos), object);
+        EXPECT_EQ(withPos, expectedPos);
     }
 }
 

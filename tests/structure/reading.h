@@ -1,13 +1,7 @@
 // What the tests of the readers share: tables of sources and what comes out, and the place of an object.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include <initializer_list>
-#include <string>
-
-#include "support/marked.h"
-#include "support/read_project.h"
+#include "support/project_test.h"
 
 struct Case {
     std::string source;

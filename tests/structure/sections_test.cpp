@@ -1,12 +1,8 @@
 // Where declarations and procedures begin, and which reader each of them meets.
 #include "structure/sections.h"
 
-#include <gmock/gmock.h>
-
-#include "source/module_text.h"
 #include "structure/reading.h"
 #include "structure/tokens.h"
-#include "support/program_state.h"
 
 namespace {
 
@@ -21,23 +17,15 @@ protected:
             EXPECT_EQ(modul.tokens->PosOf(modul.TokNrBeginnProcBereich), Vb(snippet).pos());
         }
     }
-    static void ExpectDeclarationsAtMark(std::string_view snippet, std::string_view fileName) {
-        SCOPED_TRACE(snippet);
-        EXPECT_EQ(ReadModule(snippet, fileName).BeginnVarBereich, Vb(snippet).pos());
-    }
 };
 
 }  // namespace
 
 TEST_F(Sections, ProceduresStartWithTheFirstOneAndItsAccessWord) {
     ExpectProceduresAtMark({"Dim a\n{{Sub}} S()\nEnd Sub\nSub T()\nEnd Sub", "{{Function}} F()\nEnd Function",
-                            "{{Property}} Get P()\nEnd Property", "Dim a\n{{Private}} Sub S()\nEnd Sub",
-                            "Dim a\n{{Public}} Property Get P()\nEnd Property",
-                            "{{Global}} Function F()\nEnd Function"});
-}
-
-TEST_F(Sections, OtherWordsBeforeTheFirstProcedureStayOutside) {
-    ExpectProceduresAtMark({"Friend {{Sub}} S()\nEnd Sub", "Public Static {{Sub}} S()\nEnd Sub"});
+                            "Dim a\n{{Private}} Sub S()\nEnd Sub", "{{Public}} Property Get P()\nEnd Property",
+                            // other words stay outside
+                            "Friend {{Sub}} S()\nEnd Sub", "Public Static {{Sub}} S()\nEnd Sub"});
 }
 
 TEST_F(Sections, NotEveryProcedureWordStartsOne) {
@@ -69,12 +57,12 @@ TEST_F(Sections, ModuleWithoutProceduresHasThemAtItsEnd) {
 }
 
 TEST_F(Sections, DeclarationsBeginBehindHeaderAndAttributes) {
-    ExpectDeclarationsAtMark("{{Dim}} a", "A.bas");
-    ExpectDeclarationsAtMark("Attribute VB_Name = \"A\"\nAttribute VB_Other = 1\n{{Option}} Explicit\nDim a", "A.bas");
-    ExpectDeclarationsAtMark(
-        "VERSION 1.0 CLASS\nBEGIN\n  MultiUse = -1  'True\nEND\nAttribute VB_Name = \"C\"\n{{Dim}} a", "C.cls");
-    ExpectDeclarationsAtMark("Begin VB.Form F\nBegin VB.Label l\nEnd\nEnd\n{{Dim}} a\nSub S()\nBegin = 1\nEnd Sub",
-                             "F.frm");
+    for (const auto& [file, snippet] :
+         {std::pair("A.bas", "{{Dim}} a"),
+          std::pair("A.bas", "Attribute VB_Name = \"A\"\nAttribute VB_Other = 1\n{{Option}} Explicit\nDim a"),
+          std::pair("C.cls", "VERSION 1.0 CLASS\nBEGIN\n  MultiUse = -1\nEND\nAttribute VB_Name = \"C\"\n{{Dim}} a"),
+          std::pair("F.frm", "Begin VB.Form F\nBegin VB.Label l\nEnd\nEnd\n{{Dim}} a\nSub S()\nBegin = 1\nEnd Sub")})
+        EXPECT_EQ(ReadModule(snippet, file).BeginnVarBereich, Vb(snippet).pos()) << snippet;
     // The header's own End is the last token of all.
     const Marked vb = Vb("VERSION 1.0 CLASS\nBEGIN\n  MultiUse = -1\n{{END}}");
     const clsModul& empty = ReadModuleAsItIs(vb.text, "C.cls");
@@ -82,59 +70,20 @@ TEST_F(Sections, DeclarationsBeginBehindHeaderAndAttributes) {
     EXPECT_EQ(DumpObjects(empty), "");
 }
 
-TEST_F(Sections, EachDeclarationMeetsItsReader) {
-    ExpectObjects({{R"(
-        Begin VB.Form Form1
-           Begin VB.Menu mnuType
-              Caption = "Type"
-           End
-           Type = 2
-           Public = "Dim x"
-        End
-        Option Explicit
-        Implements IThing
-        Dim a
-        Private b: Public c
-        Const d = 1
-        Global Const e = 1
-        Private Type f
-            g As Long
-        End Type
-        Public Enum h
-            i
-        End Enum
-        #If Win16 Then
-        Private Declare Sub j Lib "j" ()
-        #Else
-        Private Declare Sub k Lib "k" ()
-        #End If
-        Public Event l(m As Long)
-        Event n()
-        Public WithEvents o As Thing
-        Sub p()
-        End Sub
-        Private late As Long
-    )",
-                    "public control mnuType as vb.menu; private a as variant; private b as variant; "
-                    "public c as variant; public const d as variant; public const e as variant; "
-                    "private type f(g as long); public enum h(i as long); private declare sub k() as variant; "
-                    "public event sub l(argument m as long); public event sub n(); public o as thing; public sub p()"}},
+TEST_F(Sections, WordsOfHeadersAndHiddenCodeDeclareNothing) {
+    ExpectObjects({{"Begin VB.Form Form1\n  Begin VB.Menu mnuType\n    Caption = \"Type\"\n  End\n  Type = 2\n"
+                    "  Public = \"Dim x\"\nEnd\nOption Explicit\nImplements IThing\nPrivate b: Public c\n"
+                    "#If Win16 Then\nPrivate Declare Sub j Lib \"j\" ()\n#Else\n"
+                    "Private Declare Sub k Lib \"k\" ()\n#End If\nPublic Event l(m As Long)\nEvent n()\n"
+                    "Public WithEvents o As Thing\nSub p(): End Sub\nPrivate late As Long",
+                    "public control mnuType as vb.menu; private b as variant; public c as variant; "
+                    "private declare sub k() as variant; public event sub l(argument m as long); "
+                    "public event sub n(); public o as thing; public sub p()"}},
                   "Form1.frm");
 }
 
-TEST_F(Sections, EachProcedureMeetsItsReader) {
-    ExpectObjects({{R"(
-        Private Sub A()
-        End Sub
-        Public Function B()
-        End Function
-        Friend Sub C()
-        End Sub
-        Private Static Sub D()
-        End Sub
-        Public Event F()
-        Global Sub G(): End Sub
-    )",
-                    "private sub A(); public function B(result B as variant) as variant; public sub C(); "
-                    "public sub D(); public event sub F(); public sub G()"}});
+TEST_F(Sections, OtherWordsBeforeAProcedureLeaveItPublic) {
+    ExpectObjects(
+        {{"Friend Sub C(): End Sub\nPrivate Static Sub D(): End Sub\nPublic Event F()\nGlobal Sub G(): End Sub",
+          "public sub C(); public sub D(); public event sub F(); public sub G()"}});
 }

@@ -5,24 +5,31 @@
 
 namespace {
 
-void Dump(const BaumNode& node, std::size_t indent, std::string& text) {
-    text.append(indent, ' ').append(node.Text()).append(" [").append(node.Image()).append("]");
-    if (node.Bold())
-        text += " bold";
-    if (node.ForeColor() == kTextGrey)
-        text += " grey";
-    if (node.Checked())
-        text += " checked";
-    text += '\n';
-    for (const BaumNode* child : node.ChildNodes())
-        Dump(*child, indent + 2, text);
+template <class Visit>
+void ForEach(const std::vector<BaumNode*>& nodes, std::size_t indent, Visit visit) {
+    for (const BaumNode* node : nodes) {
+        visit(*node, indent);
+        ForEach(node->ChildNodes(), indent + 2, visit);
+    }
 }
 
 }  // namespace
 
 std::string DumpBaum(const Baum& tree) {
     std::string text;
-    for (const BaumNode* root : tree.Roots())
-        Dump(*root, 0, text);
+    ForEach(tree.Roots(), 0, [&text](const BaumNode& node, std::size_t indent) {
+        text.append(indent, ' ').append(node.Text()).append(" [").append(node.Image()).append("]");
+        text.append(node.Bold() ? " bold" : "").append(node.ForeColor() == kTextGrey ? " grey" : "");
+        text.append(node.Checked() ? " checked\n" : "\n");
+    });
     return text;
+}
+
+std::string KeysWhere(const Baum& tree, const std::function<bool(const BaumNode&)>& holds) {
+    std::string keys;
+    ForEach(tree.Roots(), 0, [&](const BaumNode& node, std::size_t) {
+        if (holds(node))
+            keys.append(keys.empty() ? "" : " ").append(node.Key());
+    });
+    return keys;
 }

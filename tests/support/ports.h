@@ -49,6 +49,29 @@ private:
     QuestionPort before_;
 };
 
+/// Watches an operation: its ranges, labels and steps, "+". The operation is cancelled where `cancelAt` is told.
+class RecordingProgress : public Progress {
+public:
+    explicit RecordingProgress(std::string cancelAt = "")
+        : cancelAt_(std::move(cancelAt)), before_(SetProgress(this)) {}
+    RecordingProgress& operator=(RecordingProgress&&) = delete;
+    ~RecordingProgress() override { SetProgress(before_); }
+    void Label(std::string_view label) override { Tell(std::string(label)); }
+    void Range(int, int max) override { Tell(std::to_string(max)); }
+    void Progressiere_mal() override { Tell("+"); }
+
+    std::string told;  // a blank behind each
+
+private:
+    void Tell(const std::string& what) {
+        told += what + " ";
+        gAbort = gAbort || (!cancelAt_.empty() && told.ends_with(cancelAt_));
+    }
+
+    std::string cancelAt_;
+    Progress* before_;
+};
+
 /// Takes the plain messages.
 class RecordingMessages {
 public:

@@ -89,14 +89,7 @@ std::string DumpObject(const clsModul& modul, const CodeObject& object) {
     return {};
 }
 
-}  // namespace
-
-MemoryFiles& ProjectFiles() {
-    static MemoryFiles files;
-    return files;
-}
-
-clsProjekt& ReadProject(std::initializer_list<ProjectFile> files) {
+clsProjekt& ReadFiles(const std::vector<ProjectFile>& files) {
     CloseProject();
     MemoryFiles& there = ProjectFiles();
     there = MemoryFiles();
@@ -118,12 +111,27 @@ clsProjekt& ReadProject(std::initializer_list<ProjectFile> files) {
     return *gProjekt;
 }
 
+}  // namespace
+
+MemoryFiles& ProjectFiles() {
+    static MemoryFiles files;
+    return files;
+}
+
+clsProjekt& ReadProject(std::initializer_list<ProjectFile> files) {
+    std::vector<ProjectFile> texts(files);
+    for (auto& [name, text] : texts)
+        if (!text.empty() && text.find('\r') == std::string::npos)
+            text = Vb(text).text;
+    return ReadFiles(texts);
+}
+
 clsModul& ReadModule(std::string_view snippet, std::string_view fileName) {
     return ReadModuleAsItIs(Vb(snippet).text, fileName);
 }
 
 clsModul& ReadModuleAsItIs(std::string text, std::string_view fileName) {
-    return *ReadProject({{std::string(fileName), std::move(text)}}).OwnedModules().at(0);
+    return *ReadFiles({{std::string(fileName), std::move(text)}}).OwnedModules().at(0);
 }
 
 clsModul& ModuleOf(std::string_view codePath) {

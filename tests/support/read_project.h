@@ -9,7 +9,7 @@
 #include "model/clsProjekt.h"
 #include "platform/files.h"
 
-/// Name and content of a file in the project's directory `p\`.
+/// Name and content of a file in the project's directory `p\`. A content without CR goes through Vb.
 using ProjectFile = std::pair<std::string, std::string>;
 
 /// Puts the files into memory and reads the project of the first that ends in ".vbp". Where there is none,

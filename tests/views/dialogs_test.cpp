@@ -1,15 +1,6 @@
 #include "views/dialogs.h"
 
-#include <gmock/gmock.h>
-
-#include <QAbstractButton>
 #include <QAccessible>
-#include <QAction>
-#include <QApplication>
-#include <QLabel>
-#include <QTabWidget>
-#include <QTableView>
-#include <QTest>
 
 #include "platform/settings_file.h"
 #include "views/frm_about.h"
@@ -18,7 +9,6 @@
 #include "views/frm_optionen.h"
 #include "views/frm_progress.h"
 #include "views/problems_list.h"
-#include "views/qt_text.h"
 #include "window_texts.h"
 
 namespace {

@@ -1,22 +1,10 @@
 #include "views/icons.h"
 
-#include <gmock/gmock.h>
-
-#include <QApplication>
-#include <QFile>
-#include <QImage>
-#include <QPainter>
-#include <QPalette>
-#include <QRegularExpression>
-#include <QSet>
-#include <cmath>
-#include <map>
 #include <set>
-#include <string>
-#include <vector>
+
+#include "window_texts.h"
 
 using testing::Each;
-using testing::Gt;
 using testing::SizeIs;
 
 namespace {
@@ -25,19 +13,13 @@ QImage Image(const QIcon& icon, int size, qreal ratio = 1, QIcon::Mode mode = QI
     return icon.pixmap(QSize(size, size), ratio, mode).toImage().convertToFormat(QImage::Format_ARGB32);
 }
 
-/// How much of the area is covered in one picture and not in the other, 0 to 1.
-double ShapeDifference(const QImage& a, const QImage& b) {
-    double sum = 0;
-    for (int y = 0; y < a.height(); ++y)
-        for (int x = 0; x < a.width(); ++x)
-            sum += std::abs(qAlpha(a.pixel(x, y)) - qAlpha(b.pixel(x, y))) / 255.0;
-    return sum / (a.width() * a.height());
-}
-
+/// How much of the area is covered, 0 to 1.
 double Covered(const QImage& image) {
-    QImage nothing(image.size(), QImage::Format_ARGB32);
-    nothing.fill(Qt::transparent);
-    return ShapeDifference(image, nothing);
+    double sum = 0;
+    for (int y = 0; y < image.height(); ++y)
+        for (int x = 0; x < image.width(); ++x)
+            sum += qAlpha(image.pixel(x, y)) / 255.0;
+    return sum / (image.width() * image.height());
 }
 
 std::set<QRgb> OpaqueColours(const QImage& image) {
@@ -47,18 +29,6 @@ std::set<QRgb> OpaqueColours(const QImage& image) {
             if (qAlpha(image.pixel(x, y)) == 255)
                 colours.insert(image.pixel(x, y));
     return colours;
-}
-
-double Contrast(const QColor& a, const QColor& b) {
-    const auto luminance = [](const QColor& colour) {
-        const auto linear = [](double part) {
-            return part <= 0.04045 ? part / 12.92 : std::pow((part + 0.055) / 1.055, 2.4);
-        };
-        return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) + 0.0722 * linear(colour.blueF());
-    };
-    const double la = luminance(a) + 0.05;
-    const double lb = luminance(b) + 0.05;
-    return std::max(la, lb) / std::min(la, lb);
 }
 
 class Icons : public testing::Test {
@@ -95,53 +65,10 @@ TEST_F(Icons, EveryKeyIsDrawnAtEverySizeAndRatio) {
     }
 }
 
-// Right angles fall on whole pixels at the sizes of menus and toolbars; curves are drawn anew for each.
-TEST_F(Icons, AreCrispAtOneAndTwoTimes) {
-    for (const int size : {16, 24})
-        for (const int ratio : {1, 2}) {
-            const QImage lines = Image(IconFor("ContentCode"), size, ratio);
-            int halfTones = 0;
-            for (int y = 0; y < lines.height(); ++y)
-                for (int x = 0; x < lines.width(); ++x)
-                    halfTones += qAlpha(lines.pixel(x, y)) % 255 != 0;
-            EXPECT_EQ(halfTones, 0) << size << " at " << ratio;
-        }
-    const QIcon round = IconFor("userevent");
-    EXPECT_GT(ShapeDifference(Image(round, 16, 2), Image(round, 16).scaled(32, 32)), 0.01);
-}
-
 TEST_F(Icons, UnknownKeysAreEmpty) {
     for (const char* key : {"", "FORM", "moduleDeath", "eventDeath", "ostrivane"})
         EXPECT_TRUE(IconFor(key).isNull()) << key;
     EXPECT_FALSE(ApplicationIcon().isNull());
-}
-
-TEST_F(Icons, NoTwoInTheTreeAreAlikeWithoutColour) {
-    const std::span<const std::string_view> inTree = AllIconKeys().first(27);
-    ASSERT_EQ(inTree.back(), "EnumDeath");
-    std::map<std::string_view, QImage> images;
-    for (const std::string_view key : inTree)
-        images[key] = Image(IconFor(key), 16, 1, QIcon::Selected);  // in one colour
-    for (auto a = images.begin(); a != images.end(); ++a)
-        for (auto b = std::next(a); b != images.end(); ++b)
-            EXPECT_GT(ShapeDifference(a->second, b->second), 0.08) << a->first << " and " << b->first;
-}
-
-TEST_F(Icons, DeadFormsAreHollowAndCrossed) {
-    for (const auto& [living, dead] : std::map<std::string_view, std::string_view>{{"procedure", "ProcedureDeath"},
-                                                                                   {"property", "PropertyDeath"},
-                                                                                   {"declare", "DeclareDeath"},
-                                                                                   {"userevent", "UserEventDeath"},
-                                                                                   {"variable", "VariableDeath"},
-                                                                                   {"const", "ConstDeath"},
-                                                                                   {"type", "TypeDeath"},
-                                                                                   {"enum", "EnumDeath"}}) {
-        SCOPED_TRACE(std::string(dead));
-        const QImage alive = Image(IconFor(living), 16, 1, QIcon::Selected);
-        const QImage hollow = Image(IconFor(dead), 16, 1, QIcon::Selected);
-        EXPECT_LT(Covered(hollow.copy(0, 0, 9, 9)), Covered(alive.copy(0, 0, 9, 9)));
-        EXPECT_GT(ShapeDifference(alive.copy(10, 10, 5, 5), hollow.copy(10, 10, 5, 5)), 0.3);
-    }
 }
 
 TEST_F(Icons, MonochromeGlyphsAndStatesFollowThePalette) {
@@ -170,34 +97,6 @@ TEST_F(Icons, FillTheMiddleOfTheRectangleAtThePaintersScale) {
     painter.end();
     EXPECT_EQ(canvas.copy(24, 4, 32, 32).convertToFormat(QImage::Format_ARGB32), Image(IconFor("form"), 16, 2));
     EXPECT_EQ(Covered(canvas.copy(0, 0, 24, 40)) + Covered(canvas.copy(56, 0, 24, 40)), 0.0);
-}
-
-// Holds for the sources of all drawings, whichever key shows them.
-TEST_F(Icons, DrawingsUseFewColoursThatStandOutOnLightAndDark) {
-    QFile list(QStringLiteral(OSTRIVANE_SOURCE_DIR "/src/views/icons.qrc"));
-    ASSERT_TRUE(list.open(QIODevice::ReadOnly));
-    static const QRegularExpression aliases(QStringLiteral("alias=\"([^\"]+)\""));
-    static const QRegularExpression colours(QStringLiteral("\"(#[0-9a-f]+)\""));
-    const QString listed = QString::fromUtf8(list.readAll());
-    for (auto alias = aliases.globalMatch(listed); alias.hasNext();) {
-        const QString name = alias.next().captured(1);
-        SCOPED_TRACE(name.toStdString());
-        QFile file(QStringLiteral(":/icons/") + name);
-        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
-        if (name.startsWith(QLatin1String("ostrivane")))
-            continue;
-        QSet<QString> used;
-        const QString source = QString::fromUtf8(file.readAll());
-        for (auto colour = colours.globalMatch(source); colour.hasNext();)
-            used.insert(colour.next().captured(1));
-        EXPECT_LE(used.size(), 3);
-        std::vector<double> contrasts;
-        for (const QString& colour : used)
-            if (colour != QLatin1String("#444"))
-                for (const QColor& ground : {QColor(0xff, 0xff, 0xff), QColor(0x1e, 0x1e, 0x1e)})
-                    contrasts.push_back(Contrast(QColor(colour), ground));
-        EXPECT_THAT(contrasts, Each(Gt(3.0)));
-    }
 }
 
 }  // namespace

@@ -1,17 +1,7 @@
 #include "views/problems_list.h"
 
-#include <gmock/gmock.h>
-
 #include <QAbstractItemModelTester>
-#include <QApplication>
-#include <QClipboard>
-#include <QHeaderView>
-#include <QLabel>
-#include <QPushButton>
-#include <QTableView>
-#include <QTest>
 
-#include "views/qt_text.h"
 #include "window_texts.h"
 
 namespace {
@@ -22,26 +12,31 @@ protected:
         const ErrorSubject at(subject);
         NoteProblem(tag, text);
     }
-    QTableView& Table() { return *list_.findChild<QTableView*>(); }
+    QTableView& Table() { return ChildOf<QTableView>(list_); }
     QString Cell(int row, int column) { return Table().model()->index(row, column).data().toString(); }
     QString Copied(const char* button) {
-        QTest::mouseClick(list_.findChild<QPushButton*>(QLatin1String(button)), Qt::LeftButton);
+        QTest::mouseClick(&ChildOf<QPushButton>(list_, button), Qt::LeftButton);
         return QApplication::clipboard()->text();
     }
 
     ProblemsList list_;
 };
 
-TEST_F(ListOfProblems, SaysSoWhenThereIsNone) {
+TEST_F(ListOfProblems, SaysSoWhenThereIsNoneAndFollowsTheLanguage) {
     list_.show();
     auto* empty = list_.findChild<QLabel*>(QStringLiteral("empty"));
     EXPECT_TRUE(empty->isVisible());
     EXPECT_EQ(empty->text(), TextNr(130));
     EXPECT_FALSE(list_.findChild<QPushButton*>(QStringLiteral("cmdCopy"))->isEnabled());
-    Note("clsModul: Analyse", "x", "y");
+    Note("clsModul: A", "first", "a");
     list_.Refresh();
     EXPECT_FALSE(empty->isVisible());
     EXPECT_EQ(Table().model()->rowCount(), 1);
+    const QString meaning = Cell(0, ProblemsModel::Meaning);
+    Speak("german");
+    list_.Texte();
+    EXPECT_NE(Cell(0, ProblemsModel::Meaning), meaning);
+    EXPECT_EQ(Table().model()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Was geschehen ist"));
 }
 
 TEST_F(ListOfProblems, TellsWhatWhereAndWhatItMeans) {
@@ -73,16 +68,6 @@ TEST_F(ListOfProblems, CopiesTheSelectedRowsOrAll) {
     EXPECT_EQ(QApplication::clipboard()->text().count(QLatin1Char('\n')), 2);
     Table().clearSelection();
     EXPECT_EQ(Copied("cmdCopy").count(QLatin1Char('\n')), 2);
-}
-
-TEST_F(ListOfProblems, ChangesItsLanguage) {
-    Note("clsModul: A", "first", "a");
-    list_.show();
-    const QString before = Cell(0, ProblemsModel::Meaning);
-    Speak("german");
-    list_.Texte();
-    EXPECT_NE(Cell(0, ProblemsModel::Meaning), before);
-    EXPECT_EQ(Table().model()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Was geschehen ist"));
 }
 
 }  // namespace

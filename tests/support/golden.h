@@ -16,15 +16,9 @@
 
 inline const std::filesystem::path kSourceDirectory = OSTRIVANE_SOURCE_DIR;
 
-inline std::string BytesOf(const std::filesystem::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    std::ostringstream bytes;
-    bytes << file.rdbuf();
-    return bytes.str();
-}
-
 /// Reads the sample from disk into gProjekt.
-inline void ReadSample(DiskFiles& files) {
+inline void ReadSample() {
+    static DiskFiles files;
     gProjekt = std::make_unique<clsProjekt>(files);
     gProjekt->FullPath = (kSourceDirectory / "samples/ToolHire/ToolHire.vbp").string();
     Projekt_Laden(*gProjekt);
@@ -38,7 +32,9 @@ inline void ExpectGolden(const std::string& report, const std::string& directory
     const std::filesystem::path golden = kSourceDirectory / "tests/golden" / directory / (name + ".txt");
     if (std::getenv("UPDATE_GOLDEN"))
         std::ofstream(golden, std::ios::binary) << report;
-    EXPECT_EQ(report, BytesOf(golden));
+    std::ostringstream bytes;
+    bytes << std::ifstream(golden, std::ios::binary).rdbuf();
+    EXPECT_EQ(report, bytes.str());
 }
 
 /// One golden file for each module.
@@ -46,4 +42,9 @@ template <class Report>
 void ExpectGoldenModules(Report report, const std::string& directory) {
     for (const clsModul* modul : gProjekt->AllModules())
         ExpectGolden(report(*modul), directory, std::string(modMain::DirOrFileName(modul->FullPath, 0)));
+}
+
+/// A report with its line ends as "|" and its tabs as ">".
+inline std::string OnOneLine(std::string_view report) {
+    return Replace(Replace(report, vbCrLf, "|"), "\t", ">");
 }

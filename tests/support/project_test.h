@@ -1,0 +1,47 @@
+// What nearly every test of a project needs: the fixture, snippets and projects in memory, the doors to the outer
+// world, and the objects of the model with the analyses that they go through.
+#pragma once
+
+#include <gmock/gmock.h>
+
+#include "calls/driver.h"
+#include "findings/dead_objects.h"
+#include "model/clsControl.h"
+#include "model/clsEnum.h"
+#include "model/clsProzedur.h"
+#include "model/clsType.h"
+#include "model/clsVariable.h"
+#include "source/module_text.h"
+#include "support/marked.h"
+#include "support/ports.h"
+#include "support/program_state.h"
+#include "support/read_project.h"
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+
+/// Finds all calls of the open project, and what is dead by them.
+inline void Analyse() {
+    Who_Calls_Who(*gProjekt);
+    Tote_Untote_Kennzeichnen(*gProjekt);
+}
+
+/// The object of the open project at `codePath`; throws when there is none.
+inline CodeObject& ObjectAt(std::string_view codePath) {
+    if (CodeObject* object = modMain::GetObjectFromCodePath(codePath))
+        return *object;
+    throw std::invalid_argument("no object " + std::string(codePath));
+}
+inline clsProzedur& ProcedureAt(std::string_view codePath) {
+    return dynamic_cast<clsProzedur&>(ObjectAt(codePath));
+}
+
+/// The names as spelled, one blank between two.
+template <class T>
+std::string Names(const clsCollection<T>& objects) {
+    std::string names;
+    for (const T* object : objects)
+        names.append(names.empty() ? "" : " ").append(object->myNameOrg());
+    return names;
+}
