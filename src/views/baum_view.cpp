@@ -390,7 +390,6 @@ void BaumView::startDrag(Qt::DropActions) {
     const BaumNode* node = model_->NodeAt(index);
     if (!node)
         return;
-    Q_EMIT NodeDragStarted(std::string(node->Key()));
     auto* drag = new QDrag(this);
     drag->setMimeData(model_->mimeData({index}));
     drag->setPixmap(DragPicture(index));

@@ -47,7 +47,6 @@ Q_SIGNALS:
     /// By a right click.
     void NodeContext(const std::string& key);
     void NodeChecked(const std::string& key, bool checked);
-    void NodeDragStarted(const std::string& key);
     void KeyDropped(const std::string& key);
 
 protected:

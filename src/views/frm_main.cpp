@@ -428,9 +428,14 @@ void frmMain::OptionsApplied() {
     code_.Forget();
     if (!gProjekt)
         return;
-    RefillTree();
+    if (localsShown_ != (gOptProcVars != 0))
+        RefillTree();
+    // The groups of the dependency trees have colours of the settings, and so has the code.
+    last_ = {};
     if (BaumNode* node = tree_.Selected())
         Activate_BaumProjekt_Node(node);
+    if (gCheckedObjects.Count() > 0)
+        Show_Dependencies_Group();
 }
 
 void frmMain::ShowStartPage() {

@@ -128,6 +128,7 @@ private:
     void Message(const QString& text);
     void Diagnosis();
     void RefillTree();
+    void FillTree();
     void Activate_Checked();
     void ShowWhyDisabled();
     [[nodiscard]] QString WhyDisabled(const QAction& action) const;
@@ -164,6 +165,7 @@ private:
     NavigationList navigation_;
     bool activating_ = false;
     bool callsRead_ = false;
+    bool localsShown_ = false;  // in the tree
 
     Commands* commands_;
     QStackedWidget* pages_ = nullptr;

@@ -55,6 +55,22 @@ QString WithValue(int textNr, const QString& value) {
     return TextNr(textNr) + QStringLiteral(": ") + value;
 }
 
+// The keys of all nodes with this property, to be found again in a tree that is filled anew.
+std::vector<std::string> KeysWhere(const Baum& tree, bool (BaumNode::*property)() const) {
+    std::vector<std::string> keys;
+    ForEachNode(tree, [&](const BaumNode& node) {
+        if ((node.*property)())
+            keys.push_back(node.Key());
+    });
+    return keys;
+}
+
+void Expand(Baum& tree, const std::vector<std::string>& keys) {
+    for (const std::string& key : keys)
+        if (BaumNode* node = tree.Item(key))
+            tree.SetExpanded(*node, true);
+}
+
 bool HasFileChanged(const Files& files, const clsModul& modul) {
     return modul.DateLastModified != 0 && files.DateLastModified(modul.FullPath) != modul.DateLastModified;
 }
@@ -143,11 +159,7 @@ void frmMain::ShowLoadedProject() {
     callsRead_ = false;
     commands_->SetImage("Calls", "CallsReadNot");
     commands_->SetImage("CallsModule", "CallsReadNot");
-    progress_->SetCancelVisible(false);
-    progress_->Run("ProjektStruktur_Anzeigen", [this] {
-        gProgress().Label(gText.TextNr(21));
-        ProjektStruktur_Anzeigen(*gProjekt, tree_);
-    });
+    FillTree();
     Tote_Untote_Kennzeichnen(*gProjekt);
     Tote_Objekte_Markieren(*gProjekt, tree_);
     const QString file = QFileInfo(ToPath(gProjekt->FullPath)).fileName();
@@ -236,42 +248,43 @@ void frmMain::Files_Check() {
     const std::string path = gProjekt->FullPath;
     const std::string key = tree_.Selected() ? tree_.Selected()->Key() : std::string();
     const bool readCalls = callsRead_;
-    std::vector<std::string> expanded;
-    ForEachNode(tree_, [&expanded](const BaumNode& node) {
-        if (node.Expanded())
-            expanded.push_back(node.Key());
-    });
+    const std::vector<std::string> expanded = KeysWhere(tree_, &BaumNode::Expanded);
     OpenProject(path);
     if (!gProjekt)
         return;
     if (readCalls)
         RunCalls();
-    for (const std::string& node : expanded)
-        if (BaumNode* found = tree_.Item(node))
-            tree_.SetExpanded(*found, true);
+    Expand(tree_, expanded);
     ActivateKey(key);
     Message(TextNr(224, QString::number(changed)));
 }
 
+// The same objects in a tree that shows locals or not: folds, check marks and the selected node come back.
 void frmMain::RefillTree() {
     const std::string key = tree_.Selected() ? tree_.Selected()->Key() : std::string();
-    std::vector<std::string> expanded;
-    ForEachNode(tree_, [&expanded](const BaumNode& node) {
-        if (node.Expanded())
-            expanded.push_back(node.Key());
-    });
+    const std::vector<std::string> expanded = KeysWhere(tree_, &BaumNode::Expanded);
+    const std::vector<std::string> checked = KeysWhere(tree_, &BaumNode::Checked);
     {
         const Baum::Filling filling(tree_);
         tree_.Clear();
-        progress_->SetCancelVisible(false);
-        progress_->Run("ProjektStruktur_Anzeigen", [this] { ProjektStruktur_Anzeigen(*gProjekt, tree_); });
+        FillTree();
         Tote_Objekte_Markieren(*gProjekt, tree_);
+        for (const std::string& node : checked)
+            if (BaumNode* found = tree_.Item(node))
+                tree_.SetChecked(*found, true);
     }
-    for (const std::string& node : expanded)
-        if (BaumNode* found = tree_.Item(node))
-            tree_.SetExpanded(*found, true);
+    Expand(tree_, expanded);
     if (BaumNode* node = tree_.Item(key))
         tree_.Select(node);
+}
+
+void frmMain::FillTree() {
+    localsShown_ = gOptProcVars != 0;
+    progress_->SetCancelVisible(false);
+    progress_->Run("ProjektStruktur_Anzeigen", [this] {
+        gProgress().Label(gText.TextNr(21));
+        ProjektStruktur_Anzeigen(*gProjekt, tree_);
+    });
 }
 
 void frmMain::WriteReports(const std::string& operation) {

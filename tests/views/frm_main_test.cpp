@@ -28,6 +28,7 @@
 #include "views/code_view.h"
 #include "views/commands.h"
 #include "views/fold_splitter.h"
+#include "views/frm_optionen.h"
 #include "views/frm_progress.h"
 #include "views/main_panes.h"
 #include "views/path_line.h"
@@ -258,6 +259,25 @@ TEST_F(MainWindow, CheckedModulesShowTheirCommonNeighbourhood) {
     check("modmain", false);
     check("modstore", false);
     EXPECT_EQ(window_->CalledByTree().Count() + window_->CallsTree().Count(), 0);
+}
+
+TEST_F(MainWindow, OptionsKeepFoldsChecksAndTheSelectedNode) {
+    Open();
+    window_->ActivateKey("modmain.main");
+    BaumNode& modul = *window_->Tree().Item("modstore");
+    window_->Tree().SetChecked(modul, true);
+    auto& options = *window_->findChild<frmOptionen*>();
+    Q_EMIT options.Applied();
+    EXPECT_EQ(window_->Tree().Item("modstore"), &modul);  // colours and fonts leave the tree alone
+    const int withLocals = window_->Tree().Count();
+    gOptProcVars = 0;
+    Q_EMIT options.Applied();
+    EXPECT_LT(window_->Tree().Count(), withLocals);
+    EXPECT_TRUE(window_->Tree().Item("modstore")->Checked());
+    EXPECT_TRUE(window_->Tree().Item("modmain")->Expanded());
+    ASSERT_TRUE(window_->Tree().Selected());
+    EXPECT_EQ(window_->Tree().Selected()->Key(), "modmain.main");
+    EXPECT_THAT(Code().toStdString(), HasSubstr("Sub Main()"));
 }
 
 TEST_F(MainWindow, NodesAreCollectedByDraggingOrByKeys) {
