@@ -147,11 +147,12 @@ void Reader(benchmark::State& state, bool procedures) {
                              : path.ends_with(".ctl") ? "usercontrol"
                                                       : "module";
             modul.FullPath = path;
-            Read_MyCodeName(*gProjekt, modul);
+            ModuleFile file = Read_ModuleFile(files, path, modul.ModulTyp);
+            Read_MyCodeName(*gProjekt, modul, file);
             if (procedures)
-                Modul_Einlesen(*gProjekt, modul);
+                Modul_Einlesen(*gProjekt, modul, file);
             else
-                Modul_Aufbau_Lesen(*gProjekt, modul);
+                Modul_Aufbau_Lesen(*gProjekt, modul, file);
         }
         state.ResumeTiming();
         for (const auto& modul : gProjekt->OwnedModules()) {

@@ -44,8 +44,9 @@ const char* const kNearForm =
 void RequireSameMapAgain(clsProjekt& projekt, const clsModul& modul) {
     clsModul& again = projekt.Own(std::make_unique<clsModul>());
     again.FullPath = modul.FullPath;
-    Read_MyCodeName(projekt, again);
-    Modul_Aufbau_Lesen(projekt, again);
+    ModuleFile file = Read_ModuleFile(projekt.TheFiles(), again.FullPath, again.ModulTyp);
+    Read_MyCodeName(projekt, again, file);
+    Modul_Aufbau_Lesen(projekt, again, file);
     for (Pos pos = 0; pos <= modul.text->CharCount(); ++pos)
         Require(modul.text->FlagsAt(pos) == again.text->FlagsAt(pos), "a map made again is the first one");
 }

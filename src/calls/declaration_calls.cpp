@@ -13,11 +13,12 @@ bool IsArithmetic(std::string_view word) {
 
 class DeclarationCalls {
 public:
-    DeclarationCalls(ModuleReader& reader, ModuleNames& names)
+    DeclarationCalls(ModuleReader& reader, ModuleNames& names, FoundCalls& found)
         : reader_(reader),
           tokens_(reader.tokens),
           names_(names),
-          clause_(reader.projekt, reader.modul, nullptr, names) {}
+          found_(found),
+          clause_(found, reader.modul, nullptr, names) {}
 
     void Run(int& nr, int last) {
         for (; nr <= last; ++nr) {
@@ -38,7 +39,7 @@ private:
         WordMeaning& meaning = names_.Of(reader_.Word(nr));
         CodeObject* object = modMain::Get_Objekt_AusName(names_, meaning, AccessMode::Read);
         if (object && object->Class() == ObjectClass::Variable && static_cast<clsVariable*>(object)->IsConst)
-            CallCreateVarInDecl(reader_.projekt, *object, reader_.modul, CallType::Really, tokens_.PosOf(nr));
+            found_.CallCreateVarInDecl(*object, reader_.modul, CallType::Really, tokens_.PosOf(nr));
     }
 
     // The value behind "=", up to the comma that ends it.
@@ -82,12 +83,14 @@ private:
     ModuleReader& reader_;
     const TokenTable& tokens_;
     ModuleNames& names_;
+    FoundCalls& found_;
     TypeClause clause_;
     int depth_ = 0;  // of the whole section
 };
 
 }  // namespace
 
-void Analyse_CallsVarBereich(ModuleReader& reader, ModuleNames& names, int& firstTok, int lastTok) {
-    DeclarationCalls(reader, names).Run(firstTok, lastTok);
+void Analyse_CallsVarBereich(ModuleReader& reader, ModuleNames& names, int& firstTok, int lastTok,
+                             FoundCalls& found) {
+    DeclarationCalls(reader, names, found).Run(firstTok, lastTok);
 }

@@ -1,6 +1,7 @@
 #include "calls/driver.h"
 
 #include "calls/declaration_calls.h"
+#include "calls/edges.h"
 #include "calls/keywords.h"
 #include "calls/module_names.h"
 #include "calls/procedure_calls.h"
@@ -14,6 +15,7 @@
 #include "shell/errors.h"
 #include "shell/operations.h"
 #include "shell/timing.h"
+#include "shell/work_ahead.h"
 #include "source/module_text.h"
 #include "structure/module_reader.h"
 
@@ -67,14 +69,18 @@ void Clear(clsModul& modul) {
     modul.CallsInDeclarations.Clear();
 }
 
-void Analyse_Calls(clsProjekt& projekt, clsModul& modul, ModuleNames& names) {
+// Reads the model and writes nothing but what it returns, so that modules can be walked side by side.
+FoundCalls CallsOf(clsProjekt& projekt, clsModul& modul, ModuleNames& names) {
+    FoundCalls found;
     ModuleReader reader(projekt, modul);
+    found.Reserve(static_cast<std::size_t>(reader.tokens.Count()) / 8);
     names.TurnTo(modul);
     int first = modul.TokNrBeginnVarBereich;
-    Analyse_CallsVarBereich(reader, names, first, modul.TokNrBeginnProcBereich - 1);
+    Analyse_CallsVarBereich(reader, names, first, modul.TokNrBeginnProcBereich - 1, found);
     for (clsProzedur* prozedur : modul.MyProcs)
-        Analyse_CallsProc(reader, names, *prozedur);
+        Analyse_CallsProc(reader, names, *prozedur, found);
     modul.text->ReleaseModulText();
+    return found;
 }
 
 }  // namespace
@@ -85,16 +91,20 @@ void Who_Calls_Who(clsProjekt& projekt) {
     clsQueryTimer timer;
     timer.Calibrieren();
     timer.Start();
-    ModuleNames names;
     gProgress().Label(gText.TextNr(66));
     gProgress().Range(0, projekt.CountAllModules());
-    for (clsModul* modul : projekt.AllModules()) {
+    const std::vector<clsModul*> modules = projekt.AllModules();
+    std::vector<ModuleNames> names(WorkAhead<FoundCalls>::Workers());
+    WorkAhead<FoundCalls> walks(modules.size(), [&](std::size_t nr, std::size_t worker) {
+        return CallsOf(projekt, *modules[nr], names[worker]);
+    });
+    for (clsModul* modul : modules) {
         if (gAbort)
             break;
         const ErrorSubject subject(modul->FullPath);
         gProgress().Label(modul->myNameOrg());
         DoEvents();
-        Analyse_Calls(projekt, *modul, names);
+        walks.Next().Join(projekt);
         gProgress().Progressiere_mal();
     }
     timer.Halt();
@@ -104,7 +114,7 @@ void Who_Calls_Who(clsProjekt& projekt) {
 void Analyse_Calls(clsProjekt& projekt, clsModul& modul) {
     NumberKeywords();
     ModuleNames names;
-    Analyse_Calls(projekt, modul, names);
+    CallsOf(projekt, modul, names).Join(projekt);
 }
 
 void Remove_All_Calls(clsProjekt& projekt) {

@@ -33,29 +33,29 @@ bool HasType(const Edges& edges, CallType type) {
 
 }  // namespace
 
-clsCall& CallCreate(clsProjekt& projekt, CodeObject& target, clsProzedur& caller, CallType type, Pos pos) {
-    clsCall& call = projekt.calls.New(target, &caller, type, pos);
-    target.CalledByAll.Append(call);
-    caller.CallsAll.Append(call);
+clsCall& CallCreate(clsProjekt& projekt, CodeObject& target, EdgeStart start, Pos pos) {
+    const bool isUse = start.Type() == CallType::Use;
+    clsCall& call = projekt.calls.New(target, start, pos);
+    (isUse ? *const_cast<IncomingEdges*>(UsedByAllOf(target)) : target.CalledByAll).Append(call);
+    if (clsProzedur* const caller = start.Procedure())
+        (isUse ? caller->UsesAll : caller->CallsAll).Append(call);
+    else if (clsModul* const modul = start.Module())
+        modul->CallsInDeclarations.Append(call);
     return call;
 }
 
-clsCall& CallCreateVarInDecl(clsProjekt& projekt, CodeObject& target, clsModul& caller, CallType type, Pos pos) {
-    clsCall& call = projekt.calls.New(target, &caller, type, pos);
-    target.CalledByAll.Append(call);
-    caller.CallsInDeclarations.Append(call);
-    return call;
+void FoundCalls::CallUseCreate(CodeObject& target, clsProzedur* procedure, clsModul& modul, Pos pos) {
+    if (!UsedByAllOf(target))
+        return;
+    if (procedure)
+        CallCreate(target, *procedure, CallType::Use, pos);
+    else
+        CallCreateVarInDecl(target, modul, CallType::Use, pos);
 }
 
-clsCall* CallUseCreate(clsProjekt& projekt, CodeObject& target, clsProzedur* procedure, clsModul& modul, Pos pos) {
-    auto* usedByAll = const_cast<IncomingEdges*>(UsedByAllOf(target));
-    if (!usedByAll)
-        return nullptr;
-    clsCall& call = procedure ? projekt.calls.New(target, procedure, CallType::Use, pos)
-                              : projekt.calls.New(target, &modul, CallType::Use, pos);
-    usedByAll->Append(call);
-    (procedure ? procedure->UsesAll : modul.CallsInDeclarations).Append(call);
-    return &call;
+void FoundCalls::Join(clsProjekt& projekt) const {
+    for (const Found& found : found_)
+        ::CallCreate(projekt, *found.target, found.start, found.pos);
 }
 
 bool Is_CalledBy(const CodeObject& object, CallType type) {

@@ -1,6 +1,5 @@
 #include "calls/may_be.h"
 
-#include "calls/edges.h"
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
 #include "model/clsType.h"
@@ -50,14 +49,14 @@ bool IsPublicTarget(const CodeObject& object, AccessMode mode) {
 
 }  // namespace
 
-void Analyse_SetMayBeCalls(clsProjekt& projekt, clsProzedur& prozedur, const ModuleNames& names, WordMeaning& member,
+void Analyse_SetMayBeCalls(FoundCalls& found, clsProzedur& prozedur, const ModuleNames& names, WordMeaning& member,
                            AccessMode mode, Pos pos) {
     if (const clsSpaceName* own = names.Own(member))
         for (CodeObject* object : own->Objects())
             if (IsPrivateTarget(*object, *prozedur.Modul, mode))
-                CallCreate(projekt, *object, prozedur, CallType::MayBe, pos);
+                found.CallCreate(*object, prozedur, CallType::MayBe, pos);
     if (const clsSpaceName* everywhere = ModuleNames::Everywhere(member))
         for (CodeObject* object : everywhere->Objects())
             if (IsPublicTarget(*object, mode))
-                CallCreate(projekt, *object, prozedur, CallType::MayBe, pos);
+                found.CallCreate(*object, prozedur, CallType::MayBe, pos);
 }

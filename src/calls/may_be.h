@@ -2,11 +2,12 @@
 // reached through an object, and each gets a possible call. Nothing limits their number.
 #pragma once
 
+#include "calls/edges.h"
 #include "calls/module_names.h"
 #include "calls/resolve.h"
 #include "shell/vb_text.h"
 
 /// @param names   turned to the calling procedure's module
 /// @param member  the word at `pos`
-void Analyse_SetMayBeCalls(clsProjekt& projekt, clsProzedur& prozedur, const ModuleNames& names, WordMeaning& member,
+void Analyse_SetMayBeCalls(FoundCalls& found, clsProzedur& prozedur, const ModuleNames& names, WordMeaning& member,
                            AccessMode mode, Pos pos);

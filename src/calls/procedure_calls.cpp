@@ -16,7 +16,6 @@
 #include "calls/resolve.h"
 #include "calls/type_clause.h"
 #include "model/clsControl.h"
-#include "shell/operations.h"
 #include "structure/module_reader.h"
 
 namespace {
@@ -52,17 +51,17 @@ private:
 
 class ProcedureCalls {
 public:
-    ProcedureCalls(ModuleReader& reader, ModuleNames& names, clsProzedur& prozedur)
+    ProcedureCalls(ModuleReader& reader, ModuleNames& names, clsProzedur& prozedur, FoundCalls& found)
         : reader_(reader),
           tokens_(reader.tokens),
           projekt_(reader.projekt),
           names_(names),
           proc_(prozedur),
-          clause_(reader.projekt, reader.modul, &prozedur, names),
+          found_(found),
+          clause_(found, reader.modul, &prozedur, names),
           last_(prozedur.DeclareEndTNr - 1) {}
 
     void Run() {
-        DoEvents();
         bool newStatement = true;
         for (int nr = proc_.DeclareStartTNr; nr <= last_; ++nr) {
             newStatement |= tokens_.StartsStatement(nr);
@@ -284,7 +283,7 @@ private:
         // Without a chain nothing is looked up, and the search for possible calls finds it all the same.
         CodeObject* member = parent ? modMain::Get_Child(projekt_, parent, meaning.name, mode_, &names_) : nullptr;
         if (!member)
-            Analyse_SetMayBeCalls(projekt_, proc_, names_, meaning, mode_, tokens_.PosOf(nr));
+            Analyse_SetMayBeCalls(found_, proc_, names_, meaning, mode_, tokens_.PosOf(nr));
         return member;
     }
 
@@ -342,10 +341,10 @@ private:
     // What decides at the depth of the statement: an "=", a "," or a word that stops the look.
     void LookAhead(int nr) {
         if (nr >= lookUntil_) {
-            found_ = Found::Nothing;
+            ahead_ = Found::Nothing;
             int depth = 0;
             int at = nr + 1;
-            for (; tokens_.ContinuesStatement(at) && found_ == Found::Nothing; ++at) {
+            for (; tokens_.ContinuesStatement(at) && ahead_ == Found::Nothing; ++at) {
                 const std::string_view word = reader_.Word(at);
                 if (Is(word, "("))
                     ++depth;
@@ -353,17 +352,17 @@ private:
                     --depth;
                 else if (Is(word, "to") || Is(word, "then") || Is(word, "while") || Is(word, "until") ||
                          (depth == 0 && Is(word, ".")))
-                    found_ = Found::Word;
+                    ahead_ = Found::Word;
                 else if (depth == 0 && Is(word, "="))
-                    found_ = Found::Assignment;
+                    ahead_ = Found::Assignment;
                 else if (Is(word, ":="))
                     break;
                 else if (depth == 0 && Is(word, ","))
-                    found_ = CharAt(reader_.lower, tokens_.EndOf(at)) == ' ' ? Found::CommaAndBlank : Found::Comma;
+                    ahead_ = CharAt(reader_.lower, tokens_.EndOf(at)) == ' ' ? Found::CommaAndBlank : Found::Comma;
             }
-            lookUntil_ = found_ == Found::Nothing ? at : at - 1;
+            lookUntil_ = ahead_ == Found::Nothing ? at : at - 1;
         }
-        switch (found_) {
+        switch (ahead_) {
             case Found::Nothing:
             case Found::Comma:
                 break;
@@ -402,14 +401,15 @@ private:
             default:
                 return;
         }
-        CallCreate(projekt_, object, proc_, CallType::Really, pos);
+        found_.CallCreate(object, proc_, CallType::Really, pos);
     }
 
     ModuleReader& reader_;
     const TokenTable& tokens_;
-    clsProjekt& projekt_;
+    const clsProjekt& projekt_;
     ModuleNames& names_;
     clsProzedur& proc_;
+    FoundCalls& found_;
     TypeClause clause_;
     int last_;
 
@@ -430,13 +430,13 @@ private:
     bool setStatement_ = false;
     bool withHeader_ = false;
     bool isLocal_ = false;
-    Found found_ = Found::Nothing;  // of the last look ahead, good up to token lookUntil_
+    Found ahead_ = Found::Nothing;  // of the last look ahead, good up to token lookUntil_
     int lookUntil_ = 0;
 };
 
 }  // namespace
 
-void Analyse_CallsProc(ModuleReader& reader, ModuleNames& names, clsProzedur& prozedur) {
+void Analyse_CallsProc(ModuleReader& reader, ModuleNames& names, clsProzedur& prozedur, FoundCalls& found) {
     if (prozedur.DeclareStartTNr > 0)
-        ProcedureCalls(reader, names, prozedur).Run();
+        ProcedureCalls(reader, names, prozedur, found).Run();
 }

@@ -8,8 +8,8 @@
 
 class TypeClause {
 public:
-    TypeClause(clsProjekt& projekt, clsModul& modul, clsProzedur* procedure, ModuleNames& names)
-        : projekt_(projekt), modul_(modul), procedure_(procedure), names_(names) {}
+    TypeClause(FoundCalls& found, clsModul& modul, clsProzedur* procedure, ModuleNames& names)
+        : found_(found), modul_(modul), procedure_(procedure), names_(names) {}
 
     /// "as" at bracket depth `depth`: a type begins.
     void Begin(int depth) {
@@ -32,7 +32,7 @@ public:
         part_ = word.Known() ? modMain::Get_Typ_AusName(context, word, &names_) : nullptr;
         hasPart_ = true;
         if (part_)
-            CallUseCreate(projekt_, *part_, procedure_, modul_, pos);
+            found_.CallUseCreate(*part_, procedure_, modul_, pos);
     }
 
 private:
@@ -40,7 +40,7 @@ private:
         hasPart_ = false;
         part_ = nullptr;
     }
-    clsProjekt& projekt_;
+    FoundCalls& found_;
     clsModul& modul_;
     clsProzedur* procedure_;
     ModuleNames& names_;

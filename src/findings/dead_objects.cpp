@@ -114,7 +114,7 @@ void Check_ProcVars_Calls(clsProjekt& projekt, clsProzedur& prozedur) {
         while ((place = Here_OneCall_Var(text, prozedur, *variable, place + 1, counts)) != 0 &&
                place <= prozedur.DeclareEnd)
             if (counts && place != variable->DeclareStart)
-                CallCreate(projekt, *variable, prozedur, CallType::Really, place);
+                CallCreate(projekt, *variable, {&prozedur, CallType::Really}, place);
     }
     prozedur.LocalCallsChecked = true;
 }

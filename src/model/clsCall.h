@@ -16,23 +16,39 @@ class clsProzedur;
 
 enum class CallType : std::int8_t { MayBe = -1, Really = 1, Use = 2 };
 
+/// Where an edge starts, and of what kind it is, in one word: edges are many, so the kind stands in the address's lowest bits.
+class EdgeStart {
+public:
+    /// In a procedure; null for nowhere.
+    EdgeStart(clsProzedur* procedure, CallType type) : EdgeStart(reinterpret_cast<std::uintptr_t>(procedure), type) {}
+    /// In the declarations section of a module.
+    EdgeStart(clsModul* modul, CallType type) : EdgeStart(reinterpret_cast<std::uintptr_t>(modul) | kIsModule, type) {}
+
+    [[nodiscard]] clsProzedur* Procedure() const {
+        return (bits_ & kIsModule) != 0 ? nullptr : reinterpret_cast<clsProzedur*>(bits_ & ~kBits);
+    }
+    [[nodiscard]] clsModul* Module() const {
+        return (bits_ & kIsModule) == 0 ? nullptr : reinterpret_cast<clsModul*>(bits_ & ~kBits);
+    }
+    [[nodiscard]] CallType Type() const { return static_cast<CallType>(static_cast<int>(bits_ >> 1 & 3) - 1); }
+
+private:
+    static constexpr std::uintptr_t kIsModule = 1;
+    static constexpr std::uintptr_t kBits = 7;
+    EdgeStart(std::uintptr_t bits, CallType type) : bits_(bits | static_cast<std::uintptr_t>(static_cast<int>(type) + 1) << 1) {}
+    std::uintptr_t bits_;
+};
+
 class clsCall {
 public:
-    /// @param caller  the procedure, or the module for an edge of its declarations section; null for neither
-    clsCall(CodeObject& target, clsProzedur* caller, CallType type, Pos pos, std::int32_t nr)
-        : clsCall(target, reinterpret_cast<std::uintptr_t>(caller), type, pos, nr) {}
-    clsCall(CodeObject& target, clsModul* caller, CallType type, Pos pos, std::int32_t nr)
-        : clsCall(target, reinterpret_cast<std::uintptr_t>(caller) | kIsModule, type, pos, nr) {}
+    clsCall(CodeObject& target, EdgeStart start, Pos pos, std::int32_t nr)
+        : Parent(&target), CallPos(pos), CallNr(nr), start_(start) {}
 
     /// The caller; null for an edge of a declarations section.
-    [[nodiscard]] clsProzedur* CallProcedure() const {
-        return (caller_ & kIsModule) != 0 ? nullptr : reinterpret_cast<clsProzedur*>(caller_ & ~kBits);
-    }
+    [[nodiscard]] clsProzedur* CallProcedure() const { return start_.Procedure(); }
     /// The caller's module, where there is no procedure.
-    [[nodiscard]] clsModul* CallModule() const {
-        return (caller_ & kIsModule) == 0 ? nullptr : reinterpret_cast<clsModul*>(caller_ & ~kBits);
-    }
-    [[nodiscard]] CallType Type() const { return static_cast<CallType>(static_cast<int>(caller_ >> 1 & 3) - 1); }
+    [[nodiscard]] clsModul* CallModule() const { return start_.Module(); }
+    [[nodiscard]] CallType Type() const { return start_.Type(); }
 
     CodeObject* Parent;   // the target: what is called or used
     Pos CallPos;          // of the token in the caller's module
@@ -42,16 +58,7 @@ public:
     clsCall* nextOutgoing = nullptr;  // in the list of the caller
 
 private:
-    // Edges are many: what kind this one is, and of which class the caller, stand in the caller's three lowest bits.
-    static constexpr std::uintptr_t kIsModule = 1;
-    static constexpr std::uintptr_t kBits = 7;
-    clsCall(CodeObject& target, std::uintptr_t caller, CallType type, Pos pos, std::int32_t nr)
-        : Parent(&target),
-          CallPos(pos),
-          CallNr(nr),
-          caller_(caller | static_cast<std::uintptr_t>(static_cast<int>(type) + 1) << 1) {}
-
-    std::uintptr_t caller_;
+    EdgeStart start_;
     [[no_unique_address]] Counted<gCountCall> counted_;
 };
 static_assert(sizeof(void*) != 8 || sizeof(clsCall) == 40);
@@ -96,13 +103,12 @@ using OutgoingEdges = EdgeList<&clsCall::nextOutgoing>;
 /// Owns all edges of a project, in blocks. Numbers go on after Clear.
 class EdgeStore {
 public:
-    template <class Caller>
-    clsCall& New(CodeObject& target, Caller* caller, CallType type, Pos pos) {
+    clsCall& New(CodeObject& target, EdgeStart start, Pos pos) {
         if (blocks_.empty() || blocks_.back().size() == kBlock) {
             blocks_.emplace_back();
             blocks_.back().reserve(kBlock);
         }
-        return blocks_.back().emplace_back(target, caller, type, pos, ++lastNr_);
+        return blocks_.back().emplace_back(target, start, pos, ++lastNr_);
     }
     /// Drops all edges; the lists that hold them must have been cleared.
     void Clear() { blocks_.clear(); }

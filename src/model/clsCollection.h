@@ -1,9 +1,12 @@
 // The one container of the model: references in insertion order under keys without regard to case.
-// Positions count from 1. It owns nothing. Look-ups compare name handles and allocate nothing.
+// Positions count from 1. It owns nothing. Look-ups compare name handles and allocate nothing, and several threads may
+// make them at a time.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <memory>
+#include <mutex>
 #include <string_view>
 #include <vector>
 
@@ -19,6 +22,17 @@ class clsCollection {
     };
 
 public:
+    clsCollection() = default;
+    clsCollection(const clsCollection&) = delete;
+    clsCollection& operator=(const clsCollection&) = delete;
+    clsCollection& operator=(clsCollection&& other) noexcept {
+        Clear();
+        entries_.swap(other.entries_);
+        other.DropIndex();
+        return *this;
+    }
+    ~clsCollection() { DropIndex(); }
+
     /// Appends. Throws VbError 457 when the key is present.
     void Add(Name key, T* value) {
         if (!AddUnlessPresent(key, value))
@@ -32,8 +46,8 @@ public:
         if (PositionOf(key) != kNone)
             return false;
         entries_.push_back({key, value});
-        if (index_)
-            Enter(static_cast<std::uint32_t>(entries_.size() - 1));
+        if (Index* const index = index_.load(std::memory_order_relaxed))
+            Enter(*index, static_cast<std::uint32_t>(entries_.size() - 1));
         return true;
     }
 
@@ -70,7 +84,7 @@ public:
         if (position == kNone)
             return false;
         entries_.erase(entries_.begin() + position);
-        index_.reset();
+        DropIndex();
         return true;
     }
     bool Remove(std::string_view key) {
@@ -79,7 +93,7 @@ public:
     }
     void Clear() {
         entries_.clear();
-        index_.reset();
+        DropIndex();
     }
 
     // Iteration over the objects in order; removing meanwhile is not allowed.
@@ -115,11 +129,12 @@ private:
                     return i;
             return kNone;
         }
-        if (!index_)
-            BuildIndex();
-        const std::size_t mask = index_->slots.size() - 1;
+        const Index* index = index_.load(std::memory_order_acquire);
+        if (!index)
+            index = IndexMadeOnce();
+        const std::size_t mask = index->slots.size() - 1;
         for (std::size_t slot = key.Hash() & mask;; slot = (slot + 1) & mask) {
-            const std::uint32_t position = index_->slots[slot];
+            const std::uint32_t position = index->slots[slot];
             if (position == 0)
                 return kNone;
             if (entries_[position - 1].key == key)
@@ -127,31 +142,41 @@ private:
         }
     }
 
-    void Enter(std::uint32_t position) const {
-        if (entries_.size() * 2 > index_->slots.size()) {
-            BuildIndex();
-            return;
-        }
-        Place(position);
+    void Enter(Index& index, std::uint32_t position) const {
+        if (entries_.size() * 2 > index.slots.size())
+            Build(index);
+        else
+            Place(index, position);
     }
-    void Place(std::uint32_t position) const {
-        const std::size_t mask = index_->slots.size() - 1;
+    void Place(Index& index, std::uint32_t position) const {
+        const std::size_t mask = index.slots.size() - 1;
         std::size_t slot = entries_[position].key.Hash() & mask;
-        while (index_->slots[slot])
+        while (index.slots[slot])
             slot = (slot + 1) & mask;
-        index_->slots[slot] = position + 1;
+        index.slots[slot] = position + 1;
     }
-    void BuildIndex() const {
+    void Build(Index& index) const {
         std::size_t size = 64;
         while (size < entries_.size() * 3)
             size *= 2;
-        index_ = std::make_unique<Index>();
-        index_->slots.assign(size, 0);
+        index.slots.assign(size, 0);
         for (std::uint32_t i = 0; i < entries_.size(); ++i)
-            Place(i);
+            Place(index, i);
     }
+    // The first look-up makes the table, also when two come at a time.
+    const Index* IndexMadeOnce() const {
+        static std::mutex one;
+        const std::lock_guard lock(one);
+        if (const Index* const index = index_.load(std::memory_order_relaxed))
+            return index;
+        auto index = std::make_unique<Index>();
+        Build(*index);
+        index_.store(index.get(), std::memory_order_release);
+        return index.release();
+    }
+    void DropIndex() { delete index_.exchange(nullptr, std::memory_order_relaxed); }
 
     std::vector<Entry> entries_;
-    mutable std::unique_ptr<Index> index_;
+    mutable std::atomic<Index*> index_ = nullptr;
     [[no_unique_address]] Counted<gCountCollection> counted_;
 };

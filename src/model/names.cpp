@@ -88,22 +88,22 @@ NamePool& NamePool::Get() {
     return pool;
 }
 
-NamePool::NamePool() : slots_(kFirstSlots) {}
+NamePool::NamePool() {
+    Reset();
+}
 
 void NamePool::Reset() {
-    slots_.assign(kFirstSlots, nullptr);
+    tables_.clear();
+    table_ = tables_.emplace_back(std::make_unique<Table>(kFirstSlots)).get();
     used_ = 0;
     blocks_.clear();
     freeLeft_ = 0;
 }
 
-const Name::Entry* NamePool::Find(std::string_view text) const {
-    if (text.empty())
-        return &Name::kEmpty;
-    const std::uint32_t hash = HashOf(text);
-    const std::size_t mask = slots_.size() - 1;
-    for (std::size_t slot = hash & mask;; slot = (slot + 1) & mask) {
-        const Name::Entry* entry = slots_[slot];
+// The entry, or null with the slot where it belongs.
+const Name::Entry* NamePool::FindIn(const Table& table, std::string_view text, std::uint32_t hash, std::size_t& slot) {
+    for (slot = hash & table.mask;; slot = (slot + 1) & table.mask) {
+        const Name::Entry* entry = table.slots[slot].load(std::memory_order_acquire);
         if (!entry)
             return nullptr;
         if (entry->hash == hash && entry->length == text.size() &&
@@ -112,24 +112,30 @@ const Name::Entry* NamePool::Find(std::string_view text) const {
     }
 }
 
+const Name::Entry* NamePool::Find(std::string_view text) const {
+    if (text.empty())
+        return &Name::kEmpty;
+    std::size_t slot = 0;
+    return FindIn(*table_.load(std::memory_order_acquire), text, HashOf(text), slot);
+}
+
 const Name::Entry* NamePool::Intern(std::string_view text) {
     if (text.empty())
         return &Name::kEmpty;
     const std::uint32_t hash = HashOf(text);
-    std::size_t mask = slots_.size() - 1;
-    std::size_t slot = hash & mask;
-    for (; slots_[slot]; slot = (slot + 1) & mask) {
-        const Name::Entry* entry = slots_[slot];
-        if (entry->hash == hash && entry->length == text.size() &&
-            SameBytes(entry->chars, text.data(), text.size()))
-            return entry;
-    }
+    std::size_t slot = 0;
+    Table* table = tables_.back().get();
+    if (const Name::Entry* known = FindIn(*table, text, hash, slot))
+        return known;
     Name::Entry* entry = NewEntry(text, hash);
-    slots_[slot] = entry;
-    if (++used_ * 2 > slots_.size())
-        Grow();
-    if (const LowerForm lower(text); lower.View() != text)
+    if (const LowerForm lower(text); lower.View() != text) {
         entry->lower = Intern(lower.View());
+        table = tables_.back().get();
+        (void)FindIn(*table, text, hash, slot);
+    }
+    table->slots[slot].store(entry, std::memory_order_release);
+    if (++used_ * 2 > table->slots.size())
+        Grow();
     return entry;
 }
 
@@ -156,17 +162,18 @@ Name::Entry* NamePool::NewEntry(std::string_view text, std::uint32_t hash) {
 }
 
 void NamePool::Grow() {
-    std::vector<const Name::Entry*> larger(slots_.size() * 2);
-    const std::size_t mask = larger.size() - 1;
-    for (const Name::Entry* entry : slots_) {
+    auto larger = std::make_unique<Table>(tables_.back()->slots.size() * 2);
+    for (const auto& place : tables_.back()->slots) {
+        const Name::Entry* entry = place.load(std::memory_order_relaxed);
         if (!entry)
             continue;
-        std::size_t slot = entry->hash & mask;
-        while (larger[slot])
-            slot = (slot + 1) & mask;
-        larger[slot] = entry;
+        std::size_t slot = entry->hash & larger->mask;
+        while (larger->slots[slot].load(std::memory_order_relaxed))
+            slot = (slot + 1) & larger->mask;
+        larger->slots[slot].store(entry, std::memory_order_relaxed);
     }
-    slots_.swap(larger);
+    table_.store(larger.get(), std::memory_order_release);
+    tables_.push_back(std::move(larger));
 }
 
 Name::Name(std::string_view text) : entry_(NamePool::Get().Intern(text)) {}

@@ -2,6 +2,7 @@
 // each knows its lower-case form, so that keys are compared by one pointer and nothing is allocated to look up.
 #pragma once
 
+#include <atomic>
 #include <cstdint>
 #include <cstring>
 #include <memory>
@@ -44,7 +45,8 @@ private:
     const Entry* entry_;
 };
 
-/// The pool behind all names. It only grows; a name stays valid until Reset.
+/// The pool behind all names. It only grows; a name stays valid until Reset. One thread at a time may make names, and
+/// others may look for them meanwhile.
 class NamePool {
 public:
     static NamePool& Get();
@@ -57,8 +59,18 @@ public:
 private:
     NamePool();
     Name::Entry* NewEntry(std::string_view text, std::uint32_t hash);
+    // Entries by their hash; a free slot is null. Entries only come, so a reader that meets a free slot has seen all that
+    // were there when it began.
+    struct Table {
+        explicit Table(std::size_t size) : mask(size - 1), slots(size) {}
+        std::size_t mask;
+        std::vector<std::atomic<const Name::Entry*>> slots;
+    };
+    [[nodiscard]] static const Name::Entry* FindIn(const Table& table, std::string_view text, std::uint32_t hash,
+                                                   std::size_t& slot);
     void Grow();
-    std::vector<const Name::Entry*> slots_;
+    std::atomic<Table*> table_ = nullptr;         // the last of tables_
+    std::vector<std::unique_ptr<Table>> tables_;  // those outgrown stay: somebody may be looking into them
     std::size_t used_ = 0;
     std::vector<std::unique_ptr<char[]>> blocks_;
     char* free_ = nullptr;

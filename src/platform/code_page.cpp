@@ -5,6 +5,7 @@
 #include <cstring>
 #include <map>
 #include <memory>
+#include <mutex>
 #include <unordered_map>
 #include <utility>
 
@@ -108,6 +109,7 @@ struct CodePage::Tables {
     std::unordered_map<char32_t, char> bytes;
     Converter toUtf8;  // of double-byte pages; kept open, as names are converted one by one
     Converter fromUtf8;
+    mutable std::mutex converting;  // guards both
 
     /// The tables of a page, or null when the system does not know it.
     static const Tables* Of(std::string_view page);
@@ -186,7 +188,8 @@ std::string CodePage::Tables::ToUtf8(std::string_view text) const {
             for (std::size_t pos = 0; pos < text.size();)
                 AppendUtf8(utf8, TakeUtf8(text, pos).value_or(kReplacementCharacter));
             break;
-        case Kind::DoubleByte:
+        case Kind::DoubleByte: {
+            const std::lock_guard lock(converting);
             toUtf8.Restart();
             while (toUtf8.Convert(text, utf8) != 0 && !text.empty()) {
                 AppendUtf8(utf8, kReplacementCharacter);
@@ -194,6 +197,7 @@ std::string CodePage::Tables::ToUtf8(std::string_view text) const {
                 toUtf8.Restart();
             }
             break;
+        }
     }
     return utf8;
 }
@@ -202,6 +206,7 @@ bool CodePage::Tables::FromUtf8(std::string_view utf8, std::string& into) const 
     into.reserve(utf8.size());
     bool isWhole = true;
     if (kind == Kind::DoubleByte) {
+        const std::lock_guard lock(converting);
         fromUtf8.Restart();
         while (fromUtf8.Convert(utf8, into) != 0 && !utf8.empty()) {
             isWhole = false;

@@ -13,6 +13,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <mutex>
 #include <optional>
 #include <unordered_map>
 
@@ -121,6 +122,7 @@ struct DiskFiles::Directories {
         std::size_t missing = 0;  // names of that rest
     };
 
+    std::mutex mutex;  // guards the listings
     std::unordered_map<std::string, Listing> listings;
     unsigned operation = 0;
 
@@ -193,6 +195,8 @@ DiskFiles::Directories::Found DiskFiles::Directories::Walk(const PathParts& part
 }
 
 DiskFiles::Directories::Found DiskFiles::Directories::Resolve(std::string_view path) {
+    const std::lock_guard lock(mutex);
+    ++operation;
     const std::string spelled = WithSlashes(path);
     if (spelled.empty() || Stands(spelled))
         return {spelled, spelled.empty()};
@@ -212,7 +216,6 @@ DiskFiles::Directories::Found DiskFiles::Directories::Resolve(std::string_view p
 
 template <class Attempt>
 int DiskFiles::Directories::Try(std::string_view path, const Attempt& attempt) {
-    ++operation;
     const std::string spelled = WithSlashes(path);
     const int error = attempt(spelled);
     if ((error != ENOENT && error != ENOTDIR) || spelled.ends_with('/'))
@@ -221,8 +224,7 @@ int DiskFiles::Directories::Try(std::string_view path, const Attempt& attempt) {
     return found.missing == 0 ? attempt(found.path) : error;
 }
 
-DiskFiles::DiskFiles()
-    : directories_(std::make_unique<Directories>()), buffer_(std::make_unique_for_overwrite<char[]>(kBufferBytes)) {}
+DiskFiles::DiskFiles() : directories_(std::make_unique<Directories>()) {}
 
 DiskFiles::~DiskFiles() = default;
 
@@ -241,6 +243,8 @@ FileTime DiskFiles::DateLastModified(std::string_view path) const {
 }
 
 FileText DiskFiles::ReadText(std::string_view path) const {
+    // Most files fit, and it stays in the processor's cache.
+    thread_local const std::unique_ptr<char[]> buffer = std::make_unique_for_overwrite<char[]>(kBufferBytes);
     FileText file;
     const int error = directories_->Try(path, [&](const std::string& systemPath) {
         // Without O_NONBLOCK a pipe would keep us waiting for its writer.
@@ -254,13 +258,13 @@ FileText DiskFiles::ReadText(std::string_view path) const {
             return EFBIG;
 
         const auto expected = static_cast<std::size_t>(status.st_size);
-        std::optional<std::size_t> count = ReadUpTo(handle.Number(), buffer_.get(), kBufferBytes, expected);
+        std::optional<std::size_t> count = ReadUpTo(handle.Number(), buffer.get(), kBufferBytes, expected);
         if (!count)
             return errno;
         if (*count < kBufferBytes) {
-            SetText(file, std::string_view(buffer_.get(), *count));
+            SetText(file, std::string_view(buffer.get(), *count));
         } else {
-            std::string bytes(buffer_.get(), *count);
+            std::string bytes(buffer.get(), *count);
             // Some files have more than they say: they grow meanwhile, or the system makes them up on the spot.
             for (bool isEnd = false; !isEnd;) {
                 const std::size_t have = bytes.size();
@@ -285,7 +289,6 @@ FileText DiskFiles::ReadText(std::string_view path) const {
 }
 
 FileError DiskFiles::WriteWhole(std::string_view path, std::string_view bytes) {
-    ++directories_->operation;
     std::string target = directories_->Resolve(path).path;
     struct stat old {};
     const bool replaces = stat(target.c_str(), &old) == 0;
@@ -343,7 +346,6 @@ FileError DiskFiles::Append(std::string_view path, std::string_view bytes) {
 }
 
 FileError DiskFiles::MakeDirectory(std::string_view path) {
-    ++directories_->operation;
     const std::string target = directories_->Resolve(path).path;
     if (target.empty())
         return FileError::NotFound;
@@ -364,6 +366,5 @@ FileError DiskFiles::MakeDirectory(std::string_view path) {
 }
 
 std::string DiskFiles::SystemPath(std::string_view path) const {
-    ++directories_->operation;
     return directories_->Resolve(path).path;
 }

@@ -27,6 +27,7 @@ struct FileText {
     bool hadOnlyLineFeeds = false;      // every line of the file ended in a lone LF
 };
 
+// What does not change the files may be asked on several threads at a time.
 class Files {
 public:
     virtual ~Files() = default;
@@ -65,7 +66,6 @@ public:
 private:
     struct Directories;  // listings read so far, for paths whose letter case is not the disk's
     std::unique_ptr<Directories> directories_;
-    std::unique_ptr<char[]> buffer_;  // most files fit, and it stays in the processor's cache
 };
 
 /// Files held in memory, for tests; paths are matched without regard to case and kind of separator.

@@ -8,6 +8,8 @@
 #include <sys/mman.h>
 #include <unistd.h>
 
+#include <mutex>
+
 namespace {
 
 constexpr std::uintptr_t kLargePage = std::uintptr_t{2} << 20;
@@ -16,8 +18,11 @@ constexpr int kStep = 32 << 20;  // the heap grows by this much at least
 }  // namespace
 
 void UseLargePages() {
+    static std::mutex one;
+    const std::lock_guard lock(one);
     static std::uintptr_t done = [] {
-        // All blocks come from the one heap, which is never given back piecemeal.
+        // All blocks of all threads come from the one heap, which is never given back piecemeal.
+        mallopt(M_ARENA_MAX, 1);
         mallopt(M_MMAP_THRESHOLD, 32 << 20);
         mallopt(M_TRIM_THRESHOLD, 1 << 30);
         mallopt(M_TOP_PAD, kStep);

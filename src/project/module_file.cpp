@@ -3,13 +3,13 @@
 #include "model/clsControl.h"
 #include "model/clsProjekt.h"
 #include "model/clsVariable.h"
+#include "platform/memory.h"
 #include "shell/errors.h"
 #include "shell/operations.h"
 #include "shell/settings.h"
 #include "shell/words.h"
 #include "source/comments.h"
 #include "source/cond_compile.h"
-#include "source/line_scan.h"
 #include "source/lines.h"
 #include "source/module_text.h"
 #include "source/statement.h"
@@ -21,7 +21,7 @@
 
 namespace {
 
-Name NameFromAttribute(const ModuleText& text, Pos pos) {
+std::string_view NameFromAttribute(const ModuleText& text, Pos pos) {
     static constexpr Pos kKeyLength = 20;  // "attribute vb_name = "
     std::string_view name;
     Attempt("clsModul: Read_MyCodeName", [&] {
@@ -34,12 +34,12 @@ Name NameFromAttribute(const ModuleText& text, Pos pos) {
         name.remove_suffix(1);
     if (name.starts_with(gQuote))
         name.remove_prefix(1);
-    return Name(name);
+    return name;
 }
 
-Name NameFromFile(std::string_view path) {
+std::string_view NameFromFile(std::string_view path) {
     const std::string_view file = modMain::DirOrFileName(path, 0);
-    return Name(file.substr(0, file.size() - std::min<std::size_t>(4, file.size())));
+    return file.substr(0, file.size() - std::min<std::size_t>(4, file.size()));
 }
 
 // `Me` of a module that is no standard module.
@@ -80,11 +80,32 @@ void AddFormVariable(clsProjekt& projekt, clsModul& form) {
 
 }  // namespace
 
-void Read_MyCodeName(clsProjekt& projekt, clsModul& modul, const std::function<int()>& moreMissing) {
-    const Files& files = projekt.TheFiles();
-    FileText file = files.ReadText(modul.FullPath);
+ModuleFile Read_ModuleFile(const Files& files, std::string_view path, std::string_view modulTyp) {
+    UseLargePages();
+    FileText read = files.ReadText(path);
+    ModuleFile file;
+    file.error = read.error;
+    file.dateLastModified = read.dateLastModified;
+    file.name = NameFromFile(path);
+    if (read.text.empty())
+        return file;
+    file.text = MakeOwned<ModuleText>(std::move(read.text));
+    ModuleText& text = *file.text;
+    if (const Pos attribute = InStr(text.ModulText(), "attribute vb_name = "); attribute >= 1)
+        file.name = NameFromAttribute(text, attribute);
+    file.lines = ScanLines(text.ModulText());
+    Comments_Initialisieren(text);
+    Strings_Initialisieren(text);
+    CondCompile_Initialisieren(text, file.lines, gCondComps, std::string(modulTyp) + " " + file.name);
+    file.tokens = MakeOwned<TokenTable>(Analyse_Parsen(text));
+    text.SetMapSource(MakeCharMapAgain);
+    return file;
+}
+
+void Read_MyCodeName(clsProjekt& projekt, clsModul& modul, const ModuleFile& file,
+                     const std::function<int()>& moreMissing) {
     if (file.error != FileError::None) {
-        if (files.FileExists(modul.FullPath)) {
+        if (projekt.TheFiles().FileExists(modul.FullPath)) {
             ShowError("clsModul: Read_MyCodeName", 75, Describe(file.error));
             return;
         }
@@ -95,19 +116,13 @@ void Read_MyCodeName(clsProjekt& projekt, clsModul& modul, const std::function<i
         return;
     }
     modul.DateLastModified = file.dateLastModified;
-    if (file.text.empty()) {
-        modul.SetName(NameFromFile(modul.FullPath));
-        return;
-    }
-    modul.text = MakeOwned<ModuleText>(std::move(file.text));
-    const Pos attribute = InStr(modul.text->ModulText(), "attribute vb_name = ");
-    modul.SetName(attribute >= 1 ? NameFromAttribute(*modul.text, attribute) : NameFromFile(modul.FullPath));
+    modul.SetName(Name(file.name));
 }
 
-void Modul_Einlesen(clsProjekt& projekt, clsModul& modul) {
-    if (!modul.text)
+void Modul_Einlesen(clsProjekt& projekt, clsModul& modul, ModuleFile& file) {
+    if (!file.text)
         return;
-    Modul_Aufbau_Lesen(projekt, modul);
+    Modul_Aufbau_Lesen(projekt, modul, file);
     gPublicNameSpace.AddObject(modul);
     if (modul.ModulTyp != "module")
         AddMe(modul);
@@ -121,14 +136,10 @@ void Modul_Einlesen(clsProjekt& projekt, clsModul& modul) {
     modul.text->ReleaseModulText();
 }
 
-void Modul_Aufbau_Lesen(clsProjekt& projekt, clsModul& modul) {
-    ModuleText& text = *modul.text;
-    const LineScan lines = ScanLines(text.ModulText());
-    Comments_Initialisieren(text);
-    Strings_Initialisieren(text);
-    CondCompile_Initialisieren(text, lines, gCondComps, std::string(modul.ModulTyp) + " " + std::string(modul.myNameOrg()));
-    modul.tokens = MakeOwned<TokenTable>(Analyse_Parsen(text));
-    text.SetMapSource(MakeCharMapAgain);
+void Modul_Aufbau_Lesen(clsProjekt& projekt, clsModul& modul, ModuleFile& file) {
+    modul.text = std::move(file.text);
+    modul.tokens = std::move(file.tokens);
+    const ModuleText& text = *modul.text;
     ModuleReader reader(projekt, modul);
     Analyse_GetBeginnProcBereich(reader);
     Analyse_GetBeginnVarBereich(reader);
@@ -136,7 +147,7 @@ void Modul_Aufbau_Lesen(clsProjekt& projekt, clsModul& modul) {
         return;
     if (modul.ModulTyp == "form" || modul.ModulTyp == "usercontrol")
         Controls_Lesen(modul);
-    Modul_Zeilen_Lesen(modul, lines);
+    Modul_Zeilen_Lesen(modul, file.lines);
 }
 
 void Controls_Lesen(clsModul& modul) {

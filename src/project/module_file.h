@@ -2,23 +2,46 @@
 #pragma once
 
 #include <functional>
+#include <string>
 #include <string_view>
 
+#include "model/owned_by_name.h"
+#include "platform/files.h"
+#include "source/line_scan.h"
+
+class ModuleText;
+class TokenTable;
 class clsModul;
 class clsProjekt;
-struct LineScan;
 
-/// Reads the file at modul.FullPath and finds the module's name in it. A file that does not exist is asked
-/// about ("Laden abbrechen?"); Yes sets gAbort. Without a text the module stays without name from its source.
+/// What can be told of a module's file by itself.
+struct ModuleFile {
+    FileError error = FileError::None;
+    FileTime dateLastModified = 0;
+    OwnedByName<ModuleText> text = NothingOwned<ModuleText>();  // null for files that are empty or could not be read
+    OwnedByName<TokenTable> tokens = NothingOwned<TokenTable>();
+    LineScan lines;
+    std::string name;  // from its "Attribute VB_Name" line, else that of the file
+};
+
+/// Reads a file: its text, map, lines, conditional compilation with gCondComps, and tokens. Knows nothing of the project,
+/// so that it may run on several threads at a time.
+/// @param modulTyp  "module", "form", "class", "usercontrol"
+[[nodiscard]] ModuleFile Read_ModuleFile(const Files& files, std::string_view path, std::string_view modulTyp);
+
+/// Takes name and time from the file. One that does not exist is asked about ("Laden abbrechen?"); Yes sets gAbort.
+/// Without a text the module stays without name from its source.
 /// @param moreMissing  tells how many files behind this one are missing too; asked only when this one is
-void Read_MyCodeName(clsProjekt& projekt, clsModul& modul, const std::function<int()>& moreMissing = {});
+void Read_MyCodeName(clsProjekt& projekt, clsModul& modul, const ModuleFile& file,
+                     const std::function<int()>& moreMissing = {});
 
-/// The whole first pass: maps, tokens, controls, line counts, declarations, and the module's place in the
+/// The whole first pass: text and tokens, controls, line counts, declarations, and the module's place in the
 /// project. Does nothing for a module without text.
-void Modul_Einlesen(clsProjekt& projekt, clsModul& modul);
+/// @param file  gives its parts away
+void Modul_Einlesen(clsProjekt& projekt, clsModul& modul, ModuleFile& file);
 
 /// The steps of it that look at the text alone.
-void Modul_Aufbau_Lesen(clsProjekt& projekt, clsModul& modul);
+void Modul_Aufbau_Lesen(clsProjekt& projekt, clsModul& modul, ModuleFile& file);
 
 /// Makes a control of each `Begin Type Name` line outside comments and strings.
 void Controls_Lesen(clsModul& modul);

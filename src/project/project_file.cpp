@@ -3,7 +3,6 @@
 #include "libraries/project_entry.h"
 #include "model/clsProjekt.h"
 #include "platform/code_page.h"
-#include "platform/memory.h"
 #include "project/module_file.h"
 #include "shell/clsText.h"
 #include "shell/errors.h"
@@ -11,6 +10,7 @@
 #include "shell/settings.h"
 #include "shell/timing.h"
 #include "shell/words.h"
+#include "shell/work_ahead.h"
 #include "source/cond_compile.h"
 #include "source/module_text.h"
 #include "structure/module_reader.h"
@@ -57,18 +57,33 @@ private:
     int count_ = -1;
 };
 
-void LoadModule(clsProjekt& projekt, std::string_view projektDir, std::string_view key, std::string_view line,
-                MissingBehind& missing) {
-    UseLargePages();
+// One module line of the project file.
+struct ModuleLine {
+    std::string_view modulTyp;
+    std::string path;
+};
+
+std::vector<ModuleLine> ModuleLines(std::string_view projektDir, std::string_view projectText) {
+    std::vector<ModuleLine> lines;
+    ForEachLine(projectText, [&](std::string_view line) {
+        if (const std::string key = KeyOf(line); IsModuleKey(key))
+            lines.push_back({ModulTypOf(key), Get_Pfad_Aus_ModulEintrag(projektDir, line)});
+    });
+    return lines;
+}
+
+void LoadModule(clsProjekt& projekt, const ModuleLine& line, WorkAhead<ModuleFile>& files,
+                const std::function<int()>& moreMissing) {
     clsModul& modul = projekt.Own(std::make_unique<clsModul>());
     modul.number = static_cast<int>(projekt.OwnedModules().size());
-    modul.ModulTyp = ModulTypOf(key);
-    modul.FullPath = Get_Pfad_Aus_ModulEintrag(projektDir, line);
+    modul.ModulTyp = line.modulTyp;
+    modul.FullPath = line.path;
     const ErrorSubject subject(modul.FullPath);
-    Read_MyCodeName(projekt, modul, [&] { return missing.Count(line); });
+    ModuleFile file = files.Next();
+    Read_MyCodeName(projekt, modul, file, moreMissing);
     gProgress().Label(modul.myNameOrg());
     DoEvents();
-    Modul_Einlesen(projekt, modul);
+    Modul_Einlesen(projekt, modul, file);
     projekt.AnzCodeZeilen += modul.AnzLineCode;
     projekt.AnzCommentZeilen += modul.AnzLineComment;
     projekt.AnzBlankZeilen += modul.AnzLineBlank;
@@ -174,12 +189,18 @@ void Projekt_Laden(clsProjekt& projekt) {
     gProgress().Label(gText.TextNr(19));
     gProgress().Range(0, modules + GetAnzahlComponents(file.text) + GetAnzahlReferences(file.text));
     MissingBehind missing(projekt.TheFiles(), projektDir, file.text);
+    // The files are read, and cut into tokens, on all processors ahead of the walk over the lines.
+    const std::vector<ModuleLine> moduleLines = ModuleLines(projektDir, file.text);
+    auto moduleLine = moduleLines.begin();
+    WorkAhead<ModuleFile> files(moduleLines.size(), [&](std::size_t nr, std::size_t) {
+        return Read_ModuleFile(projekt.TheFiles(), moduleLines[nr].path, moduleLines[nr].modulTyp);
+    });
     ForEachLine(file.text, [&](std::string_view line) {
         if (gAbort)
             return;
         const std::string key = KeyOf(line);
         if (IsModuleKey(key))
-            LoadModule(projekt, projektDir, key, line, missing);
+            LoadModule(projekt, *moduleLine++, files, [&] { return missing.Count(line); });
         else if (key == "Reference" || key == "Object")
             LoadLibrary(projekt, key == "Reference", line);
     });

@@ -10,8 +10,9 @@ ErrorPort& Port() {
     return port;
 }
 
-std::string_view currentSubject;
-int muted = 0;
+thread_local std::string_view currentSubject;
+thread_local int muted = 0;
+thread_local std::vector<HeldErrors::Held>* holder = nullptr;
 
 constexpr std::size_t kMostProblems = 10000;
 
@@ -36,6 +37,11 @@ ErrorPort SetErrorPort(ErrorPort port) {
 }
 
 void ShowError(std::string_view tag, int number, std::string_view description) {
+    if (holder) {
+        if (muted == 0)
+            holder->push_back({std::string(tag), std::string(description), number, true});
+        return;
+    }
     NoteProblem(tag, description);
     if (Port() && muted == 0)
         Port()({number, std::string(description), std::string(tag), std::string(currentSubject)});
@@ -49,6 +55,21 @@ MutedErrors::~MutedErrors() {
     --muted;
 }
 
+HeldErrors::HeldErrors(std::vector<Held>& into) : before_(std::exchange(holder, &into)) {}
+
+HeldErrors::~HeldErrors() {
+    holder = before_;
+}
+
+void HeldErrors::Tell(const std::vector<Held>& held) {
+    for (const Held& one : held) {
+        if (one.isReport)
+            ShowError(one.tag, one.number, one.text);
+        else
+            NoteProblem(one.tag, one.text);
+    }
+}
+
 ErrorSubject::ErrorSubject(std::string_view name) : before_(std::exchange(currentSubject, name)) {}
 
 ErrorSubject::~ErrorSubject() {
@@ -56,6 +77,11 @@ ErrorSubject::~ErrorSubject() {
 }
 
 void NoteProblem(std::string_view tag, std::string_view text) {
+    if (holder) {
+        if (muted == 0)
+            holder->push_back({std::string(tag), std::string(text)});
+        return;
+    }
     ProblemList& list = TheProblems();
     if (muted > 0 || list.problems.size() >= kMostProblems)
         return;

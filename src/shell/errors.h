@@ -1,5 +1,6 @@
 // The one way of failing: a statement that fails is reported under the tag of its operation, and the
 // operation goes on with its next statement, its variables as they were. Nothing unwinds further.
+// Ports and the list of problems belong to the main thread; another thread holds back what it has to tell.
 #pragma once
 
 #include <functional>
@@ -62,6 +63,28 @@ public:
     ~MutedErrors();
     MutedErrors(const MutedErrors&) = delete;
     MutedErrors& operator=(const MutedErrors&) = delete;
+};
+
+/// While it lives, what its thread reports and notes is kept in a list instead, to be told when its turn has come.
+class HeldErrors {
+public:
+    struct Held {
+        std::string tag;
+        std::string text;
+        int number = 0;         // of the error
+        bool isReport = false;  // and not only noted
+    };
+    /// @param into  takes what is told, in its order; must outlive this
+    explicit HeldErrors(std::vector<Held>& into);
+    ~HeldErrors();
+    HeldErrors(const HeldErrors&) = delete;
+    HeldErrors& operator=(const HeldErrors&) = delete;
+
+    /// Tells it now, under the subject of now.
+    static void Tell(const std::vector<Held>& held);
+
+private:
+    std::vector<Held>* before_;
 };
 
 /// Names the file that is being worked on for as long as it lives. `name` must outlive it.

@@ -476,10 +476,10 @@ private:
         }
     }
 
-    // Working arrays serve one module after the other.
-    static inline std::vector<TokenTable::Packed> scratch;
-    static inline std::vector<std::uint8_t> stopsScratch;
-    static inline std::vector<int> landmarks;
+    // Working arrays serve one module of a thread after the other.
+    static inline thread_local std::vector<TokenTable::Packed> scratch;
+    static inline thread_local std::vector<std::uint8_t> stopsScratch;
+    static inline thread_local std::vector<int> landmarks;
 
     const unsigned char* text_;  // text_[1] is the first character
     Pos count_;

@@ -1,0 +1,82 @@
+#include "shell/work_ahead.h"
+
+#include <algorithm>
+
+namespace {
+
+constexpr std::size_t kMostHelpers = 7;
+// Enough that a long item keeps nobody waiting, and few enough that what waits stays small.
+constexpr std::size_t kAheadOfEach = 4;
+
+}  // namespace
+
+std::size_t AheadThreads::UsualHelpers() {
+    static const std::size_t helpers = std::min<std::size_t>(std::max(std::thread::hardware_concurrency(), 1U) - 1, kMostHelpers);
+    return helpers;
+}
+
+AheadThreads::AheadThreads(std::size_t count, std::size_t helpers, Work work)
+    : work_(std::move(work)), items_(count), ahead_((helpers + 1) * kAheadOfEach) {
+    helpers = count == 0 ? 0 : std::min(helpers, count - 1);
+    try {
+        for (std::size_t worker = 1; worker <= helpers; ++worker)
+            helpers_.emplace_back([this, worker] { Help(worker); });
+    } catch (const std::system_error&) {
+        // Where the system grants no more threads, those there are do the work.
+    }
+}
+
+AheadThreads::~AheadThreads() {
+    {
+        const std::lock_guard lock(mutex_);
+        stopped_ = true;
+    }
+    somethingChanged_.notify_all();
+    for (std::thread& helper : helpers_)
+        helper.join();
+}
+
+void AheadThreads::DoNext(std::unique_lock<std::mutex>& lock, std::size_t worker) {
+    const std::size_t nr = next_++;
+    Item& item = items_[nr];
+    lock.unlock();
+    {
+        const HeldErrors held(item.errors);
+        try {
+            work_(nr, worker);
+        } catch (...) {
+            item.thrown = std::current_exception();
+        }
+    }
+    lock.lock();
+    item.done = true;
+}
+
+void AheadThreads::Help(std::size_t worker) {
+    std::unique_lock lock(mutex_);
+    while (true) {
+        somethingChanged_.wait(lock, [this] { return stopped_ || MayClaim(); });
+        if (stopped_)
+            return;
+        DoNext(lock, worker);
+        somethingChanged_.notify_all();
+    }
+}
+
+void AheadThreads::Await(std::size_t nr) {
+    Item& item = items_[nr];
+    {
+        std::unique_lock lock(mutex_);
+        taken_ = nr;
+        somethingChanged_.notify_all();
+        while (!item.done) {
+            if (MayClaim())
+                DoNext(lock, 0);
+            else
+                somethingChanged_.wait(lock, [&] { return item.done; });
+        }
+    }
+    HeldErrors::Tell(item.errors);
+    if (item.thrown)
+        std::rethrow_exception(item.thrown);
+}

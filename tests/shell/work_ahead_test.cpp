@@ -1,0 +1,74 @@
+#include "shell/work_ahead.h"
+
+#include <gmock/gmock.h>
+
+#include <atomic>
+#include <stdexcept>
+
+#include "support/ports.h"
+#include "support/program_state.h"
+
+namespace {
+
+using testing::ElementsAre;
+
+// With as many helpers as the parameter says, none for a machine with one processor.
+class Ahead : public ProgramState, public testing::WithParamInterface<std::size_t> {};
+
+TEST_P(Ahead, ResultsComeInOrderAndEachItemIsDoneOnce) {
+    constexpr std::size_t kItems = 500;
+    std::vector<std::atomic<int>> done(kItems);
+    std::vector<std::atomic<int>> busy(GetParam() + 1);
+    WorkAhead<std::size_t> work(
+        kItems,
+        [&](std::size_t nr, std::size_t worker) {
+            EXPECT_EQ(busy.at(worker)++, 0) << "a worker has one item at a time";
+            // Some take long, so that others overtake them.
+            for (volatile int turn = 0; turn < (nr % 7 == 0 ? 20000 : 10); turn = turn + 1)
+                ;
+            ++done[nr];
+            --busy[worker];
+            return nr * nr;
+        },
+        GetParam());
+    for (std::size_t nr = 0; nr < kItems; ++nr)
+        ASSERT_EQ(work.Next(), nr * nr);
+    for (const auto& times : done)
+        EXPECT_EQ(times, 1);
+}
+
+TEST_P(Ahead, WhatAnItemReportsIsToldWhenItIsTaken) {
+    const RecordingErrors errors;
+    WorkAhead<int> work(
+        3,
+        [](std::size_t nr, std::size_t) {
+            NoteProblem("a: b", "noted " + std::to_string(nr));
+            ShowError("a: b", static_cast<int>(nr), "reported " + std::to_string(nr));
+            const MutedErrors muted;
+            ShowError("a: b", 99, "not told");
+            return 0;
+        },
+        GetParam());
+    EXPECT_THAT(errors.numbers, ElementsAre());
+    (void)work.Next();
+    EXPECT_THAT(errors.numbers, ElementsAre(0));
+    const ErrorSubject subject("Form1.frm");
+    (void)work.Next();
+    EXPECT_THAT(errors.texts, ElementsAre("reported 0", "reported 1"));
+    EXPECT_THAT(Problems(), ElementsAre(Problem{"a: b", "noted 0", ""}, Problem{"a: b", "reported 0", ""},
+                                        Problem{"a: b", "noted 1", "Form1.frm"}, Problem{"a: b", "reported 1", "Form1.frm"}));
+}
+
+TEST_P(Ahead, WhatAnItemThrowsComesFromTheCallThatTakesIt) {
+    WorkAhead<int> work(
+        40, [](std::size_t nr, std::size_t) { return nr == 2 ? throw std::runtime_error("two") : static_cast<int>(nr); },
+        GetParam());
+    EXPECT_EQ(work.Next(), 0);
+    EXPECT_EQ(work.Next(), 1);
+    EXPECT_THROW((void)work.Next(), std::runtime_error);
+}
+
+
+INSTANTIATE_TEST_SUITE_P(Helpers, Ahead, testing::Values(0, 1, 3));
+
+}  // namespace
