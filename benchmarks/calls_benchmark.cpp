@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <filesystem>
+#include <map>
 #include <vector>
 
 #include "benchmarks/generate_project.h"
@@ -21,7 +22,8 @@ namespace {
 class ProjectOnDisk {
 public:
     explicit ProjectOnDisk(std::size_t lines)
-        : directory_(std::filesystem::temp_directory_path() / ("ostrivane-calls-" + std::to_string(::getpid()))) {
+        : directory_(std::filesystem::temp_directory_path() /
+                     ("ostrivane-calls-" + std::to_string(::getpid()) + "-" + std::to_string(lines))) {
         std::filesystem::create_directories(directory_);
         path_ = GenerateProject(directory_, lines).projectFile;
     }
@@ -43,8 +45,10 @@ private:
     std::string path_;
 };
 
-clsProjekt& LoadedProject(std::size_t lines) {
-    return ProjectOnDisk(lines).Load();
+// One of each size for the whole run.
+const ProjectOnDisk& ProjectOf(std::size_t lines) {
+    static std::map<std::size_t, ProjectOnDisk> projects;
+    return projects.try_emplace(lines, lines).first->second;
 }
 
 // Seconds of one run; taking the edges away again is not counted.
@@ -59,7 +63,7 @@ double RunCalls(clsProjekt& projekt) {
 }
 
 void Calls(benchmark::State& state) {
-    clsProjekt& projekt = LoadedProject(static_cast<std::size_t>(state.range(0)));
+    clsProjekt& projekt = ProjectOf(static_cast<std::size_t>(state.range(0))).Load();
     for (auto _ : state)
         state.SetIterationTime(RunCalls(projekt));
     const auto edges = static_cast<double>(projekt.calls.Count());
@@ -70,50 +74,48 @@ void Calls(benchmark::State& state) {
     CloseProject();
 }
 
-template <class Run>
-double MedianOfRuns(int runs, Run run) {
-    std::vector<double> times;
-    while (runs-- > 0)
-        times.push_back(run());
-    std::sort(times.begin(), times.end());
-    return times[times.size() / 2];
+double Median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
 }
 
-// One stage over a project of `lines`.
-double CallsOf(std::size_t lines) {
-    clsProjekt& projekt = LoadedProject(lines);
-    return MedianOfRuns(9, [&] { return RunCalls(projekt); });
+// One stage, right behind those before it, as a user has it: a second run would find a small project in the caches.
+double CallsOf(const ProjectOnDisk& project) {
+    return RunCalls(project.Load());
 }
 
 // Files, structure, calls and marks.
-double EverythingOf(std::size_t lines) {
-    const ProjectOnDisk project(lines);
-    return MedianOfRuns(7, [&] {
-        CloseProject();
-        clsQueryTimer timer;
-        timer.Start();
-        clsProjekt& projekt = project.Load();
-        Who_Calls_Who(projekt);
-        Tote_Untote_Kennzeichnen(projekt);
-        timer.Halt();
-        return timer.LastRun / 1000;
-    });
+double EverythingOf(const ProjectOnDisk& project) {
+    CloseProject();
+    clsQueryTimer timer;
+    timer.Start();
+    clsProjekt& projekt = project.Load();
+    Who_Calls_Who(projekt);
+    Tote_Untote_Kennzeichnen(projekt);
+    timer.Halt();
+    return timer.LastRun / 1000;
 }
 
-template <double (*secondsOf)(std::size_t lines)>
+// Both sizes in turn, so that a machine that slows down meanwhile slows both.
+template <double (*secondsOf)(const ProjectOnDisk& project)>
 void Growth(benchmark::State& state) {
+    const ProjectOnDisk& small = ProjectOf(static_cast<std::size_t>(state.range(0)));
+    const ProjectOnDisk& large = ProjectOf(static_cast<std::size_t>(state.range(1)));
+    std::vector<double> growths;
     for (auto _ : state) {
-        const double small = secondsOf(static_cast<std::size_t>(state.range(0)));
-        const double large = secondsOf(static_cast<std::size_t>(state.range(1)));
-        state.counters["growth"] = large / small;
-        state.SetIterationTime(small + large);
+        const double smallTime = Median({secondsOf(small), secondsOf(small), secondsOf(small)});
+        const double largeTime = secondsOf(large);
+        growths.push_back(largeTime / smallTime);
+        state.SetIterationTime(smallTime + largeTime);
     }
+    state.counters["growth"] = Median(growths);
     CloseProject();
 }
 
 BENCHMARK(Calls)->Unit(benchmark::kMillisecond)->UseManualTime()->Arg(10'000)->Arg(100'000)->Arg(1'000'000);
 void Sizes(benchmark::internal::Benchmark* growth) {
-    growth->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(3)->Args({10'000, 100'000})->Args({100'000, 1'000'000});
+    growth->Unit(benchmark::kMillisecond)->UseManualTime()->Iterations(15);
+    growth->Args({10'000, 100'000})->Args({100'000, 1'000'000});
 }
 BENCHMARK(Growth<CallsOf>)->Name("CallsGrowth")->Apply(Sizes);
 BENCHMARK(Growth<EverythingOf>)->Name("EverythingGrowth")->Apply(Sizes);

@@ -11,6 +11,7 @@
 #include "model/clsProzedur.h"
 #include "model/clsType.h"
 #include "model/clsVariable.h"
+#include "platform/memory.h"
 #include "shell/clsText.h"
 #include "shell/errors.h"
 #include "shell/operations.h"
@@ -75,10 +76,20 @@ FoundCalls CallsOf(clsProjekt& projekt, clsModul& modul, ModuleNames& names) {
     ModuleReader reader(projekt, modul);
     found.Reserve(static_cast<std::size_t>(reader.tokens.Count()) / 8);
     names.TurnTo(modul);
+    modul.PrivNameSpace.PrefetchAll();
+    for (const clsSpaceName* name : modul.PrivNameSpace)
+        Prefetch(name);
     int first = modul.TokNrBeginnVarBereich;
     Analyse_CallsVarBereich(reader, names, first, modul.TokNrBeginnProcBereich - 1, found);
-    for (clsProzedur* prozedur : modul.MyProcs)
-        Analyse_CallsProc(reader, names, *prozedur, found);
+    const auto end = modul.MyProcs.end();
+    for (auto at = modul.MyProcs.begin(); at != end; ++at) {
+        if (auto next = at; ++next != end) {
+            (*next)->MyVars.PrefetchAll();
+            if (++next != end)
+                Prefetch(*next, sizeof **next);
+        }
+        Analyse_CallsProc(reader, names, **at, found);
+    }
     modul.text->ReleaseModulText();
     return found;
 }

@@ -10,9 +10,9 @@ class CodeObject;
 class clsModul;
 class clsProzedur;
 
-/// An edge of the project from here on. A call joins the target's CalledByAll and its caller's CallsAll, a use the target's
-/// UsedByAll and UsesAll; what starts in a declarations section joins the module's CallsInDeclarations, and what starts
-/// nowhere the target's list alone.
+/// An edge of the project from here on. A call joins the target's CalledByAll and its caller's CallsAll, a use the
+/// target's UsedByAll and UsesAll; what starts in a declarations section joins the module's CallsInDeclarations, and
+/// what starts nowhere the target's list alone.
 /// @param target  any object that can be called, or a type, enumeration, class or library that is used
 clsCall& CallCreate(clsProjekt& projekt, CodeObject& target, EdgeStart start, Pos pos);
 
@@ -28,8 +28,8 @@ public:
     void CallCreateVarInDecl(CodeObject& target, clsModul& caller, CallType type, Pos pos) {
         found_.push_back({&target, {&caller, type}, pos});
     }
-    /// A use by a procedure, or in the declarations section of `modul` when `procedure` is null. A target that cannot be
-    /// used is left out.
+    /// A use by a procedure, or in the declarations section of `modul` when `procedure` is null. A target that cannot
+    /// be used is left out.
     void CallUseCreate(CodeObject& target, clsProzedur* procedure, clsModul& modul, Pos pos);
     /// Makes them edges of the project, in the order in which they were found.
     void Join(clsProjekt& projekt) const;

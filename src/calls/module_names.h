@@ -23,10 +23,8 @@ public:
 
 private:
     friend class ModuleNames;
-    bool everywhereKnown_ = false;
     std::uint32_t ownStamp_ = 0;  // of the module that own_ was looked up in
     const clsSpaceName* own_ = nullptr;
-    const clsSpaceName* everywhere_ = nullptr;
 };
 
 /// Good as long as no name and no name space changes.
@@ -58,14 +56,10 @@ public:
         }
         return meaning.own_;
     }
-    [[nodiscard]] static const clsSpaceName* Everywhere(WordMeaning& meaning) {
-        if (!meaning.everywhereKnown_) {
-            meaning.everywhereKnown_ = true;
-            meaning.everywhere_ = meaning.name.Known() ? gPublicNameSpace.Item(meaning.name) : nullptr;
-        }
-        return meaning.everywhere_;
+    [[nodiscard]] static const clsSpaceName* Everywhere(const WordMeaning& meaning) {
+        return meaning.name.Known() ? gPublicNameSpace.Bearers(meaning.name) : nullptr;
     }
-    /// The bearers of a name in any name space; null when there is none.
+    /// The bearers of a name in the name space of any module; null when there is none.
     [[nodiscard]] const clsSpaceName* Bearers(const NameSpace& nameSpace, Name name) {
         if (!name.Known())
             return nullptr;

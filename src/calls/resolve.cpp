@@ -16,10 +16,14 @@ std::span<CodeObject* const> Objects(const clsSpaceName* entry) {
     return entry ? entry->Objects() : std::span<CodeObject* const>();
 }
 
-std::span<CodeObject* const> BearersOf(const NameSpace& nameSpace, Name name, ModuleNames* names) {
+std::span<CodeObject* const> PublicBearersOf(Name name) {
+    return Objects(name.Known() ? gPublicNameSpace.Bearers(name) : nullptr);
+}
+
+std::span<CodeObject* const> BearersOf(const clsModul& modul, Name name, ModuleNames* names) {
     if (names)
-        return Objects(names->Bearers(nameSpace, name));
-    return Objects(name.Known() ? nameSpace.Item(name) : nullptr);
+        return Objects(names->Bearers(modul.PrivNameSpace, name));
+    return Objects(name.Known() ? modul.PrivNameSpace.Bearers(name) : nullptr);
 }
 
 std::string_view LastPart(std::string_view type) {
@@ -111,11 +115,11 @@ bool MatchesMode(const clsProzedur& prozedur, AccessMode mode) {
 }
 
 CodeObject* Get_Object_Aus_NameM(const clsModul& modul, Name name, AccessMode mode, ModuleNames* names) {
-    return OwnObject(BearersOf(modul.PrivNameSpace, name, names), mode);
+    return OwnObject(BearersOf(modul, name, names), mode);
 }
 
 CodeObject* Get_Typ_AusNameM(const clsModul& modul, Name typeName, ModuleNames* names) {
-    for (CodeObject* object : BearersOf(modul.PrivNameSpace, typeName, names))
+    for (CodeObject* object : BearersOf(modul, typeName, names))
         if (object->Class() == ObjectClass::Enum || object->Class() == ObjectClass::Type)
             return object;
     return nullptr;
@@ -125,7 +129,7 @@ CodeObject* modMain::Get_Objekt_AusName(const CodeObject* context, Name name, Ac
     if (!context || (context->Class() != ObjectClass::Prozedur && context->Class() != ObjectClass::Modul))
         return nullptr;
     CodeObject* object = Get_Object_Aus_NameM(*ModuleOf(context), name, mode);
-    return object ? object : PublicObject(BearersOf(gPublicNameSpace, name, nullptr), mode);
+    return object ? object : PublicObject(PublicBearersOf(name), mode);
 }
 
 CodeObject* modMain::Get_Objekt_AusName(const ModuleNames& names, WordMeaning& word, AccessMode mode) {
@@ -137,7 +141,7 @@ CodeObject* modMain::Get_Typ_AusName(const CodeObject* context, Name typeName, M
     if (const clsModul* modul = ModuleOf(context))
         if (CodeObject* type = Get_Typ_AusNameM(*modul, typeName, names))
             return type;
-    for (CodeObject* object : BearersOf(gPublicNameSpace, LastPart(typeName), names)) {
+    for (CodeObject* object : PublicBearersOf(LastPart(typeName))) {
         switch (object->Class()) {
             case ObjectClass::Enum:
             case ObjectClass::Type:

@@ -16,7 +16,8 @@ class clsProzedur;
 
 enum class CallType : std::int8_t { MayBe = -1, Really = 1, Use = 2 };
 
-/// Where an edge starts, and of what kind it is, in one word: edges are many, so the kind stands in the address's lowest bits.
+/// Where an edge starts, and of what kind it is, in one word: edges are many, so the kind stands in the address's
+/// lowest bits.
 class EdgeStart {
 public:
     /// In a procedure; null for nowhere.
@@ -35,7 +36,8 @@ public:
 private:
     static constexpr std::uintptr_t kIsModule = 1;
     static constexpr std::uintptr_t kBits = 7;
-    EdgeStart(std::uintptr_t bits, CallType type) : bits_(bits | static_cast<std::uintptr_t>(static_cast<int>(type) + 1) << 1) {}
+    EdgeStart(std::uintptr_t bits, CallType type)
+        : bits_(bits | static_cast<std::uintptr_t>(static_cast<int>(type) + 1) << 1) {}
     std::uintptr_t bits_;
 };
 
@@ -59,7 +61,7 @@ public:
 
 private:
     EdgeStart start_;
-    [[no_unique_address]] Counted<gCountCall> counted_;
+    [[no_unique_address]] Counted<&ObjectCounts::call> counted_;
 };
 static_assert(sizeof(void*) != 8 || sizeof(clsCall) == 40);
 
@@ -73,6 +75,8 @@ public:
         ++count_;
     }
     void Clear() { *this = {}; }
+    /// Where the next edge will be entered.
+    [[nodiscard]] const void* Last() const { return last_; }
     [[nodiscard]] int Count() const { return count_; }
 
     class Iterator {

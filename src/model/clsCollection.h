@@ -12,6 +12,7 @@
 
 #include "model/counters.h"
 #include "model/names.h"
+#include "platform/memory.h"
 #include "shell/vb_text.h"
 
 template <class T>
@@ -45,9 +46,7 @@ public:
         key = key.Lower();
         if (PositionOf(key) != kNone)
             return false;
-        entries_.push_back({key, value});
-        if (Index* const index = index_.load(std::memory_order_relaxed))
-            Enter(*index, static_cast<std::uint32_t>(entries_.size() - 1));
+        AddNew(key, value);
         return true;
     }
 
@@ -96,6 +95,13 @@ public:
         DropIndex();
     }
 
+    /// Has the table and the entries fetched, for many look-ups that will follow.
+    void PrefetchAll() const {
+        Prefetch(entries_.data(), entries_.size() * sizeof(Entry));
+        if (const Index* const index = index_.load(std::memory_order_acquire))
+            Prefetch(index->slots.data(), index->slots.size() * sizeof(std::uint32_t));
+    }
+
     // Iteration over the objects in order; removing meanwhile is not allowed.
     class Iterator {
     public:
@@ -112,6 +118,14 @@ public:
     };
     [[nodiscard]] Iterator begin() const { return Iterator(entries_.data()); }
     [[nodiscard]] Iterator end() const { return Iterator(entries_.data() + entries_.size()); }
+
+protected:
+    /// Appends under a key, in lower case, that is known not to be present.
+    void AddNew(Name key, T* value) {
+        entries_.push_back({key, value});
+        if (Index* const index = index_.load(std::memory_order_relaxed))
+            Enter(*index, static_cast<std::uint32_t>(entries_.size() - 1));
+    }
 
 private:
     static constexpr std::uint32_t kNone = UINT32_MAX;
@@ -178,5 +192,5 @@ private:
 
     std::vector<Entry> entries_;
     mutable std::atomic<Index*> index_ = nullptr;
-    [[no_unique_address]] Counted<gCountCollection> counted_;
+    [[no_unique_address]] Counted<&ObjectCounts::collection> counted_;
 };

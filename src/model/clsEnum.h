@@ -25,5 +25,5 @@ public:
 
 private:
     std::vector<std::unique_ptr<clsVariable>> owned_;
-    [[no_unique_address]] Counted<gCountEnum> counted_;
+    [[no_unique_address]] Counted<&ObjectCounts::einEnum> counted_;
 };

@@ -5,8 +5,9 @@
 #include <memory>
 #include <vector>
 
+#include "model/blocks.h"
 #include "model/clsCollection.h"
-#include "model/code_object.h"
+#include "model/clsVariable.h"
 #include "model/name_space.h"
 #include "model/owned_by_name.h"
 #include "platform/files.h"
@@ -68,10 +69,14 @@ public:
         owned_.push_back(std::move(object));
         return kept;
     }
+    /// A new variable of one of this module's procedures; whether it joins the procedure's MyVars is the caller's
+    /// business.
+    [[nodiscard]] clsVariable& NewLocal() { return locals_.New(); }
     /// All objects read from this module, in the order of reading; dropped ones included, members and locals not.
     [[nodiscard]] const std::vector<std::unique_ptr<CodeObject>>& Owned() const { return owned_; }
 
 private:
     std::vector<std::unique_ptr<CodeObject>> owned_;
-    [[no_unique_address]] Counted<gCountModul> counted_;
+    Blocks<clsVariable> locals_;
+    [[no_unique_address]] Counted<&ObjectCounts::modul> counted_;
 };

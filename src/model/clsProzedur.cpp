@@ -44,13 +44,3 @@ std::string_view clsProzedur::GetImageKey() const {
         return dead ? "UserEventDeath" : "userevent";
     return dead ? "ProcedureDeath" : "procedure";
 }
-
-clsVariable& clsProzedur::Own(std::unique_ptr<clsVariable> variable) {
-    if (owned_.empty()) {
-        // Most procedures have a handful, and most of the rest of them have twice that.
-        owned_.reserve(4);
-        MyVars.Reserve(4);
-    }
-    owned_.push_back(std::move(variable));
-    return *owned_.back();
-}

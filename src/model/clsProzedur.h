@@ -41,10 +41,6 @@ public:
 
     clsCollection<clsVariable> MyVars;  // arguments, locals, result; keyed by name
 
-    /// Takes over a variable of this procedure; whether it joins MyVars is the caller's business.
-    clsVariable& Own(std::unique_ptr<clsVariable> variable);
-
 private:
-    std::vector<std::unique_ptr<clsVariable>> owned_;
-    [[no_unique_address]] Counted<gCountProzedur> counted_;
+    [[no_unique_address]] Counted<&ObjectCounts::prozedur> counted_;
 };

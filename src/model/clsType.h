@@ -26,5 +26,5 @@ public:
 
 private:
     std::vector<std::unique_ptr<clsVariable>> owned_;
-    [[no_unique_address]] Counted<gCountType> counted_;
+    [[no_unique_address]] Counted<&ObjectCounts::type> counted_;
 };

@@ -12,14 +12,14 @@ public:
     [[nodiscard]] std::string_view GetImageKey() const override;
     [[nodiscard]] std::string_view DatenTyp() const { return type.View(); }
 
+    bool IsConst : 1 = false;
+    bool isResult : 1 = false;       // stands for the result of its function or Property Get
+    bool isFormInstance : 1 = false; // the implicit variable of a form, which has the form's own address
     Name type;                       // data type as a key: lower case, as read from the source
     clsProzedur* Prozedur = nullptr; // of arguments and locals
     clsType* MyType = nullptr;       // of a type's member
     clsEnum* MyEnum = nullptr;       // of an enum's member
-    bool IsConst = false;
-    bool isResult = false;           // stands for the result of its function or Property Get
-    bool isFormInstance = false;     // the implicit variable of a form, which has the form's own address
 
 private:
-    [[no_unique_address]] Counted<gCountVariable> counted_;
+    [[no_unique_address]] Counted<&ObjectCounts::variable> counted_;
 };

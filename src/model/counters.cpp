@@ -1,3 +1,4 @@
 #include "model/counters.h"
 
-std::int32_t gCountVariable, gCountType, gCountEnum, gCountProzedur, gCountModul, gCountCall, gCountCollection;
+ObjectCounts gCounts;
+thread_local constinit ObjectCounts* tCounts = &gCounts;

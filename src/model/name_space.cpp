@@ -9,7 +9,7 @@
 #include "model/clsType.h"
 #include "model/clsVariable.h"
 
-NameSpace gPublicNameSpace;
+NameSpace gPublicNameSpace(NameSpace::Extent::Program);
 
 namespace {
 
@@ -94,20 +94,25 @@ void clsSpaceName::Remove(const CodeObject& object) {
 
 void NameSpace::AddObject(CodeObject& object) {
     const Name name = object.NameKey();
-    clsSpaceName* entry = Item(name);
+    clsSpaceName* entry = Bearers(name);
     if (!entry) {
         entry = &entries_.emplace_back(name);
-        Add(name, entry);
+        AddNew(name.Lower(), entry);
+        if (extent_ == Extent::Program)
+            name.Lower().SetBearers(entry);
     }
     entry->Add(object);
 }
 
 void NameSpace::RemoveObject(const CodeObject& object) {
-    if (clsSpaceName* entry = Item(object.NameKey()))
+    if (clsSpaceName* entry = Bearers(object.NameKey()))
         entry->Remove(object);
 }
 
 void NameSpace::ClearAll() {
+    if (extent_ == Extent::Program)
+        for (int nr = 1; nr <= Count(); ++nr)
+            KeyNr(nr).SetBearers(nullptr);
     Clear();
     entries_.clear();
 }

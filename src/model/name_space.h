@@ -33,6 +33,14 @@ private:
 /// Bare names to their entries. It owns the entries, never the objects.
 class NameSpace : public clsCollection<clsSpaceName> {
 public:
+    enum class Extent { Module, Program };
+    /// The one of the whole program is kept with the names themselves, so that a look-up there costs nothing.
+    explicit NameSpace(Extent extent = Extent::Module) : extent_(extent) {}
+
+    /// Who bears a name, or null.
+    [[nodiscard]] clsSpaceName* Bearers(Name name) const {
+        return extent_ == Extent::Program ? name.Lower().Bearers() : Item(name);
+    }
     /// Enters `object` under its name. An object of the same code path that stands there already stays,
     /// and nothing happens.
     void AddObject(CodeObject& object);
@@ -43,6 +51,7 @@ public:
 
 private:
     std::deque<clsSpaceName> entries_;
+    Extent extent_;
 };
 
 /// The project-wide name space.

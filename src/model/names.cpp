@@ -5,12 +5,19 @@
 
 #include "platform/code_page.h"
 
-const Name::Entry Name::kEmpty{&Name::kEmpty, 0, 0, 0, {}};
+const Name::Entry Name::kEmpty{&Name::kEmpty, nullptr, 0, 0, 0, {}};
 
 namespace {
 
-constexpr std::size_t kBlockSize = std::size_t{1} << 16;
-constexpr std::size_t kFirstSlots = std::size_t{1} << 16;
+constexpr std::size_t kBlockSize = std::size_t{1} << 14;
+constexpr std::size_t kFirstSlots = std::size_t{1} << 16;  // enough for half a million lines
+constexpr std::size_t kGrowth = 2;                         // no more, as a table is only quick where it is small
+
+// Bits of the hash that the address of an entry leaves room for.
+constexpr std::uintptr_t kTagBits = 7;
+constexpr std::uintptr_t TagOf(std::uint32_t hash) {
+    return hash >> 24 & kTagBits;
+}
 
 std::uint64_t Mix(std::uint64_t value) {
     value *= 0x9E3779B97F4A7C15U;
@@ -93,54 +100,77 @@ NamePool::NamePool() {
 }
 
 void NamePool::Reset() {
-    tables_.clear();
-    table_ = tables_.emplace_back(std::make_unique<Table>(kFirstSlots)).get();
-    used_ = 0;
-    blocks_.clear();
-    freeLeft_ = 0;
-}
-
-// The entry, or null with the slot where it belongs.
-const Name::Entry* NamePool::FindIn(const Table& table, std::string_view text, std::uint32_t hash, std::size_t& slot) {
-    for (slot = hash & table.mask;; slot = (slot + 1) & table.mask) {
-        const Name::Entry* entry = table.slots[slot].load(std::memory_order_acquire);
-        if (!entry)
-            return nullptr;
-        if (entry->hash == hash && entry->length == text.size() &&
-            SameBytes(entry->chars, text.data(), text.size()))
-            return entry;
-    }
+    for (Part& part : parts_)
+        part.Reset();
 }
 
 const Name::Entry* NamePool::Find(std::string_view text) const {
     if (text.empty())
         return &Name::kEmpty;
-    std::size_t slot = 0;
-    return FindIn(*table_.load(std::memory_order_acquire), text, HashOf(text), slot);
+    const std::uint32_t hash = HashOf(text);
+    return parts_[PartOf(hash)].Find(text, hash);
 }
 
 const Name::Entry* NamePool::Intern(std::string_view text) {
     if (text.empty())
         return &Name::kEmpty;
     const std::uint32_t hash = HashOf(text);
-    std::size_t slot = 0;
-    Table* table = tables_.back().get();
-    if (const Name::Entry* known = FindIn(*table, text, hash, slot))
-        return known;
-    Name::Entry* entry = NewEntry(text, hash);
-    if (const LowerForm lower(text); lower.View() != text) {
-        entry->lower = Intern(lower.View());
-        table = tables_.back().get();
-        (void)FindIn(*table, text, hash, slot);
+    Part& part = parts_[PartOf(hash)];
+    const Name::Entry* known = part.Find(text, hash);
+    return known ? known : part.Intern(text, hash);
+}
+
+void NamePool::Part::Reset() {
+    tables_.clear();
+    table_ = tables_.emplace_back(std::make_unique<Table>(kFirstSlots / kParts)).get();
+    used_ = 0;
+    blocks_.clear();
+    freeLeft_ = 0;
+}
+
+// The entry, or null with the slot where it belongs.
+const Name::Entry* NamePool::Part::FindIn(const Table& table, std::string_view text, std::uint32_t hash,
+                                          std::size_t& slot) {
+    for (slot = hash & table.mask;; slot = (slot + 1) & table.mask) {
+        const std::uintptr_t place = table.slots[slot].load(std::memory_order_acquire);
+        if (place == 0)
+            return nullptr;
+        if ((place & kTagBits) != TagOf(hash))
+            continue;
+        const auto* entry = reinterpret_cast<const Name::Entry*>(place & ~kTagBits);
+        if (entry->hash == hash && entry->length == text.size() &&
+            SameBytes(entry->chars, text.data(), text.size()))
+            return entry;
     }
-    table->slots[slot].store(entry, std::memory_order_release);
-    if (++used_ * 2 > table->slots.size())
+}
+
+const Name::Entry* NamePool::Part::Find(std::string_view text, std::uint32_t hash) const {
+    std::size_t slot = 0;
+    return FindIn(*table_.load(std::memory_order_acquire), text, hash, slot);
+}
+
+const Name::Entry* NamePool::Part::Intern(std::string_view text, std::uint32_t hash) {
+    // First, as it may belong to this part too.
+    const LowerForm lower(text);
+    const Name::Entry* const lowerEntry = lower.View() == text ? nullptr : NamePool::Get().Intern(lower.View());
+
+    const std::lock_guard lock(mutex_);
+    Table& table = *tables_.back();
+    std::size_t slot = 0;
+    if (const Name::Entry* known = FindIn(table, text, hash, slot))
+        return known;  // another thread was quicker
+    Name::Entry* entry = NewEntry(text, hash);
+    if (lowerEntry)
+        entry->lower = lowerEntry;
+    table.slots[slot].store(reinterpret_cast<std::uintptr_t>(entry) | TagOf(hash), std::memory_order_release);
+    if (++used_ * 4 > table.slots.size() * 3)
         Grow();
     return entry;
 }
 
-Name::Entry* NamePool::NewEntry(std::string_view text, std::uint32_t hash) {
+Name::Entry* NamePool::Part::NewEntry(std::string_view text, std::uint32_t hash) {
     constexpr std::size_t kAlign = alignof(Name::Entry);
+    static_assert(kAlign > kTagBits);
     const std::size_t size =
         std::max(sizeof(Name::Entry), (offsetof(Name::Entry, chars) + text.size() + kAlign - 1) / kAlign * kAlign);
     if (size > freeLeft_) {
@@ -154,6 +184,7 @@ Name::Entry* NamePool::NewEntry(std::string_view text, std::uint32_t hash) {
     freeLeft_ -= size;
     auto* entry = new (place) Name::Entry;
     entry->lower = entry;
+    entry->bearers = nullptr;
     entry->hash = hash;
     entry->length = static_cast<std::uint32_t>(text.size());
     entry->tag = 0;
@@ -161,16 +192,16 @@ Name::Entry* NamePool::NewEntry(std::string_view text, std::uint32_t hash) {
     return entry;
 }
 
-void NamePool::Grow() {
-    auto larger = std::make_unique<Table>(tables_.back()->slots.size() * 2);
-    for (const auto& place : tables_.back()->slots) {
-        const Name::Entry* entry = place.load(std::memory_order_relaxed);
-        if (!entry)
+void NamePool::Part::Grow() {
+    auto larger = std::make_unique<Table>(tables_.back()->slots.size() * kGrowth);
+    for (const auto& slot : tables_.back()->slots) {
+        const std::uintptr_t place = slot.load(std::memory_order_relaxed);
+        if (place == 0)
             continue;
-        std::size_t slot = entry->hash & larger->mask;
-        while (larger->slots[slot].load(std::memory_order_relaxed))
-            slot = (slot + 1) & larger->mask;
-        larger->slots[slot].store(entry, std::memory_order_relaxed);
+        std::size_t to = reinterpret_cast<const Name::Entry*>(place & ~kTagBits)->hash & larger->mask;
+        while (larger->slots[to].load(std::memory_order_relaxed) != 0)
+            to = (to + 1) & larger->mask;
+        larger->slots[to].store(place, std::memory_order_relaxed);
     }
     table_.store(larger.get(), std::memory_order_release);
     tables_.push_back(std::move(larger));

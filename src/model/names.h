@@ -2,12 +2,16 @@
 // each knows its lower-case form, so that keys are compared by one pointer and nothing is allocated to look up.
 #pragma once
 
+#include <array>
 #include <atomic>
 #include <cstdint>
 #include <cstring>
 #include <memory>
+#include <mutex>
 #include <string_view>
 #include <vector>
+
+class clsSpaceName;
 
 class Name {
 public:
@@ -29,11 +33,15 @@ public:
     /// A small number that a stage has given this spelling, as to the words of the language; 0 for all others.
     [[nodiscard]] std::uint8_t Tag() const { return entry_->tag; }
     void SetTag(std::uint8_t tag) const { entry_->tag = tag; }
+    /// What the name space of the whole program keeps with this spelling; null unless it was set.
+    [[nodiscard]] clsSpaceName* Bearers() const { return entry_->bearers; }
+    void SetBearers(clsSpaceName* bearers) const { entry_->bearers = bearers; }
     bool operator==(const Name&) const = default;
 
 private:
     struct Entry {
         const Entry* lower;
+        mutable clsSpaceName* bearers;
         std::uint32_t hash;
         std::uint32_t length;
         mutable std::uint8_t tag;
@@ -45,8 +53,8 @@ private:
     const Entry* entry_;
 };
 
-/// The pool behind all names. It only grows; a name stays valid until Reset. One thread at a time may make names, and
-/// others may look for them meanwhile.
+/// The pool behind all names. It only grows; a name stays valid until Reset. Threads may make names and look for them
+/// at a time: the pool is parted by hash, each part has its own lock for new names, and looking takes none.
 class NamePool {
 public:
     static NamePool& Get();
@@ -58,21 +66,34 @@ public:
 
 private:
     NamePool();
-    Name::Entry* NewEntry(std::string_view text, std::uint32_t hash);
-    // Entries by their hash; a free slot is null. Entries only come, so a reader that meets a free slot has seen all that
-    // were there when it began.
+
+    // Addresses of entries by their hash, with some of its bits where an address has none; a free slot is 0. Entries
+    // only come, so that who meets a free slot has seen all that were there when he began.
     struct Table {
         explicit Table(std::size_t size) : mask(size - 1), slots(size) {}
         std::size_t mask;
-        std::vector<std::atomic<const Name::Entry*>> slots;
+        std::vector<std::atomic<std::uintptr_t>> slots;
     };
-    [[nodiscard]] static const Name::Entry* FindIn(const Table& table, std::string_view text, std::uint32_t hash,
-                                                   std::size_t& slot);
-    void Grow();
-    std::atomic<Table*> table_ = nullptr;         // the last of tables_
-    std::vector<std::unique_ptr<Table>> tables_;  // those outgrown stay: somebody may be looking into them
-    std::size_t used_ = 0;
-    std::vector<std::unique_ptr<char[]>> blocks_;
-    char* free_ = nullptr;
-    std::size_t freeLeft_ = 0;
+    class alignas(64) Part {
+    public:
+        void Reset();
+        [[nodiscard]] const Name::Entry* Find(std::string_view text, std::uint32_t hash) const;
+        const Name::Entry* Intern(std::string_view text, std::uint32_t hash);
+
+    private:
+        [[nodiscard]] static const Name::Entry* FindIn(const Table& table, std::string_view text, std::uint32_t hash,
+                                                       std::size_t& slot);
+        Name::Entry* NewEntry(std::string_view text, std::uint32_t hash);
+        void Grow();
+        std::atomic<const Table*> table_ = nullptr;   // the last of tables_
+        std::mutex mutex_;                            // guards all below
+        std::vector<std::unique_ptr<Table>> tables_;  // those outgrown stay: somebody may be looking into them
+        std::size_t used_ = 0;
+        std::vector<std::unique_ptr<char[]>> blocks_;
+        char* free_ = nullptr;
+        std::size_t freeLeft_ = 0;
+    };
+    static constexpr std::size_t kParts = 16;
+    [[nodiscard]] static std::size_t PartOf(std::uint32_t hash) { return hash >> 28; }
+    std::array<Part, kParts> parts_;
 };

@@ -24,8 +24,8 @@ struct ModuleFile {
     std::string name;  // from its "Attribute VB_Name" line, else that of the file
 };
 
-/// Reads a file: its text, map, lines, conditional compilation with gCondComps, and tokens. Knows nothing of the project,
-/// so that it may run on several threads at a time.
+/// Reads a file: its text, map, lines, conditional compilation with gCondComps, and tokens. Knows nothing of the
+/// project, so that it may run on several threads at a time.
 /// @param modulTyp  "module", "form", "class", "usercontrol"
 [[nodiscard]] ModuleFile Read_ModuleFile(const Files& files, std::string_view path, std::string_view modulTyp);
 

@@ -2,7 +2,9 @@
 
 #include "libraries/project_entry.h"
 #include "model/clsProjekt.h"
+#include "model/counters.h"
 #include "platform/code_page.h"
+#include "platform/memory.h"
 #include "project/module_file.h"
 #include "shell/clsText.h"
 #include "shell/errors.h"
@@ -13,6 +15,7 @@
 #include "shell/work_ahead.h"
 #include "source/cond_compile.h"
 #include "source/module_text.h"
+#include "structure/add_objects.h"
 #include "structure/module_reader.h"
 #include "structure/sections.h"
 
@@ -99,6 +102,45 @@ void LoadLibrary(clsProjekt& projekt, bool isReference, std::string_view line) {
     auto& libraries = isReference ? projekt.myProjectReferences : projekt.myProjectObjects;
     libraries.AddUnlessPresent(library.NameKey(), &library);
     gProgress().Progressiere_mal();
+}
+
+// Each module and library that the project file lists. The files are read, and cut into tokens, on all processors ahead
+// of the walk over the lines.
+void LoadLines(clsProjekt& projekt, std::string_view projektDir, std::string_view projectText) {
+    MissingBehind missing(projekt.TheFiles(), projektDir, projectText);
+    const std::vector<ModuleLine> moduleLines = ModuleLines(projektDir, projectText);
+    auto moduleLine = moduleLines.begin();
+    WorkAhead<ModuleFile> files(moduleLines.size(), [&](std::size_t nr, std::size_t) {
+        return Read_ModuleFile(projekt.TheFiles(), moduleLines[nr].path, moduleLines[nr].modulTyp);
+    });
+    ForEachLine(projectText, [&](std::string_view line) {
+        if (gAbort)
+            return;
+        const std::string key = KeyOf(line);
+        if (IsModuleKey(key))
+            LoadModule(projekt, *moduleLine++, files, [&] { return missing.Count(line); });
+        else if (key == "Reference" || key == "Object")
+            LoadLibrary(projekt, key == "Reference", line);
+    });
+}
+
+// What a module's procedures bring to the project.
+struct ModuleProcs {
+    std::vector<clsProzedur*> procs;
+    ObjectCounts counts;
+};
+
+// Changes the module alone.
+ModuleProcs ReadProcs(clsProjekt& projekt, clsModul& modul) {
+    UseLargePages();
+    const CountedApart counted;
+    ModuleProcs read;
+    ModuleReader reader(projekt, modul);
+    reader.joinLater = &read.procs;
+    Analyse_BereichProc(reader);
+    modul.text->ReleaseModulText();
+    read.counts = counted.Counts();
+    return read;
 }
 
 int CountLines(std::string_view text, const std::function<bool(std::string_view key)>& counts) {
@@ -188,22 +230,7 @@ void Projekt_Laden(clsProjekt& projekt) {
     gProgress().Caption(projekt.MyName);
     gProgress().Label(gText.TextNr(19));
     gProgress().Range(0, modules + GetAnzahlComponents(file.text) + GetAnzahlReferences(file.text));
-    MissingBehind missing(projekt.TheFiles(), projektDir, file.text);
-    // The files are read, and cut into tokens, on all processors ahead of the walk over the lines.
-    const std::vector<ModuleLine> moduleLines = ModuleLines(projektDir, file.text);
-    auto moduleLine = moduleLines.begin();
-    WorkAhead<ModuleFile> files(moduleLines.size(), [&](std::size_t nr, std::size_t) {
-        return Read_ModuleFile(projekt.TheFiles(), moduleLines[nr].path, moduleLines[nr].modulTyp);
-    });
-    ForEachLine(file.text, [&](std::string_view line) {
-        if (gAbort)
-            return;
-        const std::string key = KeyOf(line);
-        if (IsModuleKey(key))
-            LoadModule(projekt, *moduleLine++, files, [&] { return missing.Count(line); });
-        else if (key == "Reference" || key == "Object")
-            LoadLibrary(projekt, key == "Reference", line);
-    });
+    LoadLines(projekt, projektDir, file.text);
     if (!gAbort)
         Alle_ModulStrukturen_Generieren(projekt);
     timer.Halt();
@@ -217,15 +244,23 @@ void Alle_ModulStrukturen_Generieren(clsProjekt& projekt) {
     gProgress().Caption(projekt.FullPath);
     gProgress().Label(gText.TextNr(20));
     gProgress().Range(1, count);
-    for (clsModul* modul : projekt.AllModules()) {
-        const ErrorSubject subject(modul->FullPath);
-        gProgress().Label(modul->myNameOrg());
+    // Modules are read side by side; what the project knows of their procedures is filed in order.
+    const std::vector<clsModul*> modules = projekt.AllModules();
+    WorkAhead<ModuleProcs> reading(
+        modules.size(), [&](std::size_t nr, std::size_t) { return ReadProcs(projekt, *modules[nr]); });
+    std::size_t last = modules.size();
+    for (std::size_t nr = 0; nr < last; ++nr) {
+        const ErrorSubject subject(modules[nr]->FullPath);
+        gProgress().Label(modules[nr]->myNameOrg());
         DoEvents();
         if (gAbort)
+            last = reading.Stop();
+        if (nr >= last)
             return;
-        ModuleReader reader(projekt, *modul);
-        Analyse_BereichProc(reader);
-        modul->text->ReleaseModulText();
+        const ModuleProcs read = reading.Next();
+        for (clsProzedur* prozedur : read.procs)
+            Add_Proc_ToProjekt(projekt, *prozedur);
+        gCounts += read.counts;
         gProgress().Progressiere_mal();
     }
 }

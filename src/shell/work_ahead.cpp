@@ -11,12 +11,12 @@ constexpr std::size_t kAheadOfEach = 4;
 }  // namespace
 
 std::size_t AheadThreads::UsualHelpers() {
-    static const std::size_t helpers = std::min<std::size_t>(std::max(std::thread::hardware_concurrency(), 1U) - 1, kMostHelpers);
-    return helpers;
+    static const std::size_t processors = std::max(std::thread::hardware_concurrency(), 1U);
+    return std::min(processors - 1, kMostHelpers);
 }
 
 AheadThreads::AheadThreads(std::size_t count, std::size_t helpers, Work work)
-    : work_(std::move(work)), items_(count), ahead_((helpers + 1) * kAheadOfEach) {
+    : work_(std::move(work)), items_(count), ahead_((helpers + 1) * kAheadOfEach), end_(count) {
     helpers = count == 0 ? 0 : std::min(helpers, count - 1);
     try {
         for (std::size_t worker = 1; worker <= helpers; ++worker)
@@ -61,6 +61,11 @@ void AheadThreads::Help(std::size_t worker) {
         DoNext(lock, worker);
         somethingChanged_.notify_all();
     }
+}
+
+std::size_t AheadThreads::Stop() {
+    const std::lock_guard lock(mutex_);
+    return end_ = next_;
 }
 
 void AheadThreads::Await(std::size_t nr) {

@@ -1,8 +1,8 @@
 // Work on many items that is done on all processors ahead of its turn, and taken in order by one thread.
 //
-// The order of everything that others see stays what it would be on one thread: a result is taken when all before it have
-// been, and what its work reported is told then. The thread that takes works too, so nothing is lost where there is
-// one processor only.
+// The order of everything that others see stays what it would be on one thread: a result is taken when all before it
+// have been, and what its work reported is told then. The thread that takes works too, so nothing is lost where there
+// is one processor only.
 #pragma once
 
 #include <condition_variable>
@@ -30,9 +30,12 @@ public:
     AheadThreads(const AheadThreads&) = delete;
     AheadThreads& operator=(const AheadThreads&) = delete;
 
-    /// Returns once the item is done, and tells what it reported. Items are asked for in rising order, all by one thread.
-    /// What the work threw, it throws.
+    /// Returns once the item is done, and tells what it reported. Items are asked for in rising order, all by one
+    /// thread. What the work threw, it throws.
     void Await(std::size_t nr);
+
+    /// Begins nothing more; returns how many items can still be awaited, in all.
+    std::size_t Stop();
 
     /// One for each processor besides the first, within reason.
     [[nodiscard]] static std::size_t UsualHelpers();
@@ -43,7 +46,7 @@ private:
         std::exception_ptr thrown;
         bool done = false;
     };
-    [[nodiscard]] bool MayClaim() const { return next_ < items_.size() && next_ < taken_ + ahead_; }
+    [[nodiscard]] bool MayClaim() const { return next_ < end_ && next_ < taken_ + ahead_; }
     void DoNext(std::unique_lock<std::mutex>& lock, std::size_t worker);
     void Help(std::size_t worker);
 
@@ -52,6 +55,7 @@ private:
     std::size_t ahead_;  // items that may be under way or waiting to be taken
     std::mutex mutex_;   // guards all below, and `done` of the items
     std::condition_variable somethingChanged_;
+    std::size_t end_;        // items from here on are not begun
     std::size_t next_ = 0;   // first item not begun
     std::size_t taken_ = 0;  // the item that is waited for
     bool stopped_ = false;
@@ -66,8 +70,9 @@ public:
 
     WorkAhead(std::size_t count, Work work, std::size_t helpers = AheadThreads::UsualHelpers())
         : results_(count),
-          threads_(count, helpers,
-                   [this, work = std::move(work)](std::size_t nr, std::size_t worker) { results_[nr] = work(nr, worker); }) {}
+          threads_(count, helpers, [this, work = std::move(work)](std::size_t nr, std::size_t worker) {
+              results_[nr] = work(nr, worker);
+          }) {}
 
     /// Numbers of workers are below this.
     [[nodiscard]] static std::size_t Workers(std::size_t helpers = AheadThreads::UsualHelpers()) { return helpers + 1; }
@@ -77,6 +82,9 @@ public:
         threads_.Await(next_);
         return std::move(results_[next_++]);
     }
+
+    /// Begins nothing more; returns how many results there are in all, those taken included.
+    std::size_t Stop() { return threads_.Stop(); }
 
 private:
     std::vector<Result> results_;

@@ -50,22 +50,32 @@ void Add_Enum(ModuleReader& reader, clsEnum& einEnum) {
 
 void Add_Proc(ModuleReader& reader, clsProzedur& prozedur) {
     clsModul& modul = reader.modul;
-    clsProjekt& projekt = reader.projekt;
     const Name key = prozedur.LocalKey();
     const bool isPublic = prozedur.Zugriff != kPrivate;
     if (prozedur.IsProperty()) {
         (isPublic ? modul.Public_Property : modul.Private_Property).AddUnlessPresent(key, &prozedur);
     } else if (const bool isSub = prozedur.ProzedurTyp() == "sub"; isSub || prozedur.ProzedurTyp() == "function") {
-        if (isPublic) {
+        if (isPublic)
             (isSub ? modul.Public_Sub : modul.Public_Function).AddUnlessPresent(key, &prozedur);
-            (isSub ? projekt.Public_Sub : projekt.Public_Function).AddUnlessPresent(prozedur.NameKey(), &prozedur);
-            projekt.MyProcs.AddUnlessPresent(prozedur.NameKey(), &prozedur);
-        } else {
+        else
             (isSub ? modul.Private_Sub : modul.Private_Function).AddUnlessPresent(key, &prozedur);
-        }
     }
-    AddTo_NameSpaces(reader, prozedur, isPublic);
+    modul.PrivNameSpace.AddObject(prozedur);
     modul.MyProcs.AddUnlessPresent(key, &prozedur);
+    if (reader.joinLater)
+        reader.joinLater->push_back(&prozedur);
+    else
+        Add_Proc_ToProjekt(reader.projekt, prozedur);
+}
+
+void Add_Proc_ToProjekt(clsProjekt& projekt, clsProzedur& prozedur) {
+    if (prozedur.Zugriff == kPrivate)
+        return;
+    if (const bool isSub = prozedur.ProzedurTyp() == "sub"; isSub || prozedur.ProzedurTyp() == "function") {
+        (isSub ? projekt.Public_Sub : projekt.Public_Function).AddUnlessPresent(prozedur.NameKey(), &prozedur);
+        projekt.MyProcs.AddUnlessPresent(prozedur.NameKey(), &prozedur);
+    }
+    gPublicNameSpace.AddObject(prozedur);
 }
 
 void Add_Member(ModuleReader& reader, clsVariable& member, bool ownerIsPublic) {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "model/clsEnum.h"
 #include "model/clsModul.h"
@@ -36,6 +37,9 @@ public:
     const TokenTable& tokens;
     std::string_view lower;
     std::string_view original;
+    /// Set where modules are read side by side: procedures then join their module only, and stand here to join the
+    /// project.
+    std::vector<clsProzedur*>* joinLater = nullptr;
 
     /// Text of a token in lower case; empty where there is no such token.
     [[nodiscard]] std::string_view Word(int tokNr) const { return tokens.Text(lower, tokNr); }

@@ -216,7 +216,9 @@ private:
     }
 
     clsVariable& NewVariable(int nameNr, std::string_view zugriff) {
-        clsVariable& variable = proc_->Own(std::make_unique<clsVariable>());
+        if (proc_->MyVars.Count() == 0)
+            proc_->MyVars.Reserve(4);  // most procedures have a handful
+        clsVariable& variable = reader_.modul.NewLocal();
         variable.Modul = &reader_.modul;
         variable.Prozedur = proc_;
         variable.Zugriff = zugriff;

@@ -3,6 +3,8 @@
 #include <gtest/gtest.h>
 
 #include <string>
+#include <thread>
+#include <vector>
 
 namespace {
 
@@ -26,6 +28,26 @@ TEST(Names, LongOddAndManyNamesStayApart) {
     for (int i = 0; i < 20000; i += 7)
         ASSERT_EQ(Name("Many" + std::to_string(i)).View(), "Many" + std::to_string(i));
     EXPECT_EQ(early, longName) << "names stay where they are while the pool grows";
+}
+
+TEST(Names, ThreadsThatMakeTheSameNamesGetTheSameHandles) {
+    constexpr int kThreads = 4;
+    constexpr int kNames = 30000;  // enough for the tables to grow meanwhile
+    std::vector<std::vector<Name>> made(kThreads);
+    std::vector<std::thread> threads;
+    for (std::vector<Name>& names : made)
+        threads.emplace_back([&names] {
+            for (int i = 0; i < kNames; ++i) {
+                const std::string text = "Together" + std::to_string(i);
+                names.emplace_back(text);
+                if (Name::Find(text) != names.back() || Name::FindLower(text) != names.back().Lower())
+                    names.clear();
+            }
+        });
+    for (std::thread& thread : threads)
+        thread.join();
+    for (const std::vector<Name>& names : made)
+        EXPECT_TRUE(names == made[0] && names.size() == kNames);
 }
 
 }  // namespace

@@ -49,6 +49,41 @@ TEST_F(ProjectReading, ProjectWithoutModulesStaysEmpty) {
     EXPECT_EQ(GetAnzahlModule("Usercontrol=D.ctl\r\nForm=B.frm"), 2);  // counted in this spelling alone
 }
 
+TEST_F(ProjectReading, ManyModulesKeepTheirOrderInAllThatComesOfThem) {
+    // Of very different sizes, so that what is read ahead of its turn is not done in turn.
+    MemoryFiles files;
+    std::string lines;
+    std::vector<std::string> paths;
+    for (int i = 0; i < 60; ++i) {
+        const std::string name = "M" + std::to_string(i);
+        paths.push_back("p\\" + name + ".bas");
+        std::string text = "#If 1 + Then\r\n#End If\r\nPublic Sub Same()\r\nM0.Same\r\nEnd Sub\r\n";
+        for (int line = 0; line < (i % 5 == 0 ? 3000 : 3); ++line)
+            text += "'a comment\r\n";
+        files.WriteWhole(paths.back(), text);
+        lines += "Module=" + name + "; " + name + ".bas\r\n";
+    }
+    files.WriteWhole("p\\P.vbp", lines);
+    const RecordingErrors errors;
+    gProjekt = std::make_unique<clsProjekt>(files);
+    gProjekt->FullPath = "p\\P.vbp";
+    Projekt_Laden(*gProjekt);
+    Who_Calls_Who(*gProjekt);
+
+    EXPECT_EQ(errors.subjects, paths);
+    std::vector<std::string> bearers;
+    for (const CodeObject* object : gPublicNameSpace.Item("same")->Objects())
+        bearers.push_back(object->Modul->FullPath);
+    EXPECT_EQ(bearers, paths);
+    std::vector<std::string> callers;
+    gProjekt->calls.ForEach([&](const clsCall& call) {
+        if (call.Parent->Class() == ObjectClass::Prozedur)
+            callers.push_back(call.CallProcedure()->Modul->FullPath);
+    });
+    EXPECT_EQ(callers, paths);
+    CloseProject();
+}
+
 TEST_F(ProjectReading, SecondModuleOfOneNameIsLeftOut) {
     const clsProjekt& projekt = ReadProject({{"P.vbp", "Module=A; A.bas\nModule=A; sub\\A.bas\nClass=A; A.cls\n"},
                                              {"A.bas", "Public one\n"},

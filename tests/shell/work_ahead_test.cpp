@@ -24,8 +24,8 @@ TEST_P(Ahead, ResultsComeInOrderAndEachItemIsDoneOnce) {
         [&](std::size_t nr, std::size_t worker) {
             EXPECT_EQ(busy.at(worker)++, 0) << "a worker has one item at a time";
             // Some take long, so that others overtake them.
-            for (volatile int turn = 0; turn < (nr % 7 == 0 ? 20000 : 10); turn = turn + 1)
-                ;
+            for (int turn = 0; turn < (nr % 7 == 0 ? 1000 : 1); ++turn)
+                std::this_thread::yield();
             ++done[nr];
             --busy[worker];
             return nr * nr;
@@ -55,19 +55,37 @@ TEST_P(Ahead, WhatAnItemReportsIsToldWhenItIsTaken) {
     const ErrorSubject subject("Form1.frm");
     (void)work.Next();
     EXPECT_THAT(errors.texts, ElementsAre("reported 0", "reported 1"));
-    EXPECT_THAT(Problems(), ElementsAre(Problem{"a: b", "noted 0", ""}, Problem{"a: b", "reported 0", ""},
-                                        Problem{"a: b", "noted 1", "Form1.frm"}, Problem{"a: b", "reported 1", "Form1.frm"}));
+    EXPECT_THAT(Problems(),
+                ElementsAre(Problem{"a: b", "noted 0", ""}, Problem{"a: b", "reported 0", ""},
+                            Problem{"a: b", "noted 1", "Form1.frm"}, Problem{"a: b", "reported 1", "Form1.frm"}));
 }
 
 TEST_P(Ahead, WhatAnItemThrowsComesFromTheCallThatTakesIt) {
     WorkAhead<int> work(
-        40, [](std::size_t nr, std::size_t) { return nr == 2 ? throw std::runtime_error("two") : static_cast<int>(nr); },
+        40,
+        [](std::size_t nr, std::size_t) {
+            return nr == 2 ? throw std::runtime_error("two") : static_cast<int>(nr);
+        },
         GetParam());
     EXPECT_EQ(work.Next(), 0);
     EXPECT_EQ(work.Next(), 1);
     EXPECT_THROW((void)work.Next(), std::runtime_error);
 }
 
+TEST_P(Ahead, LeftEarlyItBeginsNothingMore) {
+    std::atomic<std::size_t> begun = 0;
+    std::size_t all = 0;
+    {
+        WorkAhead<int> work(10000, [&](std::size_t, std::size_t) { return static_cast<int>(++begun); }, GetParam());
+        (void)work.Next();
+        all = work.Stop();
+        for (std::size_t taken = 1; taken < all; ++taken)
+            (void)work.Next();
+    }
+    EXPECT_EQ(begun, all);
+    EXPECT_LT(all, 100U) << "little is begun long before its turn";
+    EXPECT_NO_THROW(WorkAhead<int>(0, [](std::size_t, std::size_t) { return 0; }, GetParam()));
+}
 
 INSTANTIATE_TEST_SUITE_P(Helpers, Ahead, testing::Values(0, 1, 3));
 
