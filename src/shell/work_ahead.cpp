@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr std::size_t kMostHelpers = 7;
+constexpr std::size_t kMostHelpers = 3;  // all share one heap, which more would only wait for
 // Enough that a long item keeps nobody waiting, and few enough that what waits stays small.
 constexpr std::size_t kAheadOfEach = 4;
 
