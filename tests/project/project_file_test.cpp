@@ -64,6 +64,7 @@ TEST_F(ProjectReading, ManyModulesKeepTheirOrderInAllThatComesOfThem) {
         lines += "Module=" + name + "; " + name + ".bas\r\n";
     }
     files.WriteWhole("p\\P.vbp", lines);
+    const std::pair before(gCountProzedur, gCountCollection);
     const RecordingErrors errors;
     gProjekt = std::make_unique<clsProjekt>(files);
     gProjekt->FullPath = "p\\P.vbp";
@@ -81,7 +82,9 @@ TEST_F(ProjectReading, ManyModulesKeepTheirOrderInAllThatComesOfThem) {
             callers.push_back(call.CallProcedure()->Modul->FullPath);
     });
     EXPECT_EQ(callers, paths);
+    EXPECT_EQ(gCountProzedur, before.first + 60);
     CloseProject();
+    EXPECT_EQ(std::pair(gCountProzedur, gCountCollection), before);
 }
 
 TEST_F(ProjectReading, SecondModuleOfOneNameIsLeftOut) {
