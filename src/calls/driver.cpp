@@ -76,19 +76,23 @@ FoundCalls CallsOf(clsProjekt& projekt, clsModul& modul, ModuleNames& names) {
     ModuleReader reader(projekt, modul);
     found.Reserve(static_cast<std::size_t>(reader.tokens.Count()) / 8);
     names.TurnTo(modul);
-    modul.PrivNameSpace.PrefetchAll();
-    for (const clsSpaceName* name : modul.PrivNameSpace)
-        Prefetch(name);
     int first = modul.TokNrBeginnVarBereich;
     Analyse_CallsVarBereich(reader, names, first, modul.TokNrBeginnProcBereich - 1, found);
-    const auto end = modul.MyProcs.end();
-    for (auto at = modul.MyProcs.begin(); at != end; ++at) {
-        if (auto next = at; ++next != end) {
-            (*next)->MyVars.PrefetchAll();
-            if (++next != end)
-                Prefetch(*next, sizeof **next);
-        }
-        Analyse_CallsProc(reader, names, **at, found);
+    // What a procedure's walk begins with is fetched in steps while those before it are walked.
+    const int count = modul.MyProcs.Count();
+    const auto procedure = [&](int nr) { return nr <= count ? modul.MyProcs.ItemNr(nr) : nullptr; };
+    for (int nr = 1; nr <= count; ++nr) {
+        if (const clsProzedur* third = procedure(nr + 3))
+            Prefetch(third, sizeof *third);
+        if (const clsProzedur* second = procedure(nr + 2))
+            second->MyVars.PrefetchAll();
+        if (const clsProzedur* next = procedure(nr + 1))
+            for (int local = 1; local <= next->MyVars.Count(); ++local)
+                next->MyVars.KeyNr(local).FetchAhead();
+        clsProzedur& at = *procedure(nr);
+        for (int local = 1; local <= at.MyVars.Count(); ++local)
+            names.Expect(at.MyVars.KeyNr(local));
+        Analyse_CallsProc(reader, names, at, found);
     }
     modul.text->ReleaseModulText();
     return found;

@@ -34,15 +34,15 @@ public:
     ModuleNames(const ModuleNames&) = delete;
     ModuleNames& operator=(const ModuleNames&) = delete;
 
-    /// Turns to a module.
-    void TurnTo(const clsModul& modul) {
-        modul_ = &modul;
-        ++stamp_;
-    }
+    /// Turns to a module. Its own names are remembered at once: most of them will come, and together they are found
+    /// sooner than one by one.
+    void TurnTo(const clsModul& modul);
+    /// Remembers a name whose word will come soon.
+    void Expect(Name name) { (void)LineFor(name); }
     /// The meaning of a word that is not empty; good until the next call.
     [[nodiscard]] WordMeaning& Of(std::string_view word) {
         const Key key = KeyOf(word);
-        Line& line = tables_->words[(key.head * 0x9E3779B97F4A7C15U ^ key.tail * 0xD6E8FEB86659FD93U) >> (64 - kBits)];
+        Line& line = LineOf(key);
         if (line.head != key.head || line.tail != key.tail || line.length != word.size() ||
             (word.size() > kKeyLength && !IsSameLong(line, word))) [[unlikely]]
             Fill(line, key, word);
@@ -117,6 +117,10 @@ private:
     static bool IsSameLong(const Line& line, std::string_view word) {
         return line.meaning.name.Known() && line.meaning.name.View() == word;
     }
+    [[nodiscard]] Line& LineOf(const Key& key) {
+        return tables_->words[(key.head * 0x9E3779B97F4A7C15U ^ key.tail * 0xD6E8FEB86659FD93U) >> (64 - kBits)];
+    }
+    Line* LineFor(Name name);
     void Fill(Line& line, Key key, std::string_view word);
 
     const clsModul* modul_ = nullptr;

@@ -11,6 +11,8 @@
 #include <string_view>
 #include <vector>
 
+#include "platform/memory.h"
+
 class clsSpaceName;
 
 class Name {
@@ -29,6 +31,8 @@ public:
     [[nodiscard]] Name Lower() const { return Name(entry_->lower); }
     [[nodiscard]] bool Known() const { return entry_ != nullptr; }
     [[nodiscard]] bool Empty() const { return entry_->length == 0; }
+    /// Has what View needs fetched.
+    void FetchAhead() const { Prefetch(entry_); }
     [[nodiscard]] std::uint32_t Hash() const { return entry_->hash; }
     /// A small number that a stage has given this spelling, as to the words of the language; 0 for all others.
     [[nodiscard]] std::uint8_t Tag() const { return entry_->tag; }
