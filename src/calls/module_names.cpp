@@ -26,23 +26,21 @@ ModuleNames::Line* ModuleNames::LineFor(Name name) {
         return &line;
     if (word.empty() || IsNumeric(word))
         return nullptr;
-    line.head = key.head;
-    line.tail = key.tail;
-    line.length = word.size();
-    line.meaning = {};
-    line.meaning.name = name;
-    line.meaning.keyword = KeywordOf(name);
+    Enter(line, key, word.size(), name);
     return &line;
 }
 
-void ModuleNames::Fill(Line& line, Key key, std::string_view word) {
+void ModuleNames::Enter(Line& line, Key key, std::size_t length, Name name) {
     line.head = key.head;
     line.tail = key.tail;
-    line.length = word.size();
+    line.length = length;
     line.meaning = {};
-    line.meaning.isNumber = IsNumeric(word);
-    if (line.meaning.isNumber)
-        return;
-    line.meaning.name = Name::Find(word);
-    line.meaning.keyword = KeywordOf(line.meaning.name);
+    line.meaning.name = name;
+    line.meaning.keyword = KeywordOf(name);
+}
+
+void ModuleNames::Fill(Line& line, Key key, std::string_view word) {
+    const bool isNumber = IsNumeric(word);
+    Enter(line, key, word.size(), isNumber ? Name() : Name::Find(word));
+    line.meaning.isNumber = isNumber;
 }

@@ -121,7 +121,8 @@ private:
         return tables_->words[(key.head * 0x9E3779B97F4A7C15U ^ key.tail * 0xD6E8FEB86659FD93U) >> (64 - kBits)];
     }
     Line* LineFor(Name name);
-    void Fill(Line& line, Key key, std::string_view word);
+    static void Enter(Line& line, Key key, std::size_t length, Name name);
+    static void Fill(Line& line, Key key, std::string_view word);
 
     const clsModul* modul_ = nullptr;
     std::uint32_t stamp_ = 0;

@@ -8,7 +8,6 @@
 #include "model/clsProzedur.h"
 #include "model/clsType.h"
 #include "model/clsVariable.h"
-#include "shell/operations.h"
 
 namespace {
 

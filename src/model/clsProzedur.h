@@ -1,9 +1,6 @@
 // A sub, function, property accessor, declare or event declaration.
 #pragma once
 
-#include <memory>
-#include <vector>
-
 #include "model/clsCollection.h"
 #include "model/code_object.h"
 
