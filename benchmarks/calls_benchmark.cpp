@@ -68,8 +68,8 @@ void Calls(benchmark::State& state) {
         state.SetIterationTime(RunCalls(projekt));
     const auto edges = static_cast<double>(projekt.calls.Count());
     state.counters["edges"] = edges;
-    state.counters["edges/s"] = benchmark::Counter(edges * static_cast<double>(state.iterations()),
-                                                   benchmark::Counter::kIsRate);
+    state.counters["edges/s"] =
+        benchmark::Counter(edges * static_cast<double>(state.iterations()), benchmark::Counter::kIsRate);
     state.counters["bytes/edge"] = static_cast<double>(sizeof(clsCall));
     CloseProject();
 }

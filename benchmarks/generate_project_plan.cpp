@@ -125,7 +125,8 @@ std::vector<ModuleKind> ModuleDeck(Random& random, bool first) {
 }
 
 // How many members of a project have the same name at most. It is the same for every size: a possible call reaches each
-// holder of its name, and what is measured over the sizes is to be the growth of the work for an edge, not of their number.
+// holder of its name, and what is measured over the sizes is to be the growth of the work for an edge, not of their
+// number.
 constexpr int kMostHolders = 9;
 
 }  // namespace

@@ -60,7 +60,8 @@ Projects& TheProjects() {
 
 std::vector<std::string> ModulePaths(const GeneratedProject& project) {
     std::vector<std::string> paths;
-    for (const auto& entry : std::filesystem::directory_iterator(std::filesystem::path(project.projectFile).parent_path()))
+    for (const auto& entry :
+         std::filesystem::directory_iterator(std::filesystem::path(project.projectFile).parent_path()))
         if (entry.path().extension() != ".vbp")
             paths.push_back(entry.path().string());
     return paths;
@@ -76,8 +77,8 @@ std::vector<std::string> ModuleTexts(const GeneratedProject& project) {
 
 void SetRates(benchmark::State& state, const GeneratedProject& project) {
     state.SetBytesProcessed(static_cast<std::int64_t>(state.iterations() * project.bytes));
-    state.counters["lines/s"] = benchmark::Counter(static_cast<double>(state.iterations() * project.lines),
-                                                   benchmark::Counter::kIsRate);
+    state.counters["lines/s"] =
+        benchmark::Counter(static_cast<double>(state.iterations() * project.lines), benchmark::Counter::kIsRate);
 }
 
 const GeneratedProject& ProjectOf(benchmark::State& state) {
@@ -245,7 +246,8 @@ BENCHMARK(Growth)
     ->Unit(benchmark::kMillisecond)
     ->UseManualTime()
     ->Iterations(9)
-    ->Args({10'000, 100'000})->Args({100'000, 1'000'000});
+    ->Args({10'000, 100'000})
+    ->Args({100'000, 1'000'000});
 
 }  // namespace
 

@@ -1,5 +1,5 @@
-// How quickly the window answers with a real project open: window_benchmark PROJECT.vbp. Each step is timed up to its last
-// repaint. Runs on any platform of Qt, best on the one with a screen.
+// How quickly the window answers with a real project open: window_benchmark PROJECT.vbp. Each step is timed up to its
+// last repaint. Runs on any platform of Qt, best on the one with a screen.
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QMessageBox>
@@ -38,7 +38,8 @@ void Settle() {
 
 void Report(const char* what, std::vector<double> times) {
     std::sort(times.begin(), times.end());
-    std::printf("%-58s median %7.2f ms  worst %7.2f ms  (%zu)\n", what, times[times.size() / 2], times.back(), times.size());
+    std::printf("%-58s median %7.2f ms  worst %7.2f ms  (%zu)\n", what, times[times.size() / 2], times.back(),
+                times.size());
 }
 
 // Selects each of the nodes, everything painted.
@@ -86,7 +87,8 @@ int main(int argc, char** argv) {
     const double whole = Milliseconds(timer);
     if (!gProjekt)
         return 1;
-    std::printf("%-58s %.0f ms, of which the load %.0f ms\n", "opening to the painted tree", whole, gTimerProjektOeffnen.Total * 1000);
+    std::printf("%-58s %.0f ms, of which the load %.0f ms\n", "opening to the painted tree", whole,
+                gTimerProjektOeffnen.Total * 1000);
 
     std::vector<std::string> objects, groups, modules;
     ForEachNode(window.Tree(), [&](const BaumNode& node) {
@@ -113,7 +115,8 @@ int main(int argc, char** argv) {
     timer.restart();
     window.Projekt_Analyse();
     Settle();
-    std::printf("%-58s %.0f ms, %zu edges\n", "reading the calls, marks and panes included", Milliseconds(timer), gProjekt->calls.Count());
+    std::printf("%-58s %.0f ms, %zu edges\n", "reading the calls, marks and panes included", Milliseconds(timer),
+                gProjekt->calls.Count());
     std::shuffle(objects.begin(), objects.end(), std::mt19937(2));
     Click(window, "click on a random node, calls read", objects);
     window.Split_For_Calls();

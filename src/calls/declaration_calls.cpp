@@ -90,7 +90,6 @@ private:
 
 }  // namespace
 
-void Analyse_CallsVarBereich(ModuleReader& reader, ModuleNames& names, int& firstTok, int lastTok,
-                             FoundCalls& found) {
+void Analyse_CallsVarBereich(ModuleReader& reader, ModuleNames& names, int& firstTok, int lastTok, FoundCalls& found) {
     DeclarationCalls(reader, names, found).Run(firstTok, lastTok);
 }

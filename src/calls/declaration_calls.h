@@ -8,5 +8,4 @@ class ModuleReader;
 
 /// @param names     turned to the module
 /// @param firstTok  in: the first token of the section; out: the last token looked at
-void Analyse_CallsVarBereich(ModuleReader& reader, ModuleNames& names, int& firstTok, int lastTok,
-                             FoundCalls& found);
+void Analyse_CallsVarBereich(ModuleReader& reader, ModuleNames& names, int& firstTok, int lastTok, FoundCalls& found);

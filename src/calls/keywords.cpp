@@ -6,25 +6,27 @@
 namespace {
 
 constexpr std::pair<std::string_view, Keyword> kKeywords[] = {
-    {"as", Keyword::As},           {"new", Keyword::New},       {"if", Keyword::If},
-    {"elseif", Keyword::ElseIf},   {"while", Keyword::While},   {"until", Keyword::Until},
-    {"case", Keyword::Case},       {"for", Keyword::For},       {"with", Keyword::With},
-    {"then", Keyword::Then},       {"set", Keyword::Set},       {"open", Keyword::Open},
-    {"get", Keyword::Get},         {"print", Keyword::Print},   {"call", Keyword::Call},
-    {"to", Keyword::To},           {"and", Keyword::And},       {"or", Keyword::Or},
-    {"xor", Keyword::Xor},         {"not", Keyword::Not},       {"load", Keyword::Load},
-    {"unload", Keyword::Unload},   {"end", Keyword::End},       {"else", Keyword::Other},
-    {"select", Keyword::Other},    {"do", Keyword::Other},      {"loop", Keyword::Other},
-    {"resume", Keyword::Other},    {"next", Keyword::Other},    {"exit", Keyword::Other},
-    {"dim", Keyword::Other},       {"redim", Keyword::Other},   {"preserve", Keyword::Other},
-    {"goto", Keyword::Other},      {"raiseevent", Keyword::Other}, {"sub", Keyword::Other},
-    {"function", Keyword::Other},  {"property", Keyword::Other}, {"let", Keyword::Other},
-    {"true", Keyword::Other},      {"false", Keyword::Other},   {"nothing", Keyword::Other},
-    {"is", Keyword::Other},        {"each", Keyword::Other},    {"step", Keyword::Other},
-    {"input", Keyword::Other},     {"output", Keyword::Other},
+    {"as", Keyword::As},          {"new", Keyword::New},          {"if", Keyword::If},
+    {"elseif", Keyword::ElseIf},  {"while", Keyword::While},      {"until", Keyword::Until},
+    {"case", Keyword::Case},      {"for", Keyword::For},          {"with", Keyword::With},
+    {"then", Keyword::Then},      {"set", Keyword::Set},          {"open", Keyword::Open},
+    {"get", Keyword::Get},        {"print", Keyword::Print},      {"call", Keyword::Call},
+    {"to", Keyword::To},          {"and", Keyword::And},          {"or", Keyword::Or},
+    {"xor", Keyword::Xor},        {"not", Keyword::Not},          {"load", Keyword::Load},
+    {"unload", Keyword::Unload},  {"end", Keyword::End},          {"else", Keyword::Other},
+    {"select", Keyword::Other},   {"do", Keyword::Other},         {"loop", Keyword::Other},
+    {"resume", Keyword::Other},   {"next", Keyword::Other},       {"exit", Keyword::Other},
+    {"dim", Keyword::Other},      {"redim", Keyword::Other},      {"preserve", Keyword::Other},
+    {"goto", Keyword::Other},     {"raiseevent", Keyword::Other}, {"sub", Keyword::Other},
+    {"function", Keyword::Other}, {"property", Keyword::Other},   {"let", Keyword::Other},
+    {"true", Keyword::Other},     {"false", Keyword::Other},      {"nothing", Keyword::Other},
+    {"is", Keyword::Other},       {"each", Keyword::Other},       {"step", Keyword::Other},
+    {"input", Keyword::Other},    {"output", Keyword::Other},
 };
 
-constexpr bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+constexpr bool IsDigit(char c) {
+    return c >= '0' && c <= '9';
+}
 
 }  // namespace
 

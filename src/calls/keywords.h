@@ -10,9 +10,29 @@
 enum class Keyword : std::uint8_t {
     None,
     // with actions of their own
-    As, New, If, ElseIf, While, Until, Case, For, With, Then,
-    Set, Open, Get, Print,  // "print" is judged as a name as well
-    Call, To, And, Or, Xor, Not, Load, Unload, End,  // asked for by what stands near them
+    As,
+    New,
+    If,
+    ElseIf,
+    While,
+    Until,
+    Case,
+    For,
+    With,
+    Then,
+    Set,
+    Open,
+    Get,
+    Print,  // "print" is judged as a name as well
+    Call,
+    To,
+    And,
+    Or,
+    Xor,
+    Not,
+    Load,
+    Unload,
+    End,    // asked for by what stands near them
     Other,  // no name, nothing else
 };
 
@@ -26,7 +46,11 @@ void NumberKeywords();
 /// Whether a word of this number stays no name unless a point follows it.
 [[nodiscard]] constexpr bool IsNoName(Keyword keyword) {
     switch (keyword) {
-        case Keyword::None: case Keyword::Print: case Keyword::And: case Keyword::Or: case Keyword::Xor:
+        case Keyword::None:
+        case Keyword::Print:
+        case Keyword::And:
+        case Keyword::Or:
+        case Keyword::Xor:
             return false;
         default:
             return true;

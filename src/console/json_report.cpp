@@ -40,12 +40,8 @@ private:
 };
 
 Json ModuleJson(const clsModul& modul) {
-    return {{"codePath", Utf8(modul.CodePath())},
-            {"name", Utf8(modul.myNameOrg())},
-            {"kind", modul.ModulTyp},
-            {"path", Utf8(modul.FullPath)},
-            {"code", modul.AnzLineCode},
-            {"comment", modul.AnzLineComment},
+    return {{"codePath", Utf8(modul.CodePath())}, {"name", Utf8(modul.myNameOrg())}, {"kind", modul.ModulTyp},
+            {"path", Utf8(modul.FullPath)},       {"code", modul.AnzLineCode},       {"comment", modul.AnzLineComment},
             {"blank", modul.AnzLineBlank}};
 }
 
@@ -78,7 +74,7 @@ void WriteEdges(std::ostream& out, const clsProjekt& projekt) {
         edges.Add({{"nr", call.CallNr},
                    {"kind", call.Type() == CallType::Really  ? "really"
                             : call.Type() == CallType::MayBe ? "maybe"
-                                                           : "use"},
+                                                             : "use"},
                    {"from", Utf8(caller.CodePath())},
                    {"pos", call.CallPos},
                    {"line", lines.Of(modul, call.CallPos)},
@@ -163,12 +159,12 @@ private:
     }
 
     void Variable(const clsVariable& variable) {
-        const std::string_view kind = variable.MyType                     ? "type member"
-                                      : variable.MyEnum                   ? "enum member"
-                                      : variable.Zugriff == "argument"    ? "argument"
-                                      : variable.Prozedur                 ? "local"
-                                      : variable.IsConst                  ? "constant"
-                                                                          : "variable";
+        const std::string_view kind = variable.MyType                  ? "type member"
+                                      : variable.MyEnum                ? "enum member"
+                                      : variable.Zugriff == "argument" ? "argument"
+                                      : variable.Prozedur              ? "local"
+                                      : variable.IsConst               ? "constant"
+                                                                       : "variable";
         Json json = ObjectJson(variable, kind, variable.DatenTyp());
         json["const"] = variable.IsConst;
         if (variable.isResult)

@@ -35,7 +35,9 @@ ProjectCounts CountObjects(const clsProjekt& projekt) {
 CallCounts CountCalls(const clsProjekt& projekt) {
     CallCounts counts;
     projekt.calls.ForEach([&](const clsCall& call) {
-        ++(call.Type() == CallType::Really ? counts.really : call.Type() == CallType::MayBe ? counts.mayBe : counts.uses);
+        ++(call.Type() == CallType::Really  ? counts.really
+           : call.Type() == CallType::MayBe ? counts.mayBe
+                                            : counts.uses);
     });
     const auto count = [&](const CodeObject& object) {
         counts.dead += object.IsDeath == 1;

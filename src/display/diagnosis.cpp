@@ -29,7 +29,7 @@ struct Totals {
     }
 };
 
-int Count(const clsProjekt* projekt, clsCollection<clsModul> clsProjekt::* modules) {
+int Count(const clsProjekt* projekt, clsCollection<clsModul> clsProjekt::*modules) {
     return projekt ? (projekt->*modules).Count() : 0;
 }
 
@@ -38,8 +38,7 @@ int Count(const clsProjekt* projekt, clsCollection<clsModul> clsProjekt::* modul
 std::string DiagnosticSummary(const clsProjekt* projekt) {
     Totals totals;
     if (projekt)
-        for (const clsCollection<clsModul>* modules :
-             {&projekt->Formulare, &projekt->Klassenmodule, &projekt->Modules})
+        for (const clsCollection<clsModul>* modules : {&projekt->Formulare, &projekt->Klassenmodule, &projekt->Modules})
             for (const clsModul* modul : *modules)
                 totals.Add(*modul);
 

@@ -1,5 +1,5 @@
-// The procedures are marked in one walk from the living ones over their calls, with a list of what is still to be looked
-// at in place of recursion; whatever the walk has not reached is dead or undead by whether it has a caller.
+// The procedures are marked in one walk from the living ones over their calls, with a list of what is still to be
+// looked at in place of recursion; whatever the walk has not reached is dead or undead by whether it has a caller.
 #include "findings/dead_objects.h"
 
 #include <unordered_set>

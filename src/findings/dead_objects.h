@@ -1,4 +1,5 @@
-// Which objects nothing calls. 0 is alive, 1 dead: no caller at all; 2 undead: all callers are dead or undead themselves.
+// Which objects nothing calls. 0 is alive, 1 dead: no caller at all; 2 undead: all callers are dead or undead
+// themselves.
 #pragma once
 
 class clsModul;
@@ -7,9 +8,9 @@ class clsProzedur;
 class clsType;
 class clsEnum;
 
-/// Computes all marks of the project: procedures, module variables and constants, types, enumerations and their members.
-/// Alive are the handlers of events and every procedure of a class or user control, and whatever they reach over calls,
-/// certain and possible alike.
+/// Computes all marks of the project: procedures, module variables and constants, types, enumerations and their
+/// members. Alive are the handlers of events and every procedure of a class or user control, and whatever they reach
+/// over calls, certain and possible alike.
 void Tote_Untote_Kennzeichnen(clsProjekt& projekt);
 
 /// Members that no call reaches.

@@ -26,30 +26,30 @@ public:
     std::string_view ModulTyp = "module";  // "module", "form", "class", "usercontrol"
     std::string FullPath;
     FileTime DateLastModified = 0;
-    int number = 0;                        // running number among the module lines of the project file, from 1
+    int number = 0;  // running number among the module lines of the project file, from 1
 
-    OwnedByName<ModuleText> text = NothingOwned<ModuleText>();      // null until the file was read; null for empty files
+    OwnedByName<ModuleText> text = NothingOwned<ModuleText>();  // null until the file was read; null for empty files
     OwnedByName<TokenTable> tokens = NothingOwned<TokenTable>();
 
-    Pos BeginnVarBereich = 0;              // where the declarations and the procedures begin
+    Pos BeginnVarBereich = 0;  // where the declarations and the procedures begin
     Pos BeginnProcBereich = 0;
-    int TokNrBeginnVarBereich = 0;         // the same as token numbers
+    int TokNrBeginnVarBereich = 0;  // the same as token numbers
     int TokNrBeginnProcBereich = 0;
     int LineCount = 0;
-    int AnzLineCode = 0;                   // physical lines of the whole file, header included
+    int AnzLineCode = 0;  // physical lines of the whole file, header included
     int AnzLineComment = 0;
     int AnzLineBlank = 0;
 
     IncomingEdges UsedByAll;
     OutgoingEdges UsesAll;
-    OutgoingEdges CallsInDeclarations;     // edges that start in the declarations section
+    OutgoingEdges CallsInDeclarations;  // edges that start in the declarations section
 
-    NameSpace PrivNameSpace;               // every object declared here
+    NameSpace PrivNameSpace;  // every object declared here
 
     clsCollection<clsProzedur> Public_Sub, Private_Sub, Public_Function, Private_Function, Public_Property,
-        Private_Property, MyProcs;         // keyed by LocalKey: the name and the accessor
+        Private_Property, MyProcs;                                   // keyed by LocalKey: the name and the accessor
     clsCollection<clsVariable> Public_Variablen, Private_Variablen;  // keyed by name
-    clsCollection<clsVariable> MyVars;     // keyed by name; enum members included
+    clsCollection<clsVariable> MyVars;                               // keyed by name; enum members included
     clsCollection<clsType> Public_Type, Private_Type, myTypes;
     clsCollection<clsEnum> Public_Enum, Private_Enum, myEnums;
     clsCollection<clsControl> MyControls;

@@ -30,7 +30,7 @@ public:
     clsCollection<clsVariable> Public_Variable, MyVars;
     clsCollection<clsType> Public_Type, myTypes;
     clsCollection<clsEnum> myEnums;
-    clsCollection<clsVariable> FormVars;  // one for each form: its implicit instance
+    clsCollection<clsVariable> FormVars;            // one for each form: its implicit instance
     clsCollection<clsTypeLib> myProjectObjects;     // of the Object= lines
     clsCollection<clsTypeLib> myProjectReferences;  // of the Reference= lines
 

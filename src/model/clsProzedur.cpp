@@ -11,8 +11,7 @@ clsProzedur::clsProzedur(clsModul& owner) : CodeObject(ObjectClass::Prozedur) {
 clsProzedur::~clsProzedur() = default;
 
 std::string clsProzedur::CodePathOrg() const {
-    const std::string place =
-        myLibrary ? JoinPath(myLibrary->myNameOrg(), Modul->CodePathOrg()) : Modul->CodePathOrg();
+    const std::string place = myLibrary ? JoinPath(myLibrary->myNameOrg(), Modul->CodePathOrg()) : Modul->CodePathOrg();
     return JoinPath(place, myNameOrg()).append(AccessorSuffix());
 }
 

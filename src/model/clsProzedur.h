@@ -20,16 +20,16 @@ public:
     [[nodiscard]] std::string_view ProzedurTyp() const { return kind; }
     [[nodiscard]] bool IsProperty() const { return ProzedurTyp().starts_with("property"); }
 
-    std::string_view kind;      // "sub", "function", "property get", "property let", "property set"; a lasting text
-    Name type;                  // data type of the result, lower case
-    int DeclareStartTNr = 0;    // first and last token; 0 for declares
+    std::string_view kind;    // "sub", "function", "property get", "property let", "property set"; a lasting text
+    Name type;                // data type of the result, lower case
+    int DeclareStartTNr = 0;  // first and last token; 0 for declares
     int DeclareEndTNr = 0;
     Pos NamePos = 0;
-    Pos ArgListStart = 0;       // outer brackets of the argument list
+    Pos ArgListStart = 0;  // outer brackets of the argument list
     Pos ArgListEnd = 0;
     std::string_view TypenZeichen;
     bool isDeclare = false;
-    bool IsEvent = false;       // handles an event, or declares one
+    bool IsEvent = false;  // handles an event, or declares one
     bool IsUserEvent = false;
     bool LocalCallsChecked = false;
 

@@ -59,9 +59,9 @@ public:
     [[nodiscard]] virtual std::string_view GetImageKey() const = 0;
 
     // In an order that leaves no gaps: large projects have these by the hundred thousand.
-    clsModul* Modul = nullptr;         // null for modules and libraries
-    clsTypeLib* myLibrary = nullptr;   // set when the object belongs to a library
-    std::string_view Zugriff;          // "private", "public", "argument", ...; a literal
+    clsModul* Modul = nullptr;                        // null for modules and libraries
+    clsTypeLib* myLibrary = nullptr;                  // set when the object belongs to a library
+    std::string_view Zugriff;                         // "private", "public", "argument", ...; a literal
     [[no_unique_address]] IncomingEdges CalledByAll;  // calls that reach this object, certain and possible
     Pos DeclareStart = 0;
 
@@ -71,7 +71,7 @@ private:
 
 public:
     Pos DeclareEnd = 0;
-    std::int16_t IsDeath = 0;          // 0 alive or not looked at, 1 dead, 2 undead
+    std::int16_t IsDeath = 0;  // 0 alive or not looked at, 1 dead, 2 undead
 
 protected:
     explicit CodeObject(ObjectClass objectClass) : class_(objectClass) {}

@@ -40,15 +40,19 @@ PathRest RestOf(const CodeObject& object) {
     switch (object.Class()) {
         case ObjectClass::Variable: {
             const auto& variable = static_cast<const clsVariable&>(object);
-            const CodeObject* owner = variable.Prozedur  ? static_cast<const CodeObject*>(variable.Prozedur)
+            const CodeObject* owner = variable.Prozedur ? static_cast<const CodeObject*>(variable.Prozedur)
                                       : variable.MyType ? variable.MyType
                                                         : static_cast<const CodeObject*>(variable.MyEnum);
             return {owner ? owner->NameKey() : Name(), {}};
         }
-        case ObjectClass::Prozedur: return {Name(), static_cast<const clsProzedur&>(object).AccessorSuffix()};
-        case ObjectClass::Type: return {Name(), " [Type]"};
-        case ObjectClass::Enum: return {Name(), " [Enum]"};
-        default: return {};
+        case ObjectClass::Prozedur:
+            return {Name(), static_cast<const clsProzedur&>(object).AccessorSuffix()};
+        case ObjectClass::Type:
+            return {Name(), " [Type]"};
+        case ObjectClass::Enum:
+            return {Name(), " [Enum]"};
+        default:
+            return {};
     }
 }
 

@@ -138,8 +138,7 @@ const Name::Entry* NamePool::Part::FindIn(const Table& table, std::string_view t
         if ((place & kTagBits) != TagOf(hash))
             continue;
         const auto* entry = reinterpret_cast<const Name::Entry*>(place & ~kTagBits);
-        if (entry->hash == hash && entry->length == text.size() &&
-            SameBytes(entry->chars, text.data(), text.size()))
+        if (entry->hash == hash && entry->length == text.size() && SameBytes(entry->chars, text.data(), text.size()))
             return entry;
     }
 }

@@ -246,8 +246,8 @@ void Alle_ModulStrukturen_Generieren(clsProjekt& projekt) {
     gProgress().Range(1, count);
     // Modules are read side by side; what the project knows of their procedures is filed in order.
     const std::vector<clsModul*> modules = projekt.AllModules();
-    WorkAhead<ModuleProcs> reading(
-        modules.size(), [&](std::size_t nr, std::size_t) { return ReadProcs(projekt, *modules[nr]); });
+    WorkAhead<ModuleProcs> reading(modules.size(),
+                                   [&](std::size_t nr, std::size_t) { return ReadProcs(projekt, *modules[nr]); });
     std::size_t last = modules.size();
     for (std::size_t nr = 0; nr < last; ++nr) {
         const ErrorSubject subject(modules[nr]->FullPath);

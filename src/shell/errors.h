@@ -42,7 +42,9 @@ ErrorPort SetErrorPort(ErrorPort port);
 
 /// Reports a failure under `tag`; the subject is that of the innermost ErrorSubject.
 void ShowError(std::string_view tag, int number, std::string_view description);
-inline void ShowError(std::string_view tag, const VbError& error) { ShowError(tag, error.number, error.description); }
+inline void ShowError(std::string_view tag, const VbError& error) {
+    ShowError(tag, error.number, error.description);
+}
 
 /// Runs one statement. Returns false when it failed, which was reported then.
 template <class Statement>

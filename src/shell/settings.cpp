@@ -33,9 +33,9 @@ struct ColourKey {
 };
 
 const ColourKey kColours[] = {
-    {"Col Publics", 255, &gColPublics},         {"Col Privates", 16744448, &gColPrivates},
-    {"Col CallLocal", 16744448, &gColCallLocal}, {"Col CallIn", 8421631, &gColCallIn},
-    {"Col CallOut", 255, &gColCallOut},         {"Col CallMayBe", 8388736, &gColCallMayBe},
+    {"Col Publics", 255, &gColPublics},           {"Col Privates", 16744448, &gColPrivates},
+    {"Col CallLocal", 16744448, &gColCallLocal},  {"Col CallIn", 8421631, &gColCallIn},
+    {"Col CallOut", 255, &gColCallOut},           {"Col CallMayBe", 8388736, &gColCallMayBe},
     {"Col CondCompile", 32896, &gColCondCompile}, {"Col Comment", 30720, &gColComment},
     {"Col String", 9868950, &gColString},
 };
@@ -54,7 +54,7 @@ const FontKeys kFonts[] = {
 
 struct SizeKey {
     const char* key;
-    std::string WindowSize::* member;
+    std::string WindowSize::*member;
 };
 
 const SizeKey kPlaces[] = {{"Top", &WindowSize::Top},
@@ -71,8 +71,8 @@ const SizeKey kSplitters[] = {{"SplitX_Content", &WindowSize::SplitX_Content},
                               {"SplitX_Calls_Hide", &WindowSize::SplitX_Calls_Hide},
                               {"SplitY_Calls_Hide", &WindowSize::SplitY_Calls_Hide}};
 
-double ReadNumber(SettingsFile& file, const char* section, const char* key, const std::string& fallback,
-                  double lowest, double highest) {
+double ReadNumber(SettingsFile& file, const char* section, const char* key, const std::string& fallback, double lowest,
+                  double highest) {
     const double number = LeadingNumber(file.ReadString(section, key, fallback));
     return std::isfinite(number) ? std::fmin(std::fmax(number, lowest), highest) : 0;
 }

@@ -25,8 +25,8 @@ struct FontSetting {
 };
 extern FontSetting gCodeFont;
 extern FontSetting gTreeFont;
-extern std::int32_t gColPublics, gColPrivates, gColCallLocal, gColCallIn, gColCallOut, gColCallMayBe,
-    gColCondCompile, gColComment, gColString;
+extern std::int32_t gColPublics, gColPrivates, gColCallLocal, gColCallIn, gColCallOut, gColCallMayBe, gColCondCompile,
+    gColComment, gColString;
 
 /// Layout of the right side, "Content" or "Calls", and what the content area shows, "Code", "Graph" or "Chart".
 extern std::string gSplitMode, gContentMode;

@@ -52,8 +52,7 @@ void Timer_String(TimingRecord& record) {
     std::snprintf(text, sizeof text, "%.15g", record.Total);
     const std::string number = text;
     const auto point = number.find('.');
-    const long long digits =
-        point == std::string::npos ? 0 : std::strtoll(number.c_str() + point + 1, nullptr, 10);
+    const long long digits = point == std::string::npos ? 0 : std::strtoll(number.c_str() + point + 1, nullptr, 10);
     record.TotalText = HoursMinutesSeconds(static_cast<long long>(record.Total)) + ":" + TwoDigits(digits);
 }
 
@@ -61,8 +60,7 @@ double CounterAsNumber(std::int64_t counter) {
     const auto number = [](std::int32_t half) {
         return half < 0 ? static_cast<double>(half) + 4294967296.0 + 1 : static_cast<double>(half);
     };
-    return number(static_cast<std::int32_t>(counter)) +
-           number(static_cast<std::int32_t>(counter >> 32)) * 4294967296.0;
+    return number(static_cast<std::int32_t>(counter)) + number(static_cast<std::int32_t>(counter >> 32)) * 4294967296.0;
 }
 
 void clsQueryTimer::Calibrieren() {

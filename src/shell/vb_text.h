@@ -15,7 +15,7 @@ struct VbError {
     const char* description;
 };
 
-[[noreturn]] void ThrowInvalidCall();        // error 5, as Mid and Left raise it
+[[noreturn]] void ThrowInvalidCall();          // error 5, as Mid and Left raise it
 [[noreturn]] void ThrowSubscriptOutOfRange();  // error 9
 
 /// `length` characters from `start`, fewer when the text ends before; a start behind the end gives an empty
@@ -39,11 +39,15 @@ struct VbError {
     return pos >= 1 && static_cast<std::size_t>(pos) <= text.size() ? text[static_cast<std::size_t>(pos) - 1] : '\0';
 }
 
-[[nodiscard]] inline Pos Len(std::string_view text) { return static_cast<Pos>(text.size()); }
+[[nodiscard]] inline Pos Len(std::string_view text) {
+    return static_cast<Pos>(text.size());
+}
 
 /// First `find` at or behind `start`, or 0.
 [[nodiscard]] Pos InStr(Pos start, std::string_view text, std::string_view find);
-[[nodiscard]] inline Pos InStr(std::string_view text, std::string_view find) { return InStr(1, text, find); }
+[[nodiscard]] inline Pos InStr(std::string_view text, std::string_view find) {
+    return InStr(1, text, find);
+}
 
 /// Last `find` that ends at or before `start`, or 0. `start` -1 means the end of the text.
 [[nodiscard]] Pos InStrRev(std::string_view text, std::string_view find, Pos start = -1);
@@ -51,7 +55,9 @@ struct VbError {
 /// Blanks taken off; a tab is no blank.
 [[nodiscard]] std::string_view LTrim(std::string_view text);
 [[nodiscard]] std::string_view RTrim(std::string_view text);
-[[nodiscard]] inline std::string_view Trim(std::string_view text) { return LTrim(RTrim(text)); }
+[[nodiscard]] inline std::string_view Trim(std::string_view text) {
+    return LTrim(RTrim(text));
+}
 
 /// `text` with every `find`, from left to right in one pass, exchanged for `by`.
 [[nodiscard]] std::string Replace(std::string_view text, std::string_view find, std::string_view by);

@@ -69,8 +69,7 @@ public:
     using Work = std::function<Result(std::size_t nr, std::size_t worker)>;
 
     WorkAhead(std::size_t count, Work work, std::size_t helpers = AheadThreads::UsualHelpers())
-        : results_(count),
-          threads_(count, helpers, [this, work = std::move(work)](std::size_t nr, std::size_t worker) {
+        : results_(count), threads_(count, helpers, [this, work = std::move(work)](std::size_t nr, std::size_t worker) {
               results_[nr] = work(nr, worker);
           }) {}
 

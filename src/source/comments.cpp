@@ -63,7 +63,8 @@ private:
         const auto* before = static_cast<const char*>(memrchr(first, '\n', static_cast<std::size_t>(at - first)));
         if (!before || before - first < 3 || before[-1] != '\r' || IsContinuation(before - 1))
             return false;
-        const auto* end = static_cast<const char*>(std::memchr(at, '\r', text.size() - static_cast<std::size_t>(at - first)));
+        const auto* end =
+            static_cast<const char*>(std::memchr(at, '\r', text.size() - static_cast<std::size_t>(at - first)));
         if (!end || end[1] != '\n' || IsContinuation(end))
             return false;
         line_ = {before + 1, end};

@@ -81,7 +81,9 @@ public:
     bool Get_VBZeile_Nach_Pos_Safe(Pos pos, Pos& start, Pos& length, std::string_view& text) const;
 
     /// From `start` up to `ende`, which is exclusive. Throws VbError 5 for a negative stretch.
-    [[nodiscard]] std::string_view Get_String(Pos start, Pos ende) const { return Mid(ModulText(), start, ende - start); }
+    [[nodiscard]] std::string_view Get_String(Pos start, Pos ende) const {
+        return Mid(ModulText(), start, ende - start);
+    }
     [[nodiscard]] std::string_view Get_StringOrg(Pos start, Pos ende) const {
         return Mid(original_, start, ende - start);
     }

@@ -151,8 +151,8 @@ void clsStatement::Split_Statement() {
         if (separator > from) {
             const std::string_view left = Mid(statement_, from, separator - from + 1);
             const Pos following = Get_NextTrenner_Rechts(separator + 1);
-            const std::string_view right = Mid(statement_, separator + 1,
-                                               (following == 0 ? Len(statement_) + 1 : following) - separator - 1);
+            const std::string_view right =
+                Mid(statement_, separator + 1, (following == 0 ? Len(statement_) + 1 : following) - separator - 1);
             if (BlankNoBlank(left, right)) {
                 separator = following;
                 continue;

@@ -68,8 +68,8 @@ Pos Suche_CallWort_Im_Code(const ModuleText& text, Pos start, std::string_view w
     const std::string_view lower = text.ModulText();
     return Forward(lower, start, word, [&](Pos hit) {
         const char left = CharAt(lower, hit - 1);
-        const bool leftFits = hit == 1 || IstSonderZeichenAusserAusrufUndGleich(left) ||
-                              (left == '=' && CharAt(lower, hit - 2) == ':');
+        const bool leftFits =
+            hit == 1 || IstSonderZeichenAusserAusrufUndGleich(left) || (left == '=' && CharAt(lower, hit - 2) == ':');
         return leftFits && RightIsBorder(lower, hit, word) && !text.PosNotCode(hit);
     });
 }
@@ -78,9 +78,8 @@ Pos Suche_CallWort_Im_Code_Type(const ModuleText& text, Pos start, std::string_v
     DoEvents();
     const std::string_view lower = text.ModulText();
     const std::string find = std::string(word) + ".";
-    const Pos hit = Forward(lower, start, find, [&](Pos at) {
-        return at < 2 || (RightIsBorder(lower, at, word) && !text.PosNotCode(at));
-    });
+    const Pos hit = Forward(lower, start, find,
+                            [&](Pos at) { return at < 2 || (RightIsBorder(lower, at, word) && !text.PosNotCode(at)); });
     return hit < 2 ? 0 : hit + 1;
 }
 

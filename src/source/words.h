@@ -12,8 +12,26 @@ namespace modMain {
 /// = : * / + - blank ' , . ( ) $ % ! # @ & the double quote, CR, LF.
 [[nodiscard]] constexpr bool IstSonderZeichen(char c) {
     switch (c) {
-        case '=': case ':': case '*': case '/': case '+': case '-': case ' ': case '\'': case ',': case '.':
-        case '(': case ')': case '$': case '%': case '!': case '#': case '@': case '&': case '"': case '\r':
+        case '=':
+        case ':':
+        case '*':
+        case '/':
+        case '+':
+        case '-':
+        case ' ':
+        case '\'':
+        case ',':
+        case '.':
+        case '(':
+        case ')':
+        case '$':
+        case '%':
+        case '!':
+        case '#':
+        case '@':
+        case '&':
+        case '"':
+        case '\r':
         case '\n':
             return true;
         default:
@@ -45,9 +63,9 @@ namespace modMain {
 
 /// Where a name is called, and as what.
 struct CallWord {
-    Pos pos = 0;            // of the hit, or 0
-    std::string fullName;   // the whole dotted name up to the word, with its With object in front
-    Pos withPos = 0;        // of the With object's text, or 0
+    Pos pos = 0;           // of the hit, or 0
+    std::string fullName;  // the whole dotted name up to the word, with its With object in front
+    Pos withPos = 0;       // of the With object's text, or 0
     std::string withName;
 };
 /// The next hit of Suche_CallWort_Im_Code from `start`, with the dotted name that it ends.

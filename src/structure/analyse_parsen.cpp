@@ -47,13 +47,17 @@ ALWAYS_INLINE std::uint64_t Eight(const std::uint8_t* at) {
     return eight;
 }
 
-constexpr std::uint64_t Repeat(std::uint64_t byte) { return byte * 0x0101010101010101U; }
+constexpr std::uint64_t Repeat(std::uint64_t byte) {
+    return byte * 0x0101010101010101U;
+}
 
-constexpr bool IsDigit(int c) { return c >= '0' && c <= '9'; }
+constexpr bool IsDigit(int c) {
+    return c >= '0' && c <= '9';
+}
 
-// Fills `stops` for the positions from 1 to `count`, the first of which always is a stop; eight more behind the last are
-// stops as well. What makes a character no plain part of a word is that it is a special one, a "_" behind a blank, or
-// hidden; the flags of hidden ones can be read from the stop.
+// Fills `stops` for the positions from 1 to `count`, the first of which always is a stop; eight more behind the last
+// are stops as well. What makes a character no plain part of a word is that it is a special one, a "_" behind a blank,
+// or hidden; the flags of hidden ones can be read from the stop.
 WIDE_VECTORS void FindStops(const unsigned char* text, const std::uint8_t* map, Pos count, std::uint8_t* stops) {
     using Many [[gnu::vector_size(32)]] = unsigned char;
     constexpr Pos kMany = sizeof(Many);
@@ -80,10 +84,14 @@ WIDE_VECTORS void FindStops(const unsigned char* text, const std::uint8_t* map, 
 ALWAYS_INLINE bool IsLandmark(const unsigned char* word, Pos length) {
     const auto is = [word](const char* landmark, std::size_t size) { return std::memcmp(word, landmark, size) == 0; };
     switch (length) {
-        case 3: return is("dim", 3) || is("end", 3);
-        case 5: return is("const", 5) || is("redim", 5);
-        case 6: return is("static", 6);
-        default: return false;
+        case 3:
+            return is("dim", 3) || is("end", 3);
+        case 5:
+            return is("const", 5) || is("redim", 5);
+        case 6:
+            return is("static", 6);
+        default:
+            return false;
     }
 }
 
@@ -467,7 +475,12 @@ private:
     // Whether the character before makes the pending text a token before a plain character is appended.
     [[nodiscard]] ALWAYS_INLINE bool Flushes() const {
         switch (p1_) {
-            case '-': case '(': case ')': case ' ': case '=': case '#':
+            case '-':
+            case '(':
+            case ')':
+            case ' ':
+            case '=':
+            case '#':
                 return true;
             case '.':
                 return !IsDigit(c_);

@@ -50,8 +50,8 @@ private:
         proc_->NamePos = tokens_.PosOf(nameNr_);
         isEvent_ = kind_ == "event";
         proc_->IsEvent = isEvent_;
-        proc_->kind = isProperty ? ProzedurTyp_AusWort(kind_, Word(nameNr_ - 1))
-                                 : ProzedurTyp_AusWort(isEvent_ ? "sub" : kind_);
+        proc_->kind =
+            isProperty ? ProzedurTyp_AusWort(kind_, Word(nameNr_ - 1)) : ProzedurTyp_AusWort(isEvent_ ? "sub" : kind_);
         return true;
     }
 
@@ -137,7 +137,8 @@ private:
         const std::span<const int> landmarks = tokens_.Landmarks();
         int nr = behindHead;  // the next token to be looked at
         int closing = tokens_.Count();
-        for (auto at = std::lower_bound(landmarks.begin(), landmarks.end(), behindHead - 1); at != landmarks.end(); ++at) {
+        for (auto at = std::lower_bound(landmarks.begin(), landmarks.end(), behindHead - 1); at != landmarks.end();
+             ++at) {
             if (Is(Word(*at), "end")) {
                 if (*at + 1 >= nr && Word(*at + 1) == kind_) {
                     closing = *at + 1;

@@ -10,13 +10,20 @@ std::string_view DatenTyp_AusZeichen(std::string_view sign) {
     if (sign.size() != 1)
         return {};
     switch (sign[0]) {
-        case '$': return "string";
-        case '%': return "integer";
-        case '!': return "single";
-        case '#': return "double";
-        case '@': return "currency";
-        case '&': return "long";
-        default: return {};
+        case '$':
+            return "string";
+        case '%':
+            return "integer";
+        case '!':
+            return "single";
+        case '#':
+            return "double";
+        case '@':
+            return "currency";
+        case '&':
+            return "long";
+        default:
+            return {};
     }
 }
 

@@ -133,10 +133,9 @@ void Analyse_BereichProc(ModuleReader& reader) {
         return;
     for (int nr = reader.modul.TokNrBeginnProcBereich; nr <= tokens.Count(); ++nr) {
         const std::string_view word = reader.Word(nr);
-        const bool found =
-            IsAccessWord(word)
-                ? tokens.ContinuesStatement(nr + 1) && isKind(reader.Word(nr + 1))
-                : isKind(word) && !Is(reader.Word(nr - 1), "end") && !Is(reader.Word(nr - 1), "exit");
+        const bool found = IsAccessWord(word)
+                               ? tokens.ContinuesStatement(nr + 1) && isKind(reader.Word(nr + 1))
+                               : isKind(word) && !Is(reader.Word(nr - 1), "end") && !Is(reader.Word(nr - 1), "exit");
         if (found)
             Analyse_ReadProc(reader, nr);
     }

@@ -1,5 +1,5 @@
-// The commands of the window: one action each, found by its key, with the text, icon and keys that menus, toolbars and the
-// list of keys share. What a command does and when it can be given is the window's business.
+// The commands of the window: one action each, found by its key, with the text, icon and keys that menus, toolbars and
+// the list of keys share. What a command does and when it can be given is the window's business.
 #pragma once
 
 #include <QAction>

@@ -10,7 +10,7 @@
 
 namespace {
 
-constexpr int kBar = 10;  // thickness of a bar in pixels
+constexpr int kBar = 10;   // thickness of a bar in pixels
 constexpr int kStep = 16;  // how far a key moves it
 
 }  // namespace
@@ -42,8 +42,8 @@ public:
             return;
         const bool sideways = orientation() == Qt::Horizontal;
         const bool folded = splitter_.Folded();
-        button_->setIcon(IconFor(sideways ? (folded ? "SplitXShow" : "SplitXHide")
-                                          : (folded ? "SplitYShow" : "SplitYHide")));
+        button_->setIcon(
+            IconFor(sideways ? (folded ? "SplitXShow" : "SplitXHide") : (folded ? "SplitYShow" : "SplitYHide")));
         button_->setToolTip(splitter_.foldText_);
         button_->setAccessibleName(splitter_.foldText_);
         setCursor(folded ? Qt::ArrowCursor : sideways ? Qt::SplitHCursor : Qt::SplitVCursor);

@@ -27,6 +27,7 @@
 #include "views/baum_view.h"
 #include "views/code_view.h"
 #include "views/commands.h"
+#include "views/deployment.h"
 #include "views/dialogs.h"
 #include "views/elided_label.h"
 #include "views/fold_splitter.h"
@@ -39,7 +40,6 @@
 #include "views/lower_pane.h"
 #include "views/main_panes.h"
 #include "views/open_document.h"
-#include "views/deployment.h"
 #include "views/path_line.h"
 #include "views/problems_list.h"
 #include "views/properties_grid.h"
@@ -154,9 +154,30 @@ void frmMain::BuildMenus() {
     fill(mnuDatei_, {"-", "Exit"});
 
     mnuAnsicht_ = menuBar()->addMenu(QString());
-    fill(mnuAnsicht_, {"ContentCode", "ContentGraph", "ContentChart", "-", "SplitForContent", "SplitForCalls", "SplitX",
-                       "SplitY", "-", "CollapseAll", "CheckBoxOn", "CheckBoxAll", "CheckBoxNone", "-", "Search",
-                       "NavPrev", "NavNext", "-", "ZoomPlus", "ZoomMinus", "ZoomNo", "-", "Problems", "Options"});
+    fill(mnuAnsicht_, {"ContentCode",
+                       "ContentGraph",
+                       "ContentChart",
+                       "-",
+                       "SplitForContent",
+                       "SplitForCalls",
+                       "SplitX",
+                       "SplitY",
+                       "-",
+                       "CollapseAll",
+                       "CheckBoxOn",
+                       "CheckBoxAll",
+                       "CheckBoxNone",
+                       "-",
+                       "Search",
+                       "NavPrev",
+                       "NavNext",
+                       "-",
+                       "ZoomPlus",
+                       "ZoomMinus",
+                       "ZoomNo",
+                       "-",
+                       "Problems",
+                       "Options"});
 
     mnuStruktur_ = menuBar()->addMenu(QString());
     fill(mnuStruktur_, {"Structure", "Refresh", "-"});
@@ -165,8 +186,8 @@ void frmMain::BuildMenus() {
     fill(mnuStruktur_, {"DeleteObject"});
 
     mnuDependencies_ = menuBar()->addMenu(QString());
-    fill(mnuDependencies_, {"Calls", "CallsOfModule", "-", "CalledByReally", "CalledByMaybe", "-", "CallsReally", "CallsMaybe", "-",
-                            "NextPlace", "PreviousPlace"});
+    fill(mnuDependencies_, {"Calls", "CallsOfModule", "-", "CalledByReally", "CalledByMaybe", "-", "CallsReally",
+                            "CallsMaybe", "-", "NextPlace", "PreviousPlace"});
 
     mnuHelp_ = menuBar()->addMenu(QString());
     fill(mnuHelp_, {"WebPage", "Keys", "Diagnosis", "-", "About"});
@@ -185,9 +206,9 @@ void frmMain::BuildToolbar() {
     Toolbar1->setContextMenuPolicy(Qt::PreventContextMenu);
     Toolbar1->setIconSize(QSize(24, 24));
     Commands& command = *commands_;
-    for (const char* key : {"OpenProject", "-", "Calls", "Refresh", "-", "NavPrev", "NavNext", "-", "SplitForContent",
-                            "SplitForCalls", "-", "ContentCode", "ContentGraph", "ContentChart", ">", "Search",
-                            "Options"}) {
+    for (const char* key :
+         {"OpenProject", "-", "Calls", "Refresh", "-", "NavPrev", "NavNext", "-", "SplitForContent", "SplitForCalls",
+          "-", "ContentCode", "ContentGraph", "ContentChart", ">", "Search", "Options"}) {
         if (*key == '-') {
             Toolbar1->addSeparator();
         } else if (*key == '>') {
@@ -264,9 +285,18 @@ void frmMain::WireCommands() {
     const auto wire = [this, &command](const char* key, auto function) {
         connect(&command[key], &QAction::triggered, this, function);
     };
-    for (const auto& [key, nr] : {std::pair{"Exit", 0}, {"OpenProject", 1}, {"Structure", 2}, {"CallsModule", 3},
-                                  {"Uses", 5}, {"Calls", 6}, {"SplitForContent", 7}, {"UsesShow", 8},
-                                  {"SplitForCalls", 9}, {"ContentChart", 10}, {"Refresh", 11}, {"ContentGraph", 12},
+    for (const auto& [key, nr] : {std::pair{"Exit", 0},
+                                  {"OpenProject", 1},
+                                  {"Structure", 2},
+                                  {"CallsModule", 3},
+                                  {"Uses", 5},
+                                  {"Calls", 6},
+                                  {"SplitForContent", 7},
+                                  {"UsesShow", 8},
+                                  {"SplitForCalls", 9},
+                                  {"ContentChart", 10},
+                                  {"Refresh", 11},
+                                  {"ContentGraph", 12},
                                   {"ContentCode", 13}})
         wire(key, [this, number = nr] { MainActions(number); });
     // There is no reading of one module by itself: its neighbourhood is shown anew.
@@ -498,7 +528,8 @@ void frmMain::dropEvent(QDropEvent* event) {
         return;
     event->acceptProposedAction();
     // Behind the drop, whose source waits for its end.
-    QMetaObject::invokeMethod(this, [this, path] { OpenProject(FromPath(path)); }, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        this, [this, path] { OpenProject(FromPath(path)); }, Qt::QueuedConnection);
 }
 
 void frmMain::changeEvent(QEvent* event) {

@@ -10,8 +10,8 @@
 #include <algorithm>
 
 #include "calls/driver.h"
-#include "display/diagnosis.h"
 #include "display/baum_walk.h"
+#include "display/diagnosis.h"
 #include "display/project_tree.h"
 #include "display/recent_projects.h"
 #include "display/tree_checks.h"
@@ -34,6 +34,7 @@
 #include "views/code_view.h"
 #include "views/commands.h"
 #include "views/deployment.h"
+#include "views/dialogs.h"
 #include "views/elided_label.h"
 #include "views/frm_error.h"
 #include "views/frm_optionen.h"
@@ -42,7 +43,6 @@
 #include "views/path_line.h"
 #include "views/properties_grid.h"
 #include "views/qt_text.h"
-#include "views/dialogs.h"
 #include "views/questions.h"
 #include "views/search_bar.h"
 #include "views/status_fields.h"
@@ -88,17 +88,31 @@ void frmMain::MainActions(int nr) {
     }
     gAbort = false;
     switch (nr) {
-        case 1: Projekt_Oeffnen(); break;
+        case 1:
+            Projekt_Oeffnen();
+            break;
         case 5:
-            if (AskQuestion(this, QStringLiteral("Soll die Verwendung aller benutzerdefinierten Typen ermittelt werden?")))
+            if (AskQuestion(this,
+                            QStringLiteral("Soll die Verwendung aller benutzerdefinierten Typen ermittelt werden?")))
                 progress_->Run("Who_Use_Who", [] {});
             break;
-        case 6: Projekt_Analyse(); break;
-        case 7: Split_For_Content(); break;
-        case 9: Split_For_Calls(); break;
-        case 11: Files_Check(); break;
-        case 13: gContentMode = "Code"; break;
-        default: break;
+        case 6:
+            Projekt_Analyse();
+            break;
+        case 7:
+            Split_For_Content();
+            break;
+        case 9:
+            Split_For_Calls();
+            break;
+        case 11:
+            Files_Check();
+            break;
+        case 13:
+            gContentMode = "Code";
+            break;
+        default:
+            break;
     }
     if (!gAbort)
         Activate_Commands();
@@ -345,10 +359,11 @@ void frmMain::Diagnosis() {
 void frmMain::Activate_Commands() {
     Commands& command = *commands_;
     const bool open = gProjekt != nullptr;
-    for (const char* key : {"CloseProject", "ReportStructure", "ReportCalls", "ReportDeaths", "ContentCode",
-                            "SplitForContent", "SplitForCalls", "SplitX", "SplitY", "CollapseAll", "CheckBoxOn",
-                            "Search", "Refresh", "Calls", "ZoomPlus", "ZoomMinus", "ZoomNo", "CheckBoxAll",
-                            "CheckBoxNone", "CopyName", "CopyCodePath", "CopyAsText"})
+    for (const char* key :
+         {"CloseProject",  "ReportStructure", "ReportCalls",  "ReportDeaths", "ContentCode", "SplitForContent",
+          "SplitForCalls", "SplitX",          "SplitY",       "CollapseAll",  "CheckBoxOn",  "Search",
+          "Refresh",       "Calls",           "ZoomPlus",     "ZoomMinus",    "ZoomNo",      "CheckBoxAll",
+          "CheckBoxNone",  "CopyName",        "CopyCodePath", "CopyAsText"})
         command[key].setEnabled(open);
     mnuReports_->setEnabled(open);
     mnuCopy_->setEnabled(open);
@@ -364,8 +379,9 @@ void frmMain::Activate_Commands() {
     command["CheckBoxNone"].setVisible(checkBoxes);
 
     const clsModul* modul = selection_.CurModule;
-    const QString forModule = modul ? QStringLiteral("for %1 (%2)").arg(ToQString(modul->myNameOrg()), ToQString(modul->ModulTyp))
-                                    : TextNr(11);
+    const QString forModule =
+        modul ? QStringLiteral("for %1 (%2)").arg(ToQString(modul->myNameOrg()), ToQString(modul->ModulTyp))
+              : TextNr(11);
     Commands::SetTexts(command["CallsModule"], forModule,
                        modul ? TextNr(14) + QStringLiteral(": ") + ToQString(modul->myNameOrg())
                              : TextNr(14) + QLatin1Char(' ') + TextNr(11));
@@ -382,7 +398,8 @@ void frmMain::Activate_Commands() {
     Activate_Checked();
     ShowNavigation();
     if (!open)
-        for (const char* key : {"CalledByReally", "CalledByMaybe", "CallsReally", "CallsMaybe", "NextPlace", "PreviousPlace"})
+        for (const char* key :
+             {"CalledByReally", "CalledByMaybe", "CallsReally", "CallsMaybe", "NextPlace", "PreviousPlace"})
             command[key].setEnabled(false);
     ShowWhyDisabled();
 }

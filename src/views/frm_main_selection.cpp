@@ -151,7 +151,8 @@ void frmMain::SelectCallsOfObject(const std::string& key, bool isCaller) {
     CodeObject* own = selection_.CurProc ? static_cast<CodeObject*>(selection_.CurProc) : selection_.CurObject;
     if (isCaller)
         ShowCode(code_.SelectCallsOfObject(*gProjekt, *own, *clicked, type));
-    else if (CodeObject* caller = selection_.CurProc ? static_cast<CodeObject*>(selection_.CurProc) : selection_.CurModule)
+    else if (CodeObject* caller =
+                 selection_.CurProc ? static_cast<CodeObject*>(selection_.CurProc) : selection_.CurModule)
         ShowCode(code_.SelectCallsOfObject(*gProjekt, *clicked, *caller, type));
 }
 
@@ -234,7 +235,8 @@ QString frmMain::DependencyHoverText(const std::string& key, bool isCaller) cons
     if (!object)
         return {};
     std::vector<std::string> lines = ObjectText(*object);
-    const CodeObject* own = selection_.CurProc ? static_cast<const CodeObject*>(selection_.CurProc) : selection_.CurObject;
+    const CodeObject* own =
+        selection_.CurProc ? static_cast<const CodeObject*>(selection_.CurProc) : selection_.CurObject;
     if (own) {
         const CallType type = (isCaller ? MayBeCalledBy : MayBeCalls) ? CallType::MayBe : CallType::Really;
         const std::string calls = isCaller ? CallsText(*object, *own, type) : CallsText(*own, *object, type);

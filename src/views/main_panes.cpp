@@ -12,8 +12,8 @@
 
 namespace {
 
-constexpr int kContentMargin = 6;   // pixels around the panes of "Content"
-constexpr int kCallsMargin = 13;    // and of "Calls"
+constexpr int kContentMargin = 6;  // pixels around the panes of "Content"
+constexpr int kCallsMargin = 13;   // and of "Calls"
 constexpr int kSmallestTree = ToPixels(2300);
 constexpr int kSmallestContent = ToPixels(400);
 constexpr int kSmallestAcross = ToPixels(500);
@@ -22,8 +22,8 @@ constexpr double kTreeShare = 3.4;  // the middle tree takes this part of the wi
 
 struct Bar {
     FoldSplitter* splitter;
-    std::string WindowSize::* place;
-    std::string WindowSize::* hide;
+    std::string WindowSize::*place;
+    std::string WindowSize::*hide;
 };
 
 }  // namespace
@@ -38,8 +38,7 @@ MainPanes::MainPanes(const Panes& panes, QWidget* parent)
       callsLower_(new FoldSplitter(Qt::Horizontal, this, false)),
       contentColumn_(new QWidget(this)),
       outer_(new QVBoxLayout(this)) {
-    for (QWidget* pane :
-         {panes_.path, panes_.tree, panes_.lower, panes_.calledBy, panes_.calls, panes_.content})
+    for (QWidget* pane : {panes_.path, panes_.tree, panes_.lower, panes_.calledBy, panes_.calls, panes_.content})
         pane->setParent(this);  // also those that the first arrangement has no place for
     auto* column = new QVBoxLayout(contentColumn_);
     column->setContentsMargins(0, 0, 0, 0);
@@ -127,10 +126,10 @@ void MainPanes::OrderTabs() {
                 order.append(widget);
     };
     if (IsCalls()) {
-        for (QWidget* pane : {panes_.path, panes_.calledBy, static_cast<QWidget*>(callsX_->handle(1)), panes_.tree,
-                              static_cast<QWidget*>(callsX_->handle(2)), panes_.calls,
-                              static_cast<QWidget*>(callsY_->handle(1)), panes_.content,
-                              static_cast<QWidget*>(callsLower_->handle(1)), panes_.lower})
+        for (QWidget* pane :
+             {panes_.path, panes_.calledBy, static_cast<QWidget*>(callsX_->handle(1)), panes_.tree,
+              static_cast<QWidget*>(callsX_->handle(2)), panes_.calls, static_cast<QWidget*>(callsY_->handle(1)),
+              panes_.content, static_cast<QWidget*>(callsLower_->handle(1)), panes_.lower})
             add(pane);
     } else {
         for (QWidget* pane : {panes_.tree, static_cast<QWidget*>(contentY_->handle(1)), panes_.lower,
@@ -152,11 +151,11 @@ void MainPanes::PlaceAll() {
         return;
     outer_->activate();
     const bool calls = IsCalls();
-    const std::array<Bar, 2> bars{
-        calls ? Bar{callsX_, &WindowSize::SplitX_Calls, &WindowSize::SplitX_Calls_Hide}
-              : Bar{contentX_, &WindowSize::SplitX_Content, &WindowSize::SplitX_Content_Hide},
-        calls ? Bar{callsY_, &WindowSize::SplitY_Calls, &WindowSize::SplitY_Calls_Hide}
-              : Bar{contentY_, &WindowSize::SplitY_Content, &WindowSize::SplitY_Content_Hide}};
+    const std::array<Bar, 2> bars{calls ? Bar{callsX_, &WindowSize::SplitX_Calls, &WindowSize::SplitX_Calls_Hide}
+                                        : Bar{contentX_, &WindowSize::SplitX_Content, &WindowSize::SplitX_Content_Hide},
+                                  calls
+                                      ? Bar{callsY_, &WindowSize::SplitY_Calls, &WindowSize::SplitY_Calls_Hide}
+                                      : Bar{contentY_, &WindowSize::SplitY_Content, &WindowSize::SplitY_Content_Hide}};
     for (const Bar& bar : bars) {
         const bool sideways = bar.splitter->orientation() == Qt::Horizontal;
         const int room = sideways ? width() : height();
@@ -164,8 +163,8 @@ void MainPanes::PlaceAll() {
         const int left = static_cast<int>(width() / kTreeShare);
         const int besides = room - 2 * (kCallsMargin + callsX_->handleWidth());
         if (place <= 0)
-            place = calls ? (sideways ? (besides - left) / 2 : room * 2 / 5)
-                          : (sideways ? room * 3 / 10 : room * 2 / 3);
+            place =
+                calls ? (sideways ? (besides - left) / 2 : room * 2 / 5) : (sideways ? room * 3 / 10 : room * 2 / 3);
         bar.splitter->SetFolded(false);
         if (bar.splitter == callsX_)
             callsX_->setSizes({place, std::max(kSmallestTree, besides - 2 * place), place});
@@ -198,8 +197,8 @@ void MainPanes::Store(WindowSize& size) const {
     }
     if (!placed_)
         return;
-    const auto store = [&size](const FoldSplitter& splitter, std::string WindowSize::* place,
-                               std::string WindowSize::* hide) {
+    const auto store = [&size](const FoldSplitter& splitter, std::string WindowSize::*place,
+                               std::string WindowSize::*hide) {
         size.*place = TwipsText(splitter.Place());
         size.*hide = splitter.Folded() ? "1" : "0";
     };

@@ -1,7 +1,8 @@
 // The two arrangements of the panes, their bars and what is stored of them.
 //
-// "Content": the project tree over the properties at the left, the content at the right. "Calls": the three trees side by
-// side, the content below with the properties beside it. The same panes stand in either; each arrangement keeps places and folds of its own.
+// "Content": the project tree over the properties at the left, the content at the right. "Calls": the three trees side
+// by side, the content below with the properties beside it. The same panes stand in either; each arrangement keeps
+// places and folds of its own.
 #pragma once
 
 #include <QWidget>
@@ -54,7 +55,7 @@ private:
     FoldSplitter *contentX_, *contentY_;  // of the arrangement "Content"
     FoldSplitter *callsX_, *callsY_;
     FoldSplitter* callsLower_;  // content and properties in "Calls"
-    QWidget* contentColumn_;  // path line and content
+    QWidget* contentColumn_;    // path line and content
     QVBoxLayout* outer_;
     WindowSize stored_;
     bool placed_ = false;

@@ -1,5 +1,5 @@
-// How the widgets of the program look where the system leaves it open: flat, without pictures on the buttons of dialogs,
-// and with the signs of the program's own icon set.
+// How the widgets of the program look where the system leaves it open: flat, without pictures on the buttons of
+// dialogs, and with the signs of the program's own icon set.
 #pragma once
 
 #include <QProxyStyle>
@@ -15,6 +15,7 @@ public:
 
     [[nodiscard]] int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                                 QStyleHintReturn* returnData) const override;
-    [[nodiscard]] QIcon standardIcon(StandardPixmap icon, const QStyleOption* option, const QWidget* widget) const override;
+    [[nodiscard]] QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
+                                     const QWidget* widget) const override;
     [[nodiscard]] int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override;
 };

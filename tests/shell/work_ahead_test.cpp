@@ -63,9 +63,7 @@ TEST_P(Ahead, WhatAnItemReportsIsToldWhenItIsTaken) {
 TEST_P(Ahead, WhatAnItemThrowsComesFromTheCallThatTakesIt) {
     WorkAhead<int> work(
         40,
-        [](std::size_t nr, std::size_t) {
-            return nr == 2 ? throw std::runtime_error("two") : static_cast<int>(nr);
-        },
+        [](std::size_t nr, std::size_t) { return nr == 2 ? throw std::runtime_error("two") : static_cast<int>(nr); },
         GetParam());
     EXPECT_EQ(work.Next(), 0);
     EXPECT_EQ(work.Next(), 1);
@@ -76,7 +74,8 @@ TEST_P(Ahead, LeftEarlyItBeginsNothingMore) {
     std::atomic<std::size_t> begun = 0;
     std::size_t all = 0;
     {
-        WorkAhead<int> work(10000, [&](std::size_t, std::size_t) { return static_cast<int>(++begun); }, GetParam());
+        WorkAhead<int> work(
+            10000, [&](std::size_t, std::size_t) { return static_cast<int>(++begun); }, GetParam());
         (void)work.Next();
         all = work.Stop();
         for (std::size_t taken = 1; taken < all; ++taken)
@@ -84,7 +83,8 @@ TEST_P(Ahead, LeftEarlyItBeginsNothingMore) {
     }
     EXPECT_EQ(begun, all);
     EXPECT_LT(all, 100U) << "little is begun long before its turn";
-    EXPECT_NO_THROW(WorkAhead<int>(0, [](std::size_t, std::size_t) { return 0; }, GetParam()));
+    EXPECT_NO_THROW(WorkAhead<int>(
+        0, [](std::size_t, std::size_t) { return 0; }, GetParam()));
 }
 
 INSTANTIATE_TEST_SUITE_P(Helpers, Ahead, testing::Values(0, 1, 3));

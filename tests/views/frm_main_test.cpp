@@ -3,16 +3,16 @@
 #include <gmock/gmock.h>
 
 #include <QApplication>
+#include <QDropEvent>
 #include <QLabel>
 #include <QMessageBox>
 #include <QMimeData>
-#include <QDropEvent>
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTest>
-#include <QToolButton>
 #include <QTimer>
+#include <QToolButton>
 #include <QUrl>
 #include <filesystem>
 
@@ -403,7 +403,8 @@ TEST_F(MainWindow, RefreshReadsChangedFilesAndComesBackToThePlace) {
 TEST_F(MainWindow, TakesADroppedProjectAndNothingElse) {
     for (const bool isProject : {false, true}) {
         QMimeData data;
-        data.setUrls({QUrl::fromLocalFile(ToPath(isProject ? Project() : directory_.Path("samples/ToolHire/modMain.bas")))});
+        data.setUrls(
+            {QUrl::fromLocalFile(ToPath(isProject ? Project() : directory_.Path("samples/ToolHire/modMain.bas")))});
         QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(window_.get(), &enter);
         EXPECT_EQ(enter.isAccepted(), isProject);
