@@ -106,7 +106,7 @@ void Who_Calls_Who(clsProjekt& projekt) {
     clsQueryTimer timer;
     timer.Calibrieren();
     timer.Start();
-    gProgress().Label(gText.TextNr(66));
+    gProgress().Label(gText.TextNr(Text::ReadingCalls));
     gProgress().Range(0, projekt.CountAllModules());
     const std::vector<clsModul*> modules = projekt.AllModules();
     std::vector<ModuleNames> names(WorkAhead<FoundCalls>::Workers());
@@ -133,7 +133,7 @@ void Analyse_Calls(clsProjekt& projekt, clsModul& modul) {
 }
 
 void Remove_All_Calls(clsProjekt& projekt) {
-    gProgress().Label(gText.TextNr(62));
+    gProgress().Label(gText.TextNr(Text::RemovingCalls));
     gProgress().Range(0, projekt.CountAllModules());
     for (const auto& modul : projekt.OwnedModules()) {
         Clear(*modul);

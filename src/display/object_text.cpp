@@ -17,33 +17,12 @@
 
 namespace {
 
-// Out of the language file.
-enum TextNumber {
-    TextCodeLines = 56,
-    TextOwner = 79,
-    TextDataType = 80,
-    TextLocal = 81,
-    TextCalls = 85,
-    TextCalledBy = 86,
-    TextCertain = 160,
-    TextPossible = 161,
-    TextUsedBy = 162,
-    TextUses = 163,
-    TextLine = 164,
-    TextLines = 165,
-    TextDead = 166,
-    TextUndeadCallers = 167,
-    TextUndeadRing = 168,
-    TextLocalsUnused = 169,
-    TextFirstInLine = 170,
-};
-
 constexpr std::size_t kLongestLine = 240;
 constexpr std::size_t kNamedCallers = 5;
 constexpr std::size_t kCallersFollowed = 10'000;
 
-std::string Labelled(int nr, std::string_view value) {
-    return Utf8TextNr(nr).append(": ").append(value);
+std::string Labelled(Text label, std::string_view value) {
+    return Utf8TextNr(label).append(": ").append(value);
 }
 
 // Cut between two characters.
@@ -74,7 +53,7 @@ std::string KindOf(const CodeObject& object) {
             const auto& variable = static_cast<const clsVariable&>(object);
             if (variable.MyType || variable.MyEnum || (variable.Zugriff == "argument" && !variable.isResult))
                 return std::string(variable.Zugriff);
-            const std::string access = variable.Prozedur ? Utf8TextNr(TextLocal) : std::string(variable.Zugriff);
+            const std::string access = variable.Prozedur ? Utf8TextNr(Text::Local) : std::string(variable.Zugriff);
             return KindAndName(access, variable.IsConst ? "const" : "variable");
         }
         case ObjectClass::Type:
@@ -117,8 +96,8 @@ struct Counts {
     }
     [[nodiscard]] bool Any() const { return certain + possible > 0; }
     [[nodiscard]] std::string Text() const {
-        return std::to_string(certain) + " " + Utf8TextNr(TextCertain) + ", " + std::to_string(possible) + " " +
-               Utf8TextNr(TextPossible);
+        return std::to_string(certain) + " " + Utf8TextNr(Text::Certain) + ", " + std::to_string(possible) + " " +
+               Utf8TextNr(Text::Possible);
     }
 };
 
@@ -157,8 +136,8 @@ Counts CallsOf(const clsProzedur& prozedur) {
 std::string LinesOf(const CodeObject& object) {
     if (object.Class() == ObjectClass::Modul) {
         const auto& modul = static_cast<const clsModul&>(object);
-        return Labelled(TextLines, std::to_string(modul.LineCount)) + ", " +
-               Labelled(TextCodeLines, std::to_string(modul.AnzLineCode));
+        return Labelled(Text::Lines, std::to_string(modul.LineCount)) + ", " +
+               Labelled(Text::CodeLines, std::to_string(modul.AnzLineCode));
     }
     if (!object.Modul || !object.Modul->text || object.DeclareStart < 1)
         return {};
@@ -168,9 +147,9 @@ std::string LinesOf(const CodeObject& object) {
                          object.Class() == ObjectClass::Enum;
     const int last = isBlock ? LineOf(text, std::max(object.DeclareEnd - 1, object.DeclareStart)) : first;
     if (first == last)
-        return Labelled(TextLine, std::to_string(first));
-    return Labelled(TextLines, std::to_string(first) + "\u2013" + std::to_string(last) + " (" +
-                                   std::to_string(last - first + 1) + ")");
+        return Labelled(Text::Line, std::to_string(first));
+    return Labelled(Text::Lines, std::to_string(first) + "\u2013" + std::to_string(last) + " (" +
+                                     std::to_string(last - first + 1) + ")");
 }
 
 // The procedures that call one, each once, in the order of their calls.
@@ -208,11 +187,11 @@ std::string WhyDead(const CodeObject& object) {
         const auto& variable = static_cast<const clsVariable&>(object);
         if (variable.Prozedur)
             return variable.Prozedur->LocalCallsChecked && variable.CalledByAll.Count() == 0
-                       ? Utf8TextNr(TextLocalsUnused)
+                       ? Utf8TextNr(Text::LocalUnused)
                        : std::string();
     }
     if (object.IsDeath == 1)
-        return Utf8TextNr(TextDead);
+        return Utf8TextNr(Text::Dead);
     if (object.IsDeath != 2 || object.Class() != ObjectClass::Prozedur)
         return {};
     const auto& prozedur = static_cast<const clsProzedur&>(object);
@@ -223,7 +202,7 @@ std::string WhyDead(const CodeObject& object) {
         names.append(i == 0 ? "" : ", ").append(Utf8Of(callers[i]->Modul, callers[i]->CodePathOrg()));
     if (callers.size() > kNamedCallers)
         names.append(", \u2026");
-    return Labelled(isRing ? TextUndeadRing : TextUndeadCallers, names);
+    return Labelled(isRing ? Text::UndeadRing : Text::UndeadCallers, names);
 }
 
 }  // namespace
@@ -241,21 +220,21 @@ std::vector<std::string> ObjectText(const CodeObject& object) {
     // A path is in the system's page, whatever the text of its file is in.
     add(Shortened(Utf8Of(object.Modul, Declaration(object))));
     if (const std::string owner = OwnerText(object); !owner.empty())
-        add(Labelled(TextOwner, Utf8Of(modul, owner)));
+        add(Labelled(Text::BelongsTo, Utf8Of(modul, owner)));
     if (const std::string_view type = DataTypeOf(object); !type.empty())
-        add(Labelled(TextDataType, Shortened(Utf8Of(modul, type))));
+        add(Labelled(Text::DataType, Shortened(Utf8Of(modul, type))));
 
     const IncomingEdges* const uses = UsedByAllOf(object);
     const Counts callers = CallersOf(object);
     if (!uses || callers.Any())
-        add(Labelled(TextCalledBy, callers.Text()));
+        add(Labelled(Text::CalledBy, callers.Text()));
     if (uses)
-        add(Labelled(TextUsedBy, std::to_string(uses->Count())));
+        add(Labelled(Text::UsedBy, std::to_string(uses->Count())));
     if (object.Class() == ObjectClass::Prozedur) {
         const auto& prozedur = static_cast<const clsProzedur&>(object);
-        add(Labelled(TextCalls, CallsOf(prozedur).Text()));
+        add(Labelled(Text::Calls, CallsOf(prozedur).Text()));
         if (prozedur.UsesAll.Count() > 0)
-            add(Labelled(TextUses, std::to_string(prozedur.UsesAll.Count())));
+            add(Labelled(Text::Uses, std::to_string(prozedur.UsesAll.Count())));
     }
     add(LinesOf(object));
     add(WhyDead(object));
@@ -286,6 +265,6 @@ std::string CallsText(const CodeObject& caller, const CodeObject& target, CallTy
         look(*uses);
     if (!first || !modul->text)
         return {};
-    return std::to_string(count) + " " + Utf8TextNr(type == CallType::MayBe ? TextPossible : TextCertain) + ", " +
-           Labelled(TextFirstInLine, std::to_string(LineOf(modul->text->ModulTextOrg(), first->CallPos)));
+    return std::to_string(count) + " " + Utf8TextNr(type == CallType::MayBe ? Text::Possible : Text::Certain) + ", " +
+           Labelled(Text::FirstInLine, std::to_string(LineOf(modul->text->ModulTextOrg(), first->CallPos)));
 }

@@ -3,7 +3,9 @@
 
 #include <string_view>
 
+#include "shell/text_numbers.h"
+
 /// The tag without what a few of them carry in brackets: problems of one kind share it.
 [[nodiscard]] std::string_view ProblemKind(std::string_view tag);
-/// Number of the text that says what the problem means for the results.
-[[nodiscard]] int ProblemMeaningNr(std::string_view tag);
+/// The text that says what the problem means for the results.
+[[nodiscard]] Text ProblemMeaning(std::string_view tag);

@@ -142,7 +142,7 @@ std::function<bool(std::string_view)> SetImageList1(std::function<bool(std::stri
 }
 
 void ProjektStruktur_Anzeigen(clsProjekt& projekt, Baum& tree) {
-    gProgress().Caption(gText.TextNr(21));
+    gProgress().Caption(gText.TextNr(Text::BuildingTree));
     gProgress().Range(0, std::max(1, projekt.CountAllModules()));
     clsQueryTimer timer;
     timer.Calibrieren();

@@ -8,25 +8,15 @@
 
 namespace {
 
-// Labels and values out of the language file.
-enum TextNumber {
-    TextCodeLines = 56,
-    TextAccess = 77,
-    TextKind = 78,
-    TextOwner = 79,
-    TextDataType = 80,
-    TextLocal = 81
-};
-
 class Rows {
 public:
-    explicit Rows(std::string_view name) { rows_.push_back({{0, "Name"}, {0, std::string(name)}}); }
-    Rows& Add(int labelNr, std::string_view value) {
-        rows_.push_back({{labelNr, {}}, {0, std::string(value)}});
+    explicit Rows(std::string_view name) { rows_.push_back({{Text::None, "Name"}, {Text::None, std::string(name)}}); }
+    Rows& Add(Text label, std::string_view value) {
+        rows_.push_back({{label, {}}, {Text::None, std::string(value)}});
         return *this;
     }
-    Rows& AddText(int labelNr, int valueNr) {
-        rows_.push_back({{labelNr, {}}, {valueNr, {}}});
+    Rows& AddText(Text label, Text value) {
+        rows_.push_back({{label, {}}, {value, {}}});
         return *this;
     }
     [[nodiscard]] PropertyRows Take() { return std::move(rows_); }
@@ -37,30 +27,32 @@ private:
 
 PropertyRows OfModul(const clsModul& modul) {
     return Rows(modul.myNameOrg())
-        .Add(TextKind, modul.ModulTyp)
-        .Add(TextCodeLines, std::to_string(modul.AnzLineCode))
+        .Add(Text::Kind, modul.ModulTyp)
+        .Add(Text::CodeLines, std::to_string(modul.AnzLineCode))
         .Take();
 }
 
 PropertyRows OfProzedur(const clsProzedur& prozedur) {
     Rows rows(prozedur.myNameOrg());
-    rows.Add(TextAccess, prozedur.Zugriff).Add(TextKind, prozedur.ProzedurTyp()).Add(TextOwner, OwnerText(prozedur));
+    rows.Add(Text::Access, prozedur.Zugriff)
+        .Add(Text::Kind, prozedur.ProzedurTyp())
+        .Add(Text::BelongsTo, OwnerText(prozedur));
     if (prozedur.ProzedurTyp() == "function" || prozedur.ProzedurTyp() == "property get")
-        rows.Add(TextDataType, prozedur.DatenTyp());
+        rows.Add(Text::DataType, prozedur.DatenTyp());
     return rows.Take();
 }
 
 PropertyRows OfVariable(const clsVariable& variable) {
     Rows rows(variable.myNameOrg());
     if (variable.Zugriff == "procedure")
-        rows.AddText(TextAccess, TextLocal);
+        rows.AddText(Text::Access, Text::Local);
     else
-        rows.Add(TextAccess, variable.Zugriff);
-    return rows.Add(TextDataType, variable.DatenTyp()).Add(TextOwner, OwnerText(variable)).Take();
+        rows.Add(Text::Access, variable.Zugriff);
+    return rows.Add(Text::DataType, variable.DatenTyp()).Add(Text::BelongsTo, OwnerText(variable)).Take();
 }
 
 PropertyRows OfBlock(const CodeObject& block) {
-    return Rows(block.myNameOrg()).Add(TextAccess, block.Zugriff).Add(TextOwner, OwnerText(block)).Take();
+    return Rows(block.myNameOrg()).Add(Text::Access, block.Zugriff).Add(Text::BelongsTo, OwnerText(block)).Take();
 }
 
 }  // namespace

@@ -6,12 +6,14 @@
 #include <string_view>
 #include <vector>
 
+#include "shell/text_numbers.h"
+
 class clsProjekt;
 class CodeObject;
 
-/// A cell: a text of the language file by its number, or bytes as they are where the number is 0.
+/// A cell: a text of the language file, or bytes as they are where that is None.
 struct PropertyCell {
-    int textNr = 0;
+    Text text = Text::None;
     std::string bytes;
     bool operator==(const PropertyCell&) const = default;
 };

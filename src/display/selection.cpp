@@ -376,7 +376,7 @@ CodeObject* CodePane::ObjectAt(Pos selStart) const {
 
 PropertyRows Anzeigen_TextPos(const CodeText& shown, Pos selStart, Pos selLength) {
     const auto row = [](std::string_view label, std::string value) {
-        return PropertyRow{{0, std::string(label)}, {0, std::move(value)}};
+        return PropertyRow{{Text::None, std::string(label)}, {Text::None, std::move(value)}};
     };
     const auto place = [&](Pos start) {
         return std::to_string(start) + " (" + std::to_string(shown.InModule(start)) + ")";

@@ -61,8 +61,8 @@ std::string Utf8Of(const clsModul* modul, std::string_view bytes) {
     return (modul && modul->text ? PageOf(modul->text->ModulTextOrg()) : ActiveCodePage()).ToUtf8(bytes);
 }
 
-std::string Utf8TextNr(int nr) {
-    return Latin().ToUtf8(gText.TextNr(nr));
+std::string Utf8TextNr(Text text) {
+    return Latin().ToUtf8(gText.TextNr(text));
 }
 
 int LineOf(std::string_view text, Pos pos) {

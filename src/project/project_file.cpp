@@ -228,7 +228,7 @@ void Projekt_Laden(clsProjekt& projekt) {
         return;
     CondComp_Init(projekt, file.text);
     gProgress().Caption(projekt.MyName);
-    gProgress().Label(gText.TextNr(19));
+    gProgress().Label(gText.TextNr(Text::LoadingProject));
     gProgress().Range(0, modules + GetAnzahlComponents(file.text) + GetAnzahlReferences(file.text));
     LoadLines(projekt, projektDir, file.text);
     if (!gAbort)
@@ -242,7 +242,7 @@ void Alle_ModulStrukturen_Generieren(clsProjekt& projekt) {
     if (count < 1)
         return;
     gProgress().Caption(projekt.FullPath);
-    gProgress().Label(gText.TextNr(20));
+    gProgress().Label(gText.TextNr(Text::ReadingProcedures));
     gProgress().Range(1, count);
     // Modules are read side by side; what the project knows of their procedures is filed in order.
     const std::vector<clsModul*> modules = projekt.AllModules();

@@ -28,6 +28,7 @@ void clsText::SetLanguage(const Files& files, const std::string& programDirector
     }
 }
 
-const std::string& clsText::TextNr(int nr) const {
-    return nr >= 0 && static_cast<std::size_t>(nr) < lines_.size() ? lines_[static_cast<std::size_t>(nr)] : lines_[0];
+const std::string& clsText::TextNr(Text text) const {
+    const auto nr = static_cast<std::size_t>(text);
+    return lines_[nr < lines_.size() ? nr : 0];
 }

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "platform/files.h"
+#include "shell/text_numbers.h"
 
 class clsText {
 public:
@@ -14,8 +15,8 @@ public:
     /// Language becomes "english". A missing file leaves the old table; a shorter file leaves its tail.
     void SetLanguage(const Files& files, const std::string& programDirectory);
 
-    /// Text number `nr` in the bytes of the file, or an empty text when there is none.
-    [[nodiscard]] const std::string& TextNr(int nr) const;
+    /// In the bytes of the file; an empty text when the file has no such line.
+    [[nodiscard]] const std::string& TextNr(Text text) const;
 
 private:
     std::vector<std::string> lines_{std::string()};  // row 0 stays empty

@@ -23,10 +23,6 @@
 
 namespace {
 
-constexpr int kTextCopyName = 180;
-constexpr int kTextCopyCodePath = 181;
-constexpr int kTextCopyAsText = 182;
-
 // How long a key that is held down must rest before its node is shown.
 constexpr int kRestMilliseconds = 80;
 
@@ -115,9 +111,9 @@ void BaumView::Wire() {
     });
 }
 
-void BaumView::SetTexte(int nameNr, int emptyNr) {
-    nameNr_ = nameNr;
-    emptyNr_ = emptyNr;
+void BaumView::SetTexte(Text name, Text empty) {
+    name_ = name;
+    empty_ = empty;
     Texte();
 }
 
@@ -128,10 +124,10 @@ void BaumView::SetEmptyText(const QString& text) {
 }
 
 void BaumView::Texte() {
-    if (nameNr_ != 0)
-        setAccessibleName(TextNr(nameNr_));
-    if (emptyNr_ != 0)
-        SetEmptyText(TextNr(emptyNr_));
+    if (name_ != Text::None)
+        setAccessibleName(TextNr(name_));
+    if (empty_ != Text::None)
+        SetEmptyText(TextNr(empty_));
 }
 
 void BaumView::SetAcceptsKeys(bool accepts) {
@@ -316,9 +312,9 @@ void BaumView::ShowMenu(const QModelIndex& index, const QPoint& globalPos) {
     const auto copy = [this, key = std::string(node->Key())](QString (*what)(const BaumNode&)) {
         return [this, key, what] { CopyNode(model_->IndexOf(Tree().Item(key)), what); };
     };
-    menu->addAction(TextNr(kTextCopyName), this, copy(TextOf));
-    menu->addAction(TextNr(kTextCopyCodePath), this, copy(PathOf))->setEnabled(HasCodePath(*node));
-    menu->addAction(TextNr(kTextCopyAsText), this, copy(TreeOf));
+    menu->addAction(TextNr(Text::CopyName), this, copy(TextOf));
+    menu->addAction(TextNr(Text::CopyCodePath), this, copy(PathOf))->setEnabled(HasCodePath(*node));
+    menu->addAction(TextNr(Text::CopyAsText), this, copy(TreeOf));
     Commands::GiveLetters(menu->actions());
     connect(menu, &QMenu::aboutToHide, this, &BaumView::ShowSelected);
     menu->popup(globalPos);

@@ -6,6 +6,7 @@
 #include <QTreeView>
 #include <string>
 
+#include "shell/text_numbers.h"
 #include "views/baum_model.h"
 
 class BaumView : public QTreeView {
@@ -20,8 +21,8 @@ public:
 
     void SetCheckBoxes(bool on) { model_->SetCheckBoxes(on); }
     void SetToolTips(std::function<QString(const BaumNode&)> toolTips) { model_->SetToolTips(std::move(toolTips)); }
-    /// Numbers of the accessible name and of what stands in the pane while the tree has no nodes; 0 is none.
-    void SetTexte(int nameNr, int emptyNr);
+    /// The accessible name and what stands in the pane while the tree has no nodes.
+    void SetTexte(Text name, Text empty);
     /// Says something else in the empty pane, until the next SetTexte.
     void SetEmptyText(const QString& text);
     /// A right click only tells; the menu then comes by the keyboard.
@@ -81,8 +82,8 @@ private:
     [[nodiscard]] QPixmap DragPicture(const QModelIndex& index) const;
 
     BaumModel* model_;
-    int nameNr_ = 0;
-    int emptyNr_ = 0;
+    Text name_ = Text::None;
+    Text empty_ = Text::None;
     QString emptyText_;
     bool rightClickTells_ = false;
     bool acceptsKeys_ = false;

@@ -22,8 +22,6 @@
 
 namespace {
 
-enum TextNumber { TextCode = 43, TextLines = 165, TextEmpty = 171, TextKeys = 172 };
-
 constexpr int kTabColumns = 4;
 constexpr int kGutterGap = 6;  // pixels beside the line numbers
 constexpr std::size_t kMeanings = static_cast<std::size_t>(Colour::FunctionResult) + 1;
@@ -61,10 +59,10 @@ CodeView::CodeView(QWidget* parent) : QPlainTextEdit(parent), gutter_(new Gutter
 }
 
 void CodeView::Texte() {
-    emptyText_ = TextNr(TextEmpty);
-    setAccessibleName(TextNr(TextCode));
-    setAccessibleDescription(TextNr(TextKeys));
-    gutter_->setAccessibleName(TextNr(TextLines));
+    emptyText_ = TextNr(Text::EmptyCode);
+    setAccessibleName(TextNr(Text::Code));
+    setAccessibleDescription(TextNr(Text::CodeKeys));
+    gutter_->setAccessibleName(TextNr(Text::Lines));
     viewport()->update();
 }
 

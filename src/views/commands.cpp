@@ -13,67 +13,68 @@ constexpr char kPlainTip[] = "plainTip";
 
 struct Row {
     std::string_view key;
-    int textNr;
-    int tipNr;               // 0: the text
+    Text text;
+    Text tip;                // None: the text
     std::string_view image;  // empty: none
     const char* keys;        // as in portable texts, several separated by "|"
     bool hasDialog = false;  // the text gets "…" behind it
     bool checkable = false;
-    int ofNr = 0;  // stands before the text with a colon wherever there is room for it; buttons show the text alone
+    Text of =
+        Text::None;  // stands before the text with a colon wherever there is room for it; buttons show the text alone
 };
 
 constexpr Row kRows[] = {
-    {"OpenProject", 1, 0, "OpenProject", "Ctrl+O"},
-    {"CloseProject", 2, 0, "Close", ""},
-    {"ReportStructure", 193, 0, "Reports", ""},
-    {"ReportCalls", 194, 0, "Reports", ""},
-    {"ReportDeaths", 195, 0, "Reports", ""},
-    {"Exit", 3, 0, "Exit", "Ctrl+Q"},
+    {"OpenProject", Text::OpenProject, Text::None, "OpenProject", "Ctrl+O"},
+    {"CloseProject", Text::CloseProject, Text::None, "Close", ""},
+    {"ReportStructure", Text::StructureReports, Text::None, "Reports", ""},
+    {"ReportCalls", Text::CallsReports, Text::None, "Reports", ""},
+    {"ReportDeaths", Text::DeathsReport, Text::None, "Reports", ""},
+    {"Exit", Text::Exit, Text::None, "Exit", "Ctrl+Q"},
 
-    {"ContentCode", 43, 0, "ContentCode", "", false, true},
-    {"ContentGraph", 91, 0, "ContentGraph", "", false, true},
-    {"ContentChart", 7, 0, "ContentChart", "", false, true},
-    {"SplitForContent", 89, 0, "SplitForContent", "", false, true},
-    {"SplitForCalls", 90, 0, "SplitForCalls", "", false, true},
-    {"SplitX", 196, 0, "SplitXShow", "", false, true},
-    {"SplitY", 197, 0, "SplitYShow", "", false, true},
-    {"CollapseAll", 8, 0, "CollapseAll", ""},
-    {"CheckBoxOn", 9, 0, "CheckBoxOff", "", false, true},
-    {"CheckBoxAll", 198, 0, "CheckBoxAll", ""},
-    {"CheckBoxNone", 199, 0, "CheckBoxNone", ""},
-    {"Search", 200, 0, "Search", "Ctrl+F"},
-    {"NavPrev", 201, 0, "NavPrev", "Alt+Left"},
-    {"NavNext", 202, 0, "NavNext", "Alt+Right"},
-    {"ZoomPlus", 203, 0, "ZoomPlus", "Ctrl++|Ctrl+="},
-    {"ZoomMinus", 204, 0, "ZoomMinus", "Ctrl+-"},
-    {"ZoomNo", 205, 0, "ZoomNo", "Ctrl+0"},
-    {"Problems", 206, 0, "Problems", "", true},
-    {"Options", 24, 0, "Options", "", true},
+    {"ContentCode", Text::Code, Text::None, "ContentCode", "", false, true},
+    {"ContentGraph", Text::XGraph, Text::None, "ContentGraph", "", false, true},
+    {"ContentChart", Text::Chart, Text::None, "ContentChart", "", false, true},
+    {"SplitForContent", Text::SplitForContent, Text::None, "SplitForContent", "", false, true},
+    {"SplitForCalls", Text::SplitForCalls, Text::None, "SplitForCalls", "", false, true},
+    {"SplitX", Text::LeftPane, Text::None, "SplitXShow", "", false, true},
+    {"SplitY", Text::UpperPane, Text::None, "SplitYShow", "", false, true},
+    {"CollapseAll", Text::CollapseAll, Text::None, "CollapseAll", ""},
+    {"CheckBoxOn", Text::CheckBoxes, Text::None, "CheckBoxOff", "", false, true},
+    {"CheckBoxAll", Text::CheckAllModules, Text::None, "CheckBoxAll", ""},
+    {"CheckBoxNone", Text::UncheckAllModules, Text::None, "CheckBoxNone", ""},
+    {"Search", Text::FindObject, Text::None, "Search", "Ctrl+F"},
+    {"NavPrev", Text::Back, Text::None, "NavPrev", "Alt+Left"},
+    {"NavNext", Text::Forward, Text::None, "NavNext", "Alt+Right"},
+    {"ZoomPlus", Text::ZoomIn, Text::None, "ZoomPlus", "Ctrl++|Ctrl+="},
+    {"ZoomMinus", Text::ZoomOut, Text::None, "ZoomMinus", "Ctrl+-"},
+    {"ZoomNo", Text::NormalSize, Text::None, "ZoomNo", "Ctrl+0"},
+    {"Problems", Text::ShowProblems, Text::None, "Problems", "", true},
+    {"Options", Text::Options, Text::None, "Options", "", true},
 
-    {"Structure", 207, 0, "Structure", ""},
-    {"CallsModule", 11, 0, "CallsModule", ""},
-    {"Refresh", 15, 0, "Refresh", "F5"},
-    {"DeleteObject", 0, 0, "Delete", ""},
+    {"Structure", Text::ReadStructure, Text::None, "Structure", ""},
+    {"CallsModule", Text::ForCurrentModule, Text::None, "CallsModule", ""},
+    {"Refresh", Text::Refresh, Text::None, "Refresh", "F5"},
+    {"DeleteObject", Text::None, Text::None, "Delete", ""},
 
-    {"CopyName", 180, 0, "Copy", ""},
-    {"CopyCodePath", 181, 0, "", ""},
-    {"CopyAsText", 182, 0, "", ""},
+    {"CopyName", Text::CopyName, Text::None, "Copy", ""},
+    {"CopyCodePath", Text::CopyCodePath, Text::None, "", ""},
+    {"CopyAsText", Text::CopyAsText, Text::None, "", ""},
 
-    {"Calls", 10, 14, "CallsReadNot", "", true},
-    {"CallsOfModule", 11, 0, "CallsModule", ""},
-    {"Uses", 208, 0, "Uses", ""},
-    {"UsesShow", 208, 0, "UsesShow", ""},
-    {"CalledByReally", 58, 0, "CalledByReally", "", false, true, 86},
-    {"CalledByMaybe", 59, 0, "CalledByMaybe", "", false, true, 86},
-    {"CallsReally", 58, 0, "CallsReally", "", false, true, 85},
-    {"CallsMaybe", 59, 0, "CallsMaybe", "", false, true, 85},
-    {"NextPlace", 209, 0, "", "F3"},
-    {"PreviousPlace", 210, 0, "", "Shift+F3"},
+    {"Calls", Text::ReadAllCalls, Text::ReadCalls, "CallsReadNot", "", true},
+    {"CallsOfModule", Text::ForCurrentModule, Text::None, "CallsModule", ""},
+    {"Uses", Text::UsesOfTypes, Text::None, "Uses", ""},
+    {"UsesShow", Text::UsesOfTypes, Text::None, "UsesShow", ""},
+    {"CalledByReally", Text::Really, Text::None, "CalledByReally", "", false, true, Text::CalledBy},
+    {"CalledByMaybe", Text::MayBe, Text::None, "CalledByMaybe", "", false, true, Text::CalledBy},
+    {"CallsReally", Text::Really, Text::None, "CallsReally", "", false, true, Text::Calls},
+    {"CallsMaybe", Text::MayBe, Text::None, "CallsMaybe", "", false, true, Text::Calls},
+    {"NextPlace", Text::NextPlace, Text::None, "", "F3"},
+    {"PreviousPlace", Text::PreviousPlace, Text::None, "", "Shift+F3"},
 
-    {"WebPage", 211, 0, "", ""},
-    {"Keys", 156, 0, "", "", true},
-    {"Diagnosis", 213, 0, "", "Ctrl+D", true},
-    {"About", 60, 0, "About", "F1"},
+    {"WebPage", Text::WebPage, Text::None, "", ""},
+    {"Keys", Text::KeyboardShortcuts, Text::None, "", "", true},
+    {"Diagnosis", Text::Summary, Text::None, "", "Ctrl+D", true},
+    {"About", Text::About, Text::None, "About", "F1"},
 };
 
 }  // namespace
@@ -124,12 +125,12 @@ QList<QAction*> Commands::InUse() const {
 
 void Commands::Texte() {
     for (const Row& row : kRows) {
-        QString text = TextNr(row.textNr);
-        if (row.ofNr != 0) {
+        QString text = TextNr(row.text);
+        if (row.of != Text::None) {
             byKey_.at(row.key)->setIconText(text);
-            text = TextNr(row.ofNr) + QStringLiteral(": ") + text;
+            text = TextNr(row.of) + QStringLiteral(": ") + text;
         }
-        const QString tip = row.tipNr ? TextNr(row.tipNr) : QString(text).remove(QChar(0x2026));
+        const QString tip = row.tip != Text::None ? TextNr(row.tip) : QString(text).remove(QChar(0x2026));
         if (row.hasDialog && !text.endsWith(QChar(0x2026)))
             text += QChar(0x2026);
         SetTexts(*byKey_.at(row.key), text, tip);

@@ -71,11 +71,11 @@ frmAbout::frmAbout(QWidget* parent, const QString& productPage)
 }
 
 void frmAbout::Texte() {
-    setWindowTitle(TextNr(60));
+    setWindowTitle(TextNr(Text::About));
     version_->setText(ToQString(ProgramVersion()));
-    licence_->setText(TextNr(154));
-    library_->setText(TextNr(155, QString::fromLatin1(qVersion())));
-    cmdClose_->setText(TextNr(137));
+    licence_->setText(TextNr(Text::Licence));
+    library_->setText(TextNr(Text::UsesQt, QString::fromLatin1(qVersion())));
+    cmdClose_->setText(TextNr(Text::Close));
     AssignMnemonics(*this);
 }
 

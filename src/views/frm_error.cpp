@@ -23,8 +23,8 @@
 
 namespace {
 
-QString TextOr(int nr, const QString& word) {
-    const QString text = TextNr(nr);
+QString TextOr(Text number, const QString& word) {
+    const QString text = TextNr(number);
     return text.isEmpty() ? word : text;
 }
 
@@ -127,24 +127,24 @@ frmError::frmError(QWidget* parent, const QString& supportAddress)
 void frmError::Texte() {
     setWindowTitle(ToQString(kProgramTitle));
     ShowHeading();
-    advice_->setText(TextNr(122));
-    details_->setText(TextNr(124));
-    txtError_->setAccessibleName(TextNr(124));
-    cmdCopy_->setText(TextNr(125));
-    forAll_->setText(TextNr(123));
-    labMailTo_->setText(TextOr(74, QStringLiteral("Mail this Error to:")));
+    advice_->setText(TextNr(Text::ErrorAdvice));
+    details_->setText(TextNr(Text::TechnicalDetails));
+    txtError_->setAccessibleName(TextNr(Text::TechnicalDetails));
+    cmdCopy_->setText(TextNr(Text::Copy));
+    forAll_->setText(TextNr(Text::IgnoreKind));
+    labMailTo_->setText(TextOr(Text::MailErrorTo, QStringLiteral("Mail this Error to:")));
     labMail_->setText(QStringLiteral("<a href=\"mail\">%1</a>").arg(address_.toHtmlEscaped()));
     labMail_->setAccessibleName(labMailTo_->text() + QLatin1Char(' ') + address_);
-    labMail_->setToolTip(
-        TextOr(82, QStringLiteral("Creates and opens a mail with the error text. You just need to send it!")));
-    cmdIgnore_->setText(TextOr(75, QStringLiteral("Ignore")));
-    cmdBeenden_->setText(TextOr(3, QStringLiteral("Exit")));
+    labMail_->setToolTip(TextOr(
+        Text::MailTip, QStringLiteral("Creates and opens a mail with the error text. You just need to send it!")));
+    cmdIgnore_->setText(TextOr(Text::Ignore, QStringLiteral("Ignore")));
+    cmdBeenden_->setText(TextOr(Text::Exit, QStringLiteral("Exit")));
     AssignMnemonics(*this);
 }
 
 void frmError::ShowHeading() {
     const QString file = ToQString(modMain::DirOrFileName(report_.subject, 0));
-    heading_->setText(file.isEmpty() ? TextNr(120) : TextNr(121, file));
+    heading_->setText(file.isEmpty() ? TextNr(Text::ErrorOccurred) : TextNr(Text::ErrorInFile, file));
     subject_->SetText(ToQString(report_.subject));
     subject_->setVisible(!file.isEmpty());
 }

@@ -45,11 +45,11 @@ frmKeys::frmKeys(QWidget* parent)
 }
 
 void frmKeys::Texte() {
-    setWindowTitle(TextNr(156));
-    table_->setAccessibleName(TextNr(156));
-    table_->setHorizontalHeaderLabels({TextNr(157), TextNr(158)});
-    cmdCopy_->setText(TextNr(125));
-    cmdClose_->setText(TextNr(137));
+    setWindowTitle(TextNr(Text::KeyboardShortcuts));
+    table_->setAccessibleName(TextNr(Text::KeyboardShortcuts));
+    table_->setHorizontalHeaderLabels({TextNr(Text::CommandColumn), TextNr(Text::KeyColumn)});
+    cmdCopy_->setText(TextNr(Text::Copy));
+    cmdClose_->setText(TextNr(Text::Close));
     AssignMnemonics(*this);
 }
 

@@ -254,7 +254,7 @@ void frmMain::WireViews() {
     connect(rtbCode_, &CodeView::PositionClicked, this, &frmMain::CodeClicked);
     connect(rtbCode_, &CodeView::PlaceChanged, this, [this](int index, int count) {
         if (count > 1)
-            Message(QStringLiteral("%1 %2 %3").arg(index).arg(TextNr(176)).arg(count));
+            Message(QStringLiteral("%1 %2 %3").arg(index).arg(TextNr(Text::Of)).arg(count));
         (*commands_)["NextPlace"].setEnabled(count > 0);
         (*commands_)["PreviousPlace"].setEnabled(count > 0);
         ShowWhyDisabled();
@@ -344,20 +344,20 @@ void frmMain::ConnectPorts() {
 void frmMain::frmMainTexte() {
     SpeakOwnLanguage();
     commands_->Texte();
-    mnuDatei_->setTitle(TextNr(190));
-    mnuRecent_->setTitle(TextNr(216));
-    mnuReports_->setTitle(TextNr(26));
-    mnuCopy_->setTitle(TextNr(125));
-    mnuAnsicht_->setTitle(TextNr(4));
-    mnuStruktur_->setTitle(TextNr(191));
-    mnuDependencies_->setTitle(TextNr(61));
-    mnuHelp_->setTitle(TextNr(192));
-    Toolbar1->setWindowTitle(TextNr(237));
-    Toolbar1->setAccessibleName(TextNr(237));
+    mnuDatei_->setTitle(TextNr(Text::FileMenu));
+    mnuRecent_->setTitle(TextNr(Text::RecentProjects));
+    mnuReports_->setTitle(TextNr(Text::Reports));
+    mnuCopy_->setTitle(TextNr(Text::Copy));
+    mnuAnsicht_->setTitle(TextNr(Text::ViewMenu));
+    mnuStruktur_->setTitle(TextNr(Text::StructureMenu));
+    mnuDependencies_->setTitle(TextNr(Text::Dependencies));
+    mnuHelp_->setTitle(TextNr(Text::HelpMenu));
+    Toolbar1->setWindowTitle(TextNr(Text::Toolbar));
+    Toolbar1->setAccessibleName(TextNr(Text::Toolbar));
     start_->Texte();
     project_->Texte();
-    calledByPane_->Texte(86, 184);
-    callsPane_->Texte(85, 185);
+    calledByPane_->Texte(Text::CalledBy, Text::EmptyCalledByTree);
+    callsPane_->Texte(Text::Calls, Text::EmptyCallsTree);
     rtbCode_->Texte();
     rtbCodePath_->Texte();
     lower_->Texte();
@@ -397,7 +397,7 @@ void frmMain::FillRecentMenu() {
         action->setToolTip(file.filePath());
         if (!files_.FileExists(stored)) {
             action->setEnabled(false);
-            action->setToolTip(file.filePath() + QLatin1Char('\n') + TextNr(217));
+            action->setToolTip(file.filePath() + QLatin1Char('\n') + TextNr(Text::FileGone));
         }
     }
 }
@@ -437,12 +437,13 @@ void frmMain::ShowKeys() {
     const auto key = [](QKeySequence::StandardKey standard) {
         return QKeySequence(standard).toString(QKeySequence::NativeText);
     };
-    keys_->Fill(commands_->InUse(),
-                {{TextNr(249), QKeySequence(Qt::Key_Return).toString(QKeySequence::NativeText)},
-                 {TextNr(125), key(QKeySequence::Copy)},
-                 {TextNr(92), key(QKeySequence::SelectAll)},
-                 {TextNr(251), key(QKeySequence::Paste)},
-                 {TextNr(252), QKeySequence(Qt::SHIFT | Qt::Key_F10).toString(QKeySequence::NativeText)}});
+    keys_->Fill(
+        commands_->InUse(),
+        {{TextNr(Text::GoToObject), QKeySequence(Qt::Key_Return).toString(QKeySequence::NativeText)},
+         {TextNr(Text::Copy), key(QKeySequence::Copy)},
+         {TextNr(Text::SelectAll), key(QKeySequence::SelectAll)},
+         {TextNr(Text::PasteCollected), key(QKeySequence::Paste)},
+         {TextNr(Text::ContextMenu), QKeySequence(Qt::SHIFT | Qt::Key_F10).toString(QKeySequence::NativeText)}});
     keys_->exec();
 }
 
@@ -507,7 +508,7 @@ void frmMain::SizeSaveWrite() {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-    if (progress_->IsRunning() || (gProjekt && !AskYesNo(gText.TextNr(68)))) {
+    if (progress_->IsRunning() || (gProjekt && !AskYesNo(gText.TextNr(Text::AskExit)))) {
         event->ignore();
         return;
     }

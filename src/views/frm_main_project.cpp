@@ -51,8 +51,8 @@
 namespace {
 
 // The status bar's texts with their values.
-QString WithValue(int textNr, const QString& value) {
-    return TextNr(textNr) + QStringLiteral(": ") + value;
+QString WithValue(Text text, const QString& value) {
+    return TextNr(text) + QStringLiteral(": ") + value;
 }
 
 // The keys of all nodes with this property, to be found again in a tree that is filled anew.
@@ -119,10 +119,10 @@ void frmMain::MainActions(int nr) {
 }
 
 void frmMain::Projekt_Oeffnen() {
-    QFileDialog dialog(this, TextNr(1).remove(QChar(0x2026)));
+    QFileDialog dialog(this, TextNr(Text::OpenProject).remove(QChar(0x2026)));
     dialog.setFileMode(QFileDialog::ExistingFile);
     // Both spellings: checkouts of old projects have suffixes in capitals.
-    dialog.setNameFilter(TextNr(67) + QStringLiteral(" (*.vbp *.VBP *.Vbp)"));
+    dialog.setNameFilter(TextNr(Text::VbProjects) + QStringLiteral(" (*.vbp *.VBP *.Vbp)"));
     dialog.setDefaultSuffix(QStringLiteral("vbp"));
     if (gOpenSaveDir.size() > 1)
         dialog.setDirectory(ToPath(gOpenSaveDir));
@@ -135,7 +135,7 @@ void frmMain::OpenProject(const std::string& path) {
     if (progress_->IsRunning())
         return;
     if (!files_.FileExists(path)) {
-        Message(TextNr(238, ToPath(path)));
+        Message(TextNr(Text::ProjectGone, ToPath(path)));
         ShowStartPage();
         return;
     }
@@ -153,12 +153,12 @@ void frmMain::OpenProject(const std::string& path) {
     LoadProject();
     if (gAbort) {
         CloseTheProject();
-        Message(TextNr(219));
+        Message(TextNr(Text::LoadingCancelled));
         return;
     }
     AddRecentProject(settings_, QFileInfo(ToPath(path)).absoluteFilePath().toStdString());
     ShowLoadedProject();
-    Message(TextNr(218, NumberText(gProjekt->CountAllModules())));
+    Message(TextNr(Text::ModulesRead, NumberText(gProjekt->CountAllModules())));
 }
 
 void frmMain::LoadProject() {
@@ -219,11 +219,11 @@ void frmMain::CloseTheProject() {
 }
 
 void frmMain::Projekt_Analyse() {
-    if (!AskQuestion(this, TextNr(22)))
+    if (!AskQuestion(this, TextNr(Text::AskReadCalls)))
         return;
     RunCalls();
     if (gAbort)
-        Message(TextNr(221));
+        Message(TextNr(Text::ReadingCallsCancelled));
 }
 
 void frmMain::RunCalls() {
@@ -237,7 +237,7 @@ void frmMain::RunCalls() {
         Tote_Objekte_Markieren(*gProjekt, tree_);
         int really = 0, mayBe = 0;
         gProjekt->calls.ForEach([&](const clsCall& call) { ++(call.Type() == CallType::MayBe ? mayBe : really); });
-        Message(TextNr(220, NumberText(really), NumberText(mayBe)));
+        Message(TextNr(Text::CallsRead, NumberText(really), NumberText(mayBe)));
     }
     // Every pane shows the node anew, though it is the same.
     code_.Forget();
@@ -256,7 +256,7 @@ void frmMain::Files_Check() {
     for (const auto& modul : gProjekt->OwnedModules())
         changed += HasFileChanged(files_, *modul);
     if (changed == 0) {
-        Message(TextNr(223));
+        Message(TextNr(Text::NoFileChanged));
         return;
     }
     const std::string path = gProjekt->FullPath;
@@ -270,7 +270,7 @@ void frmMain::Files_Check() {
         RunCalls();
     Expand(tree_, expanded);
     ActivateKey(key);
-    Message(TextNr(224, QString::number(changed)));
+    Message(TextNr(Text::FilesChanged, QString::number(changed)));
 }
 
 // The same objects in a tree that shows locals or not: folds, check marks and the selected node come back.
@@ -296,7 +296,7 @@ void frmMain::FillTree() {
     localsShown_ = gOptProcVars != 0;
     progress_->SetCancelVisible(false);
     progress_->Run("ProjektStruktur_Anzeigen", [this] {
-        gProgress().Label(gText.TextNr(21));
+        gProgress().Label(gText.TextNr(Text::BuildingTree));
         ProjektStruktur_Anzeigen(*gProjekt, tree_);
     });
 }
@@ -318,7 +318,8 @@ void frmMain::WriteReports(const std::string& operation) {
     const QString where = operation == "AnalyseErgebnisDeaths"
                               ? ToPath(files_.SystemPath(DeathsReportPath(*gProjekt)))
                               : QFileInfo(ToPath(files_.SystemPath(gProjekt->FullPath))).absolutePath();
-    const QString text = Problems().size() > problemsBefore ? TextNr(241, where) : TextNr(222, where);
+    const QString text = Problems().size() > problemsBefore ? TextNr(Text::ReportsIncomplete, where)
+                                                            : TextNr(Text::ReportsWritten, where);
     Message(text);
     options_->ShowReportResult(text);
 }
@@ -328,12 +329,12 @@ void frmMain::ShowCounts() {
     QStringList texts;
     if (open) {
         const QString none(QChar(0x2013));
-        texts = {WithValue(54, ToQString(gProjekt->TimeForStructure)),
-                 WithValue(55, callsRead_ ? ToQString(gProjekt->TimeForCalls) : none),
-                 WithValue(57, NumberText(gProjekt->CountAllModules())),
-                 WithValue(56, NumberText(gProjekt->AnzCodeZeilen)),
-                 WithValue(83, NumberText(gProjekt->AnzCommentZeilen)),
-                 WithValue(84, NumberText(gProjekt->AnzBlankZeilen))};
+        texts = {WithValue(Text::TimeForStructure, ToQString(gProjekt->TimeForStructure)),
+                 WithValue(Text::TimeForCalls, callsRead_ ? ToQString(gProjekt->TimeForCalls) : none),
+                 WithValue(Text::Modules, NumberText(gProjekt->CountAllModules())),
+                 WithValue(Text::CodeLines, NumberText(gProjekt->AnzCodeZeilen)),
+                 WithValue(Text::CommentLines, NumberText(gProjekt->AnzCommentZeilen)),
+                 WithValue(Text::BlankLines, NumberText(gProjekt->AnzBlankZeilen))};
     }
     counts_->Show(texts);
 }
@@ -341,9 +342,10 @@ void frmMain::ShowCounts() {
 void frmMain::ShowProblemCount() {
     const std::size_t count = Problems().size();
     problemCount_->setVisible(count > 0);
-    const QString text = count == 1 ? TextNr(226) : TextNr(225, NumberText(static_cast<qlonglong>(count)));
+    const QString text =
+        count == 1 ? TextNr(Text::OneProblem) : TextNr(Text::ProblemCount, NumberText(static_cast<qlonglong>(count)));
     problemCount_->setText(text);
-    problemCount_->setToolTip(TextNr(242));
+    problemCount_->setToolTip(TextNr(Text::ProblemCountTip));
     problemCount_->setAccessibleName(text);
 }
 
@@ -381,10 +383,10 @@ void frmMain::Activate_Commands() {
     const clsModul* modul = selection_.CurModule;
     const QString forModule =
         modul ? QStringLiteral("for %1 (%2)").arg(ToQString(modul->myNameOrg()), ToQString(modul->ModulTyp))
-              : TextNr(11);
+              : TextNr(Text::ForCurrentModule);
     Commands::SetTexts(command["CallsModule"], forModule,
-                       modul ? TextNr(14) + QStringLiteral(": ") + ToQString(modul->myNameOrg())
-                             : TextNr(14) + QLatin1Char(' ') + TextNr(11));
+                       modul ? TextNr(Text::ReadCalls) + QStringLiteral(": ") + ToQString(modul->myNameOrg())
+                             : TextNr(Text::ReadCalls) + QLatin1Char(' ') + TextNr(Text::ForCurrentModule));
     Commands::SetTexts(command["CallsOfModule"], forModule, forModule);
     command["CallsOfModule"].setEnabled(modul != nullptr);
     const bool deletable = selection_.CurObject && (selection_.CurObject->Class() == ObjectClass::Prozedur ||
@@ -429,16 +431,18 @@ QString frmMain::WhyDisabled(const QAction& action) const {
         return std::any_of(keys.begin(), keys.end(), [&name](const char* key) { return name == QLatin1String(key); });
     };
     if (isOneOf({"ContentGraph", "ContentChart", "DeleteObject"}))
-        return TextNr(236);
+        return TextNr(Text::LaterVersion);
     if (!gProjekt)
-        return TextNr(159);
+        return TextNr(Text::OpenProjectFirst);
     if (isOneOf({"Structure"}))
-        return TextNr(247);
+        return TextNr(Text::DoneAtOpening);
     if (isOneOf({"NavPrev", "NavNext"}))
-        return TextNr(246);
+        return TextNr(Text::NoFurtherObject);
     if (isOneOf({"NextPlace", "PreviousPlace"}))
-        return TextNr(248);
+        return TextNr(Text::ChooseNeighbourFirst);
     if (isOneOf({"CalledByReally", "CalledByMaybe", "CallsReally", "CallsMaybe"}))
-        return TextNr(!selection_.CurObject ? 243 : !callsRead_ ? 244 : 245);
-    return isOneOf({"CallsOfModule"}) ? TextNr(243) : QString();
+        return TextNr(!selection_.CurObject ? Text::ChooseObjectFirst
+                      : !callsRead_         ? Text::ReadCallsFirst
+                                            : Text::NoneOfThese);
+    return isOneOf({"CallsOfModule"}) ? TextNr(Text::ChooseObjectFirst) : QString();
 }

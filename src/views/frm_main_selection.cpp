@@ -129,7 +129,7 @@ void frmMain::SetMayBe(bool calls, bool mayBe) {
     command[calls ? "CallsReally" : "CalledByReally"].setChecked(!mayBe);
     command[calls ? "CallsMaybe" : "CalledByMaybe"].setChecked(mayBe);
     DependencyPane* pane = calls ? callsPane_ : calledByPane_;
-    pane->ShowCaption(TextNr(calls ? 85 : 86), mayBe);
+    pane->ShowCaption(TextNr(calls ? Text::Calls : Text::CalledBy), mayBe);
     if (!gProjekt || !selection_.CurObject)
         return;
     if (calls)

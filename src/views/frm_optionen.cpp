@@ -25,7 +25,9 @@
 namespace {
 
 // Texts beside the colours, in the order of OptionValues::Colour.
-constexpr std::array<int, OptionValues::Further> kColourTexts = {144, 145, 146, 147, 148, 149, 150, 45, 151};
+constexpr std::array<Text, OptionValues::Further> kColourTexts = {
+    Text::PublicObjects, Text::PrivateObjects, Text::CallsWithin, Text::CallsFromOutside, Text::CallsToOutside,
+    Text::PossibleCalls, Text::NotCompiled,    Text::Comment,     Text::Strings};
 
 // A page's name in its own letters, which every reader of them knows.
 struct PageName {
@@ -254,40 +256,40 @@ QWidget* frmOptionen::ReportsPage() {
 }
 
 void frmOptionen::Texte() {
-    setWindowTitle(TextNr(24));
-    tabs_->setTabText(0, TextNr(24));
-    tabs_->setTabText(1, TextNr(25));
-    tabs_->setTabText(2, TextNr(26));
-    tabs_->setAccessibleName(TextNr(24));
-    Title(languageFrame_, TextNr(30));
-    Title(win32Frame_, TextNr(31));
+    setWindowTitle(TextNr(Text::Options));
+    tabs_->setTabText(0, TextNr(Text::Options));
+    tabs_->setTabText(1, TextNr(Text::ColoursAndFonts));
+    tabs_->setTabText(2, TextNr(Text::Reports));
+    tabs_->setAccessibleName(TextNr(Text::Options));
+    Title(languageFrame_, TextNr(Text::Language));
+    Title(win32Frame_, TextNr(Text::CompiledFor));
     Title(readFrame_, QString());
-    Title(colourFrame_, TextNr(32));
-    Title(fontFrame_, TextNr(33));
+    Title(colourFrame_, TextNr(Text::Colours));
+    Title(fontFrame_, TextNr(Text::Fonts));
     Title(reportFrame_, QStringLiteral("Reports"));
-    optWin32_[0]->setText(TextNr(143, QStringLiteral("32")));
-    optWin32_[1]->setText(TextNr(143, QStringLiteral("16")));
-    loadLibs_->setText(TextNr(99));
-    codePageLabel_->setText(TextNr(140) + QLatin1Char(':'));
-    codePage_->setAccessibleName(TextNr(140));
-    note_->setText(TextNr(142));
+    optWin32_[0]->setText(TextNr(Text::Bits, QStringLiteral("32")));
+    optWin32_[1]->setText(TextNr(Text::Bits, QStringLiteral("16")));
+    loadLibs_->setText(TextNr(Text::LoadLibraries));
+    codePageLabel_->setText(TextNr(Text::CodePageOfSources) + QLatin1Char(':'));
+    codePage_->setAccessibleName(TextNr(Text::CodePageOfSources));
+    note_->setText(TextNr(Text::HoldsFromNextOpening));
     for (std::size_t nr = 0; nr < colours_.size(); ++nr) {
         colourLabels_[nr]->setText(TextNr(kColourTexts[nr]));
         colours_[nr]->setAccessibleName(TextNr(kColourTexts[nr]));
-        colours_[nr]->setToolTip(TextNr(kColourTexts[nr]) + QStringLiteral(": ") + TextNr(153));
+        colours_[nr]->setToolTip(TextNr(kColourTexts[nr]) + QStringLiteral(": ") + TextNr(Text::Choose));
     }
-    const int fontTexts[] = {43, 152};
+    const Text fontTexts[] = {Text::Code, Text::Trees};
     for (std::size_t nr = 0; nr < fonts_.size(); ++nr) {
         fonts_[nr].title->setText(TextNr(fontTexts[nr]));
-        fonts_[nr].choose->setText(TextNr(153));
-        fonts_[nr].choose->setAccessibleName(TextNr(fontTexts[nr]) + QStringLiteral(": ") + TextNr(153));
+        fonts_[nr].choose->setText(TextNr(Text::Choose));
+        fonts_[nr].choose->setAccessibleName(TextNr(fontTexts[nr]) + QStringLiteral(": ") + TextNr(Text::Choose));
     }
     for (QPushButton* report : reports_)
-        report->setToolTip(report->isEnabled() ? QString() : TextNr(159));
-    cmdDefaults_->setText(TextNr(139));
-    cmdOK_->setText(TextNr(50));
-    cmdCancel_->setText(TextNr(51));
-    cmdApply_->setText(TextNr(138));
+        report->setToolTip(report->isEnabled() ? QString() : TextNr(Text::OpenProjectFirst));
+    cmdDefaults_->setText(TextNr(Text::Defaults));
+    cmdOK_->setText(TextNr(Text::Ok));
+    cmdCancel_->setText(TextNr(Text::Cancel));
+    cmdApply_->setText(TextNr(Text::Apply));
     FillCodePages();
     AssignMnemonics(*this, {cmdOK_, cmdCancel_});
 }
@@ -295,7 +297,7 @@ void frmOptionen::Texte() {
 void frmOptionen::FillCodePages() {
     const bool before = std::exchange(showing_, true);
     codePage_->clear();
-    codePage_->addItem(TextNr(141), QStringLiteral("auto"));
+    codePage_->addItem(TextNr(Text::CodePageAutomatic), QStringLiteral("auto"));
     for (const PageName& page : kPages)
         if (CodePage(page.number).Setting() == page.number)
             codePage_->addItem(QString::fromUtf16(page.name), QLatin1String(page.number));

@@ -92,7 +92,7 @@ frmProgress::frmProgress(QWidget* parent)
 }
 
 void frmProgress::Texte() {
-    cmdCancel_->setText(TextNr(51));
+    cmdCancel_->setText(TextNr(Text::Cancel));
 }
 
 void frmProgress::Reset() {
@@ -190,7 +190,7 @@ void frmProgress::Pump() {
 
 void frmProgress::ShowState() {
     setWindowTitle(ToQString(caption_));
-    const QString stage = cancelled_ ? TextNr(119) : ToQString(stage_);
+    const QString stage = cancelled_ ? TextNr(Text::Cancelling) : ToQString(stage_);
     heading_->setText(stage.isEmpty() ? windowTitle() : stage);
     detail_->SetText(ToQString(object_));
     const bool counts = max_ > 0;
@@ -209,7 +209,7 @@ void frmProgress::AskCancel() {
     if (asking_ || cancelled_ || cmdCancel_->isHidden())
         return;
     asking_ = true;
-    const bool yes = AskQuestion(this, TextNr(69));
+    const bool yes = AskQuestion(this, TextNr(Text::AskCancel));
     asking_ = false;
     if (!yes)
         return;

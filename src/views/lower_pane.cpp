@@ -24,12 +24,12 @@ LowerPane::LowerPane(Baum& collected, QWidget* parent)
 }
 
 void LowerPane::Texte() {
-    setAccessibleName(TextNr(53));
-    setTabText(0, TextNr(53));
-    setTabText(1, TextNr(188));
+    setAccessibleName(TextNr(Text::Properties));
+    setTabText(0, TextNr(Text::Properties));
+    setTabText(1, TextNr(Text::CollectedModules));
     for (int tab = 0; tab < count(); ++tab)
         setTabToolTip(tab, tabText(tab));
     properties_->Texte();
-    collected_->SetTexte(188, 186);
+    collected_->SetTexte(Text::CollectedModules, Text::EmptyCollectedTree);
     collected_->Texte();
 }

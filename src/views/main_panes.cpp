@@ -213,7 +213,7 @@ void MainPanes::Store(WindowSize& size) const {
 
 void MainPanes::Texte() {
     for (FoldSplitter* splitter : {contentX_, callsX_, callsLower_})
-        splitter->SetTexte(TextNr(196), TextNr(250));
+        splitter->SetTexte(TextNr(Text::LeftPane), TextNr(Text::Divider));
     for (FoldSplitter* splitter : {contentY_, callsY_})
-        splitter->SetTexte(TextNr(197), TextNr(250));
+        splitter->SetTexte(TextNr(Text::UpperPane), TextNr(Text::Divider));
 }

@@ -9,7 +9,6 @@
 #include "views/window_style.h"
 
 namespace {
-enum TextNumber { TextPath = 173 };
 
 constexpr int kGap = 4;  // beside the icon
 }  // namespace
@@ -27,8 +26,8 @@ PathLine::PathLine(QWidget* parent) : QLineEdit(parent) {
 }
 
 void PathLine::Texte() {
-    setAccessibleName(TextNr(TextPath));
-    setPlaceholderText(TextNr(TextPath));
+    setAccessibleName(TextNr(Text::Path));
+    setPlaceholderText(TextNr(Text::Path));
 }
 
 void PathLine::Show(std::string_view bytes, const QIcon& icon) {

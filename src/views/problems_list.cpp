@@ -62,7 +62,7 @@ QVariant ProblemsModel::data(const QModelIndex& index, int role) const {
         case Where:
             return ToQString(problem->subject);
         case Meaning:
-            return TextNr(ProblemMeaningNr(problem->tag));
+            return TextNr(ProblemMeaning(problem->tag));
         default:
             return {};
     }
@@ -73,7 +73,8 @@ QVariant ProblemsModel::headerData(int section, Qt::Orientation orientation, int
         return {};
     if (role == Qt::TextAlignmentRole)
         return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
-    return role == Qt::DisplayRole ? QVariant(TextNr(127 + section)) : QVariant();
+    constexpr Text titles[] = {Text::WhatHappened, Text::Where, Text::WhatItMeans};
+    return role == Qt::DisplayRole ? QVariant(TextNr(titles[section])) : QVariant();
 }
 
 ProblemsList::ProblemsList(QWidget* parent)
@@ -146,12 +147,12 @@ ProblemsList::ProblemsList(QWidget* parent)
 }
 
 void ProblemsList::Texte() {
-    setWindowTitle(TextNr(126));
-    table_->setAccessibleName(TextNr(126));
-    empty_->setText(TextNr(130));
-    whole_->setAccessibleName(TextNr(124));
-    cmdCopy_->setText(TextNr(125));
-    cmdClose_->setText(TextNr(137));
+    setWindowTitle(TextNr(Text::Problems));
+    table_->setAccessibleName(TextNr(Text::Problems));
+    empty_->setText(TextNr(Text::NoProblems));
+    whole_->setAccessibleName(TextNr(Text::TechnicalDetails));
+    cmdCopy_->setText(TextNr(Text::Copy));
+    cmdClose_->setText(TextNr(Text::Close));
     AssignMnemonics(*this);
     Q_EMIT model_->headerDataChanged(Qt::Horizontal, 0, ProblemsModel::Columns - 1);
     ShowSelected();
@@ -171,7 +172,7 @@ void ProblemsList::ShowSelected() {
     const QModelIndex index = sorted_->mapToSource(table_->currentIndex());
     const Problem* problem = model_->ProblemAt(index);
     whole_->setPlainText(problem ? ToQString(problem->text) + QLatin1Char('\n') + ToQString(problem->subject) +
-                                       QLatin1Char('\n') + TextNr(ProblemMeaningNr(problem->tag)) +
+                                       QLatin1Char('\n') + TextNr(ProblemMeaning(problem->tag)) +
                                        QStringLiteral("\n->> ") + ToQString(problem->tag)
                                  : QString());
 }

@@ -14,11 +14,10 @@
 
 namespace {
 
-enum TextNumber { TextProperties = 53, TextEmpty = 174, TextCopy = 175 };
 enum Column { ColumnLabel, ColumnValue, ColumnCount };
 
 QString CellText(const PropertyCell& cell) {
-    return cell.textNr != 0 ? TextNr(cell.textNr) : ToQString(cell.bytes);
+    return cell.text != Text::None ? TextNr(cell.text) : ToQString(cell.bytes);
 }
 
 }  // namespace
@@ -67,11 +66,11 @@ PropertiesGrid::PropertiesGrid(QWidget* parent)
 }
 
 void PropertiesGrid::Texte() {
-    labEigenschaften_->setText(TextNr(TextProperties));
-    setAccessibleName(TextNr(TextProperties));
-    grid_->setAccessibleName(TextNr(TextProperties));
-    empty_->setText(TextNr(TextEmpty));
-    copy_->setText(TextNr(TextCopy));
+    labEigenschaften_->setText(TextNr(Text::Properties));
+    setAccessibleName(TextNr(Text::Properties));
+    grid_->setAccessibleName(TextNr(Text::Properties));
+    empty_->setText(TextNr(Text::EmptyProperties));
+    copy_->setText(TextNr(Text::CopyRows));
     Fill();
 }
 

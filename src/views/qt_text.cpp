@@ -22,8 +22,8 @@ QString LanguageText(std::string_view bytes) {
     return QString::fromStdString(latin.ToUtf8(bytes));
 }
 
-QString TextNr(int nr) {
-    return LanguageText(gText.TextNr(nr));
+QString TextNr(Text text) {
+    return LanguageText(gText.TextNr(text));
 }
 
 QString NumberText(qlonglong number) {
@@ -38,18 +38,18 @@ std::string FromPath(const QString& path) {
     return QFile::encodeName(path).toStdString();
 }
 
-QString TextNr(int nr, const QString& first, const QString& second) {
+QString TextNr(Text text, const QString& first, const QString& second) {
     // Not QString::arg, which complains about a text without places, as all are when the language file is missing.
-    const QString text = TextNr(nr);
+    const QString whole = TextNr(text);
     QString filled;
-    for (qsizetype at = 0; at < text.size(); ++at) {
-        const bool isPlace = text[at] == QLatin1Char('%') && at + 1 < text.size();
-        if (isPlace && text[at + 1] == QLatin1Char('1'))
+    for (qsizetype at = 0; at < whole.size(); ++at) {
+        const bool isPlace = whole[at] == QLatin1Char('%') && at + 1 < whole.size();
+        if (isPlace && whole[at + 1] == QLatin1Char('1'))
             filled += first;
-        else if (isPlace && text[at + 1] == QLatin1Char('2'))
+        else if (isPlace && whole[at + 1] == QLatin1Char('2'))
             filled += second;
         else {
-            filled += text[at];
+            filled += whole[at];
             continue;
         }
         ++at;

@@ -5,14 +5,16 @@
 #include <string>
 #include <string_view>
 
+#include "shell/text_numbers.h"
+
 /// Bytes in the active code page, as in sources, names and paths of a project.
 [[nodiscard]] QString ToQString(std::string_view bytes);
 /// What a person typed or chose, in the active code page; what it cannot say becomes "?".
 [[nodiscard]] std::string FromQString(const QString& text);
 /// A text of the language files, which are Windows-1252 whatever the code page of the sources is.
-[[nodiscard]] QString TextNr(int nr);
+[[nodiscard]] QString TextNr(Text text);
 /// The same with what belongs in the place of its "%1" and "%2".
-[[nodiscard]] QString TextNr(int nr, const QString& first, const QString& second = {});
+[[nodiscard]] QString TextNr(Text text, const QString& first, const QString& second = {});
 /// A text of the language files that comes through a port.
 [[nodiscard]] QString LanguageText(std::string_view bytes);
 

@@ -24,7 +24,7 @@ bool Answer(QMessageBox& box) {
     box.setDefaultButton(QMessageBox::No);
     box.setEscapeButton(QMessageBox::No);
     // Without a language file the buttons keep the words of the library.
-    if (const QString yes = TextNr(115), no = TextNr(116); !yes.isEmpty() && !no.isEmpty()) {
+    if (const QString yes = TextNr(Text::Yes), no = TextNr(Text::No); !yes.isEmpty() && !no.isEmpty()) {
         box.button(QMessageBox::Yes)->setText(yes);
         box.button(QMessageBox::No)->setText(no);
     }
@@ -44,7 +44,7 @@ void ShowMessage(QWidget* window, const QString& text) {
     QMessageBox box(DialogParent(window));
     Prepare(box, QMessageBox::Information);
     box.setText(text);
-    if (const QString ok = TextNr(50); !ok.isEmpty())
+    if (const QString ok = TextNr(Text::Ok); !ok.isEmpty())
         box.addButton(QMessageBox::Ok)->setText(ok);
     box.exec();
 }
@@ -57,9 +57,9 @@ bool MissingFileQuestion::Ask(std::string_view text, int moreMissing) {
     }
     QMessageBox box(DialogParent(window_));
     box.setText(ToQString(text));
-    auto* forAll = new QCheckBox(TextNr(117));
+    auto* forAll = new QCheckBox(TextNr(Text::SameAnswerForAll));
     if (!isLast) {
-        box.setInformativeText(TextNr(118) + QStringLiteral(": ") + QString::number(moreMissing));
+        box.setInformativeText(TextNr(Text::FurtherMissingFiles) + QStringLiteral(": ") + QString::number(moreMissing));
         box.setCheckBox(forAll);
     }
     const bool giveUp = Answer(box);

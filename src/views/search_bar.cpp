@@ -208,10 +208,10 @@ SearchBar::SearchBar(QWidget* parent)
 }
 
 void SearchBar::Texte() {
-    field_->setPlaceholderText(TextNr(110));
-    field_->setAccessibleName(TextNr(110));
-    field_->setToolTip(TextNr(111));
-    view_->setAccessibleName(TextNr(114));
+    field_->setPlaceholderText(TextNr(Text::FindField));
+    field_->setAccessibleName(TextNr(Text::FindField));
+    field_->setToolTip(TextNr(Text::FindTip));
+    view_->setAccessibleName(TextNr(Text::Hits));
     if (list_->isVisible())
         Search();
 }
@@ -241,8 +241,9 @@ void SearchBar::Search() {
     const int shown = model_->rowCount();
     view_->setVisible(shown > 0);
     foot_->setVisible(static_cast<std::size_t>(shown) < search_.Found() || shown == 0);
-    foot_->setText(shown == 0 ? TextNr(112, typed)
-                              : TextNr(113, NumberText(shown), NumberText(static_cast<qlonglong>(search_.Found()))));
+    foot_->setText(
+        shown == 0 ? TextNr(Text::NothingFound, typed)
+                   : TextNr(Text::HitsShown, NumberText(shown), NumberText(static_cast<qlonglong>(search_.Found()))));
     if (shown > 0)
         Select(0);
     else

@@ -33,7 +33,9 @@ public:
         ShowTip();
     }
 
-    void ShowTip() { setToolTip(isEnabled() ? accessibleName() : accessibleName() + QLatin1Char('\n') + TextNr(217)); }
+    void ShowTip() {
+        setToolTip(isEnabled() ? accessibleName() : accessibleName() + QLatin1Char('\n') + TextNr(Text::FileGone));
+    }
     [[nodiscard]] QSize sizeHint() const override {
         return {kColumn, QFontMetrics(Bold()).height() + fontMetrics().height() + 2 * kMargin};
     }
@@ -171,10 +173,10 @@ void StartPage::ShowRecent(const std::vector<Recent>& projects) {
 }
 
 void StartPage::Texte() {
-    title_->setText(TextNr(214));
-    open_->setText(TextNr(1));
-    hint_->setText(TextNr(215));
-    recentTitle_->setText(TextNr(216));
+    title_->setText(TextNr(Text::StartHeading));
+    open_->setText(TextNr(Text::OpenProject));
+    hint_->setText(TextNr(Text::DropHint));
+    recentTitle_->setText(TextNr(Text::RecentProjects));
     for (RecentButton* button : buttons_)
         button->ShowTip();
 }

@@ -50,9 +50,9 @@ ProjectPane::ProjectPane(Baum& tree, Commands& commands, QWidget* parent)
 
 void ProjectPane::Texte() {
     search_->Texte();
-    tree_->SetTexte(187, 183);
+    tree_->SetTexte(Text::ProjectTree, Text::EmptyProjectTree);
     tree_->Texte();
-    ToolbarPrTrw->setAccessibleName(TextNr(187));
+    ToolbarPrTrw->setAccessibleName(TextNr(Text::ProjectTree));
 }
 
 DependencyPane::DependencyPane(Baum& tree, Commands& commands, std::string_view really, std::string_view mayBe,
@@ -99,8 +99,8 @@ void DependencyPane::changeEvent(QEvent* event) {
         PaintCaption();
 }
 
-void DependencyPane::Texte(int nameNr, int emptyNr) {
-    tree_->SetTexte(nameNr, emptyNr);
-    tree_->setToolTip(TextNr(13));
+void DependencyPane::Texte(Text name, Text empty) {
+    tree_->SetTexte(name, empty);
+    tree_->setToolTip(TextNr(Text::DependencyTreeTip));
     tree_->Texte();
 }

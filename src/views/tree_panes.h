@@ -4,6 +4,8 @@
 
 #include <QWidget>
 
+#include "shell/text_numbers.h"
+
 class Baum;
 class BaumView;
 class Commands;
@@ -36,8 +38,8 @@ public:
     [[nodiscard]] BaumView& Tree() const { return *tree_; }
     /// The caption, in the colour of what is shown.
     void ShowCaption(const QString& text, bool mayBe);
-    /// Numbers of the accessible name and of what stands in the empty tree.
-    void Texte(int nameNr, int emptyNr);
+    /// The accessible name of the tree and what stands in it while it is empty.
+    void Texte(Text name, Text empty);
 
 private:
     void PaintCaption();

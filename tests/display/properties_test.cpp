@@ -11,7 +11,9 @@ protected:
     static std::string Dump(const std::optional<PropertyRows>& rows) {
         if (!rows)
             return "as it was";
-        const auto cell = [](const PropertyCell& c) { return c.textNr ? std::to_string(c.textNr) : c.bytes; };
+        const auto cell = [](const PropertyCell& c) {
+            return c.text == Text::None ? c.bytes : std::to_string(static_cast<int>(c.text));
+        };
         std::string dump;
         for (const PropertyRow& row : *rows)
             dump += (dump.empty() ? "" : "; ") + cell(row.label) + "=" + cell(row.value);

@@ -16,12 +16,12 @@ TEST(Texts, StandAtTheLineOfTheirNumberAndTheOldStayWhereNothingComesInTheirPlac
     clsText text;
     text.Language = "";  // becomes english
     text.SetLanguage(files, "o\\");
-    EXPECT_EQ(text.TextNr(1), "Open");
+    EXPECT_EQ(text.TextNr(Text::OpenProject), "Open");
     text.Language = "german";
     text.SetLanguage(files, "o\\");
     text.SetLanguage(MemoryFiles(), "o\\");  // a missing file is no failure
-    for (const auto& [nr, line] : {std::pair{1, "Auf"}, {2, ""}, {3, "Exit"}, {-1, ""}, {0, ""}, {4, ""}, {1000, ""}})
-        EXPECT_EQ(text.TextNr(nr), line) << nr;
+    for (const auto& [nr, line] : {std::pair{1, "Auf"}, {2, ""}, {3, "Exit"}, {0, ""}, {4, ""}, {1000, ""}})
+        EXPECT_EQ(text.TextNr(Text{nr}), line) << nr;
     EXPECT_THAT(errors.tags, testing::IsEmpty());
 }
 
@@ -40,7 +40,7 @@ TEST_P(LanguageFiles, HaveEveryTextInUseAndTheFormOfTheProgram) {
     text.SetLanguage(files, root);
     for (const auto& [first, last] : kInUse)
         for (int nr = first; nr <= last; ++nr)
-            EXPECT_NE(text.TextNr(nr), "") << nr;
+            EXPECT_NE(text.TextNr(Text{nr}), "") << nr;
 
     const FileText file = files.ReadText(root + "Languages/" + GetParam() + ".txt");
     const FileText other = files.ReadText(root + "Languages/english.txt");

@@ -180,7 +180,7 @@ TEST_F(AccessibleWindow, RecentProjectsStandInTheFileMenu) {
     EXPECT_TRUE(recent->actions()[0]->text().startsWith(QStringLiteral("&1  ToolHire.vbp")));
     EXPECT_FALSE(recent->actions()[1]->isEnabled());
     EXPECT_TRUE(recent->actions()[1]->text().contains(QStringLiteral("gone && lost.vbp")));
-    EXPECT_TRUE(recent->actions()[1]->toolTip().contains(TextNr(217)));
+    EXPECT_TRUE(recent->actions()[1]->toolTip().contains(TextNr(Text::FileGone)));
     recent->actions()[0]->trigger();
     EXPECT_TRUE(gProjekt);
 }

@@ -223,12 +223,12 @@ TEST_F(BaumViewTest, KeysTravelAsUtf8AndAreTakenWhereTheyMay) {
 }
 
 TEST_F(BaumViewTest, TextsFollowTheLanguageAndFontsAreOnlyThoseThatExist) {
-    view->SetTexte(187, 183);
+    view->SetTexte(Text::ProjectTree, Text::EmptyProjectTree);
     EXPECT_EQ(view->accessibleName().toStdString(), "Project tree");
     Speak("german");
     view->Texte();
     EXPECT_EQ(view->accessibleName().toStdString(), "Projektbaum");
-    EXPECT_EQ(view->accessibleDescription(), TextNr(183));
+    EXPECT_EQ(view->accessibleDescription(), TextNr(Text::EmptyProjectTree));
 
     gTreeFont = {23, "No such font anywhere"};
     view->ApplyTreeFont();

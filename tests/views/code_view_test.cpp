@@ -226,7 +226,7 @@ TEST_F(CodeViews, PathIsShortenedInTheMiddleUntilSomebodyGoesThere) {
 
 TEST_F(CodeViews, PropertiesFollowTheLanguageAndCanBeCopied) {
     PropertiesGrid grid;
-    grid.Show({{{0, "Name"}, {0, "Gr\xFC\xDF"}}, {{77, {}}, {81, {}}}});
+    grid.Show({{{Text::None, "Name"}, {Text::None, "Gr\xFC\xDF"}}, {{Text::Access, {}}, {Text::Local, {}}}});
     EXPECT_EQ(grid.AsText(), QString::fromUtf8("Name\tGr\u00FC\u00DF\nAccess\tlocal\n"));
     Speak("german");
     grid.Texte();

@@ -103,7 +103,7 @@ TEST_F(Dialogs, AClickAnywhereClosesTheAboutWindow) {
     EXPECT_FALSE(about.isVisible());
     about.show();
     for (QLabel* label : about.findChildren<QLabel*>())
-        if (label->text() == TextNr(154))
+        if (label->text() == TextNr(Text::Licence))
             QTest::mouseClick(label, Qt::LeftButton);
     EXPECT_FALSE(about.isVisible());
 }

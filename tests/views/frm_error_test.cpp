@@ -49,7 +49,7 @@ TEST_F(ErrorWindow, TellsWhatHappenedAndWhere) {
         EXPECT_EQ(QApplication::focusWidget(), &text);
         bool named = false;
         for (const QLabel* label : form_.findChildren<QLabel*>())
-            named |= label->text() == TextNr(121, QStringLiteral("Form1.frm"));
+            named |= label->text() == TextNr(Text::ErrorInFile, QStringLiteral("Form1.frm"));
         EXPECT_TRUE(named);
         Click("cmdCopy");
         EXPECT_EQ(QApplication::clipboard()->text(), text.toPlainText());
@@ -147,7 +147,7 @@ TEST_F(ErrorWindow, MissingFilesCanBeAnsweredAllAtOnce) {
                      {"There.bas", "Attribute VB_Name = \"There\"\r\nSub S()\r\nEnd Sub\r\n"}});
     SetMissingFilePort({});
     // The answer for all ends with the last file: the second load asks again, for the third question all is open.
-    const QString more = TextNr(118) + QStringLiteral(": ");
+    const QString more = TextNr(Text::FurtherMissingFiles) + QStringLiteral(": ");
     ASSERT_GE(asked.size(), 3);
     EXPECT_EQ(asked.mid(0, 3),
               QStringList({more + QStringLiteral("4"), more + QStringLiteral("3"), more + QStringLiteral("4")}));

@@ -121,7 +121,7 @@ TEST_F(MainWindow, EmptyWindowInvitesAndLetsNothingElseBeDone) {
         EXPECT_FALSE(Command(key).isEnabled()) << key;
     for (const char* key : {"OpenProject", "Exit", "Options", "About", "Keys"})
         EXPECT_TRUE(Command(key).isEnabled()) << key;
-    EXPECT_THAT(Command("Calls").toolTip().toStdString(), HasSubstr(TextNr(159).toStdString()));
+    EXPECT_THAT(Command("Calls").toolTip().toStdString(), HasSubstr(TextNr(Text::OpenProjectFirst).toStdString()));
     EXPECT_FALSE(Command("CallsModule").isVisible());
     window_->MainActions(6);  // no question without a project
     EXPECT_TRUE(asked_.empty());
@@ -190,7 +190,7 @@ TEST_F(MainWindow, ReadCallsAsksAndRightClickInTheCodeJumps) {
     Open();
     AnswerNext(QMessageBox::No);
     Command("Calls").trigger();
-    ASSERT_EQ(asked_, std::vector{TextNr(22)});
+    ASSERT_EQ(asked_, std::vector{TextNr(Text::AskReadCalls)});
     EXPECT_EQ(gProjekt->calls.Count(), 0U);
     ReadCalls();
     EXPECT_GT(gProjekt->calls.Count(), 900U);
@@ -323,7 +323,7 @@ TEST_F(MainWindow, ClosingAsksAndNoKeepsEverything) {
     Open();
     AnswerNext(QMessageBox::No);
     EXPECT_FALSE(window_->close());
-    ASSERT_EQ(asked_, std::vector{TextNr(68)});
+    ASSERT_EQ(asked_, std::vector{TextNr(Text::AskExit)});
     EXPECT_TRUE(window_->isVisible());
     EXPECT_TRUE(gProjekt);
 }
@@ -360,7 +360,7 @@ TEST_F(MainWindow, CancelledLoadLeavesAnEmptyWindow) {
     window_->OpenProject(Project());
     EXPECT_FALSE(gProjekt);
     EXPECT_TRUE(Find<StartPage>().isVisible());
-    EXPECT_EQ(StatusText(), TextNr(219));
+    EXPECT_EQ(StatusText(), TextNr(Text::LoadingCancelled));
 }
 
 TEST_F(MainWindow, MissingModuleIsCountedAmongTheProblems) {
@@ -369,7 +369,7 @@ TEST_F(MainWindow, MissingModuleIsCountedAmongTheProblems) {
     Open();
     auto* count = window_->statusBar()->findChild<QToolButton*>();
     EXPECT_TRUE(count->isVisible());
-    EXPECT_EQ(count->text(), TextNr(226));
+    EXPECT_EQ(count->text(), TextNr(Text::OneProblem));
     window_->CloseTheProject();
     EXPECT_FALSE(count->isVisible());
 }
@@ -379,7 +379,7 @@ TEST_F(MainWindow, ReportsSayWhereTheyWereWritten) {
     Command("ReportDeaths").trigger();
     const std::string path = directory_.Path("samples/ToolHire/ToolHire.vbp Deaths.txt");
     EXPECT_TRUE(std::filesystem::exists(path));
-    EXPECT_EQ(StatusText(), TextNr(222, ToPath(path)));
+    EXPECT_EQ(StatusText(), TextNr(Text::ReportsWritten, ToPath(path)));
 }
 
 TEST_F(MainWindow, RefreshReadsChangedFilesAndComesBackToThePlace) {
@@ -387,13 +387,13 @@ TEST_F(MainWindow, RefreshReadsChangedFilesAndComesBackToThePlace) {
     ReadCalls();
     window_->ActivateKey("modmain.main");
     Command("Refresh").trigger();
-    EXPECT_EQ(StatusText(), TextNr(223));
+    EXPECT_EQ(StatusText(), TextNr(Text::NoFileChanged));
     const std::string path = directory_.Path("samples/ToolHire/modStore.bas");
     std::string text = directory_.Bytes("samples/ToolHire/modStore.bas");
     directory_.Write("samples/ToolHire/modStore.bas", text + "\r\nPublic Sub JustAdded()\r\nEnd Sub\r\n");
     std::filesystem::last_write_time(path, std::filesystem::file_time_type::clock::now() + std::chrono::seconds(5));
     Command("Refresh").trigger();
-    EXPECT_EQ(StatusText(), TextNr(224, QStringLiteral("1")));
+    EXPECT_EQ(StatusText(), TextNr(Text::FilesChanged, QStringLiteral("1")));
     EXPECT_TRUE(window_->Tree().Exist("modstore.justadded"));
     EXPECT_GT(gProjekt->calls.Count(), 900U);
     ASSERT_TRUE(window_->Current().CurObject);
@@ -427,7 +427,7 @@ TEST_F(MainWindow, SecondProjectReplacesTheFirst) {
     EXPECT_FALSE(Command("NavPrev").isEnabled());
     window_->OpenProject(directory_.Path("gone.vbp"));
     EXPECT_TRUE(gProjekt);
-    EXPECT_EQ(StatusText(), TextNr(238, ToPath(directory_.Path("gone.vbp"))));
+    EXPECT_EQ(StatusText(), TextNr(Text::ProjectGone, ToPath(directory_.Path("gone.vbp"))));
 }
 
 }  // namespace

@@ -53,11 +53,11 @@ TEST_F(OptionsWindow, NothingHoldsBeforeItIsApplied) {
 TEST_F(OptionsWindow, TheLanguageChangesAtOnce) {
     form_.show();
     const QSignalSpy language(&form_, &frmOptionen::LanguageChanged);
-    EXPECT_EQ(Child<QPushButton>("cmdOK").text(), TextNr(50));
+    EXPECT_EQ(Child<QPushButton>("cmdOK").text(), TextNr(Text::Ok));
     Click({"optLanguage1"});
     Click({"cmdApply"});
     EXPECT_EQ(language.count(), 1);
-    EXPECT_EQ(TextNr(1), QStringLiteral("D1"));
+    EXPECT_EQ(TextNr(Text::OpenProject), QStringLiteral("D1"));
     EXPECT_THAT(Written(), HasSubstr("Language=german"));
 }
 

@@ -36,7 +36,7 @@ protected:
             auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
             ASSERT_NE(box, nullptr);
             ++questions_;
-            EXPECT_EQ(box->text(), TextNr(69));
+            EXPECT_EQ(box->text(), TextNr(Text::AskCancel));
             EXPECT_EQ(box->defaultButton(), box->button(QMessageBox::No));
             QTest::mouseClick(box->button(button), Qt::LeftButton);
         });

@@ -26,7 +26,7 @@ TEST_F(ListOfProblems, SaysSoWhenThereIsNoneAndFollowsTheLanguage) {
     list_.show();
     auto* empty = list_.findChild<QLabel*>(QStringLiteral("empty"));
     EXPECT_TRUE(empty->isVisible());
-    EXPECT_EQ(empty->text(), TextNr(130));
+    EXPECT_EQ(empty->text(), TextNr(Text::NoProblems));
     EXPECT_FALSE(list_.findChild<QPushButton*>(QStringLiteral("cmdCopy"))->isEnabled());
     Note("clsModul: A", "first", "a");
     list_.Refresh();
@@ -46,9 +46,9 @@ TEST_F(ListOfProblems, TellsWhatWhereAndWhatItMeans) {
     list_.show();
     const QAbstractItemModelTester tester(Table().model());
     EXPECT_EQ(Cell(0, ProblemsModel::What), QStringLiteral("File not found: p\\B.bas"));
-    EXPECT_EQ(Cell(0, ProblemsModel::Meaning), TextNr(131));
-    EXPECT_EQ(Cell(1, ProblemsModel::Meaning), TextNr(132));
-    EXPECT_EQ(Cell(2, ProblemsModel::Meaning), TextNr(133));
+    EXPECT_EQ(Cell(0, ProblemsModel::Meaning), TextNr(Text::ModuleMissing));
+    EXPECT_EQ(Cell(1, ProblemsModel::Meaning), TextNr(Text::ConditionFalse));
+    EXPECT_EQ(Cell(2, ProblemsModel::Meaning), TextNr(Text::ReportIncomplete));
     // A click on a heading sorts.
     QHeaderView& header = *Table().horizontalHeader();
     QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
@@ -60,7 +60,7 @@ TEST_F(ListOfProblems, CopiesTheSelectedRowsOrAll) {
     Note("clsModul: A", "first", "a");
     Note("clsModul: B", "second", "b");
     list_.show();
-    EXPECT_EQ(Copied("cmdCopy"), QStringLiteral("first\ta\t") + TextNr(136) + QStringLiteral("\n"));
+    EXPECT_EQ(Copied("cmdCopy"), QStringLiteral("first\ta\t") + TextNr(Text::StepMissing) + QStringLiteral("\n"));
     QApplication::setActiveWindow(&list_);
     Table().setFocus();
     Table().selectAll();

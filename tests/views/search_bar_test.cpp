@@ -78,7 +78,7 @@ TEST_F(SearchField, EscClosesEmptiesAndGivesTheFocusBack) {
 TEST_F(SearchField, NamesWhatWasNotFound) {
     bar_->Focus();
     Type("zzz ");
-    EXPECT_EQ(Foot(), TextNr(112, QStringLiteral("zzz")));
+    EXPECT_EQ(Foot(), TextNr(Text::NothingFound, QStringLiteral("zzz")));
     Press(Qt::Key_Return);
     EXPECT_TRUE(chosen_.empty());
     Field().clear();
