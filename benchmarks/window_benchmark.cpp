@@ -69,10 +69,9 @@ int main(int argc, char** argv) {
     QApplication::setStyle(new WindowStyle);
     DiskFiles files;
     gIniFile = "/nowhere/Ostrivane.ini";  // the defaults, and nothing is stored
-    SettingsFile settings(files, gIniFile);
+    SettingsFile file(files, gIniFile);
     const std::string programDirectory = GetAppPathWithSlash();
-    StartProgram(files, settings, nullptr, programDirectory);
-    frmMain window(files, settings, programDirectory);
+    frmMain window(files, file, StartProgram(files, file, nullptr, programDirectory), programDirectory);
     window.resize(1400, 900);
     window.show();
     if (!QTest::qWaitForWindowExposed(&window))

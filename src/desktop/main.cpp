@@ -27,14 +27,14 @@ int main(int argc, char** argv) {
     DiskFiles files;
     const std::string programDirectory = GetAppPathWithSlash();
     gIniFile = SettingsPath(programDirectory, kIniFileName);
-    SettingsFile settings(files, gIniFile);
+    SettingsFile file(files, gIniFile);
     // What other systems keep in their registry stands in a file beside the settings.
     const std::string directory = QFileInfo(ToPath(gIniFile)).absolutePath().toStdString();
     FileRegistry registry(files, directory + "/Ostrivane.registry");
     SetMessagePort([](std::string_view text) { ShowMessage(nullptr, LanguageText(text)); });
-    StartProgram(files, settings, &registry, programDirectory);
+    Settings settings = StartProgram(files, file, &registry, programDirectory);
 
-    frmMain window(files, settings, programDirectory);
+    frmMain window(files, file, std::move(settings), programDirectory);
     window.show();
     return QApplication::exec();
 }

@@ -140,7 +140,7 @@ struct Baum::State {
         node.text_.clear();
         node.expandedImage_ = {};
         node.children_.clear();
-        node.foreColor_ = 0;
+        node.foreColor_ = NodeColour::Ordinary;
         node.sorted_ = node.waitsForSorting_ = node.bold_ = node.expanded_ = node.checked_ = false;
         free.push_back(&node);
     }
@@ -339,7 +339,7 @@ void Baum::SetExpandedImage(BaumNode& node, std::string_view image) {
     state_->Changed(node);
 }
 
-void Baum::SetForeColor(BaumNode& node, std::int32_t color) {
+void Baum::SetForeColor(BaumNode& node, NodeColour color) {
     if (node.foreColor_ == color)
         return;
     node.foreColor_ = color;

@@ -15,6 +15,14 @@
 
 class Baum;
 
+/// What a node's text is painted in: its meaning, for which the settings and the palette have the colour.
+enum class NodeColour : std::uint8_t {
+    Ordinary,
+    Grey,  // dead and undead objects
+    PublicGroup,
+    PrivateGroup,
+};
+
 class BaumNode {
 public:
     BaumNode(const BaumNode&) = delete;
@@ -25,8 +33,7 @@ public:
     [[nodiscard]] std::string_view Image() const { return image_; }
     /// Icon while expanded; empty when it is that of Image.
     [[nodiscard]] std::string_view ExpandedImage() const { return expandedImage_; }
-    /// 32-bit BGR; 0 is the ordinary colour of text.
-    [[nodiscard]] std::int32_t ForeColor() const { return foreColor_; }
+    [[nodiscard]] NodeColour ForeColor() const { return foreColor_; }
     [[nodiscard]] bool Sorted() const { return sorted_; }
     [[nodiscard]] bool Bold() const { return bold_; }
     [[nodiscard]] bool Expanded() const { return expanded_; }
@@ -53,7 +60,7 @@ private:
     std::vector<BaumNode*> children_;
     const std::vector<BaumNode*>* siblings_ = nullptr;
     int row_ = 0;
-    std::int32_t foreColor_ = 0;
+    NodeColour foreColor_ = NodeColour::Ordinary;
     bool sorted_ = false;
     bool waitsForSorting_ = false;
     bool bold_ = false;
@@ -106,7 +113,7 @@ public:
     void SetText(BaumNode& node, std::string text);
     void SetImage(BaumNode& node, std::string_view image);
     void SetExpandedImage(BaumNode& node, std::string_view image);
-    void SetForeColor(BaumNode& node, std::int32_t color);
+    void SetForeColor(BaumNode& node, NodeColour color);
     void SetBold(BaumNode& node, bool bold);
     /// From now on new children are entered by their texts; children that stand there already are sorted.
     void SetSorted(BaumNode& node, bool sorted);

@@ -101,28 +101,28 @@ std::string_view WordOf(Colour what) {
 
 }  // namespace
 
-std::int32_t ColourOf(Colour what) {
+std::int32_t ColourOf(Colour what, const Settings& settings) {
     switch (what) {
         case Colour::None:
             return 0;
         case Colour::Comment:
-            return gColComment;
+            return settings.ColComment;
         case Colour::String:
-            return gColString;
+            return settings.ColString;
         case Colour::NotCompiled:
-            return gColCondCompile;
+            return settings.ColCondCompile;
         case Colour::Public:
-            return gColPublics;
+            return settings.ColPublics;
         case Colour::Private:
-            return gColPrivates;
+            return settings.ColPrivates;
         case Colour::CallLocal:
-            return gColCallLocal;
+            return settings.ColCallLocal;
         case Colour::CallIn:
-            return gColCallIn;
+            return settings.ColCallIn;
         case Colour::CallOut:
-            return gColCallOut;
+            return settings.ColCallOut;
         case Colour::CallMayBe:
-            return gColCallMayBe;
+            return settings.ColCallMayBe;
         case Colour::FunctionResult:
             return kRed;
     }

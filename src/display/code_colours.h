@@ -20,6 +20,7 @@ class clsProzedur;
 class clsTypeLib;
 class CodeObject;
 class CodePage;
+struct Settings;
 
 /// What a stretch of text means. All but the last have a colour among the settings.
 enum class Colour : std::uint8_t {
@@ -37,7 +38,7 @@ enum class Colour : std::uint8_t {
 };
 
 /// The colour of the settings behind a meaning, 32-bit BGR; 0 for None.
-[[nodiscard]] std::int32_t ColourOf(Colour what);
+[[nodiscard]] std::int32_t ColourOf(Colour what, const Settings& settings);
 
 /// A stretch of the shown text.
 struct CodeRange {

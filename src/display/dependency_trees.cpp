@@ -92,7 +92,7 @@ BaumNode* ObtainGroup(const CodeObject& object, TreeGroup group, Baum& tree) {
     tree.SetExpanded(*node, true);
     tree.SetBold(*node, true);
     const bool isPrivate = object.Zugriff.find("private") != std::string_view::npos;
-    tree.SetForeColor(*node, isPrivate ? gColPrivates : gColPublics);
+    tree.SetForeColor(*node, isPrivate ? NodeColour::PrivateGroup : NodeColour::PublicGroup);
     return node;
 }
 
@@ -131,7 +131,7 @@ BaumNode* ObtainNode(const CodeObject& object, Baum& tree, PathBuffer& path) {
     if (!node)  // an object without a name has the path of its parent
         return parent;
     if (object.IsDeath > 0)
-        tree.SetForeColor(*node, kTextGrey);
+        tree.SetForeColor(*node, NodeColour::Grey);
     return node;
 }
 

@@ -12,7 +12,6 @@
 #include "model/group_keys.h"
 #include "shell/clsText.h"
 #include "shell/operations.h"
-#include "shell/settings.h"
 #include "shell/timing.h"
 
 namespace {
@@ -66,7 +65,7 @@ void AddLibrary(const clsTypeLib& library, Baum& tree) {
         tree.SetSorted(*node, true);
 }
 
-void AddModules(const clsCollection<clsModul>& modules, std::string_view label, Baum& tree) {
+void AddModules(const clsCollection<clsModul>& modules, std::string_view label, Baum& tree, bool withLocals) {
     if (gAbort)
         return;
     gProgress().Label(label);
@@ -74,7 +73,7 @@ void AddModules(const clsCollection<clsModul>& modules, std::string_view label, 
         if (gAbort)
             return;
         DoEvents();
-        clsModulAnzeige anzeige(tree);
+        clsModulAnzeige anzeige(tree, withLocals);
         anzeige.MyModul(*modul);
         anzeige.Anzeigen();
         anzeige.Anzeigen_Struktur();
@@ -141,7 +140,7 @@ std::function<bool(std::string_view)> SetImageList1(std::function<bool(std::stri
     return std::exchange(gImageList1, std::move(exist));
 }
 
-void ProjektStruktur_Anzeigen(clsProjekt& projekt, Baum& tree) {
+void ProjektStruktur_Anzeigen(clsProjekt& projekt, Baum& tree, bool withLocals) {
     gProgress().Caption(gText.TextNr(Text::BuildingTree));
     gProgress().Range(0, std::max(1, projekt.CountAllModules()));
     clsQueryTimer timer;
@@ -152,10 +151,10 @@ void ProjektStruktur_Anzeigen(clsProjekt& projekt, Baum& tree) {
         Anzeigen_Gruppen(projekt, tree);
         Anzeigen_Objekte(projekt, tree);
         Anzeigen_Referenzen(projekt, tree);
-        Anzeigen_Formulare(projekt, tree);
-        Anzeigen_Module(projekt, tree);
-        Anzeigen_Klassenmodule(projekt, tree);
-        Anzeigen_UserControls(projekt, tree);
+        Anzeigen_Formulare(projekt, tree, withLocals);
+        Anzeigen_Module(projekt, tree, withLocals);
+        Anzeigen_Klassenmodule(projekt, tree, withLocals);
+        Anzeigen_UserControls(projekt, tree, withLocals);
     }
     timer.Halt();
     projekt.TimeForTree = timer.Get_TotalStr();
@@ -178,20 +177,20 @@ void Anzeigen_Referenzen(const clsProjekt& projekt, Baum& tree) {
     AddLibraries(projekt.myProjectReferences, "References...", tree);
 }
 
-void Anzeigen_Formulare(const clsProjekt& projekt, Baum& tree) {
-    AddModules(projekt.Formulare, "Forms...", tree);
+void Anzeigen_Formulare(const clsProjekt& projekt, Baum& tree, bool withLocals) {
+    AddModules(projekt.Formulare, "Forms...", tree, withLocals);
 }
 
-void Anzeigen_Module(const clsProjekt& projekt, Baum& tree) {
-    AddModules(projekt.Modules, "Modules...", tree);
+void Anzeigen_Module(const clsProjekt& projekt, Baum& tree, bool withLocals) {
+    AddModules(projekt.Modules, "Modules...", tree, withLocals);
 }
 
-void Anzeigen_Klassenmodule(const clsProjekt& projekt, Baum& tree) {
-    AddModules(projekt.Klassenmodule, "Classes...", tree);
+void Anzeigen_Klassenmodule(const clsProjekt& projekt, Baum& tree, bool withLocals) {
+    AddModules(projekt.Klassenmodule, "Classes...", tree, withLocals);
 }
 
-void Anzeigen_UserControls(const clsProjekt& projekt, Baum& tree) {
-    AddModules(projekt.UserControls, "User Controls...", tree);
+void Anzeigen_UserControls(const clsProjekt& projekt, Baum& tree, bool withLocals) {
+    AddModules(projekt.UserControls, "User Controls...", tree, withLocals);
 }
 
 void Anzeigen_Variablen(const clsProzedur& prozedur, Baum& tree) {
@@ -238,44 +237,6 @@ void clsModulAnzeige::Anzeigen_Struktur() {
     Anzeigen_Function();
     Anzeigen_SubGruppen();
     Anzeigen_Sub();
-    PutBack();
-}
-
-void clsModulAnzeige::Anzeigen_Name() {
-    const std::string rootKey = std::string(modul_->ModulTyp) + "[]";
-    for (const RootKind& kind : kRoots)
-        if (kind.key == rootKey)
-            AddRoot(kind, tree_);
-    BaumNode* node = tree_.Item(nodeKey_);
-    if (!node)
-        return Anzeigen();
-    Remember(*node);
-    while (BaumNode* child = node->Child())
-        tree_.Remove(*child);
-}
-
-void clsModulAnzeige::Remember(const BaumNode& node) {
-    std::vector<BaumNode*> open = node.ChildNodes();
-    while (!open.empty()) {
-        const BaumNode& below = *open.back();
-        open.pop_back();
-        const bool isSelected = tree_.Selected() == &below;
-        if (below.Expanded() || below.Checked() || isSelected)
-            before_.push_back({below.Key(), below.Expanded(), below.Checked(), isSelected});
-        open.insert(open.end(), below.ChildNodes().begin(), below.ChildNodes().end());
-    }
-}
-
-void clsModulAnzeige::PutBack() {
-    for (const NodeState& state : std::exchange(before_, {})) {
-        BaumNode* node = tree_.Item(state.key);
-        if (!node)
-            continue;
-        tree_.SetExpanded(*node, state.expanded);
-        tree_.SetChecked(*node, state.checked);
-        if (state.selected)
-            tree_.Select(node);
-    }
 }
 
 void clsModulAnzeige::Anzeigen_ControlGruppen() {
@@ -376,7 +337,7 @@ void clsModulAnzeige::Procedures(TreeGroup group, const clsCollection<clsProzedu
         return;
     for (const clsProzedur* prozedur : procedures) {
         BaumNode* node = Entry(parent, *prozedur);
-        if (!gOptProcVars)
+        if (!withLocals_)
             continue;
         if (!node)
             node = tree_.Item(path_.Of(*prozedur));

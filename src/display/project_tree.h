@@ -1,5 +1,5 @@
 // The project tree: kinds of module, modules, groups by access and kind, code objects. Every node's key leads back to
-// its object. The fill only adds what is missing, so that it can run again after a module was read anew.
+// its object. The fill only adds what is missing.
 #pragma once
 
 #include <array>
@@ -58,14 +58,15 @@ struct TreeGroupKind {
 std::function<bool(std::string_view)> SetImageList1(std::function<bool(std::string_view)> exist);
 
 /// Fills the tree with the whole project, with progress. A cancel leaves what stands there by then.
-void ProjektStruktur_Anzeigen(clsProjekt& projekt, Baum& tree);
+/// @param withLocals  whether procedures have their arguments and locals below them
+void ProjektStruktur_Anzeigen(clsProjekt& projekt, Baum& tree, bool withLocals);
 void Anzeigen_Gruppen(const clsProjekt& projekt, Baum& tree);
 void Anzeigen_Objekte(const clsProjekt& projekt, Baum& tree);
 void Anzeigen_Referenzen(const clsProjekt& projekt, Baum& tree);
-void Anzeigen_Formulare(const clsProjekt& projekt, Baum& tree);
-void Anzeigen_Module(const clsProjekt& projekt, Baum& tree);
-void Anzeigen_Klassenmodule(const clsProjekt& projekt, Baum& tree);
-void Anzeigen_UserControls(const clsProjekt& projekt, Baum& tree);
+void Anzeigen_Formulare(const clsProjekt& projekt, Baum& tree, bool withLocals);
+void Anzeigen_Module(const clsProjekt& projekt, Baum& tree, bool withLocals);
+void Anzeigen_Klassenmodule(const clsProjekt& projekt, Baum& tree, bool withLocals);
+void Anzeigen_UserControls(const clsProjekt& projekt, Baum& tree, bool withLocals);
 
 /// The arguments and locals of a procedure below its node.
 void Anzeigen_Variablen(const clsProzedur& prozedur, Baum& tree);
@@ -76,7 +77,7 @@ void Anzeigen_Elemente(const clsEnum& einEnum, Baum& tree);
 /// Presents one module in a tree; made for the moment of its use.
 class clsModulAnzeige {
 public:
-    explicit clsModulAnzeige(Baum& tree) : tree_(tree) {}
+    clsModulAnzeige(Baum& tree, bool withLocals) : tree_(tree), withLocals_(withLocals) {}
 
     /// Must come first. Makes the keys of all groups.
     void MyModul(const clsModul& modul);
@@ -86,9 +87,6 @@ public:
     void Anzeigen();
     /// All groups with their objects.
     void Anzeigen_Struktur();
-    /// The node of a module that was read anew, with its root where that is missing and without children. What was
-    /// unfolded, checked or selected below it is so again after Anzeigen_Struktur.
-    void Anzeigen_Name();
 
     // The groups of one kind, and what belongs into them.
     void Anzeigen_ControlGruppen();
@@ -108,8 +106,6 @@ public:
 
 private:
     [[nodiscard]] bool LeavesOutMe() const;
-    void Remember(const BaumNode& node);
-    void PutBack();
     void Gruppe(TreeGroup group, int count);
     BaumNode* Entry(BaumNode* parent, const CodeObject& object);
     void Procedures(TreeGroup group, const clsCollection<clsProzedur>& procedures);
@@ -117,13 +113,8 @@ private:
     template <class Owner>
     void WithMembers(TreeGroup group, const clsCollection<Owner>& owners);
 
-    struct NodeState {
-        std::string key;
-        bool expanded, checked, selected;
-    };
-
     Baum& tree_;
-    std::vector<NodeState> before_;
+    bool withLocals_;
     const clsModul* modul_ = nullptr;
     std::string nodeKey_;  // of the module's node
     std::array<std::string, kTreeGroups> keys_;

@@ -9,7 +9,6 @@
 #include "display/project_tree.h"
 #include "model/clsProjekt.h"
 #include "model/group_keys.h"
-#include "shell/settings.h"
 
 clsCollection<CodeObject> gCheckedObjects;
 
@@ -76,8 +75,7 @@ void CheckedObjects_Renew(const clsProjekt& projekt) {
     gCheckedObjects = std::move(found);
 }
 
-CheckAnswer NodeCheck(clsProjekt& projekt, Baum& tree, BaumNode& node) {
-    const bool inChart = gContentMode == "Chart";
+CheckAnswer NodeCheck(clsProjekt& projekt, Baum& tree, BaumNode& node, ContentMode content) {
     CodeObject* object = nullptr;
     {
         const Baum::Filling filling(tree);
@@ -90,7 +88,7 @@ CheckAnswer NodeCheck(clsProjekt& projekt, Baum& tree, BaumNode& node) {
         }
         CheckAbove(tree, node);
     }
-    if (inChart)
+    if (content == ContentMode::Chart)
         return {CheckEffect::ShowChart, nullptr};
     if (object && node.Checked())
         gCheckedObjects.AddUnlessPresent(Name(node.Key()), object);

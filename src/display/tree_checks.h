@@ -5,6 +5,7 @@
 
 #include "model/clsCollection.h"
 #include "model/code_object.h"
+#include "shell/settings.h"
 
 class Baum;
 class BaumNode;
@@ -28,7 +29,7 @@ struct CheckAnswer {
 
 /// After the user has checked or unchecked `node`: passes its mark on to what belongs to it and to those above, and
 /// files its object in gCheckedObjects, unless the charts are showing.
-CheckAnswer NodeCheck(clsProjekt& projekt, Baum& tree, BaumNode& node);
+CheckAnswer NodeCheck(clsProjekt& projekt, Baum& tree, BaumNode& node, ContentMode content);
 
 /// Every module or library of a kind: 1 form, 2 module, 3 class, 4 usercontrol, 5 component, 6 reference.
 void Check_ModulTyp(const clsProjekt& projekt, Baum& tree, int typ, bool checked);

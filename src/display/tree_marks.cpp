@@ -19,7 +19,7 @@ public:
         if (!node)
             return;
         tree_.SetImage(*node, object.GetImageKey());
-        tree_.SetForeColor(*node, object.IsDeath < 1 ? kTextOrdinary : kTextGrey);
+        tree_.SetForeColor(*node, object.IsDeath < 1 ? NodeColour::Ordinary : NodeColour::Grey);
     }
 
     void Mark(const clsModul& modul) {
@@ -72,10 +72,10 @@ void Tote_Objekte_Markieren(const clsProzedur& prozedur, Baum& tree) {
             continue;
         if (variable->CalledByAll.Count() != 0) {
             tree.SetImage(*node, isConst ? "const" : variable->Zugriff == "argument" ? "argument" : "variable");
-            tree.SetForeColor(*node, kTextOrdinary);
+            tree.SetForeColor(*node, NodeColour::Ordinary);
         } else {
             tree.SetImage(*node, isConst ? "ConstDeath" : "VariableDeath");
-            tree.SetForeColor(*node, kTextGrey);
+            tree.SetForeColor(*node, NodeColour::Grey);
         }
     }
 }

@@ -1,16 +1,10 @@
 // Shows in a tree what is dead: the dead images and the grey of dead and undead objects.
 #pragma once
 
-#include <cstdint>
-
 class Baum;
 class clsModul;
 class clsProjekt;
 class clsProzedur;
-
-/// ForeColor of dead and undead objects, RGB(150, 150, 150), and of all others.
-inline constexpr std::int32_t kTextGrey = 150 | 150 << 8 | 150 << 16;
-inline constexpr std::int32_t kTextOrdinary = 0;
 
 /// All marks of the project.
 void Tote_Objekte_Markieren(const clsProjekt& projekt, Baum& tree);

@@ -24,11 +24,8 @@ void InitGlobals() {
     gText = {};
     gAbort = false;
     gAction.clear();
-    gSplitMode = "Content";
-    gContentMode = "Code";
-    Optionen_Defaults();
     gCondComps.clear();
-    CondComps_Win32_Win16();
+    CondComps_Win32_Win16(Settings().Win32);
     gCLSIDKeys.clear();
     ClearProblems();
     for (TimingRecord* record : {&gTimerGetTypAusName, &gTimerGetChild, &gTimerSetMayBeCalls, &gTimerGetObjektAusName,
@@ -36,12 +33,16 @@ void InitGlobals() {
         *record = {};
 }
 
-void StartProgram(const Files& files, SettingsFile& settings, Registry* registry, const std::string& programDirectory) {
+Settings StartProgram(const Files& files, SettingsFile& settings, Registry* registry,
+                      const std::string& programDirectory) {
     InitGlobals();
-    Optionen_Ini_Load(settings);
+    Settings options = Optionen_Ini_Load(settings);
+    gText.Language = options.Language;
+    SetActiveCodePage(CodePage(options.CodePage));
     gText.SetLanguage(files, programDirectory);
     if (!registry)
-        return;
+        return options;
     gCLSIDKeys = registry->SubKeys(RegistryRoot::ClassesRoot, "CLSID");
     Version_Record(*registry, ProgramVersion());
+    return options;
 }

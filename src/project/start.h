@@ -7,6 +7,7 @@
 class Files;
 class Registry;
 class SettingsFile;
+struct Settings;
 
 /// Names of all sub-keys of CLSID among the classes of the registry.
 extern std::vector<std::string> gCLSIDKeys;
@@ -21,4 +22,6 @@ void CloseProject();
 /// version record.
 /// @param programDirectory  ends with its separator
 /// @param registry          null leaves out the last two steps
-void StartProgram(const Files& files, SettingsFile& settings, Registry* registry, const std::string& programDirectory);
+/// @return the settings that were read
+Settings StartProgram(const Files& files, SettingsFile& settings, Registry* registry,
+                      const std::string& programDirectory);

@@ -4,20 +4,8 @@
 #include <cstdio>
 
 #include "platform/code_page.h"
-#include "shell/clsText.h"
 #include "shell/vb_text.h"
 
-std::string gOpenSaveDir;
-std::int16_t gOptWin32 = 1;
-std::int16_t gOptLoadLibs = 1;
-std::int16_t gOptProcVars = 1;
-std::string gOptCodePage = "auto";
-FontSetting gCodeFont{10, "Courier New"};
-FontSetting gTreeFont{8, "MS Sans Serif"};
-std::int32_t gColPublics, gColPrivates, gColCallLocal, gColCallIn, gColCallOut, gColCallMayBe, gColCondCompile,
-    gColComment, gColString;
-std::string gSplitMode = "Content";
-std::string gContentMode = "Code";
 std::string gIniFile;
 std::vector<std::pair<std::string, std::string>> gCondComps;
 
@@ -28,28 +16,25 @@ constexpr const char* kVisual = "VISUALIZATION";
 
 struct ColourKey {
     const char* key;
-    std::int32_t standard;
-    std::int32_t* colour;
+    std::int32_t Settings::*colour;
 };
 
-const ColourKey kColours[] = {
-    {"Col Publics", 255, &gColPublics},           {"Col Privates", 16744448, &gColPrivates},
-    {"Col CallLocal", 16744448, &gColCallLocal},  {"Col CallIn", 8421631, &gColCallIn},
-    {"Col CallOut", 255, &gColCallOut},           {"Col CallMayBe", 8388736, &gColCallMayBe},
-    {"Col CondCompile", 32896, &gColCondCompile}, {"Col Comment", 30720, &gColComment},
-    {"Col String", 9868950, &gColString},
+constexpr ColourKey kColours[] = {
+    {"Col Publics", &Settings::ColPublics},         {"Col Privates", &Settings::ColPrivates},
+    {"Col CallLocal", &Settings::ColCallLocal},     {"Col CallIn", &Settings::ColCallIn},
+    {"Col CallOut", &Settings::ColCallOut},         {"Col CallMayBe", &Settings::ColCallMayBe},
+    {"Col CondCompile", &Settings::ColCondCompile}, {"Col Comment", &Settings::ColComment},
+    {"Col String", &Settings::ColString},
 };
 
 struct FontKeys {
     const char *size, *name, *bold, *italic;
-    float standardSize;
-    const char* standardName;
-    FontSetting* font;
+    FontSetting Settings::*font;
 };
 
-const FontKeys kFonts[] = {
-    {"FontSize", "FontName", "FontBold", "FontItalic", 10, "Courier New", &gCodeFont},
-    {"TreeFontSize", "TreeFontName", "TreeFontBold", "TreeFontItalic", 8, "MS Sans Serif", &gTreeFont},
+constexpr FontKeys kFonts[] = {
+    {"FontSize", "FontName", "FontBold", "FontItalic", &Settings::CodeFont},
+    {"TreeFontSize", "TreeFontName", "TreeFontBold", "TreeFontItalic", &Settings::TreeFont},
 };
 
 struct SizeKey {
@@ -89,73 +74,65 @@ std::string NumberText(double number) {
 
 }  // namespace
 
-void Optionen_Defaults() {
-    gOpenSaveDir = "1";
-    gOptWin32 = gOptLoadLibs = gOptProcVars = 1;
-    gOptCodePage = "auto";
-    gText.Language = "english";
-    for (const FontKeys& keys : kFonts)
-        *keys.font = {keys.standardSize, keys.standardName};
-    for (const ColourKey& colour : kColours)
-        *colour.colour = colour.standard;
-}
-
-void Optionen_Ini_Load(SettingsFile& file) {
-    Optionen_Defaults();
-    gOpenSaveDir = file.ReadString(kGeneral, "OpenSaveDir", "1", 1024);
-    gOptWin32 = ReadSmall(file, "Win32", "1");
-    gOptLoadLibs = ReadSmall(file, "LoadLibs", "1");
-    gOptProcVars = ReadSmall(file, "ProcVarsInTreeView", "1");
-    gText.Language = file.ReadString(kGeneral, "Language", "english");
-    if (gText.Language != "german")
-        gText.Language = "english";
-    SetActiveCodePage(CodePage(file.ReadString(kGeneral, "CodePage", "auto")));
-    gOptCodePage = ActiveCodePage().Setting();
+Settings Optionen_Ini_Load(SettingsFile& file) {
+    Settings settings;
+    settings.OpenSaveDir = file.ReadString(kGeneral, "OpenSaveDir", "1", 1024);
+    settings.Win32 = ReadSmall(file, "Win32", "1");
+    settings.LoadLibs = ReadSmall(file, "LoadLibs", "1");
+    settings.ProcVars = ReadSmall(file, "ProcVarsInTreeView", "1");
+    if (file.ReadString(kGeneral, "Language", "english") == "german")
+        settings.Language = "german";
+    settings.CodePage = CodePage(file.ReadString(kGeneral, "CodePage", "auto")).Setting();
 
     for (const FontKeys& keys : kFonts) {
-        FontSetting& font = *keys.font;
-        font.size =
-            static_cast<float>(ReadNumber(file, kVisual, keys.size, NumberText(keys.standardSize), -1000, 1000));
+        FontSetting& font = settings.*keys.font;
+        const FontSetting standard = font;
+        font.size = static_cast<float>(
+            ReadNumber(file, kVisual, keys.size, NumberText(static_cast<double>(standard.size)), -1000, 1000));
         if (font.size == 0)
-            font.size = keys.standardSize;
-        font.name = file.ReadString(kVisual, keys.name, keys.standardName);
+            font.size = standard.size;
+        font.name = file.ReadString(kVisual, keys.name, standard.name);
         if (font.name.empty())
-            font.name = keys.standardName;
+            font.name = standard.name;
         font.bold = ReadNumber(file, kVisual, keys.bold, "0", -1e9, 1e9) != 0;
         font.italic = ReadNumber(file, kVisual, keys.italic, "0", -1e9, 1e9) != 0;
     }
-    for (const ColourKey& colour : kColours)
-        *colour.colour = static_cast<std::int32_t>(
-            ReadNumber(file, kVisual, colour.key, std::to_string(colour.standard), INT32_MIN, INT32_MAX));
-}
-
-void Optionen_Ini_Save(SettingsFile& file) {
-    file.WriteString(kGeneral, "win32", std::to_string(gOptWin32));
-    file.WriteString(kGeneral, "LoadLibs", std::to_string(gOptLoadLibs));
-    file.WriteString(kGeneral, "ProcVarsInTreeView", std::to_string(gOptProcVars));
-    file.WriteString(kGeneral, "Language", gText.Language);
-    file.WriteString(kGeneral, "CodePage", gOptCodePage);
-    for (const FontKeys& keys : kFonts) {
-        file.WriteString(kVisual, keys.size, NumberText(static_cast<double>(keys.font->size)));
-        file.WriteString(kVisual, keys.name, keys.font->name);
-        file.WriteString(kVisual, keys.bold, keys.font->bold ? "1" : "0");
-        file.WriteString(kVisual, keys.italic, keys.font->italic ? "1" : "0");
+    for (const ColourKey& key : kColours) {
+        std::int32_t& colour = settings.*key.colour;
+        colour =
+            static_cast<std::int32_t>(ReadNumber(file, kVisual, key.key, std::to_string(colour), INT32_MIN, INT32_MAX));
     }
-    for (const ColourKey& colour : kColours)
-        file.WriteString(kVisual, colour.key, std::to_string(*colour.colour));
+    return settings;
+}
+
+void Optionen_Ini_Save(SettingsFile& file, const Settings& settings) {
+    file.WriteString(kGeneral, "win32", std::to_string(settings.Win32));
+    file.WriteString(kGeneral, "LoadLibs", std::to_string(settings.LoadLibs));
+    file.WriteString(kGeneral, "ProcVarsInTreeView", std::to_string(settings.ProcVars));
+    file.WriteString(kGeneral, "Language", settings.Language);
+    file.WriteString(kGeneral, "CodePage", settings.CodePage);
+    for (const FontKeys& keys : kFonts) {
+        const FontSetting& font = settings.*keys.font;
+        file.WriteString(kVisual, keys.size, NumberText(static_cast<double>(font.size)));
+        file.WriteString(kVisual, keys.name, font.name);
+        file.WriteString(kVisual, keys.bold, font.bold ? "1" : "0");
+        file.WriteString(kVisual, keys.italic, font.italic ? "1" : "0");
+    }
+    for (const ColourKey& key : kColours)
+        file.WriteString(kVisual, key.key, std::to_string(settings.*key.colour));
     file.Save();
 }
 
-void Save_OpenDir(SettingsFile& file) {
-    file.WriteString(kGeneral, "OpenSaveDir", Trim(gOpenSaveDir));
+void Save_OpenDir(SettingsFile& file, const Settings& settings) {
+    file.WriteString(kGeneral, "OpenSaveDir", Trim(settings.OpenSaveDir));
     file.Save();
 }
 
-void CondComps_Win32_Win16() {
+void CondComps_Win32_Win16(std::int16_t win32) {
     if (gCondComps.size() < 3)
         gCondComps.resize(3);
-    gCondComps[1] = {"win32", gOptWin32 == 1 ? "-1" : "0"};
-    gCondComps[2] = {"win16", gOptWin32 == 1 ? "0" : "-1"};
+    gCondComps[1] = {"win32", win32 == 1 ? "-1" : "0"};
+    gCondComps[2] = {"win16", win32 == 1 ? "0" : "-1"};
 }
 
 WindowSize SizeSave_Read(SettingsFile& file) {

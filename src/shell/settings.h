@@ -1,4 +1,4 @@
-// The user's settings: globals while the program runs, one sectioned file in between.
+// The user's settings: a value while the program runs, one sectioned file in between.
 #pragma once
 
 #include <cstdint>
@@ -8,28 +8,47 @@
 
 #include "platform/settings_file.h"
 
-// Section "ALLGEMEIN"
-extern std::string gOpenSaveDir;  // directory of the last project opened
-extern std::int16_t gOptWin32;    // 1: the project is taken as compiled for 32 bits
-extern std::int16_t gOptLoadLibs;
-extern std::int16_t gOptProcVars;
-extern std::string gOptCodePage;  // "auto" or the number of a code page
-
-// Section "VISUALIZATION"; colours are 32-bit BGR values
 struct FontSetting {
-    float size;
+    float size = 0;
     std::string name;
     bool bold = false;
     bool italic = false;
     bool operator==(const FontSetting&) const = default;
 };
-extern FontSetting gCodeFont;
-extern FontSetting gTreeFont;
-extern std::int32_t gColPublics, gColPrivates, gColCallLocal, gColCallIn, gColCallOut, gColCallMayBe, gColCondCompile,
-    gColComment, gColString;
 
-/// Layout of the right side, "Content" or "Calls", and what the content area shows, "Code", "Graph" or "Chart".
-extern std::string gSplitMode, gContentMode;
+/// Layout of the window, and what its content area shows.
+enum class SplitMode : std::uint8_t { Content, Calls };
+enum class ContentMode : std::uint8_t { Code, Graph, Chart };
+
+/// What a person has set; made with the values that the program comes with.
+struct Settings {
+    // Section "ALLGEMEIN"
+    std::string OpenSaveDir = "1";  // directory of the last project opened
+    std::int16_t Win32 = 1;         // 1: the project is taken as compiled for 32 bits
+    std::int16_t LoadLibs = 1;
+    std::int16_t ProcVars = 1;         // locals stand in the project tree
+    std::string Language = "english";  // or "german"
+    std::string CodePage = "auto";     // or the number of a code page
+
+    // Section "VISUALIZATION"; colours are 32-bit BGR values
+    FontSetting CodeFont{10, "Courier New"};
+    FontSetting TreeFont{8, "MS Sans Serif"};
+    std::int32_t ColPublics = 255;
+    std::int32_t ColPrivates = 16744448;
+    std::int32_t ColCallLocal = 16744448;
+    std::int32_t ColCallIn = 8421631;
+    std::int32_t ColCallOut = 255;
+    std::int32_t ColCallMayBe = 8388736;
+    std::int32_t ColCondCompile = 32896;
+    std::int32_t ColComment = 30720;
+    std::int32_t ColString = 9868950;
+
+    // Not stored
+    SplitMode Split = SplitMode::Content;
+    ContentMode Content = ContentMode::Code;
+
+    bool operator==(const Settings&) const = default;
+};
 
 /// Path of the settings file.
 extern std::string gIniFile;
@@ -38,19 +57,16 @@ extern std::string gIniFile;
 /// rows 1 and 2 are win32 and win16.
 extern std::vector<std::pair<std::string, std::string>> gCondComps;
 
-/// All settings back to their defaults.
-void Optionen_Defaults();
-/// Reads all keys but the window's, makes the language known to gText and the code page the active one.
-/// A file that is absent gives the defaults.
-void Optionen_Ini_Load(SettingsFile& file);
+/// Reads all keys but the window's. A file that is absent gives the defaults.
+[[nodiscard]] Settings Optionen_Ini_Load(SettingsFile& file);
 /// Writes them. A write that fails isn't noticed.
-void Optionen_Ini_Save(SettingsFile& file);
+void Optionen_Ini_Save(SettingsFile& file, const Settings& settings);
 /// Writes the directory of the last project only.
-void Save_OpenDir(SettingsFile& file);
+void Save_OpenDir(SettingsFile& file, const Settings& settings);
 
-/// Rows 1 and 2 of gCondComps, as gOptWin32 has it: at the start from its default, and when the user changes the
-/// option. Reading the settings leaves them alone.
-void CondComps_Win32_Win16();
+/// Rows 1 and 2 of gCondComps: at the start from the default of Settings::Win32, and when the user changes it. Reading
+/// the settings leaves them alone.
+void CondComps_Win32_Win16(std::int16_t win32);
 
 /// Geometry of the main window and of its splitters in twips; an empty text is "not stored".
 struct WindowSize {

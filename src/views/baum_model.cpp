@@ -2,9 +2,8 @@
 
 #include <QMimeData>
 
-#include "display/tree_marks.h"
-#include "model/group_keys.h"
 #include "platform/code_page.h"
+#include "shell/settings.h"
 #include "views/code_style.h"
 #include "views/icons.h"
 #include "views/qt_text.h"
@@ -12,12 +11,13 @@
 namespace {
 
 bool IsDimmed(const BaumNode& node) {
-    return node.ForeColor() == kTextGrey;
+    return node.ForeColor() == NodeColour::Grey;
 }
 
 }  // namespace
 
-BaumModel::BaumModel(Baum& tree, QObject* parent) : QAbstractItemModel(parent), tree_(tree) {
+BaumModel::BaumModel(Baum& tree, const Settings& settings, QObject* parent)
+    : QAbstractItemModel(parent), tree_(tree), settings_(settings) {
     SetLooks(QFont(), QPalette());
     tree_.SetListener(this);
 }
@@ -148,12 +148,18 @@ const QIcon& BaumModel::IconOf(const BaumNode& node) const {
 }
 
 QVariant BaumModel::ColorOf(const BaumNode& node) const {
-    if (IsDimmed(node))
-        return dimmed_;
-    // Only groups have colours that a person has chosen, made readable; any other would not suit every palette.
-    return node.ForeColor() != kTextOrdinary && IsGroupKey(node.Key())
-               ? QBrush(Readable(ColourFromBgr(node.ForeColor()), ground_))
-               : QVariant();
+    // Colours that a person has chosen are made readable: they would not suit every palette.
+    switch (node.ForeColor()) {
+        case NodeColour::Ordinary:
+            return {};
+        case NodeColour::Grey:
+            return dimmed_;
+        case NodeColour::PublicGroup:
+            return QBrush(Readable(ColourFromBgr(settings_.ColPublics), ground_));
+        case NodeColour::PrivateGroup:
+            return QBrush(Readable(ColourFromBgr(settings_.ColPrivates), ground_));
+    }
+    return {};
 }
 
 void BaumModel::BeginReset() {

@@ -13,6 +13,8 @@
 
 #include "display/baum.h"
 
+struct Settings;
+
 /// Drag and drop between the trees and onto the diagram: the key of the node, UTF-8.
 inline constexpr char kKeyMimeType[] = "application/x-ostrivane-key";
 
@@ -25,8 +27,8 @@ public:
         DimmedRole,  // true for dead and undead objects
     };
 
-    /// `tree` must outlive the model, which listens to it.
-    explicit BaumModel(Baum& tree, QObject* parent = nullptr);
+    /// Both must outlive the model, which listens to the tree.
+    BaumModel(Baum& tree, const Settings& settings, QObject* parent = nullptr);
     ~BaumModel() override;
 
     [[nodiscard]] Baum& Tree() const { return tree_; }
@@ -87,6 +89,7 @@ private:
     [[nodiscard]] QVariant ColorOf(const BaumNode& node) const;
 
     Baum& tree_;
+    const Settings& settings_;
     bool hidden_ = false;
     bool checkBoxes_ = false;
     std::function<QString(const BaumNode&)> toolTips_;

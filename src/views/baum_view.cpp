@@ -65,7 +65,8 @@ bool HasCodePath(const BaumNode& node) {
 
 }  // namespace
 
-BaumView::BaumView(Baum& tree, QWidget* parent) : QTreeView(parent), model_(new BaumModel(tree, this)) {
+BaumView::BaumView(Baum& tree, const Settings& settings, QWidget* parent)
+    : QTreeView(parent), settings_(settings), model_(new BaumModel(tree, settings, this)) {
     setHeaderHidden(true);
     setUniformRowHeights(true);
     setTextElideMode(Qt::ElideMiddle);
@@ -136,13 +137,13 @@ void BaumView::SetAcceptsKeys(bool accepts) {
 }
 
 void BaumView::ApplyTreeFont() {
-    const QString family = ToQString(gTreeFont.name);
+    const QString family = ToQString(settings_.TreeFont.name);
     QFont font = QApplication::font("QTreeView");
     if (QFontDatabase::hasFamily(family)) {
         font = QFont(family);
-        font.setPointSizeF(gTreeFont.size);
-        font.setBold(gTreeFont.bold);
-        font.setItalic(gTreeFont.italic);
+        font.setPointSizeF(settings_.TreeFont.size);
+        font.setBold(settings_.TreeFont.bold);
+        font.setItalic(settings_.TreeFont.italic);
     }
     setFont(font);
     UpdateLooks();

@@ -9,12 +9,14 @@
 #include "shell/text_numbers.h"
 #include "views/baum_model.h"
 
+struct Settings;
+
 class BaumView : public QTreeView {
     Q_OBJECT
 
 public:
-    /// `tree` must outlive the view.
-    explicit BaumView(Baum& tree, QWidget* parent = nullptr);
+    /// Both must outlive the view.
+    BaumView(Baum& tree, const Settings& settings, QWidget* parent = nullptr);
 
     [[nodiscard]] Baum& Tree() const { return model_->Tree(); }
     [[nodiscard]] BaumModel& Model() const { return *model_; }
@@ -81,6 +83,7 @@ private:
     void TakeKeysOnly(QDropEvent& event) const;
     [[nodiscard]] QPixmap DragPicture(const QModelIndex& index) const;
 
+    const Settings& settings_;
     BaumModel* model_;
     Text name_ = Text::None;
     Text empty_ = Text::None;

@@ -54,11 +54,11 @@ QColor CodeGround(const QPalette& palette, bool onGrey) {
     return onGrey ? Mixed(base, palette.color(QPalette::Text), 0.0588) : base;
 }
 
-QTextCharFormat StyleOf(Colour what, const QColor& ground) {
+QTextCharFormat StyleOf(Colour what, const QColor& ground, const Settings& settings) {
     QTextCharFormat style;
     if (what == Colour::None)
         return style;
-    style.setForeground(Readable(ColourFromBgr(ColourOf(what)), ground));
+    style.setForeground(Readable(ColourFromBgr(ColourOf(what, settings)), ground));
     if (what == Colour::CallMayBe)
         style.setUnderlineStyle(QTextCharFormat::DotLine);
     if (what == Colour::FunctionResult)
@@ -68,10 +68,12 @@ QTextCharFormat StyleOf(Colour what, const QColor& ground) {
     return style;
 }
 
-QTextCharFormat PlaceStyle(Colour what, const QPalette& palette, const QColor& ground, bool isCurrent) {
-    const QColor wanted = what == Colour::None ? palette.color(QPalette::Highlight) : ColourFromBgr(ColourOf(what));
+QTextCharFormat PlaceStyle(Colour what, const QPalette& palette, const QColor& ground, bool isCurrent,
+                           const Settings& settings) {
+    const QColor wanted =
+        what == Colour::None ? palette.color(QPalette::Highlight) : ColourFromBgr(ColourOf(what, settings));
     const QColor marked = Mixed(ground, wanted, isCurrent ? 0.45 : 0.2);
-    QTextCharFormat style = StyleOf(what, marked);
+    QTextCharFormat style = StyleOf(what, marked, settings);
     style.setBackground(marked);
     style.setForeground(Readable(isCurrent ? palette.color(QPalette::Text) : wanted, marked));
     return style;

@@ -23,9 +23,10 @@
 [[nodiscard]] QColor CodeGround(const QPalette& palette, bool onGrey);
 
 /// Style of a meaning: possible calls have a dotted underline, results of functions are bold, inactive code is italic.
-[[nodiscard]] QTextCharFormat StyleOf(Colour what, const QColor& ground);
+[[nodiscard]] QTextCharFormat StyleOf(Colour what, const QColor& ground, const Settings& settings);
 /// Style of a marked place of a call; that of the place stepped to is stronger.
-[[nodiscard]] QTextCharFormat PlaceStyle(Colour what, const QPalette& palette, const QColor& ground, bool isCurrent);
+[[nodiscard]] QTextCharFormat PlaceStyle(Colour what, const QPalette& palette, const QColor& ground, bool isCurrent,
+                                         const Settings& settings);
 
 /// A font of the settings; where the system lacks its family it is `fallback` in the size set.
 [[nodiscard]] QFont FontFromSetting(const FontSetting& setting, const QFont& fallback);

@@ -40,7 +40,8 @@ private:
     CodeView& view_;
 };
 
-CodeView::CodeView(QWidget* parent) : QPlainTextEdit(parent), gutter_(new Gutter(*this)) {
+CodeView::CodeView(const Settings& settings, QWidget* parent)
+    : QPlainTextEdit(parent), settings_(settings), gutter_(new Gutter(*this)) {
     setObjectName(QStringLiteral("rtbCode"));
     setReadOnly(true);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
@@ -91,7 +92,7 @@ void CodeView::ApplySpans() {
     const QColor ground = Ground();
     std::array<QTextCharFormat, kMeanings> styles;
     for (std::size_t what = 0; what < kMeanings; ++what)
-        styles[what] = StyleOf(static_cast<Colour>(what), ground);
+        styles[what] = StyleOf(static_cast<Colour>(what), ground, settings_);
     auto span = spans_.begin();
     QList<QTextLayout::FormatRange> formats;
     for (QTextBlock line = document()->firstBlock(); line.isValid(); line = line.next()) {
@@ -127,7 +128,7 @@ void CodeView::ApplyGround() {
 }
 
 void CodeView::ApplyFont() {
-    FontSetting setting = gCodeFont;
+    FontSetting setting = settings_.CodeFont;
     setting.size = std::max(std::abs(setting.size) + static_cast<float>(zoom_), 4.0F);
     setFont(FontFromSetting(setting, QFontDatabase::systemFont(QFontDatabase::FixedFont)));
     setTabStopDistance(kTabColumns * QFontMetricsF(font()).horizontalAdvance(QLatin1Char(' ')));
@@ -142,7 +143,7 @@ void CodeView::ApplySettings() {
 }
 
 void CodeView::SetZoom(int zoom) {
-    const int smallest = 4 - static_cast<int>(std::abs(gCodeFont.size));
+    const int smallest = 4 - static_cast<int>(std::abs(settings_.CodeFont.size));
     zoom_ = std::clamp(zoom, std::min(smallest, 0), 60);
     ApplyFont();
 }
@@ -198,7 +199,7 @@ void CodeView::ApplyPlaces() {
         QTextCursor cursor(document());
         cursor.setPosition(text_.ToUtf16(place.start));
         cursor.setPosition(text_.ToUtf16(place.start + place.length), QTextCursor::KeepAnchor);
-        marks.append({cursor, PlaceStyle(place.what, palette(), Ground(), ++nr == currentPlace_)});
+        marks.append({cursor, PlaceStyle(place.what, palette(), Ground(), ++nr == currentPlace_, settings_)});
     }
     setExtraSelections(marks);
 }

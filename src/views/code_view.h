@@ -11,11 +11,14 @@
 #include "display/code_colours.h"
 #include "views/decoded_text.h"
 
+struct Settings;
+
 class CodeView final : public QPlainTextEdit {
     Q_OBJECT
 
 public:
-    explicit CodeView(QWidget* parent = nullptr);
+    /// `settings` must outlive the view.
+    explicit CodeView(const Settings& settings, QWidget* parent = nullptr);
 
     /// Shows a text from its top, with nothing selected and no place marked.
     void Show(const CodeText& code);
@@ -79,6 +82,7 @@ private:
     [[nodiscard]] Pos ByteAt(QPoint point) const;
     [[nodiscard]] QColor Ground() const;
 
+    const Settings& settings_;
     DecodedText text_;
     std::vector<CodeSpan> spans_;
     std::vector<CodeSpan> places_;

@@ -71,16 +71,17 @@ QAction* Separator(QMenu* menu) {
 
 }  // namespace
 
-frmMain::frmMain(Files& files, SettingsFile& settings, std::string programDirectory)
+frmMain::frmMain(Files& files, SettingsFile& file, Settings settings, std::string programDirectory)
     : files_(files),
-      settings_(settings),
+      file_(file),
+      settings_(std::move(settings)),
       programDirectory_(std::move(programDirectory)),
       commands_(new Commands(this)),
       progress_(new frmProgress(this)),
       error_(new frmError(this)),
       about_(new frmAbout(this)),
       keys_(new frmKeys(this)),
-      options_(new frmOptionen(files, settings, programDirectory_, this)),
+      options_(new frmOptionen(files, file, settings_, programDirectory_, this)),
       problems_(new ProblemsList(this)),
       missingFiles_(std::make_unique<MissingFileQuestion>(this)) {
     setMinimumSize(kSmallestWindow);
@@ -117,12 +118,12 @@ BaumView& frmMain::BaumProjekt() const {
 void frmMain::BuildPanes() {
     pages_ = new QStackedWidget(this);
     start_ = new StartPage(pages_);
-    project_ = new ProjectPane(tree_, *commands_, this);
-    calledByPane_ = new DependencyPane(calledBy_, *commands_, "CalledByReally", "CalledByMaybe", this);
-    callsPane_ = new DependencyPane(calls_, *commands_, "CallsReally", "CallsMaybe", this);
-    rtbCode_ = new CodeView(this);
+    project_ = new ProjectPane(tree_, settings_, *commands_, this);
+    calledByPane_ = new DependencyPane(calledBy_, settings_, *commands_, "CalledByReally", "CalledByMaybe", this);
+    callsPane_ = new DependencyPane(calls_, settings_, *commands_, "CallsReally", "CallsMaybe", this);
+    rtbCode_ = new CodeView(settings_, this);
     rtbCodePath_ = new PathLine(this);
-    lower_ = new LowerPane(dll_, this);
+    lower_ = new LowerPane(dll_, settings_, this);
     properties_ = &lower_->Properties();
     panes_ = new MainPanes({rtbCodePath_, project_, lower_, calledByPane_, callsPane_, rtbCode_}, pages_);
     pages_->addWidget(start_);
@@ -270,8 +271,7 @@ void frmMain::WireViews() {
         (*commands_)["SplitY"].setChecked(!panes_->picSplitY().Folded());
     });
     connect(mnuRecent_, &QMenu::aboutToShow, this, &frmMain::FillRecentMenu);
-    connect(mnuDatei_, &QMenu::aboutToShow, this,
-            [this] { mnuRecent_->setEnabled(!RecentProjects(settings_).empty()); });
+    connect(mnuDatei_, &QMenu::aboutToShow, this, [this] { mnuRecent_->setEnabled(!RecentProjects(file_).empty()); });
     connect(options_, &frmOptionen::LanguageChanged, this, &frmMain::frmMainTexte);
     connect(options_, &frmOptionen::Applied, this, &frmMain::OptionsApplied);
     connect(options_, &frmOptionen::ReportStructure, this, [this] { WriteReports("AnalyseErgebnisStructure"); });
@@ -388,7 +388,7 @@ void frmMain::AssignMenuMnemonics() {
 void frmMain::FillRecentMenu() {
     mnuRecent_->clear();
     int nr = 0;
-    for (const std::string& stored : RecentProjects(settings_)) {
+    for (const std::string& stored : RecentProjects(file_)) {
         const QFileInfo file(ToPath(stored));
         QString text = file.fileName() + QStringLiteral("  \u2013  ") +
                        fontMetrics().elidedText(file.path(), Qt::ElideMiddle, 60 * fontMetrics().averageCharWidth());
@@ -459,7 +459,7 @@ void frmMain::OptionsApplied() {
     code_.Forget();
     if (!gProjekt)
         return;
-    if (localsShown_ != (gOptProcVars != 0))
+    if (localsShown_ != (settings_.ProcVars != 0))
         RefillTree();
     // The groups of the dependency trees have colours of the settings, and so has the code.
     last_ = {};
@@ -471,7 +471,7 @@ void frmMain::OptionsApplied() {
 
 void frmMain::ShowStartPage() {
     std::vector<StartPage::Recent> recent;
-    for (const std::string& path : RecentProjects(settings_))
+    for (const std::string& path : RecentProjects(file_))
         recent.push_back({path, files_.FileExists(path)});
     start_->ShowRecent(recent);
     pages_->setCurrentWidget(gProjekt ? static_cast<QWidget*>(panes_) : start_);
@@ -479,7 +479,7 @@ void frmMain::ShowStartPage() {
 
 // By what is stored; the window always comes up where a screen is.
 void frmMain::SizeSaveRead() {
-    const WindowSize size = SizeSave_Read(settings_);
+    const WindowSize size = SizeSave_Read(file_);
     resize(kDesignSize);
     if (!size.Width.empty() && !size.Height.empty())
         resize(ToPixels(LeadingNumber(size.Width)), ToPixels(LeadingNumber(size.Height)));
@@ -504,7 +504,7 @@ void frmMain::SizeSaveWrite() {
     size.Width = TwipsText(width());
     size.Height = TwipsText(height());
     panes_->Store(size);
-    SizeSave_Write(settings_, size);
+    SizeSave_Write(file_, size);
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
@@ -563,11 +563,9 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmMain::ShowArrangement() {
-    if (gSplitMode != "Calls")
-        gSplitMode = "Content";
-    panes_->Arrange();
-    (*commands_)["SplitForContent"].setChecked(gSplitMode == "Content");
-    (*commands_)["SplitForCalls"].setChecked(gSplitMode == "Calls");
+    panes_->Arrange(settings_.Split);
+    (*commands_)["SplitForContent"].setChecked(settings_.Split == SplitMode::Content);
+    (*commands_)["SplitForCalls"].setChecked(settings_.Split == SplitMode::Calls);
     // The tree has another height now, and what is chosen in it may be out of sight.
     QMetaObject::invokeMethod(
         this,
@@ -579,12 +577,12 @@ void frmMain::ShowArrangement() {
 }
 
 void frmMain::Split_For_Content() {
-    gSplitMode = "Content";
+    settings_.Split = SplitMode::Content;
     ShowArrangement();
 }
 
 void frmMain::Split_For_Calls() {
-    gSplitMode = "Calls";
+    settings_.Split = SplitMode::Calls;
     ShowArrangement();
     Show_Dependencies();
 }

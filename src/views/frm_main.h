@@ -42,9 +42,9 @@ class frmMain final : public QMainWindow {
     Q_OBJECT
 
 public:
-    /// `files` and `settings` must outlive the window. The program-wide state must have been started.
+    /// `files` and `file` must outlive the window. The program-wide state must have been started.
     /// @param programDirectory  where the language files lie; ends with its separator
-    frmMain(Files& files, SettingsFile& settings, std::string programDirectory);
+    frmMain(Files& files, SettingsFile& file, Settings settings, std::string programDirectory);
     ~frmMain() override;
 
     /// A command by its number; without a project only 0 and 1 do anything.
@@ -80,6 +80,7 @@ public:
     [[nodiscard]] Baum& Tree() { return tree_; }
     [[nodiscard]] Baum& CallsTree() { return calls_; }
     [[nodiscard]] Baum& CalledByTree() { return calledBy_; }
+    [[nodiscard]] Settings& TheSettings() { return settings_; }
     [[nodiscard]] const Selection& Current() const { return selection_; }
 
     // Whether the trees show possible calls.
@@ -155,7 +156,8 @@ private:
     [[nodiscard]] QString CodeHoverText(Pos position) const;
 
     Files& files_;
-    SettingsFile& settings_;
+    SettingsFile& file_;
+    Settings settings_;
     std::string programDirectory_;
 
     Baum tree_, calledBy_, calls_, dll_;

@@ -109,7 +109,7 @@ void frmMain::MainActions(int nr) {
             Files_Check();
             break;
         case 13:
-            gContentMode = "Code";
+            settings_.Content = ContentMode::Code;
             break;
         default:
             break;
@@ -124,8 +124,8 @@ void frmMain::Projekt_Oeffnen() {
     // Both spellings: checkouts of old projects have suffixes in capitals.
     dialog.setNameFilter(TextNr(Text::VbProjects) + QStringLiteral(" (*.vbp *.VBP *.Vbp)"));
     dialog.setDefaultSuffix(QStringLiteral("vbp"));
-    if (gOpenSaveDir.size() > 1)
-        dialog.setDirectory(ToPath(gOpenSaveDir));
+    if (settings_.OpenSaveDir.size() > 1)
+        dialog.setDirectory(ToPath(settings_.OpenSaveDir));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return;
     OpenProject(FromPath(dialog.selectedFiles().front()));
@@ -144,19 +144,19 @@ void frmMain::OpenProject(const std::string& path) {
     ClearProblems();
     error_->ForgetIgnored();
     missingFiles_->Forget();
-    SetActiveCodePage(CodePage(gOptCodePage));
+    SetActiveCodePage(CodePage(settings_.CodePage));
     gAbort = false;
     gProjekt = std::make_unique<clsProjekt>(files_);
     gProjekt->FullPath = path;
-    gOpenSaveDir = QFileInfo(ToPath(path)).absolutePath().toStdString();
-    Save_OpenDir(settings_);
+    settings_.OpenSaveDir = QFileInfo(ToPath(path)).absolutePath().toStdString();
+    Save_OpenDir(file_, settings_);
     LoadProject();
     if (gAbort) {
         CloseTheProject();
         Message(TextNr(Text::LoadingCancelled));
         return;
     }
-    AddRecentProject(settings_, QFileInfo(ToPath(path)).absoluteFilePath().toStdString());
+    AddRecentProject(file_, QFileInfo(ToPath(path)).absoluteFilePath().toStdString());
     ShowLoadedProject();
     Message(TextNr(Text::ModulesRead, NumberText(gProjekt->CountAllModules())));
 }
@@ -293,11 +293,11 @@ void frmMain::RefillTree() {
 }
 
 void frmMain::FillTree() {
-    localsShown_ = gOptProcVars != 0;
+    localsShown_ = settings_.ProcVars != 0;
     progress_->SetCancelVisible(false);
     progress_->Run("ProjektStruktur_Anzeigen", [this] {
         gProgress().Label(gText.TextNr(Text::BuildingTree));
-        ProjektStruktur_Anzeigen(*gProjekt, tree_);
+        ProjektStruktur_Anzeigen(*gProjekt, tree_, localsShown_);
     });
 }
 
@@ -409,11 +409,11 @@ void frmMain::Activate_Commands() {
 // What can be checked shows the state at hand, also after a command that changed nothing.
 void frmMain::Activate_Checked() {
     Commands& command = *commands_;
-    command["ContentCode"].setChecked(gContentMode == "Code");
-    command["ContentGraph"].setChecked(gContentMode == "Graph");
-    command["ContentChart"].setChecked(gContentMode == "Chart");
-    command["SplitForContent"].setChecked(gSplitMode == "Content");
-    command["SplitForCalls"].setChecked(gSplitMode == "Calls");
+    command["ContentCode"].setChecked(settings_.Content == ContentMode::Code);
+    command["ContentGraph"].setChecked(settings_.Content == ContentMode::Graph);
+    command["ContentChart"].setChecked(settings_.Content == ContentMode::Chart);
+    command["SplitForContent"].setChecked(settings_.Split == SplitMode::Content);
+    command["SplitForCalls"].setChecked(settings_.Split == SplitMode::Calls);
 }
 
 // The tip of a command that can't be given says why.

@@ -211,7 +211,7 @@ void frmMain::BaumProjekt_NodeChecked(const std::string& key, bool) {
     BaumNode* node = tree_.Item(key);
     if (!node || !gProjekt)
         return;
-    const CheckAnswer answer = NodeCheck(*gProjekt, tree_, *node);
+    const CheckAnswer answer = NodeCheck(*gProjekt, tree_, *node, settings_.Content);
     if (answer.current) {
         Set_GlobalObjects_fromNode(selection_, key);
         rtbCodePath_->Show(CodePath_Anzeigen(selection_), IconFor(node->Image()));

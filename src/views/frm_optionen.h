@@ -2,26 +2,27 @@
 #pragma once
 
 #include <QDialog>
-#include <array>
 #include <string>
 
-#include "display/option_values.h"
+#include "shell/settings.h"
 
-class QCheckBox;
-class QComboBox;
-class QGroupBox;
-class QLabel;
+class Files;
+class GeneralPage;
 class QPushButton;
-class QRadioButton;
 class QTabWidget;
-class QToolButton;
+class ReportsPage;
+class SettingsFile;
+class VisualPage;
 
 class frmOptionen final : public QDialog {
     Q_OBJECT
 public:
-    /// All three must outlive the window. `settings` is the one that the whole program writes with.
+    /// The first three must outlive the window.
+    /// @param file              the one that the whole program writes with
+    /// @param settings          those in force
     /// @param programDirectory  where the language files lie; ends with its separator
-    frmOptionen(Files& files, SettingsFile& settings, std::string programDirectory, QWidget* parent = nullptr);
+    frmOptionen(Files& files, SettingsFile& file, Settings& settings, std::string programDirectory,
+                QWidget* parent = nullptr);
 
     /// Puts the texts of the language on.
     void Texte();
@@ -42,42 +43,18 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    struct FontRow {
-        QLabel* title;
-        QLabel* sample;
-        QPushButton* choose;
-        FontSetting OptionValues::*font;
-    };
-
-    [[nodiscard]] QWidget* GeneralPage();
-    [[nodiscard]] QWidget* VisualPage();
-    [[nodiscard]] QWidget* ReportsPage();
-    void FillCodePages();
     void ShowValues();
-    void TakeValues();
-    void ShowColour(std::size_t nr);
-    void ShowFont(const FontRow& row);
-    void ChooseColour(std::size_t nr);
-    void ChooseFont(const FontRow& row);
+    void ShowWhetherChanged();
     void Apply();
 
     Files& files_;
-    SettingsFile& settings_;
+    SettingsFile& file_;
+    Settings& settings_;
     std::string programDirectory_;
-    OptionValues values_;
-    bool showing_ = false;
-
+    Settings values_;
     QTabWidget* tabs_;
-    QGroupBox *languageFrame_, *win32Frame_, *readFrame_, *colourFrame_, *fontFrame_, *reportFrame_;
-    std::array<QRadioButton*, 2> optLanguage_, optWin32_;
-    QCheckBox *loadLibs_, *procVars_;
-    QLabel* codePageLabel_;
-    QComboBox* codePage_;
-    QLabel* note_;
-    std::array<QToolButton*, OptionValues::Further> colours_;
-    std::array<QLabel*, OptionValues::Further> colourLabels_;
-    std::array<FontRow, 2> fonts_;
-    std::array<QPushButton*, 3> reports_;
-    QLabel* reportResult_;
+    GeneralPage* general_;
+    VisualPage* visual_;
+    ReportsPage* reports_;
     QPushButton *cmdDefaults_, *cmdOK_, *cmdCancel_, *cmdApply_;
 };

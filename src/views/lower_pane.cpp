@@ -6,8 +6,8 @@
 #include "views/properties_grid.h"
 #include "views/qt_text.h"
 
-LowerPane::LowerPane(Baum& collected, QWidget* parent)
-    : QTabWidget(parent), properties_(new PropertiesGrid(this)), collected_(new BaumView(collected, this)) {
+LowerPane::LowerPane(Baum& collected, const Settings& settings, QWidget* parent)
+    : QTabWidget(parent), properties_(new PropertiesGrid(this)), collected_(new BaumView(collected, settings, this)) {
     setDocumentMode(true);
     properties_->HideHeading();  // its tab says the same
     collected_->SetAcceptsKeys(true);

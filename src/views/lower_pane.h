@@ -6,13 +6,14 @@
 class Baum;
 class BaumView;
 class PropertiesGrid;
+struct Settings;
 
 class LowerPane final : public QTabWidget {
     Q_OBJECT
 
 public:
     /// @param collected  the tree that takes what is dropped
-    explicit LowerPane(Baum& collected, QWidget* parent = nullptr);
+    LowerPane(Baum& collected, const Settings& settings, QWidget* parent = nullptr);
     [[nodiscard]] PropertiesGrid& Properties() const { return *properties_; }
     [[nodiscard]] BaumView& BaumDLL() const { return *collected_; }
     void Texte();

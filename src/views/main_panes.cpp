@@ -66,10 +66,11 @@ FoldSplitter& MainPanes::picSplitY() const {
     return IsCalls() ? *callsY_ : *contentY_;
 }
 
-void MainPanes::Arrange() {
-    const bool calls = IsCalls();
+void MainPanes::Arrange(SplitMode mode) {
     if (placed_)
         Store(stored_);
+    mode_ = mode;
+    const bool calls = IsCalls();
     for (FoldSplitter* splitter : {contentX_, contentY_, callsX_, callsY_})
         splitter->hide();
     auto* column = static_cast<QVBoxLayout*>(contentColumn_->layout());

@@ -28,8 +28,7 @@ public:
     /// Takes the panes over.
     explicit MainPanes(const Panes& panes, QWidget* parent = nullptr);
 
-    /// Puts the panes into the arrangement that gSplitMode names.
-    void Arrange();
+    void Arrange(SplitMode mode);
 
     /// The bars of the arrangement at hand: sideways, and up and down.
     [[nodiscard]] FoldSplitter& picSplitX() const;
@@ -47,7 +46,7 @@ protected:
     void showEvent(QShowEvent* event) override;
 
 private:
-    [[nodiscard]] bool IsCalls() const { return gSplitMode == "Calls"; }
+    [[nodiscard]] bool IsCalls() const { return mode_ == SplitMode::Calls; }
     void PlaceAll();
     void OrderTabs();
 
@@ -58,5 +57,6 @@ private:
     QWidget* contentColumn_;    // path line and content
     QVBoxLayout* outer_;
     WindowSize stored_;
+    SplitMode mode_ = SplitMode::Content;
     bool placed_ = false;
 };

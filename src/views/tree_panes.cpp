@@ -34,8 +34,11 @@ QVBoxLayout* Column(QWidget* pane) {
 
 }  // namespace
 
-ProjectPane::ProjectPane(Baum& tree, Commands& commands, QWidget* parent)
-    : QWidget(parent), search_(new SearchBar(this)), ToolbarPrTrw(SmallToolbar(this)), tree_(new BaumView(tree, this)) {
+ProjectPane::ProjectPane(Baum& tree, const Settings& settings, Commands& commands, QWidget* parent)
+    : QWidget(parent),
+      search_(new SearchBar(this)),
+      ToolbarPrTrw(SmallToolbar(this)),
+      tree_(new BaumView(tree, settings, this)) {
     for (const char* key : {"CheckBoxOn", "CheckBoxAll", "CheckBoxNone", "CollapseAll"})
         ToolbarPrTrw->addAction(&commands[key]);
     auto* top = new QHBoxLayout;
@@ -55,9 +58,12 @@ void ProjectPane::Texte() {
     ToolbarPrTrw->setAccessibleName(TextNr(Text::ProjectTree));
 }
 
-DependencyPane::DependencyPane(Baum& tree, Commands& commands, std::string_view really, std::string_view mayBe,
-                               QWidget* parent)
-    : QWidget(parent), caption_(new QLabel(this)), toolbar_(SmallToolbar(this)), tree_(new BaumView(tree, this)) {
+DependencyPane::DependencyPane(Baum& tree, const Settings& settings, Commands& commands, std::string_view really,
+                               std::string_view mayBe, QWidget* parent)
+    : QWidget(parent),
+      caption_(new QLabel(this)),
+      toolbar_(SmallToolbar(this)),
+      tree_(new BaumView(tree, settings, this)) {
     toolbar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     toolbar_->addAction(&commands[really]);
     toolbar_->addAction(&commands[mayBe]);

@@ -12,12 +12,13 @@ class Commands;
 class QLabel;
 class QToolBar;
 class SearchBar;
+struct Settings;
 
 class ProjectPane final : public QWidget {
     Q_OBJECT
 
 public:
-    ProjectPane(Baum& tree, Commands& commands, QWidget* parent = nullptr);
+    ProjectPane(Baum& tree, const Settings& settings, Commands& commands, QWidget* parent = nullptr);
     [[nodiscard]] BaumView& Tree() const { return *tree_; }
     [[nodiscard]] SearchBar& Search() const { return *search_; }
     void Texte();
@@ -33,8 +34,8 @@ class DependencyPane final : public QWidget {
 
 public:
     /// @param really, mayBe  keys of the two commands that choose what the tree shows
-    DependencyPane(Baum& tree, Commands& commands, std::string_view really, std::string_view mayBe,
-                   QWidget* parent = nullptr);
+    DependencyPane(Baum& tree, const Settings& settings, Commands& commands, std::string_view really,
+                   std::string_view mayBe, QWidget* parent = nullptr);
     [[nodiscard]] BaumView& Tree() const { return *tree_; }
     /// The caption, in the colour of what is shown.
     void ShowCaption(const QString& text, bool mayBe);

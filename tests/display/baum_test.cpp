@@ -121,7 +121,7 @@ TEST_F(BaumTest, AFillingIsOneResetOrOneChangeOfLooks) {
     {
         const Baum::Filling filling(tree);
         tree.SetBold(*root, true);
-        tree.SetForeColor(*root, 7);
+        tree.SetForeColor(*root, NodeColour::Grey);
     }
     EXPECT_THAT(std::exchange(recorder.told, {}), ElementsAre("many"));
     {

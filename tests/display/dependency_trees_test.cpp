@@ -108,8 +108,6 @@ TEST_F(DependencyTrees, EveryClassOfObjectShowsItsNeighbours) {
 }
 
 TEST_F(DependencyTrees, LayoutIsThatOfTheProjectTree) {
-    gColPrivates = 0x112233;
-    gColPublics = 0x445566;
     Baum callers;
     Show_Dependencies_AllCalledBy(*gProjekt, &Object("mmain.help"), callers, false, true);
     EXPECT_EQ(DumpBaum(callers), R"(MODULE [OrdnerZu] bold
@@ -119,11 +117,11 @@ TEST_F(DependencyTrees, LayoutIsThatOfTheProjectTree) {
       Main() [procedure]
 )");
     EXPECT_TRUE(callers.Item("mmain")->Expanded()) << "modules are opened for a procedure";
-    EXPECT_EQ(callers.Item("mmain.public_sub[]")->ForeColor(), 0x445566);
+    EXPECT_EQ(callers.Item("mmain.public_sub[]")->ForeColor(), NodeColour::PublicGroup);
     Show_Dependencies_AllCalledBy(*gProjekt, &Object("mmain"), callers, false, true);
     EXPECT_FALSE(callers.Item("frmx")->Expanded()) << "and folded for a module";
     EXPECT_TRUE(callers.Item("form")->Expanded());
-    EXPECT_EQ(callers.Item("frmx.private_sub[]")->ForeColor(), 0x112233);
+    EXPECT_EQ(callers.Item("frmx.private_sub[]")->ForeColor(), NodeColour::PrivateGroup);
 
     Baum tree;
     for (const char* path : {"mmain.help.own", "mmain.kind.kb", "cbox.rate [let]", "frmx.tick"})

@@ -19,14 +19,14 @@ protected:
                      {"A.bas", source},
                      {"B.bas", source},
                      {"C.cls", source}});
-        ProjektStruktur_Anzeigen(*gProjekt, tree);
+        ProjektStruktur_Anzeigen(*gProjekt, tree, true);
     }
     ~TreeChecks() override { CheckedObjects_Reset(); }
 
     CheckAnswer Click(std::string_view key) {
         BaumNode& node = *tree.Item(key);
         tree.SetChecked(node, !node.Checked());
-        return NodeCheck(*gProjekt, tree, node);
+        return NodeCheck(*gProjekt, tree, node, content);
     }
     // Keys of the checked nodes in the order of the tree, and behind the line the checked objects.
     std::string Checked() const {
@@ -37,6 +37,7 @@ protected:
         return keys;
     }
     Baum tree;
+    ContentMode content = ContentMode::Code;
 };
 
 }  // namespace
@@ -69,11 +70,11 @@ TEST_F(TreeChecks, AnObjectIsFiledAndItsParentsFollowItsSiblings) {
 }
 
 TEST_F(TreeChecks, WithTheChartsShowingNothingIsFiled) {
-    gContentMode = "Chart";
+    content = ContentMode::Chart;
     const CheckAnswer answer = Click("a");
     EXPECT_EQ(answer.effect, CheckEffect::ShowChart);
     EXPECT_EQ(Checked(), "a |");
-    gContentMode = "Code";
+    content = ContentMode::Code;
     EXPECT_EQ(Click("a").effect, CheckEffect::ShowGroup);
 }
 

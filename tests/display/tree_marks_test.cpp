@@ -2,7 +2,6 @@
 
 #include "display/baum.h"
 #include "display/project_tree.h"
-#include "shell/settings.h"
 #include "support/baum_dump.h"
 #include "support/golden.h"
 #include "support/project_test.h"
@@ -18,7 +17,7 @@ protected:
     // "image grey" of the node under each key.
     std::string Look(std::string_view key) const {
         const BaumNode* node = tree.Item(key);
-        return node ? std::string(node->Image()) + (node->ForeColor() == kTextGrey ? " grey" : "") : "no node";
+        return node ? std::string(node->Image()) + (node->ForeColor() == NodeColour::Grey ? " grey" : "") : "no node";
     }
     Baum tree;
 };
@@ -27,7 +26,7 @@ protected:
 
 TEST_F(TreeMarks, DeadHaveTheirImageAndUndeadAreGreyAlone) {
     ReadModule("Private Const kLost = 2\nSub A()\nB\nEnd Sub\nSub B()\nEnd Sub", "M.bas");
-    ProjektStruktur_Anzeigen(*gProjekt, tree);
+    ProjektStruktur_Anzeigen(*gProjekt, tree, false);
     EXPECT_EQ(Look("m.a"), "procedure");
     Mark();
     EXPECT_EQ(Look("m.a"), "ProcedureDeath grey");
@@ -50,15 +49,13 @@ TEST_F(TreeMarks, LocalsAreMarkedWhereTheyHaveNodes) {
         End Function
     )",
                                  "M.bas");
-    gOptProcVars = 0;
     clsProzedur& f = *modul.MyProcs.Item("f");
-    ProjektStruktur_Anzeigen(*gProjekt, tree);
+    ProjektStruktur_Anzeigen(*gProjekt, tree, false);
     Mark();
     Check_ProcVars_Calls(*gProjekt, f);
     Tote_Objekte_Markieren(f, tree);
     EXPECT_EQ(Look("m.f.a"), "no node");
-    gOptProcVars = 1;
-    ProjektStruktur_Anzeigen(*gProjekt, tree);
+    ProjektStruktur_Anzeigen(*gProjekt, tree, true);
     Tote_Objekte_Markieren(f, tree);
     EXPECT_EQ(Look("m.f.used"), "argument");
     EXPECT_EQ(Look("m.f.lost"), "VariableDeath grey");
@@ -71,10 +68,9 @@ TEST_F(TreeMarks, LocalsAreMarkedWhereTheyHaveNodes) {
 }
 
 TEST_F(TreeMarks, SampleProjectAsItIsShownAfterItsCallsWereRead) {
-    gOptProcVars = 0;
     ReadSample();
     Alle_ModulStrukturen_Generieren(*gProjekt);
-    ProjektStruktur_Anzeigen(*gProjekt, tree);
+    ProjektStruktur_Anzeigen(*gProjekt, tree, false);
     Mark();
     ExpectGolden(DumpBaum(tree), "tree", "ToolHire.vbp");
 }

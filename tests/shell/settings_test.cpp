@@ -2,7 +2,6 @@
 
 #include <gmock/gmock.h>
 
-#include "shell/clsText.h"
 #include "support/program_state.h"
 
 namespace {
@@ -12,15 +11,16 @@ using testing::Pair;
 
 constexpr const char* kIni = "o\\Ostrivane.ini";
 
-class Settings : public ProgramState {
+class SettingsOfAFile : public ProgramState {
 protected:
     void Load(const std::string& lines) {
         files_.WriteWhole(kIni, lines);
         SettingsFile file(files_, kIni);
-        Optionen_Ini_Load(file);
+        settings_ = Optionen_Ini_Load(file);
     }
 
     MemoryFiles files_;
+    Settings settings_;
 };
 
 constexpr const char* kDefaults =
@@ -38,65 +38,65 @@ constexpr const char* kOthers =
     "Col Publics=1\r\nCol Privates=2\r\nCol CallLocal=3\r\nCol CallIn=4\r\nCol CallOut=5\r\nCol CallMayBe=6\r\n"
     "Col CondCompile=7\r\nCol Comment=8\r\nCol String=-2147483633\r\n";
 
-TEST_F(Settings, AbsentFileGivesTheDefaultsAndComesIntoBeingAtTheFirstSave) {
+TEST_F(SettingsOfAFile, AbsentFileGivesTheDefaultsAndComesIntoBeingAtTheFirstSave) {
     Load(kOthers);
     SettingsFile file(files_, "new.ini");
-    Optionen_Ini_Load(file);
-    EXPECT_EQ(gOpenSaveDir, "1");
+    settings_ = Optionen_Ini_Load(file);
+    EXPECT_EQ(settings_.OpenSaveDir, "1");
     EXPECT_FALSE(files_.FileExists("new.ini"));
-    Optionen_Ini_Save(file);
+    Optionen_Ini_Save(file, settings_);
     EXPECT_EQ(files_.Bytes("new.ini"), kDefaults);
 }
 
-TEST_F(Settings, WhatWasReadIsSavedAgain) {
+TEST_F(SettingsOfAFile, WhatWasReadIsSavedAgain) {
     Load(kOthers);
-    EXPECT_EQ(ActiveCodePage().Setting(), "1251");
-    EXPECT_EQ(gTreeFont, (FontSetting{9, "Tahoma", false, true}));
-    EXPECT_EQ((std::vector<int>{gOptWin32, gOptLoadLibs, gOptProcVars, gColPublics, gColString}),
+    EXPECT_EQ(settings_.CodePage, "1251");
+    EXPECT_EQ(settings_.TreeFont, (FontSetting{9, "Tahoma", false, true}));
+    EXPECT_EQ((std::vector<int>{settings_.Win32, settings_.LoadLibs, settings_.ProcVars, settings_.ColPublics,
+                                settings_.ColString}),
               (std::vector<int>{0, 0, -1, 1, -2147483633}));
-    gOpenSaveDir = "c:\\other\\";  // is saved on its own
+    settings_.OpenSaveDir = "c:\\other\\";  // is saved on its own
     SettingsFile file(files_, "new.ini");
-    Optionen_Ini_Save(file);
+    Optionen_Ini_Save(file, settings_);
     EXPECT_EQ(files_.Bytes("new.ini"), kOthers);
 }
 
-TEST_F(Settings, OddFontsFallBack) {
+TEST_F(SettingsOfAFile, OddFontsFallBack) {
     using Case = std::pair<const char*, float>;
     for (const auto& [line, size] : {Case{"FontSize=0", 10.0}, Case{"FontSize=", 10}, Case{"FontSize=big", 10},
                                      Case{"FontSize=10,5", 10.5}, Case{"fontsize = 12.25 pt", 12.25}}) {
         Load("[VISUALIZATION]\r\n" + std::string(line));
-        EXPECT_EQ(gCodeFont.size, size) << line;
+        EXPECT_EQ(settings_.CodeFont.size, size) << line;
     }
     Load(
         "[VISUALIZATION]\r\nTreeFontSize=0\r\nTreeFontName=\r\nFontName=\r\nFontBold=-1\r\nFontItalic=2\r\n"
         "TreeFontBold=yes");
-    EXPECT_EQ(gCodeFont, (FontSetting{10, "Courier New", true, true}));
-    EXPECT_EQ(gTreeFont, (FontSetting{8, "MS Sans Serif", false, false}));
+    EXPECT_EQ(settings_.CodeFont, (FontSetting{10, "Courier New", true, true}));
+    EXPECT_EQ(settings_.TreeFont, (FontSetting{8, "MS Sans Serif", false, false}));
 }
 
-TEST_F(Settings, OnlyGermanIsAnotherLanguage) {
+TEST_F(SettingsOfAFile, OnlyGermanIsAnotherLanguage) {
     for (const auto& [set, language] : {std::pair{"german", "german"}, {"french", "english"}, {"", "english"}}) {
         Load("[ALLGEMEIN]\r\nLanguage=" + std::string(set));
-        EXPECT_EQ(gText.Language, language) << set;
+        EXPECT_EQ(settings_.Language, language) << set;
     }
 }
 
-TEST_F(Settings, BitsOfTheProjectAreTwoConstantsBesideTheOthers) {
-    gOptWin32 = 0;
+TEST_F(SettingsOfAFile, BitsOfTheProjectAreTwoConstantsBesideTheOthers) {
     gCondComps.emplace_back("debug", "1");
-    CondComps_Win32_Win16();
+    CondComps_Win32_Win16(0);
     EXPECT_THAT(gCondComps, ElementsAre(Pair("", ""), Pair("win32", "0"), Pair("win16", "-1"), Pair("debug", "1")));
 }
 
-TEST_F(Settings, DirectoryOfTheLastProjectIsSavedAlone) {
+TEST_F(SettingsOfAFile, DirectoryOfTheLastProjectIsSavedAlone) {
     SettingsFile file(files_, kIni);
-    gOpenSaveDir = "  c:\\my projects\\ ";
-    gOptWin32 = 0;
-    Save_OpenDir(file);
+    settings_.OpenSaveDir = "  c:\\my projects\\ ";
+    settings_.Win32 = 0;
+    Save_OpenDir(file, settings_);
     EXPECT_EQ(files_.Bytes(kIni), "[ALLGEMEIN]\r\nOpenSaveDir=c:\\my projects\\\r\n");
 }
 
-TEST_F(Settings, WindowSizeIsKept) {
+TEST_F(SettingsOfAFile, WindowSizeIsKept) {
     SettingsFile file(files_, kIni);
     EXPECT_EQ(SizeSave_Read(file), WindowSize()) << "with nothing stored the window keeps its design size";
     const WindowSize size{false, "1", "2", "3", "4", "5", "6", "7", "8", "9", "10", "11", "12"};

@@ -19,7 +19,7 @@ std::string DumpBaum(const Baum& tree) {
     std::string text;
     ForEach(tree.Roots(), 0, [&text](const BaumNode& node, std::size_t indent) {
         text.append(indent, ' ').append(node.Text()).append(" [").append(node.Image()).append("]");
-        text.append(node.Bold() ? " bold" : "").append(node.ForeColor() == kTextGrey ? " grey" : "");
+        text.append(node.Bold() ? " bold" : "").append(node.ForeColor() == NodeColour::Grey ? " grey" : "");
         text.append(node.Checked() ? " checked\n" : "\n");
     });
     return text;

@@ -36,7 +36,7 @@ protected:
         gIniFile = settings_.Path();
         AddRecentProject(settings_, directory_.Path("gone & lost.vbp"));
         AddRecentProject(settings_, kSample);
-        window_ = std::make_unique<frmMain>(files_, settings_, ProgramDirectory());
+        window_ = std::make_unique<frmMain>(files_, settings_, Settings(), ProgramDirectory());
         window_->resize(1024, 700);
         window_->show();
         QApplication::processEvents();

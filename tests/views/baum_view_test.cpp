@@ -15,7 +15,7 @@ namespace {
 class BaumViewTest : public WindowTest {
 protected:
     BaumViewTest() {
-        view = std::make_unique<BaumView>(tree);
+        view = std::make_unique<BaumView>(tree, settings);
         view->resize(300, 400);
         BaumView* all = view.get();
         QObject::connect(all, &BaumView::NodeActivated, all, [this](const std::string& key) { told.push_back(key); });
@@ -51,6 +51,7 @@ protected:
     }
     std::vector<std::string> Told() { return std::exchange(told, {}); }
 
+    Settings settings;
     Baum tree;
     std::vector<std::string> told;
     std::unique_ptr<BaumView> view;
@@ -85,7 +86,7 @@ TEST_F(BaumViewTest, ModelKeepsTheRulesWhileTheTreeIsFilledAndChanged) {
         EXPECT_EQ(view->Model().rowCount(), 0);
         tree.Remove(*tree.Item("m.beta"));
     }
-    tree.SetForeColor(*tree.Item("m.aaa"), kTextGrey);
+    tree.SetForeColor(*tree.Item("m.aaa"), NodeColour::Grey);
     tree.Remove(*tree.Item("m.alpha"));
     std::string text;
     Dump(view->Model(), {}, 0, text);
@@ -202,7 +203,7 @@ TEST_F(BaumViewTest, KeysTravelAsUtf8AndAreTakenWhereTheyMay) {
     const std::unique_ptr<QMimeData> mime(view->Model().mimeData({view->Model().IndexOf(tree.Item("m.\xF6x"))}));
     EXPECT_EQ(mime->data(QString::fromLatin1(kKeyMimeType)).toStdString(), "m.\xC3\xB6x");
     Baum target;
-    BaumView taker(target);
+    BaumView taker(target, settings);
     std::vector<std::string> dropped;
     QObject::connect(&taker, &BaumView::KeyDropped, &taker, [&](const std::string& key) { dropped.push_back(key); });
     for (const bool accepts : {false, true}) {
@@ -230,12 +231,12 @@ TEST_F(BaumViewTest, TextsFollowTheLanguageAndFontsAreOnlyThoseThatExist) {
     EXPECT_EQ(view->accessibleName().toStdString(), "Projektbaum");
     EXPECT_EQ(view->accessibleDescription(), TextNr(Text::EmptyProjectTree));
 
-    gTreeFont = {23, "No such font anywhere"};
+    settings.TreeFont = {23, "No such font anywhere"};
     view->ApplyTreeFont();
     EXPECT_EQ(view->font().family(), QApplication::font("QTreeView").family());
     if (QFontDatabase::families().isEmpty())
         GTEST_SKIP() << "no font at all";
-    gTreeFont.name = QFontDatabase::families().front().toStdString();
+    settings.TreeFont.name = QFontDatabase::families().front().toStdString();
     view->ApplyTreeFont();
     EXPECT_EQ(view->font().pointSizeF(), 23);
 }

@@ -13,7 +13,6 @@ namespace {
 class CodeViews : public WindowTest {
 protected:
     CodeViews() {
-        Optionen_Defaults();
         view.ApplySettings();
         view.Texte();
     }
@@ -51,7 +50,8 @@ protected:
         return {left.left() + view.fontMetrics().horizontalAdvance(QLatin1Char('x')) / 2, left.center().y()};
     }
 
-    CodeView view;
+    Settings settings;
+    CodeView view{settings};
 };
 
 }  // namespace
@@ -138,7 +138,7 @@ TEST_F(CodeViews, CanBeReadButNotTrapped) {
 }
 
 TEST_F(CodeViews, ZoomKeepsToItsStepsAndFontFallsBack) {
-    gCodeFont = {10, "No Such Font At All"};
+    settings.CodeFont = {10, "No Such Font At All"};
     view.ApplySettings();
     EXPECT_TRUE(QFontInfo(view.font()).fixedPitch());
     EXPECT_EQ(view.font().pointSizeF(), 10);
@@ -177,8 +177,8 @@ TEST_F(CodeViews, ColoursCanBeReadInLightAndDark) {
     for (const QColor& ground :
          {QColor(Qt::white), QColor(240, 240, 240), QColor(30, 30, 30), QColor(Qt::black), QColor(120, 120, 120)})
         for (int what = 1; what <= static_cast<int>(Colour::FunctionResult); ++what) {
-            const QColor wanted = ColourFromBgr(ColourOf(static_cast<Colour>(what)));
-            const QColor shown = StyleOf(static_cast<Colour>(what), ground).foreground().color();
+            const QColor wanted = ColourFromBgr(ColourOf(static_cast<Colour>(what), settings));
+            const QColor shown = StyleOf(static_cast<Colour>(what), ground, settings).foreground().color();
             EXPECT_GE(Contrast(shown, ground), 4.5 - 0.01) << what << ground.name().toStdString();
             if (shown.saturation() > 20 && shown.lightness() < 240) {
                 EXPECT_NEAR(shown.hslHue(), wanted.hslHue(), 4) << what;

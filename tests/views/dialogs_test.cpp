@@ -47,8 +47,9 @@ protected:
 
 TEST_F(Dialogs, NameEveryControlCutNoTextAndGiveEachLetterOnce) {
     MemoryFiles memory;
-    SettingsFile settings(memory, "o.ini");
-    frmOptionen options(memory, settings, "prog/");
+    SettingsFile file(memory, "o.ini");
+    Settings settings;
+    frmOptionen options(memory, file, settings, "prog/");
     frmAbout about(nullptr, QStringLiteral("https://example.org"));
     frmKeys keys;
     ProblemsList problems;

@@ -48,7 +48,7 @@ protected:
         const std::filesystem::path samples = OSTRIVANE_SOURCE_DIR "/samples";
         std::filesystem::copy(samples, directory_.Path("samples"), std::filesystem::copy_options::recursive);
         gIniFile = settings_.Path();
-        window_ = std::make_unique<frmMain>(files_, settings_, ProgramDirectory());
+        window_ = std::make_unique<frmMain>(files_, settings_, Settings(), ProgramDirectory());
         window_->resize(1200, 800);
         window_->show();
     }
@@ -132,7 +132,7 @@ TEST_F(MainWindow, OpeningShowsTreeTitleCountsAndCommands) {
     Open();
     EXPECT_TRUE(Find<MainPanes>().isVisible());
     EXPECT_EQ(window_->windowTitle(), QStringLiteral("ToolHire:   Ostrivane (ToolHire.vbp)"));
-    EXPECT_EQ(gOpenSaveDir, directory_.Path("samples/ToolHire"));
+    EXPECT_EQ(window_->TheSettings().OpenSaveDir, directory_.Path("samples/ToolHire"));
     EXPECT_EQ(RecentProjects(settings_), std::vector{Project()});
     EXPECT_TRUE(Command("Calls").isEnabled());
     EXPECT_FALSE(Command("Structure").isEnabled());
@@ -270,7 +270,7 @@ TEST_F(MainWindow, OptionsKeepFoldsChecksAndTheSelectedNode) {
     Q_EMIT options.Applied();
     EXPECT_EQ(window_->Tree().Item("modstore"), &modul);  // colours and fonts leave the tree alone
     const int withLocals = window_->Tree().Count();
-    gOptProcVars = 0;
+    window_->TheSettings().ProcVars = 0;
     Q_EMIT options.Applied();
     EXPECT_LT(window_->Tree().Count(), withLocals);
     EXPECT_TRUE(window_->Tree().Item("modstore")->Checked());
@@ -335,7 +335,7 @@ TEST_F(MainWindow, WindowOfAScreenThatIsGoneComesBackVisible) {
     size.Width = "9000000";
     size.Height = "15000";
     SizeSave_Write(settings_, size);
-    const frmMain second(files_, settings_, ProgramDirectory());
+    const frmMain second(files_, settings_, Settings(), ProgramDirectory());
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
     EXPECT_TRUE(screen.contains(second.geometry().topLeft() + QPoint(1, 1)));
     EXPECT_LE(second.width(), std::max(screen.width(), second.minimumWidth()));

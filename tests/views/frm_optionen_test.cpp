@@ -21,14 +21,15 @@ protected:
     std::string Written() { return memory_.ReadText("o.ini").text; }
 
     MemoryFiles memory_{{"prog/Languages/english.txt", "E1\r\n"}, {"prog/Languages/german.txt", "D1\r\n"}};
-    SettingsFile settings_{memory_, "o.ini"};
-    frmOptionen form_{memory_, settings_, "prog/"};
+    SettingsFile file_{memory_, "o.ini"};
+    Settings settings_;
+    frmOptionen form_{memory_, file_, settings_, "prog/"};
 };
 
 TEST_F(OptionsWindow, NothingHoldsBeforeItIsApplied) {
     form_.show();
     Click({"optWin321", "LoadLibs", "ProcVars"});
-    EXPECT_EQ(gOptWin32, 1);
+    EXPECT_EQ(settings_.Win32, 1);
     Click({"cmdCancel"});
     EXPECT_FALSE(form_.isVisible());
     EXPECT_FALSE(memory_.FileExists("o.ini"));
@@ -43,7 +44,7 @@ TEST_F(OptionsWindow, NothingHoldsBeforeItIsApplied) {
     EXPECT_TRUE(form_.isVisible());
     EXPECT_EQ(applied.count(), 1);
     EXPECT_EQ(language.count(), 0);
-    EXPECT_EQ(gOptWin32 + gOptLoadLibs + gOptProcVars, 0);
+    EXPECT_EQ(settings_.Win32 + settings_.LoadLibs + settings_.ProcVars, 0);
     EXPECT_EQ(gCondComps.at(1).second + gCondComps.at(2).second, "0-1");
     EXPECT_THAT(Written(), HasSubstr("win32=0"));
     Click({"cmdOK"});
@@ -81,33 +82,32 @@ TEST_F(OptionsWindow, ColoursAndFontsAreChosenInTheirDialogs) {
         dialog->accept();
     });
     Click({"cmdFont0"});
-    EXPECT_EQ(gColComment, 30720);
+    EXPECT_EQ(settings_.ColComment, 30720);
     EXPECT_EQ(Child<QToolButton>("colour7").accessibleDescription(), QStringLiteral("#010203"));
     Click({"cmdOK"});
-    EXPECT_EQ(gColComment, 0x030201);
-    EXPECT_EQ(gCodeFont.size, 14.F);
-    EXPECT_EQ(gTreeFont.size, 8.F);
+    EXPECT_EQ(settings_.ColComment, 0x030201);
+    EXPECT_EQ(settings_.CodeFont.size, 14.F);
+    EXPECT_EQ(settings_.TreeFont.size, 8.F);
     EXPECT_THAT(Written(), HasSubstr("FontSize=14"));
 }
 
 TEST_F(OptionsWindow, DefaultsAreShownAndHoldOnceApplied) {
-    gColString = 1;
-    gCodeFont = {20, "Other", true, true};
-    gOptLoadLibs = 0;
-    gOptCodePage = "1251";
-    gOpenSaveDir = "kept";
+    settings_.ColString = 1;
+    settings_.CodeFont = {20, "Other", true, true};
+    settings_.LoadLibs = 0;
+    settings_.CodePage = "1251";
+    settings_.OpenSaveDir = "kept";
     form_.show();
     EXPECT_EQ(Child<QComboBox>("CodePage").currentData().toString(), QStringLiteral("1251"));
     Click({"cmdDefaults"});
-    EXPECT_EQ(gColString, 1);
-    EXPECT_EQ(gOptLoadLibs, 0);
+    EXPECT_EQ(settings_.ColString, 1);
+    EXPECT_EQ(settings_.LoadLibs, 0);
     EXPECT_TRUE(Child<QCheckBox>("LoadLibs").isChecked());
     Click({"cmdOK"});
-    EXPECT_EQ(gColString, 9868950);
-    EXPECT_EQ(gCodeFont, (FontSetting{10, "Courier New"}));
-    EXPECT_EQ(gOptCodePage, "auto");
-    EXPECT_EQ(gOpenSaveDir, "kept");
-    EXPECT_EQ(DefaultOptions().colours[OptionValues::Further], 16711935);
+    EXPECT_EQ(settings_.ColString, 9868950);
+    EXPECT_EQ(settings_.CodeFont, (FontSetting{10, "Courier New"}));
+    EXPECT_EQ(settings_.CodePage, "auto");
+    EXPECT_EQ(settings_.OpenSaveDir, "kept");
 }
 
 TEST_F(OptionsWindow, TheCodePageWaitsForTheNextProject) {
@@ -115,7 +115,7 @@ TEST_F(OptionsWindow, TheCodePageWaitsForTheNextProject) {
     auto& pages = Child<QComboBox>("CodePage");
     pages.setCurrentIndex(pages.findData(QStringLiteral("1251")));
     Click({"cmdOK"});
-    EXPECT_EQ(gOptCodePage, "1251");
+    EXPECT_EQ(settings_.CodePage, "1251");
     EXPECT_EQ(ActiveCodePage().Setting(), "auto");
     EXPECT_THAT(Written(), HasSubstr("CodePage=1251"));
 }
