@@ -1,7 +1,7 @@
 #include "views/commands.h"
 
 #include <QWidget>
-#include <cassert>
+#include <set>
 
 #include "views/icons.h"
 #include "views/mnemonics.h"
@@ -11,78 +11,12 @@ namespace {
 
 constexpr char kPlainTip[] = "plainTip";
 
-struct Row {
-    std::string_view key;
-    Text text;
-    Text tip;                // None: the text
-    std::string_view image;  // empty: none
-    const char* keys;        // as in portable texts, several separated by "|"
-    bool hasDialog = false;  // the text gets "…" behind it
-    bool checkable = false;
-    Text of =
-        Text::None;  // stands before the text with a colon wherever there is room for it; buttons show the text alone
-};
-
-constexpr Row kRows[] = {
-    {"OpenProject", Text::OpenProject, Text::None, "OpenProject", "Ctrl+O"},
-    {"CloseProject", Text::CloseProject, Text::None, "Close", ""},
-    {"ReportStructure", Text::StructureReports, Text::None, "Reports", ""},
-    {"ReportCalls", Text::CallsReports, Text::None, "Reports", ""},
-    {"ReportDeaths", Text::DeathsReport, Text::None, "Reports", ""},
-    {"Exit", Text::Exit, Text::None, "Exit", "Ctrl+Q"},
-
-    {"ContentCode", Text::Code, Text::None, "ContentCode", "", false, true},
-    {"ContentGraph", Text::XGraph, Text::None, "ContentGraph", "", false, true},
-    {"ContentChart", Text::Chart, Text::None, "ContentChart", "", false, true},
-    {"SplitForContent", Text::SplitForContent, Text::None, "SplitForContent", "", false, true},
-    {"SplitForCalls", Text::SplitForCalls, Text::None, "SplitForCalls", "", false, true},
-    {"SplitX", Text::LeftPane, Text::None, "SplitXShow", "", false, true},
-    {"SplitY", Text::UpperPane, Text::None, "SplitYShow", "", false, true},
-    {"CollapseAll", Text::CollapseAll, Text::None, "CollapseAll", ""},
-    {"CheckBoxOn", Text::CheckBoxes, Text::None, "CheckBoxOff", "", false, true},
-    {"CheckBoxAll", Text::CheckAllModules, Text::None, "CheckBoxAll", ""},
-    {"CheckBoxNone", Text::UncheckAllModules, Text::None, "CheckBoxNone", ""},
-    {"Search", Text::FindObject, Text::None, "Search", "Ctrl+F"},
-    {"NavPrev", Text::Back, Text::None, "NavPrev", "Alt+Left"},
-    {"NavNext", Text::Forward, Text::None, "NavNext", "Alt+Right"},
-    {"ZoomPlus", Text::ZoomIn, Text::None, "ZoomPlus", "Ctrl++|Ctrl+="},
-    {"ZoomMinus", Text::ZoomOut, Text::None, "ZoomMinus", "Ctrl+-"},
-    {"ZoomNo", Text::NormalSize, Text::None, "ZoomNo", "Ctrl+0"},
-    {"Problems", Text::ShowProblems, Text::None, "Problems", "", true},
-    {"Options", Text::Options, Text::None, "Options", "", true},
-
-    {"Structure", Text::ReadStructure, Text::None, "Structure", ""},
-    {"CallsModule", Text::ForCurrentModule, Text::None, "CallsModule", ""},
-    {"Refresh", Text::Refresh, Text::None, "Refresh", "F5"},
-    {"DeleteObject", Text::None, Text::None, "Delete", ""},
-
-    {"CopyName", Text::CopyName, Text::None, "Copy", ""},
-    {"CopyCodePath", Text::CopyCodePath, Text::None, "", ""},
-    {"CopyAsText", Text::CopyAsText, Text::None, "", ""},
-
-    {"Calls", Text::ReadAllCalls, Text::ReadCalls, "CallsReadNot", "", true},
-    {"CallsOfModule", Text::ForCurrentModule, Text::None, "CallsModule", ""},
-    {"Uses", Text::UsesOfTypes, Text::None, "Uses", ""},
-    {"UsesShow", Text::UsesOfTypes, Text::None, "UsesShow", ""},
-    {"CalledByReally", Text::Really, Text::None, "CalledByReally", "", false, true, Text::CalledBy},
-    {"CalledByMaybe", Text::MayBe, Text::None, "CalledByMaybe", "", false, true, Text::CalledBy},
-    {"CallsReally", Text::Really, Text::None, "CallsReally", "", false, true, Text::Calls},
-    {"CallsMaybe", Text::MayBe, Text::None, "CallsMaybe", "", false, true, Text::Calls},
-    {"NextPlace", Text::NextPlace, Text::None, "", "F3"},
-    {"PreviousPlace", Text::PreviousPlace, Text::None, "", "Shift+F3"},
-
-    {"WebPage", Text::WebPage, Text::None, "", ""},
-    {"Keys", Text::KeyboardShortcuts, Text::None, "", "", true},
-    {"Diagnosis", Text::Summary, Text::None, "", "Ctrl+D", true},
-    {"About", Text::About, Text::None, "About", "F1"},
-};
-
 }  // namespace
 
 Commands::Commands(QWidget* window) : QObject(window) {
-    for (const Row& row : kRows) {
+    for (const CommandRow& row : CommandTable()) {
         auto* action = new QAction(window);
-        action->setObjectName(QString::fromUtf8(row.key.data(), static_cast<qsizetype>(row.key.size())));
+        action->setObjectName(QString::fromUtf8(row.name.data(), static_cast<qsizetype>(row.name.size())));
         action->setCheckable(row.checkable);
         if (!row.image.empty())
             action->setIcon(IconFor(row.image));
@@ -92,15 +26,8 @@ Commands::Commands(QWidget* window) : QObject(window) {
             keys.append(QKeySequence::fromString(text, QKeySequence::PortableText));
         action->setShortcuts(keys);
         window->addAction(action);  // its keys work wherever the focus is, also while its menu is hidden
-        byKey_.emplace(row.key, action);
         all_.push_back(action);
     }
-}
-
-QAction& Commands::operator[](std::string_view key) const {
-    const auto found = byKey_.find(key);
-    assert(found != byKey_.end());
-    return *found->second;
 }
 
 void Commands::SetTexts(QAction& action, const QString& text, const QString& tip) {
@@ -109,10 +36,6 @@ void Commands::SetTexts(QAction& action, const QString& text, const QString& tip
     const QString whole = keys.isEmpty() ? tip : QStringLiteral("%1 (%2)").arg(tip, keys);
     action.setProperty(kPlainTip, whole);
     action.setToolTip(whole);
-}
-
-QString Commands::PlainTip(const QAction& action) {
-    return action.property(kPlainTip).toString();
 }
 
 QList<QAction*> Commands::InUse() const {
@@ -124,16 +47,33 @@ QList<QAction*> Commands::InUse() const {
 }
 
 void Commands::Texte() {
-    for (const Row& row : kRows) {
+    for (const CommandRow& row : CommandTable()) {
+        QAction& action = (*this)[row.command];
         QString text = TextNr(row.text);
         if (row.of != Text::None) {
-            byKey_.at(row.key)->setIconText(text);
+            action.setIconText(text);
             text = TextNr(row.of) + QStringLiteral(": ") + text;
         }
         const QString tip = row.tip != Text::None ? TextNr(row.tip) : QString(text).remove(QChar(0x2026));
         if (row.hasDialog && !text.endsWith(QChar(0x2026)))
             text += QChar(0x2026);
-        SetTexts(*byKey_.at(row.key), text, tip);
+        SetTexts(action, text, tip);
+    }
+}
+
+void Commands::Activate(const Situation& now) {
+    for (const CommandRow& row : CommandTable())
+        (*this)[row.command].setEnabled(IsEnabled(row.command, now));
+    ShowWhyDisabled(now);
+}
+
+// The tip of a command that can't be given says why.
+void Commands::ShowWhyDisabled(const Situation& now) {
+    for (const CommandRow& row : CommandTable()) {
+        QAction& action = (*this)[row.command];
+        const QString plain = action.property(kPlainTip).toString();
+        const Text why = action.isEnabled() ? Text::None : WhyDisabled(row.command, now);
+        action.setToolTip(why == Text::None ? plain : plain + QLatin1Char('\n') + TextNr(why));
     }
 }
 
@@ -147,6 +87,6 @@ void Commands::GiveLetters(const QList<QAction*>& actions) {
         actions[i]->setText(texts[i]);
 }
 
-void Commands::SetImage(std::string_view key, std::string_view image) {
-    (*this)[key].setIcon(IconFor(image));
+void Commands::SetImage(Command command, std::string_view image) {
+    (*this)[command].setIcon(IconFor(image));
 }

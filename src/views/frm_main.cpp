@@ -15,6 +15,7 @@
 #include <QToolBar>
 #include <QToolButton>
 #include <QUrl>
+#include <optional>
 
 #include "display/recent_projects.h"
 #include "display/tree_checks.h"
@@ -63,10 +64,6 @@ QString DroppedProject(const QMimeData* data) {
         return {};
     const QString path = urls.front().toLocalFile();
     return path.endsWith(QStringLiteral(".vbp"), Qt::CaseInsensitive) ? path : QString();
-}
-
-QAction* Separator(QMenu* menu) {
-    return menu->addSeparator();
 }
 
 }  // namespace
@@ -119,8 +116,9 @@ void frmMain::BuildPanes() {
     pages_ = new QStackedWidget(this);
     start_ = new StartPage(pages_);
     project_ = new ProjectPane(tree_, settings_, *commands_, this);
-    calledByPane_ = new DependencyPane(calledBy_, settings_, *commands_, "CalledByReally", "CalledByMaybe", this);
-    callsPane_ = new DependencyPane(calls_, settings_, *commands_, "CallsReally", "CallsMaybe", this);
+    calledByPane_ =
+        new DependencyPane(calledBy_, settings_, *commands_, Command::CalledByReally, Command::CalledByMaybe, this);
+    callsPane_ = new DependencyPane(calls_, settings_, *commands_, Command::CallsReally, Command::CallsMaybe, this);
     rtbCode_ = new CodeView(settings_, this);
     rtbCodePath_ = new PathLine(this);
     lower_ = new LowerPane(dll_, settings_, this);
@@ -138,61 +136,71 @@ void frmMain::BuildPanes() {
 
 void frmMain::BuildMenus() {
     Commands& command = *commands_;
-    const auto fill = [&command](QMenu* menu, std::initializer_list<const char*> keys) {
-        for (const char* key : keys) {
-            if (*key == '-')
-                Separator(menu);
+    // Nothing stands for a separator.
+    const auto fill = [&command](QMenu* menu, std::initializer_list<std::optional<Command>> items) {
+        for (const std::optional<Command> item : items) {
+            if (item)
+                menu->addAction(&command[*item]);
             else
-                menu->addAction(&command[key]);
+                menu->addSeparator();
         }
     };
     mnuDatei_ = menuBar()->addMenu(QString());
-    fill(mnuDatei_, {"OpenProject", "CloseProject"});
+    fill(mnuDatei_, {Command::OpenProject, Command::CloseProject});
     mnuRecent_ = mnuDatei_->addMenu(QString());
     mnuDatei_->addSeparator();
     mnuReports_ = mnuDatei_->addMenu(IconFor("Reports"), QString());
-    fill(mnuReports_, {"ReportStructure", "ReportCalls", "ReportDeaths"});
-    fill(mnuDatei_, {"-", "Exit"});
+    fill(mnuReports_, {Command::ReportStructure, Command::ReportCalls, Command::ReportDeaths});
+    fill(mnuDatei_, {{}, Command::Exit});
 
     mnuAnsicht_ = menuBar()->addMenu(QString());
-    fill(mnuAnsicht_, {"ContentCode",
-                       "ContentGraph",
-                       "ContentChart",
-                       "-",
-                       "SplitForContent",
-                       "SplitForCalls",
-                       "SplitX",
-                       "SplitY",
-                       "-",
-                       "CollapseAll",
-                       "CheckBoxOn",
-                       "CheckBoxAll",
-                       "CheckBoxNone",
-                       "-",
-                       "Search",
-                       "NavPrev",
-                       "NavNext",
-                       "-",
-                       "ZoomPlus",
-                       "ZoomMinus",
-                       "ZoomNo",
-                       "-",
-                       "Problems",
-                       "Options"});
+    fill(mnuAnsicht_, {Command::ContentCode,
+                       Command::ContentGraph,
+                       Command::ContentChart,
+                       {},
+                       Command::SplitForContent,
+                       Command::SplitForCalls,
+                       Command::SplitX,
+                       Command::SplitY,
+                       {},
+                       Command::CollapseAll,
+                       Command::CheckBoxOn,
+                       Command::CheckBoxAll,
+                       Command::CheckBoxNone,
+                       {},
+                       Command::Search,
+                       Command::NavPrev,
+                       Command::NavNext,
+                       {},
+                       Command::ZoomPlus,
+                       Command::ZoomMinus,
+                       Command::ZoomNo,
+                       {},
+                       Command::Problems,
+                       Command::Options});
 
     mnuStruktur_ = menuBar()->addMenu(QString());
-    fill(mnuStruktur_, {"Structure", "Refresh", "-"});
+    fill(mnuStruktur_, {Command::Structure, Command::Refresh, {}});
     mnuCopy_ = mnuStruktur_->addMenu(IconFor("Copy"), QString());
-    fill(mnuCopy_, {"CopyName", "CopyCodePath", "CopyAsText"});
-    fill(mnuStruktur_, {"DeleteObject"});
+    fill(mnuCopy_, {Command::CopyName, Command::CopyCodePath, Command::CopyAsText});
+    fill(mnuStruktur_, {Command::DeleteObject});
 
     mnuDependencies_ = menuBar()->addMenu(QString());
-    fill(mnuDependencies_, {"Calls", "CallsOfModule", "-", "CalledByReally", "CalledByMaybe", "-", "CallsReally",
-                            "CallsMaybe", "-", "NextPlace", "PreviousPlace"});
+    fill(mnuDependencies_, {Command::Calls,
+                            Command::CallsOfModule,
+                            {},
+                            Command::CalledByReally,
+                            Command::CalledByMaybe,
+                            {},
+                            Command::CallsReally,
+                            Command::CallsMaybe,
+                            {},
+                            Command::NextPlace,
+                            Command::PreviousPlace});
 
     mnuHelp_ = menuBar()->addMenu(QString());
-    fill(mnuHelp_, {"WebPage", "Keys", "Diagnosis", "-", "About"});
-    command["WebPage"].setVisible(!kProductPage.empty());
+    fill(mnuHelp_, {Command::WebPage, Command::Keys, Command::Diagnosis, {}, Command::About});
+    command[Command::WebPage].setVisible(!kProductPage.empty());
     for (QMenu* menu :
          {mnuDatei_, mnuRecent_, mnuReports_, mnuAnsicht_, mnuStruktur_, mnuCopy_, mnuDependencies_, mnuHelp_}) {
         menu->setToolTipsVisible(true);
@@ -207,19 +215,22 @@ void frmMain::BuildToolbar() {
     Toolbar1->setContextMenuPolicy(Qt::PreventContextMenu);
     Toolbar1->setIconSize(QSize(24, 24));
     Commands& command = *commands_;
-    for (const char* key :
-         {"OpenProject", "-", "Calls", "Refresh", "-", "NavPrev", "NavNext", "-", "SplitForContent", "SplitForCalls",
-          "-", "ContentCode", "ContentGraph", "ContentChart", ">", "Search", "Options"}) {
-        if (*key == '-') {
+    const auto add = [&](std::initializer_list<Command> group, bool isFirst = false) {
+        if (!isFirst)
             Toolbar1->addSeparator();
-        } else if (*key == '>') {
-            auto* space = new QWidget(Toolbar1);
-            space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
-            Toolbar1->addWidget(space);
-        } else {
-            Toolbar1->addAction(&command[key]);
-        }
-    }
+        for (const Command item : group)
+            Toolbar1->addAction(&command[item]);
+    };
+    add({Command::OpenProject}, true);
+    add({Command::Calls, Command::Refresh});
+    add({Command::NavPrev, Command::NavNext});
+    add({Command::SplitForContent, Command::SplitForCalls});
+    add({Command::ContentCode, Command::ContentGraph, Command::ContentChart});
+    auto* space = new QWidget(Toolbar1);
+    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    Toolbar1->addWidget(space);
+    Toolbar1->addAction(&command[Command::Search]);
+    Toolbar1->addAction(&command[Command::Options]);
     setContextMenuPolicy(Qt::NoContextMenu);
 }
 
@@ -256,9 +267,7 @@ void frmMain::WireViews() {
     connect(rtbCode_, &CodeView::PlaceChanged, this, [this](int index, int count) {
         if (count > 1)
             Message(QStringLiteral("%1 %2 %3").arg(index).arg(TextNr(Text::Of)).arg(count));
-        (*commands_)["NextPlace"].setEnabled(count > 0);
-        (*commands_)["PreviousPlace"].setEnabled(count > 0);
-        ShowWhyDisabled();
+        commands_->Activate(Now());
     });
     connect(&project_->Search(), &SearchBar::ObjectChosen, this, [this](const std::string& path) {
         ActivateKey(path);
@@ -267,8 +276,8 @@ void frmMain::WireViews() {
     connect(start_, &StartPage::OpenClicked, this, [this] { MainActions(1); });
     connect(start_, &StartPage::RecentChosen, this, &frmMain::OpenProject);
     connect(panes_, &MainPanes::FoldsChanged, this, [this] {
-        (*commands_)["SplitX"].setChecked(!panes_->picSplitX().Folded());
-        (*commands_)["SplitY"].setChecked(!panes_->picSplitY().Folded());
+        (*commands_)[Command::SplitX].setChecked(!panes_->picSplitX().Folded());
+        (*commands_)[Command::SplitY].setChecked(!panes_->picSplitY().Folded());
     });
     connect(mnuRecent_, &QMenu::aboutToShow, this, &frmMain::FillRecentMenu);
     connect(mnuDatei_, &QMenu::aboutToShow, this, [this] { mnuRecent_->setEnabled(!RecentProjects(file_).empty()); });
@@ -277,61 +286,61 @@ void frmMain::WireViews() {
     connect(options_, &frmOptionen::ReportStructure, this, [this] { WriteReports("AnalyseErgebnisStructure"); });
     connect(options_, &frmOptionen::ReportCalls, this, [this] { WriteReports("AnalyseErgebnisCalls"); });
     connect(options_, &frmOptionen::ReportDeaths, this, [this] { WriteReports("AnalyseErgebnisDeaths"); });
-    connect(problemCount_, &QToolButton::clicked, this, [this] { (*commands_)["Problems"].trigger(); });
+    connect(problemCount_, &QToolButton::clicked, this, [this] { (*commands_)[Command::Problems].trigger(); });
 }
 
 void frmMain::WireCommands() {
     Commands& command = *commands_;
-    const auto wire = [this, &command](const char* key, auto function) {
-        connect(&command[key], &QAction::triggered, this, function);
+    const auto wire = [this, &command](Command which, auto function) {
+        connect(&command[which], &QAction::triggered, this, function);
     };
-    for (const auto& [key, nr] : {std::pair{"Exit", 0},
-                                  {"OpenProject", 1},
-                                  {"Structure", 2},
-                                  {"CallsModule", 3},
-                                  {"Uses", 5},
-                                  {"Calls", 6},
-                                  {"SplitForContent", 7},
-                                  {"UsesShow", 8},
-                                  {"SplitForCalls", 9},
-                                  {"ContentChart", 10},
-                                  {"Refresh", 11},
-                                  {"ContentGraph", 12},
-                                  {"ContentCode", 13}})
+    for (const auto& [key, nr] : {std::pair{Command::Exit, 0},
+                                  {Command::OpenProject, 1},
+                                  {Command::Structure, 2},
+                                  {Command::CallsModule, 3},
+                                  {Command::Uses, 5},
+                                  {Command::Calls, 6},
+                                  {Command::SplitForContent, 7},
+                                  {Command::UsesShow, 8},
+                                  {Command::SplitForCalls, 9},
+                                  {Command::ContentChart, 10},
+                                  {Command::Refresh, 11},
+                                  {Command::ContentGraph, 12},
+                                  {Command::ContentCode, 13}})
         wire(key, [this, number = nr] { MainActions(number); });
     // There is no reading of one module by itself: its neighbourhood is shown anew.
-    wire("CallsOfModule", [this] { Show_Dependencies(); });
-    wire("CloseProject", [this] { CloseTheProject(); });
-    wire("ReportStructure", [this] { WriteReports("AnalyseErgebnisStructure"); });
-    wire("ReportCalls", [this] { WriteReports("AnalyseErgebnisCalls"); });
-    wire("ReportDeaths", [this] { WriteReports("AnalyseErgebnisDeaths"); });
-    wire("SplitX", [this](bool shown) { panes_->picSplitX().SetFolded(!shown); });
-    wire("SplitY", [this](bool shown) { panes_->picSplitY().SetFolded(!shown); });
-    wire("CollapseAll", [this] { tree_.CollapseAll(); });
-    wire("CheckBoxOn", [this](bool on) { ToggleCheckBoxes(on); });
-    wire("CheckBoxAll", [this] { Check_All(true); });
-    wire("CheckBoxNone", [this] { Check_All(false); });
-    wire("Search", [this] { project_->Search().Focus(); });
-    wire("NavPrev", [this] { NavCodeKey_Prev(); });
-    wire("NavNext", [this] { NavCodeKey_Next(); });
-    wire("ZoomPlus", [this] { rtbCode_->ZoomIn(); });
-    wire("ZoomMinus", [this] { rtbCode_->ZoomOut(); });
-    wire("ZoomNo", [this] { rtbCode_->ZoomReset(); });
-    wire("NextPlace", [this] { rtbCode_->NextPlace(); });
-    wire("PreviousPlace", [this] { rtbCode_->PreviousPlace(); });
-    wire("CalledByReally", [this] { SetMayBe(false, false); });
-    wire("CalledByMaybe", [this] { SetMayBe(false, true); });
-    wire("CallsReally", [this] { SetMayBe(true, false); });
-    wire("CallsMaybe", [this] { SetMayBe(true, true); });
-    wire("Problems", [this] { problems_->exec(); });
-    wire("Options", [this] { options_->exec(); });
-    wire("WebPage", [] { OpenDocument(ToQString(kProductPage)); });
-    wire("CopyName", [this] { TreeInUse().CopyName(); });
-    wire("CopyCodePath", [this] { TreeInUse().CopyCodePath(); });
-    wire("CopyAsText", [this] { TreeInUse().CopyAsText(); });
-    wire("Keys", [this] { ShowKeys(); });
-    wire("Diagnosis", [this] { Diagnosis(); });
-    wire("About", [this] { about_->exec(); });
+    wire(Command::CallsOfModule, [this] { Show_Dependencies(); });
+    wire(Command::CloseProject, [this] { CloseTheProject(); });
+    wire(Command::ReportStructure, [this] { WriteReports("AnalyseErgebnisStructure"); });
+    wire(Command::ReportCalls, [this] { WriteReports("AnalyseErgebnisCalls"); });
+    wire(Command::ReportDeaths, [this] { WriteReports("AnalyseErgebnisDeaths"); });
+    wire(Command::SplitX, [this](bool shown) { panes_->picSplitX().SetFolded(!shown); });
+    wire(Command::SplitY, [this](bool shown) { panes_->picSplitY().SetFolded(!shown); });
+    wire(Command::CollapseAll, [this] { tree_.CollapseAll(); });
+    wire(Command::CheckBoxOn, [this](bool on) { ToggleCheckBoxes(on); });
+    wire(Command::CheckBoxAll, [this] { Check_All(true); });
+    wire(Command::CheckBoxNone, [this] { Check_All(false); });
+    wire(Command::Search, [this] { project_->Search().Focus(); });
+    wire(Command::NavPrev, [this] { NavCodeKey_Prev(); });
+    wire(Command::NavNext, [this] { NavCodeKey_Next(); });
+    wire(Command::ZoomPlus, [this] { rtbCode_->ZoomIn(); });
+    wire(Command::ZoomMinus, [this] { rtbCode_->ZoomOut(); });
+    wire(Command::ZoomNo, [this] { rtbCode_->ZoomReset(); });
+    wire(Command::NextPlace, [this] { rtbCode_->NextPlace(); });
+    wire(Command::PreviousPlace, [this] { rtbCode_->PreviousPlace(); });
+    wire(Command::CalledByReally, [this] { SetMayBe(false, false); });
+    wire(Command::CalledByMaybe, [this] { SetMayBe(false, true); });
+    wire(Command::CallsReally, [this] { SetMayBe(true, false); });
+    wire(Command::CallsMaybe, [this] { SetMayBe(true, true); });
+    wire(Command::Problems, [this] { problems_->exec(); });
+    wire(Command::Options, [this] { options_->exec(); });
+    wire(Command::WebPage, [] { OpenDocument(ToQString(kProductPage)); });
+    wire(Command::CopyName, [this] { TreeInUse().CopyName(); });
+    wire(Command::CopyCodePath, [this] { TreeInUse().CopyCodePath(); });
+    wire(Command::CopyAsText, [this] { TreeInUse().CopyAsText(); });
+    wire(Command::Keys, [this] { ShowKeys(); });
+    wire(Command::Diagnosis, [this] { Diagnosis(); });
+    wire(Command::About, [this] { about_->exec(); });
 }
 
 void frmMain::ConnectPorts() {
@@ -404,21 +413,22 @@ void frmMain::FillRecentMenu() {
 
 // Captions stand beside the icons as far as there is room for them.
 void frmMain::FitToolbar() {
-    const auto show = [this](std::initializer_list<const char*> keys, Qt::ToolButtonStyle style) {
-        for (const char* key : keys)
-            if (auto* button = qobject_cast<QToolButton*>(Toolbar1->widgetForAction(&(*commands_)[key])))
+    const auto show = [this](std::initializer_list<Command> commands, Qt::ToolButtonStyle style) {
+        for (const Command command : commands)
+            if (auto* button = qobject_cast<QToolButton*>(Toolbar1->widgetForAction(&(*commands_)[command])))
                 button->setToolButtonStyle(style);
         Toolbar1->layout()->invalidate();
     };
-    show({"OpenProject", "Calls", "ContentCode", "ContentGraph", "ContentChart", "Search"},
+    show({Command::OpenProject, Command::Calls, Command::ContentCode, Command::ContentGraph, Command::ContentChart,
+          Command::Search},
          Qt::ToolButtonTextBesideIcon);
     const auto isTooWide = [this] { return Toolbar1->sizeHint().width() > width(); };
     if (isTooWide())
-        show({"Search"}, Qt::ToolButtonIconOnly);
+        show({Command::Search}, Qt::ToolButtonIconOnly);
     if (isTooWide())
-        show({"ContentCode", "ContentGraph", "ContentChart"}, Qt::ToolButtonIconOnly);
+        show({Command::ContentCode, Command::ContentGraph, Command::ContentChart}, Qt::ToolButtonIconOnly);
     if (isTooWide())
-        show({"Calls"}, Qt::ToolButtonIconOnly);
+        show({Command::Calls}, Qt::ToolButtonIconOnly);
 }
 
 // The message comes before the counts, but leaves some room to them.
@@ -564,8 +574,8 @@ bool frmMain::eventFilter(QObject* watched, QEvent* event) {
 
 void frmMain::ShowArrangement() {
     panes_->Arrange(settings_.Split);
-    (*commands_)["SplitForContent"].setChecked(settings_.Split == SplitMode::Content);
-    (*commands_)["SplitForCalls"].setChecked(settings_.Split == SplitMode::Calls);
+    (*commands_)[Command::SplitForContent].setChecked(settings_.Split == SplitMode::Content);
+    (*commands_)[Command::SplitForCalls].setChecked(settings_.Split == SplitMode::Calls);
     // The tree has another height now, and what is chosen in it may be out of sight.
     QMetaObject::invokeMethod(
         this,

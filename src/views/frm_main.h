@@ -9,6 +9,7 @@
 #include <string>
 
 #include "display/baum.h"
+#include "display/command_table.h"
 #include "display/selection.h"
 #include "shell/settings.h"
 
@@ -131,8 +132,7 @@ private:
     void RefillTree();
     void FillTree();
     void Activate_Checked();
-    void ShowWhyDisabled();
-    [[nodiscard]] QString WhyDisabled(const QAction& action) const;
+    [[nodiscard]] Situation Now() const;
 
     // frm_main_selection.cpp
     void BaumProjekt_NodeClick(const std::string& key);

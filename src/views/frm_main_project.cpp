@@ -171,8 +171,8 @@ void frmMain::LoadProject() {
 
 void frmMain::ShowLoadedProject() {
     callsRead_ = false;
-    commands_->SetImage("Calls", "CallsReadNot");
-    commands_->SetImage("CallsModule", "CallsReadNot");
+    commands_->SetImage(Command::Calls, "CallsReadNot");
+    commands_->SetImage(Command::CallsModule, "CallsReadNot");
     FillTree();
     Tote_Untote_Kennzeichnen(*gProjekt);
     Tote_Objekte_Markieren(*gProjekt, tree_);
@@ -203,7 +203,7 @@ void frmMain::EmptyViews() {
     rtbCodePath_->Show({});
     properties_->Clear();
     callsRead_ = false;
-    ShowNavigation();
+    commands_->Activate(Now());
 }
 
 void frmMain::CloseTheProject() {
@@ -232,7 +232,7 @@ void frmMain::RunCalls() {
     progress_->Run("Who_Calls_Who", [] { Who_Calls_Who(*gProjekt); });
     if (!gAbort) {
         callsRead_ = true;
-        commands_->SetImage("Calls", "CallsRead");
+        commands_->SetImage(Command::Calls, "CallsRead");
         Tote_Untote_Kennzeichnen(*gProjekt);
         Tote_Objekte_Markieren(*gProjekt, tree_);
         int really = 0, mayBe = 0;
@@ -361,88 +361,50 @@ void frmMain::Diagnosis() {
 void frmMain::Activate_Commands() {
     Commands& command = *commands_;
     const bool open = gProjekt != nullptr;
-    for (const char* key :
-         {"CloseProject",  "ReportStructure", "ReportCalls",  "ReportDeaths", "ContentCode", "SplitForContent",
-          "SplitForCalls", "SplitX",          "SplitY",       "CollapseAll",  "CheckBoxOn",  "Search",
-          "Refresh",       "Calls",           "ZoomPlus",     "ZoomMinus",    "ZoomNo",      "CheckBoxAll",
-          "CheckBoxNone",  "CopyName",        "CopyCodePath", "CopyAsText"})
-        command[key].setEnabled(open);
     mnuReports_->setEnabled(open);
     mnuCopy_->setEnabled(open);
-    // The second pass runs with the load, and there is nothing that these could do.
-    for (const char* key : {"Structure", "CallsModule", "Uses", "UsesShow", "ContentGraph", "ContentChart"})
-        command[key].setEnabled(false);
-    command["CallsModule"].setVisible(false);
-    for (const char* key : {"Calls", "SplitForContent", "SplitForCalls", "ContentChart", "ContentGraph", "ContentCode"})
-        command[key].setVisible(true);
-    command["Options"].setEnabled(true);
-    const bool checkBoxes = command["CheckBoxOn"].isChecked();
-    command["CheckBoxAll"].setVisible(checkBoxes);
-    command["CheckBoxNone"].setVisible(checkBoxes);
+    command[Command::CallsModule].setVisible(false);
+    const bool checkBoxes = command[Command::CheckBoxOn].isChecked();
+    command[Command::CheckBoxAll].setVisible(checkBoxes);
+    command[Command::CheckBoxNone].setVisible(checkBoxes);
 
     const clsModul* modul = selection_.CurModule;
     const QString forModule =
         modul ? QStringLiteral("for %1 (%2)").arg(ToQString(modul->myNameOrg()), ToQString(modul->ModulTyp))
               : TextNr(Text::ForCurrentModule);
-    Commands::SetTexts(command["CallsModule"], forModule,
+    Commands::SetTexts(command[Command::CallsModule], forModule,
                        modul ? TextNr(Text::ReadCalls) + QStringLiteral(": ") + ToQString(modul->myNameOrg())
                              : TextNr(Text::ReadCalls) + QLatin1Char(' ') + TextNr(Text::ForCurrentModule));
-    Commands::SetTexts(command["CallsOfModule"], forModule, forModule);
-    command["CallsOfModule"].setEnabled(modul != nullptr);
+    Commands::SetTexts(command[Command::CallsOfModule], forModule, forModule);
     const bool deletable = selection_.CurObject && (selection_.CurObject->Class() == ObjectClass::Prozedur ||
                                                     selection_.CurObject->Class() == ObjectClass::Variable ||
                                                     selection_.CurObject->Class() == ObjectClass::Type);
     const QString object = deletable ? ToQString(selection_.CurObject->myNameOrg()) : QStringLiteral("Objekt");
     const QString deleteText = object + QStringLiteral(" l\u00f6schen");
-    Commands::SetTexts(command["DeleteObject"], deleteText, deleteText);
-    command["DeleteObject"].setEnabled(false);  // nothing deletes objects yet
+    Commands::SetTexts(command[Command::DeleteObject], deleteText, deleteText);
     AssignMenuMnemonics();
     Activate_Checked();
-    ShowNavigation();
-    if (!open)
-        for (const char* key :
-             {"CalledByReally", "CalledByMaybe", "CallsReally", "CallsMaybe", "NextPlace", "PreviousPlace"})
-            command[key].setEnabled(false);
-    ShowWhyDisabled();
+    commands_->Activate(Now());
+}
+
+Situation frmMain::Now() const {
+    const bool open = gProjekt != nullptr;
+    return {.hasProject = open,
+            .hasObject = selection_.CurObject != nullptr,
+            .hasModule = selection_.CurModule != nullptr,
+            .callsRead = callsRead_,
+            .neighbours = open ? Activate_Dependencies(*gProjekt, selection_.CurObject) : DependencyButtons(),
+            .hasPlaces = rtbCode_->PlaceCount() > 0,
+            .hasPrevious = open && navigation_.NavPrevEnabled(),
+            .hasNext = open && navigation_.NavNextEnabled()};
 }
 
 // What can be checked shows the state at hand, also after a command that changed nothing.
 void frmMain::Activate_Checked() {
     Commands& command = *commands_;
-    command["ContentCode"].setChecked(settings_.Content == ContentMode::Code);
-    command["ContentGraph"].setChecked(settings_.Content == ContentMode::Graph);
-    command["ContentChart"].setChecked(settings_.Content == ContentMode::Chart);
-    command["SplitForContent"].setChecked(settings_.Split == SplitMode::Content);
-    command["SplitForCalls"].setChecked(settings_.Split == SplitMode::Calls);
-}
-
-// The tip of a command that can't be given says why.
-void frmMain::ShowWhyDisabled() {
-    for (QAction* action : commands_->All()) {
-        const QString plain = Commands::PlainTip(*action);
-        const QString why = action->isEnabled() ? QString() : WhyDisabled(*action);
-        action->setToolTip(why.isEmpty() ? plain : plain + QLatin1Char('\n') + why);
-    }
-}
-
-QString frmMain::WhyDisabled(const QAction& action) const {
-    const QString name = action.objectName();
-    const auto isOneOf = [&name](std::initializer_list<const char*> keys) {
-        return std::any_of(keys.begin(), keys.end(), [&name](const char* key) { return name == QLatin1String(key); });
-    };
-    if (isOneOf({"ContentGraph", "ContentChart", "DeleteObject"}))
-        return TextNr(Text::LaterVersion);
-    if (!gProjekt)
-        return TextNr(Text::OpenProjectFirst);
-    if (isOneOf({"Structure"}))
-        return TextNr(Text::DoneAtOpening);
-    if (isOneOf({"NavPrev", "NavNext"}))
-        return TextNr(Text::NoFurtherObject);
-    if (isOneOf({"NextPlace", "PreviousPlace"}))
-        return TextNr(Text::ChooseNeighbourFirst);
-    if (isOneOf({"CalledByReally", "CalledByMaybe", "CallsReally", "CallsMaybe"}))
-        return TextNr(!selection_.CurObject ? Text::ChooseObjectFirst
-                      : !callsRead_         ? Text::ReadCallsFirst
-                                            : Text::NoneOfThese);
-    return isOneOf({"CallsOfModule"}) ? TextNr(Text::ChooseObjectFirst) : QString();
+    command[Command::ContentCode].setChecked(settings_.Content == ContentMode::Code);
+    command[Command::ContentGraph].setChecked(settings_.Content == ContentMode::Graph);
+    command[Command::ContentChart].setChecked(settings_.Content == ContentMode::Chart);
+    command[Command::SplitForContent].setChecked(settings_.Split == SplitMode::Content);
+    command[Command::SplitForCalls].setChecked(settings_.Split == SplitMode::Calls);
 }

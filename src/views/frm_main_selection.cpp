@@ -60,7 +60,7 @@ void frmMain::Activate_BaumProjekt_Node(BaumNode* node) {
         Show_Dependencies();
     }
     rtbCodePath_->Show(CodePath_Anzeigen(selection_), IconFor(node->Image()));
-    commands_->SetImage("CallsModule", callsRead_ ? "CallsRead" : "CallsReadNot");
+    commands_->SetImage(Command::CallsModule, callsRead_ ? "CallsRead" : "CallsReadNot");
     Activate_Commands();
     last_ = Set_LastObjects(selection_);
     navigation_.AddNavCodeKey(node->Key());
@@ -82,12 +82,6 @@ void frmMain::ShowCode(const CodePane::Change& change) {
 void frmMain::Activate_Dependencies_ColorPoints() {
     if (!selection_.CurObject)
         return;
-    const DependencyButtons buttons = Activate_Dependencies(*gProjekt, selection_.CurObject);
-    Commands& command = *commands_;
-    command["CalledByReally"].setEnabled(buttons.CalledByReally);
-    command["CalledByMaybe"].setEnabled(buttons.CalledByMaybe);
-    command["CallsReally"].setEnabled(buttons.CallsReally);
-    command["CallsMaybe"].setEnabled(buttons.CallsMaybe);
     ShowProperties(false);
 }
 
@@ -126,8 +120,8 @@ void frmMain::Show_Dependencies_Group() {
 void frmMain::SetMayBe(bool calls, bool mayBe) {
     (calls ? MayBeCalls : MayBeCalledBy) = mayBe;
     Commands& command = *commands_;
-    command[calls ? "CallsReally" : "CalledByReally"].setChecked(!mayBe);
-    command[calls ? "CallsMaybe" : "CalledByMaybe"].setChecked(mayBe);
+    command[calls ? Command::CallsReally : Command::CalledByReally].setChecked(!mayBe);
+    command[calls ? Command::CallsMaybe : Command::CalledByMaybe].setChecked(mayBe);
     DependencyPane* pane = calls ? callsPane_ : calledByPane_;
     pane->ShowCaption(TextNr(calls ? Text::Calls : Text::CalledBy), mayBe);
     if (!gProjekt || !selection_.CurObject)
@@ -190,14 +184,12 @@ void frmMain::ShowRecord(const NavigationList::Record& record) {
 }
 
 void frmMain::ShowNavigation() {
-    (*commands_)["NavPrev"].setEnabled(gProjekt && navigation_.NavPrevEnabled());
-    (*commands_)["NavNext"].setEnabled(gProjekt && navigation_.NavNextEnabled());
-    ShowWhyDisabled();
+    commands_->Activate(Now());
 }
 
 void frmMain::ToggleCheckBoxes(bool on) {
     BaumProjekt().SetCheckBoxes(on);
-    commands_->SetImage("CheckBoxOn", on ? "CheckBoxOn" : "CheckBoxOff");
+    commands_->SetImage(Command::CheckBoxOn, on ? "CheckBoxOn" : "CheckBoxOff");
     Activate_Commands();
 }
 

@@ -39,8 +39,9 @@ ProjectPane::ProjectPane(Baum& tree, const Settings& settings, Commands& command
       search_(new SearchBar(this)),
       ToolbarPrTrw(SmallToolbar(this)),
       tree_(new BaumView(tree, settings, this)) {
-    for (const char* key : {"CheckBoxOn", "CheckBoxAll", "CheckBoxNone", "CollapseAll"})
-        ToolbarPrTrw->addAction(&commands[key]);
+    for (const Command command :
+         {Command::CheckBoxOn, Command::CheckBoxAll, Command::CheckBoxNone, Command::CollapseAll})
+        ToolbarPrTrw->addAction(&commands[command]);
     auto* top = new QHBoxLayout;
     top->addStrut(HeadHeight(*this));
     top->setSpacing(4);
@@ -58,8 +59,8 @@ void ProjectPane::Texte() {
     ToolbarPrTrw->setAccessibleName(TextNr(Text::ProjectTree));
 }
 
-DependencyPane::DependencyPane(Baum& tree, const Settings& settings, Commands& commands, std::string_view really,
-                               std::string_view mayBe, QWidget* parent)
+DependencyPane::DependencyPane(Baum& tree, const Settings& settings, Commands& commands, Command really, Command mayBe,
+                               QWidget* parent)
     : QWidget(parent),
       caption_(new QLabel(this)),
       toolbar_(SmallToolbar(this)),

@@ -4,6 +4,7 @@
 
 #include <QWidget>
 
+#include "display/command_table.h"
 #include "shell/text_numbers.h"
 
 class Baum;
@@ -33,9 +34,9 @@ class DependencyPane final : public QWidget {
     Q_OBJECT
 
 public:
-    /// @param really, mayBe  keys of the two commands that choose what the tree shows
-    DependencyPane(Baum& tree, const Settings& settings, Commands& commands, std::string_view really,
-                   std::string_view mayBe, QWidget* parent = nullptr);
+    /// @param really, mayBe  the two commands that choose what the tree shows
+    DependencyPane(Baum& tree, const Settings& settings, Commands& commands, Command really, Command mayBe,
+                   QWidget* parent = nullptr);
     [[nodiscard]] BaumView& Tree() const { return *tree_; }
     /// The caption, in the colour of what is shown.
     void ShowCaption(const QString& text, bool mayBe);

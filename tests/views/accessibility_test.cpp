@@ -121,7 +121,7 @@ TEST_F(AccessibleWindow, NamesWhateverCanBeReachedAndCutsNoText) {
 
 TEST_F(AccessibleWindow, EveryMenuItemHasALetterOfItsOwnAndSaysWhyItIsGreyed) {
     InEveryState([this] { CheckMenu(window_->menuBar()->actions()); });
-    window_->TheCommands()["CheckBoxOn"].trigger();
+    window_->TheCommands()[Command::CheckBoxOn].trigger();
     CheckMenu(window_->menuBar()->actions());
 }
 
@@ -166,7 +166,7 @@ TEST_F(AccessibleWindow, BarsMoveAndFoldByKeys) {
     EXPECT_GT(bar.Place(), before);
     QTest::keyClick(bar.handle(1), Qt::Key_Return);
     EXPECT_TRUE(bar.Folded());
-    EXPECT_FALSE(window_->TheCommands()["SplitX"].isChecked());
+    EXPECT_FALSE(window_->TheCommands()[Command::SplitX].isChecked());
     QTest::keyClick(bar.handle(1), Qt::Key_Left);  // a folded bar stays
     QTest::keyClick(bar.handle(1), Qt::Key_Space);
     EXPECT_GT(bar.Place(), before);
@@ -188,7 +188,7 @@ TEST_F(AccessibleWindow, RecentProjectsStandInTheFileMenu) {
 TEST_F(AccessibleWindow, CopiesOfATreeStandInTheMenuToo) {
     window_->OpenProject(kSample);
     ASSERT_TRUE(window_->ActivateKey("modmain.main"));
-    window_->TheCommands()["CopyCodePath"].trigger();
+    window_->TheCommands()[Command::CopyCodePath].trigger();
     EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "modMain.Main");
 }
 

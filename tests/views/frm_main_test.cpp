@@ -75,7 +75,9 @@ protected:
         });
         timer->start(1);
     }
-    [[nodiscard]] QAction& Command(const char* key) const { return window_->TheCommands()[key]; }
+    [[nodiscard]] QAction& Command(const char* key) const {
+        return *window_->findChild<QAction*>(QString::fromLatin1(key));
+    }
     template <class Widget>
     [[nodiscard]] Widget& Find() const {
         return *window_->findChild<Widget*>();

@@ -1,0 +1,129 @@
+#include "display/command_table.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+using enum Command;
+
+constexpr std::array kRows = std::to_array<CommandRow>({
+    {OpenProject, "OpenProject", Text::OpenProject, Text::None, "OpenProject", "Ctrl+O", Needs::Nothing},
+    {CloseProject, "CloseProject", Text::CloseProject, Text::None, "Close", "", Needs::Project},
+    {ReportStructure, "ReportStructure", Text::StructureReports, Text::None, "Reports", "", Needs::Project},
+    {ReportCalls, "ReportCalls", Text::CallsReports, Text::None, "Reports", "", Needs::Project},
+    {ReportDeaths, "ReportDeaths", Text::DeathsReport, Text::None, "Reports", "", Needs::Project},
+    {Exit, "Exit", Text::Exit, Text::None, "Exit", "Ctrl+Q", Needs::Nothing},
+    {ContentCode, "ContentCode", Text::Code, Text::None, "ContentCode", "", Needs::Project, false, true},
+    {ContentGraph, "ContentGraph", Text::XGraph, Text::None, "ContentGraph", "", Needs::LaterVersion, false, true},
+    {ContentChart, "ContentChart", Text::Chart, Text::None, "ContentChart", "", Needs::LaterVersion, false, true},
+    {SplitForContent, "SplitForContent", Text::SplitForContent, Text::None, "SplitForContent", "", Needs::Project,
+     false, true},
+    {SplitForCalls, "SplitForCalls", Text::SplitForCalls, Text::None, "SplitForCalls", "", Needs::Project, false, true},
+    {SplitX, "SplitX", Text::LeftPane, Text::None, "SplitXShow", "", Needs::Project, false, true},
+    {SplitY, "SplitY", Text::UpperPane, Text::None, "SplitYShow", "", Needs::Project, false, true},
+    {CollapseAll, "CollapseAll", Text::CollapseAll, Text::None, "CollapseAll", "", Needs::Project},
+    {CheckBoxOn, "CheckBoxOn", Text::CheckBoxes, Text::None, "CheckBoxOff", "", Needs::Project, false, true},
+    {CheckBoxAll, "CheckBoxAll", Text::CheckAllModules, Text::None, "CheckBoxAll", "", Needs::Project},
+    {CheckBoxNone, "CheckBoxNone", Text::UncheckAllModules, Text::None, "CheckBoxNone", "", Needs::Project},
+    {Search, "Search", Text::FindObject, Text::None, "Search", "Ctrl+F", Needs::Project},
+    {NavPrev, "NavPrev", Text::Back, Text::None, "NavPrev", "Alt+Left", Needs::PreviousPlace},
+    {NavNext, "NavNext", Text::Forward, Text::None, "NavNext", "Alt+Right", Needs::NextPlace},
+    {ZoomPlus, "ZoomPlus", Text::ZoomIn, Text::None, "ZoomPlus", "Ctrl++|Ctrl+=", Needs::Project},
+    {ZoomMinus, "ZoomMinus", Text::ZoomOut, Text::None, "ZoomMinus", "Ctrl+-", Needs::Project},
+    {ZoomNo, "ZoomNo", Text::NormalSize, Text::None, "ZoomNo", "Ctrl+0", Needs::Project},
+    {Problems, "Problems", Text::ShowProblems, Text::None, "Problems", "", Needs::Nothing, true},
+    {Options, "Options", Text::Options, Text::None, "Options", "", Needs::Nothing, true},
+    {Structure, "Structure", Text::ReadStructure, Text::None, "Structure", "", Needs::DoneByOpening},
+    {CallsModule, "CallsModule", Text::ForCurrentModule, Text::None, "CallsModule", "", Needs::Never},
+    {Refresh, "Refresh", Text::Refresh, Text::None, "Refresh", "F5", Needs::Project},
+    {DeleteObject, "DeleteObject", Text::None, Text::None, "Delete", "", Needs::LaterVersion},
+    {CopyName, "CopyName", Text::CopyName, Text::None, "Copy", "", Needs::Project},
+    {CopyCodePath, "CopyCodePath", Text::CopyCodePath, Text::None, "", "", Needs::Project},
+    {CopyAsText, "CopyAsText", Text::CopyAsText, Text::None, "", "", Needs::Project},
+    {Calls, "Calls", Text::ReadAllCalls, Text::ReadCalls, "CallsReadNot", "", Needs::Project, true},
+    {CallsOfModule, "CallsOfModule", Text::ForCurrentModule, Text::None, "CallsModule", "", Needs::Module},
+    {Uses, "Uses", Text::UsesOfTypes, Text::None, "Uses", "", Needs::Never},
+    {UsesShow, "UsesShow", Text::UsesOfTypes, Text::None, "UsesShow", "", Needs::Never},
+    {CalledByReally, "CalledByReally", Text::Really, Text::None, "CalledByReally", "", Needs::Neighbours, false, true,
+     Text::CalledBy},
+    {CalledByMaybe, "CalledByMaybe", Text::MayBe, Text::None, "CalledByMaybe", "", Needs::Neighbours, false, true,
+     Text::CalledBy},
+    {CallsReally, "CallsReally", Text::Really, Text::None, "CallsReally", "", Needs::Neighbours, false, true,
+     Text::Calls},
+    {CallsMaybe, "CallsMaybe", Text::MayBe, Text::None, "CallsMaybe", "", Needs::Neighbours, false, true, Text::Calls},
+    {NextPlace, "NextPlace", Text::NextPlace, Text::None, "", "F3", Needs::Places},
+    {PreviousPlace, "PreviousPlace", Text::PreviousPlace, Text::None, "", "Shift+F3", Needs::Places},
+    {WebPage, "WebPage", Text::WebPage, Text::None, "", "", Needs::Nothing},
+    {Keys, "Keys", Text::KeyboardShortcuts, Text::None, "", "", Needs::Nothing, true},
+    {Diagnosis, "Diagnosis", Text::Summary, Text::None, "", "Ctrl+D", Needs::Nothing, true},
+    {About, "About", Text::About, Text::None, "About", "F1", Needs::Nothing},
+});
+
+constexpr bool EachStandsAtItsNumber() {
+    for (std::size_t i = 0; i < kRows.size(); ++i)
+        if (kRows[i].command != static_cast<Command>(i))
+            return false;
+    return kRows.back().command == About;
+}
+static_assert(EachStandsAtItsNumber());
+
+}  // namespace
+
+std::span<const CommandRow> CommandTable() {
+    return kRows;
+}
+
+const CommandRow& RowOf(Command command) {
+    return kRows[static_cast<std::size_t>(command)];
+}
+
+bool IsEnabled(Command command, const Situation& now) {
+    switch (RowOf(command).needs) {
+        case Needs::Nothing:
+            return true;
+        case Needs::Project:
+            return now.hasProject;
+        case Needs::Module:
+            return now.hasModule;
+        case Needs::Neighbours:
+            return command == CalledByReally  ? now.neighbours.CalledByReally
+                   : command == CalledByMaybe ? now.neighbours.CalledByMaybe
+                   : command == CallsReally   ? now.neighbours.CallsReally
+                                              : now.neighbours.CallsMaybe;
+        case Needs::Places:
+            return now.hasPlaces;
+        case Needs::PreviousPlace:
+            return now.hasPrevious;
+        case Needs::NextPlace:
+            return now.hasNext;
+        case Needs::LaterVersion:
+        case Needs::DoneByOpening:
+        case Needs::Never:
+            return false;
+    }
+    return false;
+}
+
+Text WhyDisabled(Command command, const Situation& now) {
+    const Needs needs = RowOf(command).needs;
+    if (needs == Needs::LaterVersion)
+        return Text::LaterVersion;
+    if (!now.hasProject)
+        return Text::OpenProjectFirst;
+    switch (needs) {
+        case Needs::Module:
+            return Text::ChooseObjectFirst;
+        case Needs::Neighbours:
+            return !now.hasObject ? Text::ChooseObjectFirst : !now.callsRead ? Text::ReadCallsFirst : Text::NoneOfThese;
+        case Needs::Places:
+            return Text::ChooseNeighbourFirst;
+        case Needs::PreviousPlace:
+        case Needs::NextPlace:
+            return Text::NoFurtherObject;
+        case Needs::DoneByOpening:
+            return Text::DoneAtOpening;
+        default:
+            return Text::None;
+    }
+}
