@@ -24,9 +24,9 @@
 #include "source/cond_compile.h"
 #include "source/line_scan.h"
 #include "source/module_text.h"
+#include "source/tokens.h"
 #include "structure/module_reader.h"
 #include "structure/sections.h"
-#include "structure/tokens.h"
 
 namespace {
 

@@ -22,7 +22,7 @@
 #include "project/start.h"
 #include "shell/errors.h"
 #include "source/module_text.h"
-#include "structure/tokens.h"
+#include "source/tokens.h"
 
 /// Reads the project at `path`. Everything is as before the first input, the pool of names included, so that
 /// memory doesn't grow.

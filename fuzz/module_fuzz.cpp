@@ -76,7 +76,7 @@ void RequireSoundCalls(clsProjekt& projekt) {
     Tote_Untote_Kennzeichnen(projekt);
     for (const clsModul* modul : projekt.AllModules())
         for (clsProzedur* prozedur : modul->MyProcs) {
-            Require((prozedur->IsDeath == 1) <= (prozedur->CalledByAll.Count() == 0), "nothing calls the dead");
+            Require((prozedur->IsDeath == 1) <= (prozedur->CalledByAll().Count() == 0), "nothing calls the dead");
             Check_ProcVars_Calls(projekt, *prozedur);
         }
     SoundEdges(projekt);

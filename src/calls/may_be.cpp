@@ -9,7 +9,8 @@ namespace {
 
 // Forms, classes and user controls: what a variable can hold.
 bool IsObjectModule(const clsModul& modul) {
-    return modul.ModulTyp == "form" || modul.ModulTyp == "class" || modul.ModulTyp == "usercontrol";
+    return modul.ModulTyp == ModuleKind::Form || modul.ModulTyp == ModuleKind::Class ||
+           modul.ModulTyp == ModuleKind::UserControl;
 }
 
 bool IsTarget(const clsProzedur& prozedur, AccessMode mode) {
@@ -20,14 +21,14 @@ bool IsTarget(const clsProzedur& prozedur, AccessMode mode) {
 bool IsPrivateTarget(const CodeObject& object, const clsModul& callingModule, AccessMode mode) {
     if (object.Class() == ObjectClass::Variable) {
         const auto& variable = static_cast<const clsVariable&>(object);
-        const bool isPrivateMember = variable.MyType && variable.MyType->Zugriff == "private";
-        if (variable.Zugriff != "private" && !isPrivateMember)
+        const bool isPrivateMember = variable.MyType && variable.MyType->Zugriff == Access::Private;
+        if (variable.Zugriff != Access::Private && !isPrivateMember)
             return false;
         if (variable.IsConst && mode != AccessMode::Read)
             return false;
         return IsObjectModule(callingModule) || variable.MyType;
     }
-    return object.Class() == ObjectClass::Prozedur && object.Zugriff == "private" &&
+    return object.Class() == ObjectClass::Prozedur && object.Zugriff == Access::Private &&
            IsTarget(static_cast<const clsProzedur&>(object), mode);
 }
 

@@ -37,30 +37,32 @@ private:
 
 PropertyRows OfModul(const clsModul& modul) {
     return Rows(modul.myNameOrg())
-        .Add(TextKind, modul.ModulTyp)
+        .Add(TextKind, TextOf(modul.ModulTyp))
         .Add(TextCodeLines, std::to_string(modul.AnzLineCode))
         .Take();
 }
 
 PropertyRows OfProzedur(const clsProzedur& prozedur) {
     Rows rows(prozedur.myNameOrg());
-    rows.Add(TextAccess, prozedur.Zugriff).Add(TextKind, prozedur.ProzedurTyp()).Add(TextOwner, OwnerText(prozedur));
-    if (prozedur.ProzedurTyp() == "function" || prozedur.ProzedurTyp() == "property get")
+    rows.Add(TextAccess, TextOf(prozedur.Zugriff))
+        .Add(TextKind, prozedur.ProzedurTypText())
+        .Add(TextOwner, OwnerText(prozedur));
+    if (prozedur.ProzedurTyp == ProcKind::Function || prozedur.ProzedurTyp == ProcKind::PropertyGet)
         rows.Add(TextDataType, prozedur.DatenTyp());
     return rows.Take();
 }
 
 PropertyRows OfVariable(const clsVariable& variable) {
     Rows rows(variable.myNameOrg());
-    if (variable.Zugriff == "procedure")
+    if (variable.Zugriff == Access::Procedure)
         rows.AddText(TextAccess, TextLocal);
     else
-        rows.Add(TextAccess, variable.Zugriff);
+        rows.Add(TextAccess, TextOf(variable.Zugriff));
     return rows.Add(TextDataType, variable.DatenTyp()).Add(TextOwner, OwnerText(variable)).Take();
 }
 
 PropertyRows OfBlock(const CodeObject& block) {
-    return Rows(block.myNameOrg()).Add(TextAccess, block.Zugriff).Add(TextOwner, OwnerText(block)).Take();
+    return Rows(block.myNameOrg()).Add(TextAccess, TextOf(block.Zugriff)).Add(TextOwner, OwnerText(block)).Take();
 }
 
 }  // namespace
@@ -73,13 +75,13 @@ std::string OwnerText(const CodeObject& object) {
     if (object.Class() == ObjectClass::Variable) {
         const auto& variable = static_cast<const clsVariable&>(object);
         if (variable.Prozedur)
-            return KindAndName(variable.Prozedur->ProzedurTyp(), variable.Prozedur->myNameOrg()).append("()");
+            return KindAndName(variable.Prozedur->ProzedurTypText(), variable.Prozedur->myNameOrg()).append("()");
         if (variable.MyType)
             return KindAndName("Type", variable.MyType->myNameOrg());
         if (variable.MyEnum)
             return KindAndName("Enum", variable.MyEnum->myNameOrg());
     }
-    return object.Modul ? KindAndName(object.Modul->ModulTyp, object.Modul->myNameOrg()) : std::string();
+    return object.Modul ? KindAndName(TextOf(object.Modul->ModulTyp), object.Modul->myNameOrg()) : std::string();
 }
 
 std::optional<PropertyRows> Anzeigen_Eigenschaften(const CodeObject& object) {

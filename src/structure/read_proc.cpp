@@ -45,13 +45,15 @@ private:
         proc_ = &reader_.modul.Own(std::make_unique<clsProzedur>(reader_.modul));
         proc_->DeclareStart = tokens_.PosOf(tokNr_);
         proc_->DeclareStartTNr = tokNr_;
-        proc_->Zugriff = first == kPrivate ? kPrivate : kPublic;
+        proc_->Zugriff = first == kPrivate ? Access::Private : Access::Public;
         reader_.NameIt(*proc_, nameNr_);
         proc_->NamePos = tokens_.PosOf(nameNr_);
         isEvent_ = kind_ == "event";
         proc_->IsEvent = isEvent_;
-        proc_->kind =
-            isProperty ? ProzedurTyp_AusWort(kind_, Word(nameNr_ - 1)) : ProzedurTyp_AusWort(isEvent_ ? "sub" : kind_);
+        if (isProperty)
+            ProzedurTyp_AusWort(*proc_, kind_, Word(nameNr_ - 1));
+        else
+            ProzedurTyp_AusWort(*proc_, isEvent_ ? "sub" : kind_);
         return true;
     }
 
@@ -124,7 +126,7 @@ private:
                 if (argument)
                     argument->type = type.AsName();
                 type = {};
-                argument = &NewVariable(nr, "argument");
+                argument = &NewVariable(nr, Access::Argument);
                 proc_->MyVars.AddUnlessPresent(argument->NameKey(), argument);
             }
         }
@@ -201,7 +203,7 @@ private:
                         variable->type = type.AsName();
                     type = {};
                     expectName = false;
-                    variable = &NewVariable(nr, "procedure");
+                    variable = &NewVariable(nr, Access::Procedure);
                     variable->IsConst = isConst;
                     if (!Is(how, "redim") || !IsKnownArray(*variable))
                         proc_->MyVars.AddUnlessPresent(variable->NameKey(), variable);
@@ -216,7 +218,7 @@ private:
         return reader_.modul.MyVars.Contains(variable.NameKey()) || reader_.projekt.MyVars.Contains(variable.NameKey());
     }
 
-    clsVariable& NewVariable(int nameNr, std::string_view zugriff) {
+    clsVariable& NewVariable(int nameNr, Access zugriff) {
         if (proc_->MyVars.Count() == 0)
             proc_->MyVars.Reserve(4);  // most procedures have a handful
         clsVariable& variable = reader_.modul.NewLocal();
@@ -235,13 +237,13 @@ private:
                 variable->type = variant;
         proc_->type = result_.AsName();
         // Only functions fall back to "variant": a Property Get without As keeps an empty type.
-        if (proc_->ProzedurTyp() == "function" && proc_->type.Empty())
+        if (proc_->ProzedurTyp == ProcKind::Function && proc_->type.Empty())
             proc_->type = variant;
         if (IsHandler(reader_.modul, *proc_))
             proc_->IsEvent = true;
-        if (proc_->ProzedurTyp() == "function" || proc_->ProzedurTyp() == "property get") {
+        if (proc_->ProzedurTyp == ProcKind::Function || proc_->ProzedurTyp == ProcKind::PropertyGet) {
             // Assigning to the procedure's own name inside it finds this variable.
-            clsVariable& result = NewVariable(nameNr_, "argument");
+            clsVariable& result = NewVariable(nameNr_, Access::Argument);
             result.type = proc_->type;
             result.isResult = true;
             proc_->MyVars.AddUnlessPresent(result.NameKey(), &result);

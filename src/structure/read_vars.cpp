@@ -29,7 +29,7 @@ std::string_view DatenTyp_AusZeichen(std::string_view sign) {
 
 namespace {
 
-clsVariable& NewVariable(ModuleReader& reader, int nameNr, std::string_view zugriff) {
+clsVariable& NewVariable(ModuleReader& reader, int nameNr, Access zugriff) {
     clsVariable& variable = reader.modul.Own(std::make_unique<clsVariable>());
     variable.Modul = &reader.modul;
     variable.Zugriff = zugriff;
@@ -56,7 +56,7 @@ Name TypeOf(const ModuleReader& reader, const std::vector<int>& list) {
 
 void Analyse_ReadVars(ModuleReader& reader, int& tokNr) {
     const std::string_view first = reader.Word(tokNr);
-    const std::string_view zugriff = Is(first, "dim") || first == kPrivate ? kPrivate : kPublic;
+    const Access zugriff = Is(first, "dim") || first == kPrivate ? Access::Private : Access::Public;
     const int last = reader.tokens.LastOfStatement(tokNr);
     std::vector<int> list;  // tokens of the variable at hand, the name first
     int depth = 0;
@@ -85,7 +85,7 @@ void Analyse_ReadVars(ModuleReader& reader, int& tokNr) {
 
 void Analyse_ReadConst(ModuleReader& reader, int& tokNr) {
     const std::string_view first = reader.Word(tokNr);
-    const std::string_view zugriff = first == kPrivate ? kPrivate : kPublic;
+    const Access zugriff = first == kPrivate ? Access::Private : Access::Public;
     const int start = tokNr + (Is(first, "const") ? 1 : 2);
     const int last = reader.tokens.LastOfStatement(tokNr);
     int depth = 0;

@@ -380,7 +380,7 @@ void frmMain::Activate_Commands() {
 
     const clsModul* modul = selection_.CurModule;
     const QString forModule =
-        modul ? QStringLiteral("for %1 (%2)").arg(ToQString(modul->myNameOrg()), ToQString(modul->ModulTyp))
+        modul ? QStringLiteral("for %1 (%2)").arg(ToQString(modul->myNameOrg()), ToQString(TextOf(modul->ModulTyp)))
               : TextNr(11);
     Commands::SetTexts(command["CallsModule"], forModule,
                        modul ? TextNr(14) + QStringLiteral(": ") + ToQString(modul->myNameOrg())

@@ -96,13 +96,13 @@ TEST_F(DeadObjects, ArgumentsAndLocalsAreUsedWhereTheirNameStandsInTheBody) {
     clsProzedur& run = *ModuleOf("module1").MyProcs.Item("run");
     Check_ProcVars_Calls(*gProjekt, run);
     Check_ProcVars_Calls(*gProjekt, run);  // looks only once
-    EXPECT_EQ(run.MyVars.Item("byname")->CalledByAll.Count(), 1);
-    EXPECT_EQ((*run.MyVars.Item("byname")->CalledByAll.begin())->CallPos, vb.pos(2));
-    EXPECT_EQ(run.MyVars.Item("used")->CalledByAll.Count(), 1);
+    EXPECT_EQ(run.MyVars.Item("byname")->CalledByAll().Count(), 1);
+    EXPECT_EQ((*run.MyVars.Item("byname")->CalledByAll().begin())->CallPos, vb.pos(2));
+    EXPECT_EQ(run.MyVars.Item("used")->CalledByAll().Count(), 1);
     for (const char* unused : {"intext", "inname", "aftersign", "never"})
-        EXPECT_EQ(run.MyVars.Item(unused)->CalledByAll.Count(), 0) << unused;
+        EXPECT_EQ(run.MyVars.Item(unused)->CalledByAll().Count(), 0) << unused;
     EXPECT_EQ(Anz_NotCalled_Vars(run), 4);
-    for (const clsCall* call : run.MyVars.Item("named")->CalledByAll) {
+    for (const clsCall* call : run.MyVars.Item("named")->CalledByAll()) {
         EXPECT_EQ(call->CallProcedure(), &run);
         EXPECT_EQ(call->Type(), CallType::Really);
     }

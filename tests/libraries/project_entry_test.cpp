@@ -18,7 +18,7 @@ void ExpectLibraries(void (*fill)(clsTypeLib&, std::string_view), std::string_vi
         clsTypeLib library;
         fill(library, c.line);
         EXPECT_EQ(library.ProjektEintrag, c.line);
-        EXPECT_EQ(library.LibTyp, libTyp);
+        EXPECT_EQ(TextOf(library.LibTyp), libTyp);
         EXPECT_EQ(library.CodePathOrg(), c.name);
         EXPECT_EQ(library.TypeLibID, c.typeLibID);
         EXPECT_EQ(library.Version, c.version);

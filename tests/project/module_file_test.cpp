@@ -47,7 +47,7 @@ TEST_F(Modules, OtherThanStandardOnesHaveAMe) {
     ASSERT_EQ(gProjekt->FormVars.Count(), 1);
     const clsVariable& form = *gProjekt->FormVars.Item("b");
     EXPECT_EQ(form.DatenTyp(), "b");
-    EXPECT_EQ(form.Zugriff, "public");
+    EXPECT_EQ(form.Zugriff, Access::Public);
     EXPECT_EQ(form.DeclareStart, 0);
     EXPECT_FALSE(ModuleOf("b").MyVars.Contains("b"));
 }

@@ -1,7 +1,7 @@
 #include "structure/read_proc.h"
 
+#include "source/tokens.h"
 #include "structure/reading.h"
-#include "structure/tokens.h"
 
 namespace {
 
@@ -146,7 +146,7 @@ TEST_F(Locals, AndArgumentsEndBehindTheirType) {
         const PosRange mark = vb.ranges[static_cast<std::size_t>(nr) - 1];
         const bool hasType = nr != 3 && nr != 5;
         EXPECT_EQ(Place(*proc.MyVars.ItemNr(nr)), PosRange(mark.first, hasType ? mark.second : -1));
-        EXPECT_EQ(proc.MyVars.ItemNr(nr)->Zugriff, nr <= 3 ? "argument" : "procedure");
+        EXPECT_EQ(proc.MyVars.ItemNr(nr)->Zugriff, nr <= 3 ? Access::Argument : Access::Procedure);
         EXPECT_EQ(proc.MyVars.ItemNr(nr)->Prozedur, &proc);
     }
 }

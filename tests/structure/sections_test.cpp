@@ -1,8 +1,8 @@
 // Where declarations and procedures begin, and which reader each of them meets.
 #include "structure/sections.h"
 
+#include "source/tokens.h"
 #include "structure/reading.h"
-#include "structure/tokens.h"
 
 namespace {
 

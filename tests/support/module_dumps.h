@@ -7,7 +7,7 @@
 
 #include "source/cond_compile.h"
 #include "source/module_text.h"
-#include "structure/tokens.h"
+#include "source/tokens.h"
 #include "support/marked.h"
 
 // Each of these runs, on a copy of the text, the steps of the reading that come before what it asks for.

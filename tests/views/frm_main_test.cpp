@@ -196,7 +196,7 @@ TEST_F(MainWindow, ReadCallsAsksAndRightClickInTheCodeJumps) {
     EXPECT_GT(gProjekt->calls.Count(), 900U);
     window_->ActivateKey("modmain.main");
     const clsProzedur& procedure = *window_->Current().CurProc;
-    const clsCall* call = *procedure.CallsAll.begin();
+    const clsCall* call = *procedure.CallsAll().begin();
     const std::string target = call->Parent->CodePath();
     CodeView& code = window_->rtbCode();
     code.Select({call->CallPos - procedure.DeclareStart, 0});

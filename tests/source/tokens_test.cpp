@@ -1,4 +1,4 @@
-#include "structure/tokens.h"
+#include "source/tokens.h"
 
 #include "support/module_dumps.h"
 #include "support/project_test.h"

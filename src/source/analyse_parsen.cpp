@@ -9,7 +9,7 @@
 
 #include "platform/vector_code.h"
 #include "source/module_text.h"
-#include "structure/tokens.h"
+#include "source/tokens.h"
 
 namespace {
 
