@@ -68,7 +68,7 @@ TEST_F(ProjectTree, LocalsAreShownWhenTheOptionSaysSo) {
         const CodeObject* object = ObjectOfNode(tree.Item(key)->Key());
         EXPECT_TRUE(object && object->CodePath() == key) << key;
     }
-    EXPECT_EQ(ObjectOfNode("clsbox.Public_Sub[]"), ObjectOfNode("clsbox"));  // a group stands for its module
+    EXPECT_EQ(ObjectOfNode("clsbox.Public_Sub[]"), ObjectOfNode("clsbox"));  // a group represents its module
 }
 
 TEST_F(ProjectTree, ASecondRunAddsOnlyWhatIsMissing) {

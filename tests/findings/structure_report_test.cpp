@@ -14,7 +14,7 @@ TEST_F(StructureReports, LieBesideTheSourcesAndOneThatCannotBeWrittenIsReported)
                  {"B.bas", "Dim b\r\n"},
                  {"E.bas", "Option Explicit\r\n"},
                  {"b.bas structure.txt", "an older and longer report, to be replaced\r\n"}});
-    ProjectFiles().WriteWhole("p\\A.bas Structure.txt\\inside", "");  // a directory stands there
+    ProjectFiles().WriteWhole("p\\A.bas Structure.txt\\inside", "");  // makes the path a directory
     RecordingErrors errors;
     AnalyseErgebnisStructure(*gProjekt);
     EXPECT_THAT(errors.tags, ElementsAre("clsModul: AnalyseErgebnisStructure"));

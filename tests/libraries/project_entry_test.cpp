@@ -37,10 +37,10 @@ TEST(References, TellWhatTheirLineHolds) {
          {R"(Reference=*\G{1}#6.0#9#C:\Program Files\My.Lib.dll)", "My.Lib", "{1}", "6.0",
           R"(C:\Program Files\My.Lib.dll)", ""},
          {R"(Reference=*\G{1}#1.0#0#csharp.tlb#C# Tools #2)", "csharp", "{1}", "1.0", "csharp.tlb", "C# Tools #2"},
-         // The number of a resource in the file is no part of the name.
+         // The number of a resource in the file is not part of the name.
          {R"(Reference=*\G{1}#1.0#0#C:\vbscript.dll\2#VBScript)", "vbscript", "{1}", "1.0", R"(C:\vbscript.dll\2)",
           "VBScript"},
-         // Another project has its path in place of the identifier.
+         // A reference to another project has its path in place of the identifier.
          {R"(Reference=*\A..\Other\Other.vbp)", "Other", R"(..\Other\Other.vbp)", "", R"(..\Other\Other.vbp)", ""}});
 }
 

@@ -47,7 +47,7 @@ TEST_F(Errors, TheSameProblemIsListedOnceAndReportedEachTime) {
         ShowError("a: b", 1, "x");
         NoteProblem("a: b", "x");
     }
-    NoteProblem("a: b\nx", "");  // other parts of one whole are another problem
+    NoteProblem("a: b\nx", "");  // another description or subject makes another problem
     EXPECT_THAT(errors.tags, SizeIs(3));
     EXPECT_THAT(Problems(), SizeIs(2));
     ClearProblems();

@@ -14,7 +14,7 @@ TEST(TimerOfDay, CountsSecondsSinceLocalMidnight) {
     const std::time_t now = std::time(nullptr);
     const std::tm local = *std::localtime(&now);
     const double distance = std::fabs(TimerOfDay() - (local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec));
-    EXPECT_TRUE(distance < 3 || distance > 86390) << distance;  // midnight may fall in between
+    EXPECT_TRUE(distance < 3 || distance > 86390) << distance;  // midnight may pass in between
 }
 
 TEST(TimingRecords, PairedStartsAndStopsAddUpAndAnUnbalancedStopIsTold) {
@@ -23,7 +23,7 @@ TEST(TimingRecords, PairedStartsAndStopsAddUpAndAnUnbalancedStopIsTold) {
     record.Total = 100;
     for (int i = 0; i < 2; ++i) {
         Timer_Start(record);
-        record.StartTime -= 16;  // the stop comes sixteen seconds later
+        record.StartTime -= 16;  // simulates a duration of sixteen seconds
         Timer_Stop(record);
     }
     EXPECT_NEAR(record.Total, 132, 0.5);
@@ -61,7 +61,7 @@ TEST(EventPump, RunsAtMostSomeThirtyTimesASecond) {
     };
     for (; runs < 5 && seconds() < 20; ++calls)
         DoEvents();
-    EXPECT_GE(seconds(), 4 / 31.0);  // the first run may come at once
+    EXPECT_GE(seconds(), 4 / 31.0);  // the first run may be immediate
     SetEventPump(before);
     EXPECT_EQ(runs, 5);
     EXPECT_GT(calls, 5);

@@ -7,7 +7,7 @@
 
 namespace {
 
-// The marks of each snippet are what must come out.
+// The marks of each snippet are the expected ranges.
 template <class Ranges>
 void ExpectMarked(Ranges ranges, std::initializer_list<const char*> snippets) {
     for (const char* snippet : snippets) {
@@ -31,7 +31,7 @@ TEST(Comments, BeginAtRemBehindABlankOrALineEnd) {
     ExpectMarked(CommentRanges,
                  {"x\n{{Rem a}}\ny", "x = 1: {{Rem a}}", "x\n  {{rem a}}", "x {{Rem a}}", "x\n{{Rem a _\nb}}\nc",
                   "x = \" rem a\"", "x\nRemark a", "x\nRem\ny", "x\n{{Rem it's}}", "x {{' a rem b}}",
-                  // What begins the text stays code.
+                  // A Rem at the start of the text stays code.
                   "Rem a\n{{Rem b}}", " {{Rem behind a blank}}\nx"});
 }
 

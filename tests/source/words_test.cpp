@@ -19,7 +19,7 @@ public:
 
 using Search = Pos (*)(const ModuleText&, Pos, std::string_view);
 
-// The search for "word" from the text's start, or from its end, must give the mark, or 0 where there is none.
+// Expects the search for "word" from the start or end of the text to return the mark, or 0 without a mark.
 void ExpectHit(Search search, std::initializer_list<const char*> snippets, bool fromEnd = false) {
     for (const char* snippet : snippets) {
         SCOPED_TRACE(snippet);
@@ -95,7 +95,7 @@ TEST(WithObject, IsThatOfTheLastWithLine) {
         "x = {{}}1\nWith {{outer}}.a\n  {{.y}}\n  With {{inner}}\n    {{.x}}\n  End With\nEnd With\n"
         "' With comment\ny = \"With text\"\n{{.z}}");
     using Case = std::tuple<std::size_t, const char*, Pos>;
-    // A block that is closed again counts as well.
+    // A block that has ended counts as well.
     for (const auto& [mark, object, expectedPos] :
          {Case{1, "", 0}, Case{3, "outer.a", source.vb.pos(2)}, Case{5, "inner", source.vb.pos(4)},
           Case{6, "inner", source.vb.pos(4)}}) {

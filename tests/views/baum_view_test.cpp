@@ -30,7 +30,7 @@ protected:
         view->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(view.get()));
     }
-    // A module with procedures, of which only the module is visible at first.
+    // Adds a module with procedures, of which only the module is visible at first.
     void FillSmall() {
         const Baum::Filling filling(tree);
         BaumNode* root = tree.Add(nullptr, "module[]", "MODULE", "OrdnerZu");
@@ -56,7 +56,7 @@ protected:
     std::unique_ptr<BaumView> view;
 };
 
-// The rows of a model with what the view makes of them: "text bold dimmed".
+// The rows of a model with their display: "text bold dimmed".
 void Dump(const QAbstractItemModel& model, const QModelIndex& parent, int indent, std::string& text) {
     for (int row = 0; row < model.rowCount(parent); ++row) {
         const QModelIndex index = model.index(row, 0, parent);
@@ -214,7 +214,7 @@ TEST_F(BaumViewTest, KeysTravelAsUtf8AndAreTakenWhereTheyMay) {
         QApplication::sendEvent(taker.viewport(), &event);
     }
     EXPECT_THAT(std::exchange(dropped, {}), ElementsAre("m.\xF6x"));
-    // The same by keyboard.
+    // Same with the keyboard.
     tree.Select(tree.Item("m"));
     QTest::keySequence(view.get(), QKeySequence::Copy);
     EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "mMain");

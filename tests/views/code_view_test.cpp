@@ -31,7 +31,7 @@ protected:
         code.firstLine = 7;
         return code;
     }
-    // "0:4-7 1:0-2", line and stretch of each coloured run.
+    // "0:4-7 1:0-2": line and range of each coloured run.
     [[nodiscard]] std::string Formats() const {
         std::string dump;
         for (QTextBlock line = view.document()->firstBlock(); line.isValid(); line = line.next())
@@ -43,7 +43,7 @@ protected:
     [[nodiscard]] QTextCharFormat FormatAt(int line, int nr) const {
         return view.document()->findBlockByNumber(line).layout()->formats().at(nr).format;
     }
-    // Middle of a character of the shown text in the viewport.
+    // The middle of a character of the shown text in viewport coordinates.
     [[nodiscard]] QPoint PointAt(int place) const {
         QTextCursor cursor(view.document());
         cursor.setPosition(place);
@@ -166,7 +166,7 @@ TEST_F(CodeViews, ToolTipIsAskedForWhatIsUnderThePointer) {
     };
     hover(PointAt(1));
     hover(PointAt(3));
-    hover(PointAt(2));                          // behind the first line
+    hover(PointAt(2));                          // after the end of the first line
     hover({5, view.viewport()->height() - 3});  // below all lines
     EXPECT_EQ(asked, (std::vector<Pos>{1, 4}));
     EXPECT_EQ(ToolTipOf({"sub a", "If a < b"}), QStringLiteral("<b>sub a</b><br>If a &lt; b"));
