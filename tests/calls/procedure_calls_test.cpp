@@ -71,7 +71,7 @@ TEST_F(ProcedureCalls, WordInAValueIsRead) {
             {"n = 1 & P", "> n; > p [get]"}});
 }
 
-TEST_F(ProcedureCalls, EqualsSignBehindTheWordAssignsToIt) {
+TEST_F(ProcedureCalls, EqualsSignAfterTheWordAssignsToIt) {
     Expect({{"P = 1", "> p [let]"},
             {"P = P", "> p [let]; > p [get]"},
             {"Set P = t", "> p [set]; > t"},
@@ -107,7 +107,7 @@ TEST_F(ProcedureCalls, UnbalancedBracketsEndWithTheStatement) {
             {"Go ))((n", "> go; > n"}});
 }
 
-TEST_F(ProcedureCalls, WithGivesItsObjectToTheDotsInside) {
+TEST_F(ProcedureCalls, DotsInsideWithReferToItsObject) {
     Expect({{"With t: .Run: End With", "> t; > thing.run"},
             {"With t: Set .Name = u: End With", "> t; > thing.name [let]; > u"},  // after the dot, Set is a name
             {"With t: If .Value Then .Run: End With", "> t; > thing.value; > thing.run"},
@@ -138,7 +138,7 @@ TEST_F(ProcedureCalls, UnknownMembersInsideWith) {
             {"With u: n = Calc(t) + Calc(.Value): End With", "> u; > n; > calc; > t; > calc; > thing.value"}});
 }
 
-TEST_F(ProcedureCalls, TypesBehindAsAreUsed) {
+TEST_F(ProcedureCalls, TypesAfterAsAreUsed) {
     Expect({{"Dim a, b As New Thing", ": thing"},
             {"Dim a(n) As Rec", "> n; : rec [type]"},
             {"Dim a As Project1.Thing, b As Lib.Shade", ": thing; : lib.shade [enum]"},
@@ -147,7 +147,7 @@ TEST_F(ProcedureCalls, TypesBehindAsAreUsed) {
             {"Set t = New Thing", "> t"}});
 }
 
-TEST_F(ProcedureCalls, KeywordBehindADotStaysOneUnlessADotFollows) {
+TEST_F(ProcedureCalls, KeywordAfterADotStaysAKeywordUnlessADotFollows) {
     Expect({{"t.Open n", "> t; > n"},
             {"r.step = 1", "> r"},
             {"r.input.Value = 1", "> r; > rec.input; > thing.value"},
@@ -194,7 +194,7 @@ TEST_F(ProcedureCalls, MeReachesPrivateMembersAndEventsAreCalled) {
 }
 
 // Compares only the positions, also of procedures in different modules.
-TEST_F(ProcedureCalls, NoEdgeToAProcedureWhoseNameStandsAtTheSamePosition) {
+TEST_F(ProcedureCalls, NoEdgeToAProcedureWhoseNameIsAtTheSamePosition) {
     const std::string caller = "Sub Run()\r\nTarget\r\nEnd Sub\r\n";
     for (const auto& [target, edges] : {std::pair("'2345\r\nSub Target()\r\nEnd Sub\r\n", ""),
                                         std::pair("'23456\r\nSub Target()\r\nEnd Sub\r\n", "> a.target")}) {

@@ -175,7 +175,7 @@ TEST_F(ReportProgram, KindsOfReportsAreThoseNamedOrAll) {
     EXPECT_THAT(dir_.Bytes("P.vbp Deaths.txt"), HasSubstr("\r\nT\tpublic sub\r\n"));
 }
 
-TEST_F(ReportProgram, CheckLocalsTellsUnusedArguments) {
+TEST_F(ReportProgram, CheckLocalsReportsUnusedArguments) {
     WriteProject("Function F(a, b)\nF = a\nEnd Function\n");
     std::map<std::string, Json> objects;
     const Json json = RunJson("--check-locals P.vbp");
@@ -187,7 +187,7 @@ TEST_F(ReportProgram, CheckLocalsTellsUnusedArguments) {
     EXPECT_FALSE(RunJson("P.vbp")["objects"].back().contains("unused"));
 }
 
-TEST_F(ReportProgram, NoReportsWritesNothingAndJsonOnStandardOutputStandsThereAlone) {
+TEST_F(ReportProgram, NoReportsWritesNothingAndStandardOutputHasOnlyTheJson) {
     WriteProject();
     EXPECT_EQ(Run("--no-reports --quiet P.vbp").out, "");
     EXPECT_FALSE(fs::exists(dir_.Path("A.bas Structure.txt")));

@@ -54,7 +54,7 @@ TEST_F(BaumTest, KeysAreFoundWithoutRegardToCaseAndTakenOnce) {
     EXPECT_EQ(tree.Count(), 2);
 }
 
-TEST_F(BaumTest, ChildrenOfASortedNodeStandByTextAndEqualOnesByEntry) {
+TEST_F(BaumTest, ChildrenOfASortedNodeAreSortedByTextThenByEntry) {
     BaumNode* inside = AddSorted("inside");
     {
         const Baum::Filling filling(tree);
@@ -136,7 +136,7 @@ TEST_F(BaumTest, AFillingIsOneResetOrOneChangeOfLooks) {
     EXPECT_TRUE(root->Expanded());
 }
 
-TEST_F(BaumTest, SingleStepsAreToldOnlyWhenSomethingChanges) {
+TEST_F(BaumTest, SingleStepsNotifyOnlyAboutChanges) {
     BaumNode* root = tree.Add(nullptr, "r", "r", "image");
     BaumNode* child = tree.Add(root, "c", "c", "");
     Recorder recorder;

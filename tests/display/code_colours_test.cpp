@@ -88,7 +88,7 @@ TEST_F(CodeColours, CallsAreTheirModulesOrOthersOrPossible) {
               "maybe:Member local:t callOut:T local:o callOut:C");
 }
 
-TEST_F(CodeColours, ProcedureIsShownWholeAndTellsWhereItStands) {
+TEST_F(CodeColours, ProcedureIsShownWithItsPosition) {
     const CodeText shown = Procedure(R"(
         Option Explicit
 
@@ -106,7 +106,7 @@ TEST_F(CodeColours, ProcedureIsShownWholeAndTellsWhereItStands) {
     EXPECT_EQ(shown.Shown(47, 1), std::nullopt);
 }
 
-TEST_F(CodeColours, DeadAndUndeadProceduresStandOnGrey) {
+TEST_F(CodeColours, DeadAndUndeadProceduresHaveAGreyBackground) {
     for (const bool alive : {false, true}) {
         ReadModule(alive ? "Sub Form_Load()\n    b\nEnd Sub\nSub b()\nEnd Sub\n"
                          : "Sub a()\n    b\nEnd Sub\nSub b()\nEnd Sub\n",
@@ -117,7 +117,7 @@ TEST_F(CodeColours, DeadAndUndeadProceduresStandOnGrey) {
     }
 }
 
-TEST_F(CodeColours, LibraryTellsItsFileFirst) {
+TEST_F(CodeColours, LibraryShowsItsFileFirst) {
     clsTypeLib library;
     library.SetName(Name("MSComctlLib"));
     library.InprocServer32 = "C:\\Windows\\comctl.ocx";

@@ -23,7 +23,7 @@ protected:
 
 }  // namespace
 
-TEST_F(Hover, TellsKindDeclarationOwnerNeighboursAndLines) {
+TEST_F(Hover, ShowsKindDeclarationOwnerNeighboursAndLines) {
     ReadProject({{"M.bas", R"(
                       Public Const c As Long = 5 ' five
                       Public Type T

@@ -49,7 +49,7 @@ constexpr const char* kClass = R"(
 
 }  // namespace
 
-TEST_F(ProjectTree, GroupsStandInTheirOrderAndSortByName) {
+TEST_F(ProjectTree, GroupsKeepTheirOrderAndSortByName) {
     ReadModule(kClass, "clsBox.cls");
     EXPECT_THAT(Shown(), testing::HasSubstr("\n    Private Function... [procedure] bold\n      Alpha() [procedure]\n"));
     EXPECT_EQ(KeysBelow("clsbox"),
@@ -99,7 +99,7 @@ TEST_F(ProjectTree, ASecondRunAddsOnlyWhatIsMissing) {
     EXPECT_EQ(DumpBaum(tree), first);
 }
 
-TEST_F(ProjectTree, ProgressStepsForEachModuleAndACancelLeavesWhatStands) {
+TEST_F(ProjectTree, ProgressStepsForEachModuleAndACancelKeepsTheNodesSoFar) {
     const std::string source = "Sub x()\r\nEnd Sub\r\n";
     ReadProject({{"A.bas", source}, {"B.bas", source}, {"C.cls", source}});
     {

@@ -137,7 +137,7 @@ TEST_F(Selecting, CodeFollowsTheObjectAndIsMadeOnce) {
     EXPECT_EQ(pane.Text().text, "");
 }
 
-TEST_F(Selecting, PlacesOfACallStandInTheTextOfTheCaller) {
+TEST_F(Selecting, PlacesOfACallAreInTheTextOfTheCaller) {
     ReadBoth();
     const auto places = [this](std::string_view object, std::string_view from, CallType type) {
         return Dump(pane.SelectCallsOfObject(*gProjekt, ObjectAt(object), ObjectAt(from), type));
@@ -204,7 +204,7 @@ TEST_F(Selecting, ShownTextDecidesWhatAClickAndTheHoverMean) {
     EXPECT_EQ(at("Other", 3), "- m.other");
 }
 
-TEST_F(Selecting, PathLineEndsWithWhatThePathDoesNotTell) {
+TEST_F(Selecting, PathLineEndsWithAccessKindOrType) {
     ReadModule(kModule, "M.bas");
     EXPECT_EQ(CodePath_Anzeigen(Selection()), "");
     EXPECT_EQ(CodePath_Anzeigen(Select("m")), "M   p\\M.bas");
@@ -218,7 +218,7 @@ TEST_F(Selecting, PathLineEndsWithWhatThePathDoesNotTell) {
     EXPECT_EQ(CodePath_Anzeigen(selection), "F.txt   vb.textbox");
 }
 
-TEST_F(Selecting, PlaceOfTheCursorIsToldInTextAndModule) {
+TEST_F(Selecting, PlaceOfTheCursorIsKnownInTextAndModule) {
     ReadModule("Option Explicit\nSub S()\n  a = 1\nEnd Sub\n", "M.bas");
     (void)Show("m.s");
     std::string dump;
@@ -227,7 +227,7 @@ TEST_F(Selecting, PlaceOfTheCursorIsToldInTextAndModule) {
     EXPECT_EQ(dump, "Zeile=3 SelStart=11 (29) SelEnd=12 (30) SelLength=1 ");
 }
 
-TEST(Navigation, GoesBackAndForwardAndCutsOffWhatLiesAhead) {
+TEST(Navigation, GoesBackAndForwardAndDiscardsTheEntriesAhead) {
     NavigationList list;
     EXPECT_EQ(list.NavCodeKey_Prev(), nullptr);
     list.AddNavCodeKey("a");

@@ -77,7 +77,7 @@ TEST_F(TreeChecks, WithTheChartsShowingNothingIsFiled) {
     EXPECT_EQ(Click("a").effect, CheckEffect::ShowGroup);
 }
 
-TEST_F(TreeChecks, ObjectsAreFoundAnewUnderTheirPaths) {
+TEST_F(TreeChecks, ObjectsAreFoundAgainByTheirPaths) {
     Click("a");
     Click("b.one");
     ReadProject({{"B.bas", "Sub one()\nEnd Sub\n"}});

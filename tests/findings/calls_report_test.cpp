@@ -53,7 +53,7 @@ TEST_F(CallsReports, CallsFromDeclarationsAreCountedDifferently) {
                   "|||S>Public Sub|");
 }
 
-TEST_F(CallsReports, TellPossibleCallsAndKeepContinuedLinesOnOne) {
+TEST_F(CallsReports, ListPossibleCallsAndJoinContinuedLines) {
     const Marked vb = Vb(R"(
         {{Sub S()}}
             y = _
@@ -69,7 +69,7 @@ TEST_F(CallsReports, TellPossibleCallsAndKeepContinuedLinesOnOne) {
     EXPECT_EQ(Of("Option Explicit\r\n", "C.cls"), "C|");  // Me is not listed
 }
 
-TEST_F(CallsReports, LieBesideTheSourcesAndReplaceOlderOnes) {
+TEST_F(CallsReports, AreWrittenBesideTheSourcesAndReplaceOlderOnes) {
     ReadProject({{"A.bas", "Dim x\n"},
                  {"B.frm", "Dim x\n"},
                  {"B.frm Calls.txt", "an older and longer report, to be replaced\n"}});

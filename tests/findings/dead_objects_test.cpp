@@ -77,7 +77,7 @@ TEST_F(DeadObjects, LongChainsDoNotTouchTheStack) {
     }
 }
 
-TEST_F(DeadObjects, ArgumentsAndLocalsAreUsedWhereTheirNameStandsInTheBody) {
+TEST_F(DeadObjects, ArgumentsAndLocalsAreUsedWhereTheBodyNamesThem) {
     const Marked vb = Vb(R"(
         Sub Other(named)
         End Sub

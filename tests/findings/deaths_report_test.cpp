@@ -21,7 +21,7 @@ protected:
 
 }  // namespace
 
-TEST_F(DeathsReports, MembersStandWhereOthersOfTheirTypeAreCalled) {
+TEST_F(DeathsReports, MembersAreListedIfOthersOfTheirTypeAreCalled) {
     EXPECT_EQ(Of("Private Type T\n  x As Long\n  y As Long\n  z As Long\nEnd Type\nPrivate Type Hollow\n  noType\n"
                  "End Type\nPrivate Sub Form_Load()\n  Dim l As T\n  l.y = 1\nEnd Sub",
                  "F.frm"),

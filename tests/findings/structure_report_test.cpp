@@ -9,7 +9,7 @@ using StructureReports = ProgramState;
 
 }  // namespace
 
-TEST_F(StructureReports, LieBesideTheSourcesAndOneThatCannotBeWrittenIsReported) {
+TEST_F(StructureReports, AreWrittenBesideTheSourcesAndFailuresAreReported) {
     ReadProject({{"A.bas", "Dim a\r\n"},
                  {"B.bas", "Dim b\r\n"},
                  {"E.bas", "Option Explicit\r\n"},

@@ -29,7 +29,7 @@ void ExpectLibraries(void (*fill)(clsTypeLib&, std::string_view), std::string_vi
 
 }  // namespace
 
-TEST(References, TellWhatTheirLineHolds) {
+TEST(References, TakeTheirDataFromTheLine) {
     ExpectLibraries(
         FillPropertysRef, "reference",
         {{R"(Reference=*\G{00020430-0000-0000-C000-000000000046}#2.0#0#..\system32\stdole2.tlb#OLE Automation)",
@@ -44,7 +44,7 @@ TEST(References, TellWhatTheirLineHolds) {
          {R"(Reference=*\A..\Other\Other.vbp)", "Other", R"(..\Other\Other.vbp)", "", R"(..\Other\Other.vbp)", ""}});
 }
 
-TEST(References, OfBrokenLinesTellWhatIsThere) {
+TEST(References, OfBrokenLinesKeepTheReadableParts) {
     ExpectLibraries(FillPropertysRef, "reference",
                     {{"Reference", "", "", "", "", ""},
                      {"Reference=", "", "", "", "", ""},
@@ -53,7 +53,7 @@ TEST(References, OfBrokenLinesTellWhatIsThere) {
                      {R"(Reference=*\G####)", "", "", "", "", ""}});
 }
 
-TEST(Components, TellWhatTheirLineHolds) {
+TEST(Components, TakeTheirDataFromTheLine) {
     ExpectLibraries(
         FillPropertys, "component",
         {{"Object={831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0; MSCOMCTL.OCX", "MSCOMCTL",

@@ -49,7 +49,7 @@ TEST_F(DiskPaths, ExactSpellingGoesFirstThenByteOrder) {
     EXPECT_EQ(Read("fOrM1.frm"), "FORM1.frm");
 }
 
-TEST_F(DiskPaths, AreMissingWhenNothingStandsThere) {
+TEST_F(DiskPaths, AreMissingWhenNoFileExists) {
     directory.Write("a.txt", "x");
     const std::string longName(300, 'n');
     std::string endless;
@@ -112,7 +112,7 @@ TEST_F(DiskPaths, LinksAreFollowed) {
     EXPECT_EQ(ReadError("dangling"), FileError::NotFound);
 }
 
-TEST_F(DiskReading, TellsWhatCannotBeRead) {
+TEST_F(DiskReading, ReportsWhatCannotBeRead) {
     fs::create_directory(Path("Dir.bas"));
     EXPECT_EQ(ReadError("DIR.bas"), FileError::IsDirectory);
     EXPECT_FALSE(files.FileExists(Path("Dir.bas")));
@@ -141,7 +141,7 @@ TEST_F(DiskReading, TakesFilesOfEverySize) {
     EXPECT_EQ(ReadError("large"), FileError::TooLarge);
 }
 
-TEST_F(DiskReading, GivesTheTimeOfTheLastChange) {
+TEST_F(DiskReading, ReturnsTheTimeOfTheLastChange) {
     const std::string path = directory.Write("a", "x");
     const timespec times[2] = {{1000, 0}, {1'600'000'000, 123'000'000}};
     ASSERT_EQ(utimensat(AT_FDCWD, path.c_str(), times, 0), 0);

@@ -122,7 +122,7 @@ TEST_F(ProjectReading, UnreadableProjectIsReportedAndStaysEmpty) {
     EXPECT_THAT(projekt.OwnedModules(), IsEmpty());
 }
 
-TEST_F(ModulePaths, StandBehindTheEqualSignOrTheSemicolon) {
+TEST_F(ModulePaths, FollowTheEqualSignOrTheSemicolon) {
     using Case = std::pair<const char*, const char*>;
     for (const auto& [line, path] :
          {Case{"Form=..\\shared\\Form1.frm", "C:\\p\\..\\shared\\Form1.frm"},
@@ -167,7 +167,7 @@ TEST_F(MissingFiles, AreAskedAboutAndPassedOver) {
     EXPECT_FALSE(gPublicNameSpace.Contains("x"));
 }
 
-TEST_F(MissingFiles, TellHowManyMoreAreMissingToWhoeverWantsToKnow) {
+TEST_F(MissingFiles, PassTheNumberOfFurtherMissingFilesToTheQuestion) {
     std::vector<int> more;
     SetMissingFilePort([&](std::string_view, int moreMissing) {
         more.push_back(moreMissing);

@@ -10,7 +10,7 @@
 
 namespace {
 
-TEST(Texts, StandAtTheLineOfTheirNumberAndTheOldStayWhereNothingComesInTheirPlace) {
+TEST(Texts, AreAtTheLineOfTheirNumberAndKeepTheirValueWithoutANewOne) {
     const RecordingErrors errors;
     const MemoryFiles files{{"o\\Languages\\english.txt", "Open\r\n\r\nExit"}, {"o/Languages/german.txt", "Auf\r\n"}};
     clsText text;

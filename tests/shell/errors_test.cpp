@@ -12,7 +12,7 @@ using testing::SizeIs;
 
 using Errors = ProgramState;
 
-TEST_F(Errors, AfterAFailedStatementTheNextOneGoesOnWithFormerValues) {
+TEST_F(Errors, AfterAFailedStatementTheNextOneUsesTheFormerValues) {
     const RecordingErrors errors;
     std::string_view word = "before";
     Pos next = 0;

@@ -38,7 +38,7 @@ constexpr const char* kOthers =
     "Col Publics=1\r\nCol Privates=2\r\nCol CallLocal=3\r\nCol CallIn=4\r\nCol CallOut=5\r\nCol CallMayBe=6\r\n"
     "Col CondCompile=7\r\nCol Comment=8\r\nCol String=-2147483633\r\n";
 
-TEST_F(Settings, AbsentFileGivesTheDefaultsAndComesIntoBeingAtTheFirstSave) {
+TEST_F(Settings, MissingFileGivesTheDefaultsAndTheFirstSaveCreatesIt) {
     Load(kOthers);
     SettingsFile file(files_, "new.ini");
     Optionen_Ini_Load(file);

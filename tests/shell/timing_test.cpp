@@ -17,7 +17,7 @@ TEST(TimerOfDay, CountsSecondsSinceLocalMidnight) {
     EXPECT_TRUE(distance < 3 || distance > 86390) << distance;  // midnight may pass in between
 }
 
-TEST(TimingRecords, PairedStartsAndStopsAddUpAndAnUnbalancedStopIsTold) {
+TEST(TimingRecords, PairedStartsAndStopsAddUpAndAnUnpairedStopIsReported) {
     const RecordingMessages messages;
     TimingRecord record;
     record.Total = 100;
@@ -32,7 +32,7 @@ TEST(TimingRecords, PairedStartsAndStopsAddUpAndAnUnbalancedStopIsTold) {
     EXPECT_THAT(messages.texts, testing::ElementsAre("Timerschrott!!!!"));
 }
 
-TEST(TimingRecords, TextHasHoursMinutesSecondsAndTheDigitsBehindThePoint) {
+TEST(TimingRecords, TextHasHoursMinutesSecondsAndDecimalPlaces) {
     using Case = std::pair<double, const char*>;
     for (const auto& [total, text] :
          {Case{0.0, "00:00:00:00"}, Case{59.5, "00:00:59:05"}, Case{61.05, "00:01:01:05"}, Case{3723.25, "01:02:03:25"},

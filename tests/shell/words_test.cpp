@@ -34,13 +34,13 @@ TEST(GetWortNrAusString, CountsRunsBetweenSeparators) {
     }
 }
 
-TEST(GetStringContent, IsWhatStandsBetweenTheFirstTwoQuotes) {
+TEST(GetStringContent, IsTheTextBetweenTheFirstTwoQuotes) {
     for (const auto& [text, content] :
          {std::pair{"Name=\"Projekt 1\" \"x\"", "Projekt 1"}, {"Name=\"\"", ""}, {"Name=\"open", ""}, {"none", ""}})
         EXPECT_EQ(modMain::GetStringContent(text), content) << text;
 }
 
-TEST(DirOrFileName, CutsBehindTheLastSeparatorOfEitherKind) {
+TEST(DirOrFileName, CutsAfterTheLastSeparatorOfEitherKind) {
     using Case = std::pair<const char*, const char*>;
     for (const auto& [directory, file] :
          {Case{"c:\\p\\", "a.vbp"}, Case{"/home/me\\..\\", "a.vbp"}, Case{"c:\\p/", "a b.c.vbp"}, Case{"c:\\p\\", ""},

@@ -37,7 +37,7 @@ TEST_P(Ahead, ResultsComeInOrderAndEachItemIsDoneOnce) {
         EXPECT_EQ(times, 1);
 }
 
-TEST_P(Ahead, WhatAnItemReportsIsToldWhenItIsTaken) {
+TEST_P(Ahead, ReportsOfAnItemAppearWhenItIsTaken) {
     const RecordingErrors errors;
     WorkAhead<int> work(
         3,

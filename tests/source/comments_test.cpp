@@ -27,7 +27,7 @@ TEST(Comments, RunOnOverAContinuation) {
                                  "first\nx = \"a\" & _\n  \"it's\" {{' note}}\ny"});
 }
 
-TEST(Comments, BeginAtRemBehindABlankOrALineEnd) {
+TEST(Comments, BeginAtRemAfterABlankOrALineEnd) {
     ExpectMarked(CommentRanges,
                  {"x\n{{Rem a}}\ny", "x = 1: {{Rem a}}", "x\n  {{rem a}}", "x {{Rem a}}", "x\n{{Rem a _\nb}}\nc",
                   "x = \" rem a\"", "x\nRemark a", "x\nRem\ny", "x\n{{Rem it's}}", "x {{' a rem b}}",
@@ -35,7 +35,7 @@ TEST(Comments, BeginAtRemBehindABlankOrALineEnd) {
                   "Rem a\n{{Rem b}}", " {{Rem behind a blank}}\nx"});
 }
 
-TEST(Comments, LastLineWithoutLineEndGoesByTheLineBefore) {
+TEST(Comments, LastLineWithoutLineEndUsesTheLineBefore) {
     const RecordingErrors errors;
     const auto comments = [](const char* text) { return CommentRanges(ModuleText(text)); };
     EXPECT_EQ(comments("x = 1\r\ny ' a"), std::vector<PosRange>());

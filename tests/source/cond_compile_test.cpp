@@ -41,7 +41,7 @@ TEST(CondCompile, DirectiveIsTheFirstThingInItsLogicalLine) {
     ExpectHidden("a _\n#If 0 Then\nb");
 }
 
-TEST(CondCompile, TornBlocksHideNoMoreThanTheirDirectives) {
+TEST(CondCompile, IncompleteBlocksHideOnlyTheirDirectives) {
     ExpectHidden("first\n{{#If 0 Then}}\nb");
     ExpectHidden("first\n{{#Else}}\nb");
     ExpectHidden("first\n#End If\nb");

@@ -17,7 +17,7 @@ TEST(ModuleText, FlagsOutsideTheTextAreAnError) {
         EXPECT_THROW((void)text.PosNotCode(pos), VbError) << pos;
 }
 
-TEST(VBZeilenEnde, IsTheCarriageReturnBehindTheLastContinuation) {
+TEST(VBZeilenEnde, IsTheCarriageReturnAfterTheLastContinuation) {
     const Marked vb = Vb(R"(
         {{D}}im a _
             As Long{{}}

@@ -44,7 +44,7 @@ TEST(Statement, IsSplitAtBlanksThatSeparate) {
         EXPECT_EQ(At(snippet).Splits(), splits) << snippet;
 }
 
-TEST(Statement, TellsWhichSplitHoldsThePosition) {
+TEST(Statement, FindsTheSplitThatContainsThePosition) {
     At at("Foo: a = b.{{c}}d + e");
     EXPECT_EQ(at->Statement(), "a = b.cd + e");
     EXPECT_EQ(at->SplitNr(), 3);
@@ -101,7 +101,7 @@ TEST(Statement, KnowsItsBrackets) {
     EXPECT_EQ(At("{{foo}} (a")->Get_PosKlammerRechts(6), 0);
 }
 
-TEST(Statement, TellsArgumentsFromTargetsAndNamesAndDeclarations) {
+TEST(Statement, DistinguishesArgumentsTargetsNamesAndDeclarations) {
     for (const char* argument : {"If {{a}} = 1 Then", "Loop Until {{a}}", "Case {{a}}", "foo {{a}}", "foo 1, {{a}}",
                                  "a({{i}}) = 1", "Call foo({{a}})", "Set x = f({{a}})"})
         EXPECT_TRUE(At(argument)->PosInArgumentListe()) << argument;

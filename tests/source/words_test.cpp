@@ -53,13 +53,13 @@ TEST(Suche, WholeWordInCodePassesOverCommentsAndStrings) {
     EXPECT_EQ(Suche_GanzesWort_Im_Code(ModuleText("a word"), 1, "word"), 0) << "nothing stands behind the word";
 }
 
-TEST(Suche, CalledWordIsNotFoundRightBehindAnEqualsSign) {
+TEST(Suche, CalledWordIsNotFoundDirectlyAfterAnEqualsSign) {
     ExpectHit(Suche_CallWort_Im_Code, {"{{word}}", "x = {{word}}", "x=word", "f x:={{word}}", "rs!word", "f({{word}})",
                                        "a.{{word}}$", "' word\nx=\"word\""});
     EXPECT_EQ(Suche_CallWort_Im_Code(Source("word").text, 0, "word"), 0);
 }
 
-TEST(Suche, WordBeforeAPointIsToldOnePositionFurther) {
+TEST(Suche, WordBeforeAPointIsReportedOnePositionFurther) {
     ExpectHit(Suche_CallWort_Im_Code_Type, {"x = word: w{{ord}}.a", "word.a: word.b", "' word.a\n", "word"});
     EXPECT_EQ(Suche_CallWort_Im_Code_Type(Source(" word.a").text, 0, "word"), 0);
 }

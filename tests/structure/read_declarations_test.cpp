@@ -33,7 +33,7 @@ TEST_F(Variables, AccessComesFromTheFirstWord) {
                    {"WithEvents a As Foo", "public a as foo"}});
 }
 
-TEST_F(Constants, ExistWhereAnEqualSignStands) {
+TEST_F(Constants, ComeFromEachEqualSign) {
     ExpectObjects({{"Const A = 1, B = 2", "public const A as variant; public const B as variant"},
                    {"Const A", ""},
                    {"Const A = 1, = 2", "public const A as variant"},

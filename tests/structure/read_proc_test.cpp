@@ -37,7 +37,7 @@ protected:
 
 }  // namespace
 
-TEST_F(Procedures, KnowWhereTheyStand) {
+TEST_F(Procedures, KnowTheirPositions) {
     const std::string_view snippet = R"(
         Dim a
         {{Private Function {{Area}}{{(}}ByVal w As Long{{)}} As Long
@@ -88,7 +88,7 @@ TEST_F(Arguments, TakeTheirTypeAsVariablesDoWithoutPassingWordsAndDefaults) {
           "public sub S(argument a as date, argument b as string, argument c as variant)"}});
 }
 
-TEST_F(Results, OfFunctionsStandAmongTheArguments) {
+TEST_F(Results, OfFunctionsAreAmongTheArguments) {
     ExpectObjects(
         {{"Function F$(a%)\nEnd Function", "public function F(argument a as integer, result F as string) as string"},
          {"Function F() As Byte()\nEnd Function", "public function F(result F as byte()) as byte()"},
@@ -137,7 +137,7 @@ TEST_F(Locals, ReDimDeclaresUnknownNamesOnly) {
     ExpectLocals({{"ReDim .Field(5)", "local . as variant"}, {"ReDim rec.Items(5) As Long", "local rec as long"}});
 }
 
-TEST_F(Locals, AndArgumentsEndBehindTheirType) {
+TEST_F(Locals, AndArgumentsEndAfterTheirType) {
     const std::string_view snippet =
         "Sub S(ByVal {{a As Lib.Thing}}, {{b%}}, {{c}})\nDim {{d() As Lib.Thing}}, {{e}}\nEnd Sub";
     const Marked vb = Vb(snippet);

@@ -56,7 +56,7 @@ TEST_F(Sections, ModuleWithoutProceduresHasThemAtItsEnd) {
     EXPECT_EQ(DumpObjects(modul), "private a as variant; private b as variant");
 }
 
-TEST_F(Sections, DeclarationsBeginBehindHeaderAndAttributes) {
+TEST_F(Sections, DeclarationsBeginAfterHeaderAndAttributes) {
     for (const auto& [file, snippet] :
          {std::pair("A.bas", "{{Dim}} a"),
           std::pair("A.bas", "Attribute VB_Name = \"A\"\nAttribute VB_Other = 1\n{{Option}} Explicit\nDim a"),

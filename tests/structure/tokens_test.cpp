@@ -19,7 +19,7 @@ void ExpectTokens(std::initializer_list<Case> cases) {
 
 }  // namespace
 
-TEST(Tokens, WordsSignsAndBracketsStandAlone) {
+TEST(Tokens, WordsSignsAndBracketsAreSeparate) {
     ExpectTokens({{"Dim a As Long", "1:Dim 1:a 1:As 1:Long"},
                   {"x = f(a, b) - 1", "1:x 1:= 1:f 1:( 1:a 1:, 1:b 1:) 1:- 1:1"},
                   {"a\r\n\r\n   \r\n  b_c\r\n", "1:a 2:b_c"},
@@ -40,7 +40,7 @@ TEST(Tokens, HoldTheirPlaceInTheText) {
     }
 }
 
-TEST(Tokens, TypeSignIsOneButTakesLettersBehindIt) {
+TEST(Tokens, TypeSignIsOneButIncludesFollowingLetters) {
     ExpectTokens({{"x$ = y%", "1:x 1:$ 1:= 1:y 1:%"},
                   {"rs!Name", "1:rs 1:!Name"},
                   {"x = &H10", "1:x 1:= 1:&H10"},

@@ -172,7 +172,7 @@ TEST_F(AccessibleWindow, BarsMoveAndFoldByKeys) {
     EXPECT_GT(bar.Place(), before);
 }
 
-TEST_F(AccessibleWindow, RecentProjectsStandInTheFileMenu) {
+TEST_F(AccessibleWindow, RecentProjectsAreInTheFileMenu) {
     QMenu* recent = window_->menuBar()->actions().front()->menu()->actions().at(2)->menu();
     ASSERT_TRUE(recent);
     Q_EMIT recent->aboutToShow();
@@ -185,7 +185,7 @@ TEST_F(AccessibleWindow, RecentProjectsStandInTheFileMenu) {
     EXPECT_TRUE(gProjekt);
 }
 
-TEST_F(AccessibleWindow, CopiesOfATreeStandInTheMenuToo) {
+TEST_F(AccessibleWindow, CopyCommandsOfATreeAreInTheMenuToo) {
     window_->OpenProject(kSample);
     ASSERT_TRUE(window_->ActivateKey("modmain.main"));
     window_->TheCommands()["CopyCodePath"].trigger();

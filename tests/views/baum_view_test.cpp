@@ -115,7 +115,7 @@ TEST_F(BaumViewTest, ClickAndKeysSelectAlike) {
     EXPECT_EQ(CurrentKey(), "m.alpha");
 }
 
-TEST_F(BaumViewTest, FoldsAndScrollPositionOutliveAFilling) {
+TEST_F(BaumViewTest, FoldsAndScrollPositionSurviveRefilling) {
     BaumNode* modul = tree.Item("m");
     for (int i = 0; i < 200; ++i)
         tree.Add(modul, "m.x" + std::to_string(i), "x", "");
@@ -156,7 +156,7 @@ TEST_F(BaumViewTest, TypingFindsTheNextVisibleLine) {
     EXPECT_EQ(Told().back(), "m.beta");
 }
 
-TEST_F(BaumViewTest, CheckBoxesAreShownOnWishAndTellOnlyOfTheMark) {
+TEST_F(BaumViewTest, CheckBoxesAreOptionalAndOnlyTheMarkToggles) {
     const QModelIndex index = view->Model().IndexOf(tree.Item("m"));
     EXPECT_FALSE(index.data(Qt::CheckStateRole).isValid());
     view->SetCheckBoxes(true);

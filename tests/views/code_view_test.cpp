@@ -80,7 +80,7 @@ TEST_F(CodeViews, PositionsAreBytesWhateverTheTextIsIn) {
     EXPECT_EQ(view.SelLength(), 1);
 }
 
-TEST_F(CodeViews, RightClickAndKeysTellThePosition) {
+TEST_F(CodeViews, RightClickAndKeysReportThePosition) {
     Show(Code("Call Foo\r\nCall Bar\r\n"));
     const QSignalSpy clicked(&view, &CodeView::PositionClicked);
     const auto last = [&clicked] { return clicked.isEmpty() ? QVariantList() : clicked.last(); };
@@ -187,7 +187,7 @@ TEST_F(CodeViews, ColoursCanBeReadInLightAndDark) {
     EXPECT_EQ(Readable(Qt::black, Qt::white), QColor(Qt::black));
 }
 
-TEST_F(CodeViews, DeadCodeStandsOnAGreyOfThePalette) {
+TEST_F(CodeViews, DeadCodeHasAGreyBackgroundFromThePalette) {
     CodeText code = Code("x");
     code.onGrey = true;
     QPalette palette(view.palette());
@@ -205,7 +205,7 @@ TEST_F(CodeViews, DeadCodeStandsOnAGreyOfThePalette) {
     EXPECT_EQ(ground(), QColor(Qt::black));
 }
 
-TEST_F(CodeViews, PathIsShortenedInTheMiddleUntilSomebodyGoesThere) {
+TEST_F(CodeViews, PathIsElidedInTheMiddleUntilItHasTheFocus) {
     QWidget window;
     PathLine line(&window);
     QLineEdit other(&window);

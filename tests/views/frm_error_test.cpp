@@ -41,7 +41,7 @@ protected:
     const ErrorReport report_{91, "Object variable not set", "clsModul: Get_VBZeilenEnde", "c:\\p\\Form1.frm"};
 };
 
-TEST_F(ErrorWindow, TellsWhatHappenedAndWhere) {
+TEST_F(ErrorWindow, ShowsWhatHappenedAndWhere) {
     EXPECT_TRUE(Report(report_, [&] {
         const auto& text = Child<QPlainTextEdit>("txtError");
         EXPECT_EQ(text.toPlainText(),
