@@ -30,7 +30,7 @@ std::string_view LastPart(std::string_view type) {
     return point == std::string_view::npos ? type : type.substr(point + 1);
 }
 
-// The name behind the last point of a type name.
+// The name after the last point of a type name.
 Name LastPart(Name type) {
     if (!type.Known())
         return type;
@@ -38,7 +38,7 @@ Name LastPart(Name type) {
     return last.size() == type.View().size() ? type : Name::Find(last);
 }
 
-// The module in whose name space an object looks up types.
+// The module whose name space an object uses to look up types.
 const clsModul* ModuleOf(const CodeObject* context) {
     if (!context)
         return nullptr;

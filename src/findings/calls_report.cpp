@@ -25,7 +25,7 @@ std::string ProperCase(std::string_view word) {
     return proper;
 }
 
-// Whose call lines they are decides their form.
+// The kind of the called object, which decides the form of its call lines.
 enum class Callee { Member, EnumMember, Variable, Other };
 
 class CallsReportWriter {
@@ -81,7 +81,7 @@ private:
     }
 
     void Call(const clsCall& call, Callee callee) {
-        // Another type of edge keeps the word of the line before.
+        // An edge of another type repeats the word of the previous line.
         if (call.Type() == CallType::MayBe)
             kind_ = "May be";
         else if (call.Type() == CallType::Really)

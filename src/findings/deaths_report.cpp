@@ -47,7 +47,7 @@ public:
     }
 
 private:
-    // The head line stands before the first entry.
+    // Writes the head line before the first entry.
     template <class... Parts>
     void Line(const Parts&... parts) {
         if (!hasHead_) {
@@ -73,7 +73,7 @@ std::string DeathsReport(const clsModul& modul) {
         if (variable->MyName() != "me" && variable->CalledByAll().Count() == 0)
             block.Object(variable->myNameOrg(), "\t", TextOf(variable->Zugriff),
                          variable->IsConst ? " Const" : " Variable");
-    // Of a class or user control no procedure is ever listed: something outside may call each of them.
+    // Procedures of classes and user controls are never listed, because code outside the project may call them.
     if (modul.ModulTyp != ModuleKind::Class && modul.ModulTyp != ModuleKind::UserControl)
         for (const clsProzedur* prozedur : modul.MyProcs)
             if (!prozedur->IsEvent && prozedur->CalledByAll().Count() == 0)

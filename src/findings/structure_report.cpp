@@ -11,7 +11,7 @@
 
 namespace {
 
-// Members of a type, enum or procedure, each below an empty line.
+// Writes the members of a type, enum or procedure, each after an empty line.
 void Members(ReportText& report, const clsCollection<clsVariable>& members) {
     for (const clsVariable* member : members) {
         report.BlankLines(1);

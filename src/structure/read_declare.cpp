@@ -57,8 +57,8 @@ bool IsHandler(const clsModul& modul, const clsProzedur& prozedur) {
         return false;
     if (name.starts_with(modul.ModulTyp == ModuleKind::Form ? "form_" : "usercontrol_"))
         return true;
-    // A control's name can hold "_" too, so each one may be the end of it.
-    constexpr std::size_t kLongestName = 1000;  // far more than a control can have
+    // The name of a control may contain "_", so each "_" may be its end.
+    constexpr std::size_t kLongestName = 1000;  // no control name is as long
     for (auto end = name.find('_'); end < kLongestName; end = name.find('_', end + 1))
         if (modul.MyControls.Contains(name.substr(0, end)))
             return true;

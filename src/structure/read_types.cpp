@@ -5,7 +5,7 @@
 
 namespace {
 
-// What the heads of both kinds of block say alike.
+// The parts that the heads of Type and Enum blocks share.
 struct BlockHead {
     Access zugriff;
     int nameNr;
@@ -38,7 +38,7 @@ clsVariable& NewMember(ModuleReader& reader, Block& owner, int nameNr, Access zu
     return member;
 }
 
-// `before` is the last token that stood before an "as" of its statement: a second "as" there makes nothing new.
+// `before` is the last token before an "as" of the same statement: a second "as" there makes no second member.
 void ReadTypeMember(ModuleReader& reader, clsType& type, int asNr, int typeNameNr, int& before) {
     const TokenTable& tokens = reader.tokens;
     int nameNr = asNr;
@@ -98,7 +98,7 @@ void Analyse_ReadEnum(ModuleReader& reader, int& tokNr) {
     if (!reader.Exists(head.nameNr))
         return;
     clsEnum& einEnum = NewBlock<clsEnum>(reader, head, tokNr);
-    bool headSeen = false;  // behind the head's own statement; every later statement makes one member
+    bool headSeen = false;  // the statement of the head has ended; every later statement makes one member
     bool statementTaken = false;
     int nr = tokNr + 1;
     for (; nr <= reader.tokens.Count(); ++nr) {

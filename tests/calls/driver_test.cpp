@@ -35,7 +35,7 @@ TEST_F(CallsDriver, CancelledBetweenTwoModulesKeepsTheEdgesMadeSoFar) {
     }
     EXPECT_EQ(DumpEdges(), "m : m.t [type]; f : m.t [type]");
     Remove_All_Calls(*gProjekt);
-    Who_Calls_Who(*gProjekt);  // a cancel does not outlive its run
+    Who_Calls_Who(*gProjekt);  // a cancellation does not affect the next run
     EXPECT_EQ(gProjekt->calls.Count(), 4U);
 }
 

@@ -19,7 +19,7 @@ std::string ProjectLine(const std::string& file) {
     const std::string stem = file.substr(0, file.rfind('.'));
     if (file.ends_with(".frm"))
         return "Form=" + file;
-    // The second line is only counted: a project of nothing but user controls counts as empty and isn't read.
+    // The second line is only counted: a project with only user controls counts as empty and is not read.
     if (file.ends_with(".ctl"))
         return "UserControl=" + file + "\r\nUsercontrol=none";
     return (file.ends_with(".cls") ? "Class=" : "Module=") + stem + "; " + file;
@@ -51,7 +51,7 @@ std::string List(const clsCollection<clsVariable>& variables) {
     return "(" + list + ")";
 }
 
-// One object of the module, or an empty text when no collection holds it.
+// One object of the module, or an empty text if no collection contains it.
 std::string DumpObject(const clsModul& modul, const CodeObject& object) {
     const std::string access = std::string(TextOf(object.Zugriff)) + " ";
     const std::string name(object.myNameOrg());
