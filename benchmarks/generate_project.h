@@ -1,19 +1,24 @@
-// Writes projects to measure with: they have the shapes and the proportions of systems that people inherit, and any
-// size. Nothing in them means anything, but nearly all of it refers to something that is there.
+// Projects to measure with, of any size: the modules of the sample, copied as often as it takes. Each copy has its own
+// names for what the whole project sees, so that its calls find their way; members of classes have the same names in
+// a few copies each, and many private names are the same everywhere, as in programs that have grown.
 #pragma once
 
 #include <cstddef>
-#include <filesystem>
+#include <functional>
 #include <string>
+#include <string_view>
+#include <vector>
 
 struct GeneratedProject {
-    std::string projectFile;  // path of the .vbp
-    std::size_t modules = 0;
+    std::string projectFile;
+    std::vector<std::string> moduleFiles;
     std::size_t lines = 0;  // of the modules
     std::size_t bytes = 0;  // of the modules
 };
 
-/// Writes a project of about `lines` lines into `directory`, which is made when it isn't there; files of the same names
-/// are replaced. The same size and seed give the same bytes.
-/// Throws std::runtime_error (std::filesystem::filesystem_error is one) when a file can't be written.
-GeneratedProject GenerateProject(const std::filesystem::path& directory, std::size_t lines, unsigned seed = 1);
+using WriteText = std::function<void(const std::string& path, std::string_view text)>;
+
+/// Hands `write` a project of `lines` lines, the last module in full, each file with its path in `directory`.
+/// The same size and seed give the same bytes. Throws std::runtime_error when the sample can't be read.
+GeneratedProject GenerateProject(const std::string& directory, std::size_t lines, unsigned seed,
+                                 const WriteText& write);

@@ -2,7 +2,10 @@
 
 #include <charconv>
 #include <cstdio>
-#include <exception>
+#include <filesystem>
+#include <fstream>
+#include <stdexcept>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -14,6 +17,14 @@ template <class Number>
 bool ReadNumber(std::string_view text, Number& number) {
     const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
     return error == std::errc() && end == text.data() + text.size();
+}
+
+void WriteFile(const std::string& path, std::string_view text) {
+    std::ofstream file(path, std::ios::binary);
+    file << text;
+    file.close();
+    if (!file)
+        throw std::runtime_error("Can't write " + path);
 }
 
 }  // namespace
@@ -35,8 +46,9 @@ int main(int argc, char* argv[]) {
         return 2;
     }
     try {
-        const GeneratedProject project = GenerateProject(places[1], lines, seed);
-        std::printf("%s: %zu modules, %zu lines, %zu bytes\n", project.projectFile.c_str(), project.modules,
+        std::filesystem::create_directories(places[1]);
+        const GeneratedProject project = GenerateProject(std::string(places[1]), lines, seed, WriteFile);
+        std::printf("%s: %zu modules, %zu lines, %zu bytes\n", project.projectFile.c_str(), project.moduleFiles.size(),
                     project.lines, project.bytes);
     } catch (const std::exception& failure) {
         std::fprintf(stderr, "%s\n", failure.what());

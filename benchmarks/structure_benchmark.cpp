@@ -4,74 +4,31 @@
 #include <malloc.h>
 #include <unistd.h>
 
-#include <algorithm>
-#include <cstdio>
 #include <filesystem>
 #include <fstream>
-#include <map>
 #include <string>
 #include <vector>
 
-#include "benchmarks/generate_project.h"
+#include "benchmarks/projects.h"
 #include "model/clsProjekt.h"
 #include "platform/files.h"
 #include "project/module_file.h"
-#include "project/project_file.h"
 #include "project/start.h"
 #include "shell/settings.h"
-#include "shell/timing.h"
 #include "source/comments.h"
 #include "source/cond_compile.h"
 #include "source/line_scan.h"
 #include "source/module_text.h"
+#include "source/tokens.h"
 #include "structure/module_reader.h"
 #include "structure/sections.h"
-#include "structure/tokens.h"
 
 namespace {
 
-// A generated project, made once for each size and taken away at the end of the program.
-class Projects {
-public:
-    const GeneratedProject& Of(std::size_t lines) {
-        auto found = projects_.find(lines);
-        if (found == projects_.end()) {
-            const std::filesystem::path directory = root_ / std::to_string(lines);
-            std::filesystem::create_directories(directory);
-            found = projects_.emplace(lines, GenerateProject(directory, lines)).first;
-        }
-        return found->second;
-    }
-    ~Projects() {
-        std::error_code ignored;
-        std::filesystem::remove_all(root_, ignored);
-    }
-
-private:
-    std::filesystem::path root_ =
-        std::filesystem::temp_directory_path() / ("ostrivane-benchmark-" + std::to_string(::getpid()));
-    std::map<std::size_t, GeneratedProject> projects_;
-};
-
-Projects& TheProjects() {
-    static Projects projects;
-    return projects;
-}
-
-std::vector<std::string> ModulePaths(const GeneratedProject& project) {
-    std::vector<std::string> paths;
-    for (const auto& entry :
-         std::filesystem::directory_iterator(std::filesystem::path(project.projectFile).parent_path()))
-        if (entry.path().extension() != ".vbp")
-            paths.push_back(entry.path().string());
-    return paths;
-}
-
-std::vector<std::string> ModuleTexts(const GeneratedProject& project) {
-    const DiskFiles files;
+std::vector<std::string> ModuleTexts(const BenchmarkProject& project) {
     std::vector<std::string> texts;
-    for (const std::string& path : ModulePaths(project))
-        texts.push_back(files.ReadText(path).text);
+    for (const std::string& path : project.made.moduleFiles)
+        texts.push_back(project.files.Bytes(path));
     return texts;
 }
 
@@ -81,18 +38,23 @@ void SetRates(benchmark::State& state, const GeneratedProject& project) {
         benchmark::Counter(static_cast<double>(state.iterations() * project.lines), benchmark::Counter::kIsRate);
 }
 
-const GeneratedProject& ProjectOf(benchmark::State& state) {
-    return TheProjects().Of(static_cast<std::size_t>(state.range(0)));
-}
-
+// From the disk, as far as the system has not kept the files in memory.
 void ReadFiles(benchmark::State& state) {
-    const GeneratedProject& project = ProjectOf(state);
-    const std::vector<std::string> paths = ModulePaths(project);
+    const BenchmarkProject& project = ProjectOf(state.range(0));
+    const std::filesystem::path directory =
+        std::filesystem::temp_directory_path() / ("ostrivane-benchmark-" + std::to_string(::getpid()));
+    std::filesystem::create_directories(directory);
+    std::vector<std::string> paths;
+    for (const std::string& path : project.made.moduleFiles) {
+        paths.push_back(directory / std::filesystem::path(path).filename());
+        std::ofstream(paths.back(), std::ios::binary) << project.files.Bytes(path);
+    }
     const DiskFiles files;
     for (auto _ : state)
         for (const std::string& path : paths)
             benchmark::DoNotOptimize(files.ReadText(path));
-    SetRates(state, project);
+    SetRates(state, project.made);
+    std::filesystem::remove_all(directory);
 }
 
 void MakeMaps(ModuleText& text) {
@@ -104,7 +66,7 @@ void MakeMaps(ModuleText& text) {
 
 // Lower case, comments, strings and conditional compilation.
 void Maps(benchmark::State& state) {
-    const GeneratedProject& project = ProjectOf(state);
+    BenchmarkProject& project = ProjectOf(state.range(0));
     const std::vector<std::string> sources = ModuleTexts(project);
     for (auto _ : state)
         for (const std::string& source : sources) {
@@ -112,11 +74,11 @@ void Maps(benchmark::State& state) {
             MakeMaps(text);
             benchmark::DoNotOptimize(text.MapForPass());
         }
-    SetRates(state, project);
+    SetRates(state, project.made);
 }
 
 void Tokens(benchmark::State& state) {
-    const GeneratedProject& project = ProjectOf(state);
+    BenchmarkProject& project = ProjectOf(state.range(0));
     const std::vector<std::string> sources = ModuleTexts(project);
     std::size_t tokens = 0;
     for (auto _ : state) {
@@ -130,34 +92,32 @@ void Tokens(benchmark::State& state) {
         }
     }
     state.counters["tokens"] = static_cast<double>(tokens);
-    SetRates(state, project);
+    SetRates(state, project.made);
 }
 
 // A project whose modules have their tokens; the two passes over the declarations and procedures are timed apart.
 void Reader(benchmark::State& state, bool procedures) {
-    const GeneratedProject& project = ProjectOf(state);
-    DiskFiles files;
+    BenchmarkProject& project = ProjectOf(state.range(0));
     for (auto _ : state) {
         state.PauseTiming();
-        CloseProject();
-        gProjekt = std::make_unique<clsProjekt>(files);
-        for (const std::string& path : ModulePaths(project)) {
-            clsModul& modul = gProjekt->Own(std::make_unique<clsModul>());
+        clsProjekt& projekt = NewProject(project);
+        for (const std::string& path : project.made.moduleFiles) {
+            clsModul& modul = projekt.Own(std::make_unique<clsModul>());
             modul.ModulTyp = path.ends_with(".frm")   ? "form"
                              : path.ends_with(".cls") ? "class"
                              : path.ends_with(".ctl") ? "usercontrol"
                                                       : "module";
             modul.FullPath = path;
-            ModuleFile file = Read_ModuleFile(files, path, modul.ModulTyp);
-            Read_MyCodeName(*gProjekt, modul, file);
+            ModuleFile file = Read_ModuleFile(project.files, path, modul.ModulTyp);
+            Read_MyCodeName(projekt, modul, file);
             if (procedures)
-                Modul_Einlesen(*gProjekt, modul, file);
+                Modul_Einlesen(projekt, modul, file);
             else
-                Modul_Aufbau_Lesen(*gProjekt, modul, file);
+                Modul_Aufbau_Lesen(projekt, modul, file);
         }
         state.ResumeTiming();
-        for (const auto& modul : gProjekt->OwnedModules()) {
-            ModuleReader reader(*gProjekt, *modul);
+        for (const auto& modul : projekt.OwnedModules()) {
+            ModuleReader reader(projekt, *modul);
             if (procedures)
                 Analyse_BereichProc(reader);
             else
@@ -165,7 +125,7 @@ void Reader(benchmark::State& state, bool procedures) {
         }
     }
     CloseProject();
-    SetRates(state, project);
+    SetRates(state, project.made);
 }
 
 void Declarations(benchmark::State& state) {
@@ -190,45 +150,21 @@ void ResetPeak() {
     std::ofstream("/proc/self/clear_refs") << "5";
 }
 
-// Seconds to load a project; closing the one before is not counted.
-double Load(const GeneratedProject& project) {
-    static DiskFiles files;
+double LoadSeconds(BenchmarkProject& project) {
     CloseProject();
-    clsQueryTimer timer;
-    timer.Start();
-    gProjekt = std::make_unique<clsProjekt>(files);
-    gProjekt->FullPath = project.projectFile;
-    Projekt_Laden(*gProjekt);
-    timer.Halt();
-    return timer.LastRun / 1000;
+    return Seconds([&] { Load(project); });
 }
 
 void WholeLoad(benchmark::State& state) {
-    const GeneratedProject& project = ProjectOf(state);
+    BenchmarkProject& project = ProjectOf(state.range(0));
     CloseProject();
     ResetPeak();
+    const double before = PeakMegabytes();
     for (auto _ : state)
-        state.SetIterationTime(Load(project));
-    state.counters["peakMB"] = PeakMegabytes();
-    state.counters["sourceMB"] = static_cast<double>(project.bytes) / 1e6;
-    SetRates(state, project);
-    CloseProject();
-}
-
-// Both sizes in turn, so that a machine that slows down meanwhile slows both.
-void Growth(benchmark::State& state) {
-    const GeneratedProject& small = TheProjects().Of(static_cast<std::size_t>(state.range(0)));
-    const GeneratedProject& large = TheProjects().Of(static_cast<std::size_t>(state.range(1)));
-    std::vector<double> growths;
-    for (auto _ : state) {
-        const double smallTime = Load(small);
-        const double largeTime = Load(large);
-        growths.push_back(largeTime / smallTime);
-        state.SetIterationTime(smallTime + largeTime);
-    }
-    std::sort(growths.begin(), growths.end());
-    state.counters["growth"] = growths[growths.size() / 2];
-    state.counters["linesRatio"] = static_cast<double>(large.lines) / static_cast<double>(small.lines);
+        state.SetIterationTime(LoadSeconds(project));
+    state.counters["peakMB"] = PeakMegabytes() - before;
+    state.counters["sourceMB"] = static_cast<double>(project.made.bytes) / 1e6;
+    SetRates(state, project.made);
     CloseProject();
 }
 
@@ -242,21 +178,6 @@ BENCHMARK(Tokens)->Apply(Sizes);
 BENCHMARK(Declarations)->Apply(Sizes);
 BENCHMARK(Procedures)->Apply(Sizes);
 BENCHMARK(WholeLoad)->Apply(Sizes)->UseManualTime();
-BENCHMARK(Growth)
-    ->Unit(benchmark::kMillisecond)
-    ->UseManualTime()
-    ->Iterations(9)
-    ->Args({10'000, 100'000})
-    ->Args({100'000, 1'000'000});
+BENCHMARK_CAPTURE(Growth, Load, LoadSeconds)->Apply(GrowthSizes);
 
 }  // namespace
-
-int main(int argc, char** argv) {
-    benchmark::Initialize(&argc, argv);
-    if (benchmark::ReportUnrecognizedArguments(argc, argv))
-        return 1;
-    InitGlobals();
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

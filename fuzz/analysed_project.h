@@ -1,4 +1,4 @@
-// What the harnesses of whole projects share: reading one from memory, and what must hold of anything read.
+// Shared by the harnesses of whole projects: reads one from memory and checks the result.
 #pragma once
 
 #include <algorithm>
@@ -22,10 +22,9 @@
 #include "project/start.h"
 #include "shell/errors.h"
 #include "source/module_text.h"
-#include "structure/tokens.h"
+#include "source/tokens.h"
 
-/// Reads the project at `path`. Everything is as before the first input, the pool of names included, so that
-/// memory doesn't grow.
+/// Reads the project at `path`. Resets all state first, including the pool of names, so that memory does not grow.
 inline clsProjekt& ReadProjectFrom(MemoryFiles& files, const std::string& path) {
     InitGlobals();
     NamePool::Get().Reset();
@@ -80,7 +79,7 @@ inline void RequireSound(const clsModul& modul) {
     Require(modul.AnzLineCode + modul.AnzLineComment + modul.AnzLineBlank <= modul.LineCount, "no line counts twice");
 }
 
-/// Checks what was read, and writes all that can be written of it.
+/// Checks the project and writes every report of it.
 inline void RequireSound(clsProjekt& projekt) {
     for (const clsModul* modul : projekt.AllModules())
         RequireSound(*modul);

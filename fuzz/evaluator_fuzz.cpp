@@ -1,4 +1,4 @@
-// The lines of the input but the last define a name each, "name=value"; the last is evaluated.
+// Each line of the input except the last defines a name, as "name=value"; the last line is evaluated.
 
 #include <algorithm>
 #include <string>

@@ -1,11 +1,11 @@
-// Runs a harness without libFuzzer, the same inputs on every machine:
+// Runs a harness without libFuzzer, with the same inputs on every machine:
 //
 //     module_fuzz CORPUS_DIRECTORY [--runs N] [--seed S]
-//     module_fuzz FILE ...                                 (to look into a failure)
+//     module_fuzz FILE ...                                 (to investigate a failure)
 //
-// It feeds each file of the corpus, then prefixes of each (every one of small files), then N mutations. Words for
-// these come from dictionary_NAME.txt beside the corpus directory NAME, one a line, when there is such a file.
-// An input that ends the program, or takes a minute, is kept as crash-HASH in the current directory.
+// It feeds each file of the corpus, then prefixes of each (all prefixes of small files), then N mutations. Words for
+// these come from dictionary_NAME.txt beside the corpus directory NAME, one per line, if that file exists. An input
+// that crashes the program or takes a minute is saved as crash-HASH in the current directory.
 
 #include "fuzz_driver.h"
 
@@ -28,7 +28,7 @@
 #include <string_view>
 #include <vector>
 
-// Of the sanitizers' run time; null without them.
+// From the run-time library of the sanitizers; null without them.
 extern "C" [[gnu::weak]] void __sanitizer_set_death_callback(
     void (*callback)());  // NOLINT(bugprone-reserved-identifier)
 
@@ -41,11 +41,11 @@ constexpr std::size_t kPrefixesOfOthers = 64;
 constexpr std::size_t kMaxInput = std::size_t{1} << 18;
 constexpr unsigned kSecondsAnInput = 60;
 
-// ---- One input, kept when it brings the program down
+// ---- Saves the input if it crashes the program
 
 std::string_view currentInput;
 
-/// Only calls what a signal handler may call.
+/// Only calls functions that a signal handler may call.
 void KeepInput() {
     std::uint64_t hash = 14695981039346656037U;
     for (const char c : currentInput)
@@ -83,7 +83,7 @@ void CatchFailures() {
 }
 
 void RunInput(std::string_view input) {
-    // A block of its own, of the very size, so that a sanitizer sees each byte read beyond it.
+    // A separate block of the exact size, so that a sanitizer detects each read beyond it.
     const auto data = std::make_unique<std::uint8_t[]>(input.size());
     std::copy(input.begin(), input.end(), data.get());
     currentInput = input;
@@ -222,8 +222,8 @@ public:
     }
 
 private:
-    /// From 0 to `count` - 1. The generator is the standard's own, which gives the same numbers everywhere;
-    /// its distributions do not.
+    /// A number from 0 to `count` - 1. The standard's generators give the same numbers everywhere, its distributions do
+    /// not.
     std::size_t Below(std::size_t count) { return count == 0 ? 0 : static_cast<std::size_t>(random_() % count); }
     const std::string& AnyOf(const std::vector<std::string>& texts) { return texts[Below(texts.size())]; }
 
@@ -231,7 +231,7 @@ private:
         std::size_t begin = 0;
         std::size_t length = 0;
     };
-    /// Mostly short, at times anything.
+    /// Usually short, sometimes of any length.
     Range AnyBlock(const std::string& text) {
         const std::size_t begin = Below(text.size() + 1);
         const std::size_t rest = text.size() - begin;
@@ -293,13 +293,13 @@ private:
                 input.erase(line.begin, line.length);
                 break;
             }
-            case 10: {  // a line to another place
+            case 10: {  // insert a line of this or another input
                 const std::string line =
                     Part(Below(2) ? input : other, AnyLine(other.size() < input.size() ? other : input));
                 input.insert(AnyLine(input).begin, line);
                 break;
             }
-            default: {  // all of a word that the input has, for another one
+            default: {  // replace all occurrences of a word of the input
                 const Range block = AnyBlock(input);
                 const std::string word = Part(input, {block.begin, std::min(block.length, std::size_t{8})});
                 const std::string& by = AnyOf(dictionary_);

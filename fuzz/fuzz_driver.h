@@ -1,5 +1,5 @@
-// What the harnesses share. Each defines LLVMFuzzerTestOneInput and runs under libFuzzer, or with fuzz_driver.cpp
-// as its main program.
+// Shared by the harnesses. Each defines LLVMFuzzerTestOneInput and runs under libFuzzer, or with fuzz_driver.cpp as its
+// main program.
 #pragma once
 
 #include <cstddef>
@@ -9,7 +9,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size);
 
-/// Ends the run when the code under test has broken a promise; the driver then keeps the input.
+/// Aborts if the code under test violates a guarantee; the driver then saves the input.
 inline void Require(bool isKept, const char* promise) {
     if (isKept)
         return;

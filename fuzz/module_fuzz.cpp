@@ -1,5 +1,5 @@
-// The input is a module file behind its first byte, which tells the kind: "f" a form, "c" a class, "u" a user
-// control, any other a standard module. Beside it the project has a class and a form, whose members it may call.
+// The first byte of the input selects the kind of module: "f" a form, "c" a class, "u" a user control, any other a
+// standard module. The rest is the module file. The project also has a class and a form whose members it may call.
 #include "analysed_project.h"
 #include "calls/driver.h"
 #include "findings/calls_report.h"
@@ -21,7 +21,7 @@ Kind KindOf(std::uint8_t letter) {
         case 'c':
             return {"Class=Class1; Class1.cls", "p\\Class1.cls"};
         case 'u':
-            // A user control alone does not make a project that is read.
+            // A project with only a user control counts as empty and is not read.
             return {"UserControl=UserControl1.ctl\r\nModule=Absent; Absent.bas", "p\\UserControl1.ctl"};
         default:
             return {"Module=Module1; Module1.bas", "p\\Module1.bas"};
@@ -40,7 +40,7 @@ const char* const kNearForm =
     "Begin VB.Form NearForm\r\nBegin VB.Label cmd\r\nEnd\r\nEnd\r\nAttribute VB_Name = \"NearForm\"\r\n"
     "Public Name\r\nPrivate Sub Form_Load()\r\nF z.Name, cmd.Left\r\nz.Changed: z.P = gCount\r\nEnd Sub\r\n";
 
-// The map is made again when somebody asks; it has to be the one that the tokens were read with.
+// The map is created again on demand; it must equal the one that the tokens were read with.
 void RequireSameMapAgain(clsProjekt& projekt, const clsModul& modul) {
     clsModul& again = projekt.Own(std::make_unique<clsModul>());
     again.FullPath = modul.FullPath;
@@ -69,14 +69,14 @@ std::vector<Edge> SoundEdges(const clsProjekt& projekt) {
     return edges;
 }
 
-// The calls with all that is made of them, and once more when they were taken away.
+// Checks the calls and all results of them, and again after removing the calls.
 void RequireSoundCalls(clsProjekt& projekt) {
     Who_Calls_Who(projekt);
     const std::vector<Edge> first = SoundEdges(projekt);
     Tote_Untote_Kennzeichnen(projekt);
     for (const clsModul* modul : projekt.AllModules())
         for (clsProzedur* prozedur : modul->MyProcs) {
-            Require((prozedur->IsDeath == 1) <= (prozedur->CalledByAll.Count() == 0), "nothing calls the dead");
+            Require((prozedur->IsDeath == 1) <= (prozedur->CalledByAll().Count() == 0), "nothing calls the dead");
             Check_ProcVars_Calls(projekt, *prozedur);
         }
     SoundEdges(projekt);

@@ -1,4 +1,4 @@
-// The input is a project file. What it can name are a few small modules, an empty file and a directory.
+// The input is a project file. It can refer to a few small modules, an empty file and a directory.
 
 #include "analysed_project.h"
 

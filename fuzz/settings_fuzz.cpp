@@ -1,4 +1,4 @@
-// The input is a settings file as it may lie on disk.
+// The input is the content of a settings file.
 
 #include <algorithm>
 #include <cmath>
@@ -35,7 +35,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         }
     }
 
-    // Bytes that would be a mark once they are written at the start of the file mean something else there.
+    // Skips texts that would begin with a byte order mark in the file and be decoded differently.
     if (text.starts_with("\xFF\xFE") || text.starts_with("\xFE\xFF") || text.starts_with("\xEF\xBB\xBF"))
         return 0;
     Require(settings.Save(), "a file in memory can be written");

@@ -6,17 +6,17 @@ import pathlib
 import re
 import sys
 
-ANALYSIS = ["platform", "shell", "model", "source", "structure", "libraries", "project", "calls", "findings", "display"]
+ANALYSIS = ["platform", "shell", "source", "model", "structure", "libraries", "project", "calls", "findings", "display"]
 WITH_QT = ["views", "xgraph", "desktop"]
 
 # Room to the rooms whose headers it may include besides its own.
 MAY_INCLUDE = {
     "platform": [],
     "shell": ["platform"],
-    "model": ["shell", "platform"],
-    "source": ["model", "shell", "platform"],
+    "source": ["shell", "platform"],
+    "model": ["source", "shell", "platform"],
     "structure": ["source", "model", "shell", "platform"],
-    "libraries": ["model", "shell", "platform"],
+    "libraries": ["model", "source", "shell", "platform"],
     "project": ["structure", "libraries", "source", "model", "shell", "platform"],
     "calls": ["structure", "source", "model", "shell", "platform"],
     "findings": ["calls", "project", "structure", "libraries", "source", "model", "shell", "platform"],

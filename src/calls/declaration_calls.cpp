@@ -42,7 +42,7 @@ private:
             found_.CallCreateVarInDecl(*object, reader_.modul, CallType::Really, tokens_.PosOf(nr));
     }
 
-    // The value behind "=", up to the comma that ends it.
+    // Reads the value after "=", up to the comma that ends it.
     void Constants(int& nr) {
         while (tokens_.ContinuesStatement(nr + 1)) {
             const std::string_view word = reader_.Word(++nr);
@@ -53,7 +53,7 @@ private:
         }
     }
 
-    // The rest of the statement behind "as".
+    // Reads the rest of the statement after "as".
     void Types(int& nr) {
         clause_.Begin(depth_);
         bool eqSeen = false;
@@ -85,7 +85,7 @@ private:
     ModuleNames& names_;
     FoundCalls& found_;
     TypeClause clause_;
-    int depth_ = 0;  // of the whole section
+    int depth_ = 0;  // bracket depth, counted over the whole section
 };
 
 }  // namespace

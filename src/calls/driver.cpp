@@ -24,7 +24,8 @@ namespace {
 
 void Clear(CodeObject& object) {
     object.IsDeath = 0;
-    object.CalledByAll.Clear();
+    object.Incoming(false).Clear();
+    object.Incoming(true).Clear();
 }
 
 void Clear(const clsCollection<clsVariable>& variables) {
@@ -39,23 +40,20 @@ void Clear(clsModul& modul) {
         switch (owned->Class()) {
             case ObjectClass::Prozedur: {
                 auto& prozedur = static_cast<clsProzedur&>(*owned);
-                prozedur.CallsAll.Clear();
-                prozedur.UsesAll.Clear();
+                prozedur.Outgoing(false).Clear();
+                prozedur.Outgoing(true).Clear();
                 prozedur.LocalCallsChecked = false;
                 Clear(prozedur.MyVars);
                 break;
             }
             case ObjectClass::Type: {
                 auto& type = static_cast<clsType&>(*owned);
-                type.UsedByAll.Clear();
-                type.UsesAll.Clear();
                 for (const auto& member : type.Members())
                     Clear(*member);
                 break;
             }
             case ObjectClass::Enum: {
                 auto& einEnum = static_cast<clsEnum&>(*owned);
-                einEnum.UsedByAll.Clear();
                 for (const auto& member : einEnum.Members())
                     Clear(*member);
                 break;
@@ -65,9 +63,7 @@ void Clear(clsModul& modul) {
         }
     }
     Clear(static_cast<CodeObject&>(modul));
-    modul.UsedByAll.Clear();
-    modul.UsesAll.Clear();
-    modul.CallsInDeclarations.Clear();
+    modul.OutgoingOfDeclarations().Clear();
 }
 
 // Reads the model and writes nothing but what it returns, so that modules can be walked side by side.
@@ -139,9 +135,7 @@ void Remove_All_Calls(clsProjekt& projekt) {
         Clear(*modul);
         gProgress().Progressiere_mal();
     }
-    for (const auto& library : projekt.OwnedLibraries()) {
+    for (const auto& library : projekt.OwnedLibraries())
         Clear(static_cast<CodeObject&>(*library));
-        library->UsedByAll.Clear();
-    }
     projekt.calls.Clear();
 }

@@ -7,21 +7,6 @@
 #include "model/clsVariable.h"
 #include "platform/memory.h"
 
-const IncomingEdges* UsedByAllOf(const CodeObject& object) {
-    switch (object.Class()) {
-        case ObjectClass::Type:
-            return &static_cast<const clsType&>(object).UsedByAll;
-        case ObjectClass::Enum:
-            return &static_cast<const clsEnum&>(object).UsedByAll;
-        case ObjectClass::Modul:
-            return &static_cast<const clsModul&>(object).UsedByAll;
-        case ObjectClass::TypeLib:
-            return &static_cast<const clsTypeLib&>(object).UsedByAll;
-        default:
-            return nullptr;
-    }
-}
-
 namespace {
 
 template <class Edges>
@@ -37,16 +22,16 @@ bool HasType(const Edges& edges, CallType type) {
 clsCall& CallCreate(clsProjekt& projekt, CodeObject& target, EdgeStart start, Pos pos) {
     const bool isUse = start.Type() == CallType::Use;
     clsCall& call = projekt.calls.New(target, start, pos);
-    (isUse ? *const_cast<IncomingEdges*>(UsedByAllOf(target)) : target.CalledByAll).Append(call);
+    target.Incoming(isUse).Append(call);
     if (clsProzedur* const caller = start.Procedure())
-        (isUse ? caller->UsesAll : caller->CallsAll).Append(call);
+        caller->Outgoing(isUse).Append(call);
     else if (clsModul* const modul = start.Module())
-        modul->CallsInDeclarations.Append(call);
+        modul->OutgoingOfDeclarations().Append(call);
     return call;
 }
 
 void FoundCalls::CallUseCreate(CodeObject& target, clsProzedur* procedure, clsModul& modul, Pos pos) {
-    if (!UsedByAllOf(target))
+    if (!target.CanBeUsed())
         return;
     if (procedure)
         CallCreate(target, *procedure, CallType::Use, pos);
@@ -60,24 +45,23 @@ void FoundCalls::Join(clsProjekt& projekt) const {
     constexpr std::size_t kNear = 8;
     for (std::size_t i = 0; i < found_.size(); ++i) {
         if (i + kFar < found_.size())
-            Prefetch(&found_[i + kFar].target->CalledByAll);
+            Prefetch(&found_[i + kFar].target->CalledByAll());
         if (i + kNear < found_.size())
-            Prefetch(found_[i + kNear].target->CalledByAll.Last());
+            Prefetch(found_[i + kNear].target->CalledByAll().Last());
         ::CallCreate(projekt, *found_[i].target, found_[i].start, found_[i].pos);
     }
 }
 
 bool Is_CalledBy(const CodeObject& object, CallType type) {
-    return HasType(object.CalledByAll, type);
+    return HasType(object.CalledByAll(), type);
 }
 
 bool Is_UsedBy(const CodeObject& object, CallType type) {
-    const IncomingEdges* usedByAll = UsedByAllOf(object);
-    return usedByAll && HasType(*usedByAll, type);
+    return HasType(object.UsedByAll(), type);
 }
 
 bool Is_Calls(const clsProzedur& prozedur, CallType type) {
-    for (const clsCall* call : type == CallType::Use ? prozedur.UsesAll : prozedur.CallsAll) {
+    for (const clsCall* call : type == CallType::Use ? prozedur.UsesAll() : prozedur.CallsAll()) {
         if (call->Type() != type)
             continue;
         const auto* variable =

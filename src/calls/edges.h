@@ -43,9 +43,6 @@ private:
     std::vector<Found> found_;
 };
 
-/// The uses of a type, enumeration, module or library; null for objects of other classes.
-[[nodiscard]] const IncomingEdges* UsedByAllOf(const CodeObject& object);
-
 /// Whether an edge of this type reaches the object.
 [[nodiscard]] bool Is_CalledBy(const CodeObject& object, CallType type);
 /// Whether an edge of this type uses a type, enumeration, class or library.

@@ -1,5 +1,5 @@
-// The words and signs that the analysis of calls treats by themselves. Each word's name in the pool carries its number,
-// so that one look-up tells a keyword from a name.
+// Keywords and signs with a meaning of their own in the analysis of calls. The name of each keyword holds its number,
+// so that one look-up distinguishes keywords from other names.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 enum class Keyword : std::uint8_t {
     None,
-    // with actions of their own
+    // with an action each
     As,
     New,
     If,
@@ -23,7 +23,7 @@ enum class Keyword : std::uint8_t {
     Set,
     Open,
     Get,
-    Print,  // "print" is judged as a name as well
+    Print,  // also handled as a name
     Call,
     To,
     And,
@@ -32,18 +32,18 @@ enum class Keyword : std::uint8_t {
     Not,
     Load,
     Unload,
-    End,    // asked for by what stands near them
-    Other,  // no name, nothing else
+    End,    // only matters next to other tokens
+    Other,  // not a name, no further meaning
 };
 
-/// Gives the keywords' names their numbers; quick when they have them.
+/// Assigns the numbers to the names of the keywords; returns at once if they have them.
 void NumberKeywords();
 
 [[nodiscard]] inline Keyword KeywordOf(Name name) {
     return name.Known() ? static_cast<Keyword>(name.Tag()) : Keyword::None;
 }
 
-/// Whether a word of this number stays no name unless a point follows it.
+/// True if a word of this number is a name only after a point.
 [[nodiscard]] constexpr bool IsNoName(Keyword keyword) {
     switch (keyword) {
         case Keyword::None:
@@ -57,9 +57,9 @@ void NumberKeywords();
     }
 }
 
-/// Digits with an optional "." part and exponent, an optional sign in front, or the &H and &O forms.
+/// True for digits with an optional "." part and exponent and an optional leading sign, and for the &H and &O forms.
 [[nodiscard]] bool IsNumericAtAll(std::string_view word);
 [[nodiscard]] inline bool IsNumeric(std::string_view word) {
-    // A letter in front settles it for nearly every word.
+    // Nearly every word starts with a letter, which decides at once.
     return !word.empty() && !(word[0] >= 'a' && word[0] <= 'z') && IsNumericAtAll(word);
 }

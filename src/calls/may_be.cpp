@@ -7,27 +7,28 @@
 
 namespace {
 
-// Forms, classes and user controls: what a variable can hold.
+// Forms, classes and user controls: the modules that an object variable can refer to.
 bool IsObjectModule(const clsModul& modul) {
-    return modul.ModulTyp == "form" || modul.ModulTyp == "class" || modul.ModulTyp == "usercontrol";
+    return modul.ModulTyp == ModuleKind::Form || modul.ModulTyp == ModuleKind::Class ||
+           modul.ModulTyp == ModuleKind::UserControl;
 }
 
 bool IsTarget(const clsProzedur& prozedur, AccessMode mode) {
     return IsObjectModule(*prozedur.Modul) && MatchesMode(prozedur, mode);
 }
 
-// In the calling module only what is private there; the public ones come from the public name space.
+// Only private objects of the calling module; its public ones come from the public name space.
 bool IsPrivateTarget(const CodeObject& object, const clsModul& callingModule, AccessMode mode) {
     if (object.Class() == ObjectClass::Variable) {
         const auto& variable = static_cast<const clsVariable&>(object);
-        const bool isPrivateMember = variable.MyType && variable.MyType->Zugriff == "private";
-        if (variable.Zugriff != "private" && !isPrivateMember)
+        const bool isPrivateMember = variable.MyType && variable.MyType->Zugriff == Access::Private;
+        if (variable.Zugriff != Access::Private && !isPrivateMember)
             return false;
         if (variable.IsConst && mode != AccessMode::Read)
             return false;
         return IsObjectModule(callingModule) || variable.MyType;
     }
-    return object.Class() == ObjectClass::Prozedur && object.Zugriff == "private" &&
+    return object.Class() == ObjectClass::Prozedur && object.Zugriff == Access::Private &&
            IsTarget(static_cast<const clsProzedur&>(object), mode);
 }
 
@@ -35,7 +36,7 @@ bool IsPublicTarget(const CodeObject& object, AccessMode mode) {
     switch (object.Class()) {
         case ObjectClass::Variable: {
             const auto& variable = static_cast<const clsVariable&>(object);
-            // Constants never, though a private one may be read.
+            // A constant is not a target, though a private one may be read.
             return !variable.IsConst && (!variable.Modul || IsObjectModule(*variable.Modul) || variable.MyType);
         }
         case ObjectClass::Prozedur:

@@ -1,5 +1,5 @@
-// What is done with `a.b` when the type of `a` cannot tell what `b` is: it may be any member of that name which can be
-// reached through an object, and each gets a possible call. Nothing limits their number.
+// Handles `a.b` if the type of `a` does not determine `b`. `b` may then be any member of that name that is reachable
+// through an object, and each of them gets a possible call; their number is not limited.
 #pragma once
 
 #include "calls/edges.h"
@@ -7,7 +7,7 @@
 #include "calls/resolve.h"
 #include "shell/vb_text.h"
 
-/// @param names   turned to the calling procedure's module
+/// @param names   set to the calling procedure's module
 /// @param member  the word at `pos`
 void Analyse_SetMayBeCalls(FoundCalls& found, clsProzedur& prozedur, const ModuleNames& names, WordMeaning& member,
                            AccessMode mode, Pos pos);

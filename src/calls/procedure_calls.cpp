@@ -1,8 +1,7 @@
-// One left-to-right walk over the tokens decides, token by token, what each name means. It parses no expressions: a
-// handful of states for each statement stand in for a grammar, and its judgements are only as good as their rules.
-// Chains of members are kept for each bracket depth; a depth once reached keeps its chain, so that `a(b.c).d` goes on
-// with `a` behind the bracket. The look ahead that tells calls from assignments is remembered for its statement, so
-// that a long statement costs one walk.
+// One pass from left to right decides for each token what a name refers to. Expressions are not parsed: a few states
+// per statement replace a grammar, so the result is only as accurate as their rules. Member chains are kept per bracket
+// depth, so that `a(b.c).d` continues with `a` after the bracket. The look-ahead that distinguishes calls from
+// assignments is cached per statement, so a long statement takes linear time.
 #include "calls/procedure_calls.h"
 
 #include <algorithm>
@@ -20,13 +19,13 @@
 
 namespace {
 
-// What has been reached at one bracket depth.
+// The member chain reached at one bracket depth.
 struct Level {
     CodeObject* chain = nullptr;
     bool afterDot = false;  // the last token at this depth was "."
 };
 
-// Levels by depth. Hardly any statement goes deeper than a few brackets; unbalanced source has depths below 0.
+// Levels by depth. Few statements nest deeply; in source with unbalanced brackets the depth can be below 0.
 class Levels {
 public:
     void Reset() {
@@ -107,7 +106,7 @@ private:
         rightSide_ = true;
     }
 
-    // Anything but a sign of one character or a number.
+    // Handles any token except a one-character sign or a number.
     void Token(int& nr, std::string_view word, WordMeaning& meaning) {
         if (word.size() == 2 && (Is(word, ":=") || Is(word, "<=") || Is(word, ">="))) {
             BeginValue();
@@ -156,7 +155,7 @@ private:
         NameAt(nr, meaning);
     }
 
-    // False for a character that is no sign.
+    // Returns false if the character is not a sign.
     bool Sign(int nr, char sign) {
         switch (sign) {
             case '=':
@@ -219,7 +218,7 @@ private:
         Here().afterDot = false;
     }
 
-    // Walks the rest of the statement behind "as" or "new" and leaves `nr` on the last token read.
+    // Reads the rest of the statement after "as" or "new" and leaves `nr` on the last token read.
     void Types(int& nr, Keyword keyword) {
         if (keyword == Keyword::As)
             clause_.Begin(depth_);
@@ -266,7 +265,7 @@ private:
         return local ? local : modMain::Get_Objekt_AusName(names_, meaning, mode_);
     }
 
-    // What a word is behind a point; where that cannot be told, all that it may be are called.
+    // Resolves a word after a point. If that fails, all members that it may refer to get possible calls.
     CodeObject* Member(int nr, WordMeaning& meaning, const Level& here) {
         CodeObject* parent = here.chain;
         if (withActive_) {
@@ -280,14 +279,14 @@ private:
                 parent = withObject_;
             }
         }
-        // Without a chain nothing is looked up, and the search for possible calls finds it all the same.
+        // Without a chain there is no member to look up; the search for possible calls still finds candidates.
         CodeObject* member = parent ? modMain::Get_Child(projekt_, parent, meaning.name, mode_, &names_) : nullptr;
         if (!member)
             Analyse_SetMayBeCalls(found_, proc_, names_, meaning, mode_, tokens_.PosOf(nr));
         return member;
     }
 
-    // Whether what stands before the point can have no member, so that the With object is meant.
+    // True if the token before the point can have no member, so that the point refers to the With object.
     [[nodiscard]] bool OpensWithMember() const {
         switch (prev2Keyword_) {
             case Keyword::And:
@@ -328,7 +327,7 @@ private:
         LookAhead(nr);
     }
 
-    // Whether no statement begins behind `first` up to `second`.
+    // True if no statement begins after `first` up to and including `second`.
     [[nodiscard]] bool InOneStatement(int first, int second) const {
         for (int nr = first + 1; nr <= second; ++nr)
             if (tokens_.StartsStatement(nr))
@@ -338,7 +337,7 @@ private:
 
     enum class Found { Nothing, Word, Assignment, Comma, CommaAndBlank };
 
-    // What decides at the depth of the statement: an "=", a "," or a word that stops the look.
+    // Searches at the depth of the statement for an "=", a "," or a word that ends the search.
     void LookAhead(int nr) {
         if (nr >= lookUntil_) {
             ahead_ = Found::Nothing;
@@ -413,7 +412,7 @@ private:
     TypeClause clause_;
     int last_;
 
-    // The last two tokens that are no literals.
+    // The last two tokens that are not literals.
     int prevNr_ = 0;
     int prev2Nr_ = 0;
     Keyword prevKeyword_ = Keyword::None;
@@ -421,7 +420,7 @@ private:
     CodeObject* withObject_ = nullptr;
     bool withActive_ = false;
 
-    // of the statement
+    // State of the current statement:
     int depth_ = 0;
     Levels levels_;
     AccessMode mode_ = AccessMode::Call;
@@ -430,7 +429,7 @@ private:
     bool setStatement_ = false;
     bool withHeader_ = false;
     bool isLocal_ = false;
-    Found ahead_ = Found::Nothing;  // of the last look ahead, good up to token lookUntil_
+    Found ahead_ = Found::Nothing;  // result of the last look-ahead, valid up to token lookUntil_
     int lookUntil_ = 0;
 };
 

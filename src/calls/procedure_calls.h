@@ -1,4 +1,4 @@
-// The central pass: from the tokens of a procedure to what it calls and uses.
+// The central pass: finds what a procedure calls and uses from its tokens.
 #pragma once
 
 class FoundCalls;
@@ -6,6 +6,6 @@ class ModuleNames;
 class ModuleReader;
 class clsProzedur;
 
-/// Finds the edges of one procedure, its head included.
-/// @param names  turned to its module
+/// Finds the edges of one procedure, including its head.
+/// @param names  set to its module
 void Analyse_CallsProc(ModuleReader& reader, ModuleNames& names, clsProzedur& prozedur, FoundCalls& found);

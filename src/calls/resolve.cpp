@@ -30,7 +30,7 @@ std::string_view LastPart(std::string_view type) {
     return point == std::string_view::npos ? type : type.substr(point + 1);
 }
 
-// The name behind the last point of a type name.
+// The name after the last point of a type name.
 Name LastPart(Name type) {
     if (!type.Known())
         return type;
@@ -38,7 +38,7 @@ Name LastPart(Name type) {
     return last.size() == type.View().size() ? type : Name::Find(last);
 }
 
-// The module in whose name space an object looks up types.
+// The module whose name space an object uses to look up types.
 const clsModul* ModuleOf(const CodeObject* context) {
     if (!context)
         return nullptr;
@@ -58,10 +58,10 @@ CodeObject* PublicObject(std::span<CodeObject* const> bearers, AccessMode mode) 
                 break;
             case ObjectClass::Prozedur: {
                 const auto& prozedur = *static_cast<clsProzedur*>(object);
-                const bool isFree = !prozedur.Modul->myLibrary && prozedur.Modul->ModulTyp == "module";
-                const bool isSub = prozedur.ProzedurTyp() == "sub" && mode == AccessMode::Call;
-                const bool isFunction =
-                    prozedur.ProzedurTyp() == "function" && (mode == AccessMode::Call || mode == AccessMode::Read);
+                const bool isFree = !prozedur.Modul->myLibrary && prozedur.Modul->ModulTyp == ModuleKind::Module;
+                const bool isSub = prozedur.ProzedurTyp == ProcKind::Sub && mode == AccessMode::Call;
+                const bool isFunction = prozedur.ProzedurTyp == ProcKind::Function &&
+                                        (mode == AccessMode::Call || mode == AccessMode::Read);
                 if (isFree && (isSub || isFunction))
                     return object;
                 break;
@@ -99,16 +99,16 @@ CodeObject* TypeOfControl(const clsProjekt& projekt, const clsControl& control) 
 }  // namespace
 
 bool MatchesMode(const clsProzedur& prozedur, AccessMode mode) {
-    const std::string_view typ = prozedur.ProzedurTyp();
+    const ProcKind typ = prozedur.ProzedurTyp;
     switch (mode) {
         case AccessMode::Call:
-            return typ == "sub" || typ == "function";
+            return typ == ProcKind::Sub || typ == ProcKind::Function;
         case AccessMode::Read:
-            return typ == "function" || typ == "property get";
+            return typ == ProcKind::Function || typ == ProcKind::PropertyGet;
         case AccessMode::Assign:
-            return typ == "property let";
+            return typ == ProcKind::PropertyLet;
         case AccessMode::Set:
-            return typ == "property set";
+            return typ == ProcKind::PropertySet;
     }
     return false;
 }
@@ -147,7 +147,7 @@ CodeObject* modMain::Get_Typ_AusName(const CodeObject* context, Name typeName, M
             case ObjectClass::TypeLib:
                 return object;
             case ObjectClass::Modul:
-                if (static_cast<clsModul*>(object)->ModulTyp != "module")
+                if (static_cast<clsModul*>(object)->ModulTyp != ModuleKind::Module)
                     return object;
                 break;
             default:

@@ -1,5 +1,5 @@
-// The parts of a type behind "as", such as `lib.Thing`, as they come along: each is looked up from the one before, and
-// each that is found makes a use edge.
+// Resolves a type after "as", such as `lib.Thing`, part by part: each part is looked up in the one before, and each
+// part found makes a use edge.
 #pragma once
 
 #include "calls/edges.h"
@@ -17,14 +17,14 @@ public:
         depth_ = depth;
         Empty();
     }
-    /// No type any more.
+    /// The type has ended.
     void End() {
         asSeen_ = false;
         Empty();
     }
     [[nodiscard]] bool Active() const { return asSeen_; }
     [[nodiscard]] int Depth() const { return depth_; }
-    /// Where a "new" without "as" stands, the depth is what commas are measured by.
+    /// For a "new" without "as": sets the depth at which a comma ends the type.
     void SetDepth(int depth) { depth_ = depth; }
 
     void Part(Name word, Pos pos) {

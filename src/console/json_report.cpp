@@ -40,7 +40,7 @@ private:
 };
 
 Json ModuleJson(const clsModul& modul) {
-    return {{"codePath", Utf8(modul.CodePath())}, {"name", Utf8(modul.myNameOrg())}, {"kind", modul.ModulTyp},
+    return {{"codePath", Utf8(modul.CodePath())}, {"name", Utf8(modul.myNameOrg())}, {"kind", TextOf(modul.ModulTyp)},
             {"path", Utf8(modul.FullPath)},       {"code", modul.AnzLineCode},       {"comment", modul.AnzLineComment},
             {"blank", modul.AnzLineBlank}};
 }
@@ -86,10 +86,10 @@ Json ObjectJson(const CodeObject& object, std::string_view kind, std::string_vie
     Json json = {{"codePath", Utf8(object.CodePath())},
                  {"name", Utf8(object.myNameOrg())},
                  {"kind", kind},
-                 {"access", object.Zugriff},
+                 {"access", TextOf(object.Zugriff)},
                  {"type", Utf8(type)}};
     if (object.Class() == ObjectClass::Prozedur)
-        json["procedureKind"] = Utf8(static_cast<const clsProzedur&>(object).ProzedurTyp());
+        json["procedureKind"] = Utf8(static_cast<const clsProzedur&>(object).ProzedurTypText());
     json["module"] = Utf8(object.Modul->CodePath());
     json["start"] = object.DeclareStart;
     json["end"] = object.DeclareEnd;
@@ -159,18 +159,18 @@ private:
     }
 
     void Variable(const clsVariable& variable) {
-        const std::string_view kind = variable.MyType                  ? "type member"
-                                      : variable.MyEnum                ? "enum member"
-                                      : variable.Zugriff == "argument" ? "argument"
-                                      : variable.Prozedur              ? "local"
-                                      : variable.IsConst               ? "constant"
-                                                                       : "variable";
+        const std::string_view kind = variable.MyType                        ? "type member"
+                                      : variable.MyEnum                      ? "enum member"
+                                      : variable.Zugriff == Access::Argument ? "argument"
+                                      : variable.Prozedur                    ? "local"
+                                      : variable.IsConst                     ? "constant"
+                                                                             : "variable";
         Json json = ObjectJson(variable, kind, variable.DatenTyp());
         json["const"] = variable.IsConst;
         if (variable.isResult)
             json["result"] = true;
         else if (localsChecked_ && variable.Prozedur && !variable.Prozedur->isDeclare)
-            json["unused"] = variable.CalledByAll.Count() == 0;
+            json["unused"] = variable.CalledByAll().Count() == 0;
         objects_.Add(json);
     }
 
@@ -209,7 +209,7 @@ void WriteJson(std::ostream& out, clsProjekt& projekt, const JsonParts& parts) {
     {
         ArrayWriter libraries(out, "libraries");
         for (const auto& library : projekt.OwnedLibraries())
-            libraries.Add({{"kind", library->LibTyp},
+            libraries.Add({{"kind", TextOf(library->LibTyp)},
                            {"name", Utf8(library->myNameOrg())},
                            {"description", Utf8(library->Description)},
                            {"typeLibID", Utf8(library->TypeLibID)},

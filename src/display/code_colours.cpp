@@ -19,7 +19,7 @@ namespace {
 constexpr std::int32_t kRed = 255;
 
 Colour ByAccess(const CodeObject& object) {
-    return object.Zugriff == "private" ? Colour::Private : Colour::Public;
+    return object.Zugriff == Access::Private ? Colour::Private : Colour::Public;
 }
 
 Colour InOrOut(const CodeObject& target, const clsModul& caller) {
@@ -180,7 +180,7 @@ Colour ColourOfCall(const clsCall& call, const clsModul& caller) {
     }
     if (call.Type() == CallType::MayBe)
         return Colour::CallMayBe;
-    if (target.Zugriff == "argument" || target.Zugriff == "procedure")
+    if (target.Zugriff == Access::Argument || target.Zugriff == Access::Procedure)
         return Colour::CallLocal;
     return ColourOfUse(target, caller);
 }
@@ -200,16 +200,8 @@ CodeText ShowMe(const clsModul& modul) {
 }
 
 void ShowUses(const clsModul& modul, CodePaint& paint) {
-    for (const clsCall* call : modul.CallsInDeclarations)
+    for (const clsCall* call : modul.CallsInDeclarations())
         SelectTarget(paint, *call, ColourOfUse(*call->Parent, modul));
-    const auto showUsesOf = [&](const OutgoingEdges& edges) {
-        for (const clsCall* call : edges)
-            if (call->Type() == CallType::Use)
-                SelectTarget(paint, *call, ColourOfUse(*call->Parent, modul));
-    };
-    showUsesOf(modul.UsesAll);
-    for (const clsType* type : modul.myTypes)
-        showUsesOf(type->UsesAll);
 }
 
 CodeText ShowMe(clsProjekt& projekt, clsProzedur& prozedur) {
@@ -233,13 +225,13 @@ void ShowCalls(const clsProzedur& prozedur, CodePaint& paint) {
     const clsModul& modul = *prozedur.Modul;
     for (const clsVariable* variable : prozedur.MyVars)
         paint.Select(variable->DeclareStart, Len(variable->MyName()), Colour::CallLocal);
-    for (const clsCall* call : prozedur.CallsAll) {
+    for (const clsCall* call : prozedur.CallsAll()) {
         const bool isResult = call->Parent->Class() == ObjectClass::Variable &&
                               static_cast<const clsVariable*>(call->Parent)->Prozedur == &prozedur &&
                               call->Parent->MyName() == prozedur.MyName();
         SelectTarget(paint, *call, isResult ? Colour::FunctionResult : ColourOfCall(*call, modul));
     }
-    for (const clsCall* call : prozedur.UsesAll)
+    for (const clsCall* call : prozedur.UsesAll())
         if (call->Type() == CallType::Use)
             SelectTarget(paint, *call, ColourOfCall(*call, modul));
 }

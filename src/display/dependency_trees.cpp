@@ -40,19 +40,20 @@ BaumNode* ObtainRoot(Baum& tree, std::string_view key) {
 BaumNode* ObtainLibrary(const clsTypeLib& library, Baum& tree) {
     if (BaumNode* there = tree.Item(library.MyName()))
         return there;
-    return tree.Add(ObtainRoot(tree, library.LibTyp), std::string(library.MyName()), std::string(library.myNameOrg()),
-                    LibraryImage(library));
+    return tree.Add(ObtainRoot(tree, TextOf(library.LibTyp)), std::string(library.MyName()),
+                    std::string(library.myNameOrg()), LibraryImage(library));
 }
 
 BaumNode* ObtainModule(const clsModul& modul, Baum& tree) {
     if (BaumNode* there = tree.Item(modul.MyName()))
         return there;
-    BaumNode* parent = modul.myLibrary ? ObtainLibrary(*modul.myLibrary, tree) : ObtainRoot(tree, modul.ModulTyp);
+    BaumNode* parent =
+        modul.myLibrary ? ObtainLibrary(*modul.myLibrary, tree) : ObtainRoot(tree, TextOf(modul.ModulTyp));
     return tree.Add(parent, std::string(modul.MyName()), std::string(modul.myNameOrg()), modul.GetImageKey());
 }
 
 bool IsPublic(const CodeObject& object) {
-    return object.Zugriff.find("public") != std::string_view::npos;
+    return object.Zugriff == Access::Public;
 }
 
 // The group that an object of a module stands in, or nothing for what stands below another object.
@@ -69,9 +70,9 @@ std::optional<TreeGroup> GroupOf(const CodeObject& object) {
             return isPublic ? TreeGroup::PublicVariable : TreeGroup::PrivateVariable;
         case ObjectClass::Prozedur: {
             const auto& prozedur = static_cast<const clsProzedur&>(object);
-            if (prozedur.ProzedurTyp().find("sub") != std::string_view::npos)
+            if (prozedur.ProzedurTyp == ProcKind::Sub)
                 return isPublic ? TreeGroup::PublicSub : TreeGroup::PrivateSub;
-            if (prozedur.ProzedurTyp().find("function") != std::string_view::npos)
+            if (prozedur.ProzedurTyp == ProcKind::Function)
                 return isPublic ? TreeGroup::PublicFunction : TreeGroup::PrivateFunction;
             return isPublic ? TreeGroup::PublicProperty : TreeGroup::PrivateProperty;
         }
@@ -91,7 +92,7 @@ BaumNode* ObtainGroup(const CodeObject& object, TreeGroup group, Baum& tree) {
     tree.SetSorted(*node, true);
     tree.SetExpanded(*node, true);
     tree.SetBold(*node, true);
-    const bool isPrivate = object.Zugriff.find("private") != std::string_view::npos;
+    const bool isPrivate = object.Zugriff == Access::Private;
     tree.SetForeColor(*node, isPrivate ? NodeColour::PrivateGroup : NodeColour::PublicGroup);
     return node;
 }
@@ -148,7 +149,7 @@ public:
         if (object.Class() == ObjectClass::Modul)
             return CalledByOfModule(static_cast<const clsModul&>(object), type);
         if (object.Class() != ObjectClass::TypeLib)
-            Callers(object.CalledByAll, type);
+            Callers(object.CalledByAll(), type);
         if (object.Class() == ObjectClass::Type)
             CalledByOfMembers(static_cast<const clsType&>(object), type);
         else if (object.Class() == ObjectClass::Enum)
@@ -161,47 +162,22 @@ public:
                 return CallsOfProcedure(static_cast<const clsProzedur&>(object), type);
             case ObjectClass::Modul:
                 return CallsOfModule(static_cast<const clsModul&>(object), type);
-            case ObjectClass::Type:
-                if (type == CallType::Really)
-                    Uses(object);
-                return;
             default:
                 return;
         }
     }
 
     void Uses(const CodeObject& object) {
-        switch (object.Class()) {
-            case ObjectClass::Prozedur:
-                return Targets(static_cast<const clsProzedur&>(object).UsesAll, CallType::Use);
-            case ObjectClass::Modul:
-                return Targets(static_cast<const clsModul&>(object).UsesAll, CallType::Use);
-            case ObjectClass::Type:
-                return Targets(static_cast<const clsType&>(object).UsesAll, CallType::Use);
-            default:
-                return;
-        }
+        if (object.Class() == ObjectClass::Prozedur)
+            Targets(static_cast<const clsProzedur&>(object).UsesAll(), CallType::Use);
     }
 
-    void UsedBy(const CodeObject& object) {
-        switch (object.Class()) {
-            case ObjectClass::Modul:
-                return Callers(static_cast<const clsModul&>(object).UsedByAll, CallType::Use);
-            case ObjectClass::Type:
-                return Callers(static_cast<const clsType&>(object).UsedByAll, CallType::Use);
-            case ObjectClass::Enum:
-                return Callers(static_cast<const clsEnum&>(object).UsedByAll, CallType::Use);
-            case ObjectClass::TypeLib:
-                return Callers(static_cast<const clsTypeLib&>(object).UsedByAll, CallType::Use);
-            default:
-                return;
-        }
-    }
+    void UsedBy(const CodeObject& object) { Callers(object.UsedByAll(), CallType::Use); }
 
 private:
     void CalledByOfModule(const clsModul& modul, CallType type) {
-        Callers(modul.CalledByAll, type);
-        if (modul.ModulTyp == "form")
+        Callers(modul.CalledByAll(), type);
+        if (modul.ModulTyp == ModuleKind::Form)
             if (const clsVariable* instance = projekt_.FormVars.Item(modul.NameKey()))
                 CalledBy(*instance, type);
         for (const clsProzedur* prozedur : modul.MyProcs)
@@ -227,17 +203,16 @@ private:
     void CallsOfProcedure(const clsProzedur& prozedur, CallType type) {
         if (type == CallType::Really)
             Uses(prozedur);
-        Targets(prozedur.CallsAll, type);
+        Targets(prozedur.CallsAll(), type);
     }
 
     void CallsOfModule(const clsModul& modul, CallType type) {
         for (const clsProzedur* prozedur : modul.MyProcs)
             CallsOfProcedure(*prozedur, type);
-        Targets(modul.CallsInDeclarations, type);
+        Targets(modul.CallsInDeclarations(), type);
         if (type == CallType::MayBe)
             return;
-        Targets(modul.CallsInDeclarations, CallType::Use);
-        Uses(modul);
+        Targets(modul.CallsInDeclarations(), CallType::Use);
     }
 
     void Callers(const IncomingEdges& edges, CallType type) {
@@ -253,7 +228,8 @@ private:
 
     void Targets(const OutgoingEdges& edges, CallType type) {
         for (const clsCall* call : edges)
-            if (call->Type() == type && call->Parent->Zugriff != "argument" && call->Parent->Zugriff != "procedure")
+            if (call->Type() == type && call->Parent->Zugriff != Access::Argument &&
+                call->Parent->Zugriff != Access::Procedure)
                 Show(*call->Parent);
     }
 
@@ -317,7 +293,8 @@ bool HasCallers(const clsProjekt& projekt, const CodeObject& object, CallType ty
             return AnyOf(static_cast<const clsEnum&>(object).MyVars, hasCallers);
         case ObjectClass::Modul: {
             const auto& modul = static_cast<const clsModul&>(object);
-            const clsVariable* instance = modul.ModulTyp == "form" ? projekt.FormVars.Item(modul.NameKey()) : nullptr;
+            const clsVariable* instance =
+                modul.ModulTyp == ModuleKind::Form ? projekt.FormVars.Item(modul.NameKey()) : nullptr;
             return (instance && hasCallers(*instance)) || AnyOf(modul.MyProcs, hasCallers) ||
                    AnyOf(modul.MyVars, hasCallers) || AnyOf(modul.myTypes, hasCallers) ||
                    AnyOf(modul.myEnums, hasCallers);
@@ -332,16 +309,14 @@ bool HasCallees(const CodeObject& object, CallType type) {
     switch (object.Class()) {
         case ObjectClass::Prozedur:
             return Is_Calls(static_cast<const clsProzedur&>(object), type);
-        case ObjectClass::Type:
-            return really && static_cast<const clsType&>(object).UsesAll.Count() > 0;
         case ObjectClass::Modul: {
             const auto& modul = static_cast<const clsModul&>(object);
-            for (const clsCall* call : modul.CallsInDeclarations)
+            for (const clsCall* call : modul.CallsInDeclarations())
                 if ((call->Type() != CallType::MayBe) == really)
                     return true;
-            return (really && modul.UsesAll.Count() > 0) || AnyOf(modul.MyProcs, [&](const clsProzedur& prozedur) {
-                       return Is_Calls(prozedur, type) || (really && prozedur.UsesAll.Count() > 0);
-                   });
+            return AnyOf(modul.MyProcs, [&](const clsProzedur& prozedur) {
+                return Is_Calls(prozedur, type) || (really && prozedur.UsesAll().Count() > 0);
+            });
         }
         default:
             return false;

@@ -23,7 +23,7 @@ struct Totals {
             variables += einEnum->MyVars.Count();
         for (const clsProzedur* prozedur : modul.MyProcs) {
             variables += prozedur->MyVars.Count();
-            for (const clsCall* call : prozedur->CallsAll)
+            for (const clsCall* call : prozedur->CallsAll())
                 ++(call->Type() == CallType::MayBe ? mayBe : really);
         }
     }

@@ -283,10 +283,10 @@ std::vector<Hit> ObjectSearch::Find(std::string_view typed, std::size_t limit) {
 std::string ObjectKind(const CodeObject& object) {
     switch (object.Class()) {
         case ObjectClass::Modul:
-            return std::string(static_cast<const clsModul&>(object).ModulTyp);
+            return std::string(TextOf(static_cast<const clsModul&>(object).ModulTyp));
         case ObjectClass::Prozedur: {
             const auto& prozedur = static_cast<const clsProzedur&>(object);
-            return (prozedur.isDeclare ? "declare " : "") + std::string(prozedur.ProzedurTyp());
+            return (prozedur.isDeclare ? "declare " : "") + std::string(prozedur.ProzedurTypText());
         }
         case ObjectClass::Variable: {
             const auto& variable = static_cast<const clsVariable&>(object);
@@ -294,7 +294,7 @@ std::string ObjectKind(const CodeObject& object) {
                 return "type member";
             if (variable.MyEnum)
                 return "enum member";
-            if (variable.Zugriff == "argument")
+            if (variable.Zugriff == Access::Argument)
                 return "argument";
             return (variable.Prozedur ? "local " : "") + std::string(variable.IsConst ? "const" : "variable");
         }
@@ -305,7 +305,7 @@ std::string ObjectKind(const CodeObject& object) {
         case ObjectClass::Control:
             return "control";
         case ObjectClass::TypeLib:
-            return std::string(static_cast<const clsTypeLib&>(object).LibTyp);
+            return std::string(TextOf(static_cast<const clsTypeLib&>(object).LibTyp));
     }
     return {};
 }

@@ -39,31 +39,32 @@ std::string Shortened(std::string text) {
 std::string KindOf(const CodeObject& object) {
     switch (object.Class()) {
         case ObjectClass::Modul:
-            return std::string(static_cast<const clsModul&>(object).ModulTyp);
+            return std::string(TextOf(static_cast<const clsModul&>(object).ModulTyp));
         case ObjectClass::Prozedur: {
             const auto& prozedur = static_cast<const clsProzedur&>(object);
-            std::string kind(prozedur.Zugriff);
+            std::string kind(TextOf(prozedur.Zugriff));
             if (prozedur.isDeclare)
                 kind.append(" declare");
             else if (prozedur.IsEvent || prozedur.IsUserEvent)
                 kind.append(" event");
-            return KindAndName(kind, prozedur.ProzedurTyp());
+            return KindAndName(kind, prozedur.ProzedurTypText());
         }
         case ObjectClass::Variable: {
             const auto& variable = static_cast<const clsVariable&>(object);
-            if (variable.MyType || variable.MyEnum || (variable.Zugriff == "argument" && !variable.isResult))
-                return std::string(variable.Zugriff);
-            const std::string access = variable.Prozedur ? Utf8TextNr(Text::Local) : std::string(variable.Zugriff);
+            if (variable.MyType || variable.MyEnum || (variable.Zugriff == Access::Argument && !variable.isResult))
+                return std::string(TextOf(variable.Zugriff));
+            const std::string access =
+                variable.Prozedur ? Utf8TextNr(Text::Local) : std::string(TextOf(variable.Zugriff));
             return KindAndName(access, variable.IsConst ? "const" : "variable");
         }
         case ObjectClass::Type:
-            return KindAndName(object.Zugriff, "type");
+            return KindAndName(TextOf(object.Zugriff), "type");
         case ObjectClass::Enum:
-            return KindAndName(object.Zugriff, "enum");
+            return KindAndName(TextOf(object.Zugriff), "enum");
         case ObjectClass::Control:
             return "control";
         case ObjectClass::TypeLib:
-            return std::string(static_cast<const clsTypeLib&>(object).LibTyp);
+            return std::string(TextOf(static_cast<const clsTypeLib&>(object).LibTyp));
     }
     return {};
 }
@@ -105,7 +106,7 @@ template <class Owner>
 Counts CallsOfMembers(const Owner& owner) {
     Counts counts;
     for (const clsVariable* member : owner.MyVars)
-        counts.AddAll(member->CalledByAll);
+        counts.AddAll(member->CalledByAll());
     return counts;
 }
 
@@ -115,16 +116,16 @@ Counts CallersOf(const CodeObject& object) {
     if (object.Class() == ObjectClass::Enum)
         return CallsOfMembers(static_cast<const clsEnum&>(object));
     Counts counts;
-    counts.AddAll(object.CalledByAll);
+    counts.AddAll(object.CalledByAll());
     if (const clsVariable* const instance = InstanceOf(object))
-        counts.AddAll(instance->CalledByAll);
+        counts.AddAll(instance->CalledByAll());
     return counts;
 }
 
 // What a procedure calls but for its own variables.
 Counts CallsOf(const clsProzedur& prozedur) {
     Counts counts;
-    for (const clsCall* call : prozedur.CallsAll) {
+    for (const clsCall* call : prozedur.CallsAll()) {
         const bool isOwn = call->Parent->Class() == ObjectClass::Variable &&
                            static_cast<const clsVariable*>(call->Parent)->Prozedur == &prozedur;
         if (!isOwn)
@@ -156,7 +157,7 @@ std::string LinesOf(const CodeObject& object) {
 std::vector<const clsProzedur*> CallingProcedures(const clsProzedur& prozedur) {
     std::vector<const clsProzedur*> callers;
     std::unordered_set<const clsProzedur*> known;
-    for (const clsCall* call : prozedur.CalledByAll)
+    for (const clsCall* call : prozedur.CalledByAll())
         if (call->CallProcedure() && known.insert(call->CallProcedure()).second)
             callers.push_back(call->CallProcedure());
     return callers;
@@ -171,7 +172,7 @@ bool IsRing(const clsProzedur& prozedur) {
     while (!open.empty()) {
         const clsProzedur* const at = open.back();
         open.pop_back();
-        for (const clsCall* call : at->CalledByAll) {
+        for (const clsCall* call : at->CalledByAll()) {
             const clsProzedur* const caller = call->CallProcedure();
             if (!caller || caller->IsDeath != 2 || ++followed > kCallersFollowed)
                 return false;
@@ -186,7 +187,7 @@ std::string WhyDead(const CodeObject& object) {
     if (object.Class() == ObjectClass::Variable) {
         const auto& variable = static_cast<const clsVariable&>(object);
         if (variable.Prozedur)
-            return variable.Prozedur->LocalCallsChecked && variable.CalledByAll.Count() == 0
+            return variable.Prozedur->LocalCallsChecked && variable.CalledByAll().Count() == 0
                        ? Utf8TextNr(Text::LocalUnused)
                        : std::string();
     }
@@ -224,17 +225,16 @@ std::vector<std::string> ObjectText(const CodeObject& object) {
     if (const std::string_view type = DataTypeOf(object); !type.empty())
         add(Labelled(Text::DataType, Shortened(Utf8Of(modul, type))));
 
-    const IncomingEdges* const uses = UsedByAllOf(object);
     const Counts callers = CallersOf(object);
-    if (!uses || callers.Any())
+    if (!object.CanBeUsed() || callers.Any())
         add(Labelled(Text::CalledBy, callers.Text()));
-    if (uses)
-        add(Labelled(Text::UsedBy, std::to_string(uses->Count())));
+    if (object.CanBeUsed())
+        add(Labelled(Text::UsedBy, std::to_string(object.UsedByAll().Count())));
     if (object.Class() == ObjectClass::Prozedur) {
         const auto& prozedur = static_cast<const clsProzedur&>(object);
         add(Labelled(Text::Calls, CallsOf(prozedur).Text()));
-        if (prozedur.UsesAll.Count() > 0)
-            add(Labelled(Text::Uses, std::to_string(prozedur.UsesAll.Count())));
+        if (prozedur.UsesAll().Count() > 0)
+            add(Labelled(Text::Uses, std::to_string(prozedur.UsesAll().Count())));
     }
     add(LinesOf(object));
     add(WhyDead(object));
@@ -258,11 +258,10 @@ std::string CallsText(const CodeObject& caller, const CodeObject& target, CallTy
             }
         }
     };
-    look(target.CalledByAll);
+    look(target.CalledByAll());
     if (const clsVariable* const instance = InstanceOf(target))
-        look(instance->CalledByAll);
-    if (const IncomingEdges* const uses = UsedByAllOf(target))
-        look(*uses);
+        look(instance->CalledByAll());
+    look(target.UsedByAll());
     if (!first || !modul->text)
         return {};
     return std::to_string(count) + " " + Utf8TextNr(type == CallType::MayBe ? Text::Possible : Text::Certain) + ", " +

@@ -56,7 +56,7 @@ void AddRoot(const RootKind& kind, Baum& tree) {
 
 // A library has no contents to show yet: the classes, enumerations and types of one that does go below this node.
 void AddLibrary(const clsTypeLib& library, Baum& tree) {
-    BaumNode* root = tree.Item(std::string(library.LibTyp) + "[]");
+    BaumNode* root = tree.Item(std::string(TextOf(library.LibTyp)) + "[]");
     if (!root)
         return;
     BaumNode* node =
@@ -100,7 +100,7 @@ void AddMembersOf(const Owner& owner, Baum& tree) {
 }
 
 std::string_view ImageOfLocal(const clsVariable& variable) {
-    if (variable.Zugriff == "argument")
+    if (variable.Zugriff == Access::Argument)
         return "argument";
     return variable.DatenTyp().starts_with("const ") ? "const" : "variable";
 }
@@ -126,7 +126,7 @@ std::string NodeText(const CodeObject& object) {
 }
 
 std::string_view LibraryImage(const clsTypeLib& library) {
-    if (library.LibTyp == "reference")
+    if (library.LibTyp == LibraryKind::Reference)
         return "Library";
     // The name pool keeps the text for the tree: nodes outlive the library when the project is closed.
     return ImageList1_Exist(library.TypeLibID) ? Name(library.TypeLibID).View() : "Object";
@@ -216,10 +216,10 @@ void clsModulAnzeige::MyModul(const clsModul& modul) {
 }
 
 void clsModulAnzeige::Anzeigen() {
-    BaumNode* parent =
-        tree_.Item(modul_->myLibrary ? std::string(modul_->myLibrary->MyName()) : std::string(modul_->ModulTyp) + "[]");
+    BaumNode* parent = tree_.Item(modul_->myLibrary ? std::string(modul_->myLibrary->MyName())
+                                                    : std::string(TextOf(modul_->ModulTyp)) + "[]");
     if (parent)
-        tree_.Add(parent, nodeKey_, std::string(modul_->myNameOrg()), modul_->ModulTyp);
+        tree_.Add(parent, nodeKey_, std::string(modul_->myNameOrg()), TextOf(modul_->ModulTyp));
 }
 
 void clsModulAnzeige::Anzeigen_Struktur() {
@@ -312,7 +312,7 @@ void clsModulAnzeige::Anzeigen_Sub() {
 }
 
 bool clsModulAnzeige::LeavesOutMe() const {
-    return modul_->ModulTyp != "module";
+    return modul_->ModulTyp != ModuleKind::Module;
 }
 
 void clsModulAnzeige::Gruppe(TreeGroup group, int count) {

@@ -27,32 +27,35 @@ private:
 
 PropertyRows OfModul(const clsModul& modul) {
     return Rows(modul.myNameOrg())
-        .Add(Text::Kind, modul.ModulTyp)
+        .Add(Text::Kind, TextOf(modul.ModulTyp))
         .Add(Text::CodeLines, std::to_string(modul.AnzLineCode))
         .Take();
 }
 
 PropertyRows OfProzedur(const clsProzedur& prozedur) {
     Rows rows(prozedur.myNameOrg());
-    rows.Add(Text::Access, prozedur.Zugriff)
-        .Add(Text::Kind, prozedur.ProzedurTyp())
+    rows.Add(Text::Access, TextOf(prozedur.Zugriff))
+        .Add(Text::Kind, prozedur.ProzedurTypText())
         .Add(Text::BelongsTo, OwnerText(prozedur));
-    if (prozedur.ProzedurTyp() == "function" || prozedur.ProzedurTyp() == "property get")
+    if (prozedur.ProzedurTyp == ProcKind::Function || prozedur.ProzedurTyp == ProcKind::PropertyGet)
         rows.Add(Text::DataType, prozedur.DatenTyp());
     return rows.Take();
 }
 
 PropertyRows OfVariable(const clsVariable& variable) {
     Rows rows(variable.myNameOrg());
-    if (variable.Zugriff == "procedure")
+    if (variable.Zugriff == Access::Procedure)
         rows.AddText(Text::Access, Text::Local);
     else
-        rows.Add(Text::Access, variable.Zugriff);
+        rows.Add(Text::Access, TextOf(variable.Zugriff));
     return rows.Add(Text::DataType, variable.DatenTyp()).Add(Text::BelongsTo, OwnerText(variable)).Take();
 }
 
 PropertyRows OfBlock(const CodeObject& block) {
-    return Rows(block.myNameOrg()).Add(Text::Access, block.Zugriff).Add(Text::BelongsTo, OwnerText(block)).Take();
+    return Rows(block.myNameOrg())
+        .Add(Text::Access, TextOf(block.Zugriff))
+        .Add(Text::BelongsTo, OwnerText(block))
+        .Take();
 }
 
 }  // namespace
@@ -65,13 +68,13 @@ std::string OwnerText(const CodeObject& object) {
     if (object.Class() == ObjectClass::Variable) {
         const auto& variable = static_cast<const clsVariable&>(object);
         if (variable.Prozedur)
-            return KindAndName(variable.Prozedur->ProzedurTyp(), variable.Prozedur->myNameOrg()).append("()");
+            return KindAndName(variable.Prozedur->ProzedurTypText(), variable.Prozedur->myNameOrg()).append("()");
         if (variable.MyType)
             return KindAndName("Type", variable.MyType->myNameOrg());
         if (variable.MyEnum)
             return KindAndName("Enum", variable.MyEnum->myNameOrg());
     }
-    return object.Modul ? KindAndName(object.Modul->ModulTyp, object.Modul->myNameOrg()) : std::string();
+    return object.Modul ? KindAndName(TextOf(object.Modul->ModulTyp), object.Modul->myNameOrg()) : std::string();
 }
 
 std::optional<PropertyRows> Anzeigen_Eigenschaften(const CodeObject& object) {

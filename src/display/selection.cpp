@@ -38,7 +38,7 @@ bool StandsFor(const CodeObject& target, const CodeObject& object) {
 Colour ColourOfPlace(const CodeObject& object, const clsCall& call, const clsModul& caller) {
     if (call.Type() == CallType::MayBe)
         return Colour::CallMayBe;
-    if (object.Zugriff == "argument" || object.Zugriff == "procedure")
+    if (object.Zugriff == Access::Argument || object.Zugriff == Access::Procedure)
         return Colour::CallLocal;
     const bool isInside = object.Modul == &caller || &object == &caller;
     return isInside ? Colour::CallIn : Colour::CallOut;
@@ -167,15 +167,15 @@ std::string CodePath_Anzeigen(const Selection& selection) {
             break;
         case ObjectClass::Prozedur: {
             const auto& prozedur = static_cast<const clsProzedur&>(*selection.CurObject);
-            add(prozedur.IsProperty() ? KindAndName(prozedur.Zugriff, "property")
-                                      : KindAndName(prozedur.Zugriff, prozedur.ProzedurTyp()));
+            add(prozedur.IsProperty() ? KindAndName(TextOf(prozedur.Zugriff), "property")
+                                      : KindAndName(TextOf(prozedur.Zugriff), prozedur.ProzedurTypText()));
             break;
         }
         case ObjectClass::Type:
-            add(KindAndName(selection.CurObject->Zugriff, "type"));
+            add(KindAndName(TextOf(selection.CurObject->Zugriff), "type"));
             break;
         case ObjectClass::Enum:
-            add(KindAndName(selection.CurObject->Zugriff, "enum"));
+            add(KindAndName(TextOf(selection.CurObject->Zugriff), "enum"));
             break;
         case ObjectClass::Variable:
             add(static_cast<const clsVariable*>(selection.CurObject)->DatenTyp());
@@ -205,13 +205,10 @@ std::vector<CodeSpan> SelectCallMe(const CodeObject& object, CallType type, cons
         }
     };
     if (isProzedur) {
-        collect(static_cast<const clsProzedur&>(caller).CallsAll);
-        collect(static_cast<const clsProzedur&>(caller).UsesAll);
+        collect(static_cast<const clsProzedur&>(caller).CallsAll());
+        collect(static_cast<const clsProzedur&>(caller).UsesAll());
     } else {
-        collect(modul.CallsInDeclarations);
-        collect(modul.UsesAll);
-        for (const clsType* declared : modul.myTypes)
-            collect(declared->UsesAll);
+        collect(modul.CallsInDeclarations());
     }
     std::sort(places.begin(), places.end(), [](const CodeSpan& a, const CodeSpan& b) { return a.start < b.start; });
     // A name can be called and used at one place.
@@ -233,22 +230,17 @@ CodeObject* GetTypeNachZeichenPos(const clsModul& modul, Pos posInModule) {
 
 CodeObject* SelChanged(const clsProzedur& prozedur, Pos selStart) {
     const Pos pos = prozedur.DeclareStart + selStart;
-    if (CodeObject* hit = HitAt(prozedur.CallsAll, pos))
+    if (CodeObject* hit = HitAt(prozedur.CallsAll(), pos))
         return hit;
-    if (CodeObject* hit = HitAt(prozedur.UsesAll, pos))
+    if (CodeObject* hit = HitAt(prozedur.UsesAll(), pos))
         return hit;
     return DeclaredAt(prozedur.MyVars, pos);
 }
 
 CodeObject* SelChanged(const clsModul& modul, Pos selStart, const clsType* curType) {
     const Pos pos = modul.BeginnVarBereich + selStart;
-    if (CodeObject* hit = HitAt(modul.CallsInDeclarations, pos))
+    if (CodeObject* hit = HitAt(modul.CallsInDeclarations(), pos))
         return hit;
-    if (CodeObject* hit = HitAt(modul.UsesAll, pos))
-        return hit;
-    for (const clsType* type : modul.myTypes)
-        if (CodeObject* hit = HitAt(type->UsesAll, pos))
-            return hit;
     if (curType && curType->Modul == &modul && pos >= curType->DeclareStart && pos <= curType->DeclareEnd)
         return nullptr;
     if (CodeObject* type = GetTypeNachZeichenPos(modul, pos))
@@ -365,12 +357,12 @@ CodeObject* CodePane::ObjectAt(Pos selStart) const {
         CodeObject* const named = SelChanged(prozedur, selStart);
         if (IsNameAt(prozedur, prozedur.NamePos, pos))
             return &prozedur;
-        return named ? named : HitAt(prozedur.CallsAll, pos, true);
+        return named ? named : HitAt(prozedur.CallsAll(), pos, true);
     }
     if (owner->Class() != ObjectClass::Modul)
         return nullptr;
     const auto& modul = static_cast<const clsModul&>(*owner);
-    CodeObject* const used = HitAt(modul.CallsInDeclarations, pos);
+    CodeObject* const used = HitAt(modul.CallsInDeclarations(), pos);
     return used ? used : DeclaredAt(modul, pos);
 }
 

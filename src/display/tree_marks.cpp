@@ -26,7 +26,7 @@ public:
         for (const clsProzedur* prozedur : modul.MyProcs)
             Mark(*prozedur);
         for (const clsVariable* variable : modul.MyVars) {
-            const bool isMe = modul.ModulTyp != "module" && variable->MyName() == "me";
+            const bool isMe = modul.ModulTyp != ModuleKind::Module && variable->MyName() == "me";
             if (!isMe && !variable->MyEnum)  // members come with their enumerations
                 Mark(*variable);
         }
@@ -70,8 +70,8 @@ void Tote_Objekte_Markieren(const clsProzedur& prozedur, Baum& tree) {
         BaumNode* node = tree.Item(path.Of(*variable));
         if (!node)
             continue;
-        if (variable->CalledByAll.Count() != 0) {
-            tree.SetImage(*node, isConst ? "const" : variable->Zugriff == "argument" ? "argument" : "variable");
+        if (variable->CalledByAll().Count() != 0) {
+            tree.SetImage(*node, isConst ? "const" : variable->Zugriff == Access::Argument ? "argument" : "variable");
             tree.SetForeColor(*node, NodeColour::Ordinary);
         } else {
             tree.SetImage(*node, isConst ? "ConstDeath" : "VariableDeath");

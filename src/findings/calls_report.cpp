@@ -25,7 +25,7 @@ std::string ProperCase(std::string_view word) {
     return proper;
 }
 
-// Whose call lines they are decides their form.
+// The kind of the called object, which decides the form of its call lines.
 enum class Callee { Member, EnumMember, Variable, Other };
 
 class CallsReportWriter {
@@ -34,19 +34,19 @@ public:
         report_.Line(modul.myNameOrg());
         for (const clsType* type : modul.myTypes) {
             report_.BlankLines(3);
-            report_.Line(type->myNameOrg(), "\t", ProperCase(type->Zugriff), " Type");
+            report_.Line(type->myNameOrg(), "\t", ProperCase(TextOf(type->Zugriff)), " Type");
             Members(type->MyVars, Callee::Member);
         }
         for (const clsEnum* einEnum : modul.myEnums) {
             report_.BlankLines(3);
-            report_.Line(einEnum->myNameOrg(), "\t", ProperCase(einEnum->Zugriff), " Enum");
+            report_.Line(einEnum->myNameOrg(), "\t", ProperCase(TextOf(einEnum->Zugriff)), " Enum");
             Members(einEnum->MyVars, Callee::EnumMember);
         }
         for (const clsVariable* variable : modul.MyVars) {
             if (variable->MyName() == "me")
                 continue;
             report_.BlankLines(3);
-            report_.Line(variable->myNameOrg(), "\t", ProperCase(variable->Zugriff),
+            report_.Line(variable->myNameOrg(), "\t", ProperCase(TextOf(variable->Zugriff)),
                          variable->IsConst ? " Const" : " Variable");
             Calls(*variable, Callee::Variable);
         }
@@ -59,8 +59,8 @@ public:
         }
         for (const clsProzedur* prozedur : modul.MyProcs) {
             report_.BlankLines(3);
-            report_.Line(prozedur->myNameOrg(), "\t", ProperCase(prozedur->Zugriff), " ",
-                         ProperCase(prozedur->ProzedurTyp()));
+            report_.Line(prozedur->myNameOrg(), "\t", ProperCase(TextOf(prozedur->Zugriff)), " ",
+                         ProperCase(prozedur->ProzedurTypText()));
             Calls(*prozedur, Callee::Other);
         }
         return report_.Take();
@@ -76,12 +76,12 @@ private:
     }
 
     void Calls(const CodeObject& object, Callee callee) {
-        for (const clsCall* call : object.CalledByAll)
+        for (const clsCall* call : object.CalledByAll())
             Call(*call, callee);
     }
 
     void Call(const clsCall& call, Callee callee) {
-        // Another type of edge keeps the word of the line before.
+        // An edge of another type repeats the word of the previous line.
         if (call.Type() == CallType::MayBe)
             kind_ = "May be";
         else if (call.Type() == CallType::Really)

@@ -1,13 +1,13 @@
-// The calls report: for every object of a module who calls or uses it, one tab-separated text file a module.
+// The calls report: the callers and users of every object of a module, in one tab-separated text file per module.
 #pragma once
 
 #include <string>
 
 #include "findings/structure_report.h"
 
-/// Content of the report. CR LF.
+/// Content of the report, with CR LF line ends.
 [[nodiscard]] std::string CallsReport(const clsModul& modul);
-/// Beside the module's source.
+/// Path beside the module's source.
 [[nodiscard]] std::string CallsReportPath(const clsModul& modul);
-/// Writes the reports of all modules, replacing what is there. A failure is reported, and the next follows.
+/// Writes the reports of all modules and replaces existing files. A failure is reported, and the next module follows.
 void AnalyseErgebnisCalls(const clsProjekt& projekt, const ReportPath& path = CallsReportPath);

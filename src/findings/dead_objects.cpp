@@ -19,13 +19,13 @@ namespace {
 int CountNotCalled(const clsCollection<clsVariable>& variables) {
     int count = 0;
     for (const clsVariable* variable : variables)
-        count += variable->CalledByAll.Count() == 0;
+        count += variable->CalledByAll().Count() == 0;
     return count;
 }
 
 void MarkNotCalled(const clsCollection<clsVariable>& variables) {
     for (clsVariable* variable : variables)
-        variable->IsDeath = variable->CalledByAll.Count() == 0;
+        variable->IsDeath = variable->CalledByAll().Count() == 0;
 }
 
 template <class Owner>
@@ -41,13 +41,14 @@ void MarkWithMembers(const clsCollection<Owner>& owners) {
 void MarkDeclarations(const clsModul& modul) {
     for (clsVariable* variable : modul.MyVars)
         if (variable->MyName() != "me")
-            variable->IsDeath = variable->CalledByAll.Count() == 0;
+            variable->IsDeath = variable->CalledByAll().Count() == 0;
     MarkWithMembers(modul.myTypes);
     MarkWithMembers(modul.myEnums);
 }
 
 bool IsRoot(const clsProzedur& prozedur) {
-    return prozedur.IsEvent || prozedur.Modul->ModulTyp == "class" || prozedur.Modul->ModulTyp == "usercontrol";
+    return prozedur.IsEvent || prozedur.Modul->ModulTyp == ModuleKind::Class ||
+           prozedur.Modul->ModulTyp == ModuleKind::UserControl;
 }
 
 void MarkProcedures(const std::vector<clsModul*>& modules) {
@@ -62,7 +63,7 @@ void MarkProcedures(const std::vector<clsModul*>& modules) {
     while (!open.empty()) {
         const clsProzedur* prozedur = open.back();
         open.pop_back();
-        for (const clsCall* call : prozedur->CallsAll) {
+        for (const clsCall* call : prozedur->CallsAll()) {
             if (call->Parent->Class() != ObjectClass::Prozedur || call->Parent->IsDeath != kNotReached)
                 continue;
             call->Parent->IsDeath = 0;
@@ -71,7 +72,7 @@ void MarkProcedures(const std::vector<clsModul*>& modules) {
     }
     for (const clsModul* modul : modules)
         for (clsProzedur* prozedur : modul->MyProcs)
-            if (prozedur->IsDeath == kNotReached && prozedur->CalledByAll.Count() == 0)
+            if (prozedur->IsDeath == kNotReached && prozedur->CalledByAll().Count() == 0)
                 prozedur->IsDeath = 1;
 }
 
@@ -104,9 +105,10 @@ int Anz_NotCalled_Vars(const clsProzedur& prozedur) {
     return CountNotCalled(prozedur.MyVars);
 }
 
-void Check_ProcVars_Calls(clsProjekt& projekt, clsProzedur& prozedur) {
-    if (prozedur.LocalCallsChecked || prozedur.isDeclare || !prozedur.Modul->text)
-        return;
+std::vector<LocalUse> Check_ProcVars_Calls(const clsProzedur& prozedur) {
+    std::vector<LocalUse> uses;
+    if (prozedur.isDeclare || !prozedur.Modul->text)
+        return uses;
     const ModuleText& text = *prozedur.Modul->text;
     for (clsVariable* variable : prozedur.MyVars) {
         bool counts = false;
@@ -114,7 +116,15 @@ void Check_ProcVars_Calls(clsProjekt& projekt, clsProzedur& prozedur) {
         while ((place = Here_OneCall_Var(text, prozedur, *variable, place + 1, counts)) != 0 &&
                place <= prozedur.DeclareEnd)
             if (counts && place != variable->DeclareStart)
-                CallCreate(projekt, *variable, {&prozedur, CallType::Really}, place);
+                uses.push_back({variable, place});
     }
+    return uses;
+}
+
+void Check_ProcVars_Calls(clsProjekt& projekt, clsProzedur& prozedur) {
+    if (prozedur.LocalCallsChecked || prozedur.isDeclare || !prozedur.Modul->text)
+        return;
+    for (const LocalUse& use : Check_ProcVars_Calls(static_cast<const clsProzedur&>(prozedur)))
+        CallCreate(projekt, *use.variable, {&prozedur, CallType::Really}, use.pos);
     prozedur.LocalCallsChecked = true;
 }

@@ -21,14 +21,14 @@ public:
             const int notCalled = Anz_NotCalled_Vars(*owner);
             if (notCalled == 0)
                 continue;
-            Line(owner->myNameOrg(), "\t", owner->Zugriff, word);
+            Line(owner->myNameOrg(), "\t", TextOf(owner->Zugriff), word);
             report_.BlankLines(1);
             if (notCalled == owner->MyVars.Count()) {
                 report_.BlankLines(1);
                 continue;
             }
             for (const clsVariable* member : owner->MyVars)
-                if (member->CalledByAll.Count() == 0)
+                if (member->CalledByAll().Count() == 0)
                     report_.Line("\t  - ", member->myNameOrg());
             report_.BlankLines(2);
         }
@@ -47,7 +47,7 @@ public:
     }
 
 private:
-    // The head line stands before the first entry.
+    // Writes the head line before the first entry.
     template <class... Parts>
     void Line(const Parts&... parts) {
         if (!hasHead_) {
@@ -70,13 +70,14 @@ std::string DeathsReport(const clsModul& modul) {
     block.Owners(modul.myTypes, " Type");
     block.Owners(modul.myEnums, " Enum");
     for (const clsVariable* variable : modul.MyVars)
-        if (variable->MyName() != "me" && variable->CalledByAll.Count() == 0)
-            block.Object(variable->myNameOrg(), "\t", variable->Zugriff, variable->IsConst ? " Const" : " Variable");
-    // Of a class or user control no procedure is ever listed: something outside may call each of them.
-    if (modul.ModulTyp != "class" && modul.ModulTyp != "usercontrol")
+        if (variable->MyName() != "me" && variable->CalledByAll().Count() == 0)
+            block.Object(variable->myNameOrg(), "\t", TextOf(variable->Zugriff),
+                         variable->IsConst ? " Const" : " Variable");
+    // Procedures of classes and user controls are never listed, because code outside the project may call them.
+    if (modul.ModulTyp != ModuleKind::Class && modul.ModulTyp != ModuleKind::UserControl)
         for (const clsProzedur* prozedur : modul.MyProcs)
-            if (!prozedur->IsEvent && prozedur->CalledByAll.Count() == 0)
-                block.Object(prozedur->myNameOrg(), "\t", prozedur->Zugriff, " ", prozedur->ProzedurTyp());
+            if (!prozedur->IsEvent && prozedur->CalledByAll().Count() == 0)
+                block.Object(prozedur->myNameOrg(), "\t", TextOf(prozedur->Zugriff), " ", prozedur->ProzedurTypText());
     return block.Take();
 }
 

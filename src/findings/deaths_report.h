@@ -1,5 +1,5 @@
-// The deaths report: what nothing calls, module by module, in one text file for the project. It goes by callers alone
-// and does not follow chains of dead callers.
+// The deaths report: the objects that nothing calls, module by module, in one text file for the project. Any caller
+// counts, even a dead one.
 #pragma once
 
 #include <string>
@@ -7,9 +7,9 @@
 class clsModul;
 class clsProjekt;
 
-/// Block of one module, or an empty text when everything in it is called. CR LF.
+/// Block of one module, or an empty text if everything in it is called. Line ends are CR LF.
 [[nodiscard]] std::string DeathsReport(const clsModul& modul);
-/// Beside the project file.
+/// Path beside the project file.
 [[nodiscard]] std::string DeathsReportPath(const clsProjekt& projekt);
 /// Writes the blocks of all modules: Modules, Klassenmodule, Formulare, UserControls. A failure is reported.
 void AnalyseErgebnisDeaths(const clsProjekt& projekt, const std::string& path);

@@ -1,4 +1,4 @@
-// How the text reports are put together: lines with CR LF, and empty lines before them.
+// Builds a text report of lines that end in CR LF.
 #pragma once
 
 #include <string>

@@ -11,7 +11,7 @@
 
 namespace {
 
-// Members of a type, enum or procedure, each below an empty line.
+// Writes the members of a type, enum or procedure, each after an empty line.
 void Members(ReportText& report, const clsCollection<clsVariable>& members) {
     for (const clsVariable* member : members) {
         report.BlankLines(1);
@@ -25,33 +25,32 @@ std::string StructureReport(const clsModul& modul) {
     ReportText report;
     for (const clsType* type : modul.myTypes) {
         report.BlankLines(3);
-        report.Line(type->myNameOrg(), "\t", type->Zugriff, " Type");
+        report.Line(type->myNameOrg(), "\t", TextOf(type->Zugriff), " Type");
         Members(report, type->MyVars);
     }
     for (const clsEnum* einEnum : modul.myEnums) {
         report.BlankLines(3);
-        report.Line(einEnum->myNameOrg(), "\t", einEnum->Zugriff, " Enum");
+        report.Line(einEnum->myNameOrg(), "\t", TextOf(einEnum->Zugriff), " Enum");
         Members(report, einEnum->MyVars);
     }
     for (const clsVariable* variable : modul.MyVars) {
         if (variable->MyName() == "me")
             continue;
         report.BlankLines(3);
-        report.Line(variable->myNameOrg(), "\t", variable->Zugriff, " Variable", " as ", variable->DatenTyp());
+        report.Line(variable->myNameOrg(), "\t", TextOf(variable->Zugriff), " Variable", " as ", variable->DatenTyp());
     }
     for (const clsControl* control : modul.MyControls) {
         if (control->MyName() == "me")
             continue;
         report.BlankLines(3);
-        report.Line(control->myNameOrg(), "\t", control->Zugriff, " as ", control->DatenTyp());
+        report.Line(control->myNameOrg(), "\t", TextOf(control->Zugriff), " as ", control->DatenTyp());
     }
     for (const clsProzedur* prozedur : modul.MyProcs) {
         report.BlankLines(3);
-        const std::string_view typ = prozedur->ProzedurTyp();
-        const bool hasType =
-            typ == "function" || typ == "property get" || typ == "property let" || typ == "property set";
-        report.Line(prozedur->myNameOrg(), "\t", prozedur->Zugriff, " ", typ, hasType ? " as " : "",
-                    hasType ? prozedur->DatenTyp() : "");
+        const ProcKind typ = prozedur->ProzedurTyp;
+        const bool hasType = typ != ProcKind::Sub && typ != ProcKind::OtherProperty && typ != ProcKind::Other;
+        report.Line(prozedur->myNameOrg(), "\t", TextOf(prozedur->Zugriff), " ", prozedur->ProzedurTypText(),
+                    hasType ? " as " : "", hasType ? prozedur->DatenTyp() : "");
         Members(report, prozedur->MyVars);
     }
     return report.Take();

@@ -1,4 +1,4 @@
-// The structure report: what a module declares, one text file a module.
+// The structure report: the declarations of a module, in one text file per module.
 #pragma once
 
 #include <functional>
@@ -7,14 +7,14 @@
 class clsModul;
 class clsProjekt;
 
-/// Content of the report: types, enumerations, variables, controls, procedures, each with its members. CR LF.
+/// Content of the report: types, enumerations, variables, controls and procedures, each with its members. CR LF.
 [[nodiscard]] std::string StructureReport(const clsModul& modul);
 
-/// Path of a module's report; the default is beside its source.
+/// Path of a module's report; by default beside its source.
 using ReportPath = std::function<std::string(const clsModul& modul)>;
 [[nodiscard]] std::string StructureReportPath(const clsModul& modul);
 
-/// Writes the report of one module, replacing any file of its name. A failure is reported.
+/// Writes the report of one module and replaces an existing file. A failure is reported.
 void AnalyseErgebnisStructure(const clsProjekt& projekt, const clsModul& modul, const std::string& path);
 
 /// Writes the reports of all modules: Modules, Klassenmodule, Formulare, UserControls.

@@ -45,7 +45,7 @@ void Name_From_File(clsTypeLib& library, std::string_view path) {
 
 void FillPropertysRef(clsTypeLib& library, std::string_view line) {
     library.ProjektEintrag = std::string(line);
-    library.LibTyp = "reference";
+    library.LibTyp = LibraryKind::Reference;
     const std::vector<std::string_view> fields = Fields(WithoutMark(ValueOf(line)), '#');
     library.TypeLibID = std::string(fields[0]);
     if (fields.size() >= 2)
@@ -58,7 +58,7 @@ void FillPropertysRef(clsTypeLib& library, std::string_view line) {
 
 void FillPropertys(clsTypeLib& library, std::string_view line) {
     library.ProjektEintrag = std::string(line);
-    library.LibTyp = "component";
+    library.LibTyp = LibraryKind::Component;
     const std::string_view value = WithoutMark(ValueOf(line));
     const auto behind = value.find("; ");
     const std::vector<std::string_view> fields = Fields(value.substr(0, behind), '#');

@@ -16,7 +16,6 @@ public:
     [[nodiscard]] std::string_view GetImageKey() const override;
 
     Pos NamePos = 0;
-    IncomingEdges UsedByAll;
     clsCollection<clsVariable> MyVars;  // members by name
 
     clsVariable& Own(std::unique_ptr<clsVariable> member);

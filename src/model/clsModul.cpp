@@ -9,9 +9,9 @@ std::string clsModul::CodePathOrg() const {
 }
 
 std::string_view clsModul::GetImageKey() const {
-    if (ModulTyp == "usercontrol")
+    if (ModulTyp == ModuleKind::UserControl)
         return "control";
-    return ModulTyp;
+    return TextOf(ModulTyp);
 }
 
 CodeObject* clsModul::Get_Object_From_CodePath(std::string_view codePath) {

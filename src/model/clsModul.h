@@ -9,11 +9,9 @@
 #include "model/clsCollection.h"
 #include "model/clsVariable.h"
 #include "model/name_space.h"
-#include "model/owned_by_name.h"
 #include "platform/files.h"
-
-class ModuleText;
-class TokenTable;
+#include "source/module_text.h"
+#include "source/tokens.h"
 
 class clsModul final : public CodeObject {
 public:
@@ -23,13 +21,13 @@ public:
     [[nodiscard]] std::string CodePathOrg() const override;
     [[nodiscard]] std::string_view GetImageKey() const override;
 
-    std::string_view ModulTyp = "module";  // "module", "form", "class", "usercontrol"
+    ModuleKind ModulTyp = ModuleKind::Module;
     std::string FullPath;
     FileTime DateLastModified = 0;
     int number = 0;  // running number among the module lines of the project file, from 1
 
-    OwnedByName<ModuleText> text = NothingOwned<ModuleText>();  // null until the file was read; null for empty files
-    OwnedByName<TokenTable> tokens = NothingOwned<TokenTable>();
+    std::unique_ptr<ModuleText> text;  // null until the file was read; null for empty files
+    std::unique_ptr<TokenTable> tokens;
 
     Pos BeginnVarBereich = 0;  // where the declarations and the procedures begin
     Pos BeginnProcBereich = 0;
@@ -40,9 +38,9 @@ public:
     int AnzLineComment = 0;
     int AnzLineBlank = 0;
 
-    IncomingEdges UsedByAll;
-    OutgoingEdges UsesAll;
-    OutgoingEdges CallsInDeclarations;  // edges that start in the declarations section
+    /// Edges that start in the declarations section, uses included.
+    [[nodiscard]] const OutgoingEdges& CallsInDeclarations() const { return callsInDeclarations_; }
+    [[nodiscard]] OutgoingEdges& OutgoingOfDeclarations() { return callsInDeclarations_; }
 
     NameSpace PrivNameSpace;  // every object declared here
 
@@ -76,6 +74,7 @@ public:
     [[nodiscard]] const std::vector<std::unique_ptr<CodeObject>>& Owned() const { return owned_; }
 
 private:
+    OutgoingEdges callsInDeclarations_;
     std::vector<std::unique_ptr<CodeObject>> owned_;
     Blocks<clsVariable> locals_;
     [[no_unique_address]] Counted<&ObjectCounts::modul> counted_;

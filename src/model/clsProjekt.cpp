@@ -13,12 +13,18 @@ clsProjekt::clsProjekt(Files& files) : files_(files) {}
 
 clsProjekt::~clsProjekt() = default;
 
-clsCollection<clsModul>& clsProjekt::ModulesOf(std::string_view modulTyp) {
-    if (modulTyp == "form")
-        return Formulare;
-    if (modulTyp == "class")
-        return Klassenmodule;
-    return modulTyp == "usercontrol" ? UserControls : Modules;
+clsCollection<clsModul>& clsProjekt::ModulesOf(ModuleKind kind) {
+    switch (kind) {
+        case ModuleKind::Form:
+            return Formulare;
+        case ModuleKind::Class:
+            return Klassenmodule;
+        case ModuleKind::UserControl:
+            return UserControls;
+        case ModuleKind::Module:
+            break;
+    }
+    return Modules;
 }
 
 int clsProjekt::CountAllModules() const {

@@ -42,8 +42,8 @@ public:
     /// Conditional constants given from outside, (name, value), which win over those of the project file.
     std::vector<std::pair<std::string, std::string>> definedCondComps;
 
-    /// The collection that modules of `modulTyp` belong to.
-    [[nodiscard]] clsCollection<clsModul>& ModulesOf(std::string_view modulTyp);
+    /// The modules of one kind.
+    [[nodiscard]] clsCollection<clsModul>& ModulesOf(ModuleKind kind);
     [[nodiscard]] int CountAllModules() const;
     /// Every module of the four collections: Modules, Formulare, Klassenmodule, UserControls.
     [[nodiscard]] std::vector<clsModul*> AllModules() const;

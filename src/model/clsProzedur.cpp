@@ -16,11 +16,11 @@ std::string clsProzedur::CodePathOrg() const {
 }
 
 std::string_view clsProzedur::AccessorSuffix() const {
-    if (ProzedurTyp() == "property get")
+    if (ProzedurTyp == ProcKind::PropertyGet)
         return " [Get]";
-    if (ProzedurTyp() == "property let")
+    if (ProzedurTyp == ProcKind::PropertyLet)
         return " [Let]";
-    return ProzedurTyp() == "property set" ? " [Set]" : "";
+    return ProzedurTyp == ProcKind::PropertySet ? " [Set]" : "";
 }
 
 Name clsProzedur::LocalKey() const {
@@ -30,10 +30,10 @@ Name clsProzedur::LocalKey() const {
 
 std::string_view clsProzedur::GetImageKey() const {
     const bool dead = IsDeath == 1;
-    const std::string_view typ = ProzedurTyp();
-    if (typ == "property get" || typ == "property let" || typ == "property set")
+    const ProcKind typ = ProzedurTyp;
+    if (typ == ProcKind::PropertyGet || typ == ProcKind::PropertyLet || typ == ProcKind::PropertySet)
         return dead ? "PropertyDeath" : "property";
-    if (typ != "sub" && typ != "function")
+    if (typ != ProcKind::Sub && typ != ProcKind::Function)
         return {};
     if (isDeclare)
         return dead ? "DeclareDeath" : "declare";

@@ -17,10 +17,17 @@ public:
     [[nodiscard]] std::string_view AccessorSuffix() const;
     [[nodiscard]] std::string_view GetImageKey() const override;
     [[nodiscard]] std::string_view DatenTyp() const { return type.View(); }
-    [[nodiscard]] std::string_view ProzedurTyp() const { return kind; }
-    [[nodiscard]] bool IsProperty() const { return ProzedurTyp().starts_with("property"); }
+    /// The kind in words: "sub", "property get", or the words of the source where they are none of the known.
+    [[nodiscard]] std::string_view ProzedurTypText() const {
+        const std::string_view known = TextOf(ProzedurTyp);
+        return known.empty() ? otherKind.View() : known;
+    }
+    [[nodiscard]] bool IsProperty() const {
+        return ProzedurTyp >= ProcKind::PropertyGet && ProzedurTyp <= ProcKind::OtherProperty;
+    }
 
-    std::string_view kind;    // "sub", "function", "property get", "property let", "property set"; a lasting text
+    ProcKind ProzedurTyp = ProcKind::Sub;
+    Name otherKind;           // words of a kind that is none of the known
     Name type;                // data type of the result, lower case
     int DeclareStartTNr = 0;  // first and last token; 0 for declares
     int DeclareEndTNr = 0;
@@ -33,11 +40,15 @@ public:
     bool IsUserEvent = false;
     bool LocalCallsChecked = false;
 
-    OutgoingEdges CallsAll;  // calls it makes, of both certainties
-    OutgoingEdges UsesAll;   // types, classes and libraries it uses
+    /// Calls it makes, of both certainties.
+    [[nodiscard]] const OutgoingEdges& CallsAll() const { return calls_; }
+    /// Types, classes and libraries it uses.
+    [[nodiscard]] const OutgoingEdges& UsesAll() const { return uses_; }
+    [[nodiscard]] OutgoingEdges& Outgoing(bool uses) { return uses ? uses_ : calls_; }
 
     clsCollection<clsVariable> MyVars;  // arguments, locals, result; keyed by name
 
 private:
+    OutgoingEdges calls_, uses_;
     [[no_unique_address]] Counted<&ObjectCounts::prozedur> counted_;
 };

@@ -13,10 +13,9 @@ public:
     [[nodiscard]] std::string CodePathOrg() const override { return std::string(myNameOrg()); }
     [[nodiscard]] std::string_view GetImageKey() const override { return "Library"; }
 
-    IncomingEdges UsedByAll;
     std::string ProjektEintrag;  // the whole line of the project file
-    std::string_view LibTyp;     // "reference" or "component"
-    std::string TypeLibID;       // "{...}"; for a referenced project the path that stands in its place
+    LibraryKind LibTyp = LibraryKind::Reference;
+    std::string TypeLibID;  // "{...}"; for a referenced project the path that stands in its place
     std::string Version;
     std::string Description;
     std::string InprocServer32;  // path of the library's file

@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "model/clsCall.h"
+#include "model/kinds.h"
 #include "model/names.h"
 #include "shell/vb_text.h"
 
@@ -58,16 +59,27 @@ public:
     /// Key of the object's icon.
     [[nodiscard]] virtual std::string_view GetImageKey() const = 0;
 
+    /// Calls that reach this object, certain and possible.
+    [[nodiscard]] const IncomingEdges& CalledByAll() const { return calledBy_; }
+    /// Uses of a type, enumeration, module or library; empty for all others.
+    [[nodiscard]] const IncomingEdges& UsedByAll() const { return usedBy_; }
+    [[nodiscard]] bool CanBeUsed() const {
+        return class_ == ObjectClass::Type || class_ == ObjectClass::Enum || class_ == ObjectClass::Modul ||
+               class_ == ObjectClass::TypeLib;
+    }
+    /// Where the edges of this object are entered.
+    [[nodiscard]] IncomingEdges& Incoming(bool uses) { return uses ? usedBy_ : calledBy_; }
+
     // In an order that leaves no gaps: large projects have these by the hundred thousand.
-    clsModul* Modul = nullptr;                        // null for modules and libraries
-    clsTypeLib* myLibrary = nullptr;                  // set when the object belongs to a library
-    std::string_view Zugriff;                         // "private", "public", "argument", ...; a literal
-    [[no_unique_address]] IncomingEdges CalledByAll;  // calls that reach this object, certain and possible
+    clsModul* Modul = nullptr;        // null for modules and libraries
+    clsTypeLib* myLibrary = nullptr;  // set when the object belongs to a library
+    Access Zugriff = Access::None;
     Pos DeclareStart = 0;
 
 private:
     Name name_;
     const char* spelling_ = "";
+    [[no_unique_address]] IncomingEdges calledBy_, usedBy_;
 
 public:
     Pos DeclareEnd = 0;

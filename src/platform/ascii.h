@@ -1,4 +1,4 @@
-// Blanks and ASCII letters, for formats whose keywords are plain ASCII whatever the code page.
+// Tests and conversions of ASCII letters and blanks, for formats whose keywords are ASCII in every code page.
 #pragma once
 
 #include <algorithm>
@@ -23,7 +23,7 @@ namespace ascii {
     return lower;
 }
 
-/// True when both are the same but for the case of ASCII letters.
+/// True if both texts are equal, ignoring the case of ASCII letters.
 [[nodiscard]] inline bool SameText(std::string_view a, std::string_view b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),
                       [](char left, char right) { return Lower(left) == Lower(right); });

@@ -18,14 +18,15 @@ unsigned DigitOf(char c) {
     return lower >= 'a' && lower <= 'f' ? static_cast<unsigned>(lower - 'a' + 10) : kNoDigit;
 }
 
-/// Where the decimal digits from `at` on end.
+/// Position of the first character from `at` on that is not a decimal digit.
 std::size_t SkipDigits(std::string_view text, std::size_t at) {
     while (at < text.size() && ascii::IsDigit(text[at]))
         ++at;
     return at;
 }
 
-/// Numbers up to FFFF have 16 bits unless a "&" follows, all others 32; the top bit makes them negative.
+/// A value up to FFFF is a 16-bit number unless a "&" follows it; all others have 32 bits. The number is negative if
+/// its top bit is set.
 NumberRead ReadBasedNumber(std::string_view text) {
     const char letter = text.size() > 2 ? ascii::Lower(text[1]) : '\0';
     if (letter != 'h' && letter != 'o')
@@ -61,7 +62,7 @@ NumberRead ReadNumber(std::string_view text) {
     }
     if (digits == 0)
         return {};
-    // "1e3" has an exponent; "1eqv 1" is a number and a word.
+    // "1e3" has an exponent; "1eqv 1" is a number followed by an operator.
     bool isTiny = false;
     if (end < text.size() && ascii::Lower(text[end]) == 'e') {
         const bool hasSign = end + 1 < text.size() && (text[end + 1] == '+' || text[end + 1] == '-');

@@ -1,11 +1,11 @@
-// The high-resolution clock and the timer of the day.
+// The high-resolution clock and the time of day.
 #pragma once
 
 #include <cstdint>
 
-/// Counter value of the steady high-resolution clock.
+/// Value of the monotonic high-resolution counter.
 [[nodiscard]] std::int64_t PerformanceCounter();
-/// Counter steps a second.
+/// Counter steps per second.
 [[nodiscard]] std::int64_t PerformanceFrequency();
 /// Seconds since midnight, local time, in single precision.
 [[nodiscard]] float TimerOfDay();

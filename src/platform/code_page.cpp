@@ -21,7 +21,7 @@ constexpr std::string_view kAuto = "auto";
 constexpr std::string_view kAutoPage = "1252";
 constexpr std::string_view kUtf8Page = "65001";
 
-/// One direction of iconv; closed with the object.
+/// One direction of iconv; the destructor closes it.
 class Converter {
 public:
     Converter() = default;
@@ -41,10 +41,10 @@ public:
 
     void Restart() const { iconv(handle_, nullptr, nullptr, nullptr, nullptr); }
 
-    /// Converts the beginning of `text`, takes that off and appends the outcome to `into`.
-    /// Returns 0 at the text's end, EILSEQ or EINVAL in front of what cannot be converted.
+    /// Converts as much of `text` as possible, removes that part and appends the result to `into`.
+    /// Returns 0 at the end of the text, EILSEQ or EINVAL before a sequence that cannot be converted.
     int Convert(std::string_view& text, std::string& into) const {
-        char* in = const_cast<char*>(text.data());  // iconv's old signature; it does not write there
+        char* in = const_cast<char*>(text.data());  // iconv's parameter is not const, but iconv does not write to it
         std::size_t inLeft = text.size();
         int error = E2BIG;
         while (error == E2BIG) {
@@ -53,7 +53,7 @@ public:
             std::size_t outLeft = sizeof buffer;
             error = iconv(handle_, &in, &inLeft, &out, &outLeft) == static_cast<std::size_t>(-1) ? errno : 0;
             into.append(buffer, sizeof buffer - outLeft);
-            if (error == 0) {  // some pages hold a letter back to join it with an accent that may follow
+            if (error == 0) {  // some pages hold a letter back to combine it with an accent that may follow
                 out = buffer;
                 outLeft = sizeof buffer;
                 iconv(handle_, nullptr, nullptr, &out, &outLeft);
@@ -69,7 +69,7 @@ private:
     iconv_t handle_ = kNone();
 };
 
-/// What iconv may call a page; empty when the setting is no number of a page.
+/// The name of a page for iconv; empty if the setting is not a page number.
 std::string IconvName(std::string_view page) {
     int number = 0;
     const auto [end, error] = std::from_chars(page.data(), page.data() + page.size(), number);
@@ -105,18 +105,18 @@ struct CodePage::Tables {
     Kind kind = Kind::SingleByte;
     std::array<unsigned char, 256> lower{};
     std::array<bool, 256> isLead{};
-    std::array<char32_t, 256> unicode{};  // of single-byte pages; U+FFFD for bytes without a character
+    std::array<char32_t, 256> unicode{};  // of single-byte pages; U+FFFD for bytes that map to no character
     std::unordered_map<char32_t, char> bytes;
-    Converter toUtf8;  // of double-byte pages; kept open, as names are converted one by one
+    Converter toUtf8;  // of double-byte pages; kept open because names are converted one at a time
     Converter fromUtf8;
     mutable std::mutex converting;  // guards both
 
-    /// The tables of a page, or null when the system does not know it.
+    /// The tables of a page, or null if the system does not know the page.
     static const Tables* Of(std::string_view page);
 
     [[nodiscard]] bool Read(const std::string& iconvName);
     [[nodiscard]] std::string ToUtf8(std::string_view text) const;
-    /// Returns false when something was replaced by "?".
+    /// Returns false if a character was replaced by "?".
     bool FromUtf8(std::string_view utf8, std::string& into) const;
 };
 
@@ -126,7 +126,7 @@ const CodePage::Tables* CodePage::Tables::Of(std::string_view page) {
         return found->second.get();
     auto tables = std::make_unique<Tables>();
     const std::string name = IconvName(page);
-    // The page of "auto" must exist even where iconv has lost its tables: it is then Latin-1 without them.
+    // The page of "auto" must exist even if iconv has no tables on this system: it is Latin-1 then.
     if ((name.empty() || !tables->Read(name)) && page != kAutoPage)
         return nullptr;
     return known.emplace(page, std::move(tables)).first->second.get();
@@ -156,7 +156,7 @@ bool CodePage::Tables::Read(const std::string& iconvName) {
         std::size_t pos = 0;
         const bool isKnown = error == 0 && !utf8.empty();
         unicode[i] = isKnown ? TakeUtf8(utf8, pos).value_or(kReplacementCharacter) : kReplacementCharacter;
-        // Keywords are ASCII: a page in which they read otherwise is of no use here.
+        // Keywords are ASCII: rejects pages that map letters, digits or the blank to other characters.
         if (i < 128 && (ascii::Lower(byte) != byte || ascii::IsDigit(byte) || byte == ' ') && unicode[i] != i)
             return false;
         if (isLead[i])
@@ -249,7 +249,7 @@ CodePage::CodePage(std::string_view setting) : tables_(Tables::Of(setting)) {
 namespace {
 
 WIDE_VECTORS void LowerByTable(std::string_view text, const std::array<unsigned char, 256>& table, char* into) {
-    // Sources are ASCII nearly everywhere: characters without a high bit are changed many at a time.
+    // Sources are nearly all ASCII, so bytes without the high bit are converted 32 at a time.
     using Many [[gnu::vector_size(32)]] = signed char;
     const char* at = text.data();
     const char* const end = at + text.size();

@@ -1,5 +1,5 @@
-// Code pages: how bytes of a source become lower case, and how they become UTF-8 at the edge of the program.
-// The tables come from the system's iconv. Inside the analysis a byte is a character.
+// Code pages: lower-case conversion of source bytes, and conversion between source bytes and UTF-8. The tables come
+// from the system's iconv. Inside the analysis one byte is one character.
 #pragma once
 
 #include <array>
@@ -9,34 +9,35 @@
 
 class CodePage {
 public:
-    /// "auto": texts that are valid UTF-8 with bytes above 127 are shown as UTF-8, all others as Windows-1252.
-    /// Lower case is always that of Windows-1252, as a single byte does not tell which text it is from.
+    /// "auto": a text that is valid UTF-8 and has bytes above 127 is shown as UTF-8, any other as Windows-1252. Lower
+    /// case always follows Windows-1252, because one byte alone does not show its encoding.
     CodePage();
-    /// `setting` is "auto" or a number such as "1251" or "932"; anything else, or a page that the system
-    /// does not know, gives "auto".
+    /// `setting` is "auto" or a number such as "1251" or "932". Any other text, and a page that the system does not
+    /// know, selects "auto".
     explicit CodePage(std::string_view setting);
 
-    /// The setting in force: "auto" or the number.
+    /// The active setting: "auto" or the number.
     [[nodiscard]] const std::string& Setting() const { return setting_; }
 
-    /// Lower case of one byte. Multi-byte pages change ASCII letters only, so lengths always stay.
+    /// Lower case of one byte. In multi-byte pages only ASCII letters change, so the length of a text never does.
     [[nodiscard]] unsigned char Lower(unsigned char c) const { return lower_[c]; }
     [[nodiscard]] const std::array<unsigned char, 256>& LowerTable() const { return lower_; }
-    /// Lower case of a text, of the same length.
+    /// Lower case of a text; the length is unchanged.
     [[nodiscard]] std::string LowerCase(std::string_view text) const;
-    /// The same into a buffer of text.size() bytes, which may be `text` itself.
+    /// Same, written to a buffer of text.size() bytes, which may be `text` itself.
     void LowerCase(std::string_view text, char* into) const;
 
-    /// UTF-8 of `bytes`; a byte that the page does not know becomes U+FFFD. Always valid UTF-8.
+    /// Converts `bytes` to UTF-8; a byte that the page does not define becomes U+FFFD. The result is always valid
+    /// UTF-8.
     [[nodiscard]] std::string ToUtf8(std::string_view bytes) const;
-    /// Bytes in this page of a UTF-8 text; what the page cannot say becomes "?". In "auto" a text that
-    /// Windows-1252 cannot say whole stays UTF-8.
+    /// Converts a UTF-8 text to bytes of this page; a character that the page lacks becomes "?". With "auto", a text
+    /// that Windows-1252 cannot represent completely stays UTF-8.
     [[nodiscard]] std::string FromUtf8(std::string_view utf8) const;
-    /// The same, or nothing when the page cannot say the whole text. "auto" also refuses a text whose bytes
-    /// would then be taken for UTF-8.
+    /// Same, or nothing if the page cannot represent the whole text. "auto" also rejects a text whose bytes would later
+    /// be read as UTF-8.
     [[nodiscard]] std::optional<std::string> FromUtf8Whole(std::string_view utf8) const;
 
-    /// True for a byte that begins a double-byte character; such a character may end in "\".
+    /// True for a byte that begins a double-byte character. The second byte of such a character may be "\".
     [[nodiscard]] bool IsLeadByte(unsigned char c) const { return isLead_[c]; }
 
 private:
@@ -45,17 +46,17 @@ private:
 
     std::string setting_ = "auto";
     Kind kind_ = Kind::Auto;
-    const Tables* tables_;  // built once a page, for good
+    const Tables* tables_;  // created once per page, never freed
     std::array<unsigned char, 256> lower_{};
     std::array<bool, 256> isLead_{};
 };
 
-/// True for well-formed UTF-8 (no overlong forms, no surrogates), pure ASCII included.
+/// True for well-formed UTF-8 (no overlong forms, no surrogates); pure ASCII is well-formed.
 [[nodiscard]] bool IsValidUtf8(std::string_view text);
 
-/// The page in force for the whole program. Changing it does not touch texts that were read before.
+/// The active page of the whole program. Changing it does not affect texts that were read before.
 [[nodiscard]] const CodePage& ActiveCodePage();
 void SetActiveCodePage(CodePage page);
 
-/// Lower case by the page in force.
+/// Lower case in the active page.
 [[nodiscard]] std::string LowerCase(std::string_view text);

@@ -1,7 +1,6 @@
-// A path is tried as it is spelled first, with "/" for "\": that is one system call and right nearly always. Only
-// when nothing stands there, its names are walked one by one and looked for without regard to letter case, in
-// listings that are kept. A kept listing is never the last word: it is read anew before a name counts as missing,
-// and when what it names has gone.
+// A path is first tried as spelled, with "/" for "\"; this takes one system call and nearly always succeeds. Otherwise
+// each name of the path is looked up without regard to letter case in directory listings, which are cached. A listing
+// is read again before a name is reported as missing, and if the file that it names no longer exists.
 
 #include "platform/files.h"
 
@@ -37,7 +36,7 @@ public:
     [[nodiscard]] bool IsOpen() const { return number_ >= 0; }
     [[nodiscard]] int Number() const { return number_; }
 
-    /// Closes early, to learn whether all has been written.
+    /// Closes the file before the destructor does; false if not all data was written.
     [[nodiscard]] bool Close() { return close(std::exchange(number_, -1)) == 0; }
 
 private:
@@ -66,9 +65,9 @@ FileTime TimeOf(const struct stat& status) {
     return FileTime{status.st_mtim.tv_sec} * 1'000'000'000 + status.st_mtim.tv_nsec;
 }
 
-/// Reads until `size` bytes are there or the file ends. Returns the count, or nothing after an error.
-/// @param expected  bytes that the file should still have: when they are there and no more came, it has ended,
-///                  and the call that would only say so is saved
+/// Reads until `size` bytes have arrived or the file ends. Returns the count, or nothing after an error.
+/// @param expected  number of bytes that the file should still hold; if exactly that many arrive, the read that would
+///                  only confirm the end of the file is skipped
 std::optional<std::size_t> ReadUpTo(int file, char* into, std::size_t size, std::size_t expected) {
     std::size_t count = 0;
     while (count < size) {
@@ -113,13 +112,13 @@ std::string Joined(const std::string& directory, std::string_view name) {
 
 struct DiskFiles::Directories {
     struct Listing {
-        std::unordered_map<std::string, std::string> names;  // as on disk, by NameKey
-        unsigned readIn = 0;                                 // the operation that has read it
+        std::unordered_map<std::string, std::string> names;  // spelled as on disk, by NameKey
+        unsigned readIn = 0;                                 // the operation that read it
     };
-    /// How far a path leads on this disk.
+    /// Which part of a path exists on this disk.
     struct Found {
-        std::string path;         // what exists, with the rest behind it
-        std::size_t missing = 0;  // names of that rest
+        std::string path;         // the existing part, followed by the rest
+        std::size_t missing = 0;  // number of names in the rest
     };
 
     std::mutex mutex;  // guards the listings
@@ -131,8 +130,8 @@ struct DiskFiles::Directories {
     Found Walk(const PathParts& parts);
     Found Resolve(std::string_view path);
 
-    /// Calls `attempt(systemPath)`, which gives 0 or an errno, with the path as spelled, and with the path found
-    /// on disk when nothing stands at the first.
+    /// Calls `attempt(systemPath)`, which returns 0 or an errno, with the path as spelled; if there is no such file,
+    /// calls it again with the path found on disk.
     template <class Attempt>
     int Try(std::string_view path, const Attempt& attempt);
 };
@@ -144,7 +143,8 @@ void DiskFiles::Directories::Read(const std::string& directory, Listing& listing
         return;
     while (const dirent* entry = readdir(stream)) {
         const std::string name = entry->d_name;
-        // Of names that differ in letter case only the first in byte order is taken, whatever order the disk has.
+        // Of names that differ only in letter case the first in byte order is used, so the result does not depend on
+        // the order of the directory.
         const auto [known, isNew] = listing.names.emplace(NameKey(name), name);
         if (!isNew && name < known->second)
             known->second = name;
@@ -169,7 +169,7 @@ std::optional<std::string> DiskFiles::Directories::NameOnDisk(const std::string&
 }
 
 DiskFiles::Directories::Found DiskFiles::Directories::Walk(const PathParts& parts) {
-    // The directories are mostly spelled right, so the longest path that stands is looked for from the end.
+    // Most directories are spelled correctly, so the search for the longest existing path starts at the end.
     PathParts spelled = parts;
     while (!spelled.names.empty() && !Stands(JoinPath(spelled)))
         spelled.names.pop_back();
@@ -186,7 +186,7 @@ DiskFiles::Directories::Found DiskFiles::Directories::Walk(const PathParts& part
         } else if (found.missing > 0) {
             ++found.missing;
         }
-        // What is made anew gets a name that people can read on this system.
+        // A new file gets a UTF-8 name, which this system displays correctly.
         found.path = found.missing == 0 ? std::move(next) : Joined(found.path, NameInUtf8(name));
     }
     if (found.path.empty())
@@ -202,7 +202,7 @@ DiskFiles::Directories::Found DiskFiles::Directories::Resolve(std::string_view p
         return {spelled, spelled.empty()};
     const PathParts asSpelled = SplitPath(path);
     Found best = Walk(asSpelled);
-    // The name before ".." need not exist; and where it is a link, ".." may be meant either way.
+    // The name before ".." need not exist. If it is a link, ".." may refer to the parent of the link or of its target.
     for (const PathParts& parts : {WithoutParents(asSpelled), WithoutParents(SplitDoubleBytePath(path))}) {
         if (best.missing == 0)
             break;
@@ -243,11 +243,11 @@ FileTime DiskFiles::DateLastModified(std::string_view path) const {
 }
 
 FileText DiskFiles::ReadText(std::string_view path) const {
-    // Most files fit, and it stays in the processor's cache.
+    // Most files fit into this buffer, and it stays in the processor's cache.
     thread_local const std::unique_ptr<char[]> buffer = std::make_unique_for_overwrite<char[]>(kBufferBytes);
     FileText file;
     const int error = directories_->Try(path, [&](const std::string& systemPath) {
-        // Without O_NONBLOCK a pipe would keep us waiting for its writer.
+        // Without O_NONBLOCK, opening a pipe would wait for its writer.
         const FileHandle handle(systemPath.c_str(), O_RDONLY | O_NONBLOCK);
         struct stat status {};
         if (!handle.IsOpen() || fstat(handle.Number(), &status) != 0)
@@ -265,7 +265,8 @@ FileText DiskFiles::ReadText(std::string_view path) const {
             SetText(file, std::string_view(buffer.get(), *count));
         } else {
             std::string bytes(buffer.get(), *count);
-            // Some files have more than they say: they grow meanwhile, or the system makes them up on the spot.
+            // A file can hold more than its reported size: it grows meanwhile, or the system generates its content on
+            // reading.
             for (bool isEnd = false; !isEnd;) {
                 const std::size_t have = bytes.size();
                 bytes.resize(std::max(expected + 1, have + kBufferBytes));
@@ -297,9 +298,9 @@ FileError DiskFiles::WriteWhole(std::string_view path, std::string_view bytes) {
     if (replaces) {
         if (!S_ISREG(old.st_mode))
             return S_ISDIR(old.st_mode) ? FileError::IsDirectory : FileError::NotWritable;
-        if (faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)  // the renaming alone would not ask
+        if (faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)  // renaming alone does not check this
             return FileError::NotWritable;
-        // A link stays, and what it leads to is replaced.
+        // A link is kept, and its target is replaced.
         if (char* const real = realpath(target.c_str(), nullptr)) {
             target = real;
             std::free(real);
@@ -315,11 +316,11 @@ FileError DiskFiles::WriteWhole(std::string_view path, std::string_view bytes) {
     if (!handle.IsOpen())
         return WriteErrorOf(errno);
     if (replaces) {
-        // Only root may keep another owner; the mode comes last, as a change of owner takes bits from it.
+        // Only root may keep another owner. The mode is set last because a change of owner clears bits of it.
         (void)!fchown(handle.Number(), old.st_uid, old.st_gid);
         (void)!fchmod(handle.Number(), old.st_mode & 07777);
     }
-    // An old file must not be lost to a power cut either; a new one is not worth the wait for the disk.
+    // A power failure must not lose an existing file; for a new file the wait for the disk is not worthwhile.
     const bool isWritten = WriteAll(handle.Number(), bytes) && (!replaces || fsync(handle.Number()) == 0);
     int error = isWritten ? 0 : errno;
     if (!handle.Close() && error == 0)
@@ -354,7 +355,7 @@ FileError DiskFiles::MakeDirectory(std::string_view path) {
         const std::string part = target.substr(0, end);
         if (mkdir(part.c_str(), 0777) == 0)
             continue;
-        // A parent on a read-only disk gives EROFS, in a closed one EACCES, although it stands there already.
+        // A parent that exists already gives EROFS on a read-only disk and EACCES in a closed directory.
         const int error = errno;
         struct stat status {};
         if (stat(part.c_str(), &status) != 0)

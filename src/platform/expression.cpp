@@ -1,6 +1,6 @@
-// The expression is read once from left to right. Operands wait on one stack, operators on another until one of
-// lower precedence follows; brackets and prefix operators wait there as well, so nothing recurses. A failure while
-// computing is remembered and the reading goes on, since a syntax error further right takes precedence over it.
+// One pass from left to right with an operand stack and an operator stack. An operator stays on its stack until one of
+// lower precedence follows; brackets and prefix operators are kept there as well, so nothing recurses. After a failed
+// computation the pass continues, because a syntax error further right takes precedence over it.
 
 #include "platform/expression.h"
 
@@ -67,7 +67,7 @@ struct Spelling {
 constexpr Spelling kWords[]{{"and", Op::And}, {"or", Op::Or},   {"not", Op::Not}, {"xor", Op::Xor},
                             {"eqv", Op::Eqv}, {"imp", Op::Imp}, {"mod", Op::Mod}};
 
-// The longer ones first. VBScript also takes "=<" and "=>".
+// Longer spellings come first. VBScript also accepts "=<" and "=>".
 constexpr Spelling kSigns[]{{"<>", Op::NotEqual},
                             {"<=", Op::LessOrEqual},
                             {"=<", Op::LessOrEqual},
@@ -137,7 +137,7 @@ private:
         nesting_ += IsPrefix(op) || op == Op::Bracket;
     }
 
-    /// Computes what waits with `precedence` or above, back to the last open bracket.
+    /// Applies the stacked operators of at least `precedence`, back to the last open bracket.
     void Reduce(int precedence) {
         while (!operators_.empty() && PrecedenceOf(operators_.back()) >= precedence) {
             const Op op = operators_.back();
@@ -254,7 +254,7 @@ private:
     std::size_t pos_ = 0;
     std::vector<Value> operands_;
     std::vector<Op> operators_;
-    int nesting_ = 0;  // open brackets and waiting prefix operators
+    int nesting_ = 0;  // open brackets and stacked prefix operators
     ExpressionComputer computer_;
 };
 

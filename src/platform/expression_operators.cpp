@@ -69,7 +69,7 @@ double ExpressionComputer::NumberOf(const Value& value) {
     return value.number;
 }
 
-/// The nearest whole number; of two equally near ones the even one.
+/// Rounds to the nearest whole number, halves to the even one, as VBScript does.
 std::int32_t ExpressionComputer::LongOf(const Value& value) {
     const double number = std::nearbyint(NumberOf(value));
     if (number >= INT32_MIN && number <= INT32_MAX)
@@ -90,7 +90,7 @@ Value ExpressionComputer::Arithmetic(Op op, double left, double right) {
                                                : std::pow(left, right);
     if (std::isfinite(result))
         return Value::Number(result);
-    // No power of a negative number with a fraction above it, and none of 0 with a negative one.
+    // "^" rejects a negative base with a fractional exponent, and 0 with a negative exponent.
     Fail(std::isnan(result) || (op == Op::Power && left == 0) ? kInvalidArgument : kOverflow);
     return {};
 }
@@ -109,7 +109,7 @@ Value ExpressionComputer::DivideWhole(Op op, std::int64_t left, std::int64_t rig
 Value ExpressionComputer::Join(Value left, const Value& right) {
     if (left.kind == Kind::Null && right.kind == Kind::Null)
         return left;
-    // The left text grows in place, so that a long chain of "&" stays linear.
+    // Appends to the left text in place, so that a long chain of "&" takes linear time.
     std::string text;
     if (left.kind == Kind::Text)
         text = std::move(left.text);
@@ -130,7 +130,7 @@ Value ExpressionComputer::Compare(Op op, const Value& left, const Value& right) 
     const auto isNumber = [](const Value& value) { return value.kind == Kind::Number || value.kind == Kind::Boolean; };
     int order = 0;
     if (left.kind == Kind::Date || right.kind == Kind::Date) {
-        // Nobody reads the dates, so two can only be the same or not.
+        // Dates are opaque texts, so two of them can only be compared for equality.
         if (left.kind != right.kind || (op != Op::Equal && op != Op::NotEqual))
             Fail(kTypeMismatch);
         order = left.text.compare(right.text);
@@ -159,7 +159,8 @@ Value ExpressionComputer::Compare(Op op, const Value& left, const Value& right) 
     }
 }
 
-/// Bit by bit. Null is what nobody knows: the result is known where the other operand alone decides it.
+/// Combines the operands bit by bit. With one Null operand the result is Null unless the other operand alone decides
+/// it.
 Value ExpressionComputer::Logic(Op op, const Value& left, const Value& right) {
     const bool leftIsNull = left.kind == Kind::Null;
     const bool rightIsNull = right.kind == Kind::Null;

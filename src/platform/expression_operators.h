@@ -1,4 +1,4 @@
-// Values of constant expressions, and what the operators of VBScript make of them.
+// Values of constant expressions, and the operators of VBScript on them.
 #pragma once
 
 #include <cstddef>
@@ -10,7 +10,7 @@
 struct ExpressionValue {
     enum class Kind { Empty, Null, Boolean, Number, Text, Date };
     Kind kind = Kind::Empty;
-    double number = 0;  // of Booleans, -1 or 0, and of numbers
+    double number = 0;  // -1 or 0 for Booleans, the value of numbers
     std::string text;   // of texts and dates
 
     static ExpressionValue Null() { return {Kind::Null, 0, {}}; }
@@ -23,7 +23,7 @@ struct ExpressionValue {
     [[nodiscard]] std::string AsText() const;
 };
 
-/// The tens are the precedence.
+/// The tens digit of each value is the precedence.
 enum class ExpressionOperator {
     Bracket = 0,
     Imp = 10,
@@ -59,13 +59,13 @@ enum ExpressionError {
     kSyntaxError = 1002,
 };
 
-/// Longer texts fail. Names can be doubled again and again; no sensible constant comes near this.
+/// Maximum length of a text. #Const names can double a text again and again; real constants are far shorter.
 inline constexpr std::size_t kMaxExpressionText = 65536;
 
-/// Applies operators, remembers the first failure and goes on with some value.
+/// Applies operators. After a failure it keeps the first error and continues with an arbitrary value.
 class ExpressionComputer {
 public:
-    /// 0, or the first failure.
+    /// 0, or the number of the first failure.
     [[nodiscard]] int Error() const { return error_; }
     void Fail(ExpressionError error) {
         if (error_ == 0)

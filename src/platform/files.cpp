@@ -21,7 +21,7 @@ std::string_view Describe(FileError error) {
 }
 
 namespace {
-/// Ends in "/" when the path does: no file has such a key.
+/// A path that ends in "/" keeps it in its key; no file has such a key.
 std::string KeyOf(std::string_view path) {
     const std::string spelled = WithSlashes(path);
     std::string key = NameKey(JoinPath(WithoutParents(SplitPath(spelled))));

@@ -1,6 +1,6 @@
-// Where the program's files come from. A path may hold "\" or "/", "..", any letter case and bytes of the
-// active code page; this is the only place that knows how such a path meets the real file system.
-// Texts come back as bytes with CR LF at every line end, whatever the file had.
+// Access to files. A path may use "\" or "/", "..", any letter case and bytes of the active code page; only this module
+// maps such a path to the real file system. Texts are returned as bytes with CR LF at every line end, whatever the file
+// contains.
 #pragma once
 
 #include <cstdint>
@@ -13,40 +13,40 @@
 
 enum class FileError { None, NotFound, IsDirectory, NotReadable, TooLarge, NotWritable };
 
-/// One plain English sentence for people, such as "The file does not exist.".
+/// A plain English sentence to show to users, such as "The file does not exist.".
 [[nodiscard]] std::string_view Describe(FileError error);
 
-/// Time of the last change, in nanoseconds since 1970; 0 when it is not known.
+/// Time of the last change in nanoseconds since 1970; 0 if unknown.
 using FileTime = std::int64_t;
 
 struct FileText {
-    std::string text;  // bytes, every line end CR LF; a byte order mark is taken off
+    std::string text;  // bytes, every line end CR LF, without the byte order mark
     FileTime dateLastModified = 0;
-    FileError error = FileError::None;  // anything but None leaves `text` empty
-    bool convertedFromUtf16 = false;    // the file had a UTF-16 mark; `text` is UTF-8 or the active code page
+    FileError error = FileError::None;  // any value but None leaves `text` empty
+    bool convertedFromUtf16 = false;    // the file had a UTF-16 mark; `text` is UTF-8 or in the active code page
     bool hadOnlyLineFeeds = false;      // every line of the file ended in a lone LF
 };
 
-// What does not change the files may be asked on several threads at a time.
+// The const functions may be called from several threads at once.
 class Files {
 public:
     virtual ~Files() = default;
 
-    /// True for an existing regular file; a directory is no file.
+    /// True for an existing regular file, false for a directory.
     [[nodiscard]] virtual bool FileExists(std::string_view path) const = 0;
     /// Reads a whole text file.
     [[nodiscard]] virtual FileText ReadText(std::string_view path) const = 0;
     /// Time of the last change, or 0.
     [[nodiscard]] virtual FileTime DateLastModified(std::string_view path) const = 0;
-    /// Replaces the file by `bytes` as they stand: written beside it under another name and renamed, so that
-    /// a crash never leaves half a file. Creates the file, not its directory.
+    /// Replaces the content of the file by `bytes`. Writes a temporary file beside it and renames that, so that a crash
+    /// never leaves half a file. Creates the file, but not its directory.
     virtual FileError WriteWhole(std::string_view path, std::string_view bytes) = 0;
-    /// Appends `bytes` to an existing file; NotFound when there is none.
+    /// Appends `bytes` to an existing file; returns NotFound if the file does not exist.
     virtual FileError Append(std::string_view path, std::string_view bytes) = 0;
-    /// Creates the directory and its parents; None when it stands already.
+    /// Creates the directory and its parents; returns None if the directory exists already.
     virtual FileError MakeDirectory(std::string_view path) = 0;
-    /// The path as the operating system spells it, with the letter case found on disk; parts that do not
-    /// exist stay as given, with the system's separator.
+    /// The path as the operating system spells it, with the letter case found on disk. Parts that do not exist keep
+    /// their spelling, with the system's separator.
     [[nodiscard]] virtual std::string SystemPath(std::string_view path) const = 0;
 };
 
@@ -64,11 +64,11 @@ public:
     [[nodiscard]] std::string SystemPath(std::string_view path) const override;
 
 private:
-    struct Directories;  // listings read so far, for paths whose letter case is not the disk's
+    struct Directories;  // cached listings, for paths whose letter case differs from the disk's
     std::unique_ptr<Directories> directories_;
 };
 
-/// Files held in memory, for tests; paths are matched without regard to case and kind of separator.
+/// Files in memory, for tests; paths match without regard to letter case and kind of separator.
 class MemoryFiles final : public Files {
 public:
     MemoryFiles() = default;
@@ -81,16 +81,16 @@ public:
     FileError MakeDirectory(std::string_view path) override;
     [[nodiscard]] std::string SystemPath(std::string_view path) const override;
 
-    /// The bytes of a file as they stand, or an empty text.
+    /// The bytes of a file, or an empty text if it does not exist.
     [[nodiscard]] std::string Bytes(std::string_view path) const;
 
 private:
     struct Entry {
-        std::string path;  // as first spelled, with "/"
+        std::string path;  // as spelled first, with "/"
         std::string bytes;
         FileTime changed = 0;
     };
-    std::map<std::string, Entry> files_;  // by path in lower case, without ".."
-    FileTime clock_ = 0;                  // steps with each write
+    std::map<std::string, Entry> files_;  // by path in lower case, with ".." resolved
+    FileTime clock_ = 0;                  // advances with each write
     [[nodiscard]] bool IsDirectory(std::string_view path) const;
 };

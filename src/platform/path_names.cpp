@@ -33,7 +33,7 @@ bool IsSlash(char c) {
 }  // namespace
 
 std::string WithSlashes(std::string_view path) {
-    constexpr std::size_t kMaxPathLength = 8192;  // no system takes more
+    constexpr std::size_t kMaxPathLength = 8192;  // beyond the limit of every supported system
     if (path.size() > kMaxPathLength || path.find('\0') != std::string_view::npos)
         return {};
     std::string slashed(ascii::TrimRight(path));

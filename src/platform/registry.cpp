@@ -12,14 +12,14 @@ namespace {
 
 struct Key {
     struct Entry {
-        std::string name;  // as spelled at first
+        std::string name;  // as spelled first
         std::string value;
     };
 
     std::string name;
     std::vector<Entry> values;
-    std::vector<std::unique_ptr<Key>> subKeys;          // in the order found
-    std::unordered_map<std::string, Key*> byLowerName;  // of subKeys: there may be thousands of classes
+    std::vector<std::unique_ptr<Key>> subKeys;          // in the order of creation
+    std::unordered_map<std::string, Key*> byLowerName;  // index of subKeys: there may be thousands of classes
 
     [[nodiscard]] Entry* Find(std::string_view valueName) {
         for (Entry& entry : values)
@@ -29,7 +29,7 @@ struct Key {
     }
 };
 
-/// Takes the first name off a key path; "\" at either end and doubled ones count for nothing.
+/// Removes the first name from a key path. Leading, trailing and doubled "\" are ignored.
 std::string_view TakeName(std::string_view& path) {
     path.remove_prefix(std::min(path.find_first_not_of('\\'), path.size()));
     const std::string_view name = path.substr(0, path.find('\\'));
@@ -40,7 +40,7 @@ std::string_view TakeName(std::string_view& path) {
 // In the order of RegistryRoot.
 constexpr std::array<std::string_view, 3> kRootNames{"HKEY_CLASSES_ROOT", "HKEY_CURRENT_USER", "HKEY_LOCAL_MACHINE"};
 
-// The record has one value a line and tabs between the columns; texts that hold such characters write them as "%09".
+// The file has one value per line with tabs between the columns; special characters are escaped as in "%09".
 constexpr std::string_view kEscaped = "%\t\r\n";
 constexpr std::string_view kHexDigits = "0123456789ABCDEF";
 

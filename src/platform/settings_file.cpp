@@ -13,7 +13,7 @@
 
 namespace {
 
-/// Name in "[name]", or nothing when the line is no section head.
+/// The name in "[name]", or nothing if the line is not a section head.
 std::optional<std::string_view> SectionOf(std::string_view line) {
     line = ascii::TrimLeft(line);
     const std::size_t end = line.find(']');
@@ -53,7 +53,7 @@ void SettingsFile::Load() {
     }
 }
 
-/// Number of the key's line in lines_, or lines_.size().
+/// Index of the key's line in lines_, or lines_.size().
 std::size_t SettingsFile::FindLine(std::string_view section, std::string_view key) const {
     bool isInside = false;
     for (std::size_t i = 0; i < lines_.size(); ++i) {
@@ -84,7 +84,7 @@ void SettingsFile::WriteString(std::string_view section, std::string_view key, s
     std::string text(ascii::Trim(value));
     std::replace_if(
         text.begin(), text.end(), [](char c) { return c == '\r' || c == '\n'; }, ' ');
-    if (IsQuoted(text))  // reading takes one pair off
+    if (IsQuoted(text))  // reading removes one pair of quotes
         text = '"' + text + '"';
 
     if (const std::size_t line = FindLine(section, key); line != lines_.size()) {
@@ -103,7 +103,7 @@ void SettingsFile::WriteString(std::string_view section, std::string_view key, s
         lines_.push_back(added);
         return;
     }
-    // At the section's end, but before the blank lines that set the next one off.
+    // At the end of the section, but before the blank lines that separate it from the next one.
     place = std::find_if(place + 1, lines_.end(), [](const std::string& line) { return SectionOf(line).has_value(); });
     while (ascii::Trim(*(place - 1)).empty())
         --place;
@@ -154,7 +154,7 @@ double LeadingNumber(std::string_view text) {
     const char* begin = number.c_str();
     if (*begin == '+')
         ++begin;
-    // Words such as "inf" and "nan" are no numbers here.
+    // Rejects words such as "inf" and "nan".
     const char* const first = begin == number.c_str() && *begin == '-' ? begin + 1 : begin;
     double value = 0;
     if (ascii::IsDigit(first[0]) || (first[0] == '.' && ascii::IsDigit(first[1])))

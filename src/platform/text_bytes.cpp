@@ -11,9 +11,9 @@
 
 namespace {
 
-// The loops over whole texts have no early exit and no branch, so that the compiler turns them into vector code.
+// The loops over whole texts have no early exit and no branch, so that the compiler vectorises them.
 
-/// True when each CR stands before a LF and each LF behind a CR.
+/// True if each CR is followed by a LF and each LF preceded by a CR.
 WIDE_VECTORS bool HasOnlyCrLf(std::string_view text) {
     if (text.empty())
         return true;
@@ -39,10 +39,10 @@ struct LineEnds {
     std::size_t crLf = 0;
 };
 
-/// How many i from 0 to `size` - 1 are counted.
+/// The number of i from 0 to `size` - 1 for which `isCounted` is true.
 template <class IsCounted>
 std::size_t CountWhere(std::size_t size, const IsCounted& isCounted) {
-    constexpr std::size_t kBlock = 240;  // a byte can count that far
+    constexpr std::size_t kBlock = 240;  // a byte can count up to this size
     std::size_t count = 0;
     for (std::size_t begin = 0; begin < size; begin += kBlock) {
         const std::size_t end = std::min(begin + kBlock, size);
@@ -97,7 +97,7 @@ Mark MarkOf(std::string_view bytes) {
     return bytes.starts_with("\xFE\xFF") ? Mark::Utf16Big : Mark::None;
 }
 
-/// UTF-8 of UTF-16 bytes behind their mark; half a surrogate pair or half a unit becomes `torn`.
+/// Converts UTF-16 bytes that follow their mark to UTF-8; half a surrogate pair or half a unit becomes `torn`.
 std::string Utf8FromUtf16(std::string_view bytes, bool isBigEndian, char32_t torn) {
     const auto unitAt = [&](std::size_t at) {
         const auto first = static_cast<unsigned char>(bytes[at]);
@@ -133,7 +133,7 @@ std::string TextFromUtf16(std::string_view bytes, bool isBigEndian) {
     return Utf8FromUtf16(bytes, isBigEndian, kReplacementCharacter);
 }
 
-/// @param memory  holds `bytes` and may be taken over; null when it may not
+/// @param memory  holds `bytes` and may be moved from; null if it may not
 void SetTextFrom(FileText& file, std::string_view bytes, std::string* memory) {
     std::string decoded;
     const Mark mark = MarkOf(bytes);

@@ -1,4 +1,4 @@
-// From the bytes of a file to its text: byte order marks, UTF-16, line ends.
+// Converts the bytes of a file to its text: byte order marks, UTF-16, line ends.
 #pragma once
 
 #include <cstddef>
@@ -7,10 +7,10 @@
 
 #include "platform/files.h"
 
-/// Files above this size are not read: positions are 32-bit numbers, and some stages double a text.
+/// Larger files are not read: positions are 32-bit numbers, and some steps double the size of a text.
 inline constexpr std::size_t kMaxTextBytes = std::size_t{1} << 30;
 
-/// Sets everything of `file` but the date from the file's bytes.
+/// Sets all members of `file` except the date from the bytes of the file.
 void SetText(FileText& file, std::string_view bytes);
-/// The same; takes over the memory of `bytes` when they can stay as they are.
+/// Same, but moves `bytes` into `file` if they need no conversion.
 void SetText(FileText& file, std::string&& bytes);

@@ -5,7 +5,7 @@
 
 namespace {
 
-/// A locale whose wide characters are Unicode; null on a system without any.
+/// A locale whose wide characters are Unicode; null if the system has none.
 locale_t UnicodeLocale() {
     static const locale_t locale = [] {
         for (const char* name : {"C.UTF-8", "C.utf8", "en_US.UTF-8"})

@@ -8,16 +8,16 @@
 #include "shell/operations.h"
 #include "shell/settings.h"
 #include "shell/words.h"
+#include "source/char_map.h"
 #include "source/comments.h"
 #include "source/cond_compile.h"
 #include "source/lines.h"
 #include "source/module_text.h"
 #include "source/statement.h"
+#include "source/tokens.h"
 #include "source/words.h"
-#include "structure/char_map.h"
 #include "structure/module_reader.h"
 #include "structure/sections.h"
-#include "structure/tokens.h"
 
 namespace {
 
@@ -47,7 +47,7 @@ void AddMe(clsModul& modul) {
     clsVariable& me = modul.Own(std::make_unique<clsVariable>());
     me.Modul = &modul;
     me.SetName(Name("Me"));
-    me.Zugriff = kPrivate;
+    me.Zugriff = Access::Private;
     me.type = modul.NameKey();
     me.DeclareStart = modul.BeginnVarBereich;
     modul.MyVars.AddUnlessPresent(me.NameKey(), &me);
@@ -60,7 +60,7 @@ void AddUserControl(clsModul& modul) {
     clsControl& control = modul.Own(std::make_unique<clsControl>());
     control.Modul = &modul;
     control.SetName(Name("UserControl"));
-    control.Zugriff = kPrivate;
+    control.Zugriff = Access::Private;
     control.type = Name("usercontrol");
     control.DeclareStart = modul.BeginnVarBereich;
     modul.MyControls.AddUnlessPresent(control.NameKey(), &control);
@@ -73,14 +73,14 @@ void AddFormVariable(clsProjekt& projekt, clsModul& form) {
     variable.Modul = &form;
     variable.isFormInstance = true;
     variable.SetNameOf(form);
-    variable.Zugriff = kPublic;
+    variable.Zugriff = Access::Public;
     variable.type = form.NameKey();
     projekt.FormVars.AddUnlessPresent(variable.NameKey(), &variable);
 }
 
 }  // namespace
 
-ModuleFile Read_ModuleFile(const Files& files, std::string_view path, std::string_view modulTyp) {
+ModuleFile Read_ModuleFile(const Files& files, std::string_view path, ModuleKind kind) {
     UseLargePages();
     FileText read = files.ReadText(path);
     ModuleFile file;
@@ -89,15 +89,15 @@ ModuleFile Read_ModuleFile(const Files& files, std::string_view path, std::strin
     file.name = NameFromFile(path);
     if (read.text.empty())
         return file;
-    file.text = MakeOwned<ModuleText>(std::move(read.text));
+    file.text = std::make_unique<ModuleText>(std::move(read.text));
     ModuleText& text = *file.text;
     if (const Pos attribute = InStr(text.ModulText(), "attribute vb_name = "); attribute >= 1)
         file.name = NameFromAttribute(text, attribute);
     file.lines = ScanLines(text.ModulText());
     Comments_Initialisieren(text);
     Strings_Initialisieren(text);
-    CondCompile_Initialisieren(text, file.lines, gCondComps, std::string(modulTyp) + " " + file.name);
-    file.tokens = MakeOwned<TokenTable>(Analyse_Parsen(text));
+    CondCompile_Initialisieren(text, file.lines, gCondComps, std::string(TextOf(kind)) + " " + file.name);
+    file.tokens = std::make_unique<TokenTable>(Analyse_Parsen(text));
     text.SetMapSource(MakeCharMapAgain);
     return file;
 }
@@ -124,14 +124,14 @@ void Modul_Einlesen(clsProjekt& projekt, clsModul& modul, ModuleFile& file) {
         return;
     Modul_Aufbau_Lesen(projekt, modul, file);
     gPublicNameSpace.AddObject(modul);
-    if (modul.ModulTyp != "module")
+    if (modul.ModulTyp != ModuleKind::Module)
         AddMe(modul);
-    if (modul.ModulTyp == "usercontrol")
+    if (modul.ModulTyp == ModuleKind::UserControl)
         AddUserControl(modul);
     ModuleReader reader(projekt, modul);
     Analyse_BereichVar(reader);
     projekt.ModulesOf(modul.ModulTyp).AddUnlessPresent(modul.CodePathKey(), &modul);
-    if (modul.ModulTyp == "form")
+    if (modul.ModulTyp == ModuleKind::Form)
         AddFormVariable(projekt, modul);
     modul.text->ReleaseModulText();
 }
@@ -145,7 +145,7 @@ void Modul_Aufbau_Lesen(clsProjekt& projekt, clsModul& modul, ModuleFile& file) 
     Analyse_GetBeginnVarBereich(reader);
     if (text.Get_VBZeilenEnde(2) < 2)
         return;
-    if (modul.ModulTyp == "form" || modul.ModulTyp == "usercontrol")
+    if (modul.ModulTyp == ModuleKind::Form || modul.ModulTyp == ModuleKind::UserControl)
         Controls_Lesen(modul);
     Modul_Zeilen_Lesen(modul, file.lines);
 }
@@ -165,7 +165,7 @@ void Controls_Lesen(clsModul& modul) {
             continue;  // a further member of a control array
         clsControl& control = modul.Own(std::make_unique<clsControl>());
         control.Modul = &modul;
-        control.Zugriff = kPublic;
+        control.Zugriff = Access::Public;
         // Several blanks in front move the name to the right of where the splits are told to be.
         const Pos namePos = InStr(statement.StatementPos() + statement.SplitPos(3) - 1, text.ModulText(), name);
         control.SetName(Name(Mid(text.ModulTextOrg(), std::max(namePos, 1), Len(name))));

@@ -2,15 +2,16 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <string_view>
 
-#include "model/owned_by_name.h"
+#include "model/kinds.h"
 #include "platform/files.h"
 #include "source/line_scan.h"
+#include "source/module_text.h"
+#include "source/tokens.h"
 
-class ModuleText;
-class TokenTable;
 class clsModul;
 class clsProjekt;
 
@@ -18,16 +19,15 @@ class clsProjekt;
 struct ModuleFile {
     FileError error = FileError::None;
     FileTime dateLastModified = 0;
-    OwnedByName<ModuleText> text = NothingOwned<ModuleText>();  // null for files that are empty or could not be read
-    OwnedByName<TokenTable> tokens = NothingOwned<TokenTable>();
+    std::unique_ptr<ModuleText> text;  // null for files that are empty or could not be read
+    std::unique_ptr<TokenTable> tokens;
     LineScan lines;
     std::string name;  // from its "Attribute VB_Name" line, else that of the file
 };
 
 /// Reads a file: its text, map, lines, conditional compilation with gCondComps, and tokens. Knows nothing of the
 /// project, so that it may run on several threads at a time.
-/// @param modulTyp  "module", "form", "class", "usercontrol"
-[[nodiscard]] ModuleFile Read_ModuleFile(const Files& files, std::string_view path, std::string_view modulTyp);
+[[nodiscard]] ModuleFile Read_ModuleFile(const Files& files, std::string_view path, ModuleKind kind);
 
 /// Takes name and time from the file. One that does not exist is asked about ("Laden abbrechen?"); Yes sets gAbort.
 /// Without a text the module stays without name from its source.

@@ -29,9 +29,11 @@ bool IsModuleKey(std::string_view key) {
     return key == "Module" || key == "Form" || key == "Class" || key == "UserControl";
 }
 
-// The model's word for a module key, as a text that lives on.
-std::string_view ModulTypOf(std::string_view key) {
-    return key == "Form" ? "form" : key == "Class" ? "class" : key == "UserControl" ? "usercontrol" : "module";
+ModuleKind KindOf(std::string_view key) {
+    return key == "Form"          ? ModuleKind::Form
+           : key == "Class"       ? ModuleKind::Class
+           : key == "UserControl" ? ModuleKind::UserControl
+                                  : ModuleKind::Module;
 }
 
 // How many module files behind the line at hand are missing. The lines are gone through once, at the first file that
@@ -62,7 +64,7 @@ private:
 
 // One module line of the project file.
 struct ModuleLine {
-    std::string_view modulTyp;
+    ModuleKind kind;
     std::string path;
 };
 
@@ -70,7 +72,7 @@ std::vector<ModuleLine> ModuleLines(std::string_view projektDir, std::string_vie
     std::vector<ModuleLine> lines;
     ForEachLine(projectText, [&](std::string_view line) {
         if (const std::string key = KeyOf(line); IsModuleKey(key))
-            lines.push_back({ModulTypOf(key), Get_Pfad_Aus_ModulEintrag(projektDir, line)});
+            lines.push_back({KindOf(key), Get_Pfad_Aus_ModulEintrag(projektDir, line)});
     });
     return lines;
 }
@@ -79,7 +81,7 @@ void LoadModule(clsProjekt& projekt, const ModuleLine& line, WorkAhead<ModuleFil
                 const std::function<int()>& moreMissing) {
     clsModul& modul = projekt.Own(std::make_unique<clsModul>());
     modul.number = static_cast<int>(projekt.OwnedModules().size());
-    modul.ModulTyp = line.modulTyp;
+    modul.ModulTyp = line.kind;
     modul.FullPath = line.path;
     const ErrorSubject subject(modul.FullPath);
     ModuleFile file = files.Next();
@@ -111,7 +113,7 @@ void LoadLines(clsProjekt& projekt, std::string_view projektDir, std::string_vie
     const std::vector<ModuleLine> moduleLines = ModuleLines(projektDir, projectText);
     auto moduleLine = moduleLines.begin();
     WorkAhead<ModuleFile> files(moduleLines.size(), [&](std::size_t nr, std::size_t) {
-        return Read_ModuleFile(projekt.TheFiles(), moduleLines[nr].path, moduleLines[nr].modulTyp);
+        return Read_ModuleFile(projekt.TheFiles(), moduleLines[nr].path, moduleLines[nr].kind);
     });
     ForEachLine(projectText, [&](std::string_view line) {
         if (gAbort)

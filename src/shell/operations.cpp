@@ -17,7 +17,7 @@ Progress& NoProgress() {
 
 Progress* currentProgress = nullptr;
 
-// One door of each kind; the functions live as long as the process.
+// The current function of each port type; it lives as long as the process.
 template <class Port>
 Port& ThePort() {
     static Port port;

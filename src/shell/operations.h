@@ -1,56 +1,56 @@
-// Long operations and the doors to the person in front of the program: progress, cancel, event pump,
-// questions and plain messages. The window connects dialogs, the console standard error, tests scripts.
+// Progress display, cancellation, event pump, questions and messages of long operations. The window connects them to
+// dialogs, the console to standard error, the tests to scripted objects.
 #pragma once
 
 #include <functional>
 #include <string>
 #include <string_view>
 
-/// Set by the user's cancel; every long loop tests it between modules.
+/// Set when the user cancels; every long loop checks it between modules.
 extern bool gAbort;
-/// Name of the operation that is to run or running.
+/// Name of the operation that is running or about to run.
 extern std::string gAction;
 
-/// What a long operation tells of itself. All calls come from the operation's own thread.
+/// Receives the progress of a long operation. All calls come from the thread of the operation.
 class Progress {
 public:
     virtual ~Progress() = default;
     virtual void Caption(std::string_view) {}
     virtual void Label(std::string_view) {}
-    /// Bounds of the bar; its value goes to `min`.
+    /// Sets the bounds of the bar and its value to `min`.
     virtual void Range(int /*min*/, int /*max*/) {}
-    /// The bar moves on by one, never beyond its end.
+    /// Advances the bar by one, but never beyond its end.
     virtual void Progressiere_mal() {}
-    /// The inner bar, within one module: empty, with `total` steps to its end.
+    /// Resets the inner bar, which shows the progress within one module, to 0 of `total` steps.
     virtual void Progressiere_mal_Modul_Init(int /*total*/) {}
     virtual void Progressiere_mal_Modul() {}
 };
 
-/// Connects the progress display and gives back the one before; null connects none. Never owns it.
+/// Sets the progress display and returns the previous one; null disables it. Does not take ownership.
 Progress* SetProgress(Progress* progress);
-/// The display in use, never null.
+/// The current display, never null.
 [[nodiscard]] Progress& gProgress();
 
-/// Asks a question that is answered with Yes (true) or No (false).
+/// Asks a question to answer with Yes (true) or No (false).
 using QuestionPort = std::function<bool(std::string_view text)>;
 QuestionPort SetQuestionPort(QuestionPort port);
-/// Without a port the answer is No.
+/// Returns false if no port is set.
 [[nodiscard]] bool AskYesNo(std::string_view text);
 
-/// Asks whether the load is to be given up because a file is missing.
-/// @param moreMissing  how many files behind this one are missing as well
+/// Asks whether to stop loading because a file is missing.
+/// @param moreMissing  number of further missing files after this one
 using MissingFilePort = std::function<bool(std::string_view text, int moreMissing)>;
 MissingFilePort SetMissingFilePort(MissingFilePort port);
-/// Without a port of its own it is a question like any other.
+/// Calls AskYesNo if no port is set.
 [[nodiscard]] bool AskMissingFile(std::string_view text, int moreMissing);
 
-/// Shows a plain message.
+/// Shows a message.
 using MessagePort = std::function<void(std::string_view text)>;
 MessagePort SetMessagePort(MessagePort port);
 void Tell(std::string_view text);
 
-/// Lets the window live during a long loop.
+/// Processes window events during a long loop.
 using EventPump = std::function<void()>;
 EventPump SetEventPump(EventPump pump);
-/// Cheap enough for every loop: runs the pump at most some thirty times a second.
+/// Runs the pump at most about thirty times a second, so every loop can afford to call it.
 void DoEvents();

@@ -1,4 +1,4 @@
-// What the program is called, which version it is, where it lies, and the record of the version that ran last.
+// Name, version and directory of the program, and the record of the version that ran last.
 #pragma once
 
 #include <string>
@@ -9,13 +9,13 @@
 inline constexpr std::string_view kProgramTitle = "Ostrivane";
 inline constexpr std::string_view kIniFileName = "Ostrivane.ini";
 
-/// Major.Minor.Revision, each without padding.
+/// "Major.Minor.Revision" without padding.
 [[nodiscard]] std::string ProgramVersion();
 
-/// Directory of the running program with one trailing separator. The program's path is asked of the system;
-/// where that fails it is the current directory.
+/// Directory of the running program with one trailing separator; the current directory if the system does not report
+/// the program's path.
 [[nodiscard]] std::string GetAppPathWithSlash();
 
-/// Compares the stored version with `version` and stores the running one when they differ. A failed store
-/// is told by a plain message, and the program goes on.
+/// Stores the running version in the registry if the stored version differs from `version`. If storing fails, shows a
+/// message and continues.
 void Version_Record(Registry& registry, const std::string& version);

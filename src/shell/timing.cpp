@@ -28,7 +28,7 @@ std::string HoursMinutesSeconds(long long seconds) {
 }  // namespace
 
 void Timer_Reset(TimingRecord& record) {
-    // The counts stay: starts and stops that did not pair up go on being told.
+    // Keeps the counts, so that unpaired starts and stops are still reported.
     record.StartTime = 0;
     record.StopTime = 0;
     record.Total = 0;

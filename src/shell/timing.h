@@ -1,10 +1,10 @@
-// The two timing facilities: plain timing records for totals, and the high-resolution query timer.
+// Timing records, which sum up run times, and the high-resolution query timer.
 #pragma once
 
 #include <cstdint>
 #include <string>
 
-/// A total over many starts and stops, from the timer of the day.
+/// Total time over several starts and stops, measured with TimerOfDay.
 struct TimingRecord {
     float StartTime = 0;
     std::int32_t StartCount = 0;
@@ -15,17 +15,17 @@ struct TimingRecord {
 };
 
 void Timer_Start(TimingRecord& record);
-/// Adds the time since Timer_Start. Starts and stops that don't pair up are told to the user: "Timerschrott!!!!".
+/// Adds the time since Timer_Start. If the counts of starts and stops differ, shows the message "Timerschrott!!!!".
 void Timer_Stop(TimingRecord& record);
-/// Clears the times and the total; the counts of starts and stops go on.
+/// Clears the times and the total, but not the counts of starts and stops.
 void Timer_Reset(TimingRecord& record);
-/// Makes TotalText: hours, minutes, seconds and the digits behind the point of Total, two digits each at least.
+/// Sets TotalText to hours, minutes, seconds and decimal places of Total, with at least two digits each.
 void Timer_String(TimingRecord& record);
 
 /// High-resolution timer on the performance counter.
 class clsQueryTimer {
 public:
-    /// Measures the distance of two reads of the counter, which RunTime takes off.
+    /// Measures the time between two reads of the counter; RunTime subtracts it.
     void Calibrieren();
     void Start();
     void Halt();
@@ -43,12 +43,12 @@ private:
     double StopCount_ = 0;
 };
 
-/// A 64-bit counter as the timer reads it: two 32-bit halves turned into one number. A lower half above
-/// 2^31 - 1 comes out one too high; differences of two reads are what counts.
+/// Converts a 64-bit counter to a number from two 32-bit halves. A lower half above 2^31 - 1 gives a result one too
+/// high; the timer only uses differences.
 [[nodiscard]] double CounterAsNumber(std::int64_t counter);
 
-// One record for each hot operation and one for the whole opening of a project.
-extern TimingRecord gTimerGetTypAusName;  // and Analyse_Parsen
+// One record for each time-critical operation and one for opening a project.
+extern TimingRecord gTimerGetTypAusName;  // also of Analyse_Parsen
 extern TimingRecord gTimerGetChild;
 extern TimingRecord gTimerSetMayBeCalls;
 extern TimingRecord gTimerGetObjektAusName;

@@ -23,7 +23,7 @@ Pos InStrRev(std::string_view text, std::string_view find, Pos start) {
     if (start < 1 || Len(find) > start)
         return 0;
     if (find == vbCrLf && start <= Len(text)) {
-        // Asked for at every turn; memrchr looks at many characters at a time.
+        // This search is frequent, and memrchr compares many characters at a time.
         for (const char* end = text.data() + start;;) {
             const void* hit = memrchr(text.data(), '\n', static_cast<std::size_t>(end - text.data()));
             if (!hit)

@@ -1,25 +1,25 @@
-// The few text functions of Visual Basic that everything here is told in. Positions count from 1, 0 means
-// none, a byte is a character. Only these functions know that C++ counts from 0.
+// Text functions with the semantics of Visual Basic. Positions are 1-based, 0 means none, and one byte is one
+// character. Only these functions convert to the 0-based positions of C++.
 #pragma once
 
 #include <cstdint>
 #include <string>
 #include <string_view>
 
-/// 1-based character position or a number of characters; 0 is "none".
+/// 1-based character position or number of characters; 0 means none.
 using Pos = std::int32_t;
 
-/// An error of the language's run time, thrown by the operation that fails and caught by Attempt.
+/// A Visual Basic run-time error. The failing operation throws it, Attempt catches it.
 struct VbError {
     int number;
     const char* description;
 };
 
-[[noreturn]] void ThrowInvalidCall();          // error 5, as Mid and Left raise it
+[[noreturn]] void ThrowInvalidCall();          // error 5, as from Mid and Left
 [[noreturn]] void ThrowSubscriptOutOfRange();  // error 9
 
-/// `length` characters from `start`, fewer when the text ends before; a start behind the end gives an empty
-/// text. Throws VbError 5 when `start` is below 1 or `length` negative.
+/// `length` characters from `start`, or fewer if the text ends before; empty if `start` is after the end.
+/// Throws VbError 5 if `start` is below 1 or `length` is negative.
 [[nodiscard]] inline std::string_view Mid(std::string_view text, Pos start, Pos length) {
     if (start < 1 || length < 0) [[unlikely]]
         ThrowInvalidCall();
@@ -29,7 +29,7 @@ struct VbError {
     return text.substr(begin, static_cast<std::size_t>(length));
 }
 
-/// Everything from `start` on. Throws VbError 5 when `start` is below 1.
+/// All characters from `start` on. Throws VbError 5 if `start` is below 1.
 [[nodiscard]] inline std::string_view Mid(std::string_view text, Pos start) {
     return Mid(text, start, static_cast<Pos>(text.size()));
 }
@@ -43,28 +43,28 @@ struct VbError {
     return static_cast<Pos>(text.size());
 }
 
-/// First `find` at or behind `start`, or 0.
+/// Position of the first `find` at or after `start`, or 0.
 [[nodiscard]] Pos InStr(Pos start, std::string_view text, std::string_view find);
 [[nodiscard]] inline Pos InStr(std::string_view text, std::string_view find) {
     return InStr(1, text, find);
 }
 
-/// Last `find` that ends at or before `start`, or 0. `start` -1 means the end of the text.
+/// Position of the last `find` that ends at or before `start`, or 0. A `start` of -1 means the end of the text.
 [[nodiscard]] Pos InStrRev(std::string_view text, std::string_view find, Pos start = -1);
 
-/// Blanks taken off; a tab is no blank.
+/// Removes blanks, but not tabs.
 [[nodiscard]] std::string_view LTrim(std::string_view text);
 [[nodiscard]] std::string_view RTrim(std::string_view text);
 [[nodiscard]] inline std::string_view Trim(std::string_view text) {
     return LTrim(RTrim(text));
 }
 
-/// `text` with every `find`, from left to right in one pass, exchanged for `by`.
+/// Replaces every `find` in `text` by `by`, from left to right in one pass.
 [[nodiscard]] std::string Replace(std::string_view text, std::string_view find, std::string_view by);
 
 inline constexpr std::string_view vbCrLf = "\r\n";
 
-// Characters and sequences that the readers test for.
+// Characters and sequences that the readers search for.
 inline constexpr char gQuote = '"';
 inline constexpr char gChrR = '\xAE';
 inline constexpr char gChrC = '\xA9';

@@ -1,6 +1,6 @@
-// Comments are found in three scans: "'", CR LF "rem ", and " rem ". In each, a candidate is a comment when an
-// even number of quotes stands before it in its logical line. Candidates come in rising order, so the line and
-// its quotes are carried along and each scan is one walk over the text.
+// Finds comments in three scans: for "'", CR LF "rem ", and " rem ". A hit is a comment if an even number of quotes
+// precedes it in its logical line. Hits come in ascending order, so each scan keeps the current line and its quote
+// count and is a single pass over the text.
 #include "source/comments.h"
 
 #include <cstring>
@@ -13,7 +13,7 @@ class CommentScan {
 public:
     explicit CommentScan(ModuleText& text) : text_(text) {}
 
-    /// Goes over all hits of `find`; the candidate stands `offset` characters behind the hit's first.
+    /// Visits all hits of `find`; the candidate is `offset` characters after the start of the hit.
     void Run(std::string_view find, Pos offset) {
         lineEnd_ = 0;
         const std::string_view text = text_.ModulText();
@@ -25,7 +25,7 @@ public:
                 MarkInFormerLine(candidate);
             } else if (!QuotesOddBefore(candidate)) {
                 text_.Mark(candidate, lineEnd_ - 1, IsComment);
-                // Whatever else stands in this line would mark a part of the same stretch.
+                // Further hits in this line lie in the stretch that is marked already.
                 next = std::max(next, lineEnd_);
             }
             hit = InStr(next, text, find);
@@ -33,7 +33,7 @@ public:
     }
 
 private:
-    // Takes the logical line around `pos`; false when it has no end, which is reported once.
+    // Enters the logical line around `pos`; false if it has no line end, which is reported once.
     bool EnterLine(Pos pos) {
         if (pos < lineEnd_ && pos >= start_)
             return true;
@@ -55,7 +55,7 @@ private:
         return hasEnd;
     }
 
-    // The same for a line that neither continues the one before nor goes on in the next, as nearly all are.
+    // Fast path for a line without continuations before and after it, as nearly all lines are.
     bool EnterPlainLine(Pos pos) {
         const std::string_view text = text_.ModulText();
         const char* const first = text.data();
@@ -73,7 +73,7 @@ private:
         return true;
     }
 
-    // Whether the CR at `cr` joins two physical lines.
+    // True if the CR at `cr` joins two physical lines.
     static bool IsContinuation(const char* cr) { return cr[-1] == '_' && cr[-2] == ' '; }
 
     void BeginAt(Pos start) {
@@ -89,7 +89,7 @@ private:
         return quotes_ % 2 != 0;
     }
 
-    // The last line has no CR LF: the text of the line before it is what the test and the length go by.
+    // The last line has no CR LF, so `line_` still holds the line before it; its quotes and its length decide.
     void MarkInFormerLine(Pos candidate) {
         if (!QuotesOddBefore(candidate))
             text_.Mark(candidate, start_ + Len(line_) - 1, IsComment);
@@ -98,13 +98,13 @@ private:
     ModuleText& text_;
     std::string_view line_;
     Pos start_ = 0;
-    Pos lineEnd_ = 0;  // CR of the line at hand; 0 when there is no line
-    Pos counted_ = 0;  // characters of the line looked at for quotes
+    Pos lineEnd_ = 0;  // CR of the current line; 0 if there is none
+    Pos counted_ = 0;  // characters of the current line that are searched for quotes
     int quotes_ = 0;
-    Pos lastLine_ = 0;  // start of a last line without CR LF, once a candidate was met in it
+    Pos lastLine_ = 0;  // start of a last line without CR LF, once it contained a candidate
 };
 
-// Whether `rem` occurs at all, quickly: most modules have none.
+// Quick test for "rem ", which most modules do not contain.
 WIDE_VECTORS bool HasRem(std::string_view text) {
     using Many [[gnu::vector_size(32)]] = char;
     const auto read = [&text](Many& characters, std::size_t position) {

@@ -1,7 +1,7 @@
-// The directives are listed with their nesting level and the value of their expression; then each block is
-// settled so that at most one part is true, parts inside a false part become false, and the stretches to hide
-// are laid from directive to directive. Records of one level are chained (next, previous), so every step is one
-// walk, however deep or torn the nesting is.
+// Lists the directives with their nesting level and the value of their expression. Then it makes at most one part of
+// each block true and all parts inside a false part false, and collects the ranges to hide, which run from directive to
+// directive. The records of each level are linked (next, previous), so every step is linear for any nesting, even in
+// damaged source.
 #include "source/cond_compile.h"
 
 #include <charconv>
@@ -23,7 +23,7 @@ struct Range {
     Pos ende;
 };
 
-// The first piece of `text` split at `separator`, and the second or an empty text.
+// Splits `text` at the first `separator`. The second part ends at the next separator; it is empty if there is none.
 CondConstant NameAndValue(std::string_view text, std::string_view separator) {
     const auto first = text.find(separator);
     if (first == std::string_view::npos)
@@ -44,10 +44,10 @@ public:
             definitions_.push_back(&condComps[row]);
     }
 
-    // True for "true" and a number other than 0; a failed expression is false.
+    // True for "true" and for a number other than 0. A failed expression is false.
     bool IF_is_TRUE(std::string_view expression) {
         DefineOnce();
-        // A definition that was not taken is missing in every expression, and is told for each.
+        // A failed definition is missing in every expression, so it is reported for each of them.
         for (const ConstantExpressions::Result& failed : failedDefinitions_)
             Report(expression, failed);
         const ConstantExpressions::Result result = engine_.Evaluate(expression);
@@ -64,7 +64,7 @@ public:
     }
 
 private:
-    // The engine keeps its names from one expression of the module to the next, as they never change.
+    // The definitions never change, so the engine keeps them for all expressions of the module.
     void DefineOnce() {
         for (const CondConstant* definition : definitions_)
             if (auto result = engine_.Define(definition->first, definition->second); !result.Ok())
@@ -80,7 +80,7 @@ private:
                   result.number, result.error);
     }
 
-    static constexpr int kMostReports = 1000;  // of one module
+    static constexpr int kMostReports = 1000;  // per module
 
     ConstantExpressions engine_;
     std::vector<const CondConstant*> definitions_;
@@ -89,14 +89,14 @@ private:
     int reports_ = 0;
 };
 
-// The directive that begins at `pos`, on one line without its comment. `line` is its logical line; in a last line
+// The directive at `pos`, joined to one line without its comment. `line` receives the logical line; for a last line
 // without CR LF it keeps its former value.
 std::string CleanLine(const ModuleText& text, Pos pos, std::string_view& line) {
     Attempt("clsModul: Get_VBZeile_Nach_Pos", [&] { line = text.Get_String(pos, text.Get_VBZeilenEnde(pos)); });
     return std::string(Trim(modMain::Get_Clean_VBZeile(line)));
 }
 
-// The expression between a directive's first `head` characters and the five of " then".
+// The expression between the first `head` characters of a directive and the five of " then".
 std::string_view ExpressionOf(std::string_view directive, std::size_t head) {
     constexpr std::size_t kThen = 5;
     return directive.size() > head + kThen ? directive.substr(head, directive.size() - head - kThen)
@@ -134,7 +134,7 @@ std::vector<CondPart> CondCompile_IFs_lesen(const ModuleText& text, const std::v
     return parts;
 }
 
-// Neighbours of each record on its own level; kNone where there is none.
+// The neighbours of each record on its own level, or kNone.
 struct LevelChain {
     std::vector<std::size_t> next, previous;
 
@@ -151,7 +151,7 @@ struct LevelChain {
     }
 };
 
-// Leaves at most one part of the block that begins at `nr` true.
+// Makes at most one part of the block that begins at `nr` true.
 void CondCompile_IFBlock_Klar(std::vector<CondPart>& parts, const LevelChain& chain, std::size_t nr) {
     bool found = false;
     for (std::size_t i = nr; i != kNone && parts[i].typ != CondPart::Typ::EndIf; i = chain.next[i]) {
@@ -170,7 +170,7 @@ void CondCompile_IFBlock_Klar(std::vector<CondPart>& parts, const LevelChain& ch
     }
 }
 
-// In a part that isn't compiled no nested part is.
+// Inside a part that is not compiled, no nested part is compiled.
 void CondCompile_IFPart_UnterebenenAus(std::vector<CondPart>& parts, const LevelChain& chain) {
     std::size_t falseUntil = 0;
     for (std::size_t i = 0; i < parts.size(); ++i) {
@@ -218,7 +218,8 @@ std::vector<Range> HiddenRanges(const std::vector<CondPart>& parts, const LevelC
 
 void CondCompile_Add_Attributes(const ModuleText& text, const LineScan& lines, std::vector<Range>& ranges) {
     for (const Pos pos : lines.attributes) {
-        // The word itself, or a later one of its line when it is hidden by a string that began further up.
+        // The hit is this word, or a later one of the same line if a string that began in an earlier line hides this
+        // one.
         const Pos lineEnd = text.Get_VBZeilenEnde(pos);
         const Pos hit = Suche_GanzesWort_Im_Code(text, pos, "attribute");
         if (hit != 0 && (lineEnd == 0 || hit < lineEnd))

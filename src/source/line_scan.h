@@ -1,5 +1,5 @@
-// One look at the beginning of every physical line of a module: what the line counts as, and where directives and
-// Attribute lines may stand.
+// One pass over the starts of all physical lines of a module: classifies each line and collects where directives and
+// Attribute lines may start.
 #pragma once
 
 #include <string_view>
@@ -9,13 +9,13 @@
 
 struct LineScan {
     int lineBreaks = 0;
-    int blank = 0;    // physical lines of nothing but blanks
-    int comment = 0;  // "'" is the first character that is no blank
-    int code = 0;     // all others
-    // First characters behind the blanks of a line that does not continue the one before:
+    int blank = 0;    // physical lines of blanks only
+    int comment = 0;  // lines whose first non-blank is "'"
+    int code = 0;     // all other lines
+    // Positions of the first non-blank in lines that do not continue another line:
     std::vector<Pos> directives;  // each "#"
     std::vector<Pos> attributes;  // each "attribute "
 };
 
-/// `lowerText` has CR LF at every line end.
+/// Scans `lowerText`, which must have CR LF at every line end.
 [[nodiscard]] LineScan ScanLines(std::string_view lowerText);

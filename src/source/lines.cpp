@@ -55,7 +55,7 @@ std::string Get_Clean_VBZeile(std::string_view text) {
     for (std::size_t i = 0; i < pieces.size(); ++i) {
         std::string_view piece = pieces[i];
         if (i + 1 < pieces.size() && (pieces[i + 1].starts_with('(') || pieces[i + 1].starts_with('.'))) {
-            // An operator at the end of the line keeps its blank, anything else takes the bracket or point.
+            // The blank before a bracket or point in the next line is kept only after an operator.
             const std::string_view end = RTrim(piece);
             const std::string_view lastTwo = end.substr(end.size() < 2 ? 0 : end.size() - 2);
             if (lastTwo != " +" && lastTwo != " -" && lastTwo != " *" && lastTwo != " /" && lastTwo != " &")

@@ -1,5 +1,5 @@
-// A piece of Visual Basic text read without the help of a module: what is code in a line, positions outside
-// string literals, the content of brackets. Texts are lower case where words matter; positions count from 1.
+// Functions on a piece of Visual Basic text alone, without its module: removal of comments, positions outside string
+// literals, content of brackets. Texts are lower case where words matter; positions are 1-based.
 #pragma once
 
 #include <string>
@@ -9,33 +9,33 @@
 
 namespace modMain {
 
-/// True if `pos` is inside a string literal of `text`: an odd number of quotes stands at or before it.
+/// True if `pos` is inside a string literal of `text`: an odd number of quotes precedes it or is at it.
 [[nodiscard]] bool PositionInString(std::string_view text, Pos pos);
-/// True if more "(" than ")" stand before `pos` outside strings.
+/// True if more "(" than ")" precede `pos` outside strings.
 [[nodiscard]] bool PositionInKlammer(std::string_view text, Pos pos);
 
-/// `text` up to its first "'" outside strings, right-trimmed; the whole text, as it stands, if there is none.
+/// `text` up to its first "'" outside strings, right-trimmed; the unchanged text if it has no comment.
 [[nodiscard]] std::string_view Get_ZeileOhneKommentar(std::string_view text);
-/// The same, trimmed.
+/// Same, trimmed on both sides.
 [[nodiscard]] std::string_view GetCodeAusString(std::string_view text);
-/// A logical line on one line without its comment.
+/// Joins a logical line to one line and removes its comment.
 [[nodiscard]] std::string Get_Clean_VBZeile(std::string_view text);
 
-/// First `find` behind `pos` that lies outside strings, or 0.
+/// Position of the first `find` after `pos` outside strings, or 0.
 [[nodiscard]] Pos Get_StringPos_RechtsVonPos(std::string_view text, std::string_view find, Pos pos);
-/// Last `find` that ends before `pos` and lies outside strings, or 0.
+/// Position of the last `find` that ends before `pos` outside strings, or 0.
 [[nodiscard]] Pos Get_StringPos_LinksVonPos(std::string_view text, std::string_view find, Pos pos);
-/// Number of `find` outside strings behind `von` and not above `bis`.
+/// Number of `find` outside strings after `von` up to and including `bis`.
 [[nodiscard]] int Get_AnzStr_InString(std::string_view text, std::string_view find, Pos von, Pos bis);
 
-/// The nearest blank to the left of `pos` that separates, or 0: the indentation of a continuation line does
-/// not separate where an operator, a bracket or a point carries the expression over the line break.
+/// Position of the nearest separating blank to the left of `pos`, or 0. The indentation of a continuation line does not
+/// separate if an operator, a bracket or a point continues the expression over the line break.
 [[nodiscard]] Pos Get_Next_BlankPos_Left(std::string_view text, Pos pos);
-/// The nearest position at or left of `pos` that holds no blank, or 0.
+/// The nearest position at or left of `pos` that is not a blank, or 0.
 [[nodiscard]] Pos Get_Next_NotBlankPos_Left(std::string_view text, Pos pos);
 
-/// Content of the innermost round brackets around `pos`; `start` is its first position, `ende` the closing
-/// bracket. Without such brackets the result is empty and both are 0.
+/// Content of the innermost round brackets around `pos`; `start` receives its first position, `ende` that of the
+/// closing bracket. Without such brackets the result is empty and both are 0.
 [[nodiscard]] std::string_view Get_KlammerInhalt(std::string_view text, Pos pos, Pos& start, Pos& ende);
 
 }  // namespace modMain

@@ -59,7 +59,7 @@ void clsStatement::Get_LineNoComment() {
         }
 }
 
-// Nearest `find` of the line that begins at or behind `from`, or that ends at or before it; outside strings.
+// Nearest `find` outside strings that begins at or after `from`, or that ends at or before it if not `toTheRight`.
 Pos clsStatement::FindInLine(std::string_view find, Pos from, bool toTheRight) const {
     Pos hit = toTheRight ? InStr(std::max(from, 1), lineNoComment_, find)
               : from < 1 ? 0
@@ -82,7 +82,8 @@ void clsStatement::Set_Statement(Pos pos) {
         start = colon + Len(kColon);
     else if (then > colon)
         start = then + Len(kThen);
-    // With both to the left and the colon the nearer, the statement begins with the line. That is wanted.
+    // With both to the left and the colon nearer, as for c in `If a Then b: c`, the statement deliberately starts at
+    // the line start.
 
     Pos end = Len(lineNoComment_) + 1;
     for (const std::string_view separator : {kColon, kThen})
@@ -246,7 +247,7 @@ std::string clsStatement::Get_Prop_With_Parents(Pos wordLength) {
         Pos ende = 0;
         const std::string_view inside = modMain::Get_KlammerInhalt(text, pos, start, ende);
         if (start == 0) {
-            // A bracket that never closes: what lies behind it is the inside.
+            // The bracket is never closed: everything after it counts as its content.
             start = InStrRev(text, "(", pos - 1) + 1;
             if (start == 1)
                 break;

@@ -17,7 +17,7 @@ bool LeftIsBorder(std::string_view text, Pos hit) {
     return left != '!' && IstSonderZeichen(left);
 }
 
-// Walks the hits of `find` forward from `start` until `accept` takes one.
+// Visits the hits of `find` forward from `start` until `accept` returns true.
 template <class Accept>
 Pos Forward(std::string_view text, Pos start, std::string_view find, Accept accept) {
     if (start < 1 || find.empty())
@@ -28,14 +28,14 @@ Pos Forward(std::string_view text, Pos start, std::string_view find, Accept acce
     return hit;
 }
 
-// Backward; the walk goes on from the position of the last hit itself.
+// Same, backward; the search continues from the position of the last hit itself.
 template <class Accept>
 Pos Backward(std::string_view text, Pos start, std::string_view find, Accept accept) {
     if (start < 1 || find.empty())
         return 0;
     Pos hit = InStrRev(text, find, std::min(start, Len(text)));
     while (hit != 0 && !accept(hit))
-        // A word of one letter would find itself again.
+        // Otherwise a word of one letter would find the same hit again.
         hit = hit > 1 ? InStrRev(text, find, std::min(hit, hit + Len(find) - 2)) : 0;
     return hit;
 }

@@ -3,7 +3,7 @@
 namespace {
 
 bool IsPrivate(const CodeObject& object) {
-    return object.Zugriff.find(kPrivate) != std::string_view::npos;
+    return object.Zugriff == Access::Private;
 }
 
 void AddTo_NameSpaces(ModuleReader& reader, CodeObject& object, bool isPublic) {
@@ -23,7 +23,7 @@ void Add_Var(ModuleReader& reader, clsVariable& variable) {
         return;
     }
     modul.Public_Variablen.AddUnlessPresent(variable.NameKey(), &variable);
-    if (modul.ModulTyp == "module")
+    if (modul.ModulTyp == ModuleKind::Module)
         reader.projekt.MyVars.AddUnlessPresent(variable.NameKey(), &variable);
     AddTo_NameSpaces(reader, variable, true);
 }
@@ -51,10 +51,11 @@ void Add_Enum(ModuleReader& reader, clsEnum& einEnum) {
 void Add_Proc(ModuleReader& reader, clsProzedur& prozedur) {
     clsModul& modul = reader.modul;
     const Name key = prozedur.LocalKey();
-    const bool isPublic = prozedur.Zugriff != kPrivate;
+    const bool isPublic = prozedur.Zugriff != Access::Private;
     if (prozedur.IsProperty()) {
         (isPublic ? modul.Public_Property : modul.Private_Property).AddUnlessPresent(key, &prozedur);
-    } else if (const bool isSub = prozedur.ProzedurTyp() == "sub"; isSub || prozedur.ProzedurTyp() == "function") {
+    } else if (const bool isSub = prozedur.ProzedurTyp == ProcKind::Sub;
+               isSub || prozedur.ProzedurTyp == ProcKind::Function) {
         if (isPublic)
             (isSub ? modul.Public_Sub : modul.Public_Function).AddUnlessPresent(key, &prozedur);
         else
@@ -69,9 +70,9 @@ void Add_Proc(ModuleReader& reader, clsProzedur& prozedur) {
 }
 
 void Add_Proc_ToProjekt(clsProjekt& projekt, clsProzedur& prozedur) {
-    if (prozedur.Zugriff == kPrivate)
+    if (prozedur.Zugriff == Access::Private)
         return;
-    if (const bool isSub = prozedur.ProzedurTyp() == "sub"; isSub || prozedur.ProzedurTyp() == "function") {
+    if (const bool isSub = prozedur.ProzedurTyp == ProcKind::Sub; isSub || prozedur.ProzedurTyp == ProcKind::Function) {
         (isSub ? projekt.Public_Sub : projekt.Public_Function).AddUnlessPresent(prozedur.NameKey(), &prozedur);
         projekt.MyProcs.AddUnlessPresent(prozedur.NameKey(), &prozedur);
     }

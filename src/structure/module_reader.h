@@ -14,7 +14,7 @@
 #include "model/clsType.h"
 #include "model/clsVariable.h"
 #include "source/module_text.h"
-#include "structure/tokens.h"
+#include "source/tokens.h"
 
 /// Whether a word is exactly this literal. Asked for every token, so it is two plain comparisons.
 template <std::size_t size>
@@ -50,8 +50,8 @@ public:
     [[nodiscard]] bool Exists(int tokNr) const { return tokNr >= 1 && tokNr <= tokens.Count(); }
 };
 
-/// The kind of a procedure as a lasting text: the word as it is, or "property " and the accessor's word.
-[[nodiscard]] std::string_view ProzedurTyp_AusWort(std::string_view word, std::string_view accessor = {});
+/// Sets the kind of a procedure by the word before its name, and the accessor's word for a property.
+void ProzedurTyp_AusWort(clsProzedur& prozedur, std::string_view word, std::string_view accessor = {});
 
 /// The data type that a type sign stands for, or an empty text.
 [[nodiscard]] std::string_view DatenTyp_AusZeichen(std::string_view sign);

@@ -12,8 +12,8 @@ void Analyse_ReadDeclare(ModuleReader& reader, int& tokNr) {
     clsProzedur& prozedur = reader.modul.Own(std::make_unique<clsProzedur>(reader.modul));
     prozedur.isDeclare = true;
     prozedur.DeclareStart = tokens.PosOf(tokNr);
-    prozedur.Zugriff = first == kPrivate ? kPrivate : kPublic;
-    prozedur.kind = ProzedurTyp_AusWort(reader.Word(nameNr - 1));
+    prozedur.Zugriff = first == kPrivate ? Access::Private : Access::Public;
+    ProzedurTyp_AusWort(prozedur, reader.Word(nameNr - 1));
     reader.NameIt(prozedur, nameNr);
     prozedur.NamePos = tokens.PosOf(nameNr);
 
@@ -36,27 +36,29 @@ void Analyse_ReadDeclare(ModuleReader& reader, int& tokNr) {
     tokNr = nameNr;
 }
 
-std::string_view ProzedurTyp_AusWort(std::string_view word, std::string_view accessor) {
-    for (const std::string_view known : {"sub", "function"})
-        if (word == known)
-            return known;
-    if (Is(word, "property"))
-        for (const std::string_view known : {"property get", "property let", "property set"})
-            if (known.substr(9) == accessor)
-                return known;
-    return Name(accessor.empty() ? std::string(word) : std::string(word) + " " + std::string(accessor)).View();
+void ProzedurTyp_AusWort(clsProzedur& prozedur, std::string_view word, std::string_view accessor) {
+    const bool isProperty = Is(word, "property");
+    const std::string words = accessor.empty() ? std::string(word) : std::string(word) + " " + std::string(accessor);
+    for (const ProcKind kind :
+         {ProcKind::Sub, ProcKind::Function, ProcKind::PropertyGet, ProcKind::PropertyLet, ProcKind::PropertySet})
+        if (words == TextOf(kind)) {
+            prozedur.ProzedurTyp = kind;
+            return;
+        }
+    prozedur.ProzedurTyp = isProperty ? ProcKind::OtherProperty : ProcKind::Other;
+    prozedur.otherKind = Name(words);
 }
 
 bool IsHandler(const clsModul& modul, const clsProzedur& prozedur) {
     const std::string_view name = prozedur.MyName();
-    if (modul.ModulTyp == "class")
+    if (modul.ModulTyp == ModuleKind::Class)
         return name == "class_initialize" || name == "class_terminate";
-    if (modul.ModulTyp != "form" && modul.ModulTyp != "usercontrol")
+    if (modul.ModulTyp != ModuleKind::Form && modul.ModulTyp != ModuleKind::UserControl)
         return false;
-    if (name.starts_with(modul.ModulTyp == "form" ? "form_" : "usercontrol_"))
+    if (name.starts_with(modul.ModulTyp == ModuleKind::Form ? "form_" : "usercontrol_"))
         return true;
-    // A control's name can hold "_" too, so each one may be the end of it.
-    constexpr std::size_t kLongestName = 1000;  // far more than a control can have
+    // The name of a control may contain "_", so each "_" may be its end.
+    constexpr std::size_t kLongestName = 1000;  // no control name is as long
     for (auto end = name.find('_'); end < kLongestName; end = name.find('_', end + 1))
         if (modul.MyControls.Contains(name.substr(0, end)))
             return true;

@@ -1,5 +1,5 @@
-// The head gives kind, name and access; its arguments follow up to the closing bracket, then the result type. The
-// body is walked for its declarations and for the closing "End <kind>". All states of a walk are local to it.
+// The head gives kind, name and access, followed by the arguments up to the closing bracket and the result type. The
+// body is searched for declarations and for the closing "End <kind>". All state of a pass is local to it.
 #include "structure/read_proc.h"
 
 #include <algorithm>
@@ -45,13 +45,15 @@ private:
         proc_ = &reader_.modul.Own(std::make_unique<clsProzedur>(reader_.modul));
         proc_->DeclareStart = tokens_.PosOf(tokNr_);
         proc_->DeclareStartTNr = tokNr_;
-        proc_->Zugriff = first == kPrivate ? kPrivate : kPublic;
+        proc_->Zugriff = first == kPrivate ? Access::Private : Access::Public;
         reader_.NameIt(*proc_, nameNr_);
         proc_->NamePos = tokens_.PosOf(nameNr_);
         isEvent_ = kind_ == "event";
         proc_->IsEvent = isEvent_;
-        proc_->kind =
-            isProperty ? ProzedurTyp_AusWort(kind_, Word(nameNr_ - 1)) : ProzedurTyp_AusWort(isEvent_ ? "sub" : kind_);
+        if (isProperty)
+            ProzedurTyp_AusWort(*proc_, kind_, Word(nameNr_ - 1));
+        else
+            ProzedurTyp_AusWort(*proc_, isEvent_ ? "sub" : kind_);
         return true;
     }
 
@@ -124,7 +126,7 @@ private:
                 if (argument)
                     argument->type = type.AsName();
                 type = {};
-                argument = &NewVariable(nr, "argument");
+                argument = &NewVariable(nr, Access::Argument);
                 proc_->MyVars.AddUnlessPresent(argument->NameKey(), argument);
             }
         }
@@ -132,10 +134,11 @@ private:
             argument->type = type.AsName();
     }
 
-    // Only landmarks matter: a declaration word begins declarations, and "end" before the kind's own word closes.
+    // Visits only the landmarks: a declaration keyword begins declarations, and "end" before the kind's keyword ends
+    // the body.
     void ReadBody(int behindHead) {
         const std::span<const int> landmarks = tokens_.Landmarks();
-        int nr = behindHead;  // the next token to be looked at
+        int nr = behindHead;  // the next token to examine
         int closing = tokens_.Count();
         for (auto at = std::lower_bound(landmarks.begin(), landmarks.end(), behindHead - 1); at != landmarks.end();
              ++at) {
@@ -155,7 +158,7 @@ private:
         proc_->DeclareEnd = tokens_.EndOf(tokNr_);
     }
 
-    // Reads the declarations behind the word at `nr` and leaves it on the last token of the statement.
+    // Reads the declarations after the keyword at `nr` and leaves `nr` on the last token of the statement.
     void ReadLocals(int& nr) {
         const std::string_view how = Word(nr);
         const bool isConst = Is(how, "const");
@@ -178,8 +181,8 @@ private:
             } else if (Is(word, "=")) {
                 eqSeen = true;
             } else if (Is(word, ",") && depth == 0) {
-                // Only these two: the "=" of a constant before stays seen, and the next name is taken for a
-                // part of its value. That is wanted.
+                // Deliberately resets only these two: after a constant's value `eqSeen` remains set, so that the next
+                // name counts as a part of the value.
                 asSeen = false;
                 expectName = true;
             } else if (asSeen) {
@@ -189,7 +192,7 @@ private:
                 }
             } else if (eqSeen) {
                 if (variable && type.Empty())
-                    type.Append(word);  // a constant without a type has its value for one
+                    type.Append(word);  // a constant without a type gets its value as type
                 else
                     eqSeen = false;
             } else if (depth == 0) {
@@ -201,7 +204,7 @@ private:
                         variable->type = type.AsName();
                     type = {};
                     expectName = false;
-                    variable = &NewVariable(nr, "procedure");
+                    variable = &NewVariable(nr, Access::Procedure);
                     variable->IsConst = isConst;
                     if (!Is(how, "redim") || !IsKnownArray(*variable))
                         proc_->MyVars.AddUnlessPresent(variable->NameKey(), variable);
@@ -216,9 +219,9 @@ private:
         return reader_.modul.MyVars.Contains(variable.NameKey()) || reader_.projekt.MyVars.Contains(variable.NameKey());
     }
 
-    clsVariable& NewVariable(int nameNr, std::string_view zugriff) {
+    clsVariable& NewVariable(int nameNr, Access zugriff) {
         if (proc_->MyVars.Count() == 0)
-            proc_->MyVars.Reserve(4);  // most procedures have a handful
+            proc_->MyVars.Reserve(4);  // enough for most procedures
         clsVariable& variable = reader_.modul.NewLocal();
         variable.Modul = &reader_.modul;
         variable.Prozedur = proc_;
@@ -235,13 +238,13 @@ private:
                 variable->type = variant;
         proc_->type = result_.AsName();
         // Only functions fall back to "variant": a Property Get without As keeps an empty type.
-        if (proc_->ProzedurTyp() == "function" && proc_->type.Empty())
+        if (proc_->ProzedurTyp == ProcKind::Function && proc_->type.Empty())
             proc_->type = variant;
         if (IsHandler(reader_.modul, *proc_))
             proc_->IsEvent = true;
-        if (proc_->ProzedurTyp() == "function" || proc_->ProzedurTyp() == "property get") {
-            // Assigning to the procedure's own name inside it finds this variable.
-            clsVariable& result = NewVariable(nameNr_, "argument");
+        if (proc_->ProzedurTyp == ProcKind::Function || proc_->ProzedurTyp == ProcKind::PropertyGet) {
+            // An assignment to the procedure's own name in its body resolves to this variable.
+            clsVariable& result = NewVariable(nameNr_, Access::Argument);
             result.type = proc_->type;
             result.isResult = true;
             proc_->MyVars.AddUnlessPresent(result.NameKey(), &result);

@@ -5,14 +5,14 @@
 
 namespace {
 
-// What the heads of both kinds of block say alike.
+// The parts that the heads of Type and Enum blocks share.
 struct BlockHead {
-    std::string_view zugriff;
+    Access zugriff;
     int nameNr;
 
     BlockHead(const ModuleReader& reader, int tokNr, std::string_view blockWord) {
         const std::string_view first = reader.Word(tokNr);
-        zugriff = first == kPrivate ? kPrivate : kPublic;
+        zugriff = first == kPrivate ? Access::Private : Access::Public;
         nameNr = tokNr + (first == blockWord ? 1 : 2);
     }
 };
@@ -29,7 +29,7 @@ Block& NewBlock(ModuleReader& reader, const BlockHead& head, int tokNr) {
 }
 
 template <class Block>
-clsVariable& NewMember(ModuleReader& reader, Block& owner, int nameNr, std::string_view zugriff) {
+clsVariable& NewMember(ModuleReader& reader, Block& owner, int nameNr, Access zugriff) {
     clsVariable& member = owner.Own(std::make_unique<clsVariable>());
     member.Modul = &reader.modul;
     member.Zugriff = zugriff;
@@ -38,7 +38,7 @@ clsVariable& NewMember(ModuleReader& reader, Block& owner, int nameNr, std::stri
     return member;
 }
 
-// `before` is the last token that stood before an "as" of its statement: a second "as" there makes nothing new.
+// `before` is the last token before an "as" of the same statement: a second "as" there makes no second member.
 void ReadTypeMember(ModuleReader& reader, clsType& type, int asNr, int typeNameNr, int& before) {
     const TokenTable& tokens = reader.tokens;
     int nameNr = asNr;
@@ -51,16 +51,16 @@ void ReadTypeMember(ModuleReader& reader, clsType& type, int asNr, int typeNameN
     TypeText text;
     for (int nr = asNr + 1; tokens.ContinuesStatement(nr); ++nr)
         text.Append(reader.Word(nr));
-    clsVariable& member = NewMember(reader, type, nameNr, "type member");
+    clsVariable& member = NewMember(reader, type, nameNr, Access::TypeMember);
     member.MyType = &type;
     member.type = text.AsName();
     type.MyVars.AddUnlessPresent(member.NameKey(), &member);
-    Add_Member(reader, member, type.Zugriff == kPublic);
+    Add_Member(reader, member, type.Zugriff == Access::Public);
 }
 
 void ReadEnumMember(ModuleReader& reader, clsEnum& einEnum, int nameNr) {
-    const bool isPublic = einEnum.Zugriff == kPublic;
-    clsVariable& member = NewMember(reader, einEnum, nameNr, "enum member");
+    const bool isPublic = einEnum.Zugriff == Access::Public;
+    clsVariable& member = NewMember(reader, einEnum, nameNr, Access::EnumMember);
     member.MyEnum = &einEnum;
     member.IsConst = true;
     member.type = Name("long");
@@ -98,7 +98,7 @@ void Analyse_ReadEnum(ModuleReader& reader, int& tokNr) {
     if (!reader.Exists(head.nameNr))
         return;
     clsEnum& einEnum = NewBlock<clsEnum>(reader, head, tokNr);
-    bool headSeen = false;  // behind the head's own statement; every later statement makes one member
+    bool headSeen = false;  // the statement of the head has ended; every later statement makes one member
     bool statementTaken = false;
     int nr = tokNr + 1;
     for (; nr <= reader.tokens.Count(); ++nr) {

@@ -29,7 +29,7 @@ std::string_view DatenTyp_AusZeichen(std::string_view sign) {
 
 namespace {
 
-clsVariable& NewVariable(ModuleReader& reader, int nameNr, std::string_view zugriff) {
+clsVariable& NewVariable(ModuleReader& reader, int nameNr, Access zugriff) {
     clsVariable& variable = reader.modul.Own(std::make_unique<clsVariable>());
     variable.Modul = &reader.modul;
     variable.Zugriff = zugriff;
@@ -39,7 +39,7 @@ clsVariable& NewVariable(ModuleReader& reader, int nameNr, std::string_view zugr
     return variable;
 }
 
-// Type of a variable from the tokens of its declaration; the first is the name, the second a sign or "as".
+// Type of a variable from the tokens of its declaration: the first is the name, the second a type sign or "as".
 Name TypeOf(const ModuleReader& reader, const std::vector<int>& list) {
     if (list.size() == 1)
         return Name("variant");
@@ -56,9 +56,9 @@ Name TypeOf(const ModuleReader& reader, const std::vector<int>& list) {
 
 void Analyse_ReadVars(ModuleReader& reader, int& tokNr) {
     const std::string_view first = reader.Word(tokNr);
-    const std::string_view zugriff = Is(first, "dim") || first == kPrivate ? kPrivate : kPublic;
+    const Access zugriff = Is(first, "dim") || first == kPrivate ? Access::Private : Access::Public;
     const int last = reader.tokens.LastOfStatement(tokNr);
-    std::vector<int> list;  // tokens of the variable at hand, the name first
+    std::vector<int> list;  // tokens of the current variable, beginning with its name
     int depth = 0;
     const auto close = [&] {
         if (!list.empty()) {
@@ -85,11 +85,11 @@ void Analyse_ReadVars(ModuleReader& reader, int& tokNr) {
 
 void Analyse_ReadConst(ModuleReader& reader, int& tokNr) {
     const std::string_view first = reader.Word(tokNr);
-    const std::string_view zugriff = first == kPrivate ? kPrivate : kPublic;
+    const Access zugriff = first == kPrivate ? Access::Private : Access::Public;
     const int start = tokNr + (Is(first, "const") ? 1 : 2);
     const int last = reader.tokens.LastOfStatement(tokNr);
     int depth = 0;
-    int before = 0;  // name of the constant before; a second "=" behind one name makes nothing new
+    int before = 0;  // name of the previous constant; a second "=" after the same name makes no second constant
     int listStart = start;
     for (int nr = start; nr <= last; ++nr) {
         const std::string_view word = reader.Word(nr);

@@ -66,7 +66,7 @@ void Analyse_GetBeginnVarBereich(ModuleReader& reader) {
     };
     modul.TokNrBeginnVarBereich = 0;
     modul.BeginnVarBereich = 0;
-    const bool hasHeader = modul.ModulTyp != "module";
+    const bool hasHeader = modul.ModulTyp != ModuleKind::Module;
     int nesting = 0;
     for (int nr = 1; nr <= modul.TokNrBeginnProcBereich; ++nr) {
         const std::string_view word = reader.Word(nr);

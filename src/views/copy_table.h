@@ -1,12 +1,12 @@
-// A table as text: columns parted by tabs, rows by line ends.
+// Copies a table as text: columns separated by tabs, rows by line ends.
 #pragma once
 
 #include <QString>
 
 class QTableView;
 
-/// The selected rows from top to bottom, or all of them when none is selected, without the head line.
+/// The selected rows from top to bottom, or all rows if none is selected; without the header.
 [[nodiscard]] QString TableText(const QTableView& table);
-/// Puts that on the clipboard; Ctrl+C does so too from now on.
+/// Copies that text to the clipboard; CopyTableOnCtrlC does so on each Ctrl+C.
 void CopyTable(const QTableView& table);
 void CopyTableOnCtrlC(QTableView& table);

@@ -12,7 +12,7 @@ QString Decoded(const CodePage& page, std::string_view bytes) {
     return QString::fromStdString(page.ToUtf8(bytes));
 }
 
-// What the text widget would take for the end of a line or for a sign of its own.
+// Replaces characters that the text widget would treat as line ends or control characters.
 QChar Displayable(QChar c) {
     switch (c.unicode()) {
         case 0:
@@ -26,7 +26,7 @@ QChar Displayable(QChar c) {
     }
 }
 
-// Each byte of a page by itself; only the first half where a character can have several.
+// The character of each byte of a page; in multi-byte pages only of the first 128.
 std::array<QChar, 256> SingleBytes(const CodePage& page) {
     std::array<QChar, 256> characters;
     for (unsigned i = 0; i < 256; ++i) {
@@ -82,7 +82,7 @@ int DecodedText::ToUtf16(Pos byte) const {
                                        [](Pos wanted, const Step& step) { return wanted < step.byte; });
     const Step& step = *std::prev(next);
     const int place = step.utf16 + (byte - step.byte);
-    // Inside a character of several bytes, or in a line end: its own place, which is the last before the next step.
+    // Inside a multi-byte character or a line end: its own place, which is the last one before the next step.
     const int limit = next == steps_.end() ? static_cast<int>(text_.size()) : next->utf16 - 1;
     return WholeCharacter(std::min(place, limit));
 }

@@ -1,8 +1,7 @@
-// A text of bytes as the window shows it, and the way between both: where a byte stands in the shown text, and the
-// reverse.
+// A text of bytes as the window shows it, with the mapping between byte positions and places in the shown text.
 //
-// In the shown text every line end is one "\n". Between two places where both ways of counting part (a line end, a
-// character of several bytes) they run in step, so only those places are kept.
+// In the shown text every line end is one "\n". Byte positions and places advance together except at line ends and
+// multi-byte characters, so only those places are stored.
 #pragma once
 
 #include <QString>
@@ -16,24 +15,24 @@ class CodePage;
 class DecodedText {
 public:
     DecodedText() = default;
-    /// `page` must not be "auto": whoever knows the whole text has settled that.
+    /// `page` must not be "auto": the caller decides on a page from the whole text.
     DecodedText(std::string_view bytes, const CodePage& page);
 
     [[nodiscard]] const QString& Text() const { return text_; }
     [[nodiscard]] Pos ByteCount() const { return byteCount_; }
 
-    /// Place in the shown text of the character that the 0-based byte is part of. Behind the end it is the end.
+    /// Place in the shown text of the character that contains the 0-based byte; the end for any byte after the end.
     [[nodiscard]] int ToUtf16(Pos byte) const;
-    /// The 0-based first byte of the character at a place of the shown text.
+    /// 0-based first byte of the character at a place of the shown text.
     [[nodiscard]] Pos ToByte(int utf16) const;
 
 private:
     struct Step {
         Pos byte;   // from here on, a byte of the source ...
-        int utf16;  // ... and the character here go on in step
+        int utf16;  // ... and this character advance together
     };
     void Append(std::string_view bytes, const QString& characters);
-    /// The first half where the place is in the middle of a surrogate pair.
+    /// The first half of a surrogate pair if the place is in its middle.
     [[nodiscard]] int WholeCharacter(int utf16) const;
 
     QString text_;

@@ -53,7 +53,7 @@ void AssignMnemonics(QWidget& window, std::initializer_list<const QWidget*> with
         if (std::ranges::none_of(pages, isOn(child)))
             frame.append(child);
     assign(frame, taken);
-    // Only one page is seen at a time, so each begins with the letters that the frame has left.
+    // Only one page is visible at a time, so each may use all letters that the frame leaves free.
     for (const QWidget* page : pages) {
         std::set<QChar> letters = taken;
         assign(page->findChildren<QWidget*>(), letters);

@@ -1,18 +1,18 @@
-// What all dialogs share: the underlined letters, the place above other windows, the room for their texts.
+// Shared by all dialogs: mnemonics, the parent window, and the height of wrapped texts.
 #pragma once
 
 #include <initializer_list>
 
 class QWidget;
 
-/// Gives every button, tab and label with a buddy in `window` a letter of its own, as far as there are letters, in
-/// the order in which they were made; first letters of words are taken first. Pages of tabs share none with the frame.
-/// The texts hold no letters, so this comes behind each change of them.
-/// @param without  what keeps its text as it is, such as OK and Cancel, which have keys of their own
+/// Gives every button, tab and label with a buddy in `window` a different letter, as far as letters are available, in
+/// the order of creation; first letters of words are preferred. Letters of tab pages differ from those of the frame.
+/// The texts of the language files contain no letters, so call this after each change of texts.
+/// @param without  widgets that keep their text, such as OK and Cancel, which have their own keys
 void AssignMnemonics(QWidget& window, std::initializer_list<const QWidget*> without = {});
 
-/// Where a dialog belongs: over the window that is modal at the moment, or else over `window`.
+/// The parent for a dialog: the active modal window, otherwise `window`.
 [[nodiscard]] QWidget* DialogParent(QWidget* window);
 
-/// Makes `window` as high as its wrapped texts need: on small screens it would come up lower and cut them.
+/// Increases the height of `window` to fit its wrapped texts, which are cut off otherwise on small screens.
 void GrowToFit(QWidget& window);

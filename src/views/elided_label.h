@@ -1,4 +1,4 @@
-// A label of one line that shortens its text in the middle instead of growing: names of modules, paths of files.
+// A one-line label that shortens its text in the middle instead of growing, for module names and file paths.
 #pragma once
 
 #include <QLabel>
@@ -7,7 +7,7 @@ class ElidedLabel final : public QLabel {
 public:
     explicit ElidedLabel(QWidget* parent = nullptr);
 
-    /// The whole text, also shown on hover while it is shortened.
+    /// Sets the whole text. A tool tip shows it while it is shortened.
     void SetText(const QString& text);
     [[nodiscard]] QSize minimumSizeHint() const override;
 

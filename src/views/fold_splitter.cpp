@@ -11,7 +11,7 @@
 namespace {
 
 constexpr int kBar = 10;   // thickness of a bar in pixels
-constexpr int kStep = 16;  // how far a key moves it
+constexpr int kStep = 16;  // pixels per key press
 
 }  // namespace
 
@@ -21,7 +21,7 @@ public:
         : QSplitterHandle(orientation, &splitter), splitter_(splitter) {
         setFocusPolicy(Qt::TabFocus);
         if (splitter.count() != 1 || !splitter.folds_)
-            return;  // only the bar behind the first pane folds
+            return;  // only the bar after the first pane folds
         button_ = new QToolButton(this);
         button_->setAutoRaise(true);
         button_->setFocusPolicy(Qt::NoFocus);  // the view menu has the same commands

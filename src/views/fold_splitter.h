@@ -1,5 +1,5 @@
-// A splitter of two or more panes whose first pane can be folded away and comes back at its former size. The bar can be
-// dragged with the mouse and carries a button that folds; where it has the focus, arrow keys move it and Enter folds.
+// A splitter of two or more panes whose first pane can be folded and unfolded to its former size. The bar can be
+// dragged with the mouse and has a fold button; with the keyboard focus on it, arrow keys move it and Enter folds.
 #pragma once
 
 #include <QSplitter>
@@ -8,20 +8,20 @@ class FoldSplitter final : public QSplitter {
     Q_OBJECT
 
 public:
-    /// @param folds  whether there is a fold button
+    /// @param folds  true for a fold button
     explicit FoldSplitter(Qt::Orientation orientation, QWidget* parent = nullptr, bool folds = true);
 
     [[nodiscard]] bool Folded() const { return folded_; }
     void SetFolded(bool folded);
-    /// Size of the first pane in pixels; while it is folded, the size that it will come back with.
+    /// Size of the first pane in pixels; while it is folded, the size that it unfolds to.
     [[nodiscard]] int Place() const;
-    /// The second pane takes the difference.
+    /// The second pane gets the difference.
     void SetPlace(int pixels);
-    /// Tool tip and name of the fold button, and the name of the bars.
+    /// Sets tool tip and name of the fold button, and the name of the bars.
     void SetTexte(const QString& fold, const QString& bar);
 
 Q_SIGNALS:
-    /// By the button or by SetFolded.
+    /// Emitted after the button or SetFolded changes the state.
     void FoldedChanged(bool folded);
 
 protected:

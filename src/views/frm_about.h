@@ -1,4 +1,4 @@
-// The about window: what the program is, its version and licence. A click anywhere closes it.
+// The about window: name, version and licence of the program. A click anywhere closes it.
 #pragma once
 
 #include <QDialog>
@@ -9,7 +9,7 @@ class QPushButton;
 class frmAbout final : public QDialog {
     Q_OBJECT
 public:
-    /// @param productPage  what labLink opens; left out when it is empty
+    /// @param productPage  target of labLink, which is hidden if this is empty
     explicit frmAbout(QWidget* parent = nullptr, const QString& productPage = ProductPage());
 
     void Texte();

@@ -157,7 +157,7 @@ void frmError::ShowReport(const ErrorReport& report) {
     txtError_->setPlainText(ToQString(report.Text()));
     forAll_->setChecked(false);
     QApplication::beep();
-    // Above the progress window when an operation is running.
+    // Above the progress window if an operation is running.
     winId();
     const QWidget* below = DialogParent(parentWidget());
     if (below && below->window()->windowHandle())

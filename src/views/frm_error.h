@@ -1,5 +1,5 @@
-// The error window: says what happened, to which file, and what one can do. It can be passed over or the program
-// ended, which happens at once.
+// The error window: shows what happened, in which file, and what the user can do: ignore the error, or end the program
+// immediately.
 #pragma once
 
 #include <QDialog>
@@ -18,19 +18,19 @@ class QPushButton;
 class frmError final : public QDialog {
     Q_OBJECT
 public:
-    /// @param supportAddress  where mails go; the label for them is left out when it is empty
+    /// @param supportAddress  recipient of mails; the mail label is hidden if this is empty
     explicit frmError(QWidget* parent = nullptr, const QString& supportAddress = SupportAddress());
 
-    /// Shows a report with a beep and waits for the answer. Returns at once for a kind that is ignored, and for a
-    /// report that comes while another one is shown.
+    /// Beeps, shows a report and waits for the answer. Returns at once for an ignored kind of error, and for a report
+    /// that arrives while another one is shown.
     void ShowReport(const ErrorReport& report);
-    /// From now on all kinds are shown again: another project is opened.
+    /// Shows all kinds of errors again; called when another project is opened.
     void ForgetIgnored();
-    /// Puts the texts of the language on, or English words where there are none.
+    /// Sets the texts of the current language, or English texts if a text is missing.
     void Texte();
 
-    std::string Tag;                   // "ignore" or "end", the answer given last
-    std::function<void()> EndProcess;  // ends the process without any clean-up
+    std::string Tag;                   // the last answer: "ignore" or "end"
+    std::function<void()> EndProcess;  // ends the process without clean-up
 
 protected:
     void reject() override;

@@ -69,7 +69,7 @@ void frmKeys::Fill(const QList<QAction*>& actions, const QList<std::pair<QString
         for (const QKeySequence& key : action->shortcuts())
             keys.append(key.toString(QKeySequence::NativeText));
         QString command = action->text();
-        // "…" says that a dialog follows, which is of no interest here.
+        // Removes "…", which only announces a dialog.
         AddRow(command.remove(QLatin1Char('&')).remove(QChar(0x2026)), keys.join(QStringLiteral(", ")));
     }
     for (const auto& [command, keys] : others)

@@ -1,4 +1,4 @@
-// The list of all keys: each command of the window that has one.
+// The list of keyboard shortcuts of the window's commands.
 #pragma once
 
 #include <QDialog>
@@ -14,7 +14,7 @@ class frmKeys final : public QDialog {
 public:
     explicit frmKeys(QWidget* parent = nullptr);
 
-    /// Lists the actions that have keys, in their order, and behind them what is no action, as (command, keys).
+    /// Lists the actions that have shortcuts in their order, followed by `others` as (command, keys).
     void Fill(const QList<QAction*>& actions, const QList<std::pair<QString, QString>>& others = {});
     void Texte();
 

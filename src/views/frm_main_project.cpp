@@ -370,7 +370,7 @@ void frmMain::Activate_Commands() {
 
     const clsModul* modul = selection_.CurModule;
     const QString forModule =
-        modul ? QStringLiteral("for %1 (%2)").arg(ToQString(modul->myNameOrg()), ToQString(modul->ModulTyp))
+        modul ? QStringLiteral("for %1 (%2)").arg(ToQString(modul->myNameOrg()), ToQString(TextOf(modul->ModulTyp)))
               : TextNr(Text::ForCurrentModule);
     Commands::SetTexts(command[Command::CallsModule], forModule,
                        modul ? TextNr(Text::ReadCalls) + QStringLiteral(": ") + ToQString(modul->myNameOrg())

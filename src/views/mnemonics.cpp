@@ -1,6 +1,6 @@
-// Which text gets which letter is a matching. Going through the texts and taking the first letter that is free would
-// leave long menus with items that find none; so a text that comes late may send an earlier one to another letter. All
-// go for letters that begin words first, and those that got none of these then go for any.
+// Assigning letters to texts is a matching problem. Giving each text its first free letter would leave long menus with
+// items without a letter, so a later text may move an earlier one to another letter. All texts first try the letters
+// that begin words; those that got none then try any letter.
 #include "views/mnemonics.h"
 
 #include <functional>
@@ -11,7 +11,7 @@ namespace {
 
 enum class Wish { WordBegins, AnyLetter };
 
-// Places of letters in the order of liking.
+// Places of letters in the order of preference.
 std::vector<qsizetype> Places(const QString& text, const std::set<QChar>& taken, Wish wish) {
     std::vector<qsizetype> begins, others;
     for (qsizetype at = 0; at < text.size(); ++at)
@@ -35,7 +35,7 @@ QStringList WithLetters(QStringList texts, std::set<QChar>& taken) {
         std::set<QChar> tried;
         const std::function<bool(qsizetype)> give = [&](qsizetype text) {
             const std::vector<qsizetype> places = Places(texts[text], elsewhere, wish);
-            // What is free is taken before anybody is asked to move.
+            // Takes free letters before it moves another text.
             for (const bool mayMove : {false, true})
                 for (const qsizetype at : places) {
                     const QChar wanted = texts[text][at].toLower();

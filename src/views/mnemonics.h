@@ -1,10 +1,10 @@
-// The underlined letters of menus and dialogs.
+// Mnemonics (underlined letters) of menus and dialogs.
 #pragma once
 
 #include <QStringList>
 #include <set>
 
-/// The texts with "&" before a letter of its own each, as far as there are letters: first letters of words where that
-/// leaves one for the others, earlier texts first. Marks of an earlier round are taken out.
-/// @param taken  letters in lower case that stand elsewhere; those given come in
+/// Returns the texts with "&" before a different letter each, as far as letters are available. Earlier texts and first
+/// letters of words are preferred unless that leaves another text without a letter. Existing "&" are removed.
+/// @param taken  in and out: lower-case letters in use; the assigned letters are added
 [[nodiscard]] QStringList WithLetters(QStringList texts, std::set<QChar>& taken);

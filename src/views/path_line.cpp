@@ -10,14 +10,14 @@
 
 namespace {
 
-constexpr int kGap = 4;  // beside the icon
+constexpr int kGap = 4;  // pixels beside the icon
 }  // namespace
 
 PathLine::PathLine(QWidget* parent) : QLineEdit(parent) {
     setObjectName(QStringLiteral("rtbCodePath"));
     setReadOnly(true);
     setFrame(false);
-    // It is read, not filled in: it lies on the window's own ground.
+    // A read-only line uses the background of the window.
     setBackgroundRole(QPalette::Window);
     setAutoFillBackground(false);
     setStyleSheet(QStringLiteral("PathLine { background: transparent; }"));
@@ -46,7 +46,7 @@ void PathLine::Fit() {
     }
     QStyleOptionFrame option;
     initStyleOption(&option);
-    // The line edit keeps two pixels free on both sides of its text.
+    // QLineEdit keeps a margin of two pixels on both sides of its text.
     const int room =
         style()->subElementRect(QStyle::SE_LineEditContents, &option, this).width() - 6 - textMargins().left();
     setText(fontMetrics().elidedText(whole_, Qt::ElideMiddle, room));

@@ -1,5 +1,5 @@
-// One line with a path that can be selected and copied. Where it is too long for its place the middle is left out, and
-// the whole stands there as soon as somebody goes into it.
+// A line with a path that can be selected and copied. If it is too long, its middle is elided until the line gets the
+// focus.
 #pragma once
 
 #include <QIcon>
@@ -12,8 +12,8 @@ class PathLine final : public QLineEdit {
 public:
     explicit PathLine(QWidget* parent = nullptr);
 
-    /// @param bytes  as in the sources
-    /// @param icon   of what the path leads to; stands before it
+    /// @param bytes  the path, encoded as in the sources
+    /// @param icon   icon of the object, shown before the path
     void Show(std::string_view bytes, const QIcon& icon = {});
     [[nodiscard]] const QString& Whole() const { return whole_; }
     void Texte();

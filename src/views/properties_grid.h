@@ -1,4 +1,4 @@
-// The grid of properties under its heading: two columns, the label and the value.
+// The properties of an object under a heading: two columns, label and value.
 #pragma once
 
 #include <QWidget>
@@ -18,9 +18,9 @@ public:
     void Show(PropertyRows rows);
     void Clear() { Show({}); }
     void Texte();
-    /// Where something else names the grid already.
+    /// For a place where another caption names the grid.
     void HideHeading();
-    /// The selected rows, or all when none is, each as label, tab and value.
+    /// The selected rows, or all if none is selected, each as label, tab and value.
     [[nodiscard]] QString AsText() const;
 
     [[nodiscard]] QTableWidget& Grid() const { return *grid_; }

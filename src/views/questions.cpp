@@ -17,13 +17,13 @@ void Prepare(QMessageBox& box, QMessageBox::Icon icon) {
     box.setWindowModality(box.parentWidget() ? Qt::WindowModal : Qt::ApplicationModal);
 }
 
-// Shows the box with its two answers and tells whether it was Yes.
+// Shows the box with its two buttons and returns true for Yes.
 bool Answer(QMessageBox& box) {
     Prepare(box, QMessageBox::Question);
     box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
     box.setDefaultButton(QMessageBox::No);
     box.setEscapeButton(QMessageBox::No);
-    // Without a language file the buttons keep the words of the library.
+    // Without a language file the buttons keep Qt's texts.
     if (const QString yes = TextNr(Text::Yes), no = TextNr(Text::No); !yes.isEmpty() && !no.isEmpty()) {
         box.button(QMessageBox::Yes)->setText(yes);
         box.button(QMessageBox::No)->setText(no);

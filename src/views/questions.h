@@ -1,4 +1,4 @@
-// Questions that are answered with Yes or No, and plain messages. No is the default, and Esc means No.
+// Questions to answer with Yes or No, and messages. No is the default, and Esc means No.
 #pragma once
 
 #include <QString>
@@ -9,17 +9,17 @@ class QWidget;
 /// Asks over `window`, or over a dialog that is open above it.
 [[nodiscard]] bool AskQuestion(QWidget* window, const QString& text);
 
-/// Shows a plain message with OK.
+/// Shows a message with an OK button.
 void ShowMessage(QWidget* window, const QString& text);
 
-/// The question about a missing file. One answer can be given for all that are still to come.
+/// The question about a missing file. One answer can apply to all remaining missing files.
 class MissingFileQuestion {
 public:
     explicit MissingFileQuestion(QWidget* window) : window_(window) {}
 
-    /// True: the load is to be given up. The answer for all ends with the last of the missing files.
+    /// Returns true to stop loading. A stored answer is discarded after the last missing file.
     [[nodiscard]] bool Ask(std::string_view text, int moreMissing);
-    /// Another load begins, also behind one that was cancelled before its last missing file.
+    /// Discards a stored answer; called when a load begins, because the previous one may have been cancelled.
     void Forget() { noForAll_ = false; }
 
 private:

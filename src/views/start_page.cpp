@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr int kColumn = 460;  // least width of the column in pixels
+constexpr int kColumn = 460;  // minimum width of the column in pixels
 constexpr int kMargin = 8;
 constexpr int kIcon = 24;
 
@@ -153,7 +153,7 @@ void StartPage::changeEvent(QEvent* event) {
 
 void StartPage::ShowRecent(const std::vector<Recent>& projects) {
     for (RecentButton* button : buttons_) {
-        // Later: what was clicked may be among them, and the page comes back when its project could not be opened.
+        // Delayed deletion: the clicked button may be among them, and the page returns if its project cannot be opened.
         list_->removeWidget(button);
         button->hide();
         button->deleteLater();

@@ -1,4 +1,4 @@
-// What the empty window shows: an invitation to open a project, and the projects opened last.
+// The page of the empty window: an invitation to open a project, and the recent projects.
 #pragma once
 
 #include <QScrollArea>
@@ -9,7 +9,7 @@ class QLabel;
 class QPushButton;
 class QVBoxLayout;
 
-/// A project that was open before, on two lines: the name of its file, and the folder.
+/// A recent project on two lines: file name and folder.
 class RecentButton;
 
 class StartPage final : public QScrollArea {
@@ -19,10 +19,10 @@ public:
     explicit StartPage(QWidget* parent = nullptr);
 
     struct Recent {
-        std::string path;  // as stored
+        std::string path;  // as in the settings
         bool exists = true;
     };
-    /// Newest first; those that are gone are greyed.
+    /// Newest first; missing projects are greyed.
     void ShowRecent(const std::vector<Recent>& projects);
     void Texte();
 

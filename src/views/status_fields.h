@@ -1,5 +1,5 @@
-// The right side of the status bar: values in fixed places with quiet lines between them. Where the window is too
-// narrow for all of them the first ones are left out, and the window can still be made narrower.
+// The right side of the status bar: values at fixed places, separated by thin lines. If the window is too narrow, the
+// first fields are hidden, so that the bar does not limit the width of the window.
 #pragma once
 
 #include <QStringList>
@@ -14,7 +14,7 @@ class StatusFields final : public QWidget {
 public:
     explicit StatusFields(QWidget* parent = nullptr);
 
-    /// A field keeps the width of its widest text, so that the others stay where they are. An empty list empties all.
+    /// A field keeps the width of its widest text, so that the others do not move. An empty list clears all fields.
     void Show(const QStringList& texts);
 
     [[nodiscard]] QSize sizeHint() const override;

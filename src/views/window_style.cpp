@@ -16,7 +16,7 @@ int WindowStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWi
     switch (hint) {
         case SH_DialogButtonBox_ButtonsHaveIcons:
             return 0;
-        // Names of a tree can be read in full contrast wherever the focus is.
+        // Keeps the names in a tree at full contrast without the focus.
         case SH_ItemView_ShowDecorationSelected:
             return 1;
         default:

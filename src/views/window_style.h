@@ -1,10 +1,9 @@
-// How the widgets of the program look where the system leaves it open: flat, without pictures on the buttons of
-// dialogs, and with the signs of the program's own icon set.
+// The style of the program's widgets: flat, no icons on dialog buttons, and indicators from the program's icon set.
 #pragma once
 
 #include <QProxyStyle>
 
-/// Height of what stands above a pane: search field, captions, path. One for all, so that the panes begin on one line.
+/// Height of the row above a pane: search field, captions, path. It is the same for all, so that the panes align.
 [[nodiscard]] int HeadHeight(const QWidget& widget);
 
 class WindowStyle final : public QProxyStyle {

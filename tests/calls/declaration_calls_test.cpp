@@ -6,7 +6,7 @@ namespace {
 class DeclarationCalls : public ProgramState {
 protected:
     struct Case {
-        const char* declarations;  // of Main.bas; "|" ends a line
+        const char* declarations;  // declarations of Main.bas; "|" ends a line
         const char* edges;
     };
     static void Expect(std::initializer_list<Case> cases) {
@@ -29,18 +29,18 @@ TEST_F(DeclarationCalls, TypesAreUsed) {
             {"Dim a As Project1.Thing", ": thing"},
             {"Private Type T|m As Thing|End Type|Dim a As T", ": thing; : t [type]"},
             {"Declare Function D Lib \"d\" (ByVal a As Thing, b As Long) As Other", ": thing; : other"},
-            {"Dim a(1 As Thing, b As Other", ": thing; : other"}});  // brackets that don't close
+            {"Dim a(1 As Thing, b As Other", ": thing; : other"}});  // unclosed brackets
 }
 
 TEST_F(DeclarationCalls, ConstantsInValuesAreCalled) {
     Expect({{"Const B = 1|Const A = 2 * (B - B)", "> b; > b"},
             {"Const A As Long = 1, C As Long = B|Const B = 1", "> b"},
             {"Enum E|x = 1|y = x + 1|End Enum", "> e.x"},
-            {"Const B = 1|Dim a(B) As Thing", ": thing"},  // not in a bound
+            {"Const B = 1|Dim a(B) As Thing", ": thing"},  // not in array bounds
             {"Dim v|Const A = v", ""}});
 }
 
-// Once with the section, and once as procedures.
+// Once as part of the declarations section, and once as procedures.
 TEST_F(DeclarationCalls, HeadsOfEventsAreWalkedTwice) {
     ReadProject({{"C.cls", "Event Done(a As Thing)\n"}, {"Thing.cls", "Public Value\n"}});
     Who_Calls_Who(*gProjekt);

@@ -35,7 +35,7 @@ TEST_F(CallsDriver, CancelledBetweenTwoModulesKeepsTheEdgesMadeSoFar) {
     }
     EXPECT_EQ(DumpEdges(), "m : m.t [type]; f : m.t [type]");
     Remove_All_Calls(*gProjekt);
-    Who_Calls_Who(*gProjekt);  // a cancel does not outlive its run
+    Who_Calls_Who(*gProjekt);  // a cancellation does not affect the next run
     EXPECT_EQ(gProjekt->calls.Count(), 4U);
 }
 
@@ -60,18 +60,18 @@ TEST_F(CallsDriver, RunAgainAfterRemovingGivesTheSameEdgesWithHigherNumbers) {
     Remove_All_Calls(*gProjekt);
     EXPECT_EQ(DumpEdges(), "");
     const auto expectNone = [](const CodeObject& object) {
-        EXPECT_EQ(object.CalledByAll.Count() + object.IsDeath, 0) << object.CodePath();
+        EXPECT_EQ(object.CalledByAll().Count() + object.IsDeath, 0) << object.CodePath();
     };
     for (const clsModul* modul : gProjekt->AllModules()) {
-        EXPECT_EQ(modul->CallsInDeclarations.Count() + modul->UsedByAll.Count() + modul->CalledByAll.Count(), 0);
+        EXPECT_EQ(modul->CallsInDeclarations().Count() + modul->UsedByAll().Count() + modul->CalledByAll().Count(), 0);
         for (const auto& object : modul->Owned())
             expectNone(*object);
         for (const clsProzedur* prozedur : modul->MyProcs)
-            EXPECT_EQ(prozedur->CallsAll.Count() + prozedur->UsesAll.Count() + prozedur->LocalCallsChecked, 0);
+            EXPECT_EQ(prozedur->CallsAll().Count() + prozedur->UsesAll().Count() + prozedur->LocalCallsChecked, 0);
         for (const clsType* type : modul->myTypes)
-            EXPECT_EQ(type->UsedByAll.Count(), 0);
+            EXPECT_EQ(type->UsedByAll().Count(), 0);
         for (const clsEnum* einEnum : modul->myEnums)
-            EXPECT_EQ(einEnum->UsedByAll.Count(), 0);
+            EXPECT_EQ(einEnum->UsedByAll().Count(), 0);
     }
     for (const char* member : {"f.t.m", "f.e.k"})
         expectNone(ObjectAt(member));
@@ -86,6 +86,6 @@ TEST_F(CallsDriver, TouchingItsOwnLocalsIsNoCall) {
     Who_Calls_Who(*gProjekt);
     clsProzedur& run = ProcedureAt("module1.run");
     Check_ProcVars_Calls(*gProjekt, run);
-    EXPECT_GT(run.CallsAll.Count(), 0);
+    EXPECT_GT(run.CallsAll().Count(), 0);
     EXPECT_FALSE(Is_Calls(run, CallType::Really));
 }

@@ -5,7 +5,7 @@ namespace {
 
 class MayBeCalls : public ProgramState {
 protected:
-    // What the statement, in which nothing is known of x and y, may call from a sub in `file`; "|" ends a line.
+    // The possible calls of the statement in a sub of `file`, with x and y of unknown type; "|" ends a line.
     static std::string Of(const char* file, const char* declarations, const char* statement,
                           const ProjectFile& other = {"Z.bas", "Dim nothingElse\r\n"}) {
         const std::string text = std::string(declarations) + "|Sub Run()|" + statement + "|End Sub|";
@@ -45,14 +45,14 @@ TEST_F(MayBeCalls, ReachProceduresThatMatchTheMode) {
           Case{"Private Sub m()|End Sub", "x.m", ""}}) {
         SCOPED_TRACE(std::string(procedure) + " " + statement);
         EXPECT_EQ(Of("A.bas", "", statement, {"C.cls", procedure}), edges);
-        EXPECT_EQ(Of("A.bas", "", statement, {"C.bas", procedure}), "");  // never of a standard module
+        EXPECT_EQ(Of("A.bas", "", statement, {"C.bas", procedure}), "");  // never in a standard module
     }
 }
 
 TEST_F(MayBeCalls, ReachPrivateMembersOfTheCallersOwnModule) {
     using Case = std::tuple<const char*, const char*, const char*, const char*>;
     for (const auto& [text, statement, fromClass, fromModule] :
-         {Case{"Private m", "y = x.m", "? m", ""}, Case{"Public m", "y = x.m", "? m", ""},  // as any public one
+         {Case{"Private m", "y = x.m", "? m", ""}, Case{"Public m", "y = x.m", "? m", ""},  // like any public one
           Case{"Private Const m = 1", "y = x.m", "? m", ""}, Case{"Private Const m = 1", "x.m = 1", "", ""},
           Case{"Public Const m = 1", "y = x.m", "", ""},
           Case{"Private Type T|m As Long|End Type", "y = x.m", "? t.m", "? t.m"},

@@ -11,7 +11,8 @@ struct Case {
 
 class ProcedureCalls : public ProgramState {
 protected:
-    // What `body` calls and uses as the body of a sub in Main.bas, beside a few modules that know each other.
+    // The calls and uses of a sub in Main.bas with the body `body`, in a project of several modules that call each
+    // other.
     static std::string Of(std::string_view body) {
         ReadProject(
             {{"Main.bas",
@@ -44,7 +45,7 @@ protected:
             EXPECT_EQ(Of(c.body), c.edges);
         }
     }
-    // What the procedure at `caller` calls and uses in a project of one module.
+    // The calls and uses of the procedure at `caller` in a project of one module.
     static std::string Of(std::string_view snippet, std::string_view file, std::string_view caller) {
         ReadModule(snippet, file);
         Who_Calls_Who(*gProjekt);
@@ -70,7 +71,7 @@ TEST_F(ProcedureCalls, WordInAValueIsRead) {
             {"n = 1 & P", "> n; > p [get]"}});
 }
 
-TEST_F(ProcedureCalls, EqualsSignBehindTheWordAssignsToIt) {
+TEST_F(ProcedureCalls, EqualsSignAfterTheWordAssignsToIt) {
     Expect({{"P = 1", "> p [let]"},
             {"P = P", "> p [let]; > p [get]"},
             {"Set P = t", "> p [set]; > t"},
@@ -78,8 +79,7 @@ TEST_F(ProcedureCalls, EqualsSignBehindTheWordAssignsToIt) {
             {"Set P(1) = t", "> p [set]; > t"}});
 }
 
-// The first argument behind a comma and a blank makes the rest of the statement a value; a lone argument is judged as
-// a call itself.
+// A comma and a blank between arguments make them values, which are read; a single argument counts as a call.
 TEST_F(ProcedureCalls, ArgumentsWithoutBrackets) {
     Expect({{"Go P", "> go"},
             {"Go Calc", "> go; > calc"},
@@ -107,14 +107,14 @@ TEST_F(ProcedureCalls, UnbalancedBracketsEndWithTheStatement) {
             {"Go ))((n", "> go; > n"}});
 }
 
-TEST_F(ProcedureCalls, WithGivesItsObjectToTheDotsInside) {
+TEST_F(ProcedureCalls, DotsInsideWithReferToItsObject) {
     Expect({{"With t: .Run: End With", "> t; > thing.run"},
-            {"With t: Set .Name = u: End With", "> t; > thing.name [let]; > u"},  // the dot makes a name of Set
+            {"With t: Set .Name = u: End With", "> t; > thing.name [let]; > u"},  // after the dot, Set is a name
             {"With t: If .Value Then .Run: End With", "> t; > thing.value; > thing.run"},
             {"With t: Go .Value, .Name: End With", "> t; > go; > thing.value; > thing.name [get]"},
             {"With t: r.inner.Run: End With", "> t; > r; > rec.inner; > thing.run"},
             {"With t: .Inner.Inner.Run: End With", "> t; > thing.inner; > thing.inner; > thing.run"},
-            // the last name of the line is the object
+            // the object is the last name of the line
             {"With r.inner: .Run: End With", "> r; > rec.inner; > thing.run"},
             {"With Calc(n): .Run: End With", "> calc; > n; > thing.run"},
             {"With New Thing: .Run: End With", ""},
@@ -123,31 +123,31 @@ TEST_F(ProcedureCalls, WithGivesItsObjectToTheDotsInside) {
 
 TEST_F(ProcedureCalls, NestedWithKnowsNothingOfTheOuterOne) {
     Expect({{"With u: With t: .Run: End With: End With", "> u; > t; > thing.run"},
-            // behind the inner one nothing is active any more
+            // after the inner End With no With object is active
             {"With t: With u: End With: .Run: n = .Value: End With", "> t; > u; ? thing.run; > n; ? thing.value"},
             {"With t: With .Inner: .Value = 1: End With: End With", "> t; ? rec.inner; ? thing.inner"}});
 }
 
-// Only the dot that opens a statement is certain of the object.
+// The With object only determines a member after a dot that opens a statement.
 TEST_F(ProcedureCalls, UnknownMembersInsideWith) {
     Expect({{"With t: .Only = 1: End With", "> t"},
             {"With t: n = .Only: End With", "> t; > n; ? other.only"},
             {"With t: u.Only = 1: End With", "> t; > u; ? other.only"},
-            // a dot behind a bracket goes on with what the bracket held before
+            // a dot after a bracket continues the chain of the bracket's content
             {"With t: n = Calc(.Value): End With", "> t; > n; > calc; ? thing.value"},
             {"With u: n = Calc(t) + Calc(.Value): End With", "> u; > n; > calc; > t; > calc; > thing.value"}});
 }
 
-TEST_F(ProcedureCalls, TypesBehindAsAreUsed) {
+TEST_F(ProcedureCalls, TypesAfterAsAreUsed) {
     Expect({{"Dim a, b As New Thing", ": thing"},
             {"Dim a(n) As Rec", "> n; : rec [type]"},
             {"Dim a As Project1.Thing, b As Lib.Shade", ": thing; : lib.shade [enum]"},
             {"Dim a As Long, b As Form1, c As Dial", ": form1; : dial"},
-            {"Dim a As Lib", ""},  // a standard module is no type
+            {"Dim a As Lib", ""},  // a standard module is not a type
             {"Set t = New Thing", "> t"}});
 }
 
-TEST_F(ProcedureCalls, KeywordBehindADotStaysOneUnlessADotFollows) {
+TEST_F(ProcedureCalls, KeywordAfterADotStaysAKeywordUnlessADotFollows) {
     Expect({{"t.Open n", "> t; > n"},
             {"r.step = 1", "> r"},
             {"r.input.Value = 1", "> r; > rec.input; > thing.value"},
@@ -159,7 +159,7 @@ TEST_F(ProcedureCalls, ModulesControlsAndUserControls) {
             {"Form1.Command1(2).Caption = n", "> form1; > form1.command1; > n"},
             {"Form1.Dial1.Turn = 1", "> form1; > form1.dial1; > dial.turn [let]"},
             {"Load Form1", ""},                       // a module is only read
-            {"Command1.Value = 1", "? thing.value"},  // a control of another form is no bare name
+            {"Command1.Value = 1", "? thing.value"},  // a control of another form is not visible as a bare name
             {"u.Command1.Turn = 1", "> u; ? form1.command1; ? dial.turn [let]"},
             {"Lib.Hidden", "> lib; > lib.hidden"}});
 }
@@ -176,12 +176,12 @@ TEST_F(ProcedureCalls, PublicNamesOfOtherModules) {
 }
 
 TEST_F(ProcedureCalls, NearerNamesShadowFartherOnes) {
-    Expect({{"n = 1", "> n"},  // Lib has an n and a Go as well
+    Expect({{"n = 1", "> n"},  // Lib also has an n and a Go
             {"Lib.n = 1", "> lib; > lib.n"},
             {"Go", "> go"},
-            {"Dim n, Go: n = Go", ""},  // locals give no edges
+            {"Dim n, Go: n = Go", ""},  // locals get no edges
             {"Dim t As Other: t.Only = 1", ": other; > other.only"},
-            {"n = part", "> n"}});  // members are no bare names
+            {"n = part", "> n"}});  // members are not visible as bare names
     EXPECT_EQ(Of("Function F(a)\nF = a\nEnd Function\nSub S()\nF 1\nEnd Sub", "M.bas", "m.f"), "");
     EXPECT_EQ(DumpEdgesOf("m.s"), "> f");
 }
@@ -193,8 +193,8 @@ TEST_F(ProcedureCalls, MeReachesPrivateMembersAndEventsAreCalled) {
               "> me; > secret; > me; > v; > done; > v");
 }
 
-// Only the numbers are compared, of whatever module they are.
-TEST_F(ProcedureCalls, NoEdgeToAProcedureWhoseNameStandsAtTheSamePosition) {
+// Compares only the positions, also of procedures in different modules.
+TEST_F(ProcedureCalls, NoEdgeToAProcedureWhoseNameIsAtTheSamePosition) {
     const std::string caller = "Sub Run()\r\nTarget\r\nEnd Sub\r\n";
     for (const auto& [target, edges] : {std::pair("'2345\r\nSub Target()\r\nEnd Sub\r\n", ""),
                                         std::pair("'23456\r\nSub Target()\r\nEnd Sub\r\n", "> a.target")}) {

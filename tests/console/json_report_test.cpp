@@ -69,7 +69,7 @@ TEST_F(JsonReports, DroppedNamesakesStayOut) {
                     "enum member module1.e.x", "enum member module1.e.y", "procedure module1.s"));
 }
 
-TEST_F(JsonReports, ModulesLibrariesAndProblemsStandInTheOrderOfTheProjectFile) {
+TEST_F(JsonReports, ModulesLibrariesAndProblemsAreInTheOrderOfTheProjectFile) {
     ReadProject({{"P.vbp",
                   "Name=\"P\"\nClass=C; C.cls\nModule=X; X.bas\nModule=A; sub\\..\\A.bas\nModule=A; A2.bas\n"
                   "Reference=*\\G{1}#2.0#0#C:\\x.dll#The X\nObject={2}#1.0#0; y.ocx\n"},

@@ -1,4 +1,4 @@
-// The program as people and pipelines run it: options, exit status, files and streams.
+// Runs the program as users and scripts do: options, exit status, files and streams.
 #include <gmock/gmock.h>
 #include <sys/wait.h>
 
@@ -28,7 +28,7 @@ struct Outcome {
 
 class ReportProgram : public testing::Test {
 protected:
-    // In the test's own directory, with the words of a shell.
+    // Runs the program in the test's directory; `arguments` is split as in a shell.
     Outcome Run(const std::string& arguments) const {
         const std::string command =
             "cd '" + dir_.Path() + "' && '" OSTRIVANE_REPORT_PROGRAM "' " + arguments + " > .out 2> .err";
@@ -42,7 +42,7 @@ protected:
         return Json::parse(run.out);
     }
     void CopySample() const { fs::copy(kSource / "samples", dir_.Path("samples"), fs::copy_options::recursive); }
-    // P.vbp with one module.
+    // Writes P.vbp with one module.
     void WriteProject(std::string_view module = "Dim a\n", std::string_view furtherLines = "") const {
         dir_.Write("P.vbp", "Module=A; A.bas\n" + std::string(furtherLines));
         dir_.Write("A.bas", module);
@@ -57,7 +57,7 @@ protected:
             }
         return files;
     }
-    // The names of those files, each with "; " behind it.
+    // The names of those files, each followed by "; ".
     std::string FileNames(const std::string& directory) const {
         std::string names;
         for (const auto& [name, bytes] : Files(directory))
@@ -93,7 +93,7 @@ TEST_F(ReportProgram, SampleIsAllWell) {
         EXPECT_THAT(run.out, testing::ContainsRegex(std::string("  ") + label + " +" + std::to_string(count) + "\n"));
     }
     EXPECT_THAT(run.out, testing::ContainsRegex("  Time for calls +[0-9.]+ s\n"));
-    // The reports lie beside the sources.
+    // The reports are beside the sources.
     EXPECT_TRUE(fs::exists(dir_.Path("samples/Shared/TextTools.bas Structure.txt")));
     std::ifstream golden(kSource / "tests/golden/structure/clsHire.cls.txt", std::ios::binary);
     EXPECT_EQ(dir_.Bytes("samples/ToolHire/clsHire.cls Structure.txt"),
@@ -137,7 +137,7 @@ TEST_F(ReportProgram, MissingModuleIsNamedAndTheRestIsRead) {
     EXPECT_EQ(json["modules"].size(), 1U);
     ASSERT_EQ(json["problems"].size(), 1U);
     EXPECT_THAT(json["problems"][0]["text"].get<std::string>(), HasSubstr("X.bas"));
-    EXPECT_EQ(Run("--quiet P.vbp").err, run.err);  // quiet about the work, not about what went wrong
+    EXPECT_EQ(Run("--quiet P.vbp").err, run.err);  // suppresses progress and summary, but not errors
 }
 
 TEST_F(ReportProgram, OutputThatCannotBeWrittenIsNamed) {
@@ -175,7 +175,7 @@ TEST_F(ReportProgram, KindsOfReportsAreThoseNamedOrAll) {
     EXPECT_THAT(dir_.Bytes("P.vbp Deaths.txt"), HasSubstr("\r\nT\tpublic sub\r\n"));
 }
 
-TEST_F(ReportProgram, CheckLocalsTellsUnusedArguments) {
+TEST_F(ReportProgram, CheckLocalsReportsUnusedArguments) {
     WriteProject("Function F(a, b)\nF = a\nEnd Function\n");
     std::map<std::string, Json> objects;
     const Json json = RunJson("--check-locals P.vbp");
@@ -183,11 +183,11 @@ TEST_F(ReportProgram, CheckLocalsTellsUnusedArguments) {
         objects[object["codePath"]] = object;
     EXPECT_EQ(objects["a.f.a"]["unused"], false);
     EXPECT_EQ(objects["a.f.b"]["unused"], true);
-    EXPECT_FALSE(objects["a.f.f"].contains("unused"));  // the result
+    EXPECT_FALSE(objects["a.f.f"].contains("unused"));  // the result variable
     EXPECT_FALSE(RunJson("P.vbp")["objects"].back().contains("unused"));
 }
 
-TEST_F(ReportProgram, NoReportsWritesNothingAndJsonOnStandardOutputStandsThereAlone) {
+TEST_F(ReportProgram, NoReportsWritesNothingAndStandardOutputHasOnlyTheJson) {
     WriteProject();
     EXPECT_EQ(Run("--no-reports --quiet P.vbp").out, "");
     EXPECT_FALSE(fs::exists(dir_.Path("A.bas Structure.txt")));

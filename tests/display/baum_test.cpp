@@ -5,7 +5,7 @@
 
 namespace {
 
-// Writes down all that it is told, one word each: "insert:parent/0", "reset(", ")reset".
+// Records all notifications, one word each: "insert:parent/0", "reset(", ")reset".
 class Recorder : public BaumListener {
 public:
     void BeginReset() override { told.push_back("reset("); }
@@ -47,14 +47,14 @@ protected:
 
 TEST_F(BaumTest, KeysAreFoundWithoutRegardToCaseAndTakenOnce) {
     BaumNode* root = tree.Add(nullptr, "form[]", "FORM", "OrdnerZu");
-    BaumNode* node = tree.Add(root, "frm\xC4rger.x", "x", "");  // A with two dots, and its small form
+    BaumNode* node = tree.Add(root, "frm\xC4rger.x", "x", "");  // lower and upper case of A umlaut
     EXPECT_EQ(tree.Item("FRM\xE4RGER.X"), node);
     EXPECT_EQ(tree.Add(root, "FRM\xE4rger.X", "other", ""), nullptr);
     EXPECT_EQ(tree.Item("frm"), nullptr);
     EXPECT_EQ(tree.Count(), 2);
 }
 
-TEST_F(BaumTest, ChildrenOfASortedNodeStandByTextAndEqualOnesByEntry) {
+TEST_F(BaumTest, ChildrenOfASortedNodeAreSortedByTextThenByEntry) {
     BaumNode* inside = AddSorted("inside");
     {
         const Baum::Filling filling(tree);
@@ -90,7 +90,7 @@ TEST_F(BaumTest, RemovedBranchesAreForgottenAndTheirSelectionWithThem) {
     EXPECT_FALSE(tree.Exist("a.1"));
     EXPECT_EQ(root->Child()->Row(), 0);
     EXPECT_EQ(tree.Count(), 2);
-    // What comes after begins afresh.
+    // A new node with the key of a removed one starts collapsed.
     EXPECT_FALSE(tree.Add(root, "a", "new", "")->Expanded());
     EXPECT_EQ(DumpBaum(tree), "r []\n  b []\n  new []\n");
 }
@@ -136,7 +136,7 @@ TEST_F(BaumTest, AFillingIsOneResetOrOneChangeOfLooks) {
     EXPECT_TRUE(root->Expanded());
 }
 
-TEST_F(BaumTest, SingleStepsAreToldOnlyWhenSomethingChanges) {
+TEST_F(BaumTest, SingleStepsNotifyOnlyAboutChanges) {
     BaumNode* root = tree.Add(nullptr, "r", "r", "image");
     BaumNode* child = tree.Add(root, "c", "c", "");
     Recorder recorder;

@@ -45,7 +45,7 @@ TEST_F(CodeColours, DeclarationsShowWhatTheyUse) {
 }
 
 TEST_F(CodeColours, CommentsStringsInactiveCodeAndTheResult) {
-    // The tokeniser marks closing quotes for its own use; they are as much of the string as the opening ones.
+    // The tokeniser flags closing quotes for its own use; they belong to the string like the opening ones.
     EXPECT_EQ(Procedure(R"(
         Function F(a)
             x = "a""b" ' it's "quoted"
@@ -88,7 +88,7 @@ TEST_F(CodeColours, CallsAreTheirModulesOrOthersOrPossible) {
               "maybe:Member local:t callOut:T local:o callOut:C");
 }
 
-TEST_F(CodeColours, ProcedureIsShownWholeAndTellsWhereItStands) {
+TEST_F(CodeColours, ProcedureIsShownWithItsPosition) {
     const CodeText shown = Procedure(R"(
         Option Explicit
 
@@ -106,7 +106,7 @@ TEST_F(CodeColours, ProcedureIsShownWholeAndTellsWhereItStands) {
     EXPECT_EQ(shown.Shown(47, 1), std::nullopt);
 }
 
-TEST_F(CodeColours, DeadAndUndeadProceduresStandOnGrey) {
+TEST_F(CodeColours, DeadAndUndeadProceduresHaveAGreyBackground) {
     for (const bool alive : {false, true}) {
         ReadModule(alive ? "Sub Form_Load()\n    b\nEnd Sub\nSub b()\nEnd Sub\n"
                          : "Sub a()\n    b\nEnd Sub\nSub b()\nEnd Sub\n",
@@ -117,7 +117,7 @@ TEST_F(CodeColours, DeadAndUndeadProceduresStandOnGrey) {
     }
 }
 
-TEST_F(CodeColours, LibraryTellsItsFileFirst) {
+TEST_F(CodeColours, LibraryShowsItsFileFirst) {
     clsTypeLib library;
     library.SetName(Name("MSComctlLib"));
     library.InprocServer32 = "C:\\Windows\\comctl.ocx";
@@ -130,9 +130,9 @@ TEST_F(CodeColours, LaterSelectionsCoverEarlierOnes) {
     EXPECT_TRUE(paint.Spans().empty());
     paint.Select(12, 5, Colour::Comment);
     paint.Select(14, 1, Colour::CallIn);
-    paint.Select(1, 10, Colour::Public);    // from before the stretch
+    paint.Select(1, 10, Colour::Public);    // from before the range
     paint.Select(19, 100, Colour::Public);  // beyond its end
-    paint.Select(0, 99, Colour::Private);   // no place at all
+    paint.Select(0, 99, Colour::Private);   // not a position
     EXPECT_EQ(paint.Spans(), (std::vector<CodeSpan>{{0, 1, Colour::Public},
                                                     {2, 2, Colour::Comment},
                                                     {4, 1, Colour::CallIn},
@@ -141,7 +141,7 @@ TEST_F(CodeColours, LaterSelectionsCoverEarlierOnes) {
 }
 
 TEST_F(CodeColours, PageIsSettledByTheWholeModule) {
-    // Valid UTF-8 in the procedure alone, but not in the module, whose first line is Windows-1252.
+    // Valid UTF-8 in the procedure, but not in the whole module, whose first line is Windows-1252.
     ReadModuleAsItIs("' \xE9\r\nSub S()\r\n' \xC3\xA9\r\nEnd Sub\r\n", "M.bas");
     EXPECT_EQ(Procedure("m.s").page->Setting(), "1252");
     ReadModuleAsItIs("' \xC3\xA9\r\nSub S()\r\nEnd Sub\r\n", "M.bas");

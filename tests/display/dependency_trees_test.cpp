@@ -54,7 +54,7 @@ protected:
     static std::string Shown(const Baum& tree) {
         return KeysWhere(tree, [](const BaumNode& node) { return node.Children() == 0; });
     }
-    // What the trees show for an object: "callers|possible callers|callees|possible callees".
+    // Content of the trees for an object: "callers|possible callers|callees|possible callees".
     static std::string Around(std::string_view path) {
         std::string text;
         for (const bool callers : {true, false})
@@ -66,7 +66,7 @@ protected:
             }
         return text;
     }
-    // The enabled buttons, a letter each, in the same order.
+    // The enabled buttons, one letter each, in the same order.
     static std::string Buttons(std::string_view path) {
         const DependencyButtons buttons = Activate_Dependencies(*gProjekt, &Object(path));
         std::string text;
@@ -83,7 +83,7 @@ protected:
 TEST_F(DependencyTrees, EveryClassOfObjectShowsItsNeighbours) {
     using Case = std::tuple<const char*, const char*, const char*>;
     for (const auto& [path, around, buttons] : {
-             // What it uses is shown among the calls, but is none.
+             // Uses are shown among the calls, but do not enable the button of the calls.
              Case{"mmain.help", "mmain.lost mmain.main||mmain.kind [enum]|", "B"},
              Case{"mmain.main",
                   "frmx.tick_timer||mmain.pair.first mmain.kind.ka mmain.help mmain.mbox mmain.gcount "
@@ -94,7 +94,7 @@ TEST_F(DependencyTrees, EveryClassOfObjectShowsItsNeighbours) {
              Case{"mmain.gcount", "mmain.main cbox.rate [let]|||", "B"},
              Case{"mmain.help.x", "mmain.lost mmain.main||mmain.kind [enum]|", "B"},
              Case{"frmx.tick", "frmx.tick_timer|||", "B"},
-             // Types and modules show what their parts have.
+             // Types and modules show the neighbours of their parts.
              Case{"mmain.kind [enum]", "mmain.main mmain.help|||", "B"},
              Case{"mmain.pair [type]", "mmain.main|||", "B"},
              Case{"cbox", "mmain.main|mmain.main|mmain.gcount|", "BbC"},

@@ -11,14 +11,14 @@ protected:
             search_.Build(*gProjekt);
         return search_.Find(typed, limit);
     }
-    // The path of each hit, as spelled.
+    // The path of each hit, as spelled in the source.
     std::vector<std::string> Paths(std::string_view typed, std::size_t limit = 100) {
         std::vector<std::string> paths;
         for (const Hit& hit : Hits(typed, limit))
             paths.push_back(hit.object->CodePathOrg());
         return paths;
     }
-    // "kind name", with what fits in brackets.
+    // "kind name", with the matching characters in brackets.
     std::vector<std::string> Marked(std::string_view typed) {
         std::vector<std::string> marked;
         for (const Hit& hit : Hits(typed)) {

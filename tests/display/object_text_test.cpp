@@ -23,7 +23,7 @@ protected:
 
 }  // namespace
 
-TEST_F(Hover, TellsKindDeclarationOwnerNeighboursAndLines) {
+TEST_F(Hover, ShowsKindDeclarationOwnerNeighboursAndLines) {
     ReadProject({{"M.bas", R"(
                       Public Const c As Long = 5 ' five
                       Public Type T
@@ -88,7 +88,7 @@ TEST_F(Hover, CallsBetweenTwoObjectsAreCounted) {
     EXPECT_EQ(CallsText(ModuleOf("m"), target, CallType::Really), "2 certain, first in line: 2");
     EXPECT_EQ(CallsText(caller, target, CallType::MayBe), "");
     EXPECT_EQ(CallsText(caller, ObjectAt("c.go"), CallType::MayBe), "1 possible, first in line: 4");
-    // A form is called over its instance.
+    // A use of the form's implicit instance counts as a call of the form.
     EXPECT_THAT(Of("f"), testing::HasSubstr("|Called by: 1 certain, 0 possible|"));
     EXPECT_EQ(CallsText(ModuleOf("m"), ModuleOf("f"), CallType::Really), "1 certain, first in line: 5");
 }

@@ -46,7 +46,7 @@ constexpr const char* kClass = R"(
 
 }  // namespace
 
-TEST_F(ProjectTree, GroupsStandInTheirOrderAndSortByName) {
+TEST_F(ProjectTree, GroupsKeepTheirOrderAndSortByName) {
     ReadModule(kClass, "clsBox.cls");
     EXPECT_THAT(Shown(), testing::HasSubstr("\n    Private Function... [procedure] bold\n      Alpha() [procedure]\n"));
     EXPECT_EQ(KeysBelow("clsbox"),
@@ -64,7 +64,7 @@ TEST_F(ProjectTree, LocalsAreShownWhenTheOptionSaysSo) {
         const CodeObject* object = ObjectOfNode(tree.Item(key)->Key());
         EXPECT_TRUE(object && object->CodePath() == key) << key;
     }
-    EXPECT_EQ(ObjectOfNode("clsbox.Public_Sub[]"), ObjectOfNode("clsbox"));  // a group stands for its module
+    EXPECT_EQ(ObjectOfNode("clsbox.Public_Sub[]"), ObjectOfNode("clsbox"));  // a group represents its module
 }
 
 TEST_F(ProjectTree, ASecondRunAddsOnlyWhatIsMissing) {
@@ -79,7 +79,7 @@ TEST_F(ProjectTree, ASecondRunAddsOnlyWhatIsMissing) {
     EXPECT_EQ(KeysBelow("clsbox.pair [type]"), "clsbox.pair.first | clsbox.pair.second");
 }
 
-TEST_F(ProjectTree, ProgressStepsForEachModuleAndACancelLeavesWhatStands) {
+TEST_F(ProjectTree, ProgressStepsForEachModuleAndACancelKeepsTheNodesSoFar) {
     const std::string source = "Sub x()\r\nEnd Sub\r\n";
     ReadProject({{"A.bas", source}, {"B.bas", source}, {"C.cls", source}});
     {

@@ -7,7 +7,7 @@ namespace {
 
 class Properties : public ProgramState {
 protected:
-    // "Name=S 77=public 78=sub", numbers for texts of the language file.
+    // "Name=S 77=public 78=sub"; a number is that of a text in the language file.
     static std::string Dump(const std::optional<PropertyRows>& rows) {
         if (!rows)
             return "as it was";

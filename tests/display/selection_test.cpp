@@ -38,7 +38,7 @@ protected:
     }
     CodePane::Change Show(std::string_view key) { return pane.Show_Structure(*gProjekt, Select(key)); }
 
-    // "obj=form1.x mod=form1 proc=", what is set of the current objects.
+    // The current objects that are set: "obj=form1.x mod=form1 proc=".
     static std::string Dump(const Selection& selection) {
         std::string dump;
         const auto add = [&dump](const char* name, const CodeObject* object) {
@@ -59,7 +59,7 @@ protected:
     std::string Part(const CodeRange& range) const {
         return std::string(Mid(pane.Text().text, range.start + 1, range.length));
     }
-    // What changed: "text m.s select S places 12:x(local)", line of the file and name of each place.
+    // The changes: "text m.s select S places 12:x(local)", with the line of the file and the name of each place.
     std::string Dump(const CodePane::Change& change) const {
         std::string dump = change.newText ? "text " + pane.ShownPath() : std::string();
         if (change.select)
@@ -72,7 +72,7 @@ protected:
         return dump;
     }
     static std::string PathOf(const CodeObject* object) { return object ? object->CodePath() : "-"; }
-    // The module of the tests and a class.
+    // Reads the module of the tests and a class.
     static void ReadBoth() {
         ReadProject({{"M.bas", std::string(kModule)}, {"C.cls", "Public Sub Member(): End Sub"}});
         Analyse();
@@ -108,7 +108,7 @@ TEST_F(Selecting, DependenciesAreNeededForAnotherObjectOnly) {
     LastCodePaths last = Set_LastObjects(selection);
     EXPECT_EQ(last, (LastCodePaths{"m.s", "m", "m.s", "", "", "", ""}));
     EXPECT_FALSE(NeedsDependencies(Select("m.s"), last));
-    EXPECT_FALSE(NeedsDependencies(Select("m.s.x"), last));  // stands for its procedure
+    EXPECT_FALSE(NeedsDependencies(Select("m.s.x"), last));  // an argument counts as its procedure
     EXPECT_TRUE(NeedsDependencies(Select("m.v"), last));
     last = Set_LastObjects(selection);
     EXPECT_TRUE(NeedsDependencies(Select("m.s.x"), last));
@@ -132,12 +132,12 @@ TEST_F(Selecting, CodeFollowsTheObjectAndIsMadeOnce) {
     EXPECT_EQ(Dump(Show("m.t.m")), "text m select m");
     pane.Forget();
     EXPECT_EQ(Dump(Show("m.v")), "text m select v");
-    EXPECT_EQ(Dump(Show("m.gone")), "");  // the module is known
+    EXPECT_EQ(Dump(Show("m.gone")), "");  // the module exists
     EXPECT_EQ(Dump(Show("gone")), "text ");
     EXPECT_EQ(pane.Text().text, "");
 }
 
-TEST_F(Selecting, PlacesOfACallStandInTheTextOfTheCaller) {
+TEST_F(Selecting, PlacesOfACallAreInTheTextOfTheCaller) {
     ReadBoth();
     const auto places = [this](std::string_view object, std::string_view from, CallType type) {
         return Dump(pane.SelectCallsOfObject(*gProjekt, ObjectAt(object), ObjectAt(from), type));
@@ -148,7 +148,7 @@ TEST_F(Selecting, PlacesOfACallStandInTheTextOfTheCaller) {
     EXPECT_EQ(places("c.member", "m.other", CallType::MayBe), "text m.other maybe:Member");
     EXPECT_EQ(places("m.e [enum]", "m.p [get]", CallType::Really), "text m.p [get] callIn:One");
     EXPECT_EQ(places("m.t2 [type]", "m", CallType::Really), "text m callIn:T2");
-    // A form stands for its implicit instance.
+    // The name of a form refers to its implicit instance.
     ReadProject({{"M.bas", "Sub S()\n  F.Show\n  Dim g As New F\nEnd Sub\n"}, {"F.frm", "Sub X()\nEnd Sub\n"}});
     Analyse();
     pane.Forget();
@@ -172,30 +172,30 @@ TEST_F(Selecting, PositionInAProcedureLeadsToWhatIsNamedThere) {
     (void)ShowMe(*gProjekt, prozedur);
     const auto hit = [&](Pos pos) { return PathOf(SelChanged(prozedur, pos - prozedur.DeclareStart)); };
     EXPECT_EQ(hit(vb.pos(1)), "-");
-    EXPECT_EQ(hit(vb.pos(2)), "m.s.x");  // declared here
+    EXPECT_EQ(hit(vb.pos(2)), "m.s.x");  // the declaration itself
     EXPECT_EQ(hit(vb.pos(3)), "m.other");
     EXPECT_EQ(hit(vb.pos(4)), "m.other");
     EXPECT_EQ(hit(vb.pos(4) + 1), "-");
     EXPECT_EQ(hit(vb.pos(5)), "m.v");
-    EXPECT_EQ(hit(vb.pos(6)), "-");  // a possible call leads nowhere for certain
+    EXPECT_EQ(hit(vb.pos(6)), "-");  // a possible call has no certain target
 }
 
 TEST_F(Selecting, ShownTextDecidesWhatAClickAndTheHoverMean) {
     ReadBoth();
-    // The object at the first place of a word in the shown text, for a click and for the hover text.
+    // The object at the first occurrence of a word in the shown text, for a click and for the hover text.
     const auto at = [this](std::string_view word, Pos selLength = 0) {
         const auto pos = static_cast<Pos>(pane.Text().text.find(word));
         return PathOf(pane.ObjectClicked(selection, pos, selLength)) + " " + PathOf(pane.ObjectAt(pos));
     };
     EXPECT_EQ(at(""), "- -");
-    (void)Show("m.api");  // stands in the declarations, though it is the current procedure
+    (void)Show("m.api");  // in the declarations, though it is the current procedure
     EXPECT_EQ(at("Api"), "m.api m.api");
     EXPECT_EQ(at("m As T2"), "m.t [type] m.t.m");
     EXPECT_EQ(at("T2"), "m.t2 [type] m.t2 [type]");
     EXPECT_EQ(at("One"), "m.e [enum] m.e.one");
     EXPECT_EQ(at("v As"), "m.v m.v");
     (void)Show("m.t [type]");
-    EXPECT_EQ(at("m As T2"), "- m.t.m");  // it stays
+    EXPECT_EQ(at("m As T2"), "- m.t.m");  // the pane does not change
     (void)Show("m.other");
     EXPECT_EQ(at("Member"), "- c.member");
     EXPECT_EQ(at("Other"), "- m.other");
@@ -204,7 +204,7 @@ TEST_F(Selecting, ShownTextDecidesWhatAClickAndTheHoverMean) {
     EXPECT_EQ(at("Other", 3), "- m.other");
 }
 
-TEST_F(Selecting, PathLineEndsWithWhatThePathDoesNotTell) {
+TEST_F(Selecting, PathLineEndsWithAccessKindOrType) {
     ReadModule(kModule, "M.bas");
     EXPECT_EQ(CodePath_Anzeigen(Selection()), "");
     EXPECT_EQ(CodePath_Anzeigen(Select("m")), "M   p\\M.bas");
@@ -213,12 +213,12 @@ TEST_F(Selecting, PathLineEndsWithWhatThePathDoesNotTell) {
     EXPECT_EQ(CodePath_Anzeigen(Select("m.t [type]")), "M.T [Type]   private type");
     EXPECT_EQ(CodePath_Anzeigen(Select("m.v")), "M.v   long");
     ReadModule("VERSION 5.00\nBegin VB.Form F\n  Begin VB.TextBox txt\n  End\nEnd\nPrivate a As Long\n", "F.frm");
-    EXPECT_EQ(Dump(Show("f.txt")), "text f");  // its name stands in no code
+    EXPECT_EQ(Dump(Show("f.txt")), "text f");  // its name does not occur in the code
     EXPECT_EQ(Dump(selection), "obj=f.txt mod=f control=f.txt");
     EXPECT_EQ(CodePath_Anzeigen(selection), "F.txt   vb.textbox");
 }
 
-TEST_F(Selecting, PlaceOfTheCursorIsToldInTextAndModule) {
+TEST_F(Selecting, PlaceOfTheCursorIsKnownInTextAndModule) {
     ReadModule("Option Explicit\nSub S()\n  a = 1\nEnd Sub\n", "M.bas");
     (void)Show("m.s");
     std::string dump;
@@ -227,7 +227,7 @@ TEST_F(Selecting, PlaceOfTheCursorIsToldInTextAndModule) {
     EXPECT_EQ(dump, "Zeile=3 SelStart=11 (29) SelEnd=12 (30) SelLength=1 ");
 }
 
-TEST(Navigation, GoesBackAndForwardAndCutsOffWhatLiesAhead) {
+TEST(Navigation, GoesBackAndForwardAndDiscardsTheEntriesAhead) {
     NavigationList list;
     EXPECT_EQ(list.NavCodeKey_Prev(), nullptr);
     list.AddNavCodeKey("a");
@@ -240,7 +240,7 @@ TEST(Navigation, GoesBackAndForwardAndCutsOffWhatLiesAhead) {
     const NavigationList::Record* record = list.NavCodeKey_Prev();
     ASSERT_NE(record, nullptr);
     EXPECT_EQ(std::tuple(record->Key, record->SelStart, record->SelLength), std::tuple("b", 7, 2));
-    list.AddNavCodeKey("b");  // as its activation does
+    list.AddNavCodeKey("b");  // as the activation of an object does
     EXPECT_TRUE(list.NavNextEnabled());
     EXPECT_EQ(list.NavCodeKey_Next()->Key, "c");
     EXPECT_EQ(list.NavCodeKey_Next(), nullptr);

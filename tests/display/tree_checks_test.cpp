@@ -28,7 +28,7 @@ protected:
         tree.SetChecked(node, !node.Checked());
         return NodeCheck(*gProjekt, tree, node, content);
     }
-    // Keys of the checked nodes in the order of the tree, and behind the line the checked objects.
+    // Keys of the checked nodes in the order of the tree, then a "|" and the checked objects.
     std::string Checked() const {
         std::string keys = KeysWhere(tree, [](const BaumNode& node) { return node.Checked(); });
         keys += keys.empty() ? "|" : " |";
@@ -78,7 +78,7 @@ TEST_F(TreeChecks, WithTheChartsShowingNothingIsFiled) {
     EXPECT_EQ(Click("a").effect, CheckEffect::ShowGroup);
 }
 
-TEST_F(TreeChecks, ObjectsAreFoundAnewUnderTheirPaths) {
+TEST_F(TreeChecks, ObjectsAreFoundAgainByTheirPaths) {
     Click("a");
     Click("b.one");
     ReadProject({{"B.bas", "Sub one()\nEnd Sub\n"}});

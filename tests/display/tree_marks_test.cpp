@@ -14,7 +14,7 @@ protected:
         Analyse();
         Tote_Objekte_Markieren(*gProjekt, tree);
     }
-    // "image grey" of the node under each key.
+    // "image grey" for the node of each key.
     std::string Look(std::string_view key) const {
         const BaumNode* node = tree.Item(key);
         return node ? std::string(node->Image()) + (node->ForeColor() == NodeColour::Grey ? " grey" : "") : "no node";
@@ -32,7 +32,7 @@ TEST_F(TreeMarks, DeadHaveTheirImageAndUndeadAreGreyAlone) {
     EXPECT_EQ(Look("m.a"), "ProcedureDeath grey");
     EXPECT_EQ(Look("m.b"), "procedure grey");
     EXPECT_EQ(Look("m.klost"), "ConstDeath grey");
-    // A mark that is gone takes its look along.
+    // Removing the calls resets the look of the nodes.
     Remove_All_Calls(*gProjekt);
     Tote_Objekte_Markieren(ModuleOf("m"), tree);
     EXPECT_EQ(Look("m.a"), "procedure");
@@ -61,7 +61,7 @@ TEST_F(TreeMarks, LocalsAreMarkedWhereTheyHaveNodes) {
     EXPECT_EQ(Look("m.f.lost"), "VariableDeath grey");
     EXPECT_EQ(Look("m.f.a"), "variable");
     EXPECT_EQ(Look("m.f.b"), "VariableDeath grey");
-    // The type of the function decides, also when it only begins so.
+    // The type of the function decides, even if it only begins with "const".
     clsProzedur& constant = *modul.MyProcs.Item("constant");
     Tote_Objekte_Markieren(constant, tree);
     EXPECT_EQ(Look("m.constant.x"), "ConstDeath grey");

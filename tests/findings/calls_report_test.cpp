@@ -14,7 +14,7 @@ protected:
     }
 };
 
-// A position, and with it the one counted from the start of its procedure, from 1.
+// A position, preceded by the position in its procedure, which counts from 1.
 std::string At(Pos pos) {
     return std::to_string(pos);
 }
@@ -24,8 +24,8 @@ std::string At(Pos pos, Pos start) {
 
 }  // namespace
 
-// Calls from a declaration have no procedure to count from: under an enumeration one more than the position stands in
-// its place, elsewhere nothing.
+// Calls from a declaration have no procedure to count from: under an enumeration the position plus one takes that
+// place, elsewhere it is omitted.
 TEST_F(CallsReports, CallsFromDeclarationsAreCountedDifferently) {
     const Marked vb = Vb(R"(
         Private Enum E
@@ -53,7 +53,7 @@ TEST_F(CallsReports, CallsFromDeclarationsAreCountedDifferently) {
                   "|||S>Public Sub|");
 }
 
-TEST_F(CallsReports, TellPossibleCallsAndKeepContinuedLinesOnOne) {
+TEST_F(CallsReports, ListPossibleCallsAndJoinContinuedLines) {
     const Marked vb = Vb(R"(
         {{Sub S()}}
             y = _
@@ -69,11 +69,11 @@ TEST_F(CallsReports, TellPossibleCallsAndKeepContinuedLinesOnOne) {
     EXPECT_EQ(Of("Option Explicit\r\n", "C.cls"), "C|");  // Me is not listed
 }
 
-TEST_F(CallsReports, LieBesideTheSourcesAndReplaceOlderOnes) {
+TEST_F(CallsReports, AreWrittenBesideTheSourcesAndReplaceOlderOnes) {
     ReadProject({{"A.bas", "Dim x\n"},
                  {"B.frm", "Dim x\n"},
                  {"B.frm Calls.txt", "an older and longer report, to be replaced\n"}});
-    ProjectFiles().WriteWhole("p\\A.bas Calls.txt\\inside", "");  // a directory stands there
+    ProjectFiles().WriteWhole("p\\A.bas Calls.txt\\inside", "");  // makes the path a directory
     Who_Calls_Who(*gProjekt);
     RecordingErrors errors;
     AnalyseErgebnisCalls(*gProjekt);

@@ -4,7 +4,7 @@ namespace {
 
 class DeadObjects : public ProgramState {
 protected:
-    // Marked objects of the open project, "dead a b undead c": procedures, variables, types and enumerations with
+    // Marked objects of the open project, "dead a b undead c": procedures, variables, and types and enumerations with
     // their members.
     static std::string Marks() {
         Analyse();
@@ -29,8 +29,8 @@ protected:
         ReadModule(snippet, file);
         return Marks();
     }
-    // A procedure for each word, which calls those behind it up to the comma: "a b c, b" is a, which calls b and c,
-    // and b.
+    // Makes a procedure for each part between commas, which calls the further words of its part: "a b c, b" is a, which
+    // calls b and c, and b.
     static std::string Procedures(std::string_view words) {
         std::string text = "Sub " + Replace(Replace(words, ", ", "\r\nEnd Sub\r\nSub "), " ", "\r\n");
         return Replace(text + "\r\nEnd Sub\r\n", "Sub\r\n", "Sub ");
@@ -44,7 +44,7 @@ TEST_F(DeadObjects, ProcedureWithoutCallerIsDeadAndWhatItAloneCallsUndead) {
     for (const auto& [procedures, marks] :
          {Case{"a b, b c, c", "dead a undead b c"}, Case{"c, b c, a b", "dead a undead c b"},
           Case{"a c, b c, c", "dead a b undead c"}, Case{"main", "dead main"},
-          // rings and calls of itself: there is a caller, and none of them lives
+          // rings and self-calls: there is a caller, but no caller is alive
           Case{"a b, b a", " undead a b"}, Case{"a a", " undead a"}, Case{"a b, b c, c b", "dead a undead b c"},
           Case{"Form_Load b, a b, b c, c", "dead a"}, Case{"a b, b a, Form_Load a", ""},
           Case{"Form_Load x.m, m k, k", ""},  // a possible call is enough
@@ -77,7 +77,7 @@ TEST_F(DeadObjects, LongChainsDoNotTouchTheStack) {
     }
 }
 
-TEST_F(DeadObjects, ArgumentsAndLocalsAreUsedWhereTheirNameStandsInTheBody) {
+TEST_F(DeadObjects, ArgumentsAndLocalsAreUsedWhereTheBodyNamesThem) {
     const Marked vb = Vb(R"(
         Sub Other(named)
         End Sub
@@ -96,13 +96,13 @@ TEST_F(DeadObjects, ArgumentsAndLocalsAreUsedWhereTheirNameStandsInTheBody) {
     clsProzedur& run = *ModuleOf("module1").MyProcs.Item("run");
     Check_ProcVars_Calls(*gProjekt, run);
     Check_ProcVars_Calls(*gProjekt, run);  // looks only once
-    EXPECT_EQ(run.MyVars.Item("byname")->CalledByAll.Count(), 1);
-    EXPECT_EQ((*run.MyVars.Item("byname")->CalledByAll.begin())->CallPos, vb.pos(2));
-    EXPECT_EQ(run.MyVars.Item("used")->CalledByAll.Count(), 1);
+    EXPECT_EQ(run.MyVars.Item("byname")->CalledByAll().Count(), 1);
+    EXPECT_EQ((*run.MyVars.Item("byname")->CalledByAll().begin())->CallPos, vb.pos(2));
+    EXPECT_EQ(run.MyVars.Item("used")->CalledByAll().Count(), 1);
     for (const char* unused : {"intext", "inname", "aftersign", "never"})
-        EXPECT_EQ(run.MyVars.Item(unused)->CalledByAll.Count(), 0) << unused;
+        EXPECT_EQ(run.MyVars.Item(unused)->CalledByAll().Count(), 0) << unused;
     EXPECT_EQ(Anz_NotCalled_Vars(run), 4);
-    for (const clsCall* call : run.MyVars.Item("named")->CalledByAll) {
+    for (const clsCall* call : run.MyVars.Item("named")->CalledByAll()) {
         EXPECT_EQ(call->CallProcedure(), &run);
         EXPECT_EQ(call->Type(), CallType::Really);
     }

@@ -21,7 +21,7 @@ protected:
 
 }  // namespace
 
-TEST_F(DeathsReports, MembersStandWhereOthersOfTheirTypeAreCalled) {
+TEST_F(DeathsReports, MembersAreListedIfOthersOfTheirTypeAreCalled) {
     EXPECT_EQ(Of("Private Type T\n  x As Long\n  y As Long\n  z As Long\nEnd Type\nPrivate Type Hollow\n  noType\n"
                  "End Type\nPrivate Sub Form_Load()\n  Dim l As T\n  l.y = 1\nEnd Sub",
                  "F.frm"),
@@ -32,7 +32,7 @@ TEST_F(DeathsReports, ModuleInWhichAllIsCalledHasNoBlock) {
     EXPECT_EQ(Of("Private v\nSub Form_Load()\nv = 1\nEnd Sub", "F.frm"), "");
     EXPECT_EQ(Of("Private Sub S()\nEnd Sub\nProperty Get P()\nEnd Property", "C.cls"), "");
     EXPECT_EQ(Of("Event E()\n", "C.cls"), "");
-    EXPECT_EQ(Of("Sub A()\nB\nEnd Sub\nSub B()\nA\nEnd Sub"), "");  // goes by callers, dead or not
+    EXPECT_EQ(Of("Sub A()\nB\nEnd Sub\nSub B()\nA\nEnd Sub"), "");  // any caller counts, dead or not
 }
 
 TEST_F(DeathsReports, FileIsReplacedAndOneThatCannotBeWrittenIsReported) {
@@ -52,6 +52,6 @@ TEST_F(DeathsReports, SampleProjectGivesTheGoldenFile) {
     Who_Calls_Who(*gProjekt);
     const TempDirectory directory;
     AnalyseErgebnisDeaths(*gProjekt, directory.Path("Deaths.txt"));
-    // Without the way to the sources.
+    // Removes the directory of the sources, which differs between machines.
     ExpectGolden(Replace(directory.Bytes("Deaths.txt"), kSourceDirectory.string() + "/", ""), "deaths", "ToolHire.vbp");
 }

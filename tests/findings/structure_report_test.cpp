@@ -9,12 +9,12 @@ using StructureReports = ProgramState;
 
 }  // namespace
 
-TEST_F(StructureReports, LieBesideTheSourcesAndOneThatCannotBeWrittenIsReported) {
+TEST_F(StructureReports, AreWrittenBesideTheSourcesAndFailuresAreReported) {
     ReadProject({{"A.bas", "Dim a\r\n"},
                  {"B.bas", "Dim b\r\n"},
                  {"E.bas", "Option Explicit\r\n"},
                  {"b.bas structure.txt", "an older and longer report, to be replaced\r\n"}});
-    ProjectFiles().WriteWhole("p\\A.bas Structure.txt\\inside", "");  // a directory stands there
+    ProjectFiles().WriteWhole("p\\A.bas Structure.txt\\inside", "");  // makes the path a directory
     RecordingErrors errors;
     AnalyseErgebnisStructure(*gProjekt);
     EXPECT_THAT(errors.tags, ElementsAre("clsModul: AnalyseErgebnisStructure"));

@@ -18,7 +18,7 @@ void ExpectLibraries(void (*fill)(clsTypeLib&, std::string_view), std::string_vi
         clsTypeLib library;
         fill(library, c.line);
         EXPECT_EQ(library.ProjektEintrag, c.line);
-        EXPECT_EQ(library.LibTyp, libTyp);
+        EXPECT_EQ(TextOf(library.LibTyp), libTyp);
         EXPECT_EQ(library.CodePathOrg(), c.name);
         EXPECT_EQ(library.TypeLibID, c.typeLibID);
         EXPECT_EQ(library.Version, c.version);
@@ -29,7 +29,7 @@ void ExpectLibraries(void (*fill)(clsTypeLib&, std::string_view), std::string_vi
 
 }  // namespace
 
-TEST(References, TellWhatTheirLineHolds) {
+TEST(References, TakeTheirDataFromTheLine) {
     ExpectLibraries(
         FillPropertysRef, "reference",
         {{R"(Reference=*\G{00020430-0000-0000-C000-000000000046}#2.0#0#..\system32\stdole2.tlb#OLE Automation)",
@@ -37,14 +37,14 @@ TEST(References, TellWhatTheirLineHolds) {
          {R"(Reference=*\G{1}#6.0#9#C:\Program Files\My.Lib.dll)", "My.Lib", "{1}", "6.0",
           R"(C:\Program Files\My.Lib.dll)", ""},
          {R"(Reference=*\G{1}#1.0#0#csharp.tlb#C# Tools #2)", "csharp", "{1}", "1.0", "csharp.tlb", "C# Tools #2"},
-         // The number of a resource in the file is no part of the name.
+         // The number of a resource in the file is not part of the name.
          {R"(Reference=*\G{1}#1.0#0#C:\vbscript.dll\2#VBScript)", "vbscript", "{1}", "1.0", R"(C:\vbscript.dll\2)",
           "VBScript"},
-         // Another project has its path in place of the identifier.
+         // A reference to another project has its path in place of the identifier.
          {R"(Reference=*\A..\Other\Other.vbp)", "Other", R"(..\Other\Other.vbp)", "", R"(..\Other\Other.vbp)", ""}});
 }
 
-TEST(References, OfBrokenLinesTellWhatIsThere) {
+TEST(References, OfBrokenLinesKeepTheReadableParts) {
     ExpectLibraries(FillPropertysRef, "reference",
                     {{"Reference", "", "", "", "", ""},
                      {"Reference=", "", "", "", "", ""},
@@ -53,7 +53,7 @@ TEST(References, OfBrokenLinesTellWhatIsThere) {
                      {R"(Reference=*\G####)", "", "", "", "", ""}});
 }
 
-TEST(Components, TellWhatTheirLineHolds) {
+TEST(Components, TakeTheirDataFromTheLine) {
     ExpectLibraries(
         FillPropertys, "component",
         {{"Object={831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0; MSCOMCTL.OCX", "MSCOMCTL",

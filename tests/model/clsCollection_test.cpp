@@ -31,12 +31,12 @@ TEST(Collection, KeysAreComparedWithoutRegardToCase) {
     int b = 2;
     clsCollection<int> collection;
     collection.Add("Form1.\xC4nderung", &a);
-    collection.Add("", &b);  // a legal key
+    collection.Add("", &b);  // a valid key
     EXPECT_EQ(collection.Item("FORM1.\xE4nderung"), &a);
     EXPECT_EQ(collection.Item(""), &b);
     EXPECT_EQ(collection.Item("form1"), nullptr);
     EXPECT_FALSE(collection.Contains("never seen before, not even as a name"));
-    // The first holder of a key stays.
+    // The first holder of a key keeps it.
     EXPECT_FALSE(collection.AddUnlessPresent(Name("FORM1.\xC4NDERUNG"), &b));
     EXPECT_EQ(ErrorOf([&] { collection.Add("form1.\xC4nderung", &b); }), 457);
     EXPECT_THAT(Values(collection), ElementsAre(1, 2));
@@ -54,7 +54,7 @@ TEST(Collection, PositionsCountFromOneInOrderOfEntryAndRemovingKeepsTheOrder) {
     EXPECT_TRUE(collection.Remove("k1"));
     EXPECT_FALSE(collection.Remove("k1"));
     EXPECT_EQ(*collection.ItemNr(2), 4);
-    collection.Add("k1", &values[1]);  // the key is free again, and its place is behind the others
+    collection.Add("k1", &values[1]);  // the key is free again, and the new entry goes to the end
     EXPECT_THAT(Values(collection), ElementsAre(3, 4, 2, 1));
 }
 

@@ -4,7 +4,7 @@ namespace {
 
 using CodePaths = ProgramState;
 
-// Class and path of what is found in the project that was read, or "none".
+// Class and path of the object found in the open project, or "none".
 std::string Find(std::string_view path) {
     static constexpr const char* kClasses[] = {"modul", "prozedur", "variable", "type", "enum", "control", "lib"};
     const CodeObject* object = modMain::GetObjectFromCodePath(path);
@@ -31,13 +31,13 @@ TEST_F(CodePaths, LeadBackToTheirObject) {
           Case{"form1.t.a", "variable Form1.T.a"}, Case{"form1.p [get]", "prozedur Form1.P [Get]"},
           Case{"form1.p [let]", "prozedur Form1.P [Let]"}, Case{"form1.form1", "prozedur Form1.Form1"},
           Case{"bar.usercontrol", "control Bar.UserControl"}, Case{"stdole2", "lib stdole2"},
-          Case{"tools", "lib Tools"}, Case{"tools.total", "none"},  // the component goes before the module
+          Case{"tools", "lib Tools"}, Case{"tools.total", "none"},  // the component takes precedence over the module
           Case{"", "none"}, Case{"form1.", "none"}, Case{"form1.p", "none"}, Case{"form1.controls[]", "none"},
           Case{"form1.form1.q.z", "none"}})
         EXPECT_EQ(Find(path), object) << path;
     EXPECT_EQ(gProjekt->GetModuleFromCodePath("tools.total")->CodePathOrg(), "Tools");
     EXPECT_EQ(gProjekt->GetModuleFromCodePath("nothing.total"), nullptr);
-    // Paths follow the names of their owners, in lower case of the code page.
+    // Paths change with the names of their owners, in lower case of the code page.
     ModuleOf("form1").SetName(Name("\xC4nderung"));
     EXPECT_EQ(ModuleOf("form1").MyVars.Item("x")->CodePath(), "\xE4nderung.x");
     clsVariable nowhere;

@@ -27,8 +27,8 @@ protected:
 TEST_F(NameSpaces, TheSamePathIsStoredOnce) {
     clsProzedur get(modul_);
     clsProzedur let(modul_);
-    get.kind = "property get";
-    let.kind = "property let";
+    get.ProzedurTyp = ProcKind::PropertyGet;
+    let.ProzedurTyp = ProcKind::PropertyLet;
     clsModul namesake;
     namesake.SetName(Name("FORM1"));
     for (clsProzedur* prozedur : {&get, &let, &get}) {

@@ -32,7 +32,7 @@ TEST(Names, LongOddAndManyNamesStayApart) {
 
 TEST(Names, ThreadsThatMakeTheSameNamesGetTheSameHandles) {
     constexpr int kThreads = 4;
-    constexpr int kNames = 30000;  // enough for the tables to grow meanwhile
+    constexpr int kNames = 30000;  // enough to make the tables grow
     std::vector<std::vector<Name>> made(kThreads);
     std::vector<std::thread> threads;
     for (std::vector<Name>& names : made)

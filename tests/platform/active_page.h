@@ -1,4 +1,4 @@
-// Another code page for as long as this lives.
+// Activates another code page for its lifetime.
 #pragma once
 
 #include <string_view>

@@ -14,21 +14,21 @@ using namespace std::string_view_literals;
 TEST(CodePageSetting, KeepsKnownNumbersAndFallsBackToAuto) {
     for (const char* known : {"1252", "932", "65001", "20866"})
         EXPECT_EQ(CodePage(known).Setting(), known);
-    // 500 is a page in which even letters stand elsewhere; 1200 has two bytes a character.
+    // 500 is a page in which even letters have other codes; 1200 has two bytes per character.
     for (const char* unknown : {"auto", "", "utf8", "-1", "01252", "1252 ", "12 52", "500", "1200", "99999", "123456"})
         EXPECT_EQ(CodePage(unknown).Setting(), "auto") << unknown;
 }
 
 TEST(CodePageLower, FollowsTheLettersOfThePage) {
     for (const auto& [page, text, lower] : std::initializer_list<std::array<const char*, 3>>{
-             {"auto", "Sub F\xDC\xDF_1[@]", "sub f\xFC\xDF_1[@]"},              // Ü falls, ß has no other case
-             {"1252", "\x8A\x9F\xD7\xDE\xFF\x81", "\x9A\xFF\xD7\xFE\xFF\x81"},  // Š Ÿ fall, × and unknown stay
+             {"auto", "Sub F\xDC\xDF_1[@]", "sub f\xFC\xDF_1[@]"},              // Ü has a lower case, ß none
+             {"1252", "\x8A\x9F\xD7\xDE\xFF\x81", "\x9A\xFF\xD7\xFE\xFF\x81"},  // × and undefined bytes: unchanged
              {"1251", "\xC0\xDF\xA8", "\xE0\xFF\xB8"},                          // А Я Ё
              {"932", "AB\x83\x41Z\xDC", "ab\x83\x61z\xDC"},                     // bytes below 128 only
              {"65001", "\xC3\x9CZ", "\xC3\x9Cz"}})
         EXPECT_EQ(CodePage(page).LowerCase(text), lower) << page;
     EXPECT_EQ(LowerCase("\xC0"), "\xE0");
-    const WithCodePage page("1251");  // rules the whole program
+    const WithCodePage page("1251");  // applies to the whole program
     EXPECT_EQ(LowerCase("\xA8"), "\xB8");
 }
 
@@ -52,8 +52,8 @@ TEST(CodePageLower, IsTheSameForEveryLengthAndPlaceOfHighBytes) {
 TEST(CodePageToUtf8, DecodesPageAndNeverFails) {
     using Case = std::array<std::string_view, 3>;
     for (const auto& [page, bytes, utf8] :
-         {Case{"auto", "a\0b"sv, "a\0b"sv}, Case{"auto", "\xC3\xBC", "ü"},  // reads as UTF-8 already
-          Case{"auto", "\xFC\xC3\xBC", "üÃ¼"},                              // does not, as a whole
+         {Case{"auto", "a\0b"sv, "a\0b"sv}, Case{"auto", "\xC3\xBC", "ü"},  // is UTF-8 already
+          Case{"auto", "\xFC\xC3\xBC", "üÃ¼"},                              // is not, as a whole
           Case{"1252", "\xC3\xBC\x80\x81", "Ã¼€\uFFFD"}, Case{"1251", "\xCF\xF0", "Пр"},
           Case{"1258", "a\xEC", "a\u0301"},                   // a lone accent is not held back
           Case{"932", "\x95\x5C\x8E\xA6\x95", "表示\uFFFD"},  // half a character
@@ -79,7 +79,7 @@ TEST(CodePageFromUtf8, SaysWhatThePageCanSay) {
           Case{"1252", "a\xC3", "a?", false},  // torn UTF-8
           Case{"932", "表→示z", "\x95\x5C\x81\xA8\x8E\xA6z"}, Case{"932", "表ü示", "\x95\x5C?\x8E\xA6", false},
           Case{"65001", "ü→", "ü→"}, Case{"auto", "ü", "\xFC"}, Case{"auto", "ü→", "ü→", false},
-          Case{"auto", "Ã¼", "Ã¼", false}}) {  // its two bytes would be taken for "ü"
+          Case{"auto", "Ã¼", "Ã¼", false}}) {  // its two bytes would be read as "ü"
         SCOPED_TRACE(std::string(c.page) + " " + std::string(c.utf8));
         EXPECT_EQ(CodePage(c.page).FromUtf8(c.utf8), c.bytes);
         EXPECT_EQ(CodePage(c.page).FromUtf8Whole(c.utf8).has_value(), c.isWhole);
@@ -89,11 +89,11 @@ TEST(CodePageFromUtf8, SaysWhatThePageCanSay) {
 TEST(Utf8, KnowsWellFormedTexts) {
     for (const char* good : {"", "abc", "ü", "€", "\U0001F600", "\xF4\x8F\xBF\xBF"})
         EXPECT_TRUE(IsValidUtf8(good)) << good;
-    // Overlong, surrogate, beyond Unicode, torn, lone continuation.
+    // Overlong form, surrogate, beyond Unicode, incomplete, lone continuation byte.
     for (const char* bad : {"\xC0\x80", "\xE0\x80\xAF", "\xF0\x80\x80\xAF", "\xED\xA0\x80", "\xF4\x90\x80\x80",
                             "\xE2\x82", "\x80", "\xFF", "\xC3("})
         EXPECT_FALSE(IsValidUtf8(bad)) << testing::PrintToString(bad);
-    const std::string block(63, 'a');  // and the fault on its border
+    const std::string block(63, 'a');  // with the error at its border
     EXPECT_TRUE(IsValidUtf8(block + "ü" + block + block));
     EXPECT_FALSE(IsValidUtf8(block + "a\xC3"));
 }

@@ -49,7 +49,7 @@ TEST_F(DiskPaths, ExactSpellingGoesFirstThenByteOrder) {
     EXPECT_EQ(Read("fOrM1.frm"), "FORM1.frm");
 }
 
-TEST_F(DiskPaths, AreMissingWhenNothingStandsThere) {
+TEST_F(DiskPaths, AreMissingWhenNoFileExists) {
     directory.Write("a.txt", "x");
     const std::string longName(300, 'n');
     std::string endless;
@@ -85,12 +85,13 @@ TEST_F(DiskPaths, ListingsFollowTheDisk) {
 TEST_F(DiskPaths, MayHoldBytesOfTheActivePage) {
     directory.Write("Übung/Würfel.frm", "utf-8");
     directory.Write("f\xFCr.bas", "raw");
-    // The second as the file dialog and the project give it: the directory in UTF-8, the rest in the page.
+    // The second path has its directory in UTF-8, as the file dialog returns it, and the rest in the code page, as in
+    // the project file.
     for (const char* path : {"\xDC\x62ung\\W\xFCrfel.frm", "Übung\\w\xDCrfel.frm", "übung\\WÜRFEL.frm"})
         EXPECT_EQ(Read(path), "utf-8") << path;
     for (const char* path : {"f\xFCr.bas", "F\xDCR.bas"})
         EXPECT_EQ(Read(path), "raw");
-    // A file made anew gets a name that the system can show.
+    // A new file gets a name that the system displays correctly.
     EXPECT_EQ(WriteWhole("\xDC.txt", "x"), FileError::None);
     EXPECT_EQ(directory.Bytes("Ü.txt"), "x");
 
@@ -111,7 +112,7 @@ TEST_F(DiskPaths, LinksAreFollowed) {
     EXPECT_EQ(ReadError("dangling"), FileError::NotFound);
 }
 
-TEST_F(DiskReading, TellsWhatCannotBeRead) {
+TEST_F(DiskReading, ReportsWhatCannotBeRead) {
     fs::create_directory(Path("Dir.bas"));
     EXPECT_EQ(ReadError("DIR.bas"), FileError::IsDirectory);
     EXPECT_FALSE(files.FileExists(Path("Dir.bas")));
@@ -126,13 +127,13 @@ TEST_F(DiskReading, TellsWhatCannotBeRead) {
 
 TEST_F(DiskReading, TakesFilesOfEverySize) {
     EXPECT_EQ(files.ReadText(directory.Write("empty", "")).error, FileError::None);
-    // Around the size of the reading buffer, and with a growth by conversion.
+    // Sizes around that of the reading buffer, and one that conversion enlarges.
     for (const std::size_t size : {262143u, 262144u, 262145u, 600000u}) {
         const std::string bytes(size, 'x');
         EXPECT_EQ(files.ReadText(directory.Write("big", bytes)).text, bytes);
         EXPECT_EQ(files.ReadText(directory.Write("big", bytes + "\n")).text, bytes + "\r\n");
     }
-    EXPECT_THAT(files.ReadText("/proc/self/status").text, testing::HasSubstr("Pid:"));  // says that it is empty
+    EXPECT_THAT(files.ReadText("/proc/self/status").text, testing::HasSubstr("Pid:"));  // reports a size of 0
     constexpr std::size_t kLarge = 300'000'000;
     fs::resize_file(directory.Write("large", ""), kLarge);
     EXPECT_EQ(Read("large").size(), kLarge);
@@ -140,7 +141,7 @@ TEST_F(DiskReading, TakesFilesOfEverySize) {
     EXPECT_EQ(ReadError("large"), FileError::TooLarge);
 }
 
-TEST_F(DiskReading, GivesTheTimeOfTheLastChange) {
+TEST_F(DiskReading, ReturnsTheTimeOfTheLastChange) {
     const std::string path = directory.Write("a", "x");
     const timespec times[2] = {{1000, 0}, {1'600'000'000, 123'000'000}};
     ASSERT_EQ(utimensat(AT_FDCWD, path.c_str(), times, 0), 0);
@@ -159,7 +160,7 @@ TEST_F(DiskWriting, ReplacesWholeAndKeepsPermissionsAndLinks) {
     EXPECT_EQ(WriteWhole("link", "3"), FileError::None);
     EXPECT_TRUE(fs::is_symlink(Path("link")));
     EXPECT_EQ(directory.Bytes("Report.txt"), "3");
-    EXPECT_EQ(directory.FileCount(), 2);  // nothing is left behind
+    EXPECT_EQ(directory.FileCount(), 2);  // leaves no temporary file
 }
 
 TEST_F(DiskWriting, RefusesWhatItMustNotReplaceAndAppendsToExistingFilesOnly) {

@@ -13,7 +13,7 @@ std::string Evaluate(const ConstantExpressions& engine, std::string_view express
     return result.Ok() ? result.text : std::to_string(result.number).insert(0, 1, '#');
 }
 
-/// Takes "expression -> result;" over and over.
+/// Checks a list of "expression -> result;".
 void ExpectAll(std::string_view cases) {
     const ConstantExpressions engine;
     for (std::size_t end; (end = cases.find(';')) != std::string_view::npos; cases.remove_prefix(end + 1)) {
@@ -80,7 +80,7 @@ TEST(Expression, Arithmetic) {
 TEST(Expression, SyntaxErrors) {
     const ConstantExpressions engine;
     EXPECT_EQ(Evaluate(engine, " \t"), "");
-    // The last one shows that a syntax error goes before all others.
+    // The last one shows that a syntax error takes precedence over all others.
     for (const char* wrong :
          {"1 +",   "* 1",      "1 2",   "1 = ", "(1",   "1)",    "()",         "a b",     "1 Not 2", "Not",
           "#open", "# #",      "a.b",   "a(1)", "1a",   "1.2.3", "1 And Or 2", "\"open",  "&H",      "&HG",
@@ -108,7 +108,7 @@ TEST(Names, AreBoundWithoutRegardToCaseUnlessAnErrorOccurs) {
     ConstantExpressions engine;
     EXPECT_EQ(engine.Define("Win32", "-1").text, "-1");
     EXPECT_EQ(engine.Define(" f\xDCr_2 ", "WIN32 + 3").text, "2");
-    engine.Define("win32", "0");  // the later one counts; what was computed from the first stays
+    engine.Define("win32", "0");  // the later definition applies; values computed from the first one stay
     EXPECT_EQ(Evaluate(engine, "win32 & F\xFCR_2"), "02");
     for (const char* wrong : {"1=", "", " ", "(", "1 2"})
         EXPECT_EQ(engine.Define("win32", wrong).number, 1002) << wrong;

@@ -25,7 +25,7 @@ TEST(Registry, ValuesAreFoundWithoutRegardToCase) {
     EXPECT_THAT(registry.SubKeys(kClasses, "none"), ElementsAre());
 }
 
-TEST(FileRegistry, KeepsValuesFromRunToRunAndPassesOverTornLines) {
+TEST(FileRegistry, KeepsValuesBetweenRunsAndSkipsDamagedLines) {
     MemoryFiles files{{"r", "HKEY_LOCAL_MACHINE\\A\tn\tv%0\nHKEY_LOCAL_MACHINE\\B\tn\nHKEY_WRONG\\C\tn\tv\n\nHKEY_"}};
     const std::string odd = "a\tb\r\n%41 \xFC";
     FileRegistry first(files, "r");

@@ -1,4 +1,4 @@
-// A directory of this machine that goes with the test, and what tests do with real files in it.
+// A directory on disk that is deleted after the test, and operations on real files for tests.
 #pragma once
 
 #include <sys/stat.h>
@@ -30,7 +30,7 @@ public:
 
     [[nodiscard]] std::string Path(std::string_view name = "") const { return path_ + "/" + std::string(name); }
 
-    /// Writes a file, with its directories, and returns its path.
+    /// Writes a file, creates its directories, and returns its path.
     std::string Write(std::string_view name, std::string_view bytes) const {
         std::filesystem::create_directories(std::filesystem::path(Path(name)).parent_path());
         std::ofstream(Path(name), std::ios::binary) << bytes;
@@ -50,7 +50,7 @@ private:
     std::string path_;
 };
 
-/// Permissions bind for as long as this lives, even where the tests run as root.
+/// Enforces file permissions for its lifetime, even if the tests run as root.
 class WithoutRootRights {
 public:
     WithoutRootRights() : changed_(geteuid() == 0 && seteuid(65534) == 0) {}
@@ -64,7 +64,7 @@ private:
     bool changed_;
 };
 
-/// The environment variable has another value, or none, for as long as this lives.
+/// Sets or removes an environment variable for its lifetime.
 class WithEnvironment {
 public:
     WithEnvironment(const char* name, const char* value) : name_(name) {

@@ -10,7 +10,7 @@ namespace {
 
 using namespace std::string_view_literals;
 
-/// The text, after both ways to set it have given the same.
+/// The text, after checking that both overloads of SetText give the same.
 FileText Read(std::string_view bytes) {
     FileText copied;
     SetText(copied, bytes);
@@ -55,8 +55,8 @@ TEST(Marks, AreTakenOffAndUtf16IsConverted) {
          {Case{"\xEF\xBB\xBF", ""}, Case{"\xEF\xBB\xBF\xC3\xBC\n", "ü\r\n"}, Case{"\xEF\xBB", "\xEF\xBB"},
           Case{"\xFF\xFE", ""}, Case{"\xFF\xFEx\0\n\0\xFC\0"sv, "x\r\n\xFC"},
           Case{"\xFE\xFF\0x\0\r\0\n\0\xFC"sv, "x\r\n\xFC"},
-          Case{"\xFF\xFE\xFC\0\x92\x21"sv, "ü→"},            // the page cannot say it whole
-          Case{"\xFF\xFE\x3D\xD8\x00\xDE"sv, "\U0001F600"},  // a surrogate pair, and halves of one
+          Case{"\xFF\xFE\xFC\0\x92\x21"sv, "ü→"},            // not completely representable in the page
+          Case{"\xFF\xFE\x3D\xD8\x00\xDE"sv, "\U0001F600"},  // a surrogate pair, followed by cases with halves of one
           Case{"\xFF\xFEx\0\x3D\xD8y\0"sv, "x?y"}, Case{"\xFF\xFE\x3D\xD8"sv, "?"},
           Case{"\xFF\xFE\x00\xDE\x00\xDE"sv, "??"}, Case{"\xFF\xFE\x00\xDE\x92\x21"sv, "\uFFFD→"},
           Case{"\xFF\xFEx\0y"sv, "x?"}}) {  // half a unit

@@ -21,7 +21,7 @@ TEST_F(Modules, AreNamedByTheirAttributeOrElseTheirFile) {
     for (const auto& [line, name] :
          {Case{"attribute vb_name = \"MyModule\"", "MyModule"}, Case{"Attribute VB_Name = Bare", "Bare"},
           Case{"Attribute VB_Name = \"A\" ' note", "A"},
-          // The cut counts from the start of the line.
+          // The name is cut at a fixed column, so indentation spoils it.
           Case{"  Attribute VB_Name = \"A\"", "= \"A"}, Case{"Option Explicit", "File.1"}}) {
         const std::string text = std::string("VERSION 1.0 CLASS\r\n") + line + "\r\n";
         EXPECT_EQ(ReadModuleAsItIs(text, "sub\\File.1.cls").CodePathOrg(), name) << line;
@@ -43,11 +43,11 @@ TEST_F(Modules, OtherThanStandardOnesHaveAMe) {
     }
     EXPECT_FALSE(gPublicNameSpace.Contains("me"));
     EXPECT_FALSE(ModuleOf("a").MyVars.Contains("me"));
-    // A form has a variable of its own name besides, which only the project knows.
+    // A form also has a variable of its name, which only the project stores.
     ASSERT_EQ(gProjekt->FormVars.Count(), 1);
     const clsVariable& form = *gProjekt->FormVars.Item("b");
     EXPECT_EQ(form.DatenTyp(), "b");
-    EXPECT_EQ(form.Zugriff, "public");
+    EXPECT_EQ(form.Zugriff, Access::Public);
     EXPECT_EQ(form.DeclareStart, 0);
     EXPECT_FALSE(ModuleOf("b").MyVars.Contains("b"));
 }
@@ -69,7 +69,7 @@ TEST_F(Modules, CountThePhysicalLinesOfTheWholeFile) {
         "\r\n    \r\n\t\r\n"
         "x = 1 ' code\r\ny = _\r\n    2",
         "C.cls");
-    EXPECT_EQ(modul.AnzLineCode, 9);  // a line of a tab is no blank one
+    EXPECT_EQ(modul.AnzLineCode, 9);  // a line with only a tab counts as code
     EXPECT_EQ(modul.AnzLineComment, 2);
     EXPECT_EQ(modul.AnzLineBlank, 2);
     EXPECT_EQ(modul.LineCount, 13);
@@ -96,7 +96,7 @@ TEST_F(Controls, AreTheBeginLinesOfTheHeader) {
     )",
                             "Form1.frm")),
               "fraNew vb.frame; txtIn vb.textbox; lvwAll mscomctllib.listview; ");
-    // Only the plain form's own block is passed over.
+    // Only the block of a plain form is skipped.
     EXPECT_EQ(Of(ReadModule("Begin VB.MDIForm mdi\n   Begin VB.Menu mnu\n   End\nEnd", "Form1.frm")),
               "mdi vb.mdiform; mnu vb.menu; ");
     EXPECT_EQ(Of(ReadModule("Begin VB.Label lbl\nEnd", "Class1.cls")), "");

@@ -7,7 +7,7 @@ namespace {
 
 class ProjectFileTest : public ProgramState {
 protected:
-    // A project file of these lines, with the modules A.bas, B.frm, C.cls and D.ctl beside it.
+    // Reads a project file of these lines, with the modules A.bas, B.frm, C.cls and D.ctl beside it.
     static clsProjekt& Read(std::string_view lines) {
         return ReadProject({{"P.vbp", std::string(lines)},
                             {"A.bas", "Public a\n"},
@@ -40,17 +40,17 @@ TEST_F(ProjectReading, LastNameLineNamesTheProject) {
 }
 
 TEST_F(ProjectReading, ProjectWithoutModulesStaysEmpty) {
-    // User controls are not counted, and a count of nothing ends the load.
+    // User controls are not counted, and a count of 0 stops the load.
     const clsProjekt& projekt = Read("Name=\"P\"\nReference=*\\G{1}#1.0#0#x.dll#X\nUserControl=D.ctl");
     EXPECT_EQ(projekt.MyName, "P");
     EXPECT_THAT(projekt.OwnedModules(), IsEmpty());
     EXPECT_THAT(projekt.OwnedLibraries(), IsEmpty());
     EXPECT_THAT(Problems(), IsEmpty());
-    EXPECT_EQ(GetAnzahlModule("Usercontrol=D.ctl\r\nForm=B.frm"), 2);  // counted in this spelling alone
+    EXPECT_EQ(GetAnzahlModule("Usercontrol=D.ctl\r\nForm=B.frm"), 2);  // only this spelling is counted
 }
 
 TEST_F(ProjectReading, ManyModulesKeepTheirOrderInAllThatComesOfThem) {
-    // Of very different sizes, so that what is read ahead of its turn is not done in turn.
+    // Very different sizes, so that modules that are read ahead finish out of order.
     MemoryFiles files;
     std::string lines;
     std::vector<std::string> paths;
@@ -95,12 +95,12 @@ TEST_F(ProjectReading, SecondModuleOfOneNameIsLeftOut) {
     EXPECT_EQ(projekt.Modules.Count(), 1);
     EXPECT_EQ(projekt.Klassenmodule.Count(), 1);  // another collection
     EXPECT_EQ(projekt.GetModuleFromCodePath("a.one"), projekt.Modules.ItemNr(1));
-    // What it declares was entered before.
+    // Its declarations were registered before.
     EXPECT_TRUE(gPublicNameSpace.Contains("two"));
     EXPECT_TRUE(projekt.MyVars.Contains("two"));
 }
 
-// The first holder of a name wins, so the order shows.
+// The first holder of a name wins, so the result shows the order.
 TEST_F(ProjectReading, ProceduresAreReadByKindOfModule) {
     const std::string a = "Public Sub a: End Sub\r\n";
     const std::string b = a + "Public Sub b: End Sub\r\n";
@@ -122,14 +122,14 @@ TEST_F(ProjectReading, UnreadableProjectIsReportedAndStaysEmpty) {
     EXPECT_THAT(projekt.OwnedModules(), IsEmpty());
 }
 
-TEST_F(ModulePaths, StandBehindTheEqualSignOrTheSemicolon) {
+TEST_F(ModulePaths, FollowTheEqualSignOrTheSemicolon) {
     using Case = std::pair<const char*, const char*>;
     for (const auto& [line, path] :
          {Case{"Form=..\\shared\\Form1.frm", "C:\\p\\..\\shared\\Form1.frm"},
           Case{"Module=M; ..\\shared\\M.bas", "C:\\p\\..\\shared\\M.bas"}, Case{"Form=D:\\x\\F.frm", "D:\\x\\F.frm"},
           Case{"Module=M; D:\\x\\M.bas", "D:\\x\\M.bas"}, Case{"Form=a=b.frm", "C:\\p\\a=b.frm"},
           Case{"Class=C; a; b.cls", "C:\\p\\a; b.cls"},
-          // A share counts as relative.
+          // A network path counts as relative.
           Case{"Form=\\\\server\\share\\F.frm", "C:\\p\\\\\\server\\share\\F.frm"}})
         EXPECT_EQ(Get_Pfad_Aus_ModulEintrag("C:\\p\\", line), path) << line;
     EXPECT_EQ(Read("Module=A; SUB\\..\\a.BAS").Modules.ItemNr(1)->FullPath, "p\\SUB\\..\\a.BAS");
@@ -167,7 +167,7 @@ TEST_F(MissingFiles, AreAskedAboutAndPassedOver) {
     EXPECT_FALSE(gPublicNameSpace.Contains("x"));
 }
 
-TEST_F(MissingFiles, TellHowManyMoreAreMissingToWhoeverWantsToKnow) {
+TEST_F(MissingFiles, PassTheNumberOfFurtherMissingFilesToTheQuestion) {
     std::vector<int> more;
     SetMissingFilePort([&](std::string_view, int moreMissing) {
         more.push_back(moreMissing);
@@ -188,8 +188,8 @@ TEST_F(MissingFiles, EndTheLoadWhenTheAnswerIsYes) {
     EXPECT_EQ(questions.texts.size(), 2U);
     EXPECT_TRUE(gAbort);
     EXPECT_EQ(gProjekt->CountAllModules(), 1);
-    EXPECT_EQ(DumpObjects(ModuleOf("a")), "private a as variant");  // the second pass did not run
-    EXPECT_EQ(Read("Module=A; A.bas").CountAllModules(), 1);        // the next load starts afresh
+    EXPECT_EQ(DumpObjects(ModuleOf("a")), "private a as variant");  // the second pass has not run
+    EXPECT_EQ(Read("Module=A; A.bas").CountAllModules(), 1);        // the next load starts from scratch
     EXPECT_FALSE(gAbort);
 }
 

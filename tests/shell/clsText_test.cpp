@@ -10,22 +10,22 @@
 
 namespace {
 
-TEST(Texts, StandAtTheLineOfTheirNumberAndTheOldStayWhereNothingComesInTheirPlace) {
+TEST(Texts, AreAtTheLineOfTheirNumberAndKeepTheirValueWithoutANewOne) {
     const RecordingErrors errors;
     const MemoryFiles files{{"o\\Languages\\english.txt", "Open\r\n\r\nExit"}, {"o/Languages/german.txt", "Auf\r\n"}};
     clsText text;
-    text.Language = "";  // becomes english
+    text.Language = "";  // selects english
     text.SetLanguage(files, "o\\");
     EXPECT_EQ(text.TextNr(Text::OpenProject), "Open");
     text.Language = "german";
     text.SetLanguage(files, "o\\");
-    text.SetLanguage(MemoryFiles(), "o\\");  // a missing file is no failure
+    text.SetLanguage(MemoryFiles(), "o\\");  // a missing file is not an error
     for (const auto& [nr, line] : {std::pair{1, "Auf"}, {2, ""}, {3, "Exit"}, {0, ""}, {4, ""}, {1000, ""}})
         EXPECT_EQ(text.TextNr(Text{nr}), line) << nr;
     EXPECT_THAT(errors.tags, testing::IsEmpty());
 }
 
-// Numbers that some part of the program asks for, as stretches.
+// Ranges of the text numbers that the program uses.
 constexpr std::pair<int, int> kInUse[] = {{1, 4},   {6, 11},  {13, 15}, {19, 22}, {24, 26}, {30, 33},
                                           {43, 43}, {45, 45}, {50, 51}, {53, 62}, {66, 69}, {72, 75},
                                           {77, 84}, {86, 86}, {89, 97}, {99, 99}};

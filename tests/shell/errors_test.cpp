@@ -12,7 +12,7 @@ using testing::SizeIs;
 
 using Errors = ProgramState;
 
-TEST_F(Errors, AfterAFailedStatementTheNextOneGoesOnWithFormerValues) {
+TEST_F(Errors, AfterAFailedStatementTheNextOneUsesTheFormerValues) {
     const RecordingErrors errors;
     std::string_view word = "before";
     Pos next = 0;
@@ -47,7 +47,7 @@ TEST_F(Errors, TheSameProblemIsListedOnceAndReportedEachTime) {
         ShowError("a: b", 1, "x");
         NoteProblem("a: b", "x");
     }
-    NoteProblem("a: b\nx", "");  // other parts of one whole are another problem
+    NoteProblem("a: b\nx", "");  // another description or subject makes another problem
     EXPECT_THAT(errors.tags, SizeIs(3));
     EXPECT_THAT(Problems(), SizeIs(2));
     ClearProblems();

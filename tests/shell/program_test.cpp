@@ -14,7 +14,7 @@ public:
     }
 };
 
-TEST(VersionRecord, IsWrittenOnlyWhenItDiffersAndFailureIsTold) {
+TEST(VersionRecord, IsWrittenOnlyWhenItDiffersAndFailureIsReported) {
     const RecordingMessages messages;
     CountingRegistry registry;
     for (const auto& [version, writes] : {std::pair{"1.2.3", 1}, {"1.2.3", 1}, {"1.10.0", 2}}) {

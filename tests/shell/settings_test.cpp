@@ -38,7 +38,7 @@ constexpr const char* kOthers =
     "Col Publics=1\r\nCol Privates=2\r\nCol CallLocal=3\r\nCol CallIn=4\r\nCol CallOut=5\r\nCol CallMayBe=6\r\n"
     "Col CondCompile=7\r\nCol Comment=8\r\nCol String=-2147483633\r\n";
 
-TEST_F(SettingsOfAFile, AbsentFileGivesTheDefaultsAndComesIntoBeingAtTheFirstSave) {
+TEST_F(SettingsOfAFile, MissingFileGivesTheDefaultsAndTheFirstSaveCreatesIt) {
     Load(kOthers);
     SettingsFile file(files_, "new.ini");
     settings_ = Optionen_Ini_Load(file);
@@ -55,7 +55,7 @@ TEST_F(SettingsOfAFile, WhatWasReadIsSavedAgain) {
     EXPECT_EQ((std::vector<int>{settings_.Win32, settings_.LoadLibs, settings_.ProcVars, settings_.ColPublics,
                                 settings_.ColString}),
               (std::vector<int>{0, 0, -1, 1, -2147483633}));
-    settings_.OpenSaveDir = "c:\\other\\";  // is saved on its own
+    settings_.OpenSaveDir = "c:\\other\\";  // saved separately
     SettingsFile file(files_, "new.ini");
     Optionen_Ini_Save(file, settings_);
     EXPECT_EQ(files_.Bytes("new.ini"), kOthers);
@@ -103,10 +103,10 @@ TEST_F(SettingsOfAFile, WindowSizeIsKept) {
     SizeSave_Write(file, size);
     SettingsFile again(files_, kIni);
     EXPECT_EQ(SizeSave_Read(again), size);
-    // A maximised window leaves its place alone.
+    // A maximised window does not change the stored place.
     SizeSave_Write(again, {true, "91", "92", "93", "94", "95", "6", "7", "8", "9", "10", "11", "12"});
     EXPECT_EQ(SizeSave_Read(again), (WindowSize{true, "1", "2", "3", "4", "95", "6", "7", "8", "9", "10", "11", "12"}));
-    // A stored 0 keeps the design place of two splitters.
+    // A stored 0 means the design position for two splitters.
     SizeSave_Write(file, {false, "0", "0", "0", "0", "0", "0", "0", "0", "0", "0", "0", "0"});
     EXPECT_EQ(SizeSave_Read(file), (WindowSize{false, "0", "0", "0", "0", "", "", "0", "0", "0", "0", "0", "0"}));
 }

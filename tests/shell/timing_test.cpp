@@ -14,16 +14,16 @@ TEST(TimerOfDay, CountsSecondsSinceLocalMidnight) {
     const std::time_t now = std::time(nullptr);
     const std::tm local = *std::localtime(&now);
     const double distance = std::fabs(TimerOfDay() - (local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec));
-    EXPECT_TRUE(distance < 3 || distance > 86390) << distance;  // midnight may fall in between
+    EXPECT_TRUE(distance < 3 || distance > 86390) << distance;  // midnight may pass in between
 }
 
-TEST(TimingRecords, PairedStartsAndStopsAddUpAndAnUnbalancedStopIsTold) {
+TEST(TimingRecords, PairedStartsAndStopsAddUpAndAnUnpairedStopIsReported) {
     const RecordingMessages messages;
     TimingRecord record;
     record.Total = 100;
     for (int i = 0; i < 2; ++i) {
         Timer_Start(record);
-        record.StartTime -= 16;  // the stop comes sixteen seconds later
+        record.StartTime -= 16;  // simulates a duration of sixteen seconds
         Timer_Stop(record);
     }
     EXPECT_NEAR(record.Total, 132, 0.5);
@@ -32,7 +32,7 @@ TEST(TimingRecords, PairedStartsAndStopsAddUpAndAnUnbalancedStopIsTold) {
     EXPECT_THAT(messages.texts, testing::ElementsAre("Timerschrott!!!!"));
 }
 
-TEST(TimingRecords, TextHasHoursMinutesSecondsAndTheDigitsBehindThePoint) {
+TEST(TimingRecords, TextHasHoursMinutesSecondsAndDecimalPlaces) {
     using Case = std::pair<double, const char*>;
     for (const auto& [total, text] :
          {Case{0.0, "00:00:00:00"}, Case{59.5, "00:00:59:05"}, Case{61.05, "00:01:01:05"}, Case{3723.25, "01:02:03:25"},
@@ -61,7 +61,7 @@ TEST(EventPump, RunsAtMostSomeThirtyTimesASecond) {
     };
     for (; runs < 5 && seconds() < 20; ++calls)
         DoEvents();
-    EXPECT_GE(seconds(), 4 / 31.0);  // the first run may come at once
+    EXPECT_GE(seconds(), 4 / 31.0);  // the first run may be immediate
     SetEventPump(before);
     EXPECT_EQ(runs, 5);
     EXPECT_GT(calls, 5);

@@ -12,7 +12,7 @@ TEST(VbText, MidCountsFromOneAndEndsWithTheText) {
     EXPECT_THROW((void)Mid("abcd", 0, 1), VbError);
     EXPECT_THROW((void)Mid("abcd", 1, -1), VbError);
     EXPECT_EQ(InStr(7, "abcabc", "c") + InStr(9, "abcabc", "c"), 0);
-    EXPECT_EQ(Replace("( ( a", "( ", "("), "((a");  // in one pass
+    EXPECT_EQ(Replace("( ( a", "( ", "("), "((a");  // the result is not searched again
 }
 
 TEST(VbText, InStrRevFindsTheLastThatEndsAtItsStart) {
@@ -25,22 +25,22 @@ TEST(GetWortNrAusString, CountsRunsBetweenSeparators) {
     using Case = std::tuple<const char*, int, const char*>;
     for (const auto& [text, nr, word] :
          {Case{"Form=Form1.frm", 1, "Form"}, Case{"Form=Form1.frm", 3, "frm"}, Case{"Form=Form1.frm", 4, ""},
-          Case{"   first second", 2, "second"}, Case{"Name=\"Projekt 1\"", 2, "Projekt"},  // quotes group nothing
+          Case{"   first second", 2, "second"}, Case{"Name=\"Projekt 1\"", 2, "Projekt"},  // quotes do not group
           Case{"a(,).-+*/=:b", 2, "b"}, Case{"a_b;c\td", 1, "a_b;c\td"}, Case{"x'y z", 1, "x"},
-          Case{"x'y z", 2, ""},  // the text ends behind the apostrophe
+          Case{"x'y z", 2, ""},  // the text ends at the apostrophe
           Case{"'x", 1, ""}, Case{" .,", 1, ""}}) {
         SCOPED_TRACE(text);
         EXPECT_EQ(modMain::GetWortNrAusString(text, nr), word);
     }
 }
 
-TEST(GetStringContent, IsWhatStandsBetweenTheFirstTwoQuotes) {
+TEST(GetStringContent, IsTheTextBetweenTheFirstTwoQuotes) {
     for (const auto& [text, content] :
          {std::pair{"Name=\"Projekt 1\" \"x\"", "Projekt 1"}, {"Name=\"\"", ""}, {"Name=\"open", ""}, {"none", ""}})
         EXPECT_EQ(modMain::GetStringContent(text), content) << text;
 }
 
-TEST(DirOrFileName, CutsBehindTheLastSeparatorOfEitherKind) {
+TEST(DirOrFileName, CutsAfterTheLastSeparatorOfEitherKind) {
     using Case = std::pair<const char*, const char*>;
     for (const auto& [directory, file] :
          {Case{"c:\\p\\", "a.vbp"}, Case{"/home/me\\..\\", "a.vbp"}, Case{"c:\\p/", "a b.c.vbp"}, Case{"c:\\p\\", ""},

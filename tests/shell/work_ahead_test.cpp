@@ -12,7 +12,7 @@ namespace {
 
 using testing::ElementsAre;
 
-// With as many helpers as the parameter says, none for a machine with one processor.
+// The parameter is the number of helpers; 0 as on a machine with one processor.
 class Ahead : public ProgramState, public testing::WithParamInterface<std::size_t> {};
 
 TEST_P(Ahead, ResultsComeInOrderAndEachItemIsDoneOnce) {
@@ -23,7 +23,7 @@ TEST_P(Ahead, ResultsComeInOrderAndEachItemIsDoneOnce) {
         kItems,
         [&](std::size_t nr, std::size_t worker) {
             EXPECT_EQ(busy.at(worker)++, 0) << "a worker has one item at a time";
-            // Some take long, so that others overtake them.
+            // Some items take long, so that others finish first.
             for (int turn = 0; turn < (nr % 7 == 0 ? 1000 : 1); ++turn)
                 std::this_thread::yield();
             ++done[nr];
@@ -37,7 +37,7 @@ TEST_P(Ahead, ResultsComeInOrderAndEachItemIsDoneOnce) {
         EXPECT_EQ(times, 1);
 }
 
-TEST_P(Ahead, WhatAnItemReportsIsToldWhenItIsTaken) {
+TEST_P(Ahead, ReportsOfAnItemAppearWhenItIsTaken) {
     const RecordingErrors errors;
     WorkAhead<int> work(
         3,

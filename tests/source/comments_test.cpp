@@ -7,7 +7,7 @@
 
 namespace {
 
-// The marks of each snippet are what must come out.
+// The marks of each snippet are the expected ranges.
 template <class Ranges>
 void ExpectMarked(Ranges ranges, std::initializer_list<const char*> snippets) {
     for (const char* snippet : snippets) {
@@ -27,15 +27,15 @@ TEST(Comments, RunOnOverAContinuation) {
                                  "first\nx = \"a\" & _\n  \"it's\" {{' note}}\ny"});
 }
 
-TEST(Comments, BeginAtRemBehindABlankOrALineEnd) {
+TEST(Comments, BeginAtRemAfterABlankOrALineEnd) {
     ExpectMarked(CommentRanges,
                  {"x\n{{Rem a}}\ny", "x = 1: {{Rem a}}", "x\n  {{rem a}}", "x {{Rem a}}", "x\n{{Rem a _\nb}}\nc",
                   "x = \" rem a\"", "x\nRemark a", "x\nRem\ny", "x\n{{Rem it's}}", "x {{' a rem b}}",
-                  // What begins the text stays code.
+                  // A Rem at the start of the text stays code.
                   "Rem a\n{{Rem b}}", " {{Rem behind a blank}}\nx"});
 }
 
-TEST(Comments, LastLineWithoutLineEndGoesByTheLineBefore) {
+TEST(Comments, LastLineWithoutLineEndUsesTheLineBefore) {
     const RecordingErrors errors;
     const auto comments = [](const char* text) { return CommentRanges(ModuleText(text)); };
     EXPECT_EQ(comments("x = 1\r\ny ' a"), std::vector<PosRange>());

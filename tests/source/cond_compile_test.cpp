@@ -5,7 +5,7 @@
 
 namespace {
 
-// Hidden stretches of a snippet; each must go from a {{ to the CR behind the line that ends in }}.
+// Expects hidden ranges; each goes from a {{ to the CR after the line that ends in }}.
 void ExpectHidden(const char* snippet, const std::vector<CondConstant>& projectConstants = {}) {
     SCOPED_TRACE(snippet);
     Marked vb = Vb(snippet);
@@ -14,7 +14,7 @@ void ExpectHidden(const char* snippet, const std::vector<CondConstant>& projectC
     EXPECT_EQ(HiddenRanges(ModuleText(vb.text), projectConstants), vb.ranges);
 }
 
-// Whether the code of `#If expression Then` is compiled.
+// True if the code of `#If expression Then` is compiled.
 bool IsCompiled(const std::string& expression, const std::vector<CondConstant>& projectConstants = {}) {
     const Marked vb = Vb("#If " + expression + " Then\n{{x}}\n#End If");
     const auto hidden = HiddenRanges(ModuleText(vb.text), projectConstants);
@@ -41,7 +41,7 @@ TEST(CondCompile, DirectiveIsTheFirstThingInItsLogicalLine) {
     ExpectHidden("a _\n#If 0 Then\nb");
 }
 
-TEST(CondCompile, TornBlocksHideNoMoreThanTheirDirectives) {
+TEST(CondCompile, IncompleteBlocksHideOnlyTheirDirectives) {
     ExpectHidden("first\n{{#If 0 Then}}\nb");
     ExpectHidden("first\n{{#Else}}\nb");
     ExpectHidden("first\n#End If\nb");
@@ -65,7 +65,7 @@ TEST(CondCompile, FailedExpressionIsReportedAndFalse) {
     const std::string tag = "modMain: IF_is_TRUE   (check conditional compile expression \"";
     const RecordingErrors errors;
     ExpectHidden("{{#If (1 Then\na\n#ElseIf 1 Then}}\nb\n{{#End If}}");
-    // So is a failed definition, and the next one follows.
+    // A failed definition is reported too, and the next one still applies.
     EXPECT_TRUE(IsCompiled("good", {{"bad", "(("}, {"good", "1"}}));
     EXPECT_THAT(errors.tags, ElementsAre(tag + "(1\" in module Module1)", tag + "good\" in module Module1)"));
 }

@@ -6,7 +6,7 @@ namespace {
 
 using namespace modMain;
 
-// The positions from `from` to behind the end: "x" where the predicate holds.
+// The positions from `from` to one after the end: "x" where the predicate is true.
 std::string Map(bool (*predicate)(std::string_view, Pos), std::string_view text, Pos from) {
     std::string map;
     for (Pos pos = from; pos <= Len(text) + 1; ++pos)
@@ -21,7 +21,7 @@ TEST(Lines, QuotesAndBracketsBeforeThePositionDecide) {
 
 TEST(Lines, CommentIsCutOutsideStrings) {
     EXPECT_EQ(Get_ZeileOhneKommentar("x = \"it's\"  ' it's"), "x = \"it's\"");
-    EXPECT_EQ(Get_ZeileOhneKommentar("  x  "), "  x  ");  // trimmed only where something was cut
+    EXPECT_EQ(Get_ZeileOhneKommentar("  x  "), "  x  ");  // trimmed only if a comment was removed
     EXPECT_EQ(Get_ZeileOhneKommentar("'"), "");
     EXPECT_EQ(GetCodeAusString("  \"Form1\" ' note"), "\"Form1\"");
 }
@@ -29,7 +29,7 @@ TEST(Lines, CommentIsCutOutsideStrings) {
 TEST(Lines, LogicalLineIsJoinedToOne) {
     using Case = std::pair<const char*, const char*>;
     for (const auto& [line, clean] :
-         {Case{"  x = 1 ' note", "x = 1"}, Case{"  foo( a , b )", "foo( a , b )"},  // one line as it stands
+         {Case{"  x = 1 ' note", "x = 1"}, Case{"  foo( a , b )", "foo( a , b )"},  // a single line does not change
           Case{"dim a _\r\n   as long", "dim a as long"}, Case{"foo _\r\n    .bar", "foo.bar"},
           Case{"foo _\r\n    (1)", "foo(1)"}, Case{"a = b + _\r\n    (c)", "a = b + (c)"},
           Case{"a = b & _\r\n    .c", "a = b & .c"}, Case{"a. _\r\n    b", "a.b"},
@@ -44,7 +44,7 @@ TEST(Lines, SearchesSkipStrings) {
     for (const auto& [start, hit] : {std::pair{15, 13}, {10, 2}, {2, 0}})
         EXPECT_EQ(Get_StringPos_LinksVonPos(text, ",", start), hit) << start;
     EXPECT_EQ(Get_StringPos_LinksVonPos(text, ", ", 12), 10);
-    EXPECT_EQ(Get_StringPos_LinksVonPos(text, ", ", 11), 2);  // must end before the position
+    EXPECT_EQ(Get_StringPos_LinksVonPos(text, ", ", 11), 2);  // the hit must end before the position
     for (const auto& [from, to, count] : {std::tuple{0, 15, 3}, {2, 15, 2}, {0, 10, 2}, {0, 9, 1}})
         EXPECT_EQ(Get_AnzStr_InString(text, ",", from, to), count) << from << ' ' << to;
 }
@@ -63,11 +63,11 @@ TEST(Lines, BracketContentIsThatOfTheInnermostPair) {
 }
 
 TEST(Lines, NearestBlankToTheLeftSeparates) {
-    // From the last character of each text.
+    // Searches from the last character of each text.
     using Case = std::pair<const char*, Pos>;
     for (const auto& [text, blank] : {Case{"x = abc", 4}, Case{"x =    abc", 7}, Case{"abc", 0},
                                       Case{"f a _\r\n  b", 9}, Case{"f a. _\r\n  b c", 12},
-                                      // The indent of a line that goes on behind an operator is passed over.
+                                      // The indentation of a line that continues after an operator is skipped.
                                       Case{"f a. _\r\n  b", 5}, Case{"f a( _\r\n  b", 5}, Case{"f a & _\r\n  b", 6}})
         EXPECT_EQ(Get_Next_BlankPos_Left(text, Len(text)), blank) << text;
     EXPECT_EQ(Get_Next_BlankPos_Left(" a", 1), 0);

@@ -9,7 +9,7 @@ TEST(ModuleText, FlagsOutsideTheTextAreAnError) {
     text.Mark(2, 99, IsString);
     text.Mark(-5, 2, IsComment);
     text.Mark(3, 2, NotCompile);
-    EXPECT_FALSE(text.PosNotCode(0));  // the entry that no character uses
+    EXPECT_FALSE(text.PosNotCode(0));  // entry 0 belongs to no character
     EXPECT_TRUE(text.PosIsComment(1) && !text.PosIsString(1));
     EXPECT_TRUE(text.PosIsComment(2) && text.PosIsString(2) && !text.PosNotCompile(2));
     EXPECT_TRUE(text.PosIsString(3) && text.PosNotCode(3));
@@ -17,7 +17,7 @@ TEST(ModuleText, FlagsOutsideTheTextAreAnError) {
         EXPECT_THROW((void)text.PosNotCode(pos), VbError) << pos;
 }
 
-TEST(VBZeilenEnde, IsTheCarriageReturnBehindTheLastContinuation) {
+TEST(VBZeilenEnde, IsTheCarriageReturnAfterTheLastContinuation) {
     const Marked vb = Vb(R"(
         {{D}}im a _
             As Long{{}}
@@ -26,8 +26,8 @@ TEST(VBZeilenEnde, IsTheCarriageReturnBehindTheLastContinuation) {
     )");
     const ModuleText text(vb.text);
     for (const auto& [from, end] : {std::pair{vb.pos(1), vb.pos(2)},
-                                    {vb.pos(2), vb.pos(2)},  // on the line end itself
-                                    {vb.pos(3), vb.pos(3)},  // an underscore behind a letter continues nothing
+                                    {vb.pos(2), vb.pos(2)},  // the line end itself
+                                    {vb.pos(3), vb.pos(3)},  // "_" directly after a letter: no continuation
                                     {vb.pos(4), vb.pos(4) + 1},
                                     {vb.pos(4) + 2, 0}})
         EXPECT_EQ(text.Get_VBZeilenEnde(from), end) << from;
@@ -46,7 +46,7 @@ TEST(VBZeilenBeginn, IsTheFirstCharacterBeforeAllContinuations) {
     )");
     const ModuleText text(vb.text);
     for (const auto& [from, begin] : {std::pair{1, 1},
-                                      {vb.pos(1), 1},  // on the line end itself
+                                      {vb.pos(1), 1},  // the line end itself
                                       {vb.pos(3), vb.pos(2)},
                                       {vb.pos(4), vb.pos(4)},
                                       {vb.pos(5), vb.pos(5)}}) {

@@ -44,7 +44,7 @@ TEST(Statement, IsSplitAtBlanksThatSeparate) {
         EXPECT_EQ(At(snippet).Splits(), splits) << snippet;
 }
 
-TEST(Statement, TellsWhichSplitHoldsThePosition) {
+TEST(Statement, FindsTheSplitThatContainsThePosition) {
     At at("Foo: a = b.{{c}}d + e");
     EXPECT_EQ(at->Statement(), "a = b.cd + e");
     EXPECT_EQ(at->SplitNr(), 3);
@@ -55,7 +55,7 @@ TEST(Statement, TellsWhichSplitHoldsThePosition) {
     EXPECT_EQ(at->Gleich_Ist_SplitNr(), 2);
     EXPECT_EQ(at->Get_AnzStr_InSplit("."), 1);
     EXPECT_THROW((void)at->SplitStr(6), VbError);
-    // Where several blanks stand, splits are counted as if it were one, and the position lies behind them.
+    // Several blanks count as one in the positions of splits, so the position in the text lies after the split's.
     At wide("a    {{=}} b");
     EXPECT_EQ(wide->SplitPos(3), 5);
     EXPECT_EQ(wide->SplitNr(), 0);
@@ -67,9 +67,9 @@ TEST(Statement, IsCutAtColonAndThen) {
          {Case{"If a Then {{b}} = 1: c = 2", "b = 1"}, Case{"If {{a}} Then b = 1: c = 2", "if a"},
           Case{"a = \": \": {{b}} = \" then \"", "b = \" then \""}, Case{"a = 1:   {{b}} = 2 ' note: x", "b = 2"},
           Case{"{{x}}:y = 1", "x:y = 1"},
-          // Both separators to the left and the colon the nearer: the line from its start.
+          // Both separators to the left and the colon nearer: the line from its start.
           Case{"If a Then b = 1: {{c}} = 2", "if a then b = 1: c = 2"},
-          Case{"first\nfoo a, _\n  {{b}}", "foo a,      b"}}) {  // positions stay true over a continuation
+          Case{"first\nfoo a, _\n  {{b}}", "foo a,      b"}}) {  // a continuation does not shift positions
         SCOPED_TRACE(snippet);
         At at(snippet);
         EXPECT_EQ(at->Statement(), statement);
@@ -101,7 +101,7 @@ TEST(Statement, KnowsItsBrackets) {
     EXPECT_EQ(At("{{foo}} (a")->Get_PosKlammerRechts(6), 0);
 }
 
-TEST(Statement, TellsArgumentsFromTargetsAndNamesAndDeclarations) {
+TEST(Statement, DistinguishesArgumentsTargetsNamesAndDeclarations) {
     for (const char* argument : {"If {{a}} = 1 Then", "Loop Until {{a}}", "Case {{a}}", "foo {{a}}", "foo 1, {{a}}",
                                  "a({{i}}) = 1", "Call foo({{a}})", "Set x = f({{a}})"})
         EXPECT_TRUE(At(argument)->PosInArgumentListe()) << argument;

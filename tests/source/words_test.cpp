@@ -19,7 +19,7 @@ public:
 
 using Search = Pos (*)(const ModuleText&, Pos, std::string_view);
 
-// The search for "word" from the text's start, or from its end, must give the mark, or 0 where there is none.
+// Expects the search for "word" from the start or end of the text to return the mark, or 0 without a mark.
 void ExpectHit(Search search, std::initializer_list<const char*> snippets, bool fromEnd = false) {
     for (const char* snippet : snippets) {
         SCOPED_TRACE(snippet);
@@ -53,13 +53,13 @@ TEST(Suche, WholeWordInCodePassesOverCommentsAndStrings) {
     EXPECT_EQ(Suche_GanzesWort_Im_Code(ModuleText("a word"), 1, "word"), 0) << "nothing stands behind the word";
 }
 
-TEST(Suche, CalledWordIsNotFoundRightBehindAnEqualsSign) {
+TEST(Suche, CalledWordIsNotFoundDirectlyAfterAnEqualsSign) {
     ExpectHit(Suche_CallWort_Im_Code, {"{{word}}", "x = {{word}}", "x=word", "f x:={{word}}", "rs!word", "f({{word}})",
                                        "a.{{word}}$", "' word\nx=\"word\""});
     EXPECT_EQ(Suche_CallWort_Im_Code(Source("word").text, 0, "word"), 0);
 }
 
-TEST(Suche, WordBeforeAPointIsToldOnePositionFurther) {
+TEST(Suche, WordBeforeAPointIsReportedOnePositionFurther) {
     ExpectHit(Suche_CallWort_Im_Code_Type, {"x = word: w{{ord}}.a", "word.a: word.b", "' word.a\n", "word"});
     EXPECT_EQ(Suche_CallWort_Im_Code_Type(Source(" word.a").text, 0, "word"), 0);
 }
@@ -95,7 +95,7 @@ TEST(WithObject, IsThatOfTheLastWithLine) {
         "x = {{}}1\nWith {{outer}}.a\n  {{.y}}\n  With {{inner}}\n    {{.x}}\n  End With\nEnd With\n"
         "' With comment\ny = \"With text\"\n{{.z}}");
     using Case = std::tuple<std::size_t, const char*, Pos>;
-    // A block that is closed again counts as well.
+    // A block that has ended counts as well.
     for (const auto& [mark, object, expectedPos] :
          {Case{1, "", 0}, Case{3, "outer.a", source.vb.pos(2)}, Case{5, "inner", source.vb.pos(4)},
           Case{6, "inner", source.vb.pos(4)}}) {

@@ -6,7 +6,7 @@ namespace {
 
 class Registration : public ProgramState {
 protected:
-    // Code paths of all that bears a name, in the order of entry.
+    // Code paths of all objects of a name, in the order of entry.
     static std::string Bearers(const NameSpace& nameSpace, std::string_view name) {
         std::string paths;
         if (const clsSpaceName* entry = nameSpace.Item(name))
@@ -44,14 +44,14 @@ const char* const kEverything = R"(
 
 TEST_F(Registration, ProjectKnowsWhatIsPublic) {
     ReadModule(kEverything);
-    EXPECT_EQ(Names(gProjekt->MyVars), "a C y");  // members of enumerations, but not of types
+    EXPECT_EQ(Names(gProjekt->MyVars), "a C y");  // includes members of enumerations, but not of types
     EXPECT_EQ(Names(gProjekt->myTypes) + " " + Names(gProjekt->myEnums), "T E");
     EXPECT_EQ(Names(gProjekt->MyProcs), "S G");  // no properties
     EXPECT_EQ(Names(gProjekt->Public_Sub) + " " + Names(gProjekt->Public_Function), "S G");
-    // The name space holds nothing private.
+    // The name space holds only public objects.
     EXPECT_EQ(Bearers(gPublicNameSpace, "p") + Bearers(gPublicNameSpace, "s2"), "module1.p [get]");
     EXPECT_EQ(Bearers(gPublicNameSpace, "x"), "module1.t.x");
-    // The variables of a class are reached through its instances.
+    // Variables of a class are accessible through its instances only.
     ReadModule(kEverything, "Class1.cls");
     EXPECT_EQ(Names(gProjekt->MyVars), "y");
     EXPECT_EQ(Bearers(gPublicNameSpace, "a"), "class1.a");
@@ -65,7 +65,7 @@ TEST_F(Registration, FirstHolderOfANameWins) {
     EXPECT_EQ(DumpObjects(modul),
               "public First as long; public type Rec(a as long); public enum Kind(ka as long); public sub Twice()");
     EXPECT_EQ(Names(modul.Private_Variablen) + " " + Names(modul.Private_Function), "first twice");
-    // Of the others only what has a path of its own can still be found by name.
+    // Of later objects only those with a different path can still be found by name.
     EXPECT_EQ(Bearers(modul.PrivNameSpace, "first"), "module1.first");
     EXPECT_EQ(Bearers(modul.PrivNameSpace, "b"), "module1.rec.b");
     EXPECT_TRUE(modul.MyVars.Contains("kb"));

@@ -20,7 +20,7 @@ TEST_F(Variables, TakeTheirTypeFromAsOrASign) {
          {"Dim a As String * 10", "private a as string*10"},
          {"Private a As Long, _\n    b As Byte", "private a as long; private b as byte"},
          {"Dim a(1 To 5) As Integer, s$(), b(3, 4)", "private a as integer; private s as string; private b as variant"},
-         // Nothing but commas makes none.
+         // A declaration without a name declares nothing.
          {"Dim\nDim b", "private b as variant"},
          {"Dim , b", "private b as variant"},
          {"Private (x)", ""}});
@@ -33,7 +33,7 @@ TEST_F(Variables, AccessComesFromTheFirstWord) {
                    {"WithEvents a As Foo", "public a as foo"}});
 }
 
-TEST_F(Constants, ExistWhereAnEqualSignStands) {
+TEST_F(Constants, ComeFromEachEqualSign) {
     ExpectObjects({{"Const A = 1, B = 2", "public const A as variant; public const B as variant"},
                    {"Const A", ""},
                    {"Const A = 1, = 2", "public const A as variant"},

@@ -1,7 +1,7 @@
 #include "structure/read_proc.h"
 
+#include "source/tokens.h"
 #include "structure/reading.h"
-#include "structure/tokens.h"
 
 namespace {
 
@@ -11,7 +11,7 @@ using Results = ProgramState;
 
 class Locals : public ProgramState {
 protected:
-    // Bodies of `Sub S()`, and its locals.
+    // Each case is the body of `Sub S()` and its expected locals.
     static void ExpectLocals(std::initializer_list<Case> cases) {
         for (const Case& c : cases)
             ExpectObjects({{"Sub S()\n" + c.source + "\nEnd Sub", "public sub S(" + c.objects + ")"}});
@@ -20,7 +20,7 @@ protected:
 
 class Handlers : public ProgramState {
 protected:
-    // Which of these subs of a module their reading marks.
+    // The subs of the module that are marked as handlers.
     static std::string Of(const std::string& file, const std::string& header,
                           std::initializer_list<std::string> names) {
         std::string text = header + "\r\nDim a\r\n";
@@ -37,7 +37,7 @@ protected:
 
 }  // namespace
 
-TEST_F(Procedures, KnowWhereTheyStand) {
+TEST_F(Procedures, KnowTheirPositions) {
     const std::string_view snippet = R"(
         Dim a
         {{Private Function {{Area}}{{(}}ByVal w As Long{{)}} As Long
@@ -62,7 +62,7 @@ TEST_F(Procedures, KnowWhereTheyStand) {
 TEST_F(Procedures, EndOfAnotherKindClosesNothing) {
     ExpectObjects({{"Sub A()\nEnd Function\nExit Sub\nDim x\nEnd Sub\nSub B()\nEnd Sub",
                     "public sub A(local x as variant); public sub B()"},
-                   {"Sub A()\nEnd Sub\nPrivate Property", "public sub A()"}});  // a head without a name makes none
+                   {"Sub A()\nEnd Sub\nPrivate Property", "public sub A()"}});  // a head needs a name
 }
 
 TEST_F(Procedures, MissingEndRunsToTheLastToken) {
@@ -70,7 +70,7 @@ TEST_F(Procedures, MissingEndRunsToTheLastToken) {
     const clsModul& modul = ReadModule(snippet);
     EXPECT_EQ(DumpObjects(modul), "public sub A(local x as variant, local y as variant)");
     EXPECT_EQ(Place(*modul.MyProcs.Item("a")).second, Vb(snippet).last());
-    // Without its line end the closing word of the last line is no token.
+    // Without its line end the closing keyword of the last line is not a token.
     const clsModul& torn = ReadModuleAsItIs("Sub A()\r\nEnd Sub");
     EXPECT_EQ(torn.MyProcs.Item("a")->DeclareEndTNr, torn.tokens->Count());
     EXPECT_EQ(torn.tokens->Text(torn.text->ModulTextOrg(), torn.tokens->Count()), "End");
@@ -88,16 +88,16 @@ TEST_F(Arguments, TakeTheirTypeAsVariablesDoWithoutPassingWordsAndDefaults) {
           "public sub S(argument a as date, argument b as string, argument c as variant)"}});
 }
 
-TEST_F(Results, OfFunctionsStandAmongTheArguments) {
+TEST_F(Results, OfFunctionsAreAmongTheArguments) {
     ExpectObjects(
         {{"Function F$(a%)\nEnd Function", "public function F(argument a as integer, result F as string) as string"},
          {"Function F() As Byte()\nEnd Function", "public function F(result F as byte()) as byte()"},
          {"Function F() _\n  As Lib.Thing\nEnd Function", "public function F(result F as lib.thing) as lib.thing"},
          {"Function F()\nEnd Function", "public function F(result F as variant) as variant"},
-         // Without brackets no argument list is looked for, and no type behind it.
+         // Without brackets neither arguments nor the type after them are read.
          {"Function F As Long\nEnd Function", "public function F(result F as variant) as variant"},
          {"Function F() As Long\nDim f As Byte\nEnd Function", "public function F(local f as byte) as long"},
-         // A Property Get without a type stays without one.
+         // A Property Get without As has no type.
          {"Property Get P()\nEnd Property", "public property get P(result P)"},
          {"Property Get P%()\nEnd Property", "public property get P(result P as integer) as integer"}});
 }
@@ -113,7 +113,7 @@ TEST_F(Locals, ConstantWithoutATypeHasItsValueForOne) {
     ExpectLocals({{"Const x = 5", "local const x as 5"},
                   {"Const x = -5", "local const x as -"},
                   {"Const x As Long = 5", "local const x as long"},
-                  // The name behind the first comma is taken for a part of the value before it.
+                  // The name after the first comma counts as a part of the value before it.
                   {"Const a = 1, b = 2, c = 3", "local const a as 1, local const c as 3"},
                   {"Const a As Long = 1, b As Byte = 2", "local const a as longbyte"}});
 }
@@ -137,7 +137,7 @@ TEST_F(Locals, ReDimDeclaresUnknownNamesOnly) {
     ExpectLocals({{"ReDim .Field(5)", "local . as variant"}, {"ReDim rec.Items(5) As Long", "local rec as long"}});
 }
 
-TEST_F(Locals, AndArgumentsEndBehindTheirType) {
+TEST_F(Locals, AndArgumentsEndAfterTheirType) {
     const std::string_view snippet =
         "Sub S(ByVal {{a As Lib.Thing}}, {{b%}}, {{c}})\nDim {{d() As Lib.Thing}}, {{e}}\nEnd Sub";
     const Marked vb = Vb(snippet);
@@ -146,7 +146,7 @@ TEST_F(Locals, AndArgumentsEndBehindTheirType) {
         const PosRange mark = vb.ranges[static_cast<std::size_t>(nr) - 1];
         const bool hasType = nr != 3 && nr != 5;
         EXPECT_EQ(Place(*proc.MyVars.ItemNr(nr)), PosRange(mark.first, hasType ? mark.second : -1));
-        EXPECT_EQ(proc.MyVars.ItemNr(nr)->Zugriff, nr <= 3 ? "argument" : "procedure");
+        EXPECT_EQ(proc.MyVars.ItemNr(nr)->Zugriff, nr <= 3 ? Access::Argument : Access::Procedure);
         EXPECT_EQ(proc.MyVars.ItemNr(nr)->Prozedur, &proc);
     }
 }

@@ -1,4 +1,4 @@
-// What the tests of the readers share: tables of sources and what comes out, and the place of an object.
+// Shared by the tests of the readers: tables of sources and expected objects, and the range of an object.
 #pragma once
 
 #include "support/project_test.h"
@@ -15,7 +15,7 @@ inline void ExpectObjects(std::initializer_list<Case> cases, std::string_view fi
     }
 }
 
-/// First and last character, as marks have them; the last is -1 where an object keeps no end.
+/// First and last character of an object, like a mark; the last is -1 for an object without an end.
 inline PosRange Place(const CodeObject& object) {
     return {object.DeclareStart, object.DeclareEnd - 1};
 }

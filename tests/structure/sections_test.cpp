@@ -1,14 +1,14 @@
-// Where declarations and procedures begin, and which reader each of them meets.
+// Tests where declarations and procedures begin, and which reader is called for each.
 #include "structure/sections.h"
 
+#include "source/tokens.h"
 #include "structure/reading.h"
-#include "structure/tokens.h"
 
 namespace {
 
 class Sections : public ProgramState {
 protected:
-    // A mark stands around the first token of the procedures.
+    // The mark is the first token of the procedures section.
     static void ExpectProceduresAtMark(std::initializer_list<std::string_view> snippets) {
         for (const std::string_view snippet : snippets) {
             SCOPED_TRACE(snippet);
@@ -24,7 +24,7 @@ protected:
 TEST_F(Sections, ProceduresStartWithTheFirstOneAndItsAccessWord) {
     ExpectProceduresAtMark({"Dim a\n{{Sub}} S()\nEnd Sub\nSub T()\nEnd Sub", "{{Function}} F()\nEnd Function",
                             "Dim a\n{{Private}} Sub S()\nEnd Sub", "{{Public}} Property Get P()\nEnd Property",
-                            // other words stay outside
+                            // other words are not part of it
                             "Friend {{Sub}} S()\nEnd Sub", "Public Static {{Sub}} S()\nEnd Sub"});
 }
 
@@ -56,14 +56,14 @@ TEST_F(Sections, ModuleWithoutProceduresHasThemAtItsEnd) {
     EXPECT_EQ(DumpObjects(modul), "private a as variant; private b as variant");
 }
 
-TEST_F(Sections, DeclarationsBeginBehindHeaderAndAttributes) {
+TEST_F(Sections, DeclarationsBeginAfterHeaderAndAttributes) {
     for (const auto& [file, snippet] :
          {std::pair("A.bas", "{{Dim}} a"),
           std::pair("A.bas", "Attribute VB_Name = \"A\"\nAttribute VB_Other = 1\n{{Option}} Explicit\nDim a"),
           std::pair("C.cls", "VERSION 1.0 CLASS\nBEGIN\n  MultiUse = -1\nEND\nAttribute VB_Name = \"C\"\n{{Dim}} a"),
           std::pair("F.frm", "Begin VB.Form F\nBegin VB.Label l\nEnd\nEnd\n{{Dim}} a\nSub S()\nBegin = 1\nEnd Sub")})
         EXPECT_EQ(ReadModule(snippet, file).BeginnVarBereich, Vb(snippet).pos()) << snippet;
-    // The header's own End is the last token of all.
+    // The End of the header is the last token of the module.
     const Marked vb = Vb("VERSION 1.0 CLASS\nBEGIN\n  MultiUse = -1\n{{END}}");
     const clsModul& empty = ReadModuleAsItIs(vb.text, "C.cls");
     EXPECT_EQ(empty.BeginnVarBereich, vb.last() + 1);

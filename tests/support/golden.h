@@ -1,4 +1,4 @@
-// Reports of the sample project, which are compared with files of tests/golden; UPDATE_GOLDEN=1 rewrites those.
+// Compares reports of the sample project with files in tests/golden; UPDATE_GOLDEN=1 rewrites these files.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -26,7 +26,7 @@ inline void ReadSample() {
     ASSERT_EQ(gProjekt->CountAllModules(), 14);
 }
 
-/// @param name  of the golden file, without its ".txt"
+/// @param name  name of the golden file without ".txt"
 inline void ExpectGolden(const std::string& report, const std::string& directory, const std::string& name) {
     SCOPED_TRACE(name);
     const std::filesystem::path golden = kSourceDirectory / "tests/golden" / directory / (name + ".txt");
@@ -44,7 +44,7 @@ void ExpectGoldenModules(Report report, const std::string& directory) {
         ExpectGolden(report(*modul), directory, std::string(modMain::DirOrFileName(modul->FullPath, 0)));
 }
 
-/// A report with its line ends as "|" and its tabs as ">".
+/// A report with "|" for each line end and ">" for each tab.
 inline std::string OnOneLine(std::string_view report) {
     return Replace(Replace(report, vbCrLf, "|"), "\t", ">");
 }

@@ -27,7 +27,7 @@ Marked Vb(std::string_view snippet) {
     std::vector<std::string_view> lines = Lines(snippet);
     if (lines.size() > 1 && IsBlank(lines.front()))
         lines.erase(lines.begin());
-    // What stands in front of the closing bracket of the raw literal.
+    // Removes the indentation before the closing bracket of the raw literal.
     if (lines.size() > 1 && IsBlank(lines.back()) && !snippet.ends_with('\n'))
         lines.pop_back();
 

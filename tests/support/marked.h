@@ -1,4 +1,4 @@
-// Source snippets that stand indented in a test, with their positions marked instead of counted.
+// Source snippets that are indented in a test, with marks instead of counted positions.
 #pragma once
 
 #include <string>
@@ -12,7 +12,7 @@ using PosRange = std::pair<Pos, Pos>;  // first and last position, both inclusiv
 
 struct Marked {
     std::string text;
-    std::vector<PosRange> ranges;  // what stood between {{ and }}, in the order of the {{
+    std::vector<PosRange> ranges;  // the text between {{ and }}, in the order of the {{
 
     /// First position of mark `nr`, from 1.
     [[nodiscard]] Pos pos(std::size_t nr = 1) const { return ranges.at(nr - 1).first; }
@@ -20,6 +20,6 @@ struct Marked {
     [[nodiscard]] Pos last(std::size_t nr = 1) const { return ranges.at(nr - 1).second; }
 };
 
-/// `snippet` without its empty first line, the indent that all its lines share and the blanks behind the last
-/// line end. Every line ends with CR LF, the last one too. Marks can be nested.
+/// `snippet` without its empty first line, the indentation common to all lines and the blanks after the last line end.
+/// Every line ends with CR LF, including the last one. Marks can be nested.
 [[nodiscard]] Marked Vb(std::string_view snippet);

@@ -1,4 +1,4 @@
-// The program's doors to the outer world, connected to lists and scripts for as long as an object lives.
+// Connects the ports of the program to lists and scripts for the lifetime of an object.
 #pragma once
 
 #include <initializer_list>
@@ -9,7 +9,7 @@
 #include "shell/errors.h"
 #include "shell/operations.h"
 
-/// Takes all reports of failures.
+/// Records all error reports.
 class RecordingErrors {
 public:
     RecordingErrors()
@@ -31,7 +31,7 @@ private:
     ErrorPort before_;
 };
 
-/// Answers questions with the given answers in turn, and with No behind the last.
+/// Answers questions with the given answers in order, and further ones with No.
 class ScriptedQuestions {
 public:
     ScriptedQuestions(std::initializer_list<bool> answers)
@@ -49,7 +49,7 @@ private:
     QuestionPort before_;
 };
 
-/// Watches an operation: its ranges, labels and steps, "+". The operation is cancelled where `cancelAt` is told.
+/// Records the ranges, labels and steps ("+") of an operation. Cancels the operation at the entry `cancelAt`.
 class RecordingProgress : public Progress {
 public:
     explicit RecordingProgress(std::string cancelAt = "")
@@ -60,7 +60,7 @@ public:
     void Range(int, int max) override { Tell(std::to_string(max)); }
     void Progressiere_mal() override { Tell("+"); }
 
-    std::string told;  // a blank behind each
+    std::string told;  // entries, each followed by a blank
 
 private:
     void Tell(const std::string& what) {
@@ -72,7 +72,7 @@ private:
     Progress* before_;
 };
 
-/// Takes the plain messages.
+/// Records the messages.
 class RecordingMessages {
 public:
     RecordingMessages() : before_(SetMessagePort([this](std::string_view text) { texts.emplace_back(text); })) {}

@@ -1,4 +1,4 @@
-// The fixture of all tests that touch the program-wide state: every test finds it as the program starts with it.
+// The fixture of all tests that use the program-wide state: each test starts with the state of a new process.
 #pragma once
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-// What nearly every test of a project needs: the fixture, snippets and projects in memory, the doors to the outer
-// world, and the objects of the model with the analyses that they go through.
+// Includes what most tests of a project need: the fixture, snippets and projects in memory, the ports of the program,
+// and the model with its analyses.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -21,13 +21,13 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
 
-/// Finds all calls of the open project, and what is dead by them.
+/// Finds all calls of the open project and marks dead objects.
 inline void Analyse() {
     Who_Calls_Who(*gProjekt);
     Tote_Untote_Kennzeichnen(*gProjekt);
 }
 
-/// The object of the open project at `codePath`; throws when there is none.
+/// The object of the open project at `codePath`; throws if there is none.
 inline CodeObject& ObjectAt(std::string_view codePath) {
     if (CodeObject* object = modMain::GetObjectFromCodePath(codePath))
         return *object;
@@ -37,7 +37,7 @@ inline clsProzedur& ProcedureAt(std::string_view codePath) {
     return dynamic_cast<clsProzedur&>(ObjectAt(codePath));
 }
 
-/// The names as spelled, one blank between two.
+/// The names as spelled, separated by blanks.
 template <class T>
 std::string Names(const clsCollection<T>& objects) {
     std::string names;

@@ -19,7 +19,7 @@ std::string ProjectLine(const std::string& file) {
     const std::string stem = file.substr(0, file.rfind('.'));
     if (file.ends_with(".frm"))
         return "Form=" + file;
-    // The second line is only counted: a project of nothing but user controls counts as empty and isn't read.
+    // The second line is only counted: a project with only user controls counts as empty and is not read.
     if (file.ends_with(".ctl"))
         return "UserControl=" + file + "\r\nUsercontrol=none";
     return (file.ends_with(".cls") ? "Class=" : "Module=") + stem + "; " + file;
@@ -35,10 +35,10 @@ std::string NameAndType(const CodeObject& object, std::string_view type) {
 std::string Role(const clsVariable& variable) {
     if (variable.MyType || variable.MyEnum)
         return {};
-    std::string role = variable.isResult                ? "result "
-                       : !variable.Prozedur             ? std::string(variable.Zugriff) + " "
-                       : variable.Zugriff == "argument" ? "argument "
-                                                        : "local ";
+    std::string role = variable.isResult                      ? "result "
+                       : !variable.Prozedur                   ? std::string(TextOf(variable.Zugriff)) + " "
+                       : variable.Zugriff == Access::Argument ? "argument "
+                                                              : "local ";
     return variable.IsConst ? role + "const " : role;
 }
 
@@ -51,9 +51,9 @@ std::string List(const clsCollection<clsVariable>& variables) {
     return "(" + list + ")";
 }
 
-// One object of the module, or an empty text when no collection holds it.
+// One object of the module, or an empty text if no collection contains it.
 std::string DumpObject(const clsModul& modul, const CodeObject& object) {
-    const std::string access = std::string(object.Zugriff) + " ";
+    const std::string access = std::string(TextOf(object.Zugriff)) + " ";
     const std::string name(object.myNameOrg());
     switch (object.Class()) {
         case ObjectClass::Variable: {
@@ -79,7 +79,7 @@ std::string DumpObject(const clsModul& modul, const CodeObject& object) {
             if (modul.MyProcs.Item(proc.LocalKey()) != &proc)
                 return {};
             std::string text = access + (proc.isDeclare ? "declare " : "") + (proc.IsEvent ? "event " : "");
-            text.append(proc.ProzedurTyp()).append(" ").append(name).append(List(proc.MyVars));
+            text.append(proc.ProzedurTypText()).append(" ").append(name).append(List(proc.MyVars));
             return proc.DatenTyp().empty() ? text : text.append(" as ").append(proc.DatenTyp());
         }
         case ObjectClass::Modul:

@@ -1,4 +1,4 @@
-// The main window for people who hear it or work without a mouse.
+// The main window with a screen reader or without a mouse.
 #include <gmock/gmock.h>
 
 #include <QAbstractButton>
@@ -42,7 +42,7 @@ protected:
         QApplication::processEvents();
     }
 
-    // Runs over the empty window and both arrangements in both languages.
+    // Runs `check` for the empty window and both arrangements in both languages.
     template <class Check>
     void InEveryState(Check check) {
         for (const char* state : {"empty", "content", "calls"}) {
@@ -78,7 +78,7 @@ protected:
         }
     }
 
-    // What the Tab key reaches until it comes round.
+    // The widgets that Tab visits in one round.
     [[nodiscard]] std::set<const QWidget*> Round() const {
         std::set<const QWidget*> reached;
         window_->BaumProjekt().setFocus();
@@ -130,11 +130,11 @@ TEST_F(AccessibleWindow, LettersAreGivenAsLongAsThereAreAny) {
     EXPECT_EQ(WithLetters({QStringLiteral("ab"), QStringLiteral("bc"), QStringLiteral("a")}, taken),
               (QStringList{QStringLiteral("&ab"), QStringLiteral("&bc"), QStringLiteral("a")}));
     taken.clear();
-    // Words begin with better letters: the first text gives its own up for the second.
+    // First letters of words are preferred: the first text leaves its letter to the second.
     EXPECT_EQ(WithLetters({QStringLiteral("Recent projects"), QStringLiteral("Reports")}, taken),
               (QStringList{QStringLiteral("Recent &projects"), QStringLiteral("&Reports")}));
     taken.clear();
-    // With one letter more all move up to make room for the last.
+    // With one more letter, all texts move to leave a letter for the last.
     EXPECT_EQ(WithLetters({QStringLiteral("ab"), QStringLiteral("&bc"), QStringLiteral("a")}, taken),
               (QStringList{QStringLiteral("a&b"), QStringLiteral("b&c"), QStringLiteral("&a")}));
 }
@@ -167,12 +167,12 @@ TEST_F(AccessibleWindow, BarsMoveAndFoldByKeys) {
     QTest::keyClick(bar.handle(1), Qt::Key_Return);
     EXPECT_TRUE(bar.Folded());
     EXPECT_FALSE(window_->TheCommands()[Command::SplitX].isChecked());
-    QTest::keyClick(bar.handle(1), Qt::Key_Left);  // a folded bar stays
+    QTest::keyClick(bar.handle(1), Qt::Key_Left);  // a folded bar does not move
     QTest::keyClick(bar.handle(1), Qt::Key_Space);
     EXPECT_GT(bar.Place(), before);
 }
 
-TEST_F(AccessibleWindow, RecentProjectsStandInTheFileMenu) {
+TEST_F(AccessibleWindow, RecentProjectsAreInTheFileMenu) {
     QMenu* recent = window_->menuBar()->actions().front()->menu()->actions().at(2)->menu();
     ASSERT_TRUE(recent);
     Q_EMIT recent->aboutToShow();
@@ -185,7 +185,7 @@ TEST_F(AccessibleWindow, RecentProjectsStandInTheFileMenu) {
     EXPECT_TRUE(gProjekt);
 }
 
-TEST_F(AccessibleWindow, CopiesOfATreeStandInTheMenuToo) {
+TEST_F(AccessibleWindow, CopyCommandsOfATreeAreInTheMenuToo) {
     window_->OpenProject(kSample);
     ASSERT_TRUE(window_->ActivateKey("modmain.main"));
     window_->TheCommands()[Command::CopyCodePath].trigger();

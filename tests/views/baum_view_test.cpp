@@ -30,7 +30,7 @@ protected:
         view->show();
         ASSERT_TRUE(QTest::qWaitForWindowExposed(view.get()));
     }
-    // A module with procedures, of which only the module is visible at first.
+    // Adds a module with procedures, of which only the module is visible at first.
     void FillSmall() {
         const Baum::Filling filling(tree);
         BaumNode* root = tree.Add(nullptr, "module[]", "MODULE", "OrdnerZu");
@@ -57,7 +57,7 @@ protected:
     std::unique_ptr<BaumView> view;
 };
 
-// The rows of a model with what the view makes of them: "text bold dimmed".
+// The rows of a model with their display: "text bold dimmed".
 void Dump(const QAbstractItemModel& model, const QModelIndex& parent, int indent, std::string& text) {
     for (int row = 0; row < model.rowCount(parent); ++row) {
         const QModelIndex index = model.index(row, 0, parent);
@@ -116,7 +116,7 @@ TEST_F(BaumViewTest, ClickAndKeysSelectAlike) {
     EXPECT_EQ(CurrentKey(), "m.alpha");
 }
 
-TEST_F(BaumViewTest, FoldsAndScrollPositionOutliveAFilling) {
+TEST_F(BaumViewTest, FoldsAndScrollPositionSurviveRefilling) {
     BaumNode* modul = tree.Item("m");
     for (int i = 0; i < 200; ++i)
         tree.Add(modul, "m.x" + std::to_string(i), "x", "");
@@ -157,7 +157,7 @@ TEST_F(BaumViewTest, TypingFindsTheNextVisibleLine) {
     EXPECT_EQ(Told().back(), "m.beta");
 }
 
-TEST_F(BaumViewTest, CheckBoxesAreShownOnWishAndTellOnlyOfTheMark) {
+TEST_F(BaumViewTest, CheckBoxesAreOptionalAndOnlyTheMarkToggles) {
     const QModelIndex index = view->Model().IndexOf(tree.Item("m"));
     EXPECT_FALSE(index.data(Qt::CheckStateRole).isValid());
     view->SetCheckBoxes(true);
@@ -215,7 +215,7 @@ TEST_F(BaumViewTest, KeysTravelAsUtf8AndAreTakenWhereTheyMay) {
         QApplication::sendEvent(taker.viewport(), &event);
     }
     EXPECT_THAT(std::exchange(dropped, {}), ElementsAre("m.\xF6x"));
-    // The same by keyboard.
+    // Same with the keyboard.
     tree.Select(tree.Item("m"));
     QTest::keySequence(view.get(), QKeySequence::Copy);
     EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "mMain");

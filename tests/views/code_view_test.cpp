@@ -30,7 +30,7 @@ protected:
         code.firstLine = 7;
         return code;
     }
-    // "0:4-7 1:0-2", line and stretch of each coloured run.
+    // "0:4-7 1:0-2": line and range of each coloured run.
     [[nodiscard]] std::string Formats() const {
         std::string dump;
         for (QTextBlock line = view.document()->firstBlock(); line.isValid(); line = line.next())
@@ -42,7 +42,7 @@ protected:
     [[nodiscard]] QTextCharFormat FormatAt(int line, int nr) const {
         return view.document()->findBlockByNumber(line).layout()->formats().at(nr).format;
     }
-    // Middle of a character of the shown text in the viewport.
+    // The middle of a character of the shown text in viewport coordinates.
     [[nodiscard]] QPoint PointAt(int place) const {
         QTextCursor cursor(view.document());
         cursor.setPosition(place);
@@ -80,7 +80,7 @@ TEST_F(CodeViews, PositionsAreBytesWhateverTheTextIsIn) {
     EXPECT_EQ(view.SelLength(), 1);
 }
 
-TEST_F(CodeViews, RightClickAndKeysTellThePosition) {
+TEST_F(CodeViews, RightClickAndKeysReportThePosition) {
     Show(Code("Call Foo\r\nCall Bar\r\n"));
     const QSignalSpy clicked(&view, &CodeView::PositionClicked);
     const auto last = [&clicked] { return clicked.isEmpty() ? QVariantList() : clicked.last(); };
@@ -166,7 +166,7 @@ TEST_F(CodeViews, ToolTipIsAskedForWhatIsUnderThePointer) {
     };
     hover(PointAt(1));
     hover(PointAt(3));
-    hover(PointAt(2));                          // behind the first line
+    hover(PointAt(2));                          // after the end of the first line
     hover({5, view.viewport()->height() - 3});  // below all lines
     EXPECT_EQ(asked, (std::vector<Pos>{1, 4}));
     EXPECT_EQ(ToolTipOf({"sub a", "If a < b"}), QStringLiteral("<b>sub a</b><br>If a &lt; b"));
@@ -187,7 +187,7 @@ TEST_F(CodeViews, ColoursCanBeReadInLightAndDark) {
     EXPECT_EQ(Readable(Qt::black, Qt::white), QColor(Qt::black));
 }
 
-TEST_F(CodeViews, DeadCodeStandsOnAGreyOfThePalette) {
+TEST_F(CodeViews, DeadCodeHasAGreyBackgroundFromThePalette) {
     CodeText code = Code("x");
     code.onGrey = true;
     QPalette palette(view.palette());
@@ -205,7 +205,7 @@ TEST_F(CodeViews, DeadCodeStandsOnAGreyOfThePalette) {
     EXPECT_EQ(ground(), QColor(Qt::black));
 }
 
-TEST_F(CodeViews, PathIsShortenedInTheMiddleUntilSomebodyGoesThere) {
+TEST_F(CodeViews, PathIsElidedInTheMiddleUntilItHasTheFocus) {
     QWidget window;
     PathLine line(&window);
     QLineEdit other(&window);

@@ -6,7 +6,7 @@
 
 namespace {
 
-// Every place of the shown text leads to a byte that leads back, and every byte to the character that it is part of.
+// Maps each place of the shown text to a byte and back, and each byte to its character.
 void ExpectWaysMeet(const DecodedText& text) {
     for (int place = 0; place <= text.Text().size(); ++place) {
         const bool isSecondHalf = place < text.Text().size() && text.Text()[place].isLowSurrogate();

@@ -15,7 +15,7 @@ namespace {
 
 class Dialogs : public WindowTest {
 protected:
-    // What a person who sees, hears or types would miss in what is visible of the window.
+    // Checks the visible part of the window for cut texts, missing names and duplicate letters.
     static void Inspect(QWidget& window) {
         QApplication::processEvents();
         QStringList letters;

@@ -20,7 +20,7 @@ protected:
     Widget& Child(const char* name) {
         return ChildOf<Widget>(form_, name);
     }
-    // Shows a report and lets `hand` act on the window. True when the window came up.
+    // Shows a report and calls `hand` on the window. Returns true if the window appeared.
     template <class Hand>
     bool Report(const ErrorReport& report, Hand hand) {
         bool shown = false;
@@ -41,7 +41,7 @@ protected:
     const ErrorReport report_{91, "Object variable not set", "clsModul: Get_VBZeilenEnde", "c:\\p\\Form1.frm"};
 };
 
-TEST_F(ErrorWindow, TellsWhatHappenedAndWhere) {
+TEST_F(ErrorWindow, ShowsWhatHappenedAndWhere) {
     EXPECT_TRUE(Report(report_, [&] {
         const auto& text = Child<QPlainTextEdit>("txtError");
         EXPECT_EQ(text.toPlainText(),
@@ -96,7 +96,7 @@ TEST_F(ErrorWindow, WordsDoNotDependOnALanguageFile) {
     });
 }
 
-// Takes the addresses that the program wants to have opened.
+// Records the addresses that the program opens.
 class OpenedUrls : public QObject {
     Q_OBJECT
 public:
@@ -124,7 +124,7 @@ TEST_F(ErrorWindow, MailsTheTextToTheSupportAddressWhereThereIsOne) {
     EXPECT_TRUE(without.findChild<QLabel*>(QStringLiteral("labMail"))->isHidden());
 }
 
-// Each question about a missing file, as "more / check box there".
+// Records the number of further missing files that each question shows.
 TEST_F(ErrorWindow, MissingFilesCanBeAnsweredAllAtOnce) {
     MissingFileQuestion question(nullptr);
     QStringList asked;
@@ -146,7 +146,7 @@ TEST_F(ErrorWindow, MissingFilesCanBeAnsweredAllAtOnce) {
                       "Form=E.frm\r\nModule=There; There.bas\r\n"},
                      {"There.bas", "Attribute VB_Name = \"There\"\r\nSub S()\r\nEnd Sub\r\n"}});
     SetMissingFilePort({});
-    // The answer for all ends with the last file: the second load asks again, for the third question all is open.
+    // A stored answer ends with the last file: the second load asks again.
     const QString more = TextNr(Text::FurtherMissingFiles) + QStringLiteral(": ");
     ASSERT_GE(asked.size(), 3);
     EXPECT_EQ(asked.mid(0, 3),

@@ -41,7 +41,7 @@ using testing::HasSubstr;
 
 namespace {
 
-// The window with a copy of the sample on disk, so that files can be changed and reports written.
+// The window with a copy of the sample on disk, so that tests can change files and write reports.
 class MainWindow : public WindowTest {
 protected:
     MainWindow() : settings_(files_, directory_.Path("Ostrivane.ini")) {
@@ -63,7 +63,7 @@ protected:
         AnswerNext(QMessageBox::Yes);
         Command("Calls").trigger();
     }
-    /// Answers the next question, whenever it comes up.
+    /// Answers the next question when it appears.
     void AnswerNext(QMessageBox::StandardButton answer) {
         auto* timer = new QTimer(window_.get());
         QObject::connect(timer, &QTimer::timeout, timer, [this, timer, answer] {
@@ -97,7 +97,7 @@ protected:
                 return *view;
         throw std::logic_error("no view");
     }
-    /// The first node of a tree that stands for a procedure or variable.
+    /// The key of the first node without children: a procedure or variable.
     [[nodiscard]] static std::string AnyObject(const Baum& tree) {
         std::string key;
         ForEachNode(tree, [&key](const BaumNode& node) {
@@ -141,7 +141,7 @@ TEST_F(MainWindow, OpeningShowsTreeTitleCountsAndCommands) {
     EXPECT_FALSE(Command("CheckBoxAll").isVisible());
     Command("CheckBoxOn").trigger();
     EXPECT_TRUE(Command("CheckBoxAll").isVisible());
-    QApplication::processEvents();  // the status bar gets its places
+    QApplication::processEvents();  // lays out the status bar
     QStringList shown;
     for (const QLabel* label : window_->statusBar()->findChildren<QLabel*>())
         if (label->isVisible() && !label->text().isEmpty())
@@ -156,7 +156,7 @@ TEST_F(MainWindow, ClickAndKeysShowTheObjectInEveryPane) {
     EXPECT_THAT(Code().toStdString(), HasSubstr("Public Const MAX_HIRE_DAYS"));
     EXPECT_THAT(Find<PathLine>().Whole().toStdString(), HasSubstr("modMain.bas"));
     EXPECT_THAT(Find<PropertiesGrid>().AsText().toStdString(), HasSubstr("modMain"));
-    // A group is no object.
+    // A group is not an object.
     ClickNode("modmain.public_sub[]");
     EXPECT_EQ(window_->Current().CurObject->CodePath(), "modmain");
     ClickNode("modmain.main");
@@ -184,7 +184,7 @@ TEST_F(MainWindow, BackAndForwardFollowTheSelection) {
     Command("NavPrev").trigger();
     EXPECT_EQ(window_->Current().CurObject->CodePath(), "modmain");
     Command("NavNext").trigger();
-    window_->ActivateKey("modstore");  // what lay ahead is gone
+    window_->ActivateKey("modstore");  // discards the entries ahead
     EXPECT_FALSE(Command("NavNext").isEnabled());
 }
 
@@ -198,7 +198,7 @@ TEST_F(MainWindow, ReadCallsAsksAndRightClickInTheCodeJumps) {
     EXPECT_GT(gProjekt->calls.Count(), 900U);
     window_->ActivateKey("modmain.main");
     const clsProzedur& procedure = *window_->Current().CurProc;
-    const clsCall* call = *procedure.CallsAll.begin();
+    const clsCall* call = *procedure.CallsAll().begin();
     const std::string target = call->Parent->CodePath();
     CodeView& code = window_->rtbCode();
     code.Select({call->CallPos - procedure.DeclareStart, 0});
@@ -214,13 +214,13 @@ TEST_F(MainWindow, DependencyTreesFollowTheObjectAndItsCertainty) {
     window_->ActivateKey("modmain.main");
     EXPECT_GT(window_->CallsTree().Count(), 0);
     EXPECT_TRUE(Command("CallsReally").isEnabled());
-    EXPECT_FALSE(Command("CalledByReally").isEnabled());  // nobody calls it
+    EXPECT_FALSE(Command("CalledByReally").isEnabled());  // has no caller
     EXPECT_EQ(window_->CalledByTree().Count(), 0);
-    // A second click on the same node leaves the trees alone.
+    // A second click on the same node does not change the trees.
     const BaumNode* first = window_->CallsTree().Roots().front();
     window_->ActivateKey("modmain.main");
     EXPECT_EQ(window_->CallsTree().Roots().front(), first);
-    // A click on a callee marks the places of its calls, which can be stepped through.
+    // A click on a callee marks the places of its calls in the code, and the user can step through them.
     window_->ActivateKey("clshire.customer [set]");
     Q_EMIT ViewOf(window_->CallsTree()).NodeActivated("clscustomer.hirecount");
     EXPECT_EQ(window_->rtbCode().PlaceCount(), 4);
@@ -230,7 +230,7 @@ TEST_F(MainWindow, DependencyTreesFollowTheObjectAndItsCertainty) {
     Command("PreviousPlace").trigger();
     Command("PreviousPlace").trigger();
     EXPECT_EQ(StatusText(), QStringLiteral("4 of 4"));
-    // A click on a caller brings its text up, the object stays; a right click jumps.
+    // A click on a caller shows its text and keeps the current object; a right click jumps.
     window_->ActivateKey("clshire.customer [set]");
     window_->ActivateKey("modstore");
     const std::string caller = AnyObject(window_->CalledByTree());
@@ -256,7 +256,7 @@ TEST_F(MainWindow, CheckedModulesShowTheirCommonNeighbourhood) {
     };
     check("modstore", true);
     EXPECT_TRUE(window_->CalledByTree().Exist("modmain"));
-    check("modmain", true);  // a neighbour no longer, but checked itself
+    check("modmain", true);  // now checked itself, so no neighbour
     EXPECT_FALSE(window_->CalledByTree().Exist("modmain"));
     check("modmain", false);
     check("modstore", false);
@@ -270,7 +270,7 @@ TEST_F(MainWindow, OptionsKeepFoldsChecksAndTheSelectedNode) {
     window_->Tree().SetChecked(modul, true);
     auto& options = *window_->findChild<frmOptionen*>();
     Q_EMIT options.Applied();
-    EXPECT_EQ(window_->Tree().Item("modstore"), &modul);  // colours and fonts leave the tree alone
+    EXPECT_EQ(window_->Tree().Item("modstore"), &modul);  // colours and fonts do not rebuild the tree
     const int withLocals = window_->Tree().Count();
     window_->TheSettings().ProcVars = 0;
     Q_EMIT options.Applied();
@@ -358,7 +358,7 @@ TEST_F(MainWindow, EveryTextChangesWithTheLanguage) {
 
 TEST_F(MainWindow, CancelledLoadLeavesAnEmptyWindow) {
     std::filesystem::remove(directory_.Path("samples/ToolHire/modStore.bas"));
-    AnswerNext(QMessageBox::Yes);  // give the load up
+    AnswerNext(QMessageBox::Yes);  // stop loading
     window_->OpenProject(Project());
     EXPECT_FALSE(gProjekt);
     EXPECT_TRUE(Find<StartPage>().isVisible());

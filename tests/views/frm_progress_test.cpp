@@ -10,7 +10,7 @@ class ProgressWindow : public WindowTest {
 protected:
     ProgressWindow() { form_.showAfter = 0; }
 
-    // Pumps until `done` or a second has passed; returns the milliseconds.
+    // Pumps until `done` is true or a second has passed; returns the elapsed milliseconds.
     template <class Done>
     static qint64 PumpUntil(Done done) {
         QElapsedTimer timer;
@@ -21,7 +21,7 @@ protected:
         }
         return timer.elapsed();
     }
-    // Runs an operation that begins when the window is there.
+    // Runs an operation that begins once the window is shown.
     template <class Operation>
     void RunShown(const char* action, Operation operation) {
         form_.Run(action, [&] {
@@ -120,7 +120,7 @@ TEST_F(ProgressWindow, YesSetsTheFlagAtOnceAndTheWindowWaitsForTheOperation) {
         EXPECT_TRUE(form_.isVisible());
         EXPECT_FALSE(Cancel().isEnabled());
         EXPECT_EQ(gAction, "");
-        form_.close();  // asked once is enough
+        form_.close();  // no second question
     });
     EXPECT_EQ(questions_, 1);
     EXPECT_LT(waited, 250);

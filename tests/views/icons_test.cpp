@@ -13,7 +13,7 @@ QImage Image(const QIcon& icon, int size, qreal ratio = 1, QIcon::Mode mode = QI
     return icon.pixmap(QSize(size, size), ratio, mode).toImage().convertToFormat(QImage::Format_ARGB32);
 }
 
-/// How much of the area is covered, 0 to 1.
+/// The covered part of the area, from 0 to 1.
 double Covered(const QImage& image) {
     double sum = 0;
     for (int y = 0; y < image.height(); ++y)

@@ -1,4 +1,4 @@
-// The tests of widgets share one application, on the platform without a screen unless another is asked for.
+// The widget tests share one application. It uses the offscreen platform unless another one is set.
 #include <gmock/gmock.h>
 
 #include <QApplication>

@@ -39,7 +39,7 @@ TEST_F(ListOfProblems, SaysSoWhenThereIsNoneAndFollowsTheLanguage) {
     EXPECT_EQ(Table().model()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Was geschehen ist"));
 }
 
-TEST_F(ListOfProblems, TellsWhatWhereAndWhatItMeans) {
+TEST_F(ListOfProblems, ShowsWhatWhereAndWhatItMeans) {
     Note("clsModul: Read_MyCodeName", "File not found: p\\B.bas", "p\\B.bas");
     Note("modMain: IF_is_TRUE   (check conditional compile expression \"x\" in form F)", "Syntax", "p\\F.frm");
     Note("clsModul: AnalyseErgebnisCalls", "Denied", "p\\A.bas");

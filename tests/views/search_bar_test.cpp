@@ -63,7 +63,7 @@ TEST_F(SearchField, FindsWhileOneTypesAndJumpsOnEnter) {
     EXPECT_EQ(QApplication::focusWidget(), tree_);
 }
 
-TEST_F(SearchField, EscClosesEmptiesAndGivesTheFocusBack) {
+TEST_F(SearchField, EscClosesEmptiesAndReturnsTheFocus) {
     bar_->Focus();
     EXPECT_EQ(QApplication::focusWidget(), &Field());
     Type("get");

@@ -1,4 +1,4 @@
-// What tests of windows share: the texts of a language, as the program loads them, and a hand on the widgets.
+// Shared by the tests of windows: the texts of a language, and access to widgets.
 #pragma once
 
 #include <gmock/gmock.h>
@@ -21,12 +21,12 @@ protected:
         gText.Language = language;
         gText.SetLanguage(files_, ProgramDirectory());
     }
-    /// The child of that class, and of that name where one is given.
+    /// The child of that class, and of that name if one is given.
     template <class Widget>
     static Widget& ChildOf(const QWidget& window, const char* name = nullptr) {
         return *window.findChild<Widget*>(QString::fromLatin1(name));
     }
-    /// A click where a check box has its mark.
+    /// Clicks at the place of a check box's mark.
     static void ClickOn(QWidget& widget) {
         QTest::mouseClick(&widget, Qt::LeftButton, {}, QPoint(8, widget.height() / 2));
     }

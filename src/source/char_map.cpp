@@ -1,8 +1,8 @@
-#include "structure/char_map.h"
+#include "source/char_map.h"
 
 #include "source/comments.h"
 #include "source/module_text.h"
-#include "structure/tokens.h"
+#include "source/tokens.h"
 
 void MakeCharMapAgain(ModuleText& text) {
     Comments_Initialisieren(text);

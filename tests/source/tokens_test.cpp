@@ -1,4 +1,4 @@
-#include "structure/tokens.h"
+#include "source/tokens.h"
 
 #include "support/module_dumps.h"
 #include "support/project_test.h"
@@ -19,7 +19,7 @@ void ExpectTokens(std::initializer_list<Case> cases) {
 
 }  // namespace
 
-TEST(Tokens, WordsSignsAndBracketsStandAlone) {
+TEST(Tokens, WordsSignsAndBracketsAreSeparate) {
     ExpectTokens({{"Dim a As Long", "1:Dim 1:a 1:As 1:Long"},
                   {"x = f(a, b) - 1", "1:x 1:= 1:f 1:( 1:a 1:, 1:b 1:) 1:- 1:1"},
                   {"a\r\n\r\n   \r\n  b_c\r\n", "1:a 2:b_c"},
@@ -40,7 +40,7 @@ TEST(Tokens, HoldTheirPlaceInTheText) {
     }
 }
 
-TEST(Tokens, TypeSignIsOneButTakesLettersBehindIt) {
+TEST(Tokens, TypeSignIsOneButIncludesFollowingLetters) {
     ExpectTokens({{"x$ = y%", "1:x 1:$ 1:= 1:y 1:%"},
                   {"rs!Name", "1:rs 1:!Name"},
                   {"x = &H10", "1:x 1:= 1:&H10"},
@@ -58,7 +58,7 @@ TEST(Tokens, PointDividesNamesAndJoinsNumbers) {
                   {"a.5", "1:a.5"}});
 }
 
-// The editor of the language always sets blanks there; other programs don't.
+// The VB editor always inserts blanks there; other programs do not.
 TEST(Tokens, SomeSignsAreGluedToTheNextWord) {
     ExpectTokens({{"a,b", "1:a 1:,b"},
                   {"a+b*c/d", "1:a 1:+b 1:*c 1:/d"},
@@ -67,7 +67,7 @@ TEST(Tokens, SomeSignsAreGluedToTheNextWord) {
                   {"a<=b", "1:a<= 1:b"},
                   {"d = #1/5/2004#", "1:d 1:= 1:# 1:1 1:/5 1:/2004 1:#"},
                   {"\tx\t= 1", "1:\tx\t 1:= 1:1"},
-                  // Operators of two signs stay together.
+                  // Two-character operators stay together.
                   {"Show Left:=1", "1:Show 1:Left 1::= 1:1"},
                   {"a <= b >= c <> d", "1:a 1:<= 1:b 1:>= 1:c 1:<> 1:d"}});
 }
@@ -78,7 +78,8 @@ TEST(Tokens, ColonAndBlankStartANewStatement) {
                   {"Done: x", "1:Done 2:x"},
                   {"Done:\r\nx", "1:Done 1:: 2:x"},
                   {"a:b", "1:a 1::b"},
-                  // The colon takes what lies between the last start of a token and itself, though that is out.
+                  // The colon emits the text from the last token's start up to itself, though that token was emitted
+                  // already.
                   {"x : y", "1:x 1:x  2:y"},
                   {"Show Left := 1", "1:Show 1:Left 1:Left  1::= 1:1"}});
 }
@@ -87,7 +88,7 @@ TEST(Tokens, LiteralIsOneWithItsQuotes) {
     ExpectTokens({{R"(x = "a (b), c.d & e")", R"(1:x 1:= 1:"a (b), c.d & e")"},
                   {R"(Print"x")", R"(1:Print 1:"x")"},
                   {"x = \"abc\r\ny", "1:x 1:= 1:\"abc 2:y"},
-                  // Doubled quotes leave the last part.
+                  // Of a literal with doubled quotes only the last part remains.
                   {R"(x = "say ""hi"" now")", R"(1:x 1:= 1:" now")"},
                   {R"(x = """")", R"(1:x 1:= 1:"")"},
                   {R"(f("a""b", c))", R"(1:f 1:( 1:"b" 1:, 1:c 1:))"}});
@@ -111,9 +112,9 @@ TEST(Tokens, CommentsGiveNone) {
                   {"' nothing\r\nx\r\nRem nothing: y\r\nz", "1:x 2:z"},
                   {"x ' goes on _\r\n here\r\ny", "1:x 2:y"},
                   {"x\r\nRem\r\nRemark = 1", "1:x 2:Rem 3:Remark 3:= 3:1"},
-                  // Without a blank between, the comment stretches the word.
+                  // Without a blank before it, a comment extends the word.
                   {"x = 1' odd\r\ny", "1:x 1:= 1:1' odd 2:y"},
-                  // The maps know of no Rem in the first line; the tokeniser keeps the remark as one token.
+                  // The map has no comment for a Rem in the first line, so the tokeniser makes it one token.
                   {"Rem hello: you\r\nx", "1:Rem hello: you 2:x"}});
 }
 

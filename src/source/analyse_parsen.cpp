@@ -1,7 +1,7 @@
-// One pass over the characters. What has been read of the word at hand is the running text; all that is kept of it
-// is where it starts and whether there is one. The general step tells what each character does. Most characters
-// need no step: words, blanks, literals, hidden stretches and line ends are taken in one go where that comes to the
-// same. Where a word ends is looked up in an array of stops, made beforehand in a loop without branches.
+// One pass over the characters. The word being read ("running text") is represented by its start and a flag that says
+// whether there is one. Step handles any character. Most characters do not need it: words, blanks, literals, hidden
+// ranges and line ends are read at once where the result is the same. The end of a word is looked up in an array of
+// stops, which a loop without branches fills beforehand.
 #include <array>
 #include <bit>
 #include <cstdint>
@@ -9,7 +9,7 @@
 
 #include "platform/vector_code.h"
 #include "source/module_text.h"
-#include "structure/tokens.h"
+#include "source/tokens.h"
 
 namespace {
 
@@ -37,10 +37,10 @@ constexpr std::array<Kind, 256> kKinds = MakeKinds();
 constexpr std::uint8_t kHidden = IsComment | NotCompile;
 constexpr std::uint8_t kSpecial = 0x80;
 
-// All that the quick steps call becomes a part of their loop.
+// Inlines everything that the quick steps call into their loop.
 #define ALWAYS_INLINE [[gnu::always_inline]] inline
 
-// Eight bytes at once, for runs of one kind.
+// Eight bytes at once, for runs of equal bytes.
 ALWAYS_INLINE std::uint64_t Eight(const std::uint8_t* at) {
     std::uint64_t eight;
     std::memcpy(&eight, at, sizeof eight);
@@ -55,9 +55,9 @@ constexpr bool IsDigit(int c) {
     return c >= '0' && c <= '9';
 }
 
-// Fills `stops` for the positions from 1 to `count`, the first of which always is a stop; eight more behind the last
-// are stops as well. What makes a character no plain part of a word is that it is a special one, a "_" behind a blank,
-// or hidden; the flags of hidden ones can be read from the stop.
+// Fills `stops` for the positions 1 to `count`; the first one and eight positions after the last are always stops. A
+// position is a stop if its character is special, is a "_" after a blank, or is hidden. The stop of a hidden character
+// also holds its flags.
 WIDE_VECTORS void FindStops(const unsigned char* text, const std::uint8_t* map, Pos count, std::uint8_t* stops) {
     using Many [[gnu::vector_size(32)]] = unsigned char;
     constexpr Pos kMany = sizeof(Many);
@@ -68,7 +68,7 @@ WIDE_VECTORS void FindStops(const unsigned char* text, const std::uint8_t* map, 
         std::memcpy(&c, text + i, sizeof c);
         std::memcpy(&before, text + i - 1, sizeof before);
         std::memcpy(&flags, map + i, sizeof flags);
-        // The first term takes all of: blank ! " # $ % & ' ( ) * + , - . /
+        // The first term covers: blank ! " # $ % & ' ( ) * + , - . /
         const auto special = ((c & 0xF0) == 0x20) | (c == ':') | (c == '=') | (c == '@') | (c == '\r') | (c == '\n') |
                              ((c == '_') & (before == ' '));
         const Many found = ((Many)special & kSpecial) | (flags & kHidden);
@@ -101,7 +101,7 @@ public:
         : text_(reinterpret_cast<const unsigned char*>(text.ModulText().data()) - 1),
           count_(text.CharCount()),
           map_(text.MapForPass()) {
-        // No character ends more than one token.
+        // Each character ends at most one token.
         const auto size = static_cast<std::size_t>(count_) + 32;
         if (scratch.size() < size)
             scratch.resize(size);
@@ -116,7 +116,8 @@ public:
     }
 
     TokenTable Run() {
-        // The quick steps work on a copy that no call sees, which stays in registers; the general step on this object.
+        // The quick steps work on a copy that is passed to no call and therefore stays in registers; Step works on
+        // *this.
         Tokeniser quick = *this;
         for (Pos i = 1; i <= count_; ++i) {
             quick.p2_ = quick.p1_;
@@ -137,10 +138,10 @@ public:
     }
 
 private:
-    // The character at a position, or -1 behind the text.
+    // The character at a position, or -1 after the end of the text.
     [[nodiscard]] ALWAYS_INLINE int At(Pos pos) const { return pos <= count_ ? text_[pos] : -1; }
 
-    // Does in plain code what the general step would do, where that is simple; false where it is not.
+    // Does the same as Step for the simple cases; returns false for all others.
     ALWAYS_INLINE bool QuickStep(Pos& i, Kind kind) {
         switch (kind) {
             case Kind::Word:
@@ -185,9 +186,10 @@ private:
         }
     }
 
-    // A literal that ends in its line and is known for one throughout; false leaves everything as it was.
+    // A literal that ends in its line and is flagged as a string throughout; returns false without changing anything if
+    // it is not.
     ALWAYS_INLINE bool WholeLiteral(Pos& i) {
-        Pos last = i;  // of the inside
+        Pos last = i;  // last position of the content
         while (last < count_ && text_[last + 1] != '"' && text_[last + 1] != '\r' && text_[last + 1] != '\n' &&
                map_[last + 1] == IsString)
             ++last;
@@ -205,7 +207,7 @@ private:
         return true;
     }
 
-    // First stop at or behind `i`.
+    // First stop at or after `i`.
     [[nodiscard]] ALWAYS_INLINE Pos NextStop(Pos i) const {
         if constexpr (std::endian::native == std::endian::little) {
             for (;; i += 8) {
@@ -218,10 +220,10 @@ private:
         return i;
     }
 
-    // Last position of the hidden stretch that begins at `i`. Only the two characters before move on there.
+    // Last position of the hidden range that begins at `i`. Only p1_ and p2_ advance there.
     ALWAYS_INLINE Pos SkipHidden(Pos i) {
         const Pos first = i;
-        // A comment or a block left out is one flag over and over.
+        // A comment or an excluded block repeats one flag value.
         const std::uint64_t same = Repeat(map_[i]);
         while (i + 8 <= count_ && Eight(map_ + i + 1) == same)
             i += 8;
@@ -254,7 +256,7 @@ private:
                text_[tokStart_ + 2] == 'm';
     }
 
-    // A word in code from its first plain character on, and the blanks behind it; returns the last position taken.
+    // Reads a word in code from its first plain character on, and the blanks after it; returns the last position read.
     ALWAYS_INLINE Pos Word(Pos i) {
         if (pending_ && Flushes()) {
             Emit(i);
@@ -264,7 +266,7 @@ private:
             StartAt(i);
         const Pos stop = NextStop(i + 1);
         if (stop > count_ || text_[stop] != ' ' || (stops_[stop] & kHidden) || PendingIsRem(stop)) {
-            // A "_" behind a blank is a stop, so it never matters here which character came before the last but one.
+            // A "_" after a blank is a stop, so p2_ does not matter here.
             if (stop > i + 1) {
                 p1_ = text_[stop - 2];
                 c_ = text_[stop - 1];
@@ -285,7 +287,7 @@ private:
         const Pos first = i;
         if constexpr (std::endian::native == std::endian::little) {
             while (i + 8 <= count_) {
-                // Zero where a blank stands that is not hidden.
+                // Zero bytes mark blanks that are not hidden.
                 const std::uint64_t others =
                     (Eight(text_ + i + 1) ^ Repeat(' ')) | (Eight(stops_ + i + 1) ^ Repeat(kSpecial));
                 if (others != 0) {
@@ -302,7 +304,7 @@ private:
         return i;
     }
 
-    // CR LF at the end of a statement, and the indentation of the next line.
+    // Reads CR LF at the end of a statement and the indentation of the next line.
     ALWAYS_INLINE Pos LineEnd(Pos i) {
         EmitPending(i);
         pending_ = false;
@@ -346,7 +348,7 @@ private:
         const bool inText = inComment_ || inString_;
         switch (kind) {
             case Kind::Sign:
-                // Glued to a word the sign ends it, and becomes a token of its own later.
+                // A sign directly after a word ends it and starts a token.
                 if (inText) {
                     pending_ = true;
                 } else {
@@ -359,7 +361,7 @@ private:
                 if (inText) {
                     pending_ = true;
                 } else {
-                    Emit(i);  // also what lies there without a running text
+                    Emit(i);  // also text without a running text
                     StartAt(i);
                     if (awaitResume_) {
                         tokStart_ = i + 2;
@@ -408,7 +410,7 @@ private:
         if (inComment_) {
             pending_ = true;
         } else if (!inString_) {
-            // Right behind a closing quote it is a doubled one: what came before it is lost, on purpose.
+            // Directly after a closing quote this is a doubled quote. The part before it deliberately gives no token.
             if (p1_ == '"')
                 map_[i - 1] |= IsString;
             else if (p1_ != ' ')
@@ -424,8 +426,8 @@ private:
         return i;
     }
 
-    // The inside of a literal up to the character before its closing quote or line end, as far as it is known
-    // for one already.
+    // Skips the content of a literal up to the character before its closing quote or line end, as far as it is already
+    // flagged as a string.
     ALWAYS_INLINE Pos SkipLiteral(Pos i) {
         const Pos first = i;
         while (i < count_ && text_[i + 1] != '"' && text_[i + 1] != '\r' && text_[i + 1] != '\n' &&
@@ -472,7 +474,7 @@ private:
             StartAt(i);
     }
 
-    // Whether the character before makes the pending text a token before a plain character is appended.
+    // True if the preceding character ends the pending text as a token before a plain character is appended.
     [[nodiscard]] ALWAYS_INLINE bool Flushes() const {
         switch (p1_) {
             case '-':
@@ -489,7 +491,7 @@ private:
         }
     }
 
-    // Working arrays serve one module of a thread after the other.
+    // Working arrays, reused for one module after the other on each thread.
     static inline thread_local std::vector<TokenTable::Packed> scratch;
     static inline thread_local std::vector<std::uint8_t> stopsScratch;
     static inline thread_local std::vector<int> landmarks;
@@ -500,7 +502,7 @@ private:
     std::uint8_t* stops_ = nullptr;
     TokenTable::Packed* first_ = nullptr;
     TokenTable::Packed* next_ = nullptr;
-    // The character at hand and the two before it; NUL before the first.
+    // The current character and the two before it; NUL before the first.
     unsigned char c_ = 0;
     Pos tokStart_ = 1;
     unsigned char p1_ = 0;
