@@ -12,7 +12,6 @@
 
 #include "display/baum_walk.h"
 #include "model/clsProjekt.h"
-#include "model/group_keys.h"
 #include "platform/memory.h"
 #include "platform/settings_file.h"
 #include "project/start.h"
@@ -90,15 +89,15 @@ int main(int argc, char** argv) {
                 gTimerProjektOeffnen.Total * 1000);
 
     std::vector<std::string> objects, groups, modules;
-    ForEachNode(window.Tree(), [&](const BaumNode& node) {
-        if (node.Children() >= 500 && IsGroupKey(node.Key()))
+    ForEachNode(window.TheWorkspace().Tree(), [&](const BaumNode& node) {
+        if (node.Children() >= 500 && node.Kind() == NodeKind::Group)
             groups.push_back(node.Key());
-        if (!IsGroupKey(node.Key()))
+        if (node.Kind() == NodeKind::Object)
             objects.push_back(node.Key());
     });
     for (const clsModul* modul : gProjekt->AllModules())
         modules.push_back(modul->CodePath());
-    std::printf("%d nodes\n", window.Tree().Count());
+    std::printf("%d nodes\n", window.TheWorkspace().Tree().Count());
     std::shuffle(objects.begin(), objects.end(), std::mt19937(1));
     objects.resize(std::min<std::size_t>(objects.size(), 200));
     Click(window, "click on a random node, structure only", objects);
@@ -126,12 +125,12 @@ int main(int argc, char** argv) {
 
     std::vector<double> expand;
     for (const std::string& key : groups) {
-        BaumNode& node = *window.Tree().Item(key);
-        window.Tree().EnsureVisible(node);
-        window.Tree().SetExpanded(node, false);
+        BaumNode& node = *window.TheWorkspace().Tree().Item(key);
+        window.TheWorkspace().Tree().EnsureVisible(node);
+        window.TheWorkspace().Tree().SetExpanded(node, false);
         Settle();
         timer.restart();
-        window.Tree().SetExpanded(node, true);
+        window.TheWorkspace().Tree().SetExpanded(node, true);
         Settle();
         expand.push_back(Milliseconds(timer));
     }

@@ -17,8 +17,8 @@ unsigned char LowerOf(const LowerTable& lower, char c) {
     return lower[static_cast<unsigned char>(c)];
 }
 
-std::uint32_t HashOf(const LowerTable& lower, std::string_view key) {
-    std::uint64_t hash = 1469598103934665603u;
+std::uint32_t HashOf(const LowerTable& lower, std::string_view key, NodeKind kind) {
+    std::uint64_t hash = 1469598103934665603u + static_cast<std::uint64_t>(kind);
     for (const char c : key)
         hash = (hash ^ LowerOf(lower, c)) * 1099511628211u;
     return static_cast<std::uint32_t>(hash ^ (hash >> 32));
@@ -87,10 +87,11 @@ struct Baum::State {
 
     [[nodiscard]] std::vector<BaumNode*>& SiblingsBelow(BaumNode* parent) { return parent ? parent->children_ : roots; }
 
-    [[nodiscard]] std::size_t SlotOf(std::string_view key, std::uint32_t hash) const {
+    [[nodiscard]] std::size_t SlotOf(std::string_view key, NodeKind kind, std::uint32_t hash) const {
         const std::size_t mask = slots.size() - 1;
         std::size_t slot = hash & mask;
-        while (slots[slot].node && (slots[slot].hash != hash || !SameKey(lower, slots[slot].node->key_, key)))
+        while (slots[slot].node && (slots[slot].hash != hash || slots[slot].node->kind_ != kind ||
+                                    !SameKey(lower, slots[slot].node->key_, key)))
             slot = (slot + 1) & mask;
         return slot;
     }
@@ -110,9 +111,9 @@ struct Baum::State {
     }
 
     // Those behind move up, so that no probing meets a gap.
-    void Forget(std::string_view key) {
+    void Forget(const BaumNode& node) {
         const std::size_t mask = slots.size() - 1;
-        std::size_t gap = SlotOf(key, HashOf(lower, key));
+        std::size_t gap = SlotOf(node.key_, node.kind_, HashOf(lower, node.key_, node.kind_));
         for (std::size_t slot = (gap + 1) & mask; slots[slot].node; slot = (slot + 1) & mask)
             if (((slot - slots[slot].hash) & mask) >= ((slot - gap) & mask)) {
                 slots[gap] = slots[slot];
@@ -218,14 +219,14 @@ Baum::Baum() : state_(std::make_unique<State>()) {}
 
 Baum::~Baum() = default;
 
-BaumNode* Baum::Add(BaumNode* parent, std::string key, std::string text, std::string_view image) {
+BaumNode* Baum::Add(BaumNode* parent, std::string key, std::string text, std::string_view image, NodeKind kind) {
     State& state = *state_;
     if (state.count == 0)
         state.lower = ActiveCodePage().LowerTable();
     if ((state.count + 1) * 2 > state.slots.size())
         state.Grow();
-    const std::uint32_t hash = HashOf(state.lower, key);
-    State::Slot& slot = state.slots[state.SlotOf(key, hash)];
+    const std::uint32_t hash = HashOf(state.lower, key, kind);
+    State::Slot& slot = state.slots[state.SlotOf(key, kind, hash)];
     if (slot.node)
         return nullptr;
     const bool tells = state.TellsSteps();
@@ -243,6 +244,7 @@ BaumNode* Baum::Add(BaumNode* parent, std::string key, std::string text, std::st
     if (tells)
         state.listener->BeginInsert(parent, static_cast<int>(row));
     BaumNode& node = state.NewNode();
+    node.kind_ = kind;
     node.key_ = std::move(key);
     node.text_ = std::move(text);
     node.image_ = image;
@@ -257,9 +259,9 @@ BaumNode* Baum::Add(BaumNode* parent, std::string key, std::string text, std::st
     return &node;
 }
 
-BaumNode* Baum::Item(std::string_view key) const {
+BaumNode* Baum::Item(std::string_view key, NodeKind kind) const {
     const State& state = *state_;
-    return state.count == 0 ? nullptr : state.slots[state.SlotOf(key, HashOf(state.lower, key))].node;
+    return state.count == 0 ? nullptr : state.slots[state.SlotOf(key, kind, HashOf(state.lower, key, kind))].node;
 }
 
 int Baum::Count() const {
@@ -294,7 +296,7 @@ void Baum::Remove(BaumNode& node) {
         BaumNode& gone = *open.back();
         open.pop_back();
         open.insert(open.end(), gone.children_.begin(), gone.children_.end());
-        state.Forget(gone.key_);
+        state.Forget(gone);
         state.Recycle(gone);
     }
     if (tells)

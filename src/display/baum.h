@@ -1,10 +1,9 @@
 // The nodes of a tree as plain data: what the trees of the window show, and the operations on it. A widget translates
 // it; tests read it as it is.
 //
-// Nodes are found by key without regard to case; the key of a code object's node is its CodePath, that of a group ends
-// in
-// "[]". The children of a node that is Sorted stand in the order of their texts, without regard to case and equal ones
-// in the order of entry; those of others, and the roots, stand in the order of entry.
+// Nodes are found by kind and key without regard to case; the key of a code object's node is its CodePath. The children
+// of a node that is Sorted stand in the order of their texts, without regard to case and equal ones in the order of
+// entry; those of others, and the roots, stand in the order of entry.
 #pragma once
 
 #include <cstdint>
@@ -14,6 +13,27 @@
 #include <vector>
 
 class Baum;
+
+/// What a node stands for. The same key can belong to a root and to an object: a module may be called "Reference".
+enum class NodeKind : std::uint8_t {
+    Object,
+    Group,  // objects of one kind in a module; its key begins with that of the module
+    Root,   // a kind of modules or libraries
+};
+
+/// What a node is found by again after its tree was filled again.
+struct NodeId {
+    NodeId() = default;
+    /// The node of an object.
+    NodeId(std::string_view path) : key(path) {}
+    NodeId(const std::string& path) : key(path) {}
+    NodeId(const char* path) : key(path) {}
+    NodeId(NodeKind itsKind, std::string_view itsKey) : kind(itsKind), key(itsKey) {}
+    bool operator==(const NodeId&) const = default;
+
+    NodeKind kind = NodeKind::Object;
+    std::string key;
+};
 
 /// What a node's text is painted in: its meaning, for which the settings and the palette have the colour.
 enum class NodeColour : std::uint8_t {
@@ -28,7 +48,9 @@ public:
     BaumNode(const BaumNode&) = delete;
     BaumNode& operator=(const BaumNode&) = delete;
 
+    [[nodiscard]] NodeKind Kind() const { return kind_; }
     [[nodiscard]] const std::string& Key() const { return key_; }
+    [[nodiscard]] NodeId Id() const { return {kind_, key_}; }
     [[nodiscard]] const std::string& Text() const { return text_; }
     [[nodiscard]] std::string_view Image() const { return image_; }
     /// Icon while expanded; empty when it is that of Image.
@@ -60,6 +82,7 @@ private:
     std::vector<BaumNode*> children_;
     const std::vector<BaumNode*>* siblings_ = nullptr;
     int row_ = 0;
+    NodeKind kind_ = NodeKind::Object;
     NodeColour foreColor_ = NodeColour::Ordinary;
     bool sorted_ = false;
     bool waitsForSorting_ = false;
@@ -96,12 +119,17 @@ public:
     Baum(const Baum&) = delete;
     Baum& operator=(const Baum&) = delete;
 
-    /// Adds a node below `parent`, or a root when it is null. Returns null and adds nothing when the key is taken.
+    /// Adds a node below `parent`, or a root when it is null. Returns null and adds nothing when
+    /// one of this kind has the key.
     /// Nodes stay where they are in memory until they are removed.
     /// @param image  key of an icon; a literal or another text that outlives the tree
-    BaumNode* Add(BaumNode* parent, std::string key, std::string text, std::string_view image);
-    [[nodiscard]] BaumNode* Item(std::string_view key) const;
-    [[nodiscard]] bool Exist(std::string_view key) const { return Item(key) != nullptr; }
+    BaumNode* Add(BaumNode* parent, std::string key, std::string text, std::string_view image,
+                  NodeKind kind = NodeKind::Object);
+    [[nodiscard]] BaumNode* Item(std::string_view key, NodeKind kind = NodeKind::Object) const;
+    [[nodiscard]] BaumNode* Find(const NodeId& id) const { return Item(id.key, id.kind); }
+    [[nodiscard]] bool Exist(std::string_view key, NodeKind kind = NodeKind::Object) const {
+        return Item(key, kind) != nullptr;
+    }
     [[nodiscard]] int Count() const;
     /// The top level in its order.
     [[nodiscard]] const std::vector<BaumNode*>& Roots() const;

@@ -204,32 +204,31 @@ void ShowUses(const clsModul& modul, CodePaint& paint) {
         SelectTarget(paint, *call, ColourOfUse(*call->Parent, modul));
 }
 
-CodeText ShowMe(clsProjekt& projekt, clsProzedur& prozedur) {
+CodeText ShowMe(const clsProzedur& prozedur, LocalUses& locals) {
     const clsModul& modul = *prozedur.Modul;
     if (!modul.text)
         return {};
     CodeText shown = Stretch(*modul.text, prozedur.DeclareStart, prozedur.DeclareEnd);
     if (prozedur.myLibrary)
         return shown;
-    shown.localsChecked = !prozedur.LocalCallsChecked && !prozedur.isDeclare;
-    Check_ProcVars_Calls(projekt, prozedur);
+    shown.localsChecked = !prozedur.isDeclare && !locals.Known(prozedur);
     CodePaint paint(shown.first, Len(shown.text));
     SelectTextKinds(*modul.text, paint);
-    ShowCalls(prozedur, paint);
+    ShowCalls(prozedur, locals.Look(prozedur), paint);
     shown.spans = paint.Spans();
     shown.onGrey = prozedur.IsDeath >= 1;
     return shown;
 }
 
-void ShowCalls(const clsProzedur& prozedur, CodePaint& paint) {
+void ShowCalls(const clsProzedur& prozedur, const std::vector<LocalUse>& locals, CodePaint& paint) {
     const clsModul& modul = *prozedur.Modul;
     for (const clsVariable* variable : prozedur.MyVars)
         paint.Select(variable->DeclareStart, Len(variable->MyName()), Colour::CallLocal);
-    for (const clsCall* call : prozedur.CallsAll()) {
-        const bool isResult = call->Parent->Class() == ObjectClass::Variable &&
-                              static_cast<const clsVariable*>(call->Parent)->Prozedur == &prozedur &&
-                              call->Parent->MyName() == prozedur.MyName();
-        SelectTarget(paint, *call, isResult ? Colour::FunctionResult : ColourOfCall(*call, modul));
+    for (const clsCall* call : prozedur.CallsAll())
+        SelectTarget(paint, *call, ColourOfCall(*call, modul));
+    for (const LocalUse& use : locals) {
+        const bool isResult = use.variable->MyName() == prozedur.MyName();
+        paint.Select(use.pos, Len(use.variable->MyName()), isResult ? Colour::FunctionResult : Colour::CallLocal);
     }
     for (const clsCall* call : prozedur.UsesAll())
         if (call->Type() == CallType::Use)

@@ -11,11 +11,11 @@
 #include <string_view>
 #include <vector>
 
+#include "display/local_uses.h"
 #include "shell/vb_text.h"
 
 class clsCall;
 class clsModul;
-class clsProjekt;
 class clsProzedur;
 class clsTypeLib;
 class CodeObject;
@@ -61,7 +61,7 @@ struct CodeText {
     int firstLine = 0;               // line of the file that the text begins with; 0 when it stands in no file
     std::vector<CodeSpan> spans;     // rising, none over another
     bool onGrey = false;             // a dead or undead procedure
-    bool localsChecked = false;      // the procedure's local variables got their edges just now
+    bool localsChecked = false;      // the places of the procedure's locals were looked for just now
 
     [[nodiscard]] Pos InModule(Pos start) const { return start + first; }
     /// The part of a stretch of the module that is shown, or nothing.
@@ -88,15 +88,15 @@ private:
 
 /// The declarations of a module; of a library's module what is told of the library.
 [[nodiscard]] CodeText ShowMe(const clsModul& modul);
-/// A procedure. The first time its local variables are looked for, which is told by localsChecked.
-[[nodiscard]] CodeText ShowMe(clsProjekt& projekt, clsProzedur& prozedur);
+/// A procedure. The first time its local variables are looked for; localsChecked says so.
+[[nodiscard]] CodeText ShowMe(const clsProzedur& prozedur, LocalUses& locals);
 /// What is known of a library: first the path of its file.
 [[nodiscard]] CodeText ShowMe(const clsTypeLib& library);
 
 /// Colours the calls and uses of a module's declarations.
 void ShowUses(const clsModul& modul, CodePaint& paint);
 /// Colours the variables of a procedure and what it calls and uses.
-void ShowCalls(const clsProzedur& prozedur, CodePaint& paint);
+void ShowCalls(const clsProzedur& prozedur, const std::vector<LocalUse>& locals, CodePaint& paint);
 
 /// Where the object's name stands in its declaration, in a text that shows it; nothing for other texts and for objects
 /// without a name in the code.

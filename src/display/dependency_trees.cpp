@@ -19,17 +19,16 @@
 #include "model/clsProzedur.h"
 #include "model/clsType.h"
 #include "model/clsVariable.h"
-#include "shell/settings.h"
 
 namespace {
 
 BaumNode* ObtainRoot(Baum& tree, std::string_view key) {
-    if (BaumNode* there = tree.Item(key))
+    if (BaumNode* there = tree.Item(key, NodeKind::Root))
         return there;
     std::string text(key);
     std::transform(text.begin(), text.end(), text.begin(),
                    [](char c) { return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c; });
-    BaumNode* root = tree.Add(nullptr, std::string(key), std::move(text), "OrdnerZu");
+    BaumNode* root = tree.Add(nullptr, std::string(key), std::move(text), "OrdnerZu", NodeKind::Root);
     tree.SetExpandedImage(*root, "OrdnerAuf");
     tree.SetSorted(*root, true);
     tree.SetBold(*root, true);
@@ -85,10 +84,11 @@ BaumNode* ObtainGroup(const CodeObject& object, TreeGroup group, Baum& tree) {
     BaumNode* modul = ObtainModule(*object.Modul, tree);
     const TreeGroupKind& kind = KindOf(group);
     std::string key = modul->Key() + std::string(kind.suffix);
-    if (BaumNode* there = tree.Item(key))
+    if (BaumNode* there = tree.Item(key, NodeKind::Group))
         return there;
     const bool isProperty = group == TreeGroup::PublicProperty || group == TreeGroup::PrivateProperty;
-    BaumNode* node = tree.Add(modul, std::move(key), std::string(kind.text), isProperty ? "property" : kind.image);
+    BaumNode* node =
+        tree.Add(modul, std::move(key), std::string(kind.text), isProperty ? "property" : kind.image, NodeKind::Group);
     tree.SetSorted(*node, true);
     tree.SetExpanded(*node, true);
     tree.SetBold(*node, true);
@@ -139,10 +139,10 @@ BaumNode* ObtainNode(const CodeObject& object, Baum& tree, PathBuffer& path) {
 // An object that is shown as a neighbour, and what was seen meanwhile.
 class Fill {
 public:
-    Fill(const clsProjekt& projekt, Baum& tree, bool clear)
-        : projekt_(projekt), tree_(tree), filling_(tree), opens_(clear) {
-        if (clear)
-            tree.Clear();
+    /// @param opens  whether the modules shown are opened
+    Fill(const clsProjekt& projekt, const CheckedObjects& checked, Baum& tree, bool opens)
+        : projekt_(projekt), checked_(checked), tree_(tree), filling_(tree), opens_(opens) {
+        tree.Clear();
     }
 
     void CalledBy(const CodeObject& object, CallType type) {
@@ -237,7 +237,7 @@ private:
         if (&neighbour == last_ || !seen_.insert(&neighbour).second)
             return;
         last_ = &neighbour;
-        if (Exist_In_CheckedObjects(neighbour))
+        if (checked_.Covers(neighbour))
             return;
         const BaumNode* node = ObtainNode(neighbour, tree_, path_);
         if (!node || !opens_)
@@ -254,6 +254,7 @@ private:
     }
 
     const clsProjekt& projekt_;
+    const CheckedObjects& checked_;
     Baum& tree_;
     const Baum::Filling filling_;
     bool opens_;
@@ -330,68 +331,38 @@ BaumNode* Anzeigen_InBaum(const CodeObject& object, Baum& tree) {
     return ObtainNode(object, tree, path);
 }
 
-void Anzeigen_CalledBy(const clsProjekt& projekt, const CodeObject& object, Baum& tree, bool clear) {
-    Fill(projekt, tree, clear).CalledBy(object, CallType::Really);
-}
-
-void Anzeigen_MayBe_CalledBy(const clsProjekt& projekt, const CodeObject& object, Baum& tree, bool clear) {
-    Fill(projekt, tree, clear).CalledBy(object, CallType::MayBe);
-}
-
-void Anzeigen_Calls(const clsProjekt& projekt, const CodeObject& object, Baum& tree, bool clear) {
-    Fill(projekt, tree, clear).Calls(object, CallType::Really);
-}
-
-void Anzeigen_MayBe_Calls(const clsProjekt& projekt, const CodeObject& object, Baum& tree, bool clear) {
-    Fill(projekt, tree, clear).Calls(object, CallType::MayBe);
-}
-
-void Anzeigen_Uses(const clsProjekt& projekt, const CodeObject& object, Baum& tree, bool clear) {
-    Fill(projekt, tree, clear).Uses(object);
-}
-
-void Anzeigen_UsedBy(const clsProjekt& projekt, const CodeObject& object, Baum& tree, bool clear) {
-    Fill(projekt, tree, clear).UsedBy(object);
-}
-
-void Show_Dependencies_AllCalledBy(const clsProjekt& projekt, const CodeObject* current, Baum& calledBy, bool mayBe,
-                                   bool clear) {
+void Show_Dependencies_AllCalledBy(const clsProjekt& projekt, const CheckedObjects& checked, const CodeObject* current,
+                                   Baum& calledBy, bool mayBe) {
     const Baum::Filling whole(calledBy);
-    if (clear)
-        calledBy.Clear();
+    Fill fill(projekt, checked, calledBy, true);
     if (!current)
         return;
     const CodeObject& object = ProcedureOrItself(*current);
     if (object.Class() == ObjectClass::TypeLib)
-        Anzeigen_UsedBy(projekt, object, calledBy, clear);
+        fill.UsedBy(object);
     else
-        Fill(projekt, calledBy, clear).CalledBy(object, CertaintyOf(mayBe));
+        fill.CalledBy(object, CertaintyOf(mayBe));
     if (object.Class() == ObjectClass::Modul)
         Collapse_Module(calledBy);
 }
 
-void Show_Dependencies_AllCalls(const clsProjekt& projekt, const CodeObject* current, Baum& calls, bool mayBe,
-                                bool clear) {
+void Show_Dependencies_AllCalls(const clsProjekt& projekt, const CheckedObjects& checked, const CodeObject* current,
+                                Baum& calls, bool mayBe) {
     const Baum::Filling whole(calls);
-    if (clear)
-        calls.Clear();
+    Fill fill(projekt, checked, calls, true);
     if (!current)
         return;
     const CodeObject& object = ProcedureOrItself(*current);
-    Fill(projekt, calls, clear).Calls(object, CertaintyOf(mayBe));
+    fill.Calls(object, CertaintyOf(mayBe));
     if (object.Class() == ObjectClass::Modul)
         Collapse_Module(calls);
 }
 
-void Show_Dependencies_Group(const clsProjekt& projekt, Baum& calledBy, Baum& calls, bool mayBeCalledBy,
-                             bool mayBeCalls) {
-    const Baum::Filling wholeCalledBy(calledBy);
-    const Baum::Filling wholeCalls(calls);
-    calledBy.Clear();
-    calls.Clear();
-    Fill callers(projekt, calledBy, false);
-    Fill callees(projekt, calls, false);
-    for (const CodeObject* object : gCheckedObjects) {
+void Show_Dependencies_Group(const clsProjekt& projekt, const CheckedObjects& checked, Baum& calledBy, Baum& calls,
+                             bool mayBeCalledBy, bool mayBeCalls) {
+    Fill callers(projekt, checked, calledBy, false);
+    Fill callees(projekt, checked, calls, false);
+    for (const CodeObject* object : checked.Objects()) {
         if (object->Class() == ObjectClass::TypeLib)
             continue;
         callers.CalledBy(*object, CertaintyOf(mayBeCalledBy));
@@ -401,17 +372,9 @@ void Show_Dependencies_Group(const clsProjekt& projekt, Baum& calledBy, Baum& ca
 
 void Collapse_Module(Baum& tree) {
     for (const std::string_view key : {"module", "form", "class", "usercontrol"})
-        if (const BaumNode* root = tree.Item(key))
+        if (const BaumNode* root = tree.Item(key, NodeKind::Root))
             for (BaumNode* modul : root->ChildNodes())
                 tree.SetExpanded(*modul, false);
-}
-
-bool Exist_In_CheckedObjects(const CodeObject& object) {
-    if (gCheckedObjects.Count() == 0)
-        return false;
-    PathBuffer path;
-    return gCheckedObjects.Contains(path.Of(object)) ||
-           (object.Modul && gCheckedObjects.Contains(path.Of(*object.Modul)));
 }
 
 DependencyButtons Activate_Dependencies(const clsProjekt& projekt, const CodeObject* current) {

@@ -1,25 +1,23 @@
 #include "display/node_objects.h"
 
-#include <string>
-
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
 #include "model/clsVariable.h"
-#include "model/group_keys.h"
 #include "platform/code_page.h"
 
-std::string_view ObjectKeyOfNode(std::string_view key) {
-    return IsGroupKey(key) ? key.substr(0, key.rfind('.')) : key;
+std::string ObjectPathOf(const NodeId& node) {
+    if (node.kind == NodeKind::Root)
+        return {};
+    return LowerCase(node.kind == NodeKind::Group ? node.key.substr(0, node.key.rfind('.')) : node.key);
 }
 
-CodeObject* ObjectOfNode(std::string_view key) {
-    const std::string path = LowerCase(ObjectKeyOfNode(key));
-    if (CodeObject* const object = modMain::GetObjectFromCodePath(path))
+CodeObject* ObjectOfNode(const clsProjekt& projekt, const NodeId& node) {
+    const std::string path = ObjectPathOf(node);
+    if (CodeObject* const object = projekt.GetObjectFromCodePath(path))
         return object;
     const auto end = path.rfind('.');
     const auto begin = end == std::string::npos || end == 0 ? std::string::npos : path.rfind('.', end - 1);
-    const clsModul* const modul =
-        begin != std::string::npos && gProjekt ? gProjekt->GetModuleFromCodePath(path) : nullptr;
+    const clsModul* const modul = begin != std::string::npos ? projekt.GetModuleFromCodePath(path) : nullptr;
     if (!modul)
         return nullptr;
     const std::string_view procName = std::string_view(path).substr(begin + 1, end - begin - 1);

@@ -1,12 +1,15 @@
-// From the key of a node back to the object behind it.
+// From a node back to the object that it stands for.
 #pragma once
 
-#include <string_view>
+#include <string>
+
+#include "display/baum.h"
 
 class CodeObject;
+class clsProjekt;
 
-/// The key of an object's node, or of the module that a group node belongs to.
-[[nodiscard]] std::string_view ObjectKeyOfNode(std::string_view key);
-/// The object of the open project behind a node: arguments and local variables too, which no name space knows. Those of
+/// The code path of an object's node, and for a group that of its module; empty for roots.
+[[nodiscard]] std::string ObjectPathOf(const NodeId& node);
+/// The object of the project with that path: arguments and local variables too, which no name space knows. Those of
 /// the accessors of one property share their keys; the first accessor that has one of the name gives it.
-[[nodiscard]] CodeObject* ObjectOfNode(std::string_view key);
+[[nodiscard]] CodeObject* ObjectOfNode(const clsProjekt& projekt, const NodeId& node);

@@ -223,7 +223,7 @@ std::vector<Hit> ObjectSearch::Find(std::string_view typed, std::size_t limit) {
     const auto point = whole.rfind('.');
     const std::string name = point == std::string::npos ? whole : whole.substr(point + 1);
     const std::string place = point == std::string::npos ? std::string() : whole.substr(0, point);
-    if (!projekt_ || gProjekt.get() != projekt_ || name.empty()) {
+    if (!projekt_ || name.empty()) {
         lastName_.clear();
         return {};
     }

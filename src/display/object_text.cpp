@@ -4,6 +4,7 @@
 #include <unordered_set>
 
 #include "calls/edges.h"
+#include "display/local_uses.h"
 #include "display/properties.h"
 #include "display/shown_text.h"
 #include "model/clsControl.h"
@@ -81,8 +82,8 @@ std::string_view DataTypeOf(const CodeObject& object) {
 }
 
 // The implicit instance of a form, which bears the calls that name the form.
-const clsVariable* InstanceOf(const CodeObject& object) {
-    return object.Class() == ObjectClass::Modul && gProjekt ? gProjekt->FormVars.Item(object.NameKey()) : nullptr;
+const clsVariable* InstanceOf(const clsProjekt& projekt, const CodeObject& object) {
+    return object.Class() == ObjectClass::Modul ? projekt.FormVars.Item(object.NameKey()) : nullptr;
 }
 
 struct Counts {
@@ -110,27 +111,17 @@ Counts CallsOfMembers(const Owner& owner) {
     return counts;
 }
 
-Counts CallersOf(const CodeObject& object) {
+Counts CallersOf(const clsProjekt& projekt, const LocalUses& locals, const CodeObject& object) {
     if (object.Class() == ObjectClass::Type)
         return CallsOfMembers(static_cast<const clsType&>(object));
     if (object.Class() == ObjectClass::Enum)
         return CallsOfMembers(static_cast<const clsEnum&>(object));
     Counts counts;
     counts.AddAll(object.CalledByAll());
-    if (const clsVariable* const instance = InstanceOf(object))
+    if (object.Class() == ObjectClass::Variable)
+        counts.certain += locals.CountOf(static_cast<const clsVariable&>(object));
+    if (const clsVariable* const instance = InstanceOf(projekt, object))
         counts.AddAll(instance->CalledByAll());
-    return counts;
-}
-
-// What a procedure calls but for its own variables.
-Counts CallsOf(const clsProzedur& prozedur) {
-    Counts counts;
-    for (const clsCall* call : prozedur.CallsAll()) {
-        const bool isOwn = call->Parent->Class() == ObjectClass::Variable &&
-                           static_cast<const clsVariable*>(call->Parent)->Prozedur == &prozedur;
-        if (!isOwn)
-            counts.Add(*call);
-    }
     return counts;
 }
 
@@ -183,13 +174,12 @@ bool IsRing(const clsProzedur& prozedur) {
     return true;
 }
 
-std::string WhyDead(const CodeObject& object) {
+std::string WhyDead(const LocalUses& locals, const CodeObject& object) {
     if (object.Class() == ObjectClass::Variable) {
         const auto& variable = static_cast<const clsVariable&>(object);
         if (variable.Prozedur)
-            return variable.Prozedur->LocalCallsChecked && variable.CalledByAll().Count() == 0
-                       ? Utf8TextNr(Text::LocalUnused)
-                       : std::string();
+            return locals.Known(*variable.Prozedur) && locals.CountOf(variable) == 0 ? Utf8TextNr(Text::LocalUnused)
+                                                                                     : std::string();
     }
     if (object.IsDeath == 1)
         return Utf8TextNr(Text::Dead);
@@ -208,7 +198,7 @@ std::string WhyDead(const CodeObject& object) {
 
 }  // namespace
 
-std::vector<std::string> ObjectText(const CodeObject& object) {
+std::vector<std::string> ObjectText(const clsProjekt& projekt, const LocalUses& locals, const CodeObject& object) {
     std::vector<std::string> lines;
     const auto add = [&lines](std::string line) {
         if (!line.empty())
@@ -225,23 +215,25 @@ std::vector<std::string> ObjectText(const CodeObject& object) {
     if (const std::string_view type = DataTypeOf(object); !type.empty())
         add(Labelled(Text::DataType, Shortened(Utf8Of(modul, type))));
 
-    const Counts callers = CallersOf(object);
+    const Counts callers = CallersOf(projekt, locals, object);
     if (!object.CanBeUsed() || callers.Any())
         add(Labelled(Text::CalledBy, callers.Text()));
     if (object.CanBeUsed())
         add(Labelled(Text::UsedBy, std::to_string(object.UsedByAll().Count())));
     if (object.Class() == ObjectClass::Prozedur) {
         const auto& prozedur = static_cast<const clsProzedur&>(object);
-        add(Labelled(Text::Calls, CallsOf(prozedur).Text()));
+        Counts calls;
+        calls.AddAll(prozedur.CallsAll());
+        add(Labelled(Text::Calls, calls.Text()));
         if (prozedur.UsesAll().Count() > 0)
             add(Labelled(Text::Uses, std::to_string(prozedur.UsesAll().Count())));
     }
     add(LinesOf(object));
-    add(WhyDead(object));
+    add(WhyDead(locals, object));
     return lines;
 }
 
-std::string CallsText(const CodeObject& caller, const CodeObject& target, CallType type) {
+std::string CallsText(const clsProjekt& projekt, const CodeObject& caller, const CodeObject& target, CallType type) {
     int count = 0;
     const clsCall* first = nullptr;
     const clsModul* modul = nullptr;
@@ -259,7 +251,7 @@ std::string CallsText(const CodeObject& caller, const CodeObject& target, CallTy
         }
     };
     look(target.CalledByAll());
-    if (const clsVariable* const instance = InstanceOf(target))
+    if (const clsVariable* const instance = InstanceOf(projekt, target))
         look(instance->CalledByAll());
     look(target.UsedByAll());
     if (!first || !modul->text)

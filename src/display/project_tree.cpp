@@ -46,7 +46,7 @@ constexpr std::array<RootKind, 6> kRoots{{{"component[]", "COMPONENT"},
 std::function<bool(std::string_view)> gImageList1;
 
 void AddRoot(const RootKind& kind, Baum& tree) {
-    BaumNode* root = tree.Add(nullptr, std::string(kind.key), std::string(kind.text), "OrdnerZu");
+    BaumNode* root = tree.Add(nullptr, std::string(kind.key), std::string(kind.text), "OrdnerZu", NodeKind::Root);
     if (!root)
         return;
     tree.SetExpandedImage(*root, "OrdnerAuf");
@@ -56,7 +56,7 @@ void AddRoot(const RootKind& kind, Baum& tree) {
 
 // A library has no contents to show yet: the classes, enumerations and types of one that does go below this node.
 void AddLibrary(const clsTypeLib& library, Baum& tree) {
-    BaumNode* root = tree.Item(std::string(TextOf(library.LibTyp)) + "[]");
+    BaumNode* root = tree.Item(std::string(TextOf(library.LibTyp)) + "[]", NodeKind::Root);
     if (!root)
         return;
     BaumNode* node =
@@ -216,8 +216,8 @@ void clsModulAnzeige::MyModul(const clsModul& modul) {
 }
 
 void clsModulAnzeige::Anzeigen() {
-    BaumNode* parent = tree_.Item(modul_->myLibrary ? std::string(modul_->myLibrary->MyName())
-                                                    : std::string(TextOf(modul_->ModulTyp)) + "[]");
+    BaumNode* parent = modul_->myLibrary ? tree_.Item(modul_->myLibrary->MyName())
+                                         : tree_.Item(std::string(TextOf(modul_->ModulTyp)) + "[]", NodeKind::Root);
     if (parent)
         tree_.Add(parent, nodeKey_, std::string(modul_->myNameOrg()), TextOf(modul_->ModulTyp));
 }
@@ -244,7 +244,7 @@ void clsModulAnzeige::Anzeigen_ControlGruppen() {
 }
 
 void clsModulAnzeige::Anzeigen_Controls() {
-    if (BaumNode* parent = tree_.Item(GroupKey(TreeGroup::Controls)))
+    if (BaumNode* parent = tree_.Item(GroupKey(TreeGroup::Controls), NodeKind::Group))
         for (const clsControl* control : modul_->MyControls)
             Entry(parent, *control);
 }
@@ -320,7 +320,7 @@ void clsModulAnzeige::Gruppe(TreeGroup group, int count) {
     if (!node)
         return;
     const TreeGroupKind& kind = KindOf(group);
-    if (BaumNode* made = tree_.Add(node, GroupKey(group), std::string(kind.text), kind.image)) {
+    if (BaumNode* made = tree_.Add(node, GroupKey(group), std::string(kind.text), kind.image, NodeKind::Group)) {
         tree_.SetSorted(*made, true);
         tree_.SetBold(*made, true);
     }
@@ -332,7 +332,7 @@ BaumNode* clsModulAnzeige::Entry(BaumNode* parent, const CodeObject& object) {
 }
 
 void clsModulAnzeige::Procedures(TreeGroup group, const clsCollection<clsProzedur>& procedures) {
-    BaumNode* parent = procedures.Count() > 0 ? tree_.Item(GroupKey(group)) : nullptr;
+    BaumNode* parent = procedures.Count() > 0 ? tree_.Item(GroupKey(group), NodeKind::Group) : nullptr;
     if (!parent)
         return;
     for (const clsProzedur* prozedur : procedures) {
@@ -346,7 +346,7 @@ void clsModulAnzeige::Procedures(TreeGroup group, const clsCollection<clsProzedu
 }
 
 void clsModulAnzeige::Variables(TreeGroup group, const clsCollection<clsVariable>& variables) {
-    BaumNode* parent = variables.Count() > 0 ? tree_.Item(GroupKey(group)) : nullptr;
+    BaumNode* parent = variables.Count() > 0 ? tree_.Item(GroupKey(group), NodeKind::Group) : nullptr;
     if (!parent)
         return;
     const bool leavesOutMe = group == TreeGroup::PrivateVariable && LeavesOutMe();
@@ -357,7 +357,7 @@ void clsModulAnzeige::Variables(TreeGroup group, const clsCollection<clsVariable
 
 template <class Owner>
 void clsModulAnzeige::WithMembers(TreeGroup group, const clsCollection<Owner>& owners) {
-    BaumNode* parent = owners.Count() > 0 ? tree_.Item(GroupKey(group)) : nullptr;
+    BaumNode* parent = owners.Count() > 0 ? tree_.Item(GroupKey(group), NodeKind::Group) : nullptr;
     if (!parent)
         return;
     for (const Owner* owner : owners) {

@@ -9,8 +9,6 @@
 #include "model/clsProzedur.h"
 #include "model/clsType.h"
 #include "model/clsVariable.h"
-#include "model/group_keys.h"
-#include "platform/code_page.h"
 #include "source/module_text.h"
 
 namespace {
@@ -95,14 +93,14 @@ Block* BlockAt(const clsCollection<Block>& blocks, Pos pos) {
 
 }  // namespace
 
-void Set_GlobalObjects_fromNode(Selection& selection, std::string_view key) {
-    const std::string path = LowerCase(ObjectKeyOfNode(key));
-    CodeObject* const object = ObjectOfNode(key);
+void Set_GlobalObjects_fromNode(const clsProjekt& projekt, Selection& selection, const NodeId& node) {
+    const std::string path = ObjectPathOf(node);
+    CodeObject* const object = ObjectOfNode(projekt, node);
     Selection now;
     now.CurObject = object;
     now.CalledObject = selection.CalledObject;
     if (!object) {
-        now.CurModule = gProjekt ? gProjekt->GetModuleFromCodePath(path) : nullptr;
+        now.CurModule = projekt.GetModuleFromCodePath(path);
     } else {
         now.CurModule = object->Modul;
         switch (object->Class()) {
@@ -137,8 +135,8 @@ void Set_GlobalObjects_fromNode(Selection& selection, std::string_view key) {
     selection = now;
 }
 
-void SetCalledObject(Selection& selection, std::string_view key) {
-    selection.CalledObject = ObjectOfNode(key);
+void SetCalledObject(const clsProjekt& projekt, Selection& selection, const NodeId& node) {
+    selection.CalledObject = ObjectOfNode(projekt, node);
 }
 
 LastCodePaths Set_LastObjects(const Selection& selection) {
@@ -191,7 +189,7 @@ std::string CodePath_Anzeigen(const Selection& selection) {
 }
 
 std::vector<CodeSpan> SelectCallMe(const CodeObject& object, CallType type, const CodeObject& caller,
-                                   const CodeText& shown) {
+                                   const CodeText& shown, const std::vector<LocalUse>& locals) {
     std::vector<CodeSpan> places;
     const bool isProzedur = caller.Class() == ObjectClass::Prozedur;
     const clsModul& modul = isProzedur ? *caller.Modul : static_cast<const clsModul&>(caller);
@@ -206,6 +204,10 @@ std::vector<CodeSpan> SelectCallMe(const CodeObject& object, CallType type, cons
     };
     if (isProzedur) {
         collect(static_cast<const clsProzedur&>(caller).CallsAll());
+        for (const LocalUse& use : locals)
+            if (const auto place = shown.Shown(use.pos, Len(object.MyName()));
+                place && use.variable == &object && type == CallType::Really)
+                places.push_back({place->start, place->length, Colour::CallLocal});
         collect(static_cast<const clsProzedur&>(caller).UsesAll());
     } else {
         collect(modul.CallsInDeclarations());
@@ -228,10 +230,13 @@ CodeObject* GetTypeNachZeichenPos(const clsModul& modul, Pos posInModule) {
     return BlockAt(modul.myEnums, posInModule);
 }
 
-CodeObject* SelChanged(const clsProzedur& prozedur, Pos selStart) {
+CodeObject* SelChanged(const clsProzedur& prozedur, const std::vector<LocalUse>& locals, Pos selStart) {
     const Pos pos = prozedur.DeclareStart + selStart;
     if (CodeObject* hit = HitAt(prozedur.CallsAll(), pos))
         return hit;
+    for (const LocalUse& use : locals)
+        if (IsNameAt(*use.variable, use.pos, pos))
+            return use.variable;
     if (CodeObject* hit = HitAt(prozedur.UsesAll(), pos))
         return hit;
     return DeclaredAt(prozedur.MyVars, pos);
@@ -254,14 +259,13 @@ bool CodePane::IsShown(const CodeObject& owner) const {
     return !shownPath_.empty() && shownPath_ == owner.CodePath();
 }
 
-bool CodePane::ShowText(const CodeObject& owner, CodeText text) {
+bool CodePane::ShowText(const clsProjekt& projekt, const CodeObject& owner, CodeText text) {
     text_ = std::move(text);
     shownPath_ = owner.CodePath();
     // A person stays in one module for a while; the map of the one before is quickly made again.
     std::string modul = owner.Modul ? owner.Modul->CodePath() : shownPath_;
     if (modul != modulWithMap_) {
-        const clsModul* const before =
-            modulWithMap_.empty() || !gProjekt ? nullptr : gProjekt->GetModuleFromCodePath(modulWithMap_);
+        const clsModul* const before = modulWithMap_.empty() ? nullptr : projekt.GetModuleFromCodePath(modulWithMap_);
         if (before && before->text)
             before->text->ReleaseModulText();
         modulWithMap_ = std::move(modul);
@@ -269,19 +273,25 @@ bool CodePane::ShowText(const CodeObject& owner, CodeText text) {
     return true;
 }
 
-bool CodePane::ShowDeclarations(clsModul& modul) {
-    return !IsShown(modul) && ShowText(modul, ShowMe(modul));
+bool CodePane::ShowDeclarations(const clsProjekt& projekt, const clsModul& modul) {
+    return !IsShown(modul) && ShowText(projekt, modul, ShowMe(modul));
 }
 
-bool CodePane::ShowProzedur(clsProjekt& projekt, clsProzedur& prozedur) {
-    return !IsShown(prozedur) && ShowText(prozedur, ShowMe(projekt, prozedur));
-}
-
-bool CodePane::ShowOwner(clsProjekt& projekt, CodeObject& owner) {
+bool CodePane::ShowOwner(const clsProjekt& projekt, const CodeObject& owner) {
     if (owner.Class() == ObjectClass::Modul)
-        return ShowDeclarations(static_cast<clsModul&>(owner));
-    auto& prozedur = static_cast<clsProzedur&>(owner);
-    return StandsInDeclarations(prozedur) ? ShowDeclarations(*prozedur.Modul) : ShowProzedur(projekt, prozedur);
+        return ShowDeclarations(projekt, static_cast<const clsModul&>(owner));
+    const auto& prozedur = static_cast<const clsProzedur&>(owner);
+    if (StandsInDeclarations(prozedur))
+        return ShowDeclarations(projekt, *prozedur.Modul);
+    return !IsShown(prozedur) && ShowText(projekt, prozedur, ShowMe(prozedur, locals_));
+}
+
+// Those of the procedure shown; none for declarations.
+const std::vector<LocalUse>& CodePane::LocalsOf(const CodeObject& owner) const {
+    static const std::vector<LocalUse> none;
+    const std::vector<LocalUse>* const known =
+        owner.Class() == ObjectClass::Prozedur ? locals_.Known(static_cast<const clsProzedur&>(owner)) : nullptr;
+    return known ? *known : none;
 }
 
 void CodePane::Clear() {
@@ -289,7 +299,7 @@ void CodePane::Clear() {
     shownPath_.clear();
 }
 
-CodePane::Change CodePane::Show_Structure(clsProjekt& projekt, const Selection& selection) {
+CodePane::Change CodePane::Show_Structure(const clsProjekt& projekt, const Selection& selection) {
     Change change;
     CodeObject* const object = selection.CurObject;
     if (!object) {
@@ -301,10 +311,11 @@ CodePane::Change CodePane::Show_Structure(clsProjekt& projekt, const Selection& 
     }
     switch (object->Class()) {
         case ObjectClass::TypeLib:
-            change.newText = !IsShown(*object) && ShowText(*object, ShowMe(static_cast<const clsTypeLib&>(*object)));
+            change.newText =
+                !IsShown(*object) && ShowText(projekt, *object, ShowMe(static_cast<const clsTypeLib&>(*object)));
             return change;
         case ObjectClass::Modul:
-            change.newText = ShowDeclarations(static_cast<clsModul&>(*object));
+            change.newText = ShowDeclarations(projekt, static_cast<const clsModul&>(*object));
             return change;
         case ObjectClass::Prozedur:
             change.newText = ShowOwner(projekt, *object);
@@ -315,7 +326,7 @@ CodePane::Change CodePane::Show_Structure(clsProjekt& projekt, const Selection& 
             if (!owner || (!variable.Prozedur && variable.myLibrary))
                 return change;
             change.newText = ShowOwner(projekt, *owner);
-            change.places = SelectCallMe(variable, CallType::Really, *owner, text_);
+            change.places = SelectCallMe(variable, CallType::Really, *owner, text_, LocalsOf(*owner));
             break;
         }
         case ObjectClass::Type:
@@ -323,38 +334,40 @@ CodePane::Change CodePane::Show_Structure(clsProjekt& projekt, const Selection& 
         case ObjectClass::Control:
             if (!object->Modul)
                 return change;
-            change.newText = ShowDeclarations(*object->Modul);
+            change.newText = ShowDeclarations(projekt, *object->Modul);
             break;
     }
     change.select = NameMarkieren(*object, text_);
     return change;
 }
 
-CodePane::Change CodePane::SelectCallsOfObject(clsProjekt& projekt, const CodeObject& object, CodeObject& caller,
-                                               CallType type) {
+CodePane::Change CodePane::SelectCallsOfObject(const clsProjekt& projekt, const CodeObject& object,
+                                               const CodeObject& caller, CallType type) {
     Change change;
     change.newText = ShowOwner(projekt, caller);
-    change.places = SelectCallMe(object, type, caller, text_);
+    change.places = SelectCallMe(object, type, caller, text_, LocalsOf(caller));
     return change;
 }
 
-CodeObject* CodePane::ObjectClicked(const Selection& selection, Pos selStart, Pos selLength) const {
-    const CodeObject* const owner = shownPath_.empty() ? nullptr : ObjectOfNode(shownPath_);
+CodeObject* CodePane::ObjectClicked(const clsProjekt& projekt, const Selection& selection, Pos selStart,
+                                    Pos selLength) const {
+    const CodeObject* const owner = shownPath_.empty() ? nullptr : ObjectOfNode(projekt, shownPath_);
     if (owner && owner->Class() == ObjectClass::Prozedur)
-        return selLength == 0 ? SelChanged(static_cast<const clsProzedur&>(*owner), selStart) : nullptr;
+        return selLength == 0 ? SelChanged(static_cast<const clsProzedur&>(*owner), LocalsOf(*owner), selStart)
+                              : nullptr;
     if (owner && owner->Class() == ObjectClass::Modul)
         return SelChanged(static_cast<const clsModul&>(*owner), selStart, selection.CurType);
     return nullptr;
 }
 
-CodeObject* CodePane::ObjectAt(Pos selStart) const {
-    CodeObject* const owner = shownPath_.empty() ? nullptr : ObjectOfNode(shownPath_);
+CodeObject* CodePane::ObjectAt(const clsProjekt& projekt, Pos selStart) const {
+    CodeObject* const owner = shownPath_.empty() ? nullptr : ObjectOfNode(projekt, shownPath_);
     if (!owner)
         return nullptr;
     const Pos pos = text_.InModule(selStart);
     if (owner->Class() == ObjectClass::Prozedur) {
         auto& prozedur = static_cast<clsProzedur&>(*owner);
-        CodeObject* const named = SelChanged(prozedur, selStart);
+        CodeObject* const named = SelChanged(prozedur, LocalsOf(prozedur), selStart);
         if (IsNameAt(prozedur, prozedur.NamePos, pos))
             return &prozedur;
         return named ? named : HitAt(prozedur.CallsAll(), pos, true);
@@ -378,11 +391,11 @@ PropertyRows Anzeigen_TextPos(const CodeText& shown, Pos selStart, Pos selLength
             row("SelEnd", place(selStart + selLength)), row("SelLength", std::to_string(selLength))};
 }
 
-void NavigationList::AddNavCodeKey(std::string_view key) {
-    if (key == Current().Key)
+void NavigationList::AddNavCodeKey(const NodeId& node) {
+    if (node == Current().node)
         return;
     records_.resize(++index_);
-    records_.push_back({std::string(key)});
+    records_.push_back({node});
 }
 
 void NavigationList::NoteSelection(Pos selStart, Pos selLength) {

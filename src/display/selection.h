@@ -38,9 +38,9 @@ struct LastCodePaths {
 
 /// The selection for a node of this key; CalledObject is left alone. What CurObject is decides all others. A key
 /// without an object gives the module that its first word names, if any.
-void Set_GlobalObjects_fromNode(Selection& selection, std::string_view key);
+void Set_GlobalObjects_fromNode(const clsProjekt& projekt, Selection& selection, const NodeId& node);
 /// CalledObject for a node of a dependency tree.
-void SetCalledObject(Selection& selection, std::string_view key);
+void SetCalledObject(const clsProjekt& projekt, Selection& selection, const NodeId& node);
 
 [[nodiscard]] LastCodePaths Set_LastObjects(const Selection& selection);
 /// Whether the dependency trees have to be filled anew: the object differs from the last one. A variable of a procedure
@@ -54,7 +54,7 @@ void SetCalledObject(Selection& selection, std::string_view key);
 /// The places of a certain kind at which `caller`, a procedure or the declarations of a module, calls or uses `object`,
 /// rising; with their colours. Members stand for their type or enumeration, its instance for a form.
 [[nodiscard]] std::vector<CodeSpan> SelectCallMe(const CodeObject& object, CallType type, const CodeObject& caller,
-                                                 const CodeText& shown);
+                                                 const CodeText& shown, const std::vector<LocalUse>& locals);
 
 // Position in the shown text to object. A position counts from 0, as the code view gives it; a name is hit from its
 // first to its last character.
@@ -65,7 +65,7 @@ void SetCalledObject(Selection& selection, std::string_view key);
 [[nodiscard]] CodeObject* GetTypeNachZeichenPos(const clsModul& modul, Pos posInModule);
 /// What a click into the code of a procedure leads to: what is certainly called or used there, else a variable that is
 /// declared there. Null where nothing is to be selected.
-[[nodiscard]] CodeObject* SelChanged(const clsProzedur& prozedur, Pos selStart);
+[[nodiscard]] CodeObject* SelChanged(const clsProzedur& prozedur, const std::vector<LocalUse>& locals, Pos selStart);
 /// The same for the declarations of a module; without a call or use it is the declaration around the place. Null also
 /// when that is `curType`, which stays selected.
 [[nodiscard]] CodeObject* SelChanged(const clsModul& modul, Pos selStart, const clsType* curType);
@@ -81,34 +81,39 @@ public:
     };
 
     /// What rtbCode shows for the current object.
-    [[nodiscard]] Change Show_Structure(clsProjekt& projekt, const Selection& selection);
+    [[nodiscard]] Change Show_Structure(const clsProjekt& projekt, const Selection& selection);
     /// The places where `caller`, a procedure or a module with its declarations, calls or uses `object`; its text comes
     /// up when it is not the one shown. Certain places include uses.
-    [[nodiscard]] Change SelectCallsOfObject(clsProjekt& projekt, const CodeObject& object, CodeObject& caller,
-                                             CallType type);
+    [[nodiscard]] Change SelectCallsOfObject(const clsProjekt& projekt, const CodeObject& object,
+                                             const CodeObject& caller, CallType type);
 
     /// Where a click leads, judged by the text that is shown: SelChanged of its procedure, for which nothing may be
     /// selected, or of its module.
-    [[nodiscard]] CodeObject* ObjectClicked(const Selection& selection, Pos selStart, Pos selLength) const;
+    [[nodiscard]] CodeObject* ObjectClicked(const clsProjekt& projekt, const Selection& selection, Pos selStart,
+                                            Pos selLength) const;
     /// The object whose name stands at a place of the shown text, for its hover text: called or used, for certain or
     /// else possibly, or declared there. Null beside all names.
-    [[nodiscard]] CodeObject* ObjectAt(Pos selStart) const;
+    [[nodiscard]] CodeObject* ObjectAt(const clsProjekt& projekt, Pos selStart) const;
 
     [[nodiscard]] const CodeText& Text() const { return text_; }
     /// CodePath of the object whose text is shown; empty for none.
     [[nodiscard]] const std::string& ShownPath() const { return shownPath_; }
     /// The next text is made anew, whichever it is: after a change of the edges, the marks or the modules.
     void Forget() { shownPath_.clear(); }
-    /// An empty view.
-    void Clear();
+    /// Where the locals of the procedures shown so far are named.
+    [[nodiscard]] const LocalUses& Locals() const { return locals_; }
+    /// Procedures count as not yet shown: when the calls are read again.
+    void ForgetLocals() { locals_.Clear(); }
 
 private:
-    bool ShowDeclarations(clsModul& modul);
-    bool ShowProzedur(clsProjekt& projekt, clsProzedur& prozedur);
-    bool ShowOwner(clsProjekt& projekt, CodeObject& owner);
-    bool ShowText(const CodeObject& owner, CodeText text);
+    void Clear();
+    bool ShowDeclarations(const clsProjekt& projekt, const clsModul& modul);
+    bool ShowOwner(const clsProjekt& projekt, const CodeObject& owner);
+    bool ShowText(const clsProjekt& projekt, const CodeObject& owner, CodeText text);
+    [[nodiscard]] const std::vector<LocalUse>& LocalsOf(const CodeObject& owner) const;
     [[nodiscard]] bool IsShown(const CodeObject& owner) const;
 
+    LocalUses locals_;
     CodeText text_;
     std::string shownPath_;
     std::string modulWithMap_;  // CodePath of the module whose map the last text was coloured by
@@ -117,17 +122,18 @@ private:
 /// Rows with the place of the cursor: line, and start, end and length of the selection, in the text and in the module.
 [[nodiscard]] PropertyRows Anzeigen_TextPos(const CodeText& shown, Pos selStart, Pos selLength);
 
-/// The list behind back and forward: keys of nodes, each with what was selected in its code.
+/// The list behind back and forward: nodes, each with what was selected in its code.
 class NavigationList {
 public:
     struct Record {
-        std::string Key;
+        NodeId node;
         Pos SelStart = 0;
         Pos SelLength = 0;
     };
 
-    /// A new record behind the current one; those that came behind it are gone. The current key once more adds nothing.
-    void AddNavCodeKey(std::string_view key);
+    /// A new record behind the current one; those that came behind it are gone. The current node once more adds
+    /// nothing.
+    void AddNavCodeKey(const NodeId& node);
     /// Notes the selection in the current record.
     void NoteSelection(Pos selStart, Pos selLength);
     /// One step back or on; null at the end. Activating the node of the record adds nothing, as it is the current one.

@@ -1,5 +1,6 @@
 #include "display/tree_checks.h"
 
+#include <algorithm>
 #include <array>
 #include <vector>
 
@@ -8,9 +9,6 @@
 #include "display/node_objects.h"
 #include "display/project_tree.h"
 #include "model/clsProjekt.h"
-#include "model/group_keys.h"
-
-clsCollection<CodeObject> gCheckedObjects;
 
 namespace {
 
@@ -61,28 +59,43 @@ void CheckAbove(Baum& tree, const BaumNode& node) {
 
 }  // namespace
 
-void CheckedObjects_Reset() {
-    gCheckedObjects.Clear();
+void CheckedObjects::Add(CodeObject& object, std::string path) {
+    if (std::ranges::find(paths_, path) != paths_.end())
+        return;
+    objects_.push_back(&object);
+    paths_.push_back(std::move(path));
 }
 
-void CheckedObjects_Renew(const clsProjekt& projekt) {
-    clsCollection<CodeObject> found;
-    for (int nr = 1; nr <= gCheckedObjects.Count(); ++nr) {
-        const Name key = gCheckedObjects.KeyNr(nr);
-        if (CodeObject* object = projekt.GetObjectFromCodePath(key.View()))
-            found.AddUnlessPresent(key, object);
-    }
-    gCheckedObjects = std::move(found);
+void CheckedObjects::Remove(std::string_view path) {
+    const auto found = std::ranges::find(paths_, path);
+    if (found == paths_.end())
+        return;
+    objects_.erase(objects_.begin() + (found - paths_.begin()));
+    paths_.erase(found);
 }
 
-CheckAnswer NodeCheck(clsProjekt& projekt, Baum& tree, BaumNode& node, ContentMode content) {
+void CheckedObjects::Clear() {
+    objects_.clear();
+    paths_.clear();
+}
+
+bool CheckedObjects::Covers(const CodeObject& object) const {
+    if (paths_.empty())
+        return false;
+    PathBuffer path;
+    return std::ranges::find(paths_, path.Of(object)) != paths_.end() ||
+           (object.Modul && std::ranges::find(paths_, path.Of(*object.Modul)) != paths_.end());
+}
+
+CheckAnswer NodeCheck(const clsProjekt& projekt, Baum& tree, BaumNode& node, ContentMode content,
+                      CheckedObjects& checked) {
     CodeObject* object = nullptr;
     {
         const Baum::Filling filling(tree);
-        if (const int typ = TypOf(node.Key()); typ != 0) {
-            Check_ModulTyp(projekt, tree, typ, node.Checked());
+        if (node.Kind() == NodeKind::Root) {
+            Check_ModulTyp(projekt, tree, TypOf(node.Key()), node.Checked());
         } else {
-            object = IsGroupKey(node.Key()) ? nullptr : ObjectOfNode(node.Key());
+            object = node.Kind() == NodeKind::Object ? ObjectOfNode(projekt, node.Id()) : nullptr;
             if (object && object->Class() == ObjectClass::TypeLib)
                 CheckAllBelow(tree, node);
         }
@@ -91,9 +104,9 @@ CheckAnswer NodeCheck(clsProjekt& projekt, Baum& tree, BaumNode& node, ContentMo
     if (content == ContentMode::Chart)
         return {CheckEffect::ShowChart, nullptr};
     if (object && node.Checked())
-        gCheckedObjects.AddUnlessPresent(Name(node.Key()), object);
+        checked.Add(*object, node.Key());
     else if (object)
-        gCheckedObjects.Remove(node.Key());
+        checked.Remove(node.Key());
     return {CheckEffect::ShowGroup, object};
 }
 
@@ -120,7 +133,7 @@ void Check_ModulTyp(const clsProjekt& projekt, Baum& tree, int typ, bool checked
 void Check_All_Modules(const clsProjekt& projekt, Baum& tree, bool checked) {
     const Baum::Filling filling(tree);
     for (std::size_t i = 0; i < kTypKeys.size(); ++i)
-        if (BaumNode* node = tree.Item(kTypKeys[i])) {
+        if (BaumNode* node = tree.Item(kTypKeys[i], NodeKind::Root)) {
             tree.SetChecked(*node, checked);
             Check_ModulTyp(projekt, tree, static_cast<int>(i) + 1, checked);
         }

@@ -1,9 +1,10 @@
 // The check boxes of the project tree: which objects the dependency trees and the charts are about.
 #pragma once
 
+#include <string>
 #include <string_view>
+#include <vector>
 
-#include "model/clsCollection.h"
 #include "model/code_object.h"
 #include "shell/settings.h"
 
@@ -11,13 +12,20 @@ class Baum;
 class BaumNode;
 class clsProjekt;
 
-/// The checked objects in the order of checking, keyed by CodePath. It owns none of them.
-extern clsCollection<CodeObject> gCheckedObjects;
+/// The objects whose check boxes are on, in the order of checking, each once under its code path.
+class CheckedObjects {
+public:
+    void Add(CodeObject& object, std::string path);
+    void Remove(std::string_view path);
+    void Clear();
+    /// Whether an object or its module is checked.
+    [[nodiscard]] bool Covers(const CodeObject& object) const;
+    [[nodiscard]] const std::vector<CodeObject*>& Objects() const { return objects_; }
 
-/// Forgets all checked objects, as when a project is closed.
-void CheckedObjects_Reset();
-/// Finds the objects anew under their paths after modules were read again; those that are gone are taken out.
-void CheckedObjects_Renew(const clsProjekt& projekt);
+private:
+    std::vector<CodeObject*> objects_;
+    std::vector<std::string> paths_;  // of each, lower case
+};
 
 /// What follows a check.
 enum class CheckEffect { ShowGroup, ShowChart };
@@ -28,8 +36,9 @@ struct CheckAnswer {
 };
 
 /// After the user has checked or unchecked `node`: passes its mark on to what belongs to it and to those above, and
-/// files its object in gCheckedObjects, unless the charts are showing.
-CheckAnswer NodeCheck(clsProjekt& projekt, Baum& tree, BaumNode& node, ContentMode content);
+/// files its object in `checked`, unless the charts are showing.
+CheckAnswer NodeCheck(const clsProjekt& projekt, Baum& tree, BaumNode& node, ContentMode content,
+                      CheckedObjects& checked);
 
 /// Every module or library of a kind: 1 form, 2 module, 3 class, 4 usercontrol, 5 component, 6 reference.
 void Check_ModulTyp(const clsProjekt& projekt, Baum& tree, int typ, bool checked);

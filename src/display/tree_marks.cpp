@@ -2,6 +2,7 @@
 
 #include "display/baum.h"
 #include "display/code_paths.h"
+#include "display/local_uses.h"
 #include "model/clsEnum.h"
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
@@ -62,7 +63,7 @@ void Tote_Objekte_Markieren(const clsModul& modul, Baum& tree) {
     Marker(tree).Mark(modul);
 }
 
-void Tote_Objekte_Markieren(const clsProzedur& prozedur, Baum& tree) {
+void Tote_Objekte_Markieren(const clsProzedur& prozedur, const LocalUses& locals, Baum& tree) {
     PathBuffer path;
     // The data type is that of the procedure, not that of the variable. The difference is wanted.
     const bool isConst = prozedur.DatenTyp().starts_with("const");
@@ -70,7 +71,7 @@ void Tote_Objekte_Markieren(const clsProzedur& prozedur, Baum& tree) {
         BaumNode* node = tree.Item(path.Of(*variable));
         if (!node)
             continue;
-        if (variable->CalledByAll().Count() != 0) {
+        if (locals.CountOf(*variable) != 0) {
             tree.SetImage(*node, isConst ? "const" : variable->Zugriff == Access::Argument ? "argument" : "variable");
             tree.SetForeColor(*node, NodeColour::Ordinary);
         } else {

@@ -2,6 +2,7 @@
 #pragma once
 
 class Baum;
+class LocalUses;
 class clsModul;
 class clsProjekt;
 class clsProzedur;
@@ -11,4 +12,4 @@ void Tote_Objekte_Markieren(const clsProjekt& projekt, Baum& tree);
 /// Those of one module. Objects without a node are passed over.
 void Tote_Objekte_Markieren(const clsModul& modul, Baum& tree);
 /// The arguments and locals of a procedure, by whether anything calls them: tells only after they were checked.
-void Tote_Objekte_Markieren(const clsProzedur& prozedur, Baum& tree);
+void Tote_Objekte_Markieren(const clsProzedur& prozedur, const LocalUses& locals, Baum& tree);

@@ -113,9 +113,8 @@ bool BaumModel::setData(const QModelIndex& index, const QVariant& value, int rol
     BaumNode* node = NodeAt(index);
     if (!node || role != Qt::CheckStateRole || !checkBoxes_)
         return false;
-    const bool checked = value.toInt() == Qt::Checked;
-    tree_.SetChecked(*node, checked);
-    Q_EMIT NodeChecked(std::string(node->Key()), checked);
+    tree_.SetChecked(*node, value.toInt() == Qt::Checked);
+    Q_EMIT NodeChecked(*node);
     return true;
 }
 
@@ -135,7 +134,10 @@ QMimeData* BaumModel::mimeData(const QModelIndexList& indexes) const {
     if (!node)
         return nullptr;
     auto* mime = new QMimeData;
-    mime->setData(QString::fromLatin1(kKeyMimeType), QByteArray::fromStdString(ActiveCodePage().ToUtf8(node->Key())));
+    // A root stands for no object.
+    if (node->Kind() != NodeKind::Root)
+        mime->setData(QString::fromLatin1(kKeyMimeType),
+                      QByteArray::fromStdString(ActiveCodePage().ToUtf8(node->Key())));
     return mime;
 }
 

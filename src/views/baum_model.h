@@ -60,7 +60,7 @@ public:
 
 Q_SIGNALS:
     /// The user has checked or unchecked a node.
-    void NodeChecked(const std::string& key, bool checked);
+    void NodeChecked(BaumNode& node);
     // What the Baum wants of its view.
     void NodeExpanded(const QModelIndex& index, bool expanded);
     void AllNodesCollapsed();

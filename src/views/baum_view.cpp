@@ -15,7 +15,6 @@
 #include <QToolTip>
 
 #include "model/clsProjekt.h"
-#include "model/group_keys.h"
 #include "platform/code_page.h"
 #include "shell/settings.h"
 #include "views/commands.h"
@@ -60,7 +59,7 @@ QString CodePathOf(const BaumNode& node) {
 }
 
 bool HasCodePath(const BaumNode& node) {
-    return !IsGroupKey(node.Key()) && node.Parent();
+    return node.Kind() == NodeKind::Object;
 }
 
 }  // namespace
@@ -106,9 +105,9 @@ void BaumView::Wire() {
             scrollBeforeFill_ = verticalScrollBar()->value();
     });
     connect(model_, &BaumModel::Filled, this, &BaumView::Restore);
-    connect(model_, &BaumModel::NodeChecked, this, [this](const std::string& key, bool checked) {
+    connect(model_, &BaumModel::NodeChecked, this, [this](BaumNode& node) {
         hasChecked_ = true;
-        Q_EMIT NodeChecked(key, checked);
+        Q_EMIT NodeChecked(node);
     });
 }
 
@@ -159,9 +158,10 @@ void BaumView::Activate(const QModelIndex& index) {
     BaumNode* node = model_->NodeAt(index);
     if (!node)
         return;
-    const std::string key = node->Key();  // what follows may take the node away
+    const NodeId id = node->Id();  // what follows may take the node away
     Tree().Select(node);
-    Q_EMIT NodeActivated(key);
+    if (id.kind == NodeKind::Object)
+        Q_EMIT NodeActivated(id.key);
 }
 
 // Puts the current line where the Baum has its selection.
@@ -283,7 +283,8 @@ void BaumView::mousePressEvent(QMouseEvent* event) {
 void BaumView::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() == Qt::RightButton) {
         event->accept();
-        if (const BaumNode* node = model_->NodeAt(indexAt(event->position().toPoint())))
+        const BaumNode* node = model_->NodeAt(indexAt(event->position().toPoint()));
+        if (node && node->Kind() == NodeKind::Object)
             Q_EMIT NodeContext(std::string(node->Key()));
         return;
     }
@@ -310,8 +311,8 @@ void BaumView::ShowMenu(const QModelIndex& index, const QPoint& globalPos) {
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     // By the key: the selection has come back by then, and the node may be gone.
-    const auto copy = [this, key = std::string(node->Key())](QString (*what)(const BaumNode&)) {
-        return [this, key, what] { CopyNode(model_->IndexOf(Tree().Item(key)), what); };
+    const auto copy = [this, id = node->Id()](QString (*what)(const BaumNode&)) {
+        return [this, id, what] { CopyNode(model_->IndexOf(Tree().Find(id)), what); };
     };
     menu->addAction(TextNr(Text::CopyName), this, copy(TextOf));
     menu->addAction(TextNr(Text::CopyCodePath), this, copy(PathOf))->setEnabled(HasCodePath(*node));

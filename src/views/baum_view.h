@@ -45,11 +45,12 @@ public:
     void keyboardSearch(const QString& search) override;
 
 Q_SIGNALS:
+    // Only nodes of objects are activated or asked for their context.
     /// By a click, or by moving there with the keyboard.
     void NodeActivated(const std::string& key);
     /// By a right click.
     void NodeContext(const std::string& key);
-    void NodeChecked(const std::string& key, bool checked);
+    void NodeChecked(BaumNode& node);
     void KeyDropped(const std::string& key);
 
 protected:

@@ -1,38 +1,34 @@
-// The main window: one selected node of the project tree decides what all panes show, and every command ends here.
-//
-// The views know nothing of each other; they tell what the user did, and WireViews says what follows. What is shown is
-// computed in display/.
+// The main window: builds the panes around a Workspace and wires them. What the user does goes to the workspace; what
+// it answers goes to the panes. The views know nothing of each other.
 #pragma once
 
 #include <QMainWindow>
+#include <functional>
 #include <memory>
 #include <string>
 
-#include "display/baum.h"
-#include "display/command_table.h"
-#include "display/selection.h"
+#include "display/workspace.h"
 #include "shell/settings.h"
 
 class BaumView;
+class CodeContent;
 class CodeView;
 class Commands;
-class ElidedLabel;
+class ContentStack;
 class DependencyPane;
 class Files;
 class LowerPane;
+class MainMenus;
 class MainPanes;
+class MainToolbar;
 class MissingFileQuestion;
 class PathLine;
 class ProblemsList;
 class ProjectPane;
-class PropertiesGrid;
-class QMenu;
 class QStackedWidget;
-class QToolBar;
-class QToolButton;
 class SettingsFile;
 class StartPage;
-class StatusFields;
+class StatusLine;
 class frmAbout;
 class frmError;
 class frmKeys;
@@ -61,32 +57,21 @@ public:
     /// Fits menus and toolbars to the state.
     void Activate_Commands();
 
-    /// The centre of it all: makes the object of a node the current one and shows it in every pane.
-    void Activate_BaumProjekt_Node(BaumNode* node);
-    /// The same for the node under `key`, if there is one.
-    bool ActivateKey(std::string_view key);
-    void NavCodeKey_Prev();
-    void NavCodeKey_Next();
+    /// Makes the object of a node the current one and shows it in every pane.
+    bool ActivateKey(const NodeId& node);
 
-    void Split_For_Content();
+    void Split_For_Content() { Arrange(SplitMode::Content); }
     void Split_For_Calls();
 
-    /// Puts the texts of the language on every control.
+    /// Sets the texts of the language on every control.
     void frmMainTexte();
 
-    [[nodiscard]] Commands& TheCommands() const { return *commands_; }
-    [[nodiscard]] frmProgress& TheProgress() const { return *progress_; }
-    [[nodiscard]] CodeView& rtbCode() const { return *rtbCode_; }
-    [[nodiscard]] BaumView& BaumProjekt() const;
-    [[nodiscard]] Baum& Tree() { return tree_; }
-    [[nodiscard]] Baum& CallsTree() { return calls_; }
-    [[nodiscard]] Baum& CalledByTree() { return calledBy_; }
+    [[nodiscard]] Workspace& TheWorkspace() { return workspace_; }
     [[nodiscard]] Settings& TheSettings() { return settings_; }
-    [[nodiscard]] const Selection& Current() const { return selection_; }
-
-    // Whether the trees show possible calls.
-    bool MayBeCalledBy = false;
-    bool MayBeCalls = false;
+    [[nodiscard]] Commands& TheCommands() const { return *commands_; }
+    [[nodiscard]] frmProgress& TheProgress() const;
+    [[nodiscard]] CodeView& rtbCode() const;
+    [[nodiscard]] BaumView& BaumProjekt() const;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -94,104 +79,75 @@ protected:
     void dropEvent(QDropEvent* event) override;
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
+    /// The windows that come up over this one.
+    struct Dialogs {
+        frmProgress* progress;
+        frmError* error;
+        frmAbout* about;
+        frmKeys* keys;
+        frmOptionen* options;
+        ProblemsList* problems;
+        std::unique_ptr<MissingFileQuestion> missingFiles;
+    };
+
     // frm_main.cpp
     void BuildPanes();
-    void BuildMenus();
-    void BuildToolbar();
-    void BuildStatusBar();
-    void WireViews();
-    void WireCommands();
+    void WireTrees();
+    void WireCode();
+    void WireDialogs();
     void ConnectPorts();
-    void SizeSaveRead();
-    void SizeSaveWrite();
-    void ShowArrangement();
+    void Arrange(SplitMode mode);
+    void Restore();
     void ApplyFonts();
     void ShowStartPage();
-    void OptionsApplied();
-    void AssignMenuMnemonics();
-    void FillRecentMenu();
-    void FitToolbar();
-    void FitMessage();
-    void ShowKeys();
-    [[nodiscard]] BaumView& TreeInUse() const;
 
-    // frm_main_project.cpp
-    void LoadProject();
-    void ShowLoadedProject();
-    void EmptyViews();
+    // frm_main_commands.cpp
+    void WireCommands();
+    void Wire(Command command, std::function<void(bool)> function);
     void Files_Check();
     void WriteReports(const std::string& operation);
     void RunCalls();
-    void ShowCounts();
-    void ShowProblemCount();
-    void Message(const QString& text);
     void Diagnosis();
-    void RefillTree();
-    void FillTree();
+    void ShowKeys();
+    void NameCommands();
     void Activate_Checked();
-    [[nodiscard]] Situation Now() const;
+    void OptionsApplied();
+    [[nodiscard]] BaumView& TreeInUse() const;
 
     // frm_main_selection.cpp
-    void BaumProjekt_NodeClick(const std::string& key);
-    void BaumProjekt_NodeChecked(const std::string& key, bool checked);
+    void GenerationEnds();
+    void ShowAgain();
+    void Show(const Workspace::Shown& shown);
     void ShowCode(const CodePane::Change& change);
-    void Activate_Dependencies_ColorPoints();
-    void Show_Dependencies();
-    void Show_Dependencies_Group();
     void SelectCallsOfObject(const std::string& key, bool isCaller);
-    void DependencyContext(const std::string& key);
-    void CodeClicked(int selStart, int selLength);
-    void ShowProperties(bool withPosition);
-    void Collect(const std::string& key);
-    void ShowNavigation();
+    void GoBackOrOn(bool back);
     void SetMayBe(bool calls, bool mayBe);
+    void ShowMayBe(bool calls);
     void ToggleCheckBoxes(bool on);
-    void Check_All(bool checked);
-    void ShowRecord(const NavigationList::Record& record);
-    [[nodiscard]] QString HoverText(const std::string& key) const;
-    [[nodiscard]] QString DependencyHoverText(const std::string& key, bool isCaller) const;
-    [[nodiscard]] QString CodeHoverText(Pos position) const;
+    void ShowNow();
 
     Files& files_;
     SettingsFile& file_;
     Settings settings_;
     std::string programDirectory_;
-
-    Baum tree_, calledBy_, calls_, dll_;
-    Selection selection_;
-    LastCodePaths last_;
-    CodePane code_;
-    NavigationList navigation_;
-    bool activating_ = false;
-    bool callsRead_ = false;
-    bool localsShown_ = false;  // in the tree
-
     Commands* commands_;
+    Dialogs dialogs_;
+    Workspace workspace_;
+    bool activating_ = false;
+
+    MainMenus* menus_;
+    MainToolbar* toolbar_;
+    StatusLine* status_;
     QStackedWidget* pages_ = nullptr;
     StartPage* start_ = nullptr;
     MainPanes* panes_ = nullptr;
     ProjectPane* project_ = nullptr;
     DependencyPane* calledByPane_ = nullptr;
     DependencyPane* callsPane_ = nullptr;
-    CodeView* rtbCode_ = nullptr;
+    ContentStack* content_ = nullptr;
+    CodeContent* code_ = nullptr;  // in it
     PathLine* rtbCodePath_ = nullptr;
     LowerPane* lower_ = nullptr;
-    PropertiesGrid* properties_ = nullptr;  // in it
-    QToolBar* Toolbar1 = nullptr;
-    QMenu *mnuDatei_ = nullptr, *mnuRecent_ = nullptr, *mnuReports_ = nullptr, *mnuAnsicht_ = nullptr,
-          *mnuStruktur_ = nullptr, *mnuCopy_ = nullptr, *mnuDependencies_ = nullptr, *mnuHelp_ = nullptr;
-    ElidedLabel* message_ = nullptr;
-    StatusFields* counts_ = nullptr;
-    QToolButton* problemCount_ = nullptr;
-
-    frmProgress* progress_;
-    frmError* error_;
-    frmAbout* about_;
-    frmKeys* keys_;
-    frmOptionen* options_;
-    ProblemsList* problems_;
-    std::unique_ptr<MissingFileQuestion> missingFiles_;
 };

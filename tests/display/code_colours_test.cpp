@@ -8,7 +8,10 @@ namespace {
 
 class CodeColours : public ProgramState {
 protected:
-    static CodeText Procedure(std::string_view codePath) { return ShowMe(*gProjekt, ProcedureAt(codePath)); }
+    static CodeText Procedure(std::string_view codePath) {
+        LocalUses locals;
+        return ShowMe(ProcedureAt(codePath), locals);
+    }
     static CodeText Procedure(std::string_view snippet, std::string_view codePath) {
         ReadModule(snippet, "M.bas");
         Analyse();
@@ -80,8 +83,9 @@ TEST_F(CodeColours, CallsAreTheirModulesOrOthersOrPossible) {
                  {"N.bas", "Public w As Long\nPublic Type T\n a As Long\nEnd Type\nSub Far(a)\nEnd Sub\n"},
                  {"C.cls", "Public Sub Member()\nEnd Sub\n"}});
     Analyse();
-    EXPECT_TRUE(Procedure("m.s").localsChecked);
-    const CodeText again = Procedure("m.s");
+    LocalUses locals;
+    EXPECT_TRUE(ShowMe(ProcedureAt("m.s"), locals).localsChecked);
+    const CodeText again = ShowMe(ProcedureAt("m.s"), locals);
     EXPECT_FALSE(again.localsChecked) << "looked for once";
     EXPECT_EQ(again.Dump(),
               "local:arg local:loc callIn:Own local:arg callOut:N callOut:Far local:loc callIn:v callOut:w local:arg "

@@ -1,5 +1,8 @@
 #include "display/dependency_trees.h"
 
+#include "display/node_objects.h"
+#include "display/tree_checks.h"
+
 #include "display/baum.h"
 #include "display/tree_checks.h"
 #include "shell/settings.h"
@@ -41,12 +44,9 @@ constexpr const char* kForm =
 class DependencyTrees : public ProgramState {
 protected:
     DependencyTrees() {
-        CheckedObjects_Reset();
         ReadProject({{"mMain.bas", kMain}, {"cBox.cls", kBox}, {"frmX.frm", kForm}});
         Analyse();
     }
-    ~DependencyTrees() override { CheckedObjects_Reset(); }
-
     static const CodeObject& Object(std::string_view path) {
         return path.starts_with("mmain.help.") ? *ProcedureAt("mmain.help").MyVars.Item(path.substr(11))
                                                : ObjectAt(path);
@@ -60,8 +60,8 @@ protected:
         for (const bool callers : {true, false})
             for (const bool mayBe : {false, true}) {
                 Baum tree;
-                (callers ? Show_Dependencies_AllCalledBy : Show_Dependencies_AllCalls)(*gProjekt, &Object(path), tree,
-                                                                                       mayBe, true);
+                (callers ? Show_Dependencies_AllCalledBy : Show_Dependencies_AllCalls)(*gProjekt, {}, &Object(path),
+                                                                                       tree, mayBe);
                 text += (text.empty() && callers && !mayBe ? "" : "|") + Shown(tree);
             }
         return text;
@@ -109,7 +109,7 @@ TEST_F(DependencyTrees, EveryClassOfObjectShowsItsNeighbours) {
 
 TEST_F(DependencyTrees, LayoutIsThatOfTheProjectTree) {
     Baum callers;
-    Show_Dependencies_AllCalledBy(*gProjekt, &Object("mmain.help"), callers, false, true);
+    Show_Dependencies_AllCalledBy(*gProjekt, {}, &Object("mmain.help"), callers, false);
     EXPECT_EQ(DumpBaum(callers), R"(MODULE [OrdnerZu] bold
   mMain [module]
     Public Sub... [procedure] bold
@@ -117,29 +117,29 @@ TEST_F(DependencyTrees, LayoutIsThatOfTheProjectTree) {
       Main() [procedure]
 )");
     EXPECT_TRUE(callers.Item("mmain")->Expanded()) << "modules are opened for a procedure";
-    EXPECT_EQ(callers.Item("mmain.public_sub[]")->ForeColor(), NodeColour::PublicGroup);
-    Show_Dependencies_AllCalledBy(*gProjekt, &Object("mmain"), callers, false, true);
+    EXPECT_EQ(callers.Item("mmain.public_sub[]", NodeKind::Group)->ForeColor(), NodeColour::PublicGroup);
+    Show_Dependencies_AllCalledBy(*gProjekt, {}, &Object("mmain"), callers, false);
     EXPECT_FALSE(callers.Item("frmx")->Expanded()) << "and folded for a module";
-    EXPECT_TRUE(callers.Item("form")->Expanded());
-    EXPECT_EQ(callers.Item("frmx.private_sub[]")->ForeColor(), NodeColour::PrivateGroup);
+    EXPECT_TRUE(callers.Item("form", NodeKind::Root)->Expanded());
+    EXPECT_EQ(callers.Item("frmx.private_sub[]", NodeKind::Group)->ForeColor(), NodeColour::PrivateGroup);
 
     Baum tree;
     for (const char* path : {"mmain.help.own", "mmain.kind.kb", "cbox.rate [let]", "frmx.tick"})
         ASSERT_NE(Anzeigen_InBaum(Object(path), tree), nullptr) << path;
     ASSERT_NE(Anzeigen_InBaum(*gProjekt->FormVars.ItemNr(1), tree), nullptr);
     EXPECT_EQ(Shown(tree), "mmain.help.own mmain.kind.kb cbox.rate [let] frmx.tick");
-    EXPECT_TRUE(tree.Exist("mmain.Private_Sub[]") && tree.Exist("frmx.Controls[]"));
-    EXPECT_EQ(tree.Item("cbox.Public_Property[]")->Image(), "property");
+    EXPECT_TRUE(tree.Exist("mmain.Private_Sub[]", NodeKind::Group) && tree.Exist("frmx.Controls[]", NodeKind::Group));
+    EXPECT_EQ(tree.Item("cbox.Public_Property[]", NodeKind::Group)->Image(), "property");
 }
 
 TEST_F(DependencyTrees, TheGroupLeavesOutWhatIsChecked) {
     Baum callers;
     Baum calls;
     const auto group = [&](std::initializer_list<const char*> paths) {
-        CheckedObjects_Reset();
+        CheckedObjects checked;
         for (const char* path : paths)
-            gCheckedObjects.Add(path, const_cast<CodeObject*>(&Object(path)));
-        Show_Dependencies_Group(*gProjekt, callers, calls, false, false);
+            checked.Add(ObjectAt(path), path);
+        Show_Dependencies_Group(*gProjekt, checked, callers, calls, false, false);
         return Shown(callers) + "|" + Shown(calls);
     };
     EXPECT_EQ(group({"cbox"}), "mmain.main|mmain.gcount");
@@ -147,4 +147,23 @@ TEST_F(DependencyTrees, TheGroupLeavesOutWhatIsChecked) {
     EXPECT_EQ(group({"mmain.help", "mmain.main"}),
               "mmain.lost frmx.tick_timer|mmain.kind.ka mmain.pair.first mmain.mbox mmain.gcount cbox.rate [let] frmx");
     EXPECT_EQ(group({}), "|");
+}
+
+// Roots of a dependency tree are named like their kinds.
+TEST_F(DependencyTrees, ModulesNamedLikeKindsHaveNodesOfTheirOwn) {
+    const std::string calls = "Sub Go()\n  Target\nEnd Sub\n";
+    ReadProject(
+        {{"Reference.bas", calls}, {"module.bas", calls}, {"Form.cls", calls}, {"M.bas", "Sub Target(): End Sub"}});
+    Analyse();
+    Baum callers;
+    Show_Dependencies_AllCalledBy(*gProjekt, {}, &ObjectAt("m.target"), callers, false);
+    for (const char* name : {"reference", "module", "form"}) {
+        SCOPED_TRACE(name);
+        const BaumNode* modul = callers.Item(name);
+        ASSERT_TRUE(modul && modul->Parent());
+        EXPECT_EQ(modul->Parent()->Kind(), NodeKind::Root);
+        EXPECT_EQ(ObjectOfNode(*gProjekt, modul->Id()), &ModuleOf(name));
+        EXPECT_EQ(ObjectOfNode(*gProjekt, modul->Parent()->Id()), nullptr);
+    }
+    EXPECT_NE(callers.Item("module", NodeKind::Root), callers.Item("module"));
 }

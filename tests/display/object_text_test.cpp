@@ -13,12 +13,14 @@ protected:
         DiskFiles files;
         gText.SetLanguage(files, OSTRIVANE_SOURCE_DIR "/");
     }
-    static std::string Of(std::string_view codePath) {
+    std::string Of(std::string_view codePath) {
         std::string text;
-        for (const std::string& line : ObjectText(*ObjectOfNode(codePath)))
+        for (const std::string& line : ObjectText(*gProjekt, locals, *ObjectOfNode(*gProjekt, codePath)))
             text += (text.empty() ? "" : "|") + line;
         return text;
     }
+
+    LocalUses locals;
 };
 
 }  // namespace
@@ -40,7 +42,7 @@ TEST_F(Hover, ShowsKindDeclarationOwnerNeighboursAndLines) {
                   )"},
                  {"C.cls", "Sub Go()\nEnd Sub\n"}});
     Analyse();
-    Check_ProcVars_Calls(*gProjekt, ProcedureAt("m.main"));
+    locals.Look(ProcedureAt("m.main"));
     EXPECT_EQ(Of("m.work"),
               "private function M.Work|Private Function Work(x As T, ByVal n As Long) As Long: End Function|"
               "Belongs to: module M|Called by: 1 certain, 0 possible|Calls: 0 certain, 0 possible|Uses: 1|"
@@ -68,7 +70,7 @@ TEST_F(Hover, SaysWhyProceduresAreUndead) {
         Replace("Sub a|b|End Sub|Sub b|a|End Sub|Sub c|d|End Sub|Sub d|e|End Sub|Sub e|d|End Sub|", "|", vbCrLf),
         "M.bas");
     Analyse();
-    const auto why = [](std::string_view path) {
+    const auto why = [this](std::string_view path) {
         const std::string text = Of(path);
         return text.substr(text.rfind('|') + 1);
     };
@@ -84,13 +86,13 @@ TEST_F(Hover, CallsBetweenTwoObjectsAreCounted) {
     Analyse();
     const CodeObject& caller = ObjectAt("m.s");
     const CodeObject& target = ObjectAt("m.t");
-    EXPECT_EQ(CallsText(caller, target, CallType::Really), "2 certain, first in line: 2");
-    EXPECT_EQ(CallsText(ModuleOf("m"), target, CallType::Really), "2 certain, first in line: 2");
-    EXPECT_EQ(CallsText(caller, target, CallType::MayBe), "");
-    EXPECT_EQ(CallsText(caller, ObjectAt("c.go"), CallType::MayBe), "1 possible, first in line: 4");
+    EXPECT_EQ(CallsText(*gProjekt, caller, target, CallType::Really), "2 certain, first in line: 2");
+    EXPECT_EQ(CallsText(*gProjekt, ModuleOf("m"), target, CallType::Really), "2 certain, first in line: 2");
+    EXPECT_EQ(CallsText(*gProjekt, caller, target, CallType::MayBe), "");
+    EXPECT_EQ(CallsText(*gProjekt, caller, ObjectAt("c.go"), CallType::MayBe), "1 possible, first in line: 4");
     // A use of the form's implicit instance counts as a call of the form.
     EXPECT_THAT(Of("f"), testing::HasSubstr("|Called by: 1 certain, 0 possible|"));
-    EXPECT_EQ(CallsText(ModuleOf("m"), ModuleOf("f"), CallType::Really), "1 certain, first in line: 5");
+    EXPECT_EQ(CallsText(*gProjekt, ModuleOf("m"), ModuleOf("f"), CallType::Really), "1 certain, first in line: 5");
 }
 
 TEST_F(Hover, IsUtf8WhateverTheSourceIsAndCutsLongLines) {

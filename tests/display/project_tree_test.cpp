@@ -52,7 +52,7 @@ TEST_F(ProjectTree, GroupsKeepTheirOrderAndSortByName) {
     EXPECT_EQ(KeysBelow("clsbox"),
               "clsbox.Public_Type[] | clsbox.Private_Enum[] | clsbox.Private_Variable[] | clsbox.Public_Property[] | "
               "clsbox.Private_Function[] | clsbox.Public_Sub[]");
-    EXPECT_EQ(tree.Item("class[]")->ExpandedImage(), "OrdnerAuf");
+    EXPECT_EQ(tree.Item("class[]", NodeKind::Root)->ExpandedImage(), "OrdnerAuf");
 }
 
 TEST_F(ProjectTree, LocalsAreShownWhenTheOptionSaysSo) {
@@ -61,10 +61,11 @@ TEST_F(ProjectTree, LocalsAreShownWhenTheOptionSaysSo) {
     EXPECT_EQ(KeysBelow("clsbox.zeta"), "clsbox.zeta.a | clsbox.zeta.b | clsbox.zeta.zeta");
     EXPECT_EQ(tree.Item("clsbox.zeta.a")->Image(), "argument");
     for (const char* key : {"clsbox", "clsbox.zeta", "clsbox.zeta.b", "clsbox.kind.ka", "clsbox.rate.v"}) {
-        const CodeObject* object = ObjectOfNode(tree.Item(key)->Key());
+        const CodeObject* object = ObjectOfNode(*gProjekt, tree.Item(key)->Id());
         EXPECT_TRUE(object && object->CodePath() == key) << key;
     }
-    EXPECT_EQ(ObjectOfNode("clsbox.Public_Sub[]"), ObjectOfNode("clsbox"));  // a group represents its module
+    EXPECT_EQ(ObjectOfNode(*gProjekt, {NodeKind::Group, "clsbox.Public_Sub[]"}),
+              ObjectOfNode(*gProjekt, "clsbox"));  // a group represents its module
 }
 
 TEST_F(ProjectTree, ASecondRunAddsOnlyWhatIsMissing) {

@@ -19,7 +19,9 @@ protected:
             dump += (dump.empty() ? "" : "; ") + cell(row.label) + "=" + cell(row.value);
         return dump;
     }
-    static std::string Of(std::string_view codePath) { return Dump(Anzeigen_Eigenschaften(*ObjectOfNode(codePath))); }
+    static std::string Of(std::string_view codePath) {
+        return Dump(Anzeigen_Eigenschaften(*ObjectOfNode(*gProjekt, codePath)));
+    }
 };
 
 }  // namespace

@@ -33,7 +33,10 @@ constexpr std::string_view kModule = R"(
 class Selecting : public ProgramState {
 protected:
     Selection& Select(std::string_view key) {
-        Set_GlobalObjects_fromNode(selection, key);
+        const NodeKind kind = !key.ends_with("[]")                      ? NodeKind::Object
+                              : key.find('.') == std::string_view::npos ? NodeKind::Root
+                                                                        : NodeKind::Group;
+        Set_GlobalObjects_fromNode(*gProjekt, selection, NodeId(kind, key));
         return selection;
     }
     CodePane::Change Show(std::string_view key) { return pane.Show_Structure(*gProjekt, Select(key)); }
@@ -94,11 +97,8 @@ TEST_F(Selecting, NodeDecidesAllCurrentObjects) {
           Case{"m.e [enum]", "obj=m.e [enum] mod=m enum=m.e [enum]"}, Case{"m.Private_Sub[]", "obj=m mod=m"},
           Case{"m.gone", "mod=m"}, Case{"module[]", ""}, Case{"", ""}})
         EXPECT_EQ(Dump(Select(key)), objects) << key;
-    SetCalledObject(selection, "m.s");
+    SetCalledObject(*gProjekt, selection, "m.s");
     EXPECT_EQ(Dump(Select("m.v")), "obj=m.v mod=m var=m.v called=m.s");
-    selection = {};
-    CloseProject();
-    EXPECT_EQ(Dump(Select("m.v")), "");
 }
 
 TEST_F(Selecting, DependenciesAreNeededForAnotherObjectOnly) {
@@ -169,8 +169,11 @@ TEST_F(Selecting, PositionInAProcedureLeadsToWhatIsNamedThere) {
     ReadProject({{"M.bas", vb.text}, {"C.cls", "Public Sub Member()\nEnd Sub\n"}});
     Analyse();
     clsProzedur& prozedur = ProcedureAt("m.s");
-    (void)ShowMe(*gProjekt, prozedur);
-    const auto hit = [&](Pos pos) { return PathOf(SelChanged(prozedur, pos - prozedur.DeclareStart)); };
+    LocalUses locals;
+    (void)ShowMe(prozedur, locals);
+    const auto hit = [&](Pos pos) {
+        return PathOf(SelChanged(prozedur, *locals.Known(prozedur), pos - prozedur.DeclareStart));
+    };
     EXPECT_EQ(hit(vb.pos(1)), "-");
     EXPECT_EQ(hit(vb.pos(2)), "m.s.x");  // the declaration itself
     EXPECT_EQ(hit(vb.pos(3)), "m.other");
@@ -185,7 +188,8 @@ TEST_F(Selecting, ShownTextDecidesWhatAClickAndTheHoverMean) {
     // The object at the first occurrence of a word in the shown text, for a click and for the hover text.
     const auto at = [this](std::string_view word, Pos selLength = 0) {
         const auto pos = static_cast<Pos>(pane.Text().text.find(word));
-        return PathOf(pane.ObjectClicked(selection, pos, selLength)) + " " + PathOf(pane.ObjectAt(pos));
+        return PathOf(pane.ObjectClicked(*gProjekt, selection, pos, selLength)) + " " +
+               PathOf(pane.ObjectAt(*gProjekt, pos));
     };
     EXPECT_EQ(at(""), "- -");
     (void)Show("m.api");  // in the declarations, though it is the current procedure
@@ -239,15 +243,15 @@ TEST(Navigation, GoesBackAndForwardAndDiscardsTheEntriesAhead) {
     EXPECT_TRUE(list.NavPrevEnabled() && !list.NavNextEnabled());
     const NavigationList::Record* record = list.NavCodeKey_Prev();
     ASSERT_NE(record, nullptr);
-    EXPECT_EQ(std::tuple(record->Key, record->SelStart, record->SelLength), std::tuple("b", 7, 2));
+    EXPECT_EQ(std::tuple(record->node.key, record->SelStart, record->SelLength), std::tuple("b", 7, 2));
     list.AddNavCodeKey("b");  // as the activation of an object does
     EXPECT_TRUE(list.NavNextEnabled());
-    EXPECT_EQ(list.NavCodeKey_Next()->Key, "c");
+    EXPECT_EQ(list.NavCodeKey_Next()->node.key, "c");
     EXPECT_EQ(list.NavCodeKey_Next(), nullptr);
     (void)list.NavCodeKey_Prev();
     list.AddNavCodeKey("d");
     EXPECT_FALSE(list.NavNextEnabled());
-    EXPECT_EQ(list.NavCodeKey_Prev()->Key, "b");
-    EXPECT_EQ(list.NavCodeKey_Prev()->Key, "a");
+    EXPECT_EQ(list.NavCodeKey_Prev()->node.key, "b");
+    EXPECT_EQ(list.NavCodeKey_Prev()->node.key, "a");
     EXPECT_FALSE(list.NavPrevEnabled());
 }

@@ -11,7 +11,6 @@ namespace {
 class TreeChecks : public ProgramState {
 protected:
     TreeChecks() {
-        CheckedObjects_Reset();
         const std::string source = "Sub one()\r\nEnd Sub\r\nSub two()\r\nEnd Sub\r\n";
         ReadProject({{"App.vbp",
                       "Type=Exe\nReference=*\\G{1}#2.0#0#c:\\x\\stdole2.tlb#OLE\n"
@@ -21,22 +20,21 @@ protected:
                      {"C.cls", source}});
         ProjektStruktur_Anzeigen(*gProjekt, tree, true);
     }
-    ~TreeChecks() override { CheckedObjects_Reset(); }
-
     CheckAnswer Click(std::string_view key) {
-        BaumNode& node = *tree.Item(key);
+        BaumNode& node = *tree.Item(key, key.ends_with("[]") ? NodeKind::Root : NodeKind::Object);
         tree.SetChecked(node, !node.Checked());
-        return NodeCheck(*gProjekt, tree, node, content);
+        return NodeCheck(*gProjekt, tree, node, content, checked);
     }
     // Keys of the checked nodes in the order of the tree, then a "|" and the checked objects.
     std::string Checked() const {
         std::string keys = KeysWhere(tree, [](const BaumNode& node) { return node.Checked(); });
         keys += keys.empty() ? "|" : " |";
-        for (const CodeObject* object : gCheckedObjects)
+        for (const CodeObject* object : checked.Objects())
             keys += " " + object->CodePath();
         return keys;
     }
     Baum tree;
+    CheckedObjects checked;
     ContentMode content = ContentMode::Code;
 };
 
@@ -76,13 +74,4 @@ TEST_F(TreeChecks, WithTheChartsShowingNothingIsFiled) {
     EXPECT_EQ(Checked(), "a |");
     content = ContentMode::Code;
     EXPECT_EQ(Click("a").effect, CheckEffect::ShowGroup);
-}
-
-TEST_F(TreeChecks, ObjectsAreFoundAgainByTheirPaths) {
-    Click("a");
-    Click("b.one");
-    ReadProject({{"B.bas", "Sub one()\nEnd Sub\n"}});
-    CheckedObjects_Renew(*gProjekt);
-    ASSERT_EQ(gCheckedObjects.Count(), 1);
-    EXPECT_EQ(gCheckedObjects.ItemNr(1)->Modul, &ModuleOf("b"));
 }

@@ -1,6 +1,7 @@
 #include "display/tree_marks.h"
 
 #include "display/baum.h"
+#include "display/local_uses.h"
 #include "display/project_tree.h"
 #include "support/baum_dump.h"
 #include "support/golden.h"
@@ -52,18 +53,19 @@ TEST_F(TreeMarks, LocalsAreMarkedWhereTheyHaveNodes) {
     clsProzedur& f = *modul.MyProcs.Item("f");
     ProjektStruktur_Anzeigen(*gProjekt, tree, false);
     Mark();
-    Check_ProcVars_Calls(*gProjekt, f);
-    Tote_Objekte_Markieren(f, tree);
+    LocalUses locals;
+    locals.Look(f);
+    Tote_Objekte_Markieren(f, locals, tree);
     EXPECT_EQ(Look("m.f.a"), "no node");
     ProjektStruktur_Anzeigen(*gProjekt, tree, true);
-    Tote_Objekte_Markieren(f, tree);
+    Tote_Objekte_Markieren(f, locals, tree);
     EXPECT_EQ(Look("m.f.used"), "argument");
     EXPECT_EQ(Look("m.f.lost"), "VariableDeath grey");
     EXPECT_EQ(Look("m.f.a"), "variable");
     EXPECT_EQ(Look("m.f.b"), "VariableDeath grey");
     // The type of the function decides, even if it only begins with "const".
     clsProzedur& constant = *modul.MyProcs.Item("constant");
-    Tote_Objekte_Markieren(constant, tree);
+    Tote_Objekte_Markieren(constant, locals, tree);
     EXPECT_EQ(Look("m.constant.x"), "ConstDeath grey");
 }
 

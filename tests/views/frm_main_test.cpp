@@ -82,11 +82,11 @@ protected:
     [[nodiscard]] Widget& Find() const {
         return *window_->findChild<Widget*>();
     }
-    void ClickNode(const std::string& key) {
+    void ClickNode(const std::string& key, NodeKind kind = NodeKind::Object) {
         BaumView& view = window_->BaumProjekt();
-        BaumNode* node = window_->Tree().Item(key);
+        BaumNode* node = window_->TheWorkspace().Tree().Item(key, kind);
         ASSERT_TRUE(node) << key;
-        window_->Tree().EnsureVisible(*node);
+        window_->TheWorkspace().Tree().EnsureVisible(*node);
         QApplication::processEvents();
         const QRect place = view.visualRect(view.Model().IndexOf(node));
         QTest::mouseClick(view.viewport(), Qt::LeftButton, {}, place.center());
@@ -157,17 +157,17 @@ TEST_F(MainWindow, ClickAndKeysShowTheObjectInEveryPane) {
     EXPECT_THAT(Find<PathLine>().Whole().toStdString(), HasSubstr("modMain.bas"));
     EXPECT_THAT(Find<PropertiesGrid>().AsText().toStdString(), HasSubstr("modMain"));
     // A group is not an object.
-    ClickNode("modmain.public_sub[]");
-    EXPECT_EQ(window_->Current().CurObject->CodePath(), "modmain");
+    ClickNode("modmain.public_sub[]", NodeKind::Group);
+    EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), "modmain");
     ClickNode("modmain.main");
     EXPECT_THAT(Code().toStdString(), HasSubstr("Sub Main()"));
-    ASSERT_TRUE(window_->Current().CurProc);
+    ASSERT_TRUE(window_->TheWorkspace().Current().CurProc);
     EXPECT_THAT(Find<PropertiesGrid>().AsText().toStdString(), HasSubstr("public"));
-    const std::string before = window_->Current().CurObject->CodePath();
+    const std::string before = window_->TheWorkspace().Current().CurObject->CodePath();
     QTest::keyClick(&window_->BaumProjekt(), Qt::Key_Up);
     QTest::qWait(1);
     QTest::keyClick(&window_->BaumProjekt(), Qt::Key_Up);
-    QTRY_VERIFY_WITH_TIMEOUT(window_->Current().CurObject->CodePath() != before, 2000);
+    QTRY_VERIFY_WITH_TIMEOUT(window_->TheWorkspace().Current().CurObject->CodePath() != before, 2000);
 }
 
 TEST_F(MainWindow, BackAndForwardFollowTheSelection) {
@@ -179,10 +179,10 @@ TEST_F(MainWindow, BackAndForwardFollowTheSelection) {
     EXPECT_TRUE(Command("NavPrev").isEnabled());
     EXPECT_FALSE(Command("NavNext").isEnabled());
     Command("NavPrev").trigger();
-    EXPECT_EQ(window_->Current().CurObject->CodePath(), "modmain.main");
+    EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), "modmain.main");
     EXPECT_TRUE(Command("NavNext").isEnabled());
     Command("NavPrev").trigger();
-    EXPECT_EQ(window_->Current().CurObject->CodePath(), "modmain");
+    EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), "modmain");
     Command("NavNext").trigger();
     window_->ActivateKey("modstore");  // discards the entries ahead
     EXPECT_FALSE(Command("NavNext").isEnabled());
@@ -197,14 +197,14 @@ TEST_F(MainWindow, ReadCallsAsksAndRightClickInTheCodeJumps) {
     ReadCalls();
     EXPECT_GT(gProjekt->calls.Count(), 900U);
     window_->ActivateKey("modmain.main");
-    const clsProzedur& procedure = *window_->Current().CurProc;
+    const clsProzedur& procedure = *window_->TheWorkspace().Current().CurProc;
     const clsCall* call = *procedure.CallsAll().begin();
     const std::string target = call->Parent->CodePath();
     CodeView& code = window_->rtbCode();
     code.Select({call->CallPos - procedure.DeclareStart, 0});
     const QRect place = code.cursorRect();
     QTest::mouseClick(code.viewport(), Qt::RightButton, {}, place.center() + QPoint(2, 0));
-    EXPECT_EQ(window_->Current().CurObject->CodePath(), target);
+    EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), target);
 }
 
 TEST_F(MainWindow, DependencyTreesFollowTheObjectAndItsCertainty) {
@@ -212,17 +212,17 @@ TEST_F(MainWindow, DependencyTreesFollowTheObjectAndItsCertainty) {
     ReadCalls();
     window_->Split_For_Calls();
     window_->ActivateKey("modmain.main");
-    EXPECT_GT(window_->CallsTree().Count(), 0);
+    EXPECT_GT(window_->TheWorkspace().Calls().Count(), 0);
     EXPECT_TRUE(Command("CallsReally").isEnabled());
     EXPECT_FALSE(Command("CalledByReally").isEnabled());  // has no caller
-    EXPECT_EQ(window_->CalledByTree().Count(), 0);
+    EXPECT_EQ(window_->TheWorkspace().CalledBy().Count(), 0);
     // A second click on the same node does not change the trees.
-    const BaumNode* first = window_->CallsTree().Roots().front();
+    const BaumNode* first = window_->TheWorkspace().Calls().Roots().front();
     window_->ActivateKey("modmain.main");
-    EXPECT_EQ(window_->CallsTree().Roots().front(), first);
+    EXPECT_EQ(window_->TheWorkspace().Calls().Roots().front(), first);
     // A click on a callee marks the places of its calls in the code, and the user can step through them.
     window_->ActivateKey("clshire.customer [set]");
-    Q_EMIT ViewOf(window_->CallsTree()).NodeActivated("clscustomer.hirecount");
+    Q_EMIT ViewOf(window_->TheWorkspace().Calls()).NodeActivated("clscustomer.hirecount");
     EXPECT_EQ(window_->rtbCode().PlaceCount(), 4);
     EXPECT_EQ(StatusText(), QStringLiteral("1 of 4"));
     Command("NextPlace").trigger();
@@ -233,15 +233,15 @@ TEST_F(MainWindow, DependencyTreesFollowTheObjectAndItsCertainty) {
     // A click on a caller shows its text and keeps the current object; a right click jumps.
     window_->ActivateKey("clshire.customer [set]");
     window_->ActivateKey("modstore");
-    const std::string caller = AnyObject(window_->CalledByTree());
-    Q_EMIT ViewOf(window_->CalledByTree()).NodeContext(caller);
-    EXPECT_EQ(window_->Current().CurObject->CodePath(), caller);
+    const std::string caller = AnyObject(window_->TheWorkspace().CalledBy());
+    Q_EMIT ViewOf(window_->TheWorkspace().CalledBy()).NodeContext(caller);
+    EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), caller);
     window_->ActivateKey("modslip.printall");
     EXPECT_TRUE(Command("CallsMaybe").isEnabled());
-    EXPECT_FALSE(window_->CallsTree().Exist("clstool.printon"));
+    EXPECT_FALSE(window_->TheWorkspace().Calls().Exist("clstool.printon"));
     Command("CallsMaybe").trigger();
-    EXPECT_TRUE(window_->MayBeCalls);
-    EXPECT_TRUE(window_->CallsTree().Exist("clstool.printon"));
+    EXPECT_TRUE(window_->TheWorkspace().MayBe(true));
+    EXPECT_TRUE(window_->TheWorkspace().Calls().Exist("clstool.printon"));
     EXPECT_FALSE(Command("CallsReally").isChecked());
 }
 
@@ -251,34 +251,35 @@ TEST_F(MainWindow, CheckedModulesShowTheirCommonNeighbourhood) {
     window_->Split_For_Calls();
     Command("CheckBoxOn").trigger();
     const auto check = [this](const char* key, bool checked) {
-        window_->Tree().SetChecked(*window_->Tree().Item(key), checked);
-        Q_EMIT window_->BaumProjekt().NodeChecked(key, checked);
+        BaumNode& node = *window_->TheWorkspace().Tree().Item(key);
+        window_->TheWorkspace().Tree().SetChecked(node, checked);
+        Q_EMIT window_->BaumProjekt().NodeChecked(node);
     };
     check("modstore", true);
-    EXPECT_TRUE(window_->CalledByTree().Exist("modmain"));
+    EXPECT_TRUE(window_->TheWorkspace().CalledBy().Exist("modmain"));
     check("modmain", true);  // now checked itself, so no neighbour
-    EXPECT_FALSE(window_->CalledByTree().Exist("modmain"));
+    EXPECT_FALSE(window_->TheWorkspace().CalledBy().Exist("modmain"));
     check("modmain", false);
     check("modstore", false);
-    EXPECT_EQ(window_->CalledByTree().Count() + window_->CallsTree().Count(), 0);
+    EXPECT_EQ(window_->TheWorkspace().CalledBy().Count() + window_->TheWorkspace().Calls().Count(), 0);
 }
 
 TEST_F(MainWindow, OptionsKeepFoldsChecksAndTheSelectedNode) {
     Open();
     window_->ActivateKey("modmain.main");
-    BaumNode& modul = *window_->Tree().Item("modstore");
-    window_->Tree().SetChecked(modul, true);
+    BaumNode& modul = *window_->TheWorkspace().Tree().Item("modstore");
+    window_->TheWorkspace().Tree().SetChecked(modul, true);
     auto& options = *window_->findChild<frmOptionen*>();
     Q_EMIT options.Applied();
-    EXPECT_EQ(window_->Tree().Item("modstore"), &modul);  // colours and fonts do not rebuild the tree
-    const int withLocals = window_->Tree().Count();
+    EXPECT_EQ(window_->TheWorkspace().Tree().Item("modstore"), &modul);  // colours and fonts do not rebuild the tree
+    const int withLocals = window_->TheWorkspace().Tree().Count();
     window_->TheSettings().ProcVars = 0;
     Q_EMIT options.Applied();
-    EXPECT_LT(window_->Tree().Count(), withLocals);
-    EXPECT_TRUE(window_->Tree().Item("modstore")->Checked());
-    EXPECT_TRUE(window_->Tree().Item("modmain")->Expanded());
-    ASSERT_TRUE(window_->Tree().Selected());
-    EXPECT_EQ(window_->Tree().Selected()->Key(), "modmain.main");
+    EXPECT_LT(window_->TheWorkspace().Tree().Count(), withLocals);
+    EXPECT_TRUE(window_->TheWorkspace().Tree().Item("modstore")->Checked());
+    EXPECT_TRUE(window_->TheWorkspace().Tree().Item("modmain")->Expanded());
+    ASSERT_TRUE(window_->TheWorkspace().Tree().Selected());
+    EXPECT_EQ(window_->TheWorkspace().Tree().Selected()->Key(), "modmain.main");
     EXPECT_THAT(Code().toStdString(), HasSubstr("Sub Main()"));
 }
 
@@ -396,10 +397,10 @@ TEST_F(MainWindow, RefreshReadsChangedFilesAndComesBackToThePlace) {
     std::filesystem::last_write_time(path, std::filesystem::file_time_type::clock::now() + std::chrono::seconds(5));
     Command("Refresh").trigger();
     EXPECT_EQ(StatusText(), TextNr(Text::FilesChanged, QStringLiteral("1")));
-    EXPECT_TRUE(window_->Tree().Exist("modstore.justadded"));
+    EXPECT_TRUE(window_->TheWorkspace().Tree().Exist("modstore.justadded"));
     EXPECT_GT(gProjekt->calls.Count(), 900U);
-    ASSERT_TRUE(window_->Current().CurObject);
-    EXPECT_EQ(window_->Current().CurObject->CodePath(), "modmain.main");
+    ASSERT_TRUE(window_->TheWorkspace().Current().CurObject);
+    EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), "modmain.main");
 }
 
 TEST_F(MainWindow, TakesADroppedProjectAndNothingElse) {
@@ -424,7 +425,7 @@ TEST_F(MainWindow, SecondProjectReplacesTheFirst) {
     window_->ActivateKey("modmain.main");
     Command("Search").trigger();
     Open();
-    EXPECT_FALSE(window_->Current().CurObject);
+    EXPECT_FALSE(window_->TheWorkspace().Current().CurObject);
     EXPECT_TRUE(Code().isEmpty());
     EXPECT_FALSE(Command("NavPrev").isEnabled());
     window_->OpenProject(directory_.Path("gone.vbp"));

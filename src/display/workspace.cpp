@@ -1,0 +1,323 @@
+#include "display/workspace.h"
+
+#include <algorithm>
+
+#include "calls/driver.h"
+#include "display/baum_walk.h"
+#include "display/dependency_trees.h"
+#include "display/node_objects.h"
+#include "display/object_text.h"
+#include "display/project_tree.h"
+#include "display/tree_marks.h"
+#include "findings/dead_objects.h"
+#include "model/clsProjekt.h"
+#include "model/clsProzedur.h"
+#include "model/clsVariable.h"
+#include "platform/code_page.h"
+#include "platform/files.h"
+#include "project/project_file.h"
+#include "project/start.h"
+#include "shell/clsText.h"
+#include "shell/errors.h"
+#include "shell/operations.h"
+#include "shell/timing.h"
+
+namespace {
+
+// All nodes with this property, to be found again in a tree that is filled again.
+std::vector<NodeId> NodesWhere(const Baum& tree, bool (BaumNode::*property)() const) {
+    std::vector<NodeId> nodes;
+    ForEachNode(tree, [&](const BaumNode& node) {
+        if ((node.*property)())
+            nodes.push_back(node.Id());
+    });
+    return nodes;
+}
+
+}  // namespace
+
+Workspace::Workspace(std::unique_ptr<clsProjekt>& projekt, Files& files, const Settings& settings, Ports ports)
+    : projekt_(projekt), files_(files), settings_(settings), ports_(std::move(ports)) {}
+
+bool Workspace::Open(const std::string& path) {
+    EndGeneration();
+    CloseProject();
+    ClearProblems();
+    SetActiveCodePage(CodePage(settings_.CodePage));
+    gAbort = false;
+    projekt_ = std::make_unique<clsProjekt>(files_);
+    projekt_->FullPath = path;
+    Timer_Reset(gTimerProjektOeffnen);
+    Timer_Start(gTimerProjektOeffnen);
+    ports_.run("Projekt_Laden", true, [this] { Projekt_Laden(*projekt_); });
+    Timer_Stop(gTimerProjektOeffnen);
+    Timer_String(gTimerProjektOeffnen);
+    if (gAbort) {
+        Close();
+        return false;
+    }
+    FillTree();
+    Tote_Untote_Kennzeichnen(*projekt_);
+    Tote_Objekte_Markieren(*projekt_, tree_);
+    // Something to begin with: the modules lie open.
+    for (BaumNode* root : tree_.Roots())
+        tree_.SetExpanded(*root, true);
+    return true;
+}
+
+void Workspace::Close() {
+    EndGeneration();
+    CloseProject();
+    ClearProblems();
+}
+
+void Workspace::EndGeneration() {
+    ++generation_;
+    checked_.Clear();
+    selection_ = {};
+    last_ = {};
+    neighbours_ = {};
+    code_ = {};
+    navigation_.Clear();
+    for (Baum* tree : {&tree_, &calledBy_, &calls_, &collected_})
+        tree->Clear();
+    callsRead_ = false;
+    ports_.ends();
+}
+
+std::optional<Workspace::CallCounts> Workspace::ReadCalls() {
+    ports_.run("Remove_All_Calls", false, [this] { Remove_All_Calls(*projekt_); });
+    ports_.run("Who_Calls_Who", true, [this] { Who_Calls_Who(*projekt_); });
+    code_.Forget();
+    code_.ForgetLocals();
+    last_ = {};
+    if (gAbort)
+        return {};
+    callsRead_ = true;
+    Tote_Untote_Kennzeichnen(*projekt_);
+    Tote_Objekte_Markieren(*projekt_, tree_);
+    CallCounts counts;
+    projekt_->calls.ForEach(
+        [&](const clsCall& call) { ++(call.Type() == CallType::MayBe ? counts.possible : counts.certain); });
+    return counts;
+}
+
+int Workspace::ChangedFiles() const {
+    return static_cast<int>(std::ranges::count_if(projekt_->OwnedModules(), [this](const auto& modul) {
+        return modul->DateLastModified != 0 && files_.DateLastModified(modul->FullPath) != modul->DateLastModified;
+    }));
+}
+
+Workspace::Place Workspace::Here() const {
+    return {tree_.Selected() ? tree_.Selected()->Id() : NodeId(), NodesWhere(tree_, &BaumNode::Expanded), callsRead_};
+}
+
+void Workspace::Unfold(const Place& place) {
+    for (const NodeId& id : place.expanded)
+        if (BaumNode* node = tree_.Find(id))
+            tree_.SetExpanded(*node, true);
+}
+
+void Workspace::OptionsApplied() {
+    code_.Forget();
+    last_ = {};
+    if (projekt_ && localsShown_ != (settings_.ProcVars != 0))
+        RefillTree();
+}
+
+void Workspace::FillTree() {
+    localsShown_ = settings_.ProcVars != 0;
+    ports_.run("ProjektStruktur_Anzeigen", false, [this] {
+        gProgress().Label(gText.TextNr(Text::BuildingTree));
+        ProjektStruktur_Anzeigen(*projekt_, tree_, localsShown_);
+    });
+}
+
+void Workspace::RefillTree() {
+    const Place place = Here();
+    const std::vector<NodeId> checked = NodesWhere(tree_, &BaumNode::Checked);
+    {
+        const Baum::Filling filling(tree_);
+        tree_.Clear();
+        FillTree();
+        Tote_Objekte_Markieren(*projekt_, tree_);
+        for (const NodeId& id : checked)
+            if (BaumNode* node = tree_.Find(id))
+                tree_.SetChecked(*node, true);
+    }
+    Unfold(place);
+    if (BaumNode* node = tree_.Find(place.selected))
+        tree_.Select(node);
+}
+
+std::optional<Workspace::Shown> Workspace::Activate(const NodeId& id) {
+    BaumNode* const node = projekt_ ? tree_.Find(id) : nullptr;
+    if (!node)
+        return {};
+    tree_.EnsureVisible(*node);
+    tree_.Select(node);
+    Set_GlobalObjects_fromNode(*projekt_, selection_, node->Id());
+    Shown shown;
+    shown.code = code_.Show_Structure(*projekt_, selection_);
+    MarkLocals(shown.code);
+    neighbours_ = Activate_Dependencies(*projekt_, selection_.CurObject);
+    if (selection_.CurObject)
+        shown.properties = Anzeigen_Eigenschaften(*selection_.CurObject);
+    if (!selection_.CurObject) {
+        calledBy_.Clear();
+        calls_.Clear();
+    } else if (NeedsDependencies(selection_, last_)) {
+        ShowDependencies();
+    }
+    shown.path = CodePath_Anzeigen(selection_);
+    shown.image = node->Image();
+    last_ = Set_LastObjects(selection_);
+    navigation_.AddNavCodeKey(node->Id());
+    return shown;
+}
+
+std::optional<Workspace::Shown> Workspace::ShowAgain() {
+    if (!projekt_)
+        return {};
+    std::optional<Shown> shown;
+    if (const BaumNode* node = tree_.Selected())
+        shown = Activate(node->Id());
+    if (!checked_.Objects().empty())
+        ShowGroup();
+    return shown;
+}
+
+// A procedure whose locals were looked for just now has their marks in the tree.
+void Workspace::MarkLocals(const CodePane::Change& change) {
+    if (change.newText && code_.Text().localsChecked && selection_.CurProc)
+        Tote_Objekte_Markieren(*selection_.CurProc, code_.Locals(), tree_);
+}
+
+CodeObject* Workspace::ProcedureOrCurrent() const {
+    return selection_.CurProc ? static_cast<CodeObject*>(selection_.CurProc) : selection_.CurObject;
+}
+
+CallType Workspace::TypeShown(bool isCaller) const {
+    return MayBe(!isCaller) ? CallType::MayBe : CallType::Really;
+}
+
+std::optional<CodePane::Change> Workspace::SelectCallsOfObject(const BaumNode& node, bool isCaller) {
+    if (!projekt_ || !ObjectOf(node) || !selection_.CurObject)
+        return {};
+    SetCalledObject(*projekt_, selection_, node.Id());
+    const CodeObject& clicked = *selection_.CalledObject;
+    const CodeObject* const caller =
+        selection_.CurProc ? static_cast<const CodeObject*>(selection_.CurProc) : selection_.CurModule;
+    if (!isCaller && !caller)
+        return {};
+    const CodePane::Change change =
+        isCaller ? code_.SelectCallsOfObject(*projekt_, *ProcedureOrCurrent(), clicked, TypeShown(true))
+                 : code_.SelectCallsOfObject(*projekt_, clicked, *caller, TypeShown(false));
+    MarkLocals(change);
+    return change;
+}
+
+std::string Workspace::KeyClicked(Pos selStart, Pos selLength) {
+    navigation_.NoteSelection(selStart, selLength);
+    const CodeObject* const object =
+        projekt_ ? code_.ObjectClicked(*projekt_, selection_, selStart, selLength) : nullptr;
+    return object ? object->CodePath() : std::string();
+}
+
+std::optional<Workspace::Shown> Workspace::NodeChecked(BaumNode& node) {
+    if (!projekt_)
+        return {};
+    std::optional<Shown> shown;
+    const CheckAnswer answer = NodeCheck(*projekt_, tree_, node, settings_.Content, checked_);
+    if (answer.current) {
+        Set_GlobalObjects_fromNode(*projekt_, selection_, node.Id());
+        shown.emplace();
+        shown->path = CodePath_Anzeigen(selection_);
+        shown->image = node.Image();
+    }
+    if (answer.effect == CheckEffect::ShowGroup)
+        ShowGroup();
+    return shown;
+}
+
+void Workspace::CheckAll(bool checked) {
+    if (projekt_)
+        Check_All_Modules(*projekt_, tree_, checked);
+}
+
+void Workspace::SetMayBe(bool calls, bool mayBe) {
+    (calls ? mayBeCalls_ : mayBeCalledBy_) = mayBe;
+    if (!projekt_ || !selection_.CurObject)
+        return;
+    if (calls)
+        Show_Dependencies_AllCalls(*projekt_, checked_, selection_.CurObject, calls_, mayBe);
+    else
+        Show_Dependencies_AllCalledBy(*projekt_, checked_, selection_.CurObject, calledBy_, mayBe);
+}
+
+void Workspace::ShowDependencies() {
+    if (!projekt_)
+        return;
+    Show_Dependencies_AllCalledBy(*projekt_, checked_, selection_.CurObject, calledBy_, mayBeCalledBy_);
+    Show_Dependencies_AllCalls(*projekt_, checked_, selection_.CurObject, calls_, mayBeCalls_);
+}
+
+void Workspace::ShowGroup() {
+    Show_Dependencies_Group(*projekt_, checked_, calledBy_, calls_, mayBeCalledBy_, mayBeCalls_);
+}
+
+void Workspace::Collect(std::string_view key) {
+    if (BaumNode* node = projekt_ ? Drop_Module(*projekt_, collected_, key) : nullptr)
+        collected_.Select(node);
+}
+
+std::optional<PropertyRows> Workspace::PropertiesAt(Pos selStart, Pos selLength) const {
+    if (!projekt_ || !selection_.CurObject)
+        return {};
+    auto rows = Anzeigen_Eigenschaften(*selection_.CurObject);
+    if (rows)
+        for (PropertyRow& row : Anzeigen_TextPos(code_.Text(), selStart, selLength))
+            rows->push_back(std::move(row));
+    return rows;
+}
+
+const CodeObject* Workspace::ObjectOf(const BaumNode& node) const {
+    return projekt_ && node.Kind() == NodeKind::Object ? ObjectOfNode(*projekt_, node.Id()) : nullptr;
+}
+
+std::vector<std::string> Workspace::HoverText(const BaumNode& node) const {
+    const CodeObject* const object = ObjectOf(node);
+    return object ? ObjectText(*projekt_, code_.Locals(), *object) : std::vector<std::string>();
+}
+
+std::vector<std::string> Workspace::DependencyHoverText(const BaumNode& node, bool isCaller) const {
+    std::vector<std::string> lines = HoverText(node);
+    const CodeObject* const object = ObjectOf(node);
+    const CodeObject* const own = ProcedureOrCurrent();
+    if (object && own) {
+        const CallType type = TypeShown(isCaller);
+        std::string calls =
+            isCaller ? CallsText(*projekt_, *object, *own, type) : CallsText(*projekt_, *own, *object, type);
+        if (!calls.empty())
+            lines.push_back(std::move(calls));
+    }
+    return lines;
+}
+
+std::vector<std::string> Workspace::CodeHoverText(Pos position) const {
+    const CodeObject* const object = projekt_ ? code_.ObjectAt(*projekt_, position) : nullptr;
+    return object ? ObjectText(*projekt_, code_.Locals(), *object) : std::vector<std::string>();
+}
+
+Situation Workspace::Now(bool hasPlaces) const {
+    if (!projekt_)
+        return {};
+    return {.hasProject = true,
+            .hasObject = selection_.CurObject != nullptr,
+            .hasModule = selection_.CurModule != nullptr,
+            .callsRead = callsRead_,
+            .neighbours = neighbours_,
+            .hasPlaces = hasPlaces,
+            .hasPrevious = navigation_.NavPrevEnabled(),
+            .hasNext = navigation_.NavNextEnabled()};
+}

@@ -1,0 +1,140 @@
+// What the window is about, without a widget: the open project, its trees, the current objects, the code that is shown,
+// and the way back and forward. The window shows what it is given and passes on what the user does.
+//
+// Whatever knows objects of the project is kept here and lives for one generation of it. Views know keys of nodes and
+// texts; they are told once, by Ends, before the objects of a generation go.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "display/baum.h"
+#include "display/command_table.h"
+#include "display/selection.h"
+#include "display/tree_checks.h"
+#include "shell/settings.h"
+
+class Files;
+class clsProjekt;
+
+class Workspace {
+public:
+    /// Runs a long operation under its name; returns when it is over.
+    using Runner = std::function<void(const std::string& name, bool canCancel, const std::function<void()>& operation)>;
+    struct Ports {
+        Runner run;
+        std::function<void()> ends;  // a generation: nothing of it may stay on the screen
+    };
+    /// `projekt` is where the open project is kept, null without one. All references must outlive the workspace.
+    Workspace(std::unique_ptr<clsProjekt>& projekt, Files& files, const Settings& settings, Ports ports);
+
+    [[nodiscard]] clsProjekt* Projekt() const { return projekt_.get(); }
+    /// Rises whenever objects of the project go.
+    [[nodiscard]] int Generation() const { return generation_; }
+    [[nodiscard]] bool CallsRead() const { return callsRead_; }
+
+    /// Opens the project file at `path`, which exists; the one that is open goes first.
+    /// @return false when the user has given it up: no project is open then
+    [[nodiscard]] bool Open(const std::string& path);
+    void Close();
+
+    struct CallCounts {
+        int certain = 0;
+        int possible = 0;
+    };
+    /// Reads all calls. Nothing when the user has given it up; what was found by then stays.
+    std::optional<CallCounts> ReadCalls();
+
+    /// How many modules have changed on disk since they were read.
+    [[nodiscard]] int ChangedFiles() const;
+    /// What a person is looking at, to come back to after the project was read again.
+    struct Place {
+        NodeId selected;
+        std::vector<NodeId> expanded;
+        bool callsRead = false;
+    };
+    [[nodiscard]] Place Here() const;
+    /// Unfolds what was unfolded.
+    void Unfold(const Place& place);
+
+    /// Fits the project tree to the settings; folds, check marks and the selected node come back.
+    void OptionsApplied();
+
+    // What the user does. Each returns what changes on the screen; the trees tell their own views.
+    struct Shown {
+        CodePane::Change code;
+        std::optional<PropertyRows> properties;  // nothing: they stay as they are
+        std::string path;                        // for the line above the code; bytes as in the source
+        std::string_view image;                  // of the current node
+    };
+    /// Makes the object of a node of the project tree the current one. Nothing without such a node.
+    std::optional<Shown> Activate(const NodeId& id);
+    /// Shows the current node again, though it is the same, and what is checked. Nothing when no node is selected.
+    std::optional<Shown> ShowAgain();
+    /// A node of a dependency tree was clicked: the places of its calls, in the caller's text.
+    std::optional<CodePane::Change> SelectCallsOfObject(const BaumNode& node, bool isCaller);
+    /// The key of the object that a click into the code leads to; empty for none.
+    [[nodiscard]] std::string KeyClicked(Pos selStart, Pos selLength);
+    /// A check mark was set or taken away by the user. Returns the path line where it changes.
+    std::optional<Shown> NodeChecked(BaumNode& node);
+    void CheckAll(bool checked);
+    /// Chooses between certain and possible calls of one tree.
+    void SetMayBe(bool calls, bool mayBe);
+    /// Fills the dependency trees for the current object.
+    void ShowDependencies();
+    /// Puts the module of a node among the collected ones.
+    void Collect(std::string_view key);
+
+    [[nodiscard]] NavigationList& Navigation() { return navigation_; }
+    /// Properties of the current object, with the place of the cursor in the code after them.
+    [[nodiscard]] std::optional<PropertyRows> PropertiesAt(Pos selStart, Pos selLength) const;
+
+    // Hover texts, in UTF-8; empty for nothing.
+    [[nodiscard]] std::vector<std::string> HoverText(const BaumNode& node) const;
+    /// How many calls stand behind a node of a dependency tree comes last.
+    [[nodiscard]] std::vector<std::string> DependencyHoverText(const BaumNode& node, bool isCaller) const;
+    [[nodiscard]] std::vector<std::string> CodeHoverText(Pos position) const;
+
+    /// @param hasPlaces  whether places are marked in the code
+    [[nodiscard]] Situation Now(bool hasPlaces) const;
+
+    [[nodiscard]] Baum& Tree() { return tree_; }
+    [[nodiscard]] Baum& CalledBy() { return calledBy_; }
+    [[nodiscard]] Baum& Calls() { return calls_; }
+    [[nodiscard]] Baum& Collected() { return collected_; }
+    [[nodiscard]] const Selection& Current() const { return selection_; }
+    [[nodiscard]] const CodePane& Code() const { return code_; }
+    [[nodiscard]] bool MayBe(bool calls) const { return calls ? mayBeCalls_ : mayBeCalledBy_; }
+
+private:
+    void EndGeneration();
+    void FillTree();
+    void RefillTree();
+    [[nodiscard]] CodeObject* ProcedureOrCurrent() const;
+    [[nodiscard]] CallType TypeShown(bool isCaller) const;
+    [[nodiscard]] const CodeObject* ObjectOf(const BaumNode& node) const;
+    void MarkLocals(const CodePane::Change& change);
+    void ShowGroup();
+
+    std::unique_ptr<clsProjekt>& projekt_;
+    Files& files_;
+    const Settings& settings_;
+    Ports ports_;
+    int generation_ = 0;
+
+    Baum tree_, calledBy_, calls_, collected_;
+    Selection selection_;
+    LastCodePaths last_;
+    CodePane code_;
+    NavigationList navigation_;
+    CheckedObjects checked_;
+    DependencyButtons neighbours_;  // of the current object
+    bool mayBeCalledBy_ = false;
+    bool mayBeCalls_ = false;
+    bool callsRead_ = false;
+    bool localsShown_ = false;  // in the tree
+};

@@ -1,0 +1,330 @@
+// What the commands of the window do.
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QStackedWidget>
+
+#include "display/diagnosis.h"
+#include "display/recent_projects.h"
+#include "findings/calls_report.h"
+#include "findings/deaths_report.h"
+#include "findings/structure_report.h"
+#include "model/clsProjekt.h"
+#include "platform/files.h"
+#include "shell/errors.h"
+#include "shell/operations.h"
+#include "shell/program.h"
+#include "views/baum_view.h"
+#include "views/code_view.h"
+#include "views/commands.h"
+#include "views/content_stack.h"
+#include "views/deployment.h"
+#include "views/fold_splitter.h"
+#include "views/frm_about.h"
+#include "views/frm_error.h"
+#include "views/frm_keys.h"
+#include "views/frm_main.h"
+#include "views/frm_optionen.h"
+#include "views/frm_progress.h"
+#include "views/lower_pane.h"
+#include "views/main_menus.h"
+#include "views/main_panes.h"
+#include "views/open_document.h"
+#include "views/problems_list.h"
+#include "views/properties_grid.h"
+#include "views/qt_text.h"
+#include "views/questions.h"
+#include "views/search_bar.h"
+#include "views/status_line.h"
+#include "views/tree_panes.h"
+
+void frmMain::Wire(Command command, std::function<void(bool)> function) {
+    connect(&(*commands_)[command], &QAction::triggered, this, std::move(function));
+}
+
+void frmMain::WireCommands() {
+    for (const auto& [command, nr] : {std::pair{Command::Exit, 0},
+                                      {Command::OpenProject, 1},
+                                      {Command::Structure, 2},
+                                      {Command::CallsModule, 3},
+                                      {Command::Uses, 5},
+                                      {Command::Calls, 6},
+                                      {Command::SplitForContent, 7},
+                                      {Command::UsesShow, 8},
+                                      {Command::SplitForCalls, 9},
+                                      {Command::ContentChart, 10},
+                                      {Command::Refresh, 11},
+                                      {Command::ContentGraph, 12},
+                                      {Command::ContentCode, 13}})
+        Wire(command, [this, number = nr](bool) { MainActions(number); });
+    // There is no reading of one module by itself: its neighbourhood is shown again.
+    Wire(Command::CallsOfModule, [this](bool) { workspace_.ShowDependencies(); });
+    Wire(Command::CloseProject, [this](bool) { CloseTheProject(); });
+    Wire(Command::ReportStructure, [this](bool) { WriteReports("AnalyseErgebnisStructure"); });
+    Wire(Command::ReportCalls, [this](bool) { WriteReports("AnalyseErgebnisCalls"); });
+    Wire(Command::ReportDeaths, [this](bool) { WriteReports("AnalyseErgebnisDeaths"); });
+    Wire(Command::SplitX, [this](bool shown) { panes_->picSplitX().SetFolded(!shown); });
+    Wire(Command::SplitY, [this](bool shown) { panes_->picSplitY().SetFolded(!shown); });
+    connect(panes_, &MainPanes::FoldsChanged, this, [this] {
+        (*commands_)[Command::SplitX].setChecked(!panes_->picSplitX().Folded());
+        (*commands_)[Command::SplitY].setChecked(!panes_->picSplitY().Folded());
+    });
+    Wire(Command::CollapseAll, [this](bool) { workspace_.Tree().CollapseAll(); });
+    Wire(Command::CheckBoxOn, [this](bool on) { ToggleCheckBoxes(on); });
+    for (const bool on : {true, false})
+        Wire(on ? Command::CheckBoxAll : Command::CheckBoxNone, [this, on](bool) {
+            if (BaumProjekt().Model().CheckBoxes())
+                workspace_.CheckAll(on);
+        });
+    Wire(Command::Search, [this](bool) { project_->Search().Focus(); });
+    Wire(Command::NavPrev, [this](bool) { GoBackOrOn(true); });
+    Wire(Command::NavNext, [this](bool) { GoBackOrOn(false); });
+    Wire(Command::ZoomPlus, [this](bool) { rtbCode().ZoomIn(); });
+    Wire(Command::ZoomMinus, [this](bool) { rtbCode().ZoomOut(); });
+    Wire(Command::ZoomNo, [this](bool) { rtbCode().ZoomReset(); });
+    Wire(Command::NextPlace, [this](bool) { rtbCode().NextPlace(); });
+    Wire(Command::PreviousPlace, [this](bool) { rtbCode().PreviousPlace(); });
+    Wire(Command::CalledByReally, [this](bool) { SetMayBe(false, false); });
+    Wire(Command::CalledByMaybe, [this](bool) { SetMayBe(false, true); });
+    Wire(Command::CallsReally, [this](bool) { SetMayBe(true, false); });
+    Wire(Command::CallsMaybe, [this](bool) { SetMayBe(true, true); });
+    Wire(Command::Problems, [this](bool) { dialogs_.problems->exec(); });
+    Wire(Command::Options, [this](bool) { dialogs_.options->exec(); });
+    Wire(Command::WebPage, [](bool) { OpenDocument(ToQString(kProductPage)); });
+    Wire(Command::CopyName, [this](bool) { TreeInUse().CopyName(); });
+    Wire(Command::CopyCodePath, [this](bool) { TreeInUse().CopyCodePath(); });
+    Wire(Command::CopyAsText, [this](bool) { TreeInUse().CopyAsText(); });
+    Wire(Command::Keys, [this](bool) { ShowKeys(); });
+    Wire(Command::Diagnosis, [this](bool) { Diagnosis(); });
+    Wire(Command::About, [this](bool) { dialogs_.about->exec(); });
+}
+
+void frmMain::MainActions(int nr) {
+    if (nr == 0) {
+        close();
+        return;
+    }
+    if (nr != 1 && !gProjekt) {
+        Activate_Checked();
+        return;
+    }
+    gAbort = false;
+    switch (nr) {
+        case 1:
+            Projekt_Oeffnen();
+            break;
+        case 5:
+            if (AskQuestion(this,
+                            QStringLiteral("Soll die Verwendung aller benutzerdefinierten Typen ermittelt werden?")))
+                dialogs_.progress->Run("Who_Use_Who", [] {});
+            break;
+        case 6:
+            Projekt_Analyse();
+            break;
+        case 7:
+            Split_For_Content();
+            break;
+        case 9:
+            Split_For_Calls();
+            break;
+        case 11:
+            Files_Check();
+            break;
+        case 13:
+            settings_.Content = ContentMode::Code;
+            content_->Show(settings_.Content);
+            break;
+        default:
+            break;
+    }
+    if (!gAbort)
+        Activate_Commands();
+}
+
+void frmMain::Projekt_Oeffnen() {
+    QFileDialog dialog(this, TextNr(Text::OpenProject).remove(QChar(0x2026)));
+    dialog.setFileMode(QFileDialog::ExistingFile);
+    // Both spellings: checkouts of old projects have suffixes in capitals.
+    dialog.setNameFilter(TextNr(Text::VbProjects) + QStringLiteral(" (*.vbp *.VBP *.Vbp)"));
+    dialog.setDefaultSuffix(QStringLiteral("vbp"));
+    if (settings_.OpenSaveDir.size() > 1)
+        dialog.setDirectory(ToPath(settings_.OpenSaveDir));
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return;
+    OpenProject(FromPath(dialog.selectedFiles().front()));
+}
+
+void frmMain::OpenProject(const std::string& path) {
+    if (dialogs_.progress->IsRunning())
+        return;
+    if (!files_.FileExists(path)) {
+        status_->Message(TextNr(Text::ProjectGone, ToPath(path)));
+        ShowStartPage();
+        return;
+    }
+    const QFileInfo file(ToPath(path));
+    dialogs_.error->ForgetIgnored();
+    dialogs_.missingFiles->Forget();
+    settings_.OpenSaveDir = file.absolutePath().toStdString();
+    Save_OpenDir(file_, settings_);
+    if (!workspace_.Open(path)) {
+        CloseTheProject();
+        status_->Message(TextNr(Text::LoadingCancelled));
+        return;
+    }
+    AddRecentProject(file_, file.absoluteFilePath().toStdString());
+    commands_->SetImage(Command::Calls, "CallsReadNot");
+    commands_->SetImage(Command::CallsModule, "CallsReadNot");
+    setWindowTitle(
+        QStringLiteral("%1:   %2 (%3)").arg(ToQString(gProjekt->MyName), ToQString(kProgramTitle), file.fileName()));
+    status_->ShowCounts(gProjekt.get(), false);
+    status_->ShowProblemCount();
+    pages_->setCurrentWidget(panes_);
+    lower_->Properties().Show(Anzeigen_Eigenschaften(*gProjekt));
+    Activate_Commands();
+    BaumProjekt().setFocus();
+    status_->Message(TextNr(Text::ModulesRead, NumberText(gProjekt->CountAllModules())));
+}
+
+void frmMain::CloseTheProject() {
+    workspace_.Close();
+    setWindowTitle(ToQString(kProgramTitle));
+    status_->ShowCounts(nullptr, false);
+    status_->ShowProblemCount();
+    ShowStartPage();
+    Activate_Commands();
+    status_->Message({});
+}
+
+void frmMain::Projekt_Analyse() {
+    if (!AskQuestion(this, TextNr(Text::AskReadCalls)))
+        return;
+    RunCalls();
+    if (gAbort)
+        status_->Message(TextNr(Text::ReadingCallsCancelled));
+}
+
+void frmMain::RunCalls() {
+    if (const auto counts = workspace_.ReadCalls()) {
+        commands_->SetImage(Command::Calls, "CallsRead");
+        status_->Message(TextNr(Text::CallsRead, NumberText(counts->certain), NumberText(counts->possible)));
+    }
+    ShowAgain();
+    status_->ShowCounts(gProjekt.get(), workspace_.CallsRead());
+    status_->ShowProblemCount();
+}
+
+// Reads the project again when a file of it has changed, and comes back to the same place.
+void frmMain::Files_Check() {
+    const int changed = workspace_.ChangedFiles();
+    if (changed == 0) {
+        status_->Message(TextNr(Text::NoFileChanged));
+        return;
+    }
+    const Workspace::Place place = workspace_.Here();
+    OpenProject(std::string(gProjekt->FullPath));
+    if (!gProjekt)
+        return;
+    if (place.callsRead)
+        RunCalls();
+    workspace_.Unfold(place);
+    ActivateKey(place.selected);
+    status_->Message(TextNr(Text::FilesChanged, QString::number(changed)));
+}
+
+void frmMain::WriteReports(const std::string& operation) {
+    if (!gProjekt)
+        return;
+    const std::size_t problemsBefore = Problems().size();
+    dialogs_.progress->SetCancelVisible(false);
+    dialogs_.progress->Run(operation, [&operation] {
+        if (operation == "AnalyseErgebnisStructure")
+            AnalyseErgebnisStructure(*gProjekt);
+        else if (operation == "AnalyseErgebnisCalls")
+            AnalyseErgebnisCalls(*gProjekt);
+        else
+            AnalyseErgebnisDeaths(*gProjekt, DeathsReportPath(*gProjekt));
+    });
+    status_->ShowProblemCount();
+    const QString where = operation == "AnalyseErgebnisDeaths"
+                              ? ToPath(files_.SystemPath(DeathsReportPath(*gProjekt)))
+                              : QFileInfo(ToPath(files_.SystemPath(gProjekt->FullPath))).absolutePath();
+    const bool isWhole = Problems().size() == problemsBefore;
+    const QString text = TextNr(isWhole ? Text::ReportsWritten : Text::ReportsIncomplete, where);
+    status_->Message(text);
+    dialogs_.options->ShowReportResult(text);
+}
+
+void frmMain::OptionsApplied() {
+    ApplyFonts();
+    workspace_.OptionsApplied();
+    ShowAgain();
+}
+
+void frmMain::Diagnosis() {
+    ShowMessage(this, QString::fromStdString(DiagnosticSummary(gProjekt.get())));
+}
+
+// After the commands what is no command: keys of trees, code and bars.
+void frmMain::ShowKeys() {
+    const auto key = [](QKeySequence::StandardKey standard) {
+        return QKeySequence(standard).toString(QKeySequence::NativeText);
+    };
+    dialogs_.keys->Fill(
+        commands_->InUse(),
+        {{TextNr(Text::GoToObject), QKeySequence(Qt::Key_Return).toString(QKeySequence::NativeText)},
+         {TextNr(Text::Copy), key(QKeySequence::Copy)},
+         {TextNr(Text::SelectAll), key(QKeySequence::SelectAll)},
+         {TextNr(Text::PasteCollected), key(QKeySequence::Paste)},
+         {TextNr(Text::ContextMenu), QKeySequence(Qt::SHIFT | Qt::Key_F10).toString(QKeySequence::NativeText)}});
+    dialogs_.keys->exec();
+}
+
+// The tree that has the focus, or had it before a menu took it.
+BaumView& frmMain::TreeInUse() const {
+    auto* tree = qobject_cast<BaumView*>(focusWidget());
+    return tree ? *tree : BaumProjekt();
+}
+
+void frmMain::Activate_Commands() {
+    Commands& command = *commands_;
+    menus_->SetProjectOpen(gProjekt != nullptr);
+    command[Command::CallsModule].setVisible(false);
+    const bool checkBoxes = command[Command::CheckBoxOn].isChecked();
+    command[Command::CheckBoxAll].setVisible(checkBoxes);
+    command[Command::CheckBoxNone].setVisible(checkBoxes);
+    NameCommands();
+    menus_->AssignLetters();
+    Activate_Checked();
+    ShowNow();
+}
+
+// Texts that name the current object.
+void frmMain::NameCommands() {
+    Commands& command = *commands_;
+    const clsModul* modul = workspace_.Current().CurModule;
+    const QString name = modul ? ToQString(modul->myNameOrg()) : QString();
+    const QString forModule = modul ? QStringLiteral("for %1 (%2)").arg(name, ToQString(TextOf(modul->ModulTyp)))
+                                    : TextNr(Text::ForCurrentModule);
+    const QString read = TextNr(Text::ReadCalls);
+    Commands::SetTexts(
+        command[Command::CallsModule], forModule,
+        modul ? read + QStringLiteral(": ") + name : read + QLatin1Char(' ') + TextNr(Text::ForCurrentModule));
+    Commands::SetTexts(command[Command::CallsOfModule], forModule, forModule);
+    const CodeObject* object = workspace_.Current().CurObject;
+    const bool deletable = object && (object->Class() == ObjectClass::Prozedur ||
+                                      object->Class() == ObjectClass::Variable || object->Class() == ObjectClass::Type);
+    const QString deleteText =
+        (deletable ? ToQString(object->myNameOrg()) : QStringLiteral("Objekt")) + QStringLiteral(" l\u00f6schen");
+    Commands::SetTexts(command[Command::DeleteObject], deleteText, deleteText);
+}
+
+// What can be checked shows the state at hand, also after a command that changed nothing.
+void frmMain::Activate_Checked() {
+    Commands& command = *commands_;
+    command[Command::ContentCode].setChecked(settings_.Content == ContentMode::Code);
+    command[Command::ContentGraph].setChecked(settings_.Content == ContentMode::Graph);
+    command[Command::ContentChart].setChecked(settings_.Content == ContentMode::Chart);
+    command[Command::SplitForContent].setChecked(settings_.Split == SplitMode::Content);
+    command[Command::SplitForCalls].setChecked(settings_.Split == SplitMode::Calls);
+}

@@ -1,0 +1,42 @@
+// The menu bar of the main window: which command stands in which menu, and the list of recent projects.
+#pragma once
+
+#include <QObject>
+#include <string>
+#include <vector>
+
+class Commands;
+class Files;
+class QMainWindow;
+class QMenu;
+class SettingsFile;
+
+class MainMenus final : public QObject {
+    Q_OBJECT
+
+public:
+    /// All must outlive the menus.
+    MainMenus(QMainWindow& window, Commands& commands, const Files& files, SettingsFile& file);
+
+    void Texte();
+    /// Gives each menu, and each item of one menu, an underlined letter of its own.
+    void AssignLetters();
+    /// Menus whose items all need a project.
+    void SetProjectOpen(bool open);
+
+Q_SIGNALS:
+    void RecentChosen(const std::string& path);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void Fill();
+    void FillRecent();
+
+    QMainWindow& window_;
+    Commands& commands_;
+    const Files& files_;
+    SettingsFile& file_;
+    QMenu *mnuDatei_, *mnuRecent_, *mnuReports_, *mnuAnsicht_, *mnuStruktur_, *mnuCopy_, *mnuDependencies_, *mnuHelp_;
+};

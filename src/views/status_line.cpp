@@ -1,0 +1,71 @@
+#include "views/status_line.h"
+
+#include <QStatusBar>
+#include <QToolButton>
+#include <algorithm>
+
+#include "model/clsProjekt.h"
+#include "shell/errors.h"
+#include "views/elided_label.h"
+#include "views/icons.h"
+#include "views/qt_text.h"
+#include "views/status_fields.h"
+
+namespace {
+
+QString WithValue(Text text, const QString& value) {
+    return TextNr(text) + QStringLiteral(": ") + value;
+}
+
+}  // namespace
+
+StatusLine::StatusLine(QStatusBar& bar)
+    : QObject(&bar),
+      bar_(bar),
+      message_(new ElidedLabel(&bar)),
+      counts_(new StatusFields(&bar)),
+      problemCount_(new QToolButton(&bar)) {
+    message_->setContentsMargins(6, 0, 0, 0);
+    bar.addWidget(message_, 1);
+    bar.addPermanentWidget(counts_);
+    problemCount_->setAutoRaise(true);
+    problemCount_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    problemCount_->setIcon(IconFor("Problems"));
+    problemCount_->hide();
+    bar.addPermanentWidget(problemCount_);
+    connect(problemCount_, &QToolButton::clicked, this, &StatusLine::ProblemsClicked);
+}
+
+void StatusLine::Message(const QString& text) {
+    message_->SetText(text);
+    Fit(width_);
+}
+
+void StatusLine::Fit(int width) {
+    width_ = width;
+    message_->setMinimumWidth(std::min(bar_.fontMetrics().horizontalAdvance(message_->text()) + 16, width / 2));
+}
+
+void StatusLine::ShowCounts(const clsProjekt* projekt, bool callsRead) {
+    QStringList texts;
+    if (projekt) {
+        const QString none(QChar(0x2013));
+        texts = {WithValue(Text::TimeForStructure, ToQString(projekt->TimeForStructure)),
+                 WithValue(Text::TimeForCalls, callsRead ? ToQString(projekt->TimeForCalls) : none),
+                 WithValue(Text::Modules, NumberText(projekt->CountAllModules())),
+                 WithValue(Text::CodeLines, NumberText(projekt->AnzCodeZeilen)),
+                 WithValue(Text::CommentLines, NumberText(projekt->AnzCommentZeilen)),
+                 WithValue(Text::BlankLines, NumberText(projekt->AnzBlankZeilen))};
+    }
+    counts_->Show(texts);
+}
+
+void StatusLine::ShowProblemCount() {
+    const std::size_t count = Problems().size();
+    problemCount_->setVisible(count > 0);
+    const QString text =
+        count == 1 ? TextNr(Text::OneProblem) : TextNr(Text::ProblemCount, NumberText(static_cast<qlonglong>(count)));
+    problemCount_->setText(text);
+    problemCount_->setToolTip(TextNr(Text::ProblemCountTip));
+    problemCount_->setAccessibleName(text);
+}

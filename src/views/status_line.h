@@ -1,0 +1,34 @@
+// The status bar of the main window: what was done last, the counts of the project, and how many problems there are.
+#pragma once
+
+#include <QObject>
+
+class ElidedLabel;
+class QStatusBar;
+class QToolButton;
+class StatusFields;
+class clsProjekt;
+
+class StatusLine final : public QObject {
+    Q_OBJECT
+
+public:
+    explicit StatusLine(QStatusBar& bar);
+
+    void Message(const QString& text);
+    /// The message comes before the counts, but leaves some room to them in a window of this width.
+    void Fit(int width);
+    /// Counts of a project, which may be null, and how many problems were reported.
+    void ShowCounts(const clsProjekt* projekt, bool callsRead);
+    void ShowProblemCount();
+
+Q_SIGNALS:
+    void ProblemsClicked();
+
+private:
+    QStatusBar& bar_;
+    ElidedLabel* message_;
+    StatusFields* counts_;
+    QToolButton* problemCount_;
+    int width_ = 0;
+};

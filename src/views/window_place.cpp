@@ -1,0 +1,39 @@
+#include "views/window_place.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+#include <QWidget>
+#include <algorithm>
+
+#include "platform/settings_file.h"
+#include "views/twips.h"
+
+namespace {
+
+constexpr QSize kDesignSize(1280, 800);
+
+}  // namespace
+
+void PlaceWindow(QWidget& window, const WindowSize& size) {
+    window.resize(kDesignSize);
+    if (!size.Width.empty() && !size.Height.empty())
+        window.resize(ToPixels(LeadingNumber(size.Width)), ToPixels(LeadingNumber(size.Height)));
+    if (!size.Left.empty() && !size.Top.empty())
+        window.move(ToPixels(LeadingNumber(size.Left)), ToPixels(LeadingNumber(size.Top)));
+    const QScreen* screen = QGuiApplication::screenAt(window.geometry().center());
+    const QRect room = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+    window.resize(window.size().boundedTo(room.size()).expandedTo(window.minimumSize()));
+    if (!room.contains(window.geometry()))
+        window.move(std::clamp(window.x(), room.left(), std::max(room.left(), room.right() - window.width())),
+                    std::clamp(window.y(), room.top(), std::max(room.top(), room.bottom() - window.height())));
+    if (size.maximised)
+        window.setWindowState(Qt::WindowMaximized);
+}
+
+void StorePlace(const QWidget& window, WindowSize& size) {
+    size.maximised = window.isMaximized();
+    size.Left = TwipsText(window.x());
+    size.Top = TwipsText(window.y());
+    size.Width = TwipsText(window.width());
+    size.Height = TwipsText(window.height());
+}
