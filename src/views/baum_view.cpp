@@ -4,17 +4,14 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDateTime>
-#include <QDrag>
 #include <QFontDatabase>
 #include <QHelpEvent>
-#include <QMenu>
 #include <QMimeData>
 #include <QPainter>
 #include <QScrollBar>
 #include <QStyleHints>
 #include <QToolTip>
 
-#include "model/clsProjekt.h"
 #include "platform/code_page.h"
 #include "shell/settings.h"
 #include "views/commands.h"
@@ -43,23 +40,6 @@ BaumNode* NextLine(const BaumNode& node) {
         if (BaumNode* next = at->Next())
             return next;
     return nullptr;
-}
-
-QString AsText(const BaumNode& node, int depth) {
-    QString text = QString(depth, QLatin1Char('\t')) + ToQString(node.Text()) + QLatin1Char('\n');
-    for (const BaumNode* child : node.ChildNodes())
-        text += AsText(*child, depth + 1);
-    return text;
-}
-
-// In the spelling of the source where the node is that of an object.
-QString CodePathOf(const BaumNode& node) {
-    const CodeObject* object = modMain::GetObjectFromCodePath(node.Key());
-    return ToQString(object ? object->CodePathOrg() : node.Key());
-}
-
-bool HasCodePath(const BaumNode& node) {
-    return node.Kind() == NodeKind::Object;
 }
 
 }  // namespace
@@ -220,33 +200,6 @@ void BaumView::keyboardSearch(const QString& search) {
     } while (node != begin);
 }
 
-QString BaumView::TextOf(const BaumNode& node) {
-    return ToQString(node.Text());
-}
-
-QString BaumView::PathOf(const BaumNode& node) {
-    return HasCodePath(node) ? CodePathOf(node) : QString();
-}
-
-QString BaumView::TreeOf(const BaumNode& node) {
-    return AsText(node, 0);
-}
-
-void BaumView::CopyNode(const QModelIndex& index, QString (*what)(const BaumNode&)) const {
-    const BaumNode* node = model_->NodeAt(index);
-    if (const QString text = node ? what(*node) : QString(); !text.isEmpty())
-        QApplication::clipboard()->setText(text);
-}
-
-// The name for other programs, the key for other trees.
-void BaumView::Copy() {
-    QMimeData* mime = model_->mimeData({currentIndex()});
-    if (!mime)
-        return;
-    mime->setText(currentIndex().data().toString());
-    QApplication::clipboard()->setMimeData(mime);
-}
-
 void BaumView::keyPressEvent(QKeyEvent* event) {
     if (event == QKeySequence::Copy)
         return Copy();
@@ -305,23 +258,6 @@ void BaumView::contextMenuEvent(QContextMenuEvent* event) {
     ShowMenu(index, byMouse ? event->globalPos() : viewport()->mapToGlobal(visualRect(index).bottomLeft()));
 }
 
-void BaumView::ShowMenu(const QModelIndex& index, const QPoint& globalPos) {
-    const BaumNode* node = model_->NodeAt(index);
-    setCurrentIndex(index);  // shows what the menu is about
-    auto* menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    // By the key: the selection has come back by then, and the node may be gone.
-    const auto copy = [this, id = node->Id()](QString (*what)(const BaumNode&)) {
-        return [this, id, what] { CopyNode(model_->IndexOf(Tree().Find(id)), what); };
-    };
-    menu->addAction(TextNr(Text::CopyName), this, copy(TextOf));
-    menu->addAction(TextNr(Text::CopyCodePath), this, copy(PathOf))->setEnabled(HasCodePath(*node));
-    menu->addAction(TextNr(Text::CopyAsText), this, copy(TreeOf));
-    Commands::GiveLetters(menu->actions());
-    connect(menu, &QMenu::aboutToHide, this, &BaumView::ShowSelected);
-    menu->popup(globalPos);
-}
-
 void BaumView::paintEvent(QPaintEvent* event) {
     QTreeView::paintEvent(event);
     if (Tree().Count() > 0 || emptyText_.isEmpty())
@@ -360,65 +296,4 @@ bool BaumView::viewportEvent(QEvent* event) {
     else
         QToolTip::showText(help.globalPos(), text, viewport(), visualRect(index));
     return true;
-}
-
-QPixmap BaumView::DragPicture(const QModelIndex& index) const {
-    const QIcon icon = index.data(Qt::DecorationRole).value<QIcon>();
-    const QString text = fontMetrics().elidedText(index.data(Qt::DisplayRole).toString(), Qt::ElideMiddle,
-                                                  fontMetrics().averageCharWidth() * 40);
-    const QSize iconSize(style()->pixelMetric(QStyle::PM_SmallIconSize),
-                         style()->pixelMetric(QStyle::PM_SmallIconSize));
-    const int gap = iconSize.width() / 4;
-    const QSize size(iconSize.width() + fontMetrics().horizontalAdvance(text) + 3 * gap,
-                     std::max(iconSize.height(), fontMetrics().height()) + 2 * gap);
-    QPixmap picture(size * devicePixelRatioF());
-    picture.setDevicePixelRatio(devicePixelRatioF());
-    picture.fill(palette().color(QPalette::ToolTipBase));
-    QPainter painter(&picture);
-    painter.setFont(font());
-    painter.setPen(palette().color(QPalette::ToolTipText));
-    painter.drawRect(0, 0, size.width() - 1, size.height() - 1);
-    icon.paint(&painter, gap, (size.height() - iconSize.height()) / 2, iconSize.width(), iconSize.height());
-    painter.drawText(QRect(iconSize.width() + 2 * gap, 0, size.width(), size.height()), Qt::AlignVCenter, text);
-    return picture;
-}
-
-void BaumView::startDrag(Qt::DropActions) {
-    const QModelIndex index = currentIndex();
-    const BaumNode* node = model_->NodeAt(index);
-    if (!node)
-        return;
-    auto* drag = new QDrag(this);
-    drag->setMimeData(model_->mimeData({index}));
-    drag->setPixmap(DragPicture(index));
-    drag->setHotSpot(QPoint(-8, -8));
-    drag->exec(Qt::CopyAction);
-    ShowSelected();  // dragging a node away is not choosing it
-}
-
-void BaumView::TakeKeysOnly(QDropEvent& event) const {
-    if (acceptsKeys_ && event.mimeData()->hasFormat(QString::fromLatin1(kKeyMimeType)))
-        event.acceptProposedAction();
-    else
-        event.ignore();
-}
-
-void BaumView::dragEnterEvent(QDragEnterEvent* event) {
-    TakeKeysOnly(*event);
-}
-
-void BaumView::dragMoveEvent(QDragMoveEvent* event) {
-    TakeKeysOnly(*event);
-}
-
-void BaumView::dropEvent(QDropEvent* event) {
-    TakeKeysOnly(*event);
-    if (event->isAccepted())
-        TakeKeys(event->mimeData());
-}
-
-void BaumView::TakeKeys(const QMimeData* mime) {
-    const QByteArray key = mime ? mime->data(QString::fromLatin1(kKeyMimeType)) : QByteArray();
-    if (!key.isEmpty())
-        Q_EMIT KeyDropped(ActiveCodePage().FromUtf8(key.toStdString()));
 }

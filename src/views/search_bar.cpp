@@ -123,13 +123,23 @@ private:
 
 }  // namespace
 
-void HitsModel::SetHits(std::vector<Hit> hits) {
+void HitsModel::SetHits(const std::vector<Hit>& hits) {
     beginResetModel();
-    hits_ = std::move(hits);
+    hits_.clear();
+    for (const Hit& hit : hits) {
+        const CodeObject& object = *hit.object;
+        hits_.push_back(
+            {.name = ToQString(object.myNameOrg()),
+             .image = object.GetImageKey(),
+             .ranges = ShownRanges(object.myNameOrg(), hit.ranges),
+             .about = About(object),
+             .tip = ToQString(object.CodePathOrg()) + QStringLiteral(" \u00B7 ") + ToQString(ObjectKind(object)),
+             .codePath = object.CodePath()});
+    }
     endResetModel();
 }
 
-const Hit* HitsModel::HitAt(const QModelIndex& index) const {
+const HitsModel::Row* HitsModel::HitAt(const QModelIndex& index) const {
     const auto row = static_cast<std::size_t>(index.row());
     return index.isValid() && row < hits_.size() ? &hits_[row] : nullptr;
 }
@@ -139,23 +149,22 @@ int HitsModel::rowCount(const QModelIndex& parent) const {
 }
 
 QVariant HitsModel::data(const QModelIndex& index, int role) const {
-    const Hit* hit = HitAt(index);
+    const Row* hit = HitAt(index);
     if (!hit)
         return {};
-    const CodeObject& object = *hit->object;
     switch (role) {
         case NameRole:
         case Qt::DisplayRole:
-            return ToQString(object.myNameOrg());
+            return hit->name;
         case Qt::DecorationRole:
-            return IconFor(object.GetImageKey());
+            return IconFor(hit->image);
         case RangesRole:
-            return ShownRanges(object.myNameOrg(), hit->ranges);
+            return hit->ranges;
         case AboutRole:
-            return About(object);
+            return hit->about;
         case Qt::ToolTipRole:
         case Qt::AccessibleTextRole:
-            return ToQString(object.CodePathOrg()) + QStringLiteral(" \u00B7 ") + ToQString(ObjectKind(object));
+            return hit->tip;
         default:
             return {};
     }
@@ -281,10 +290,10 @@ void SearchBar::PlaceList() {
 }
 
 void SearchBar::Choose(const QModelIndex& index) {
-    const Hit* hit = model_->HitAt(index);
+    const HitsModel::Row* hit = model_->HitAt(index);
     if (!hit)
         return;
-    const std::string codePath = hit->object->CodePath();
+    const std::string codePath = hit->codePath;
     Close();
     field_->setCursorPosition(0);  // in a narrow field the beginning says more
     GiveFocusBack();

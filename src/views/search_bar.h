@@ -20,14 +20,23 @@ public:
     enum Role { NameRole = Qt::UserRole, RangesRole, AboutRole };
 
     using QAbstractListModel::QAbstractListModel;
-    void SetHits(std::vector<Hit> hits);
-    [[nodiscard]] const Hit* HitAt(const QModelIndex& index) const;
+    /// What is shown of a hit; it outlives the object.
+    struct Row {
+        QString name;
+        std::string_view image;
+        QVariantList ranges;  // of the name, start and length in turn
+        QString about;
+        QString tip;
+        std::string codePath;
+    };
+    void SetHits(const std::vector<Hit>& hits);
+    [[nodiscard]] const Row* HitAt(const QModelIndex& index) const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
 private:
-    std::vector<Hit> hits_;
+    std::vector<Row> hits_;
 };
 
 class SearchBar final : public QWidget {
