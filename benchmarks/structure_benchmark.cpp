@@ -1,5 +1,5 @@
-// Time of each stage of reading a project, on generated projects of 10,000 to 1,000,000 lines: all files read, maps
-// made, tokens cut, declarations and procedures read; and the growth of the whole from one size to the next.
+// Time of each stage of reading a project, on generated projects of 10,000 to 1,000,000 lines: files read, maps made,
+// tokens cut, whole modules read on one processor; and the growth of the whole from one size to the next.
 #include <benchmark/benchmark.h>
 #include <malloc.h>
 #include <unistd.h>
@@ -14,14 +14,11 @@
 #include "platform/files.h"
 #include "project/module_file.h"
 #include "project/start.h"
-#include "shell/settings.h"
 #include "source/comments.h"
 #include "source/cond_compile.h"
 #include "source/line_scan.h"
 #include "source/module_text.h"
 #include "source/tokens.h"
-#include "structure/module_reader.h"
-#include "structure/sections.h"
 
 namespace {
 
@@ -61,7 +58,7 @@ void MakeMaps(ModuleText& text) {
     const LineScan lines = ScanLines(text.ModulText());
     Comments_Initialisieren(text);
     Strings_Initialisieren(text);
-    CondCompile_Initialisieren(text, lines, gCondComps, "module Benchmark");
+    CondCompile_Initialisieren(text, lines, {{}, {"win32", "-1"}, {"win16", "0"}}, "module Benchmark");
 }
 
 // Lower case, comments, strings and conditional compilation.
@@ -95,45 +92,24 @@ void Tokens(benchmark::State& state) {
     SetRates(state, project.made);
 }
 
-// A project whose modules have their tokens; the two passes over the declarations and procedures are timed apart.
-void Reader(benchmark::State& state, bool procedures) {
+// All modules from files in memory, one after the other.
+void Modules(benchmark::State& state) {
     BenchmarkProject& project = ProjectOf(state.range(0));
+    std::vector<ModuleSource> sources;
+    for (const std::string& path : project.made.moduleFiles)
+        sources.push_back({path.ends_with(".frm")   ? ModuleKind::Form
+                           : path.ends_with(".cls") ? ModuleKind::Class
+                           : path.ends_with(".ctl") ? ModuleKind::UserControl
+                                                    : ModuleKind::Module,
+                           path});
     for (auto _ : state) {
-        state.PauseTiming();
         clsProjekt& projekt = NewProject(project);
-        for (const std::string& path : project.made.moduleFiles) {
-            clsModul& modul = projekt.Own(std::make_unique<clsModul>());
-            modul.ModulTyp = path.ends_with(".frm")   ? "form"
-                             : path.ends_with(".cls") ? "class"
-                             : path.ends_with(".ctl") ? "usercontrol"
-                                                      : "module";
-            modul.FullPath = path;
-            ModuleFile file = Read_ModuleFile(project.files, path, modul.ModulTyp);
-            Read_MyCodeName(projekt, modul, file);
-            if (procedures)
-                Modul_Einlesen(projekt, modul, file);
-            else
-                Modul_Aufbau_Lesen(projekt, modul, file);
-        }
-        state.ResumeTiming();
-        for (const auto& modul : projekt.OwnedModules()) {
-            ModuleReader reader(projekt, *modul);
-            if (procedures)
-                Analyse_BereichProc(reader);
-            else
-                Analyse_BereichVar(reader);
-        }
+        const ReadingContext context{projekt.TheFiles(), projekt.TheNames(), projekt.condComps};
+        for (const ModuleSource& source : sources)
+            benchmark::DoNotOptimize(Read_Module(context, source));
     }
     CloseProject();
     SetRates(state, project.made);
-}
-
-void Declarations(benchmark::State& state) {
-    Reader(state, false);
-}
-
-void Procedures(benchmark::State& state) {
-    Reader(state, true);
 }
 
 // Highest resident size since the last ResetPeak, in megabytes.
@@ -175,8 +151,7 @@ void Sizes(benchmark::internal::Benchmark* benchmark) {
 BENCHMARK(ReadFiles)->Apply(Sizes);
 BENCHMARK(Maps)->Apply(Sizes);
 BENCHMARK(Tokens)->Apply(Sizes);
-BENCHMARK(Declarations)->Apply(Sizes);
-BENCHMARK(Procedures)->Apply(Sizes);
+BENCHMARK(Modules)->Apply(Sizes);
 BENCHMARK(WholeLoad)->Apply(Sizes)->UseManualTime();
 BENCHMARK_CAPTURE(Growth, Load, LoadSeconds)->Apply(GrowthSizes);
 

@@ -16,7 +16,6 @@
 #include "model/clsProzedur.h"
 #include "model/clsType.h"
 #include "model/clsVariable.h"
-#include "model/names.h"
 #include "platform/code_page.h"
 #include "project/project_file.h"
 #include "project/start.h"
@@ -24,10 +23,9 @@
 #include "source/module_text.h"
 #include "source/tokens.h"
 
-/// Reads the project at `path`. Resets all state first, including the pool of names, so that memory does not grow.
+/// Reads the project at `path`. Resets all state first.
 inline clsProjekt& ReadProjectFrom(MemoryFiles& files, const std::string& path) {
     InitGlobals();
-    NamePool::Get().Reset();
     gProjekt = std::make_unique<clsProjekt>(files);
     gProjekt->FullPath = path;
     Projekt_Laden(*gProjekt);
@@ -58,18 +56,18 @@ inline void RequireSound(const clsModul& modul) {
         Require(
             tokens.PosOf(nr) >= std::max(tokens.PosOf(nr - 1), 1) && tokens.LenOf(nr) > 0 && tokens.EndOf(nr) <= end,
             "tokens have a text and stand in order");
-    for (const auto& object : modul.Owned()) {
+    for (const CodeObject* object : modul.Owned()) {
         RequirePlaced(*object, end);
         const clsCollection<clsVariable>* members = nullptr;
-        if (const auto* type = dynamic_cast<const clsType*>(object.get()))
-            members = &type->MyVars;
-        else if (const auto* einEnum = dynamic_cast<const clsEnum*>(object.get()))
-            members = &einEnum->MyVars;
-        else if (const auto* proc = dynamic_cast<const clsProzedur*>(object.get())) {
-            members = &proc->MyVars;
-            Require(std::max({proc->NamePos, proc->ArgListStart, proc->ArgListEnd}) <= end,
-                    "heads lie inside the text");
-            Require(std::max(proc->DeclareStartTNr, proc->DeclareEndTNr) <= tokens.Count() + 1,
+        if (object->Class() == ObjectClass::Type) {
+            members = &static_cast<const clsType*>(object)->MyVars;
+        } else if (object->Class() == ObjectClass::Enum) {
+            members = &static_cast<const clsEnum*>(object)->MyVars;
+        } else if (object->Class() == ObjectClass::Prozedur) {
+            const auto& proc = *static_cast<const clsProzedur*>(object);
+            members = &proc.MyVars;
+            Require(std::max({proc.NamePos, proc.ArgListStart, proc.ArgListEnd}) <= end, "heads lie inside the text");
+            Require(std::max(proc.DeclareStartTNr, proc.DeclareEndTNr) <= tokens.Count() + 1,
                     "procedures are made of tokens");
         }
         if (members)

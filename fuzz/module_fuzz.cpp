@@ -5,7 +5,9 @@
 #include "findings/calls_report.h"
 #include "findings/dead_objects.h"
 #include "findings/deaths_report.h"
-#include "project/module_file.h"
+#include "source/comments.h"
+#include "source/cond_compile.h"
+#include "source/line_scan.h"
 
 namespace {
 
@@ -42,29 +44,32 @@ const char* const kNearForm =
 
 // The map is created again on demand; it must equal the one that the tokens were read with.
 void RequireSameMapAgain(clsProjekt& projekt, const clsModul& modul) {
-    clsModul& again = projekt.Own(std::make_unique<clsModul>());
-    again.FullPath = modul.FullPath;
-    ModuleFile file = Read_ModuleFile(projekt.TheFiles(), again.FullPath, again.ModulTyp);
-    Read_MyCodeName(projekt, again, file);
-    Modul_Aufbau_Lesen(projekt, again, file);
+    ModuleText again(std::string(modul.text->ModulTextOrg()));
+    const LineScan lines = ScanLines(again.ModulText());
+    Comments_Initialisieren(again);
+    Strings_Initialisieren(again);
+    {
+        const MutedErrors told;
+        CondCompile_Initialisieren(again, lines, projekt.condComps, "module again");
+    }
+    (void)Analyse_Parsen(again);
     for (Pos pos = 0; pos <= modul.text->CharCount(); ++pos)
-        Require(modul.text->FlagsAt(pos) == again.text->FlagsAt(pos), "a map made again is the first one");
+        Require(modul.text->FlagsAt(pos) == again.FlagsAt(pos), "a map made again is the first one");
 }
 
-// An edge with both its ends, without its number.
-using Edge = std::tuple<const CodeObject*, const clsProzedur*, const clsModul*, Pos, CallType>;
+// An edge with both its ends.
+using Edge = std::tuple<const CodeObject*, const CodeObject*, Pos, CallType>;
 
 std::vector<Edge> SoundEdges(const clsProjekt& projekt) {
     std::vector<Edge> edges;
-    std::int32_t before = 0;
     projekt.calls.ForEach([&](const clsCall& call) {
-        Require(call.CallNr > before, "the numbers of edges rise");
-        before = call.CallNr;
-        Require(call.Parent && (call.CallProcedure() == nullptr) != (call.CallModule() == nullptr),
-                "an edge has a target and one caller");
-        const clsModul& modul = call.CallProcedure() ? *call.CallProcedure()->Modul : *call.CallModule();
-        Require(call.CallPos >= 1 && call.CallPos <= modul.text->CharCount(), "an edge starts inside its module");
-        edges.emplace_back(call.Parent, call.CallProcedure(), call.CallModule(), call.CallPos, call.Type());
+        Require((call.CallProcedure() == nullptr) != (call.CallModule() == nullptr), "an edge has one caller");
+        Require(call.CallPos >= 1 && call.CallPos <= call.CallerModule().text->CharCount(),
+                "an edge starts inside its module");
+        const IncomingEdges incoming =
+            call.Type() == CallType::Use ? call.Parent->UsedByAll() : call.Parent->CalledByAll();
+        Require(std::find(incoming.begin(), incoming.end(), &call) != incoming.end(), "a target knows its edges");
+        edges.emplace_back(call.Parent, &call.Caller(), call.CallPos, call.Type());
     });
     return edges;
 }
@@ -75,11 +80,12 @@ void RequireSoundCalls(clsProjekt& projekt) {
     const std::vector<Edge> first = SoundEdges(projekt);
     Tote_Untote_Kennzeichnen(projekt);
     for (const clsModul* modul : projekt.AllModules())
-        for (clsProzedur* prozedur : modul->MyProcs) {
+        for (const clsProzedur* prozedur : modul->MyProcs) {
             Require((prozedur->IsDeath == 1) <= (prozedur->CalledByAll().Count() == 0), "nothing calls the dead");
-            Check_ProcVars_Calls(projekt, *prozedur);
+            for (const LocalUse& use : Check_ProcVars_Calls(*prozedur))
+                Require(use.variable->Prozedur == prozedur && use.pos <= prozedur->DeclareEnd,
+                        "locals are used in their procedure");
         }
-    SoundEdges(projekt);
     AnalyseErgebnisCalls(projekt);
     AnalyseErgebnisDeaths(projekt, DeathsReportPath(projekt));
     for (const clsModul* modul : projekt.AllModules())
@@ -88,7 +94,7 @@ void RequireSoundCalls(clsProjekt& projekt) {
     WriteJson(out, projekt, {true, true});
     Require(nlohmann::json::accept(out.str()), "the JSON with the edges is well-formed");
     Remove_All_Calls(projekt);
-    Require(projekt.calls.Count() == 0, "all edges are taken away");
+    Require(projekt.calls.Count() == 0, "all edges are removed");
     Who_Calls_Who(projekt);
     Require(SoundEdges(projekt) == first, "the same edges are made again");
     Remove_All_Calls(projekt);
@@ -107,7 +113,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     clsProjekt& projekt = ReadProjectFrom(files, "p\\P.vbp");
     const clsModul& modul = *projekt.OwnedModules().front();
     Require(modul.FullPath == kind.file, "the module of the line is read");
-    const bool isKnown = modul.text && projekt.ModulesOf(modul.ModulTyp).Item(modul.CodePathKey()) == &modul;
+    const bool isKnown = modul.text && projekt.ModulesOf(modul.ModulTyp).Item(modul.NameKey()) == &modul;
     Require(isKnown == (modul.text != nullptr), "a module with a text is in the project");
     RequireSound(projekt);
     if (modul.text)

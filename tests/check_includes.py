@@ -6,7 +6,7 @@ import pathlib
 import re
 import sys
 
-ANALYSIS = ["platform", "shell", "source", "model", "structure", "libraries", "project", "calls", "findings", "display"]
+ANALYSIS = ["platform", "shell", "source", "model", "structure", "libraries", "calls", "findings", "project", "display"]
 WITH_QT = ["views", "xgraph", "desktop"]
 
 # Room to the rooms whose headers it may include besides its own.
@@ -17,9 +17,9 @@ MAY_INCLUDE = {
     "model": ["source", "shell", "platform"],
     "structure": ["source", "model", "shell", "platform"],
     "libraries": ["model", "source", "shell", "platform"],
-    "project": ["structure", "libraries", "source", "model", "shell", "platform"],
     "calls": ["structure", "source", "model", "shell", "platform"],
-    "findings": ["calls", "project", "structure", "libraries", "source", "model", "shell", "platform"],
+    "findings": ["calls", "structure", "libraries", "source", "model", "shell", "platform"],
+    "project": ["findings", "calls", "structure", "libraries", "source", "model", "shell", "platform"],
     "display": [room for room in ANALYSIS if room != "display"],
     "views": ANALYSIS + ["xgraph"],
     "xgraph": ANALYSIS,

@@ -18,7 +18,7 @@ public:
           tokens_(reader.tokens),
           names_(names),
           found_(found),
-          clause_(found, reader.modul, nullptr, names) {}
+          clause_(found, reader.modul, reader.modul, names) {}
 
     void Run(int& nr, int last) {
         for (; nr <= last; ++nr) {
@@ -39,7 +39,7 @@ private:
         WordMeaning& meaning = names_.Of(reader_.Word(nr));
         CodeObject* object = modMain::Get_Objekt_AusName(names_, meaning, AccessMode::Read);
         if (object && object->Class() == ObjectClass::Variable && static_cast<clsVariable*>(object)->IsConst)
-            found_.CallCreateVarInDecl(*object, reader_.modul, CallType::Really, tokens_.PosOf(nr));
+            found_.CallCreate(*object, reader_.modul, CallType::Really, tokens_.PosOf(nr));
     }
 
     // Reads the value after "=", up to the comma that ends it.

@@ -1,15 +1,11 @@
-// Runs the analysis of calls over a project or one module, and takes all edges away again.
+// Runs the analysis of calls over a project, and removes its result.
 #pragma once
 
-class clsModul;
 class clsProjekt;
 
-/// All modules: standard modules, forms, classes, user controls. A set gAbort ends it between two modules and leaves
-/// the edges made so far. Running it twice without Remove_All_Calls doubles all edges.
+/// Makes the graph of all calls and uses, in the order standard modules, forms, classes, user controls; what was known
+/// before is gone. A set gAbort ends it between two modules: the graph then has the edges of those before.
 void Who_Calls_Who(clsProjekt& projekt);
 
-/// Edges of one module's declarations section and procedures; its lower-case text is freed at the end.
-void Analyse_Calls(clsProjekt& projekt, clsModul& modul);
-
-/// Takes all edges and marks away. Numbers are not used again.
+/// Removes all edges and clears the marks.
 void Remove_All_Calls(clsProjekt& projekt);

@@ -30,11 +30,9 @@ constexpr bool IsDigit(char c) {
 
 }  // namespace
 
-void NumberKeywords() {
-    if (KeywordOf(Name::Find("as")) == Keyword::As)
-        return;
+void NumberKeywords(Names& names) {
     for (const auto& [word, keyword] : kKeywords)
-        Name(word).SetTag(static_cast<std::uint8_t>(keyword));
+        names.Intern(word).SetTag(static_cast<std::uint8_t>(keyword));
 }
 
 bool IsNumericAtAll(std::string_view word) {

@@ -36,8 +36,8 @@ enum class Keyword : std::uint8_t {
     Other,  // not a name, no further meaning
 };
 
-/// Assigns the numbers to the names of the keywords; returns at once if they have them.
-void NumberKeywords();
+/// Assigns the numbers to the names of the keywords.
+void NumberKeywords(Names& names);
 
 [[nodiscard]] inline Keyword KeywordOf(Name name) {
     return name.Known() ? static_cast<Keyword>(name.Tag()) : Keyword::None;

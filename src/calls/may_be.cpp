@@ -56,7 +56,7 @@ void Analyse_SetMayBeCalls(FoundCalls& found, clsProzedur& prozedur, const Modul
         for (CodeObject* object : own->Objects())
             if (IsPrivateTarget(*object, *prozedur.Modul, mode))
                 found.CallCreate(*object, prozedur, CallType::MayBe, pos);
-    if (const clsSpaceName* everywhere = ModuleNames::Everywhere(member))
+    if (const clsSpaceName* everywhere = names.Everywhere(member))
         for (CodeObject* object : everywhere->Objects())
             if (IsPublicTarget(*object, mode))
                 found.CallCreate(*object, prozedur, CallType::MayBe, pos);

@@ -13,32 +13,30 @@
 #include "model/name_space.h"
 
 class ModuleNames;
+class clsProjekt;
 
 /// A word as it stands in the text.
 class WordMeaning {
 public:
-    Name name;  // not Known() when no object bears it and it is no keyword
+    Name name;  // not Known() when no object has it and it is no keyword
     Keyword keyword = Keyword::None;
     bool isNumber = false;
 
 private:
     friend class ModuleNames;
+    bool everywhereKnown_ = false;
     std::uint32_t ownStamp_ = 0;  // of the module that own_ was looked up in
     const clsSpaceName* own_ = nullptr;
+    const clsSpaceName* everywhere_ = nullptr;
 };
 
 /// Good as long as no name and no name space changes.
 class ModuleNames {
 public:
-    ModuleNames() : tables_(std::make_unique<Tables>()) {}
-    ModuleNames(const ModuleNames&) = delete;
-    ModuleNames& operator=(const ModuleNames&) = delete;
+    explicit ModuleNames(const clsProjekt& projekt);
 
-    /// Turns to a module. Its own names are remembered at once: most of them will come, and together they are found
-    /// sooner than one by one.
+    /// Turns to a module. Its own names are remembered at once: most of them will come, and here no search finds them.
     void TurnTo(const clsModul& modul);
-    /// Remembers a name whose word will come soon.
-    void Expect(Name name) { (void)LineFor(name); }
     /// The meaning of a word that is not empty; good until the next call.
     [[nodiscard]] WordMeaning& Of(std::string_view word) {
         const Key key = KeyOf(word);
@@ -48,7 +46,7 @@ public:
             Fill(line, key, word);
         return line.meaning;
     }
-    /// The bearers of a word in the module and the public ones; null when there is none.
+    /// The objects of this name in the module; null when there is none.
     [[nodiscard]] const clsSpaceName* Own(WordMeaning& meaning) const {
         if (meaning.ownStamp_ != stamp_) {
             meaning.ownStamp_ = stamp_;
@@ -56,18 +54,27 @@ public:
         }
         return meaning.own_;
     }
-    [[nodiscard]] static const clsSpaceName* Everywhere(const WordMeaning& meaning) {
-        return meaning.name.Known() ? gPublicNameSpace.Bearers(meaning.name) : nullptr;
+    /// The public objects of this name; null when there is none.
+    [[nodiscard]] const clsSpaceName* Everywhere(WordMeaning& meaning) const {
+        if (!meaning.everywhereKnown_) {
+            meaning.everywhereKnown_ = true;
+            meaning.everywhere_ = meaning.name.Known() ? public_.Item(meaning.name) : nullptr;
+        }
+        return meaning.everywhere_;
     }
-    /// The bearers of a name in the name space of any module; null when there is none.
-    [[nodiscard]] const clsSpaceName* Bearers(const NameSpace& nameSpace, Name name) {
+    /// The objects of a name in the name space of any module; null when there is none.
+    [[nodiscard]] const clsSpaceName* In(const NameSpace& nameSpace, Name name) {
         if (!name.Known())
             return nullptr;
         Look& look = tables_->looks[(name.Hash() ^ reinterpret_cast<std::uintptr_t>(&nameSpace) / 64) % kLooks];
         if (look.nameSpace != &nameSpace || look.name != name) [[unlikely]]
             look = {&nameSpace, name, nameSpace.Item(name)};
-        return look.bearers;
+        return look.found;
     }
+    /// The public ones.
+    [[nodiscard]] const clsSpaceName* InPublic(Name name) { return In(public_, name); }
+    /// The pool of the project.
+    [[nodiscard]] const Names& Pool() const { return pool_; }
 
 private:
     static constexpr int kBits = 11;
@@ -78,8 +85,7 @@ private:
         std::uint64_t head;
         std::uint64_t tail;
     };
-    // As long as a cache line.
-    struct alignas(64) Line {
+    struct Line {
         std::uint64_t head = 0;
         std::uint64_t tail = 0;
         std::size_t length = 0;
@@ -88,7 +94,7 @@ private:
     struct Look {
         const NameSpace* nameSpace = nullptr;
         Name name;
-        const clsSpaceName* bearers = nullptr;
+        const clsSpaceName* found = nullptr;
     };
     struct Tables {
         std::array<Line, std::size_t{1} << kBits> words;
@@ -113,17 +119,18 @@ private:
         const auto byte = [from](std::size_t i) { return std::uint64_t{static_cast<unsigned char>(from[i])}; };
         return {byte(0) << 16 | byte(size / 2) << 8 | byte(size - 1), size};
     }
-    // Long words that nothing bears are not remembered.
+    // Long words that no object has are not remembered.
     static bool IsSameLong(const Line& line, std::string_view word) {
         return line.meaning.name.Known() && line.meaning.name.View() == word;
     }
     [[nodiscard]] Line& LineOf(const Key& key) {
         return tables_->words[(key.head * 0x9E3779B97F4A7C15U ^ key.tail * 0xD6E8FEB86659FD93U) >> (64 - kBits)];
     }
-    Line* LineFor(Name name);
-    static void Enter(Line& line, Key key, std::size_t length, Name name);
-    static void Fill(Line& line, Key key, std::string_view word);
+    static void Enter(Line& line, Key key, Name name);
+    void Fill(Line& line, Key key, std::string_view word) const;
 
+    const Names& pool_;
+    const NameSpace& public_;
     const clsModul* modul_ = nullptr;
     std::uint32_t stamp_ = 0;
     std::unique_ptr<Tables> tables_;

@@ -15,6 +15,7 @@
 #include "calls/resolve.h"
 #include "calls/type_clause.h"
 #include "model/clsControl.h"
+#include "model/clsProjekt.h"
 #include "structure/module_reader.h"
 
 namespace {
@@ -50,14 +51,15 @@ private:
 
 class ProcedureCalls {
 public:
-    ProcedureCalls(ModuleReader& reader, ModuleNames& names, clsProzedur& prozedur, FoundCalls& found)
+    ProcedureCalls(const clsProjekt& projekt, ModuleReader& reader, ModuleNames& names, clsProzedur& prozedur,
+                   FoundCalls& found)
         : reader_(reader),
           tokens_(reader.tokens),
-          projekt_(reader.projekt),
+          projekt_(projekt),
           names_(names),
           proc_(prozedur),
           found_(found),
-          clause_(found, reader.modul, &prozedur, names),
+          clause_(found, reader.modul, prozedur, names),
           last_(prozedur.DeclareEndTNr - 1) {}
 
     void Run() {
@@ -271,7 +273,7 @@ private:
         if (withActive_) {
             const bool opensStatement = !tokens_.ContinuesStatement(nr) || !tokens_.ContinuesStatement(nr - 1);
             if (opensStatement)
-                return modMain::Get_Child(projekt_, withObject_, meaning.name, mode_, &names_);
+                return modMain::Get_Child(projekt_, withObject_, meaning.name, mode_, names_);
             if (OpensWithMember()) {
                 mode_ = AccessMode::Read;
                 parent = withObject_;
@@ -280,7 +282,7 @@ private:
             }
         }
         // Without a chain there is no member to look up; the search for possible calls still finds candidates.
-        CodeObject* member = parent ? modMain::Get_Child(projekt_, parent, meaning.name, mode_, &names_) : nullptr;
+        CodeObject* member = parent ? modMain::Get_Child(projekt_, parent, meaning.name, mode_, names_) : nullptr;
         if (!member)
             Analyse_SetMayBeCalls(found_, proc_, names_, meaning, mode_, tokens_.PosOf(nr));
         return member;
@@ -435,7 +437,8 @@ private:
 
 }  // namespace
 
-void Analyse_CallsProc(ModuleReader& reader, ModuleNames& names, clsProzedur& prozedur, FoundCalls& found) {
+void Analyse_CallsProc(const clsProjekt& projekt, ModuleReader& reader, ModuleNames& names, clsProzedur& prozedur,
+                       FoundCalls& found) {
     if (prozedur.DeclareStartTNr > 0)
-        ProcedureCalls(reader, names, prozedur, found).Run();
+        ProcedureCalls(projekt, reader, names, prozedur, found).Run();
 }

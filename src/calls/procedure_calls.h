@@ -4,8 +4,10 @@
 class FoundCalls;
 class ModuleNames;
 class ModuleReader;
+class clsProjekt;
 class clsProzedur;
 
 /// Finds the edges of one procedure, including its head.
 /// @param names  set to its module
-void Analyse_CallsProc(ModuleReader& reader, ModuleNames& names, clsProzedur& prozedur, FoundCalls& found);
+void Analyse_CallsProc(const clsProjekt& projekt, ModuleReader& reader, ModuleNames& names, clsProzedur& prozedur,
+                       FoundCalls& found);

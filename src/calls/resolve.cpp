@@ -15,27 +15,15 @@ std::span<CodeObject* const> Objects(const clsSpaceName* entry) {
     return entry ? entry->Objects() : std::span<CodeObject* const>();
 }
 
-std::span<CodeObject* const> PublicBearersOf(Name name) {
-    return Objects(name.Known() ? gPublicNameSpace.Bearers(name) : nullptr);
-}
-
-std::span<CodeObject* const> BearersOf(const clsModul& modul, Name name, ModuleNames* names) {
-    if (names)
-        return Objects(names->Bearers(modul.PrivNameSpace, name));
-    return Objects(name.Known() ? modul.PrivNameSpace.Bearers(name) : nullptr);
-}
-
 std::string_view LastPart(std::string_view type) {
     const auto point = type.rfind('.');
     return point == std::string_view::npos ? type : type.substr(point + 1);
 }
 
 // The name after the last point of a type name.
-Name LastPart(Name type) {
-    if (!type.Known())
-        return type;
+Name LastPart(Name type, const Names& pool) {
     const std::string_view last = LastPart(type.View());
-    return last.size() == type.View().size() ? type : Name::Find(last);
+    return last.size() == type.View().size() ? type : pool.Find(last);
 }
 
 // The module whose name space an object uses to look up types.
@@ -92,7 +80,7 @@ CodeObject* OwnObject(std::span<CodeObject* const> bearers, AccessMode mode) {
 }
 
 CodeObject* TypeOfControl(const clsProjekt& projekt, const clsControl& control) {
-    const Name key = LastPart(control.type);
+    const Name key = LastPart(control.type, projekt.TheNames());
     return key.Known() ? projekt.UserControls.Item(key) : nullptr;
 }
 
@@ -113,34 +101,18 @@ bool MatchesMode(const clsProzedur& prozedur, AccessMode mode) {
     return false;
 }
 
-CodeObject* Get_Object_Aus_NameM(const clsModul& modul, Name name, AccessMode mode, ModuleNames* names) {
-    return OwnObject(BearersOf(modul, name, names), mode);
-}
-
-CodeObject* Get_Typ_AusNameM(const clsModul& modul, Name typeName, ModuleNames* names) {
-    for (CodeObject* object : BearersOf(modul, typeName, names))
-        if (object->Class() == ObjectClass::Enum || object->Class() == ObjectClass::Type)
-            return object;
-    return nullptr;
-}
-
-CodeObject* modMain::Get_Objekt_AusName(const CodeObject* context, Name name, AccessMode mode) {
-    if (!context || (context->Class() != ObjectClass::Prozedur && context->Class() != ObjectClass::Modul))
-        return nullptr;
-    CodeObject* object = Get_Object_Aus_NameM(*ModuleOf(context), name, mode);
-    return object ? object : PublicObject(PublicBearersOf(name), mode);
-}
-
 CodeObject* modMain::Get_Objekt_AusName(const ModuleNames& names, WordMeaning& word, AccessMode mode) {
     CodeObject* object = OwnObject(Objects(names.Own(word)), mode);
-    return object ? object : PublicObject(Objects(ModuleNames::Everywhere(word)), mode);
+    return object ? object : PublicObject(Objects(names.Everywhere(word)), mode);
 }
 
-CodeObject* modMain::Get_Typ_AusName(const CodeObject* context, Name typeName, ModuleNames* names) {
+CodeObject* modMain::Get_Typ_AusName(const CodeObject* context, Name typeName, ModuleNames& names) {
     if (const clsModul* modul = ModuleOf(context))
-        if (CodeObject* type = Get_Typ_AusNameM(*modul, typeName, names))
-            return type;
-    for (CodeObject* object : PublicBearersOf(LastPart(typeName))) {
+        for (CodeObject* object : Objects(names.In(modul->PrivNameSpace, typeName)))
+            if (object->Class() == ObjectClass::Enum || object->Class() == ObjectClass::Type)
+                return object;
+    const Name last = typeName.Known() ? LastPart(typeName, names.Pool()) : typeName;
+    for (CodeObject* object : Objects(names.InPublic(last))) {
         switch (object->Class()) {
             case ObjectClass::Enum:
             case ObjectClass::Type:
@@ -158,7 +130,7 @@ CodeObject* modMain::Get_Typ_AusName(const CodeObject* context, Name typeName, M
 }
 
 CodeObject* modMain::Get_Child(const clsProjekt& projekt, CodeObject* object, Name member, AccessMode mode,
-                               ModuleNames* names) {
+                               ModuleNames& names) {
     if (!object || !member.Known())
         return nullptr;
     CodeObject* type = nullptr;
@@ -186,25 +158,8 @@ CodeObject* modMain::Get_Child(const clsProjekt& projekt, CodeObject* object, Na
         case ObjectClass::Type:
             return static_cast<clsType*>(type)->MyVars.Item(member);
         case ObjectClass::Modul:
-            return Get_Object_Aus_NameM(*static_cast<clsModul*>(type), member, mode, names);
+            return OwnObject(Objects(names.In(static_cast<clsModul*>(type)->PrivNameSpace, member)), mode);
         default:
             return nullptr;
-    }
-}
-
-std::string_view modMain::Get_DatenTypStr(const CodeObject* object) {
-    if (!object)
-        return {};
-    switch (object->Class()) {
-        case ObjectClass::Modul:
-            return object->MyName();
-        case ObjectClass::Variable:
-            return LastPart(static_cast<const clsVariable*>(object)->DatenTyp());
-        case ObjectClass::Prozedur:
-            return LastPart(static_cast<const clsProzedur*>(object)->DatenTyp());
-        case ObjectClass::Control:
-            return LastPart(static_cast<const clsControl*>(object)->DatenTyp());
-        default:
-            return {};
     }
 }

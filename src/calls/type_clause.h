@@ -8,8 +8,9 @@
 
 class TypeClause {
 public:
-    TypeClause(FoundCalls& found, clsModul& modul, clsProzedur* procedure, ModuleNames& names)
-        : found_(found), modul_(modul), procedure_(procedure), names_(names) {}
+    /// @param caller  the procedure, or the module for its declarations section
+    TypeClause(FoundCalls& found, clsModul& modul, CodeObject& caller, ModuleNames& names)
+        : found_(found), modul_(modul), caller_(caller), names_(names) {}
 
     /// "as" at bracket depth `depth`: a type begins.
     void Begin(int depth) {
@@ -29,10 +30,10 @@ public:
 
     void Part(Name word, Pos pos) {
         const CodeObject* context = hasPart_ ? part_ : &modul_;
-        part_ = word.Known() ? modMain::Get_Typ_AusName(context, word, &names_) : nullptr;
+        part_ = word.Known() ? modMain::Get_Typ_AusName(context, word, names_) : nullptr;
         hasPart_ = true;
         if (part_)
-            found_.CallUseCreate(*part_, procedure_, modul_, pos);
+            found_.CallUseCreate(*part_, caller_, pos);
     }
 
 private:
@@ -42,7 +43,7 @@ private:
     }
     FoundCalls& found_;
     clsModul& modul_;
-    clsProzedur* procedure_;
+    CodeObject& caller_;
     ModuleNames& names_;
     CodeObject* part_ = nullptr;
     bool hasPart_ = false;

@@ -3,7 +3,9 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 #include <ostream>
+#include <unordered_set>
 
+#include "findings/dead_objects.h"
 #include "model/clsControl.h"
 #include "model/clsEnum.h"
 #include "model/clsProjekt.h"
@@ -64,22 +66,40 @@ private:
     std::vector<Pos> lineFeeds_;
 };
 
-void WriteEdges(std::ostream& out, const clsProjekt& projekt) {
+// The uses of arguments and locals come after all edges of the project.
+void WriteEdges(std::ostream& out, const clsProjekt& projekt, const std::vector<LocalUse>& localUses) {
     ArrayWriter edges(out, "edges");
     LineNumbers lines;
-    projekt.calls.ForEach([&](const clsCall& call) {
-        const CodeObject& caller =
-            call.CallProcedure() ? static_cast<const CodeObject&>(*call.CallProcedure()) : *call.CallModule();
-        const clsModul& modul = call.CallProcedure() ? *call.CallProcedure()->Modul : *call.CallModule();
-        edges.Add({{"nr", call.CallNr},
-                   {"kind", call.Type() == CallType::Really  ? "really"
-                            : call.Type() == CallType::MayBe ? "maybe"
-                                                             : "use"},
+    int nr = 0;
+    const auto add = [&](std::string_view kind, const CodeObject& caller, const clsModul& modul, Pos pos,
+                         const CodeObject& target) {
+        edges.Add({{"nr", ++nr},
+                   {"kind", kind},
                    {"from", Utf8(caller.CodePath())},
-                   {"pos", call.CallPos},
-                   {"line", lines.Of(modul, call.CallPos)},
-                   {"to", Utf8(call.Parent->CodePath())}});
+                   {"pos", pos},
+                   {"line", lines.Of(modul, pos)},
+                   {"to", Utf8(target.CodePath())}});
+    };
+    projekt.calls.ForEach([&](const clsCall& call) {
+        add(call.Type() == CallType::Really  ? "really"
+            : call.Type() == CallType::MayBe ? "maybe"
+                                             : "use",
+            call.Caller(), call.CallerModule(), call.CallPos, *call.Parent);
     });
+    for (const LocalUse& use : localUses)
+        add("really", *use.variable->Prozedur, *use.variable->Modul, use.pos, *use.variable);
+}
+
+std::vector<LocalUse> LocalUsesOf(const clsProjekt& projekt) {
+    std::vector<LocalUse> uses;
+    for (const clsModul* modul : projekt.AllModules()) {
+        for (const clsProzedur* prozedur : modul->MyProcs) {
+            const std::vector<LocalUse> ofProcedure = Check_ProcVars_Calls(*prozedur);
+            uses.insert(uses.end(), ofProcedure.begin(), ofProcedure.end());
+        }
+        modul->text->ReleaseModulText();
+    }
+    return uses;
 }
 
 Json ObjectJson(const CodeObject& object, std::string_view kind, std::string_view type) {
@@ -99,12 +119,13 @@ Json ObjectJson(const CodeObject& object, std::string_view kind, std::string_vie
 
 class ObjectWriter {
 public:
-    ObjectWriter(ArrayWriter& objects, bool localsChecked) : objects_(objects), localsChecked_(localsChecked) {}
+    /// @param used  the arguments and locals that are used; null when nobody looked
+    ObjectWriter(ArrayWriter& objects, const std::unordered_set<const clsVariable*>* used)
+        : objects_(objects), used_(used) {}
 
     // Objects of a module that its collections hold; a dropped namesake stands in none.
     void Modul(const clsModul& modul) {
-        for (const auto& owned : modul.Owned()) {
-            CodeObject* object = owned.get();
+        for (CodeObject* object : modul.Owned()) {
             switch (object->Class()) {
                 case ObjectClass::Control:
                     if (modul.MyControls.Item(object->NameKey()) == object)
@@ -169,26 +190,27 @@ private:
         json["const"] = variable.IsConst;
         if (variable.isResult)
             json["result"] = true;
-        else if (localsChecked_ && variable.Prozedur && !variable.Prozedur->isDeclare)
-            json["unused"] = variable.CalledByAll().Count() == 0;
+        else if (used_ && variable.Prozedur && !variable.Prozedur->isDeclare)
+            json["unused"] = !used_->contains(&variable);
         objects_.Add(json);
     }
 
     ArrayWriter& objects_;
-    bool localsChecked_;
+    const std::unordered_set<const clsVariable*>* used_;
 };
 
 // Calls `use` for every module that stands in the project's collections, in the order of the project file.
 template <class Use>
 void ForEachModule(clsProjekt& projekt, Use use) {
     for (const auto& modul : projekt.OwnedModules())
-        if (projekt.ModulesOf(modul->ModulTyp).Item(modul->CodePathKey()) == modul.get())
+        if (projekt.ModulesOf(modul->ModulTyp).Item(modul->NameKey()) == modul.get())
             use(*modul);
 }
 
 }  // namespace
 
 void WriteJson(std::ostream& out, clsProjekt& projekt, const JsonParts& parts) {
+    const std::vector<LocalUse> localUses = parts.localsChecked ? LocalUsesOf(projekt) : std::vector<LocalUse>();
     const Json head = {{"name", Utf8(projekt.MyName)},
                        {"path", Utf8(projekt.FullPath)},
                        {"code", projekt.AnzCodeZeilen},
@@ -201,11 +223,14 @@ void WriteJson(std::ostream& out, clsProjekt& projekt, const JsonParts& parts) {
     }
     {
         ArrayWriter objects(out, "objects");
-        ObjectWriter writer(objects, parts.localsChecked);
+        std::unordered_set<const clsVariable*> used;
+        for (const LocalUse& use : localUses)
+            used.insert(use.variable);
+        ObjectWriter writer(objects, parts.localsChecked ? &used : nullptr);
         ForEachModule(projekt, [&](const clsModul& modul) { writer.Modul(modul); });
     }
     if (parts.edges)
-        WriteEdges(out, projekt);
+        WriteEdges(out, projekt, localUses);
     {
         ArrayWriter libraries(out, "libraries");
         for (const auto& library : projekt.OwnedLibraries())

@@ -147,7 +147,7 @@ int Run(const Options& options) {
         return NothingAnalysed;
     }
     SettingsFile settings(files, gIniFile);
-    StartProgram(files, settings, nullptr, programDirectory);
+    const Settings stored = StartProgram(files, settings, nullptr, programDirectory);
     if (!options.language.empty()) {
         gText.Language = options.language;
         gText.SetLanguage(files, programDirectory);
@@ -160,6 +160,7 @@ int Run(const Options& options) {
     }
     gProjekt = std::make_unique<clsProjekt>(files);
     gProjekt->FullPath = options.project;
+    gProjekt->CondComps_Win32_Win16(stored.Win32 == 1);
     for (const std::string& define : options.defines) {
         std::pair<std::string, std::string> constant;
         if (!SplitDefine(define, constant)) {
@@ -189,14 +190,9 @@ int Run(const Options& options) {
 
     const bool reportsWritten = WriteReports(files, options, *gProjekt);
     const double callMilliseconds = options.noCalls ? -1 : callTimer.LastRun;
-    // Made before the check of the locals, whose edges are not counted.
     const std::string summary =
         options.quiet ? std::string()
                       : SummaryText(*gProjekt, gText.Language == "german", timer.LastRun, callMilliseconds);
-    if (options.checkLocals)
-        for (const clsModul* modul : gProjekt->AllModules())
-            for (clsProzedur* prozedur : modul->MyProcs)
-                Check_ProcVars_Calls(*gProjekt, *prozedur);
     const bool jsonWritten = WriteJsonFile(options);
     for (const Problem& problem : Problems())
         std::cerr << Shown(problem.subject) << ": " << Shown(problem.text) << " (" << Shown(problem.tag) << ")\n";

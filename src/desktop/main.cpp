@@ -3,7 +3,6 @@
 #include <QFileInfo>
 
 #include "platform/files.h"
-#include "platform/memory.h"
 #include "platform/registry.h"
 #include "platform/settings_file.h"
 #include "project/start.h"
@@ -17,7 +16,6 @@
 #include "views/window_style.h"
 
 int main(int argc, char** argv) {
-    UseLargePages();
     QApplication app(argc, argv);
     QApplication::setStyle(new WindowStyle);
     QApplication::setApplicationName(ToQString(kProgramTitle));

@@ -9,7 +9,6 @@
 
 #include "calls/edges.h"
 #include "display/baum.h"
-#include "display/code_paths.h"
 #include "display/project_tree.h"
 #include "display/tree_checks.h"
 #include "display/tree_marks.h"
@@ -97,18 +96,18 @@ BaumNode* ObtainGroup(const CodeObject& object, TreeGroup group, Baum& tree) {
     return node;
 }
 
-BaumNode* ObtainNode(const CodeObject& object, Baum& tree, PathBuffer& path);
+BaumNode* ObtainNode(const CodeObject& object, Baum& tree);
 
 // What an object's node stands below.
-BaumNode* ObtainParent(const CodeObject& object, Baum& tree, PathBuffer& path) {
+BaumNode* ObtainParent(const CodeObject& object, Baum& tree) {
     if (object.Class() == ObjectClass::Variable) {
         const auto& variable = static_cast<const clsVariable&>(object);
         if (variable.Prozedur)
-            return ObtainNode(*variable.Prozedur, tree, path);
+            return ObtainNode(*variable.Prozedur, tree);
         if (variable.MyType)
-            return ObtainNode(*variable.MyType, tree, path);
+            return ObtainNode(*variable.MyType, tree);
         if (variable.MyEnum)
-            return ObtainNode(*variable.MyEnum, tree, path);
+            return ObtainNode(*variable.MyEnum, tree);
     }
     const std::optional<TreeGroup> group = GroupOf(object);
     if (group && object.Modul)
@@ -116,19 +115,19 @@ BaumNode* ObtainParent(const CodeObject& object, Baum& tree, PathBuffer& path) {
     return object.myLibrary ? ObtainLibrary(*object.myLibrary, tree) : nullptr;
 }
 
-BaumNode* ObtainNode(const CodeObject& object, Baum& tree, PathBuffer& path) {
+BaumNode* ObtainNode(const CodeObject& object, Baum& tree) {
     if (object.Class() == ObjectClass::TypeLib)
         return ObtainLibrary(static_cast<const clsTypeLib&>(object), tree);
     if (object.Class() == ObjectClass::Modul)
         return ObtainModule(static_cast<const clsModul&>(object), tree);
     if (object.Class() == ObjectClass::Variable && static_cast<const clsVariable&>(object).isFormInstance)
         return ObtainModule(*object.Modul, tree);
-    if (BaumNode* there = tree.Item(path.Of(object)))
+    if (BaumNode* there = tree.Item(object.CodePath()))
         return there;
-    BaumNode* parent = ObtainParent(object, tree, path);
+    BaumNode* parent = ObtainParent(object, tree);
     if (!parent)
         return nullptr;
-    BaumNode* node = tree.Add(parent, std::string(path.Of(object)), NodeText(object), object.GetImageKey());
+    BaumNode* node = tree.Add(parent, object.CodePath(), NodeText(object), object.GetImageKey());
     if (!node)  // an object without a name has the path of its parent
         return parent;
     if (object.IsDeath > 0)
@@ -239,7 +238,7 @@ private:
         last_ = &neighbour;
         if (checked_.Covers(neighbour))
             return;
-        const BaumNode* node = ObtainNode(neighbour, tree_, path_);
+        const BaumNode* node = ObtainNode(neighbour, tree_);
         if (!node || !opens_)
             return;
         const clsModul* modul =
@@ -260,7 +259,6 @@ private:
     bool opens_;
     std::unordered_set<const CodeObject*> seen_;
     const CodeObject* last_ = nullptr;
-    PathBuffer path_;
 };
 
 const CodeObject& ProcedureOrItself(const CodeObject& object) {
@@ -327,8 +325,7 @@ bool HasCallees(const CodeObject& object, CallType type) {
 }  // namespace
 
 BaumNode* Anzeigen_InBaum(const CodeObject& object, Baum& tree) {
-    PathBuffer path;
-    return ObtainNode(object, tree, path);
+    return ObtainNode(object, tree);
 }
 
 void Show_Dependencies_AllCalledBy(const clsProjekt& projekt, const CheckedObjects& checked, const CodeObject* current,

@@ -55,12 +55,13 @@ std::string DiagnosticSummary(const clsProjekt* projekt) {
     line("Really-Aufrufe: ", totals.really);
     line("MayBe-Aufrufe: ", totals.mayBe);
     text += "\n\n\nObjektinstanzen\n";
-    line("clsModul: ", gCountModul);
-    line("clsProzedur: ", gCountProzedur);
-    line("clsType: ", gCountType);
-    line("clsEnum: ", gCountEnum);
-    line("clsVariable: ", gCountVariable);
-    line("clsCall: ", gCountCall);
-    line("clsCollection: ", gCountCollection);
+    const ObjectCounts instances = projekt ? projekt->Counts() : ObjectCounts();
+    line("clsModul: ", instances.modul);
+    line("clsProzedur: ", instances.prozedur);
+    line("clsType: ", instances.type);
+    line("clsEnum: ", instances.einEnum);
+    line("clsVariable: ", instances.variable);
+    line("clsCall: ", instances.call);
+    line("clsCollection: ", instances.collection);
     return text;
 }

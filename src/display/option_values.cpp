@@ -14,7 +14,6 @@ Settings DefaultOptions(const Settings& settings) {
 bool ApplyOptions(const Settings& values, Settings& inForce, const Files& files, const std::string& programDirectory,
                   SettingsFile& file) {
     inForce = values;
-    CondComps_Win32_Win16(values.Win32);
     const bool otherLanguage = values.Language != gText.Language;
     if (otherLanguage) {
         gText.Language = values.Language;

@@ -87,16 +87,15 @@ void AddLibraries(const clsCollection<clsTypeLib>& libraries, std::string_view l
         AddLibrary(*library, tree);
 }
 
-void AddMembers(const clsCollection<clsVariable>& members, BaumNode* owner, PathBuffer& path, Baum& tree) {
+void AddMembers(const clsCollection<clsVariable>& members, BaumNode* owner, Baum& tree) {
     for (const clsVariable* member : members)
-        tree.Add(owner, std::string(path.Of(*member)), std::string(member->myNameOrg()), member->GetImageKey());
+        tree.Add(owner, member->CodePath(), std::string(member->myNameOrg()), member->GetImageKey());
 }
 
 template <class Owner>
 void AddMembersOf(const Owner& owner, Baum& tree) {
-    PathBuffer path;
-    if (BaumNode* node = tree.Item(path.Of(owner)))
-        AddMembers(owner.MyVars, node, path, tree);
+    if (BaumNode* node = tree.Item(owner.CodePath()))
+        AddMembers(owner.MyVars, node, tree);
 }
 
 std::string_view ImageOfLocal(const clsVariable& variable) {
@@ -105,9 +104,9 @@ std::string_view ImageOfLocal(const clsVariable& variable) {
     return variable.DatenTyp().starts_with("const ") ? "const" : "variable";
 }
 
-void AddLocals(const clsProzedur& prozedur, BaumNode* owner, PathBuffer& path, Baum& tree) {
+void AddLocals(const clsProzedur& prozedur, BaumNode* owner, Baum& tree) {
     for (const clsVariable* variable : prozedur.MyVars)
-        tree.Add(owner, std::string(path.Of(*variable)), std::string(variable->myNameOrg()), ImageOfLocal(*variable));
+        tree.Add(owner, variable->CodePath(), std::string(variable->myNameOrg()), ImageOfLocal(*variable));
 }
 
 }  // namespace
@@ -128,8 +127,7 @@ std::string NodeText(const CodeObject& object) {
 std::string_view LibraryImage(const clsTypeLib& library) {
     if (library.LibTyp == LibraryKind::Reference)
         return "Library";
-    // The name pool keeps the text for the tree: nodes outlive the library when the project is closed.
-    return ImageList1_Exist(library.TypeLibID) ? Name(library.TypeLibID).View() : "Object";
+    return ImageList1_Exist(library.TypeLibID) ? std::string_view(library.TypeLibID) : "Object";
 }
 
 bool ImageList1_Exist(std::string_view key) {
@@ -194,9 +192,8 @@ void Anzeigen_UserControls(const clsProjekt& projekt, Baum& tree, bool withLocal
 }
 
 void Anzeigen_Variablen(const clsProzedur& prozedur, Baum& tree) {
-    PathBuffer path;
-    if (BaumNode* node = tree.Item(path.Of(prozedur)))
-        AddLocals(prozedur, node, path, tree);
+    if (BaumNode* node = tree.Item(prozedur.CodePath()))
+        AddLocals(prozedur, node, tree);
 }
 
 void Anzeigen_Elemente(const clsType& type, Baum& tree) {
@@ -328,7 +325,7 @@ void clsModulAnzeige::Gruppe(TreeGroup group, int count) {
 
 // The node when it is new, else null.
 BaumNode* clsModulAnzeige::Entry(BaumNode* parent, const CodeObject& object) {
-    return tree_.Add(parent, std::string(path_.Of(object)), NodeText(object), object.GetImageKey());
+    return tree_.Add(parent, object.CodePath(), NodeText(object), object.GetImageKey());
 }
 
 void clsModulAnzeige::Procedures(TreeGroup group, const clsCollection<clsProzedur>& procedures) {
@@ -340,8 +337,8 @@ void clsModulAnzeige::Procedures(TreeGroup group, const clsCollection<clsProzedu
         if (!withLocals_)
             continue;
         if (!node)
-            node = tree_.Item(path_.Of(*prozedur));
-        AddLocals(*prozedur, node, path_, tree_);
+            node = tree_.Item(prozedur->CodePath());
+        AddLocals(*prozedur, node, tree_);
     }
 }
 
@@ -363,7 +360,7 @@ void clsModulAnzeige::WithMembers(TreeGroup group, const clsCollection<Owner>& o
     for (const Owner* owner : owners) {
         BaumNode* node = Entry(parent, *owner);
         if (!node)
-            node = tree_.Item(path_.Of(*owner));
-        AddMembers(owner->MyVars, node, path_, tree_);
+            node = tree_.Item(owner->CodePath());
+        AddMembers(owner->MyVars, node, tree_);
     }
 }

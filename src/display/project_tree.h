@@ -11,7 +11,6 @@
 #include <vector>
 
 #include "display/baum.h"
-#include "display/code_paths.h"
 #include "model/clsCollection.h"
 
 class CodeObject;
@@ -118,5 +117,4 @@ private:
     const clsModul* modul_ = nullptr;
     std::string nodeKey_;  // of the module's node
     std::array<std::string, kTreeGroups> keys_;
-    PathBuffer path_;
 };

@@ -5,7 +5,6 @@
 #include <vector>
 
 #include "display/baum.h"
-#include "display/code_paths.h"
 #include "display/node_objects.h"
 #include "display/project_tree.h"
 #include "model/clsProjekt.h"
@@ -25,9 +24,8 @@ int TypOf(std::string_view key) {
 
 template <class Object>
 void CheckEach(const clsCollection<Object>& objects, Baum& tree, bool checked) {
-    PathBuffer path;
     for (const Object* object : objects)
-        if (BaumNode* node = tree.Item(path.Of(*object)))
+        if (BaumNode* node = tree.Item(object->CodePath()))
             tree.SetChecked(*node, checked);
 }
 
@@ -79,12 +77,19 @@ void CheckedObjects::Clear() {
     paths_.clear();
 }
 
+void CheckedObjects::Renew(const clsProjekt& projekt) {
+    CheckedObjects found;
+    for (const std::string& path : paths_)
+        if (CodeObject* const object = projekt.GetObjectFromCodePath(path))
+            found.Add(*object, path);
+    *this = std::move(found);
+}
+
 bool CheckedObjects::Covers(const CodeObject& object) const {
     if (paths_.empty())
         return false;
-    PathBuffer path;
-    return std::ranges::find(paths_, path.Of(object)) != paths_.end() ||
-           (object.Modul && std::ranges::find(paths_, path.Of(*object.Modul)) != paths_.end());
+    return std::ranges::find(paths_, object.CodePath()) != paths_.end() ||
+           (object.Modul && std::ranges::find(paths_, object.Modul->CodePath()) != paths_.end());
 }
 
 CheckAnswer NodeCheck(const clsProjekt& projekt, Baum& tree, BaumNode& node, ContentMode content,

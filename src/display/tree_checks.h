@@ -18,6 +18,8 @@ public:
     void Add(CodeObject& object, std::string path);
     void Remove(std::string_view path);
     void Clear();
+    /// Finds the objects again under their paths after modules were read again; those that are gone are left out.
+    void Renew(const clsProjekt& projekt);
     /// Whether an object or its module is checked.
     [[nodiscard]] bool Covers(const CodeObject& object) const;
     [[nodiscard]] const std::vector<CodeObject*>& Objects() const { return objects_; }

@@ -1,7 +1,6 @@
 #include "display/tree_marks.h"
 
 #include "display/baum.h"
-#include "display/code_paths.h"
 #include "display/local_uses.h"
 #include "model/clsEnum.h"
 #include "model/clsProjekt.h"
@@ -16,7 +15,7 @@ public:
     explicit Marker(Baum& tree) : tree_(tree) {}
 
     void Mark(const CodeObject& object) {
-        BaumNode* node = tree_.Item(path_.Of(object));
+        BaumNode* node = tree_.Item(object.CodePath());
         if (!node)
             return;
         tree_.SetImage(*node, object.GetImageKey());
@@ -46,7 +45,6 @@ private:
     }
 
     Baum& tree_;
-    PathBuffer path_;
 };
 
 }  // namespace
@@ -64,11 +62,10 @@ void Tote_Objekte_Markieren(const clsModul& modul, Baum& tree) {
 }
 
 void Tote_Objekte_Markieren(const clsProzedur& prozedur, const LocalUses& locals, Baum& tree) {
-    PathBuffer path;
     // The data type is that of the procedure, not that of the variable. The difference is wanted.
     const bool isConst = prozedur.DatenTyp().starts_with("const");
     for (const clsVariable* variable : prozedur.MyVars) {
-        BaumNode* node = tree.Item(path.Of(*variable));
+        BaumNode* node = tree.Item(variable->CodePath());
         if (!node)
             continue;
         if (locals.CountOf(*variable) != 0) {

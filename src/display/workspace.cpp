@@ -1,7 +1,5 @@
 #include "display/workspace.h"
 
-#include <algorithm>
-
 #include "calls/driver.h"
 #include "display/baum_walk.h"
 #include "display/dependency_trees.h"
@@ -47,6 +45,7 @@ bool Workspace::Open(const std::string& path) {
     gAbort = false;
     projekt_ = std::make_unique<clsProjekt>(files_);
     projekt_->FullPath = path;
+    projekt_->CondComps_Win32_Win16(settings_.Win32 == 1);
     Timer_Reset(gTimerProjektOeffnen);
     Timer_Start(gTimerProjektOeffnen);
     ports_.run("Projekt_Laden", true, [this] { Projekt_Laden(*projekt_); });
@@ -56,6 +55,7 @@ bool Workspace::Open(const std::string& path) {
         Close();
         return false;
     }
+    projekt_->OnReplaced([this] { ForgetObjects(); });
     FillTree();
     Tote_Untote_Kennzeichnen(*projekt_);
     Tote_Objekte_Markieren(*projekt_, tree_);
@@ -71,18 +71,26 @@ void Workspace::Close() {
     ClearProblems();
 }
 
-void Workspace::EndGeneration() {
-    ++generation_;
-    checked_.Clear();
+// All that knows objects; where it can come back, it does so by path.
+void Workspace::ForgetObjects() {
     selection_ = {};
     last_ = {};
     neighbours_ = {};
     code_ = {};
-    navigation_.Clear();
-    for (Baum* tree : {&tree_, &calledBy_, &calls_, &collected_})
-        tree->Clear();
-    callsRead_ = false;
+    calledBy_.Clear();
+    calls_.Clear();
+    if (projekt_)
+        checked_.Renew(*projekt_);
     ports_.ends();
+}
+
+void Workspace::EndGeneration() {
+    checked_.Clear();
+    navigation_.Clear();
+    tree_.Clear();
+    collected_.Clear();
+    callsRead_ = false;
+    ForgetObjects();
 }
 
 std::optional<Workspace::CallCounts> Workspace::ReadCalls() {
@@ -102,20 +110,18 @@ std::optional<Workspace::CallCounts> Workspace::ReadCalls() {
     return counts;
 }
 
-int Workspace::ChangedFiles() const {
-    return static_cast<int>(std::ranges::count_if(projekt_->OwnedModules(), [this](const auto& modul) {
-        return modul->DateLastModified != 0 && files_.DateLastModified(modul->FullPath) != modul->DateLastModified;
-    }));
+int Workspace::Refresh() {
+    const int changed = CountChangedModules(*projekt_);
+    if (changed == 0)
+        return 0;
+    ports_.run("ChangedModule_Regenerieren", false, [this] { ChangedModule_Regenerieren(*projekt_); });
+    RefillTree();
+    return changed;
 }
 
 Workspace::Place Workspace::Here() const {
-    return {tree_.Selected() ? tree_.Selected()->Id() : NodeId(), NodesWhere(tree_, &BaumNode::Expanded), callsRead_};
-}
-
-void Workspace::Unfold(const Place& place) {
-    for (const NodeId& id : place.expanded)
-        if (BaumNode* node = tree_.Find(id))
-            tree_.SetExpanded(*node, true);
+    return {tree_.Selected() ? tree_.Selected()->Id() : NodeId(), NodesWhere(tree_, &BaumNode::Expanded),
+            NodesWhere(tree_, &BaumNode::Checked)};
 }
 
 void Workspace::OptionsApplied() {
@@ -135,17 +141,18 @@ void Workspace::FillTree() {
 
 void Workspace::RefillTree() {
     const Place place = Here();
-    const std::vector<NodeId> checked = NodesWhere(tree_, &BaumNode::Checked);
     {
         const Baum::Filling filling(tree_);
         tree_.Clear();
         FillTree();
         Tote_Objekte_Markieren(*projekt_, tree_);
-        for (const NodeId& id : checked)
+        for (const NodeId& id : place.checked)
             if (BaumNode* node = tree_.Find(id))
                 tree_.SetChecked(*node, true);
     }
-    Unfold(place);
+    for (const NodeId& id : place.expanded)
+        if (BaumNode* node = tree_.Find(id))
+            tree_.SetExpanded(*node, true);
     if (BaumNode* node = tree_.Find(place.selected))
         tree_.Select(node);
 }

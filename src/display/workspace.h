@@ -33,8 +33,6 @@ public:
     Workspace(std::unique_ptr<clsProjekt>& projekt, Files& files, const Settings& settings, Ports ports);
 
     [[nodiscard]] clsProjekt* Projekt() const { return projekt_.get(); }
-    /// Rises whenever objects of the project go.
-    [[nodiscard]] int Generation() const { return generation_; }
     [[nodiscard]] bool CallsRead() const { return callsRead_; }
 
     /// Opens the project file at `path`, which exists; the one that is open goes first.
@@ -49,17 +47,9 @@ public:
     /// Reads all calls. Nothing when the user has given it up; what was found by then stays.
     std::optional<CallCounts> ReadCalls();
 
-    /// How many modules have changed on disk since they were read.
-    [[nodiscard]] int ChangedFiles() const;
-    /// What a person is looking at, to come back to after the project was read again.
-    struct Place {
-        NodeId selected;
-        std::vector<NodeId> expanded;
-        bool callsRead = false;
-    };
-    [[nodiscard]] Place Here() const;
-    /// Unfolds what was unfolded.
-    void Unfold(const Place& place);
+    /// Reads the modules again whose files have changed, and comes back to what was selected, unfolded and checked.
+    /// Returns how many there are; without any nothing happens.
+    int Refresh();
 
     /// Fits the project tree to the settings; folds, check marks and the selected node come back.
     void OptionsApplied();
@@ -111,7 +101,14 @@ public:
     [[nodiscard]] bool MayBe(bool calls) const { return calls ? mayBeCalls_ : mayBeCalledBy_; }
 
 private:
+    // What a person is looking at, to come back to it in a tree that is filled again.
+    struct Place {
+        NodeId selected;
+        std::vector<NodeId> expanded, checked;
+    };
+    [[nodiscard]] Place Here() const;
     void EndGeneration();
+    void ForgetObjects();
     void FillTree();
     void RefillTree();
     [[nodiscard]] CodeObject* ProcedureOrCurrent() const;
@@ -124,7 +121,6 @@ private:
     Files& files_;
     const Settings& settings_;
     Ports ports_;
-    int generation_ = 0;
 
     Baum tree_, calledBy_, calls_, collected_;
     Selection selection_;

@@ -87,7 +87,7 @@ private:
         else if (call.Type() == CallType::Really)
             kind_ = "Really";
         const clsProzedur* prozedur = call.CallProcedure();
-        const clsModul& modul = prozedur ? *prozedur->Modul : *call.CallModule();
+        const clsModul& modul = call.CallerModule();
         const std::string indent = callee == Callee::Member || callee == Callee::EnumMember ? "\t\t" : "\t";
         const std::string pos = std::to_string(call.CallPos);
         std::string number;

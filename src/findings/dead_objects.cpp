@@ -87,10 +87,13 @@ Pos Here_OneCall_Var(const ModuleText& text, const clsProzedur& prozedur, const 
 }  // namespace
 
 void Tote_Untote_Kennzeichnen(clsProjekt& projekt) {
+    // A module that has left the collections, because another one has its name now, keeps no mark.
+    projekt.ClearMarks();
     const std::vector<clsModul*> modules = projekt.AllModules();
     for (const clsModul* modul : modules)
         MarkDeclarations(*modul);
     MarkProcedures(modules);
+    projekt.marksKnown = true;
 }
 
 int Anz_NotCalled_Vars(const clsType& type) {
@@ -99,10 +102,6 @@ int Anz_NotCalled_Vars(const clsType& type) {
 
 int Anz_NotCalled_Vars(const clsEnum& einEnum) {
     return CountNotCalled(einEnum.MyVars);
-}
-
-int Anz_NotCalled_Vars(const clsProzedur& prozedur) {
-    return CountNotCalled(prozedur.MyVars);
 }
 
 std::vector<LocalUse> Check_ProcVars_Calls(const clsProzedur& prozedur) {
@@ -119,12 +118,4 @@ std::vector<LocalUse> Check_ProcVars_Calls(const clsProzedur& prozedur) {
                 uses.push_back({variable, place});
     }
     return uses;
-}
-
-void Check_ProcVars_Calls(clsProjekt& projekt, clsProzedur& prozedur) {
-    if (prozedur.LocalCallsChecked || prozedur.isDeclare || !prozedur.Modul->text)
-        return;
-    for (const LocalUse& use : Check_ProcVars_Calls(static_cast<const clsProzedur&>(prozedur)))
-        CallCreate(projekt, *use.variable, {&prozedur, CallType::Really}, use.pos);
-    prozedur.LocalCallsChecked = true;
 }

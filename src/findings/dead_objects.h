@@ -21,8 +21,6 @@ void Tote_Untote_Kennzeichnen(clsProjekt& projekt);
 /// Members that no call reaches.
 [[nodiscard]] int Anz_NotCalled_Vars(const clsType& type);
 [[nodiscard]] int Anz_NotCalled_Vars(const clsEnum& einEnum);
-/// Arguments and locals that no call reaches; tells only after the procedure's variables were checked.
-[[nodiscard]] int Anz_NotCalled_Vars(const clsProzedur& prozedur);
 
 /// A place in a procedure that names one of its arguments or locals.
 struct LocalUse {
@@ -32,7 +30,3 @@ struct LocalUse {
 /// All such places: variable by variable in the order of MyVars, the places of each rising. The place of the
 /// declaration itself does not count. Declares have none.
 [[nodiscard]] std::vector<LocalUse> Check_ProcVars_Calls(const clsProzedur& prozedur);
-
-/// Finds the places in a procedure that name its arguments and locals, and makes an edge for each. Does nothing the
-/// second time.
-void Check_ProcVars_Calls(clsProjekt& projekt, clsProzedur& prozedur);

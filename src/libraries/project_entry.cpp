@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "model/clsProjekt.h"
 #include "model/clsTypeLib.h"
 #include "shell/words.h"
 
@@ -36,14 +37,14 @@ std::string_view WithoutMark(std::string_view value) {
     return value.size() >= 3 && value.starts_with("*\\") ? value.substr(3) : value;
 }
 
-void Name_From_File(clsTypeLib& library, std::string_view path) {
+void Name_From_File(clsProjekt& projekt, clsTypeLib& library, std::string_view path) {
     library.InprocServer32 = std::string(path);
-    library.SetName(Name(LibraryFileStem(path)));
+    library.SetName(projekt.TheNames().Intern(LibraryFileStem(path)));
 }
 
 }  // namespace
 
-void FillPropertysRef(clsTypeLib& library, std::string_view line) {
+void FillPropertysRef(clsProjekt& projekt, clsTypeLib& library, std::string_view line) {
     library.ProjektEintrag = std::string(line);
     library.LibTyp = LibraryKind::Reference;
     const std::vector<std::string_view> fields = Fields(WithoutMark(ValueOf(line)), '#');
@@ -53,10 +54,10 @@ void FillPropertysRef(clsTypeLib& library, std::string_view line) {
     // A description can hold the separator itself; all that stands behind the path belongs to it.
     if (fields.size() >= 5)
         library.Description = std::string(fields[4].data(), line.data() + line.size());
-    Name_From_File(library, fields.size() >= 4 ? fields[3] : fields[0]);
+    Name_From_File(projekt, library, fields.size() >= 4 ? fields[3] : fields[0]);
 }
 
-void FillPropertys(clsTypeLib& library, std::string_view line) {
+void FillPropertys(clsProjekt& projekt, clsTypeLib& library, std::string_view line) {
     library.ProjektEintrag = std::string(line);
     library.LibTyp = LibraryKind::Component;
     const std::string_view value = WithoutMark(ValueOf(line));
@@ -65,5 +66,5 @@ void FillPropertys(clsTypeLib& library, std::string_view line) {
     library.TypeLibID = std::string(fields[0]);
     if (fields.size() >= 2)
         library.Version = std::string(fields[1]);
-    Name_From_File(library, behind == std::string_view::npos ? fields[0] : value.substr(behind + 2));
+    Name_From_File(projekt, library, behind == std::string_view::npos ? fields[0] : value.substr(behind + 2));
 }

@@ -1,13 +1,14 @@
-// One edge between a place of use and a code object: a certain call, a possible one, or the use of a type.
+// One edge between a place of use and a code object: a certain call, a possible one, or the use of a type. Edges are
+// never merged: two calls of one target at two places are two.
 //
-// Edges are never merged: two calls of one target at two places are two. They stand in no container of their own kind;
-// each is linked into the list of its target and the list of its caller, in the order of their numbers.
+// All edges of a project form its CallGraph, which is derived from the modules and made as a whole.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <span>
 #include <vector>
 
-#include "model/counters.h"
 #include "shell/vb_text.h"
 
 class CodeObject;
@@ -16,120 +17,128 @@ class clsProzedur;
 
 enum class CallType : std::int8_t { MayBe = -1, Really = 1, Use = 2 };
 
-/// Where an edge starts, and of what kind it is, in one word: edges are many, so the kind stands in the address's
-/// lowest bits.
-class EdgeStart {
-public:
-    /// In a procedure; null for nowhere.
-    EdgeStart(clsProzedur* procedure, CallType type) : EdgeStart(reinterpret_cast<std::uintptr_t>(procedure), type) {}
-    /// In the declarations section of a module.
-    EdgeStart(clsModul* modul, CallType type) : EdgeStart(reinterpret_cast<std::uintptr_t>(modul) | kIsModule, type) {}
-
-    [[nodiscard]] clsProzedur* Procedure() const {
-        return (bits_ & kIsModule) != 0 ? nullptr : reinterpret_cast<clsProzedur*>(bits_ & ~kBits);
-    }
-    [[nodiscard]] clsModul* Module() const {
-        return (bits_ & kIsModule) == 0 ? nullptr : reinterpret_cast<clsModul*>(bits_ & ~kBits);
-    }
-    [[nodiscard]] CallType Type() const { return static_cast<CallType>(static_cast<int>(bits_ >> 1 & 3) - 1); }
-
-private:
-    static constexpr std::uintptr_t kIsModule = 1;
-    static constexpr std::uintptr_t kBits = 7;
-    EdgeStart(std::uintptr_t bits, CallType type)
-        : bits_(bits | static_cast<std::uintptr_t>(static_cast<int>(type) + 1) << 1) {}
-    std::uintptr_t bits_;
-};
-
 class clsCall {
 public:
-    clsCall(CodeObject& target, EdgeStart start, Pos pos, std::int32_t nr)
-        : Parent(&target), CallPos(pos), CallNr(nr), start_(start) {}
+    /// @param caller  a procedure, or a module for its declarations section
+    /// @param pos     of the token in the caller's module
+    clsCall(CodeObject& target, CodeObject& caller, CallType type, Pos pos);
 
     /// The caller; null for an edge of a declarations section.
-    [[nodiscard]] clsProzedur* CallProcedure() const { return start_.Procedure(); }
-    /// The caller's module, where there is no procedure.
-    [[nodiscard]] clsModul* CallModule() const { return start_.Module(); }
-    [[nodiscard]] CallType Type() const { return start_.Type(); }
+    [[nodiscard]] clsProzedur* CallProcedure() const;
+    /// The module whose declarations section it is; null where there is a procedure.
+    [[nodiscard]] clsModul* CallModule() const;
+    /// The module that the edge starts in.
+    [[nodiscard]] clsModul& CallerModule() const;
+    /// The procedure or module that the edge starts in.
+    [[nodiscard]] CodeObject& Caller() const { return *caller_; }
+    [[nodiscard]] CallType Type() const { return static_cast<CallType>(static_cast<int>(type_) - 1); }
 
-    CodeObject* Parent;   // the target: what is called or used
-    Pos CallPos;          // of the token in the caller's module
-    std::int32_t CallNr;  // unique, rising in the order of making
-
-    clsCall* nextIncoming = nullptr;  // in the list of the target
-    clsCall* nextOutgoing = nullptr;  // in the list of the caller
+    CodeObject* Parent;  // the target: what is called or used
+    Pos CallPos;
 
 private:
-    EdgeStart start_;
-    [[no_unique_address]] Counted<&ObjectCounts::call> counted_;
+    friend class CallGraph;
+    std::uint32_t type_ : 2;
+    std::uint32_t targetNr_ : 30;  // Number() of the target
+    CodeObject* caller_;
 };
-static_assert(sizeof(void*) != 8 || sizeof(clsCall) == 40);
+static_assert(sizeof(void*) != 8 || sizeof(clsCall) == 24);
 
-/// Edges of one object, in the order of their making. It owns none of them.
-template <clsCall* clsCall::*next>
-class EdgeList {
+/// Edges that reach one object, in the order of the modules and of their code.
+class IncomingEdges {
 public:
-    void Append(clsCall& call) {
-        (last_ ? last_->*next : first_) = &call;
-        last_ = &call;
-        ++count_;
-    }
-    void Clear() { *this = {}; }
-    /// Where the next edge will be entered.
-    [[nodiscard]] const void* Last() const { return last_; }
-    [[nodiscard]] int Count() const { return count_; }
+    IncomingEdges() = default;
+    explicit IncomingEdges(std::span<const clsCall* const> edges) : edges_(edges) {}
+    [[nodiscard]] int Count() const { return static_cast<int>(edges_.size()); }
+    [[nodiscard]] auto begin() const { return edges_.begin(); }
+    [[nodiscard]] auto end() const { return edges_.end(); }
+
+private:
+    std::span<const clsCall* const> edges_;
+};
+
+/// Edges that start in one procedure or declarations section, in the order of the code.
+class OutgoingEdges {
+public:
+    enum class Which : std::uint8_t { All, Calls, Uses };
+    OutgoingEdges() = default;
+    OutgoingEdges(std::span<const clsCall> edges, Which which) : edges_(edges), which_(which) {}
 
     class Iterator {
     public:
-        explicit Iterator(clsCall* call) : call_(call) {}
-        clsCall* operator*() const { return call_; }
+        using value_type = const clsCall*;
+        using difference_type = std::ptrdiff_t;
+        Iterator() = default;
+        Iterator(const clsCall* call, const clsCall* end, Which which) : call_(call), end_(end), which_(which) {
+            SkipOthers();
+        }
+        const clsCall* operator*() const { return call_; }
         Iterator& operator++() {
-            call_ = call_->*next;
+            ++call_;
+            SkipOthers();
             return *this;
         }
-        bool operator==(const Iterator&) const = default;
+        bool operator==(const Iterator& other) const { return call_ == other.call_; }
 
     private:
-        clsCall* call_;
+        void SkipOthers() {
+            while (which_ != Which::All && call_ != end_ && (call_->Type() == CallType::Use) != (which_ == Which::Uses))
+                ++call_;
+        }
+        const clsCall* call_ = nullptr;
+        const clsCall* end_ = nullptr;
+        Which which_ = Which::All;
     };
-    [[nodiscard]] Iterator begin() const { return Iterator(first_); }
-    [[nodiscard]] Iterator end() const { return Iterator(nullptr); }
+    [[nodiscard]] Iterator begin() const { return {edges_.data(), edges_.data() + edges_.size(), which_}; }
+    [[nodiscard]] Iterator end() const {
+        const clsCall* const end = edges_.data() + edges_.size();
+        return {end, end, which_};
+    }
+    [[nodiscard]] int Count() const {
+        int count = 0;
+        for (Iterator at = begin(), last = end(); at != last; ++at)
+            ++count;
+        return count;
+    }
 
 private:
-    clsCall* first_ = nullptr;
-    clsCall* last_ = nullptr;
-    int count_ = 0;
+    std::span<const clsCall> edges_;
+    Which which_ = Which::All;
 };
 
-using IncomingEdges = EdgeList<&clsCall::nextIncoming>;
-using OutgoingEdges = EdgeList<&clsCall::nextOutgoing>;
-
-/// Owns all edges of a project, in blocks. Numbers go on after Clear.
-class EdgeStore {
+/// The edges of a project: contiguous for each module, and for each target in ranges over an index of them.
+class CallGraph {
 public:
-    clsCall& New(CodeObject& target, EdgeStart start, Pos pos) {
-        if (blocks_.empty() || blocks_.back().size() == kBlock) {
-            blocks_.emplace_back();
-            blocks_.back().reserve(kBlock);
-        }
-        return blocks_.back().emplace_back(target, start, pos, ++lastNr_);
-    }
-    /// Drops all edges; the lists that hold them must have been cleared.
-    void Clear() { blocks_.clear(); }
-    [[nodiscard]] std::size_t Count() const {
-        return blocks_.empty() ? 0 : (blocks_.size() - 1) * kBlock + blocks_.back().size();
-    }
-    /// Calls `use` for each edge, in the order of their numbers.
+    CallGraph() = default;
+    CallGraph(const CallGraph&) = delete;
+    CallGraph& operator=(const CallGraph&) = delete;
+
+    /// Takes over the edges of all modules, in their order; those that one procedure makes stand together.
+    /// @param objects  how many objects the project has; their numbers are below it
+    void Make(std::vector<std::vector<clsCall>> ofModules, std::size_t objects);
+    /// Removes all edges.
+    void Clear();
+
+    [[nodiscard]] std::size_t Count() const { return incoming_.size(); }
+    /// Calls `use` for each edge, in the order of the modules and of their code.
     template <class Use>
     void ForEach(Use use) const {
-        for (const std::vector<clsCall>& block : blocks_)
-            for (const clsCall& call : block)
+        for (const std::vector<clsCall>& calls : ofModules_)
+            for (const clsCall& call : calls)
                 use(call);
     }
 
+    /// Edges that reach the object of this number.
+    [[nodiscard]] IncomingEdges CalledBy(std::size_t number) const { return Incoming(number * 2); }
+    [[nodiscard]] IncomingEdges UsedBy(std::size_t number) const { return Incoming(number * 2 + 1); }
+
 private:
-    static constexpr std::size_t kBlock = 4096;
-    std::vector<std::vector<clsCall>>
-        blocks_;  // none ever grows beyond what it has reserved, so edges stay where they are
-    std::int32_t lastNr_ = 0;
+    [[nodiscard]] IncomingEdges Incoming(std::size_t range) const {
+        if (range + 1 >= begins_.size())
+            return {};
+        return IncomingEdges({incoming_.data() + begins_[range], incoming_.data() + begins_[range + 1]});
+    }
+    std::vector<std::vector<clsCall>> ofModules_;
+    std::vector<const clsCall*> incoming_;  // sorted by target, calls before uses
+    std::vector<std::uint32_t> begins_;     // of each object's calls and uses in incoming_, and the end of the last
 };

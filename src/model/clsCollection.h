@@ -1,18 +1,14 @@
 // The one container of the model: references in insertion order under keys without regard to case.
 // Positions count from 1. It owns nothing. Look-ups compare name handles and allocate nothing, and several threads may
-// make them at a time.
+// make them at the same time.
 #pragma once
 
-#include <atomic>
 #include <cstdint>
-#include <memory>
-#include <mutex>
+#include <memory_resource>
 #include <string_view>
 #include <vector>
 
-#include "model/counters.h"
 #include "model/names.h"
-#include "platform/memory.h"
 #include "shell/vb_text.h"
 
 template <class T>
@@ -23,23 +19,15 @@ class clsCollection {
     };
 
 public:
-    clsCollection() = default;
-    clsCollection(const clsCollection&) = delete;
-    clsCollection& operator=(const clsCollection&) = delete;
-    clsCollection& operator=(clsCollection&& other) noexcept {
-        Clear();
-        entries_.swap(other.entries_);
-        other.DropIndex();
-        return *this;
-    }
-    ~clsCollection() { DropIndex(); }
+    /// @param memory  where the entries live; it outlives the collection
+    explicit clsCollection(std::pmr::memory_resource* memory = std::pmr::get_default_resource())
+        : entries_(memory), slots_(memory) {}
 
     /// Appends. Throws VbError 457 when the key is present.
     void Add(Name key, T* value) {
         if (!AddUnlessPresent(key, value))
             throw VbError{457, "This key is already associated with an element of this collection"};
     }
-    void Add(std::string_view key, T* value) { Add(Name(key), value); }
 
     /// Appends and returns true; returns false and changes nothing when the key is present.
     bool AddUnlessPresent(Name key, T* value) {
@@ -53,53 +41,33 @@ public:
     void Reserve(std::size_t entries) { entries_.reserve(entries); }
     [[nodiscard]] int Count() const { return static_cast<int>(entries_.size()); }
     [[nodiscard]] bool Contains(Name key) const { return PositionOf(key.Lower()) != kNone; }
-    [[nodiscard]] bool Contains(std::string_view key) const { return Item(key) != nullptr; }
+    [[nodiscard]] bool Contains(std::string_view lowerKey) const { return Item(lowerKey) != nullptr; }
 
     /// The object under `key`, or null.
-    [[nodiscard]] T* Item(Name key) const {
-        const std::uint32_t position = PositionOf(key.Lower());
-        return position == kNone ? nullptr : entries_[position].value;
-    }
-    [[nodiscard]] T* Item(std::string_view key) const {
-        const Name name = Name::FindLower(key);
-        return name.Known() ? Item(name) : nullptr;
+    [[nodiscard]] T* Item(Name key) const { return ValueAt(PositionOf(key.Lower())); }
+    /// The same by a text in lower case, of any project.
+    [[nodiscard]] T* Item(std::string_view lowerKey) const {
+        return ValueAt(Find(Name::HashOf(lowerKey), [lowerKey](Name key) { return key.View() == lowerKey; }));
     }
     /// The object at position `nr`, from 1. Throws VbError 9 out of range.
-    [[nodiscard]] T* ItemNr(int nr) const {
-        if (nr < 1 || nr > Count())
-            ThrowSubscriptOutOfRange();
-        return entries_[static_cast<std::size_t>(nr) - 1].value;
-    }
+    [[nodiscard]] T* ItemNr(int nr) const { return EntryNr(nr).value; }
     /// The key at position `nr`.
-    [[nodiscard]] Name KeyNr(int nr) const {
-        if (nr < 1 || nr > Count())
-            ThrowSubscriptOutOfRange();
-        return entries_[static_cast<std::size_t>(nr) - 1].key;
-    }
+    [[nodiscard]] Name KeyNr(int nr) const { return EntryNr(nr).key; }
 
-    /// Takes the entry out and keeps the order of the others. Returns false for a missing key.
+    /// Removes the entry and keeps the order of the others. Returns false for a missing key.
     bool Remove(Name key) {
         const std::uint32_t position = PositionOf(key.Lower());
         if (position == kNone)
             return false;
         entries_.erase(entries_.begin() + position);
-        DropIndex();
+        slots_.clear();
+        if (entries_.size() >= kIndexFrom)
+            BuildIndex();
         return true;
-    }
-    bool Remove(std::string_view key) {
-        const Name name = Name::FindLower(key);
-        return name.Known() && Remove(name);
     }
     void Clear() {
         entries_.clear();
-        DropIndex();
-    }
-
-    /// Has the table and the entries fetched, for many look-ups that will follow.
-    void PrefetchAll() const {
-        Prefetch(entries_.data(), entries_.size() * sizeof(Entry));
-        if (const Index* const index = index_.load(std::memory_order_acquire))
-            Prefetch(index->slots.data(), index->slots.size() * sizeof(std::uint32_t));
+        slots_.clear();
     }
 
     // Iteration over the objects in order; removing meanwhile is not allowed.
@@ -123,74 +91,63 @@ protected:
     /// Appends under a key, in lower case, that is known not to be present.
     void AddNew(Name key, T* value) {
         entries_.push_back({key, value});
-        if (Index* const index = index_.load(std::memory_order_relaxed))
-            Enter(*index, static_cast<std::uint32_t>(entries_.size() - 1));
+        if (entries_.size() < kIndexFrom)
+            return;
+        if (entries_.size() * 2 > slots_.size())
+            BuildIndex();
+        else
+            Place(static_cast<std::uint32_t>(entries_.size() - 1));
     }
 
 private:
     static constexpr std::uint32_t kNone = UINT32_MAX;
-    // Below this many entries a walk over the handles is quicker than a table and needs no memory.
+    // Below this many entries a walk over the handles is faster than a table and needs no memory.
     static constexpr std::size_t kIndexFrom = 17;
 
-    struct Index {
-        std::vector<std::uint32_t> slots;  // position + 1, or 0
-    };
-
+    [[nodiscard]] const Entry& EntryNr(int nr) const {
+        if (nr < 1 || nr > Count())
+            ThrowSubscriptOutOfRange();
+        return entries_[static_cast<std::size_t>(nr) - 1];
+    }
+    [[nodiscard]] T* ValueAt(std::uint32_t position) const {
+        return position == kNone ? nullptr : entries_[position].value;
+    }
     [[nodiscard]] std::uint32_t PositionOf(Name key) const {
-        if (entries_.size() < kIndexFrom) {
+        return Find(key.Hash(), [key](Name other) { return other == key; });
+    }
+    template <class IsKey>
+    [[nodiscard]] std::uint32_t Find(std::uint32_t hash, IsKey isKey) const {
+        if (slots_.empty()) {
             for (std::uint32_t i = 0; i < entries_.size(); ++i)
-                if (entries_[i].key == key)
+                if (isKey(entries_[i].key))
                     return i;
             return kNone;
         }
-        const Index* index = index_.load(std::memory_order_acquire);
-        if (!index)
-            index = IndexMadeOnce();
-        const std::size_t mask = index->slots.size() - 1;
-        for (std::size_t slot = key.Hash() & mask;; slot = (slot + 1) & mask) {
-            const std::uint32_t position = index->slots[slot];
+        const std::size_t mask = slots_.size() - 1;
+        for (std::size_t slot = hash & mask;; slot = (slot + 1) & mask) {
+            const std::uint32_t position = slots_[slot];
             if (position == 0)
                 return kNone;
-            if (entries_[position - 1].key == key)
+            if (isKey(entries_[position - 1].key))
                 return position - 1;
         }
     }
-
-    void Enter(Index& index, std::uint32_t position) const {
-        if (entries_.size() * 2 > index.slots.size())
-            Build(index);
-        else
-            Place(index, position);
-    }
-    void Place(Index& index, std::uint32_t position) const {
-        const std::size_t mask = index.slots.size() - 1;
+    void Place(std::uint32_t position) {
+        const std::size_t mask = slots_.size() - 1;
         std::size_t slot = entries_[position].key.Hash() & mask;
-        while (index.slots[slot])
+        while (slots_[slot])
             slot = (slot + 1) & mask;
-        index.slots[slot] = position + 1;
+        slots_[slot] = position + 1;
     }
-    void Build(Index& index) const {
+    void BuildIndex() {
         std::size_t size = 64;
         while (size < entries_.size() * 3)
             size *= 2;
-        index.slots.assign(size, 0);
+        slots_.assign(size, 0);
         for (std::uint32_t i = 0; i < entries_.size(); ++i)
-            Place(index, i);
+            Place(i);
     }
-    // The first look-up makes the table, also when two come at a time.
-    const Index* IndexMadeOnce() const {
-        static std::mutex one;
-        const std::lock_guard lock(one);
-        if (const Index* const index = index_.load(std::memory_order_relaxed))
-            return index;
-        auto index = std::make_unique<Index>();
-        Build(*index);
-        index_.store(index.get(), std::memory_order_release);
-        return index.release();
-    }
-    void DropIndex() { delete index_.exchange(nullptr, std::memory_order_relaxed); }
 
-    std::vector<Entry> entries_;
-    mutable std::atomic<Index*> index_ = nullptr;
-    [[no_unique_address]] Counted<&ObjectCounts::collection> counted_;
+    std::pmr::vector<Entry> entries_;
+    std::pmr::vector<std::uint32_t> slots_;  // position + 1, or 0; empty while there are few entries
 };

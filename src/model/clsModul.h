@@ -1,13 +1,16 @@
-// One source file: form, standard module, class or user control. It owns the code objects read from it and
-// its text; the collections know the objects.
+// One source file: form, standard module, class or user control, and the result of reading it. The module owns its
+// text, its tokens and the code objects read from it, and points at nothing outside; the names that it shares with
+// other modules are those of its project's pool.
 #pragma once
 
 #include <memory>
+#include <type_traits>
 #include <vector>
 
-#include "model/blocks.h"
+#include "model/arena.h"
 #include "model/clsCollection.h"
 #include "model/clsVariable.h"
+#include "model/counters.h"
 #include "model/name_space.h"
 #include "platform/files.h"
 #include "source/module_text.h"
@@ -15,18 +18,28 @@
 
 class clsModul final : public CodeObject {
 public:
-    clsModul();
-    ~clsModul() override;
+    /// @param names   of the project; they outlive the module
+    /// @param memory  of the project, where the module's arena gets its blocks
+    explicit clsModul(Names& names, std::pmr::memory_resource* memory = std::pmr::get_default_resource())
+        : CodeObject(ObjectClass::Modul), names_(names), arena_(memory) {}
 
-    [[nodiscard]] std::string CodePathOrg() const override;
-    [[nodiscard]] std::string_view GetImageKey() const override;
+    [[nodiscard]] Names& TheNames() const { return names_; }
+
+private:
+    Names& names_;
+    Arena arena_;  // first, as all below lives in it
+
+public:
+    /// For what lives as long as the module.
+    [[nodiscard]] std::pmr::memory_resource* Memory() { return &arena_; }
 
     ModuleKind ModulTyp = ModuleKind::Module;
     std::string FullPath;
+    FileError fileError = FileError::None;  // why there is no text
     FileTime DateLastModified = 0;
     int number = 0;  // running number among the module lines of the project file, from 1
 
-    std::unique_ptr<ModuleText> text;  // null until the file was read; null for empty files
+    std::unique_ptr<ModuleText> text;  // null for files that are empty or could not be read
     std::unique_ptr<TokenTable> tokens;
 
     Pos BeginnVarBereich = 0;  // where the declarations and the procedures begin
@@ -39,43 +52,84 @@ public:
     int AnzLineBlank = 0;
 
     /// Edges that start in the declarations section, uses included.
-    [[nodiscard]] const OutgoingEdges& CallsInDeclarations() const { return callsInDeclarations_; }
-    [[nodiscard]] OutgoingEdges& OutgoingOfDeclarations() { return callsInDeclarations_; }
+    [[nodiscard]] OutgoingEdges CallsInDeclarations() const { return {outgoing, OutgoingEdges::Which::All}; }
+    std::span<const clsCall> outgoing;  // what the graph of calls has of them
 
-    NameSpace PrivNameSpace;  // every object declared here
+    NameSpace PrivNameSpace{Memory()};  // every object declared here
 
-    clsCollection<clsProzedur> Public_Sub, Private_Sub, Public_Function, Private_Function, Public_Property,
-        Private_Property, MyProcs;                                   // keyed by LocalKey: the name and the accessor
-    clsCollection<clsVariable> Public_Variablen, Private_Variablen;  // keyed by name
-    clsCollection<clsVariable> MyVars;                               // keyed by name; enum members included
-    clsCollection<clsType> Public_Type, Private_Type, myTypes;
-    clsCollection<clsEnum> Public_Enum, Private_Enum, myEnums;
-    clsCollection<clsControl> MyControls;
-    clsCollection<clsProzedur> MyEvents;
+    clsCollection<clsProzedur> Public_Sub{Memory()}, Private_Sub{Memory()}, Public_Function{Memory()},
+        Private_Function{Memory()}, Public_Property{Memory()}, Private_Property{Memory()},
+        MyProcs{Memory()};                                                               // keyed by LocalKey
+    clsCollection<clsVariable> Public_Variablen{Memory()}, Private_Variablen{Memory()};  // keyed by name
+    clsCollection<clsVariable> MyVars{Memory()};  // keyed by name; enum members included
+    clsCollection<clsType> Public_Type{Memory()}, Private_Type{Memory()}, myTypes{Memory()};
+    clsCollection<clsEnum> Public_Enum{Memory()}, Private_Enum{Memory()}, myEnums{Memory()};
+    clsCollection<clsControl> MyControls{Memory()};
 
-    void AddTo_PrivNameSpace(CodeObject& object) { PrivNameSpace.AddObject(object); }
-    void RemoveFrom_PrivNameSpace(const CodeObject& object) { PrivNameSpace.RemoveObject(object); }
+    /// What other modules can see of this one, in the order of reading: the module itself, its declarations with
+    /// members and controls, and apart from them its procedures.
+    std::pmr::vector<CodeObject*> publicDeclarations{Memory()};
+    std::pmr::vector<clsProzedur*> publicProcedures{Memory()};
+    /// The variable that stands for the form's own instance; null for other modules.
+    clsVariable* FormInstance = nullptr;
+
+    /// A procedure with ReDim statements for names that its module does not know, and all its arguments and locals in
+    /// the order of reading: whether such a ReDim makes a local depends on the arrays of the other modules.
+    struct RedimLocals {
+        clsProzedur* prozedur;
+        std::pmr::vector<clsVariable*> candidates;
+    };
+    std::pmr::vector<RedimLocals> redims{Memory()};
 
     /// The object of this module, or the module itself, whose CodePath equals `codePath`, or null. Walks the
     /// whole name space: meant for a click, not for loops.
     [[nodiscard]] CodeObject* Get_Object_From_CodePath(std::string_view codePath);
 
-    /// Takes over an object read from this module.
+    /// A new object of this module, listed among its Owned.
     template <class T>
-    T& Own(std::unique_ptr<T> object) {
-        T& kept = *object;
-        owned_.push_back(std::move(object));
-        return kept;
+    [[nodiscard]] T& New() {
+        T& object = NewInner<T>();
+        owned_.push_back(&object);
+        return object;
     }
-    /// A new variable of one of this module's procedures; whether it joins the procedure's MyVars is the caller's
-    /// business.
-    [[nodiscard]] clsVariable& NewLocal() { return locals_.New(); }
-    /// All objects read from this module, in the order of reading; dropped ones included, members and locals not.
-    [[nodiscard]] const std::vector<std::unique_ptr<CodeObject>>& Owned() const { return owned_; }
+    /// A new object that belongs to another one: a member or a local variable.
+    template <class T>
+    [[nodiscard]] T& NewInner() {
+        T& object = Make<T>();
+        object.Modul = this;
+        object.numberInModule = ++objects_;
+        return object;
+    }
+    /// All objects read from this module, in the order of reading; namesakes that no collection holds included, members
+    /// and locals not.
+    [[nodiscard]] const std::pmr::vector<CodeObject*>& Owned() const { return owned_; }
+    /// How many objects there are with members, locals and the module itself.
+    [[nodiscard]] std::uint32_t ObjectCount() const { return objects_ + 1; }
+    [[nodiscard]] const ObjectCounts& Counts() const { return counts_; }
+
+    const CallGraph* graph = nullptr;  // of the project that the module has joined
+    std::uint32_t firstNumber = 0;     // number of the module itself among the objects of the project
 
 private:
-    OutgoingEdges callsInDeclarations_;
-    std::vector<std::unique_ptr<CodeObject>> owned_;
-    Blocks<clsVariable> locals_;
-    [[no_unique_address]] Counted<&ObjectCounts::modul> counted_;
+    template <class T>
+    T& Make() {
+        if constexpr (std::is_same_v<T, clsVariable>)
+            ++counts_.variable;
+        else if constexpr (std::is_same_v<T, clsProzedur>)
+            ++counts_.prozedur;
+        else if constexpr (std::is_same_v<T, clsType>)
+            ++counts_.type;
+        else if constexpr (std::is_same_v<T, clsEnum>)
+            ++counts_.einEnum;
+        if constexpr (std::is_same_v<T, clsProzedur>)
+            return arena_.New<T>(*this, Memory());
+        else if constexpr (std::is_constructible_v<T, std::pmr::memory_resource*>)
+            return arena_.New<T>(Memory());
+        else
+            return arena_.New<T>();
+    }
+
+    std::pmr::vector<CodeObject*> owned_{Memory()};
+    std::uint32_t objects_ = 0;
+    ObjectCounts counts_;
 };

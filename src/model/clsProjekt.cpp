@@ -7,11 +7,145 @@
 #include "model/clsVariable.h"
 #include "shell/words.h"
 
-std::unique_ptr<clsProjekt> gProjekt;
+namespace {
 
-clsProjekt::clsProjekt(Files& files) : files_(files) {}
+// Whether a ReDim of this name in any module means this object: a public variable of a standard module, or a member of
+// a public enumeration.
+bool IsArrayOfAll(const CodeObject& object) {
+    if (object.Class() != ObjectClass::Variable)
+        return false;
+    const auto& variable = static_cast<const clsVariable&>(object);
+    return variable.MyEnum || (!variable.MyType && object.Modul->ModulTyp == ModuleKind::Module);
+}
+
+}  // namespace
+
+clsProjekt::clsProjekt(Files& files, const CodePage& page)
+    : files_(files), names_(page), index_(std::make_unique<PublicIndex>(Memory())) {
+    CondComps_Win32_Win16(true);
+}
 
 clsProjekt::~clsProjekt() = default;
+
+void clsProjekt::CondComps_Win32_Win16(bool win32) {
+    if (condComps.size() < 3)
+        condComps.resize(3);
+    condComps[1] = {"win32", win32 ? "-1" : "0"};
+    condComps[2] = {"win16", win32 ? "0" : "-1"};
+}
+
+clsTypeLib& clsProjekt::NewLibrary() {
+    return *libraries_.emplace_back(std::make_unique<clsTypeLib>());
+}
+
+void clsProjekt::DropDerived() {
+    calls.Clear();
+    for (clsCollection<clsModul>* modules : {&Modules, &Klassenmodule, &Formulare, &UserControls})
+        modules->Clear();
+    for (clsCollection<clsTypeLib>* libraries : {&myProjectObjects, &myProjectReferences})
+        libraries->Clear();
+    FormVars.Clear();
+    index_ = std::make_unique<PublicIndex>(Memory());
+}
+
+std::vector<std::unique_ptr<clsModul>> clsProjekt::TakeModules() {
+    DropDerived();
+    return std::exchange(modules_, {});
+}
+
+void clsProjekt::SetModules(std::vector<std::unique_ptr<clsModul>> modules) {
+    DropDerived();
+    modules_ = std::move(modules);
+    MakeIndex();
+}
+
+void clsProjekt::MakeIndex() {
+    NameSpace& names = index_->names;
+    AnzCodeZeilen = AnzCommentZeilen = AnzBlankZeilen = 0;
+    objects_ = 0;
+
+    clsCollection<clsVariable> arrays;
+    int number = 0;
+    for (const auto& modul : modules_) {
+        modul->number = ++number;
+        modul->graph = &calls;
+        modul->firstNumber = objects_;
+        objects_ += modul->ObjectCount();
+        AnzCodeZeilen += modul->AnzLineCode;
+        AnzCommentZeilen += modul->AnzLineComment;
+        AnzBlankZeilen += modul->AnzLineBlank;
+        if (!modul->text)
+            continue;
+        for (CodeObject* object : modul->publicDeclarations) {
+            names.AddObject(*object);
+            if (IsArrayOfAll(*object))
+                arrays.AddUnlessPresent(object->NameKey(), static_cast<clsVariable*>(object));
+        }
+        ModulesOf(modul->ModulTyp).AddUnlessPresent(modul->NameKey(), modul.get());
+        if (modul->FormInstance)
+            FormVars.AddUnlessPresent(modul->NameKey(), modul->FormInstance);
+    }
+    for (const auto& library : libraries_) {
+        library->graph = &calls;
+        library->number = objects_++;
+        auto& libraries = library->LibTyp == LibraryKind::Reference ? myProjectReferences : myProjectObjects;
+        libraries.AddUnlessPresent(library->NameKey(), library.get());
+    }
+    for (const clsModul* modul : AllModules())
+        for (clsProzedur* prozedur : modul->publicProcedures)
+            names.AddObject(*prozedur);
+    SettleRedims(arrays);
+}
+
+void clsProjekt::SettleRedims(const clsCollection<clsVariable>& arrays) const {
+    for (const auto& modul : modules_)
+        for (clsModul::RedimLocals& redim : modul->redims) {
+            clsCollection<clsVariable>& locals = redim.prozedur->MyVars;
+            locals.Clear();
+            for (clsVariable* candidate : redim.candidates)
+                if (!candidate->isRedim || !arrays.Contains(candidate->NameKey()))
+                    locals.AddUnlessPresent(candidate->NameKey(), candidate);
+        }
+}
+
+void clsProjekt::ClearMarks() {
+    const auto clearMembers = [](const clsCollection<clsVariable>& members) {
+        for (clsVariable* member : members)
+            member->IsDeath = 0;
+    };
+    for (const auto& modul : modules_)
+        for (CodeObject* object : modul->Owned()) {
+            object->IsDeath = 0;
+            if (object->Class() == ObjectClass::Type)
+                clearMembers(static_cast<clsType*>(object)->MyVars);
+            else if (object->Class() == ObjectClass::Enum)
+                clearMembers(static_cast<clsEnum*>(object)->MyVars);
+        }
+    marksKnown = false;
+}
+
+void clsProjekt::TellReplaced() {
+    ++generation_;
+    for (const auto& listener : listeners_)
+        listener();
+}
+
+ObjectCounts clsProjekt::Counts() const {
+    ObjectCounts sum;
+    for (const auto& modul : modules_) {
+        const ObjectCounts& counts = modul->Counts();
+        sum.variable += counts.variable;
+        sum.type += counts.type;
+        sum.einEnum += counts.einEnum;
+        sum.prozedur += counts.prozedur;
+    }
+    sum.modul = static_cast<std::int32_t>(modules_.size());
+    sum.call = static_cast<std::int32_t>(calls.Count());
+    constexpr std::int32_t kOfModule = 18;
+    constexpr std::int32_t kOfProject = 8;
+    sum.collection = sum.prozedur + sum.type + sum.einEnum + sum.modul * kOfModule + kOfProject;
+    return sum;
+}
 
 clsCollection<clsModul>& clsProjekt::ModulesOf(ModuleKind kind) {
     switch (kind) {
@@ -47,12 +181,6 @@ clsModul* clsProjekt::GetModuleFromCodePath(std::string_view codePath) const {
     return nullptr;
 }
 
-clsTypeLib* clsProjekt::GetTypeLibFromCodePath(std::string_view codePath) const {
-    const std::string head = modMain::GetWortNrAusString(codePath, 1);
-    clsTypeLib* library = myProjectReferences.Item(head);
-    return library ? library : myProjectObjects.Item(head);
-}
-
 CodeObject* clsProjekt::GetObjectFromCodePath(std::string_view codePath) const {
     const std::string_view head = codePath.substr(0, codePath.find('.'));
     for (const std::string_view key : {codePath, head}) {
@@ -64,27 +192,4 @@ CodeObject* clsProjekt::GetObjectFromCodePath(std::string_view codePath) const {
                 return key == codePath ? modul : modul->Get_Object_From_CodePath(codePath);
     }
     return nullptr;
-}
-
-clsModul& clsProjekt::Own(std::unique_ptr<clsModul> modul) {
-    modules_.push_back(std::move(modul));
-    return *modules_.back();
-}
-
-clsTypeLib& clsProjekt::Own(std::unique_ptr<clsTypeLib> library) {
-    libraries_.push_back(std::move(library));
-    return *libraries_.back();
-}
-
-clsVariable& clsProjekt::Own(std::unique_ptr<clsVariable> formVariable) {
-    formVariables_.push_back(std::move(formVariable));
-    return *formVariables_.back();
-}
-
-void clsProjekt::DestroyMe() {
-    gPublicNameSpace.ClearAll();
-}
-
-CodeObject* modMain::GetObjectFromCodePath(std::string_view codePath) {
-    return gProjekt ? gProjekt->GetObjectFromCodePath(codePath) : nullptr;
 }

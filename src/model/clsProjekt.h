@@ -1,6 +1,8 @@
-// The open project: the root of the model. It owns the modules and libraries.
+// The open project. It is made of modules, libraries and constants; everything else that it answers (the collections,
+// the public name space, the graph of calls, the marks of objects) is derived from them and made again as a whole.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <utility>
@@ -10,72 +12,102 @@
 #include "model/clsModul.h"
 #include "model/clsTypeLib.h"
 #include "platform/files.h"
+#include "platform/large_pages.h"
+#include "source/cond_compile.h"
 
 class clsProjekt {
 public:
-    /// `files` must outlive the project.
-    explicit clsProjekt(Files& files);
+    /// @param files  must outlive the project
+    /// @param page   of the sources: it decides which names are equal
+    explicit clsProjekt(Files& files, const CodePage& page = ActiveCodePage());
     ~clsProjekt();
     clsProjekt(const clsProjekt&) = delete;
     clsProjekt& operator=(const clsProjekt&) = delete;
 
     [[nodiscard]] Files& TheFiles() const { return files_; }
+    [[nodiscard]] Names& TheNames() { return names_; }
+    [[nodiscard]] const Names& TheNames() const { return names_; }
+    /// Where the arenas of its modules get their blocks.
+    [[nodiscard]] std::pmr::memory_resource* Memory() { return &memory_; }
 
     std::string MyName;    // from the line Name=, as found
     std::string FullPath;  // of the project file, as it was opened
 
+    /// Conditional constants, (name, value) in lower case; row 0 stays empty, rows 1 and 2 are win32 and win16.
+    std::vector<CondConstant> condComps;
+    /// Constants given from outside, which win over those of the project file.
+    std::vector<CondConstant> definedCondComps;
+    /// Sets rows 1 and 2.
+    void CondComps_Win32_Win16(bool win32);
+
+    /// All modules in the order of the project file, those that could not be read included.
+    [[nodiscard]] const std::vector<std::unique_ptr<clsModul>>& OwnedModules() const { return modules_; }
+    [[nodiscard]] const std::vector<std::unique_ptr<clsTypeLib>>& OwnedLibraries() const { return libraries_; }
+    /// A new library, which joins with the next SetModules.
+    clsTypeLib& NewLibrary();
+    /// Gives the modules away, and drops all that was derived from them.
+    [[nodiscard]] std::vector<std::unique_ptr<clsModul>> TakeModules();
+    /// Sets the modules, and derives the collections and name spaces below from them and the libraries: the first
+    /// holder of a key wins, in the order of the project file, procedures in that of AllModules.
+    void SetModules(std::vector<std::unique_ptr<clsModul>> modules);
+
     clsCollection<clsModul> Modules, Klassenmodule, Formulare, UserControls;  // keyed by CodePath
-    // By lower-case name, the first holder stays.
-    clsCollection<clsProzedur> Public_Function, Public_Sub, MyProcs;
-    clsCollection<clsVariable> Public_Variable, MyVars;
-    clsCollection<clsType> Public_Type, myTypes;
-    clsCollection<clsEnum> myEnums;
-    clsCollection<clsVariable> FormVars;            // one for each form: its implicit instance
-    clsCollection<clsTypeLib> myProjectObjects;     // of the Object= lines
-    clsCollection<clsTypeLib> myProjectReferences;  // of the Reference= lines
-
-    EdgeStore calls;  // owns every edge
-
-    std::string TimeForStructure, TimeForCalls, TimeForTree;
+    clsCollection<clsVariable> FormVars;                                      // one for each form: its instance
+    clsCollection<clsTypeLib> myProjectObjects;                               // of the Object= lines
+    clsCollection<clsTypeLib> myProjectReferences;                            // of the Reference= lines
+    /// What every module can see of the others.
+    [[nodiscard]] const NameSpace& PublicNameSpace() const { return index_->names; }
     int AnzCodeZeilen = 0, AnzCommentZeilen = 0, AnzBlankZeilen = 0;
 
-    /// Conditional constants given from outside, (name, value), which win over those of the project file.
-    std::vector<std::pair<std::string, std::string>> definedCondComps;
+    CallGraph calls;          // empty until Who_Calls_Who
+    bool callsKnown = false;  // the graph is that of all modules
+    bool marksKnown = false;  // IsDeath of the objects says what the graph shows
+
+    std::string TimeForStructure, TimeForCalls, TimeForTree;
+
+    /// Rises whenever modules come, change or go. Who keeps anything of a project keeps this number beside it.
+    [[nodiscard]] int Generation() const { return generation_; }
+    /// Called once after each such change, when all is derived again.
+    void OnReplaced(std::function<void()> listener) { listeners_.push_back(std::move(listener)); }
+    /// Raises the generation and tells the listeners.
+    void TellReplaced();
+
+    /// Takes the marks off all objects.
+    void ClearMarks();
 
     /// The modules of one kind.
     [[nodiscard]] clsCollection<clsModul>& ModulesOf(ModuleKind kind);
     [[nodiscard]] int CountAllModules() const;
     /// Every module of the four collections: Modules, Formulare, Klassenmodule, UserControls.
     [[nodiscard]] std::vector<clsModul*> AllModules() const;
+    /// How many objects there are of each class.
+    [[nodiscard]] ObjectCounts Counts() const;
+    /// How many objects there are; their numbers are below it.
+    [[nodiscard]] std::uint32_t ObjectCount() const { return objects_; }
 
-    /// The module that the first word of `codePath` names, or null.
+    /// The module that the first word of `codePath` (lower case) names, or null.
     [[nodiscard]] clsModul* GetModuleFromCodePath(std::string_view codePath) const;
-    /// The library that the first word of `codePath` names, or null.
-    [[nodiscard]] clsTypeLib* GetTypeLibFromCodePath(std::string_view codePath) const;
-    /// The object of any class at `codePath`, or null.
+    /// The object of any class at `codePath` (lower case), or null.
     [[nodiscard]] CodeObject* GetObjectFromCodePath(std::string_view codePath) const;
 
-    clsModul& Own(std::unique_ptr<clsModul> modul);
-    clsTypeLib& Own(std::unique_ptr<clsTypeLib> library);
-    clsVariable& Own(std::unique_ptr<clsVariable> formVariable);
-    /// All modules in the order of the project file, those that could not be read included.
-    [[nodiscard]] const std::vector<std::unique_ptr<clsModul>>& OwnedModules() const { return modules_; }
-    [[nodiscard]] const std::vector<std::unique_ptr<clsTypeLib>>& OwnedLibraries() const { return libraries_; }
-
-    /// Takes all references to this project's objects out of the program-wide name space.
-    void DestroyMe();
-
 private:
+    // Entries live in memory that goes with them.
+    struct PublicIndex {
+        explicit PublicIndex(std::pmr::memory_resource* pages) : memory(pages) {}
+        Arena memory;
+        NameSpace names{&memory};
+    };
+    void DropDerived();
+    void MakeIndex();
+    void SettleRedims(const clsCollection<clsVariable>& arrays) const;
+
     Files& files_;
+    LargePages memory_;  // first, as all below lives in it
+    Names names_;
     std::vector<std::unique_ptr<clsTypeLib>> libraries_;
     std::vector<std::unique_ptr<clsModul>> modules_;
-    std::vector<std::unique_ptr<clsVariable>> formVariables_;
+    std::unique_ptr<PublicIndex> index_;
+    std::uint32_t objects_ = 0;
+    int generation_ = 0;
+    std::vector<std::function<void()>> listeners_;
 };
-
-/// The open project, or null.
-extern std::unique_ptr<clsProjekt> gProjekt;
-
-namespace modMain {
-/// GetObjectFromCodePath of the open project; null when none is open.
-[[nodiscard]] CodeObject* GetObjectFromCodePath(std::string_view codePath);
-}  // namespace modMain

@@ -1,7 +1,7 @@
-// What all code objects offer alike: a name, an address, an owner module, a mark.
+// What all code objects have in common: a name, an address, an owner module, a mark.
 //
-// The address is the code path: components joined by ".". CodePathOrg keeps the spelling of the source,
-// CodePath is its lower-case form and the key of the object everywhere.
+// The address is the code path: components joined by ".". CodePathOrg keeps the spelling of the source, CodePath is its
+// lower-case form and identifies the object in trees, collections and files.
 #pragma once
 
 #include <cstdint>
@@ -27,7 +27,6 @@ class CodeObject {
 public:
     CodeObject(const CodeObject&) = delete;
     CodeObject& operator=(const CodeObject&) = delete;
-    virtual ~CodeObject() = default;
 
     [[nodiscard]] ObjectClass Class() const { return class_; }
 
@@ -39,57 +38,54 @@ public:
         name_ = name.Lower();
         spelling_ = name.View().data();
     }
-    /// The name in lower case, and where its spelling stands: in the text of the module that owns this object,
-    /// which lives longer than the object.
+    /// @param lower     the name in lower case
+    /// @param spelling  where it stands in the text of the object's module
     void SetName(Name lower, const char* spelling) {
         name_ = lower;
         spelling_ = spelling;
     }
     void SetNameOf(const CodeObject& other) { SetName(other.name_, other.spelling_); }
 
-    /// Computed on each call: follows a renamed owner.
-    [[nodiscard]] virtual std::string CodePathOrg() const = 0;
-    [[nodiscard]] std::string CodePath() const;
-    /// CodePath as a key.
-    [[nodiscard]] Name CodePathKey() const;
-    /// What tells this object's path from those of the other objects of its class in its module: the key of
-    /// the module's own collections. Making it costs nothing, unlike a whole path.
-    [[nodiscard]] virtual Name LocalKey() const { return NameKey(); }
-
+    /// Computed on each call, so it follows a renamed owner.
+    [[nodiscard]] std::string CodePathOrg() const { return Path(&CodeObject::myNameOrg); }
+    [[nodiscard]] std::string CodePath() const { return Path(&CodeObject::MyName); }
+    /// Key of the object in its module's collections: the name, and for an accessor its word after it. Paths of one
+    /// class in one module differ in nothing else.
+    [[nodiscard]] Name LocalKey() const;
     /// Key of the object's icon.
-    [[nodiscard]] virtual std::string_view GetImageKey() const = 0;
+    [[nodiscard]] std::string_view GetImageKey() const;
 
     /// Calls that reach this object, certain and possible.
-    [[nodiscard]] const IncomingEdges& CalledByAll() const { return calledBy_; }
+    [[nodiscard]] IncomingEdges CalledByAll() const;
     /// Uses of a type, enumeration, module or library; empty for all others.
-    [[nodiscard]] const IncomingEdges& UsedByAll() const { return usedBy_; }
+    [[nodiscard]] IncomingEdges UsedByAll() const;
     [[nodiscard]] bool CanBeUsed() const {
         return class_ == ObjectClass::Type || class_ == ObjectClass::Enum || class_ == ObjectClass::Modul ||
                class_ == ObjectClass::TypeLib;
     }
-    /// Where the edges of this object are entered.
-    [[nodiscard]] IncomingEdges& Incoming(bool uses) { return uses ? usedBy_ : calledBy_; }
+    /// Number of the object among all objects of its project, from 0; valid until modules come or go.
+    [[nodiscard]] std::uint32_t Number() const;
 
-    // In an order that leaves no gaps: large projects have these by the hundred thousand.
     clsModul* Modul = nullptr;        // null for modules and libraries
     clsTypeLib* myLibrary = nullptr;  // set when the object belongs to a library
-    Access Zugriff = Access::None;
     Pos DeclareStart = 0;
-
-private:
-    Name name_;
-    const char* spelling_ = "";
-    [[no_unique_address]] IncomingEdges calledBy_, usedBy_;
-
-public:
     Pos DeclareEnd = 0;
-    std::int16_t IsDeath = 0;  // 0 alive or not looked at, 1 dead, 2 undead
+    std::uint32_t numberInModule = 0;  // among the objects of its module, the module itself being 0
+    std::int16_t IsDeath = 0;          // 0 alive or not looked at, 1 dead, 2 undead
+    Access Zugriff = Access::None;
 
 protected:
     explicit CodeObject(ObjectClass objectClass) : class_(objectClass) {}
+    ~CodeObject() = default;
 
 private:
+    using NameOf = std::string_view (CodeObject::*)() const;
+    [[nodiscard]] std::string Path(NameOf nameOf) const;
+    [[nodiscard]] const CallGraph* Graph() const;
+
     ObjectClass class_;
+    Name name_;
+    const char* spelling_ = "";
 };
 
 /// `first` "." `second`, without the point when one of them is empty.

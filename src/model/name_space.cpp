@@ -1,6 +1,6 @@
 #include "model/name_space.h"
 
-#include <algorithm>
+#include <new>
 #include <utility>
 
 #include "model/clsEnum.h"
@@ -8,8 +8,6 @@
 #include "model/clsProzedur.h"
 #include "model/clsType.h"
 #include "model/clsVariable.h"
-
-NameSpace gPublicNameSpace(NameSpace::Extent::Program);
 
 namespace {
 
@@ -84,43 +82,12 @@ bool clsSpaceName::Add(CodeObject& object) {
     return true;
 }
 
-void clsSpaceName::Remove(const CodeObject& object) {
-    const auto isIt = [&](const CodeObject* there) { return SamePath(*there, object); };
-    if (others_.empty()) {
-        if (first_ && isIt(first_))
-            first_ = nullptr;
-        return;
-    }
-    others_.erase(std::remove_if(others_.begin(), others_.end(), isIt), others_.end());
-    if (others_.empty())
-        first_ = nullptr;
-}
-
 void NameSpace::AddObject(CodeObject& object) {
-    const Name name = object.NameKey();
-    clsSpaceName* entry = Bearers(name);
+    clsSpaceName* entry = Item(object.NameKey());
     if (!entry) {
-        entry = &entries_.emplace_back(name);
-        AddNew(name.Lower(), entry);
-        if (extent_ == Extent::Program)
-            name.Lower().SetBearers(entry);
+        entry = new (memory_->allocate(sizeof(clsSpaceName), alignof(clsSpaceName)))
+            clsSpaceName(object.NameKey(), memory_);
+        AddNew(object.NameKey(), entry);
     }
     entry->Add(object);
-}
-
-void NameSpace::RemoveObject(const CodeObject& object) {
-    if (clsSpaceName* entry = Bearers(object.NameKey()))
-        entry->Remove(object);
-}
-
-void NameSpace::ClearAll() {
-    if (extent_ == Extent::Program)
-        for (int nr = 1; nr <= Count(); ++nr)
-            KeyNr(nr).SetBearers(nullptr);
-    Clear();
-    entries_.clear();
-}
-
-void modMain::AddTo_NameSpace(CodeObject& object) {
-    gPublicNameSpace.AddObject(object);
 }

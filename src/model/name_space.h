@@ -1,8 +1,8 @@
-// A name space answers which code objects bear a given bare name. There is a public one for the project and
-// a private one for each module and library. Look-ups go through the objects in the order of their entry.
+// A name space says which code objects have a given bare name. A project has a public one, a module a private one.
+// Look-ups go through the objects in the order of their entry.
 #pragma once
 
-#include <deque>
+#include <memory_resource>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -10,53 +10,35 @@
 #include "model/clsCollection.h"
 #include "model/code_object.h"
 
-/// One entry: a lower-case bare name and all objects that bear it, in the order of their entry, each code path
-/// once. Most names have one bearer, so paths are only made when a second comes.
+/// One entry: a lower-case bare name and all objects that have it, in the order of their entry, each code path once.
+/// Most names have one object, so paths are only made when a second comes.
 class clsSpaceName {
 public:
-    explicit clsSpaceName(Name name) : name_(name.Lower()) {}
+    clsSpaceName(Name name, std::pmr::memory_resource* memory) : name_(name.Lower()), others_(memory) {}
     [[nodiscard]] std::string_view MyName() const { return name_.View(); }
     [[nodiscard]] std::span<CodeObject* const> Objects() const {
         return others_.empty() ? std::span<CodeObject* const>(&first_, first_ ? 1 : 0)
                                : std::span<CodeObject* const>(others_);
     }
-    /// False when an object of the same path stands there already.
+    /// Returns false when an object of the same path is there already.
     bool Add(CodeObject& object);
-    void Remove(const CodeObject& object);
 
 private:
     Name name_;
     CodeObject* first_ = nullptr;
-    std::vector<CodeObject*> others_;  // all objects, once there is more than one
+    std::pmr::vector<CodeObject*> others_;  // all objects, once there is more than one
 };
 
-/// Bare names to their entries. It owns the entries, never the objects.
+/// Bare names to their entries.
 class NameSpace : public clsCollection<clsSpaceName> {
 public:
-    enum class Extent { Module, Program };
-    /// The one of the whole program is kept with the names themselves, so that a look-up there costs nothing.
-    explicit NameSpace(Extent extent = Extent::Module) : extent_(extent) {}
+    /// @param memory  where the entries live, which are never destroyed
+    explicit NameSpace(std::pmr::memory_resource* memory) : clsCollection(memory), memory_(memory) {}
 
-    /// Who bears a name, or null.
-    [[nodiscard]] clsSpaceName* Bearers(Name name) const {
-        return extent_ == Extent::Program ? name.Lower().Bearers() : Item(name);
-    }
-    /// Enters `object` under its name. An object of the same code path that stands there already stays,
-    /// and nothing happens.
+    /// Enters `object` under its name. An object of the same code path that is there already stays, and nothing
+    /// happens.
     void AddObject(CodeObject& object);
-    /// Takes the object of this code path out; its entry stays, even when it has become empty.
-    void RemoveObject(const CodeObject& object);
-    /// Forgets all entries.
-    void ClearAll();
 
 private:
-    std::deque<clsSpaceName> entries_;
-    Extent extent_;
+    std::pmr::memory_resource* memory_;
 };
-
-/// The project-wide name space.
-extern NameSpace gPublicNameSpace;
-
-namespace modMain {
-void AddTo_NameSpace(CodeObject& object);
-}

@@ -1,12 +1,9 @@
 #include "project/module_file.h"
 
 #include "model/clsControl.h"
-#include "model/clsProjekt.h"
+#include "model/clsModul.h"
 #include "model/clsVariable.h"
-#include "platform/memory.h"
 #include "shell/errors.h"
-#include "shell/operations.h"
-#include "shell/settings.h"
 #include "shell/words.h"
 #include "source/char_map.h"
 #include "source/comments.h"
@@ -44,114 +41,40 @@ std::string_view NameFromFile(std::string_view path) {
 
 // `Me` of a module that is no standard module.
 void AddMe(clsModul& modul) {
-    clsVariable& me = modul.Own(std::make_unique<clsVariable>());
-    me.Modul = &modul;
-    me.SetName(Name("Me"));
+    clsVariable& me = modul.New<clsVariable>();
+    me.SetName(modul.TheNames().Intern("Me"));
     me.Zugriff = Access::Private;
     me.type = modul.NameKey();
     me.DeclareStart = modul.BeginnVarBereich;
     modul.MyVars.AddUnlessPresent(me.NameKey(), &me);
     modul.Private_Variablen.AddUnlessPresent(me.NameKey(), &me);
-    modul.AddTo_PrivNameSpace(me);
+    modul.PrivNameSpace.AddObject(me);
 }
 
 // The user control itself, as its procedures see it.
 void AddUserControl(clsModul& modul) {
-    clsControl& control = modul.Own(std::make_unique<clsControl>());
-    control.Modul = &modul;
-    control.SetName(Name("UserControl"));
+    clsControl& control = modul.New<clsControl>();
+    control.SetName(modul.TheNames().Intern("UserControl"));
     control.Zugriff = Access::Private;
-    control.type = Name("usercontrol");
+    control.type = control.NameKey();
     control.DeclareStart = modul.BeginnVarBereich;
     modul.MyControls.AddUnlessPresent(control.NameKey(), &control);
-    modul.AddTo_PrivNameSpace(control);
+    modul.PrivNameSpace.AddObject(control);
 }
 
 // The global variable that stands for the form's own instance.
-void AddFormVariable(clsProjekt& projekt, clsModul& form) {
-    clsVariable& variable = projekt.Own(std::make_unique<clsVariable>());
-    variable.Modul = &form;
+void AddFormVariable(clsModul& form) {
+    clsVariable& variable = form.NewInner<clsVariable>();
     variable.isFormInstance = true;
     variable.SetNameOf(form);
     variable.Zugriff = Access::Public;
     variable.type = form.NameKey();
-    projekt.FormVars.AddUnlessPresent(variable.NameKey(), &variable);
-}
-
-}  // namespace
-
-ModuleFile Read_ModuleFile(const Files& files, std::string_view path, ModuleKind kind) {
-    UseLargePages();
-    FileText read = files.ReadText(path);
-    ModuleFile file;
-    file.error = read.error;
-    file.dateLastModified = read.dateLastModified;
-    file.name = NameFromFile(path);
-    if (read.text.empty())
-        return file;
-    file.text = std::make_unique<ModuleText>(std::move(read.text));
-    ModuleText& text = *file.text;
-    if (const Pos attribute = InStr(text.ModulText(), "attribute vb_name = "); attribute >= 1)
-        file.name = NameFromAttribute(text, attribute);
-    file.lines = ScanLines(text.ModulText());
-    Comments_Initialisieren(text);
-    Strings_Initialisieren(text);
-    CondCompile_Initialisieren(text, file.lines, gCondComps, std::string(TextOf(kind)) + " " + file.name);
-    file.tokens = std::make_unique<TokenTable>(Analyse_Parsen(text));
-    text.SetMapSource(MakeCharMapAgain);
-    return file;
-}
-
-void Read_MyCodeName(clsProjekt& projekt, clsModul& modul, const ModuleFile& file,
-                     const std::function<int()>& moreMissing) {
-    if (file.error != FileError::None) {
-        if (projekt.TheFiles().FileExists(modul.FullPath)) {
-            ShowError("clsModul: Read_MyCodeName", 75, Describe(file.error));
-            return;
-        }
-        NoteProblem("clsModul: Read_MyCodeName", "File not found: " + modul.FullPath);
-        if (AskMissingFile("File not found: " + modul.FullPath + "\r\n\r\nLaden abbrechen?",
-                           moreMissing ? moreMissing() : 0))
-            gAbort = true;
-        return;
-    }
-    modul.DateLastModified = file.dateLastModified;
-    modul.SetName(Name(file.name));
-}
-
-void Modul_Einlesen(clsProjekt& projekt, clsModul& modul, ModuleFile& file) {
-    if (!file.text)
-        return;
-    Modul_Aufbau_Lesen(projekt, modul, file);
-    gPublicNameSpace.AddObject(modul);
-    if (modul.ModulTyp != ModuleKind::Module)
-        AddMe(modul);
-    if (modul.ModulTyp == ModuleKind::UserControl)
-        AddUserControl(modul);
-    ModuleReader reader(projekt, modul);
-    Analyse_BereichVar(reader);
-    projekt.ModulesOf(modul.ModulTyp).AddUnlessPresent(modul.CodePathKey(), &modul);
-    if (modul.ModulTyp == ModuleKind::Form)
-        AddFormVariable(projekt, modul);
-    modul.text->ReleaseModulText();
-}
-
-void Modul_Aufbau_Lesen(clsProjekt& projekt, clsModul& modul, ModuleFile& file) {
-    modul.text = std::move(file.text);
-    modul.tokens = std::move(file.tokens);
-    const ModuleText& text = *modul.text;
-    ModuleReader reader(projekt, modul);
-    Analyse_GetBeginnProcBereich(reader);
-    Analyse_GetBeginnVarBereich(reader);
-    if (text.Get_VBZeilenEnde(2) < 2)
-        return;
-    if (modul.ModulTyp == ModuleKind::Form || modul.ModulTyp == ModuleKind::UserControl)
-        Controls_Lesen(modul);
-    Modul_Zeilen_Lesen(modul, file.lines);
+    form.FormInstance = &variable;
 }
 
 void Controls_Lesen(clsModul& modul) {
     const ModuleText& text = *modul.text;
+    Names& names = modul.TheNames();
     Pos behind = 0;  // end of the statement looked at last: a second "begin" in it tells nothing new
     for (Pos pos = Suche_CallWort_Im_Code(text, 1, "begin"); pos != 0;
          pos = Suche_CallWort_Im_Code(text, std::max(pos + 1, behind), "begin")) {
@@ -163,23 +86,78 @@ void Controls_Lesen(clsModul& modul) {
         const std::string_view name = statement.SplitStr(3);
         if (modul.MyControls.Contains(name))
             continue;  // a further member of a control array
-        clsControl& control = modul.Own(std::make_unique<clsControl>());
-        control.Modul = &modul;
+        clsControl& control = modul.New<clsControl>();
         control.Zugriff = Access::Public;
         // Several blanks in front move the name to the right of where the splits are told to be.
         const Pos namePos = InStr(statement.StatementPos() + statement.SplitPos(3) - 1, text.ModulText(), name);
-        control.SetName(Name(Mid(text.ModulTextOrg(), std::max(namePos, 1), Len(name))));
-        control.type = Name(statement.SplitStr(2));
+        control.SetName(names.Intern(Mid(text.ModulTextOrg(), std::max(namePos, 1), Len(name))));
+        control.type = names.Intern(statement.SplitStr(2));
         control.DeclareStart = pos;
         modul.MyControls.AddUnlessPresent(control.NameKey(), &control);
-        modMain::AddTo_NameSpace(control);
-        modul.AddTo_PrivNameSpace(control);
+        modul.publicDeclarations.push_back(&control);
+        modul.PrivNameSpace.AddObject(control);
     }
 }
 
-void Modul_Zeilen_Lesen(clsModul& modul, const LineScan& lines) {
+// Text with its map, lines and tokens; the name.
+LineScan ReadText(clsModul& modul, std::string_view bytes, const std::vector<CondConstant>& condComps) {
+    modul.text = std::make_unique<ModuleText>(bytes, modul.TheNames().Page(), modul.Memory());
+    ModuleText& text = *modul.text;
+    if (const Pos attribute = InStr(text.ModulText(), "attribute vb_name = "); attribute >= 1)
+        modul.SetName(modul.TheNames().Intern(NameFromAttribute(text, attribute)));
+    LineScan lines = ScanLines(text.ModulText());
+    Comments_Initialisieren(text);
+    Strings_Initialisieren(text);
+    CondCompile_Initialisieren(text, lines, condComps,
+                               std::string(TextOf(modul.ModulTyp)).append(" ").append(modul.myNameOrg()));
+    modul.tokens = std::make_unique<TokenTable>(Analyse_Parsen(text, modul.Memory()));
+    text.SetMapSource(MakeCharMapAgain);
+    return lines;
+}
+
+// Where the sections begin, controls, line counts.
+void Modul_Aufbau_Lesen(clsModul& modul, const LineScan& lines) {
+    const ModuleText& text = *modul.text;
+    ModuleReader reader(modul);
+    Analyse_GetBeginnProcBereich(reader);
+    Analyse_GetBeginnVarBereich(reader);
+    if (text.Get_VBZeilenEnde(2) < 2)
+        return;
+    if (modul.ModulTyp == ModuleKind::Form || modul.ModulTyp == ModuleKind::UserControl)
+        Controls_Lesen(modul);
     modul.LineCount = 1 + lines.lineBreaks;
     modul.AnzLineBlank = lines.blank;
     modul.AnzLineComment = lines.comment;
     modul.AnzLineCode = lines.code;
+}
+
+}  // namespace
+
+std::unique_ptr<clsModul> Read_Module(const ReadingContext& context, const ModuleSource& source) {
+    auto read = std::make_unique<clsModul>(context.names, context.memory);
+    clsModul& modul = *read;
+    modul.ModulTyp = source.kind;
+    modul.FullPath = source.path;
+    FileText file = context.files.ReadText(source.path);
+    modul.fileError = file.error;
+    if (file.error != FileError::None)
+        return read;
+    modul.DateLastModified = file.dateLastModified;
+    modul.SetName(context.names.Intern(NameFromFile(source.path)));
+    if (file.text.empty())
+        return read;
+    const LineScan lines = ReadText(modul, file.text, context.condComps);
+    Modul_Aufbau_Lesen(modul, lines);
+    modul.publicDeclarations.push_back(&modul);
+    if (modul.ModulTyp != ModuleKind::Module)
+        AddMe(modul);
+    if (modul.ModulTyp == ModuleKind::UserControl)
+        AddUserControl(modul);
+    ModuleReader reader(modul);
+    Analyse_BereichVar(reader);
+    if (modul.ModulTyp == ModuleKind::Form)
+        AddFormVariable(modul);
+    Analyse_BereichProc(reader);
+    modul.text->ReleaseModulText();
+    return read;
 }

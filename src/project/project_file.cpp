@@ -2,22 +2,14 @@
 
 #include "libraries/project_entry.h"
 #include "model/clsProjekt.h"
-#include "model/counters.h"
 #include "platform/code_page.h"
-#include "platform/memory.h"
-#include "project/module_file.h"
+#include "project/replace.h"
 #include "shell/clsText.h"
 #include "shell/errors.h"
 #include "shell/operations.h"
-#include "shell/settings.h"
 #include "shell/timing.h"
 #include "shell/words.h"
-#include "shell/work_ahead.h"
 #include "source/cond_compile.h"
-#include "source/module_text.h"
-#include "structure/add_objects.h"
-#include "structure/module_reader.h"
-#include "structure/sections.h"
 
 namespace {
 
@@ -62,87 +54,73 @@ private:
     int count_ = -1;
 };
 
-// One module line of the project file.
 struct ModuleLine {
-    ModuleKind kind;
-    std::string path;
+    std::string_view line;
+    ModuleSource source;
 };
 
 std::vector<ModuleLine> ModuleLines(std::string_view projektDir, std::string_view projectText) {
     std::vector<ModuleLine> lines;
     ForEachLine(projectText, [&](std::string_view line) {
         if (const std::string key = KeyOf(line); IsModuleKey(key))
-            lines.push_back({KindOf(key), Get_Pfad_Aus_ModulEintrag(projektDir, line)});
+            lines.push_back({line, {KindOf(key), Get_Pfad_Aus_ModulEintrag(projektDir, line)}});
     });
     return lines;
 }
 
-void LoadModule(clsProjekt& projekt, const ModuleLine& line, WorkAhead<ModuleFile>& files,
-                const std::function<int()>& moreMissing) {
-    clsModul& modul = projekt.Own(std::make_unique<clsModul>());
-    modul.number = static_cast<int>(projekt.OwnedModules().size());
-    modul.ModulTyp = line.kind;
-    modul.FullPath = line.path;
-    const ErrorSubject subject(modul.FullPath);
-    ModuleFile file = files.Next();
-    Read_MyCodeName(projekt, modul, file, moreMissing);
-    gProgress().Label(modul.myNameOrg());
-    DoEvents();
-    Modul_Einlesen(projekt, modul, file);
-    projekt.AnzCodeZeilen += modul.AnzLineCode;
-    projekt.AnzCommentZeilen += modul.AnzLineComment;
-    projekt.AnzBlankZeilen += modul.AnzLineBlank;
-    gProgress().Progressiere_mal();
-}
-
-void LoadLibrary(clsProjekt& projekt, bool isReference, std::string_view line) {
-    clsTypeLib& library = projekt.Own(std::make_unique<clsTypeLib>());
-    if (isReference)
-        FillPropertysRef(library, line);
-    else
-        FillPropertys(library, line);
-    auto& libraries = isReference ? projekt.myProjectReferences : projekt.myProjectObjects;
-    libraries.AddUnlessPresent(library.NameKey(), &library);
-    gProgress().Progressiere_mal();
-}
-
-// Each module and library that the project file lists. The files are read, and cut into tokens, on all processors ahead
-// of the walk over the lines.
-void LoadLines(clsProjekt& projekt, std::string_view projektDir, std::string_view projectText) {
-    MissingBehind missing(projekt.TheFiles(), projektDir, projectText);
-    const std::vector<ModuleLine> moduleLines = ModuleLines(projektDir, projectText);
-    auto moduleLine = moduleLines.begin();
-    WorkAhead<ModuleFile> files(moduleLines.size(), [&](std::size_t nr, std::size_t) {
-        return Read_ModuleFile(projekt.TheFiles(), moduleLines[nr].path, moduleLines[nr].kind);
-    });
+void LoadLibraries(clsProjekt& projekt, std::string_view projectText) {
     ForEachLine(projectText, [&](std::string_view line) {
-        if (gAbort)
-            return;
         const std::string key = KeyOf(line);
-        if (IsModuleKey(key))
-            LoadModule(projekt, *moduleLine++, files, [&] { return missing.Count(line); });
-        else if (key == "Reference" || key == "Object")
-            LoadLibrary(projekt, key == "Reference", line);
+        if (key == "Reference")
+            FillPropertysRef(projekt, projekt.NewLibrary(), line);
+        else if (key == "Object")
+            FillPropertys(projekt, projekt.NewLibrary(), line);
+        else
+            return;
+        gProgress().Progressiere_mal();
     });
 }
 
-// What a module's procedures bring to the project.
-struct ModuleProcs {
-    std::vector<clsProzedur*> procs;
-    ObjectCounts counts;
-};
+// Tells about a file that gave no text. One that does not exist is asked about ("Laden abbrechen?"); Yes sets gAbort.
+void TellUnreadable(const clsProjekt& projekt, const clsModul& modul, const std::function<int()>& moreMissing) {
+    if (projekt.TheFiles().FileExists(modul.FullPath)) {
+        ShowError("clsModul: Read_MyCodeName", 75, Describe(modul.fileError));
+        return;
+    }
+    NoteProblem("clsModul: Read_MyCodeName", "File not found: " + modul.FullPath);
+    if (AskMissingFile("File not found: " + modul.FullPath + "\r\n\r\nLaden abbrechen?", moreMissing()))
+        gAbort = true;
+}
 
-// Changes the module alone.
-ModuleProcs ReadProcs(clsProjekt& projekt, clsModul& modul) {
-    UseLargePages();
-    const CountedApart counted;
-    ModuleProcs read;
-    ModuleReader reader(projekt, modul);
-    reader.joinLater = &read.procs;
-    Analyse_BereichProc(reader);
-    modul.text->ReleaseModulText();
-    read.counts = counted.Counts();
-    return read;
+// Each module that the project file lists. A cancel leaves out those that have not been taken.
+void LoadModules(clsProjekt& projekt, std::string_view projektDir, std::string_view projectText) {
+    MissingBehind missing(projekt.TheFiles(), projektDir, projectText);
+    const std::vector<ModuleLine> lines = ModuleLines(projektDir, projectText);
+    std::vector<ModuleChange> changes;
+    for (const ModuleLine& line : lines)
+        changes.push_back({{}, line.source});
+    Replace(projekt, changes, [&](std::size_t nr, const clsModul& modul) {
+        if (gAbort)
+            return false;
+        if (modul.fileError != FileError::None)
+            TellUnreadable(projekt, modul, [&] { return missing.Count(lines[nr].line); });
+        gProgress().Label(modul.myNameOrg());
+        DoEvents();
+        gProgress().Progressiere_mal();
+        return true;
+    });
+}
+
+// Places in OwnedModules.
+std::vector<std::size_t> ChangedModules(const clsProjekt& projekt) {
+    std::vector<std::size_t> changed;
+    for (std::size_t place = 0; place < projekt.OwnedModules().size(); ++place) {
+        const clsModul& modul = *projekt.OwnedModules()[place];
+        if (modul.DateLastModified != 0 &&
+            projekt.TheFiles().DateLastModified(modul.FullPath) != modul.DateLastModified)
+            changed.push_back(place);
+    }
+    return changed;
 }
 
 int CountLines(std::string_view text, const std::function<bool(std::string_view key)>& counts) {
@@ -200,17 +178,17 @@ std::string Get_ProjektName(const clsProjekt& projekt) {
     return name;
 }
 
-void CondComp_Init(const clsProjekt& projekt, std::string_view projectText) {
-    ForEachLine(projectText, [](std::string_view line) {
+void CondComp_Init(clsProjekt& projekt, std::string_view projectText) {
+    ForEachLine(projectText, [&projekt](std::string_view line) {
         if (KeyOf(line) != "CondComp")
             return;
         const std::vector<CondConstant> constants = CondCompsOfLine(line);
         if (constants.empty())
             return;
-        gCondComps.resize(3);
-        gCondComps.insert(gCondComps.end(), constants.begin(), constants.end());
+        projekt.condComps.resize(3);
+        projekt.condComps.insert(projekt.condComps.end(), constants.begin(), constants.end());
     });
-    gCondComps.insert(gCondComps.end(), projekt.definedCondComps.begin(), projekt.definedCondComps.end());
+    projekt.condComps.insert(projekt.condComps.end(), projekt.definedCondComps.begin(), projekt.definedCondComps.end());
 }
 
 void Projekt_Laden(clsProjekt& projekt) {
@@ -223,7 +201,6 @@ void Projekt_Laden(clsProjekt& projekt) {
         ShowError("clsProjekt: Projekt_Laden", file.error == FileError::NotFound ? 53 : 75, Describe(file.error));
         return;
     }
-    const std::string_view projektDir = modMain::DirOrFileName(projekt.FullPath, 1);
     projekt.MyName = Get_ProjektName(projekt);
     const int modules = GetAnzahlModule(file.text);
     if (modules == 0)
@@ -232,37 +209,32 @@ void Projekt_Laden(clsProjekt& projekt) {
     gProgress().Caption(projekt.MyName);
     gProgress().Label(gText.TextNr(Text::LoadingProject));
     gProgress().Range(0, modules + GetAnzahlComponents(file.text) + GetAnzahlReferences(file.text));
-    LoadLines(projekt, projektDir, file.text);
-    if (!gAbort)
-        Alle_ModulStrukturen_Generieren(projekt);
+    LoadLibraries(projekt, file.text);
+    LoadModules(projekt, modMain::DirOrFileName(projekt.FullPath, 1), file.text);
     timer.Halt();
     projekt.TimeForStructure = timer.Get_TotalStr();
 }
 
-void Alle_ModulStrukturen_Generieren(clsProjekt& projekt) {
-    const int count = projekt.CountAllModules();
-    if (count < 1)
-        return;
-    gProgress().Caption(projekt.FullPath);
-    gProgress().Label(gText.TextNr(Text::ReadingProcedures));
-    gProgress().Range(1, count);
-    // Modules are read side by side; what the project knows of their procedures is filed in order.
-    const std::vector<clsModul*> modules = projekt.AllModules();
-    WorkAhead<ModuleProcs> reading(modules.size(),
-                                   [&](std::size_t nr, std::size_t) { return ReadProcs(projekt, *modules[nr]); });
-    std::size_t last = modules.size();
-    for (std::size_t nr = 0; nr < last; ++nr) {
-        const ErrorSubject subject(modules[nr]->FullPath);
-        gProgress().Label(modules[nr]->myNameOrg());
-        DoEvents();
-        if (gAbort)
-            last = reading.Stop();
-        if (nr >= last)
-            return;
-        const ModuleProcs read = reading.Next();
-        for (clsProzedur* prozedur : read.procs)
-            Add_Proc_ToProjekt(projekt, *prozedur);
-        gCounts += read.counts;
-        gProgress().Progressiere_mal();
+int CountChangedModules(const clsProjekt& projekt) {
+    return static_cast<int>(ChangedModules(projekt).size());
+}
+
+int ChangedModule_Regenerieren(clsProjekt& projekt) {
+    gAbort = false;
+    std::vector<ModuleChange> changes;
+    for (const std::size_t place : ChangedModules(projekt)) {
+        const clsModul& modul = *projekt.OwnedModules()[place];
+        ForgetProblemsOf(modul.FullPath);
+        changes.push_back({place, ModuleSource{modul.ModulTyp, modul.FullPath}});
     }
+    gProgress().Label(gText.TextNr(Text::LoadingProject));
+    gProgress().Range(0, static_cast<int>(changes.size()));
+    if (!changes.empty())
+        Replace(projekt, changes, [&](std::size_t, const clsModul& modul) {
+            if (modul.fileError != FileError::None)
+                TellUnreadable(projekt, modul, [] { return 0; });
+            gProgress().Progressiere_mal();
+            return !gAbort;
+        });
+    return static_cast<int>(changes.size());
 }

@@ -10,8 +10,11 @@ class clsProjekt;
 /// The whole load of the project at projekt.FullPath. A set gAbort ends it after the line at hand.
 void Projekt_Laden(clsProjekt& projekt);
 
-/// The second pass: reads the procedures of all modules, once every declaration of the project is known.
-void Alle_ModulStrukturen_Generieren(clsProjekt& projekt);
+/// Reads the modules again whose files have changed since, and derives the rest again. A file that is gone is asked
+/// about like one that was missing at first. Returns how many there are.
+int ChangedModule_Regenerieren(clsProjekt& projekt);
+/// How many there would be.
+[[nodiscard]] int CountChangedModules(const clsProjekt& projekt);
 
 /// Text between the first two quotes of the last Name line of the project file.
 [[nodiscard]] std::string Get_ProjektName(const clsProjekt& projekt);
@@ -26,9 +29,8 @@ void Alle_ModulStrukturen_Generieren(clsProjekt& projekt);
 [[nodiscard]] int GetAnzahlComponents(std::string_view projectText);
 [[nodiscard]] int GetAnzahlReferences(std::string_view projectText);
 
-/// Sets the project's rows of gCondComps from its CondComp lines. Without one the rows of the project before
-/// stay. projekt.definedCondComps come last.
-void CondComp_Init(const clsProjekt& projekt, std::string_view projectText);
+/// Sets the project's conditional constants from its CondComp lines; its definedCondComps come last.
+void CondComp_Init(clsProjekt& projekt, std::string_view projectText);
 
 /// Calls `line` for each line of a text with CR LF line ends, without them.
 void ForEachLine(std::string_view text, const std::function<void(std::string_view line)>& line);

@@ -10,27 +10,21 @@
 #include "shell/settings.h"
 #include "shell/timing.h"
 
+std::unique_ptr<clsProjekt> gProjekt;
 std::vector<std::string> gCLSIDKeys;
 
 void CloseProject() {
-    if (gProjekt)
-        gProjekt->DestroyMe();
     gProjekt.reset();
 }
 
 void InitGlobals() {
     CloseProject();
-    gPublicNameSpace.ClearAll();
     gText = {};
     gAbort = false;
     gAction.clear();
-    gCondComps.clear();
-    CondComps_Win32_Win16(Settings().Win32);
     gCLSIDKeys.clear();
     ClearProblems();
-    for (TimingRecord* record : {&gTimerGetTypAusName, &gTimerGetChild, &gTimerSetMayBeCalls, &gTimerGetObjektAusName,
-                                 &gTimerCallsProc, &gTimerProjektOeffnen})
-        *record = {};
+    gTimerProjektOeffnen = {};
 }
 
 Settings StartProgram(const Files& files, SettingsFile& settings, Registry* registry,

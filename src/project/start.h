@@ -1,13 +1,19 @@
 // The program-wide state in one place: made once at the start, put back to it by tests.
 #pragma once
 
+#include <memory>
 #include <string>
 #include <vector>
 
 class Files;
 class Registry;
 class SettingsFile;
+class clsProjekt;
 struct Settings;
+
+/// The project that is open in the window or the console, or null. Only those two read it: all else takes the project
+/// that it works on as a parameter.
+extern std::unique_ptr<clsProjekt> gProjekt;
 
 /// Names of all sub-keys of CLSID among the classes of the registry.
 extern std::vector<std::string> gCLSIDKeys;

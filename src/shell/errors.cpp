@@ -21,6 +21,11 @@ struct ProblemList {
     std::unordered_set<std::string> seen;
 };
 
+// Tells a problem from all others.
+std::string KeyOf(const Problem& problem) {
+    return problem.tag + '\n' + problem.text + '\n' + problem.subject;
+}
+
 ProblemList& TheProblems() {
     static ProblemList list;
     return list;
@@ -86,7 +91,7 @@ void NoteProblem(std::string_view tag, std::string_view text) {
     if (muted > 0 || list.problems.size() >= kMostProblems)
         return;
     Problem problem{std::string(tag), std::string(text), std::string(currentSubject)};
-    if (list.seen.insert(problem.tag + '\n' + problem.text + '\n' + problem.subject).second)
+    if (list.seen.insert(KeyOf(problem)).second)
         list.problems.push_back(std::move(problem));
 }
 
@@ -97,4 +102,14 @@ const std::vector<Problem>& Problems() {
 void ClearProblems() {
     TheProblems().problems.clear();
     TheProblems().seen.clear();
+}
+
+void ForgetProblemsOf(std::string_view subject) {
+    ProblemList& list = TheProblems();
+    std::erase_if(list.problems, [&](const Problem& problem) {
+        const bool isOfFile = problem.subject == subject;
+        if (isOfFile)
+            list.seen.erase(KeyOf(problem));
+        return isOfFile;
+    });
 }

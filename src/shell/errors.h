@@ -33,6 +33,8 @@ struct Problem {
 void NoteProblem(std::string_view tag, std::string_view text);
 [[nodiscard]] const std::vector<Problem>& Problems();
 void ClearProblems();
+/// Removes the problems of one file, before it is read again.
+void ForgetProblemsOf(std::string_view subject);
 
 /// Takes the reports: a window, standard error, a list in tests.
 using ErrorPort = std::function<void(const ErrorReport&)>;

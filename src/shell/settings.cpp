@@ -7,7 +7,6 @@
 #include "shell/vb_text.h"
 
 std::string gIniFile;
-std::vector<std::pair<std::string, std::string>> gCondComps;
 
 namespace {
 
@@ -126,13 +125,6 @@ void Optionen_Ini_Save(SettingsFile& file, const Settings& settings) {
 void Save_OpenDir(SettingsFile& file, const Settings& settings) {
     file.WriteString(kGeneral, "OpenSaveDir", Trim(settings.OpenSaveDir));
     file.Save();
-}
-
-void CondComps_Win32_Win16(std::int16_t win32) {
-    if (gCondComps.size() < 3)
-        gCondComps.resize(3);
-    gCondComps[1] = {"win32", win32 == 1 ? "-1" : "0"};
-    gCondComps[2] = {"win16", win32 == 1 ? "0" : "-1"};
 }
 
 WindowSize SizeSave_Read(SettingsFile& file) {

@@ -53,20 +53,12 @@ struct Settings {
 /// Path of the settings file.
 extern std::string gIniFile;
 
-/// Conditional compilation constants of the project, (name, value), both lower case; row 0 stays empty,
-/// rows 1 and 2 are win32 and win16.
-extern std::vector<std::pair<std::string, std::string>> gCondComps;
-
 /// Reads all keys but the window's. A file that is absent gives the defaults.
 [[nodiscard]] Settings Optionen_Ini_Load(SettingsFile& file);
 /// Writes them. A write that fails isn't noticed.
 void Optionen_Ini_Save(SettingsFile& file, const Settings& settings);
 /// Writes the directory of the last project only.
 void Save_OpenDir(SettingsFile& file, const Settings& settings);
-
-/// Rows 1 and 2 of gCondComps: at the start from the default of Settings::Win32, and when the user changes it. Reading
-/// the settings leaves them alone.
-void CondComps_Win32_Win16(std::int16_t win32);
 
 /// Geometry of the main window and of its splitters in twips; an empty text is "not stored".
 struct WindowSize {

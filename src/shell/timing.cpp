@@ -6,11 +6,6 @@
 #include "platform/clock.h"
 #include "shell/operations.h"
 
-TimingRecord gTimerGetTypAusName;
-TimingRecord gTimerGetChild;
-TimingRecord gTimerSetMayBeCalls;
-TimingRecord gTimerGetObjektAusName;
-TimingRecord gTimerCallsProc;
 TimingRecord gTimerProjektOeffnen;
 
 namespace {

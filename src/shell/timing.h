@@ -48,9 +48,4 @@ private:
 [[nodiscard]] double CounterAsNumber(std::int64_t counter);
 
 // One record for each time-critical operation and one for opening a project.
-extern TimingRecord gTimerGetTypAusName;  // also of Analyse_Parsen
-extern TimingRecord gTimerGetChild;
-extern TimingRecord gTimerSetMayBeCalls;
-extern TimingRecord gTimerGetObjektAusName;
-extern TimingRecord gTimerCallsProc;
 extern TimingRecord gTimerProjektOeffnen;

@@ -4,7 +4,6 @@
 
 namespace {
 
-constexpr std::size_t kMostHelpers = 3;  // all share one heap, which more would only wait for
 // Enough that a long item keeps nobody waiting, and few enough that what waits stays small.
 constexpr std::size_t kAheadOfEach = 4;
 
@@ -12,7 +11,7 @@ constexpr std::size_t kAheadOfEach = 4;
 
 std::size_t AheadThreads::UsualHelpers() {
     static const std::size_t processors = std::max(std::thread::hardware_concurrency(), 1U);
-    return std::min(processors - 1, kMostHelpers);
+    return processors - 1;
 }
 
 AheadThreads::AheadThreads(std::size_t count, std::size_t helpers, Work work)

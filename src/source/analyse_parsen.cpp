@@ -115,7 +115,7 @@ public:
         FindStops(text_, map_, count_, stops_);
     }
 
-    TokenTable Run() {
+    TokenTable Run(std::pmr::memory_resource* memory) {
         // The quick steps work on a copy that is passed to no call and therefore stays in registers; Step works on
         // *this.
         Tokeniser quick = *this;
@@ -134,7 +134,7 @@ public:
             i = Step(i, kind);
             quick = *this;
         }
-        return TokenTable({first_, static_cast<std::size_t>(quick.next_ - first_)}, landmarks);
+        return TokenTable({first_, static_cast<std::size_t>(quick.next_ - first_)}, landmarks, memory);
     }
 
 private:
@@ -517,8 +517,8 @@ private:
 
 }  // namespace
 
-TokenTable Analyse_Parsen(ModuleText& text) {
-    return Tokeniser(text).Run();
+TokenTable Analyse_Parsen(ModuleText& text, std::pmr::memory_resource* memory) {
+    return Tokeniser(text).Run(memory);
 }
 
 std::vector<Token> TokenTable::All() const {

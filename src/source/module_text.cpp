@@ -1,13 +1,13 @@
 #include "source/module_text.h"
 
-#include "platform/code_page.h"
 #include "shell/errors.h"
 
-ModuleText::ModuleText(std::string text) : original_(std::move(text)) {}
+ModuleText::ModuleText(std::string_view text, const CodePage& page, std::pmr::memory_resource* memory)
+    : original_(text, memory), page_(&page), hidden_(memory) {}
 
 void ModuleText::BuildLower() const {
     lower_ = std::make_unique_for_overwrite<char[]>(original_.size() + 1);
-    ActiveCodePage().LowerCase(original_, lower_.get());
+    page_->LowerCase(original_, lower_.get());
     lower_[original_.size()] = '\0';
 }
 

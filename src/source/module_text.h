@@ -7,11 +7,13 @@
 
 #include <cstdint>
 #include <memory>
+#include <memory_resource>
 #include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
 
+#include "platform/code_page.h"
 #include "shell/vb_text.h"
 
 /// What a position is, as bits of one byte.
@@ -24,7 +26,10 @@ enum CharFlag : std::uint8_t {
 class ModuleText {
 public:
     /// `text` as the file layer hands it out, with CR LF at every line end.
-    explicit ModuleText(std::string text);
+    /// @param page  decides what lower case is; must outlive the text
+    /// @param memory  where the text lives; it outlives this object
+    explicit ModuleText(std::string_view text, const CodePage& page = ActiveCodePage(),
+                        std::pmr::memory_resource* memory = std::pmr::get_default_resource());
 
     /// As found in the file.
     [[nodiscard]] std::string_view ModulTextOrg() const { return original_; }
@@ -101,9 +106,10 @@ private:
     bool Line(std::string_view from, std::string_view tag, bool safe, Pos pos, Pos& start, Pos& length,
               std::string_view& text) const;
 
-    std::string original_;
+    std::pmr::string original_;
+    const CodePage* page_;
     mutable std::unique_ptr<char[]> lower_;  // ends with a NUL
     mutable std::vector<std::uint8_t> map_;
-    std::vector<std::pair<Pos, Pos>> hidden_;
+    std::pmr::vector<std::pair<Pos, Pos>> hidden_;
     MapSource mapSource_ = nullptr;
 };

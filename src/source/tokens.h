@@ -3,6 +3,7 @@
 #pragma once
 
 #include <cstdint>
+#include <memory_resource>
 #include <span>
 #include <string>
 #include <string_view>
@@ -54,12 +55,14 @@ public:
         Pos pos;
         std::uint32_t lenAndStart;  // the length, and in the lowest bit whether a statement starts here
     };
-    TokenTable() = default;
+    /// @param memory  where the tokens live; it outlives the table
+    explicit TokenTable(std::pmr::memory_resource* memory = std::pmr::get_default_resource())
+        : packed_(memory), landmarks_(memory) {}
     /// Takes copies of the tokens made so far, the first of which stands for no token, and of the landmarks.
-    TokenTable(std::span<const Packed> packed, std::span<const int> landmarks)
-        : packed_(packed.begin(), packed.end()),
+    TokenTable(std::span<const Packed> packed, std::span<const int> landmarks, std::pmr::memory_resource* memory)
+        : packed_(packed.begin(), packed.end(), memory),
           count_(static_cast<unsigned>(packed.size()) - 1),
-          landmarks_(landmarks.begin(), landmarks.end()) {}
+          landmarks_(landmarks.begin(), landmarks.end(), memory) {}
 
     /// Numbers of all tokens that are "dim", "const", "static", "redim" or "end", rising: what the reader of a
     /// procedure's body looks for among all the others.
@@ -67,9 +70,9 @@ public:
 
 private:
     [[nodiscard]] bool Inside(int nr) const { return static_cast<unsigned>(nr) - 1 < count_; }
-    std::vector<Packed> packed_{{0, 1}};
+    std::pmr::vector<Packed> packed_;
     unsigned count_ = 0;
-    std::vector<int> landmarks_;
+    std::pmr::vector<int> landmarks_;
 };
 
 class ModuleText;
@@ -77,4 +80,6 @@ class ModuleText;
 /// Cuts the text into tokens, once, from its first character. Closing quotes get the NotCompile flag and odd
 /// comments their comment flag on the way, so a second run over the same map would give other tokens.
 /// A pending token at the end of the text, without a line end behind it, is left out.
-[[nodiscard]] TokenTable Analyse_Parsen(ModuleText& text);
+/// @param memory  where the tokens live
+[[nodiscard]] TokenTable Analyse_Parsen(ModuleText& text,
+                                        std::pmr::memory_resource* memory = std::pmr::get_default_resource());

@@ -8,7 +8,7 @@ bool IsPrivate(const CodeObject& object) {
 
 void AddTo_NameSpaces(ModuleReader& reader, CodeObject& object, bool isPublic) {
     if (isPublic)
-        gPublicNameSpace.AddObject(object);
+        reader.modul.publicDeclarations.push_back(&object);
     reader.modul.PrivNameSpace.AddObject(object);
 }
 
@@ -23,8 +23,6 @@ void Add_Var(ModuleReader& reader, clsVariable& variable) {
         return;
     }
     modul.Public_Variablen.AddUnlessPresent(variable.NameKey(), &variable);
-    if (modul.ModulTyp == ModuleKind::Module)
-        reader.projekt.MyVars.AddUnlessPresent(variable.NameKey(), &variable);
     AddTo_NameSpaces(reader, variable, true);
 }
 
@@ -32,8 +30,6 @@ void Add_Type(ModuleReader& reader, clsType& type) {
     clsModul& modul = reader.modul;
     const bool isPublic = !IsPrivate(type);
     (isPublic ? modul.Public_Type : modul.Private_Type).AddUnlessPresent(type.NameKey(), &type);
-    if (isPublic)
-        reader.projekt.myTypes.AddUnlessPresent(type.NameKey(), &type);
     AddTo_NameSpaces(reader, type, isPublic);
     modul.myTypes.AddUnlessPresent(type.NameKey(), &type);
 }
@@ -42,8 +38,6 @@ void Add_Enum(ModuleReader& reader, clsEnum& einEnum) {
     clsModul& modul = reader.modul;
     const bool isPublic = !IsPrivate(einEnum);
     (isPublic ? modul.Public_Enum : modul.Private_Enum).AddUnlessPresent(einEnum.NameKey(), &einEnum);
-    if (isPublic)
-        reader.projekt.myEnums.AddUnlessPresent(einEnum.NameKey(), &einEnum);
     AddTo_NameSpaces(reader, einEnum, isPublic);
     modul.myEnums.AddUnlessPresent(einEnum.NameKey(), &einEnum);
 }
@@ -63,20 +57,12 @@ void Add_Proc(ModuleReader& reader, clsProzedur& prozedur) {
     }
     modul.PrivNameSpace.AddObject(prozedur);
     modul.MyProcs.AddUnlessPresent(key, &prozedur);
-    if (reader.joinLater)
-        reader.joinLater->push_back(&prozedur);
-    else
-        Add_Proc_ToProjekt(reader.projekt, prozedur);
-}
-
-void Add_Proc_ToProjekt(clsProjekt& projekt, clsProzedur& prozedur) {
-    if (prozedur.Zugriff == Access::Private)
+    if (!isPublic)
         return;
-    if (const bool isSub = prozedur.ProzedurTyp == ProcKind::Sub; isSub || prozedur.ProzedurTyp == ProcKind::Function) {
-        (isSub ? projekt.Public_Sub : projekt.Public_Function).AddUnlessPresent(prozedur.NameKey(), &prozedur);
-        projekt.MyProcs.AddUnlessPresent(prozedur.NameKey(), &prozedur);
-    }
-    gPublicNameSpace.AddObject(prozedur);
+    if (reader.inProcedures)
+        modul.publicProcedures.push_back(&prozedur);
+    else
+        modul.publicDeclarations.push_back(&prozedur);
 }
 
 void Add_Member(ModuleReader& reader, clsVariable& member, bool ownerIsPublic) {

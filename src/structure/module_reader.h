@@ -9,7 +9,6 @@
 
 #include "model/clsEnum.h"
 #include "model/clsModul.h"
-#include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
 #include "model/clsType.h"
 #include "model/clsVariable.h"
@@ -25,33 +24,32 @@ template <std::size_t size>
 class ModuleReader {
 public:
     /// The module must have its text and its tokens.
-    ModuleReader(clsProjekt& projekt_, clsModul& modul_)
-        : projekt(projekt_),
-          modul(modul_),
+    explicit ModuleReader(clsModul& modul_)
+        : modul(modul_),
+          names(modul_.TheNames()),
           tokens(*modul_.tokens),
           lower(modul_.text->ModulText()),
           original(modul_.text->ModulTextOrg()) {}
 
-    clsProjekt& projekt;
     clsModul& modul;
+    Names& names;
     const TokenTable& tokens;
     std::string_view lower;
     std::string_view original;
-    /// Set where modules are read side by side: procedures then join their module only, and stand here to join the
-    /// project.
-    std::vector<clsProzedur*>* joinLater = nullptr;
+    /// The declarations are read, and the procedures are at hand.
+    bool inProcedures = false;
 
     /// Text of a token in lower case; empty where there is no such token.
     [[nodiscard]] std::string_view Word(int tokNr) const { return tokens.Text(lower, tokNr); }
     /// Names `object` as the source spells it at a token.
     void NameIt(CodeObject& object, int tokNr) const {
-        object.SetName(Name(Word(tokNr)), tokens.Text(original, tokNr).data());
+        object.SetName(names.Intern(Word(tokNr)), tokens.Text(original, tokNr).data());
     }
     [[nodiscard]] bool Exists(int tokNr) const { return tokNr >= 1 && tokNr <= tokens.Count(); }
 };
 
 /// Sets the kind of a procedure by the word before its name, and the accessor's word for a property.
-void ProzedurTyp_AusWort(clsProzedur& prozedur, std::string_view word, std::string_view accessor = {});
+void ProzedurTyp_AusWort(Names& names, clsProzedur& prozedur, std::string_view word, std::string_view accessor = {});
 
 /// The data type that a type sign stands for, or an empty text.
 [[nodiscard]] std::string_view DatenTyp_AusZeichen(std::string_view sign);
@@ -77,7 +75,9 @@ public:
         single_ = word;
     }
     [[nodiscard]] bool Empty() const { return text_.empty() && single_.empty(); }
-    [[nodiscard]] Name AsName() const { return Name(text_.empty() ? single_ : std::string_view(text_)); }
+    [[nodiscard]] Name AsName(Names& names) const {
+        return names.Intern(text_.empty() ? single_ : std::string_view(text_));
+    }
 
 private:
     std::string_view single_;  // the first word, as nearly all types have just one

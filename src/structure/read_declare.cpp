@@ -9,11 +9,11 @@ void Analyse_ReadDeclare(ModuleReader& reader, int& tokNr) {
     const int nameNr = tokNr + (Is(first, "declare") ? 2 : 3);
     if (!reader.Exists(nameNr))
         return;
-    clsProzedur& prozedur = reader.modul.Own(std::make_unique<clsProzedur>(reader.modul));
+    clsProzedur& prozedur = reader.modul.New<clsProzedur>();
     prozedur.isDeclare = true;
     prozedur.DeclareStart = tokens.PosOf(tokNr);
     prozedur.Zugriff = first == kPrivate ? Access::Private : Access::Public;
-    ProzedurTyp_AusWort(prozedur, reader.Word(nameNr - 1));
+    ProzedurTyp_AusWort(reader.names, prozedur, reader.Word(nameNr - 1));
     reader.NameIt(prozedur, nameNr);
     prozedur.NamePos = tokens.PosOf(nameNr);
 
@@ -30,13 +30,13 @@ void Analyse_ReadDeclare(ModuleReader& reader, int& tokNr) {
             asSeen = depth == 0 && Is(word, "as");
         }
     }
-    prozedur.type = type.Empty() ? Name("variant") : type.AsName();
+    prozedur.type = type.Empty() ? reader.names.Intern("variant") : type.AsName(reader.names);
     prozedur.DeclareEnd = tokens.PosOf(last);
     Add_Proc(reader, prozedur);
     tokNr = nameNr;
 }
 
-void ProzedurTyp_AusWort(clsProzedur& prozedur, std::string_view word, std::string_view accessor) {
+void ProzedurTyp_AusWort(Names& names, clsProzedur& prozedur, std::string_view word, std::string_view accessor) {
     const bool isProperty = Is(word, "property");
     const std::string words = accessor.empty() ? std::string(word) : std::string(word) + " " + std::string(accessor);
     for (const ProcKind kind :
@@ -46,7 +46,7 @@ void ProzedurTyp_AusWort(clsProzedur& prozedur, std::string_view word, std::stri
             return;
         }
     prozedur.ProzedurTyp = isProperty ? ProcKind::OtherProperty : ProcKind::Other;
-    prozedur.otherKind = Name(words);
+    prozedur.otherKind = names.Intern(words);
 }
 
 bool IsHandler(const clsModul& modul, const clsProzedur& prozedur) {

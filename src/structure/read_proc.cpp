@@ -42,7 +42,7 @@ private:
         if (!reader_.Exists(nameNr_))
             return false;
 
-        proc_ = &reader_.modul.Own(std::make_unique<clsProzedur>(reader_.modul));
+        proc_ = &reader_.modul.New<clsProzedur>();
         proc_->DeclareStart = tokens_.PosOf(tokNr_);
         proc_->DeclareStartTNr = tokNr_;
         proc_->Zugriff = first == kPrivate ? Access::Private : Access::Public;
@@ -51,9 +51,11 @@ private:
         isEvent_ = kind_ == "event";
         proc_->IsEvent = isEvent_;
         if (isProperty)
-            ProzedurTyp_AusWort(*proc_, kind_, Word(nameNr_ - 1));
+            ProzedurTyp_AusWort(reader_.names, *proc_, kind_, Word(nameNr_ - 1));
         else
-            ProzedurTyp_AusWort(*proc_, isEvent_ ? "sub" : kind_);
+            ProzedurTyp_AusWort(reader_.names, *proc_, isEvent_ ? "sub" : kind_);
+        if (const std::string_view suffix = proc_->AccessorSuffix(); !suffix.empty())
+            proc_->accessorKey = reader_.names.Intern(std::string(proc_->MyName()).append(suffix)).Lower();
         return true;
     }
 
@@ -124,14 +126,14 @@ private:
                 }
             } else if (!Is(word, "byval") && !Is(word, "byref") && !Is(word, "optional") && !Is(word, "paramarray")) {
                 if (argument)
-                    argument->type = type.AsName();
+                    argument->type = type.AsName(reader_.names);
                 type = {};
                 argument = &NewVariable(nr, Access::Argument);
-                proc_->MyVars.AddUnlessPresent(argument->NameKey(), argument);
+                AddLocal(*argument);
             }
         }
         if (argument)
-            argument->type = type.AsName();
+            argument->type = type.AsName(reader_.names);
     }
 
     // Visits only the landmarks: a declaration keyword begins declarations, and "end" before the kind's keyword ends
@@ -201,29 +203,39 @@ private:
                     variable->DeclareEnd = tokens_.EndOf(nr);
                 } else if (expectName) {
                     if (variable)
-                        variable->type = type.AsName();
+                        variable->type = type.AsName(reader_.names);
                     type = {};
                     expectName = false;
                     variable = &NewVariable(nr, Access::Procedure);
                     variable->IsConst = isConst;
-                    if (!Is(how, "redim") || !IsKnownArray(*variable))
-                        proc_->MyVars.AddUnlessPresent(variable->NameKey(), variable);
+                    variable->isRedim = Is(how, "redim");
+                    if (!variable->isRedim || !reader_.modul.MyVars.Contains(variable->NameKey()))
+                        AddLocal(*variable);
                 }
             }
         }
         if (variable)
-            variable->type = type.AsName();
+            variable->type = type.AsName(reader_.names);
     }
 
-    [[nodiscard]] bool IsKnownArray(const clsVariable& variable) const {
-        return reader_.modul.MyVars.Contains(variable.NameKey()) || reader_.projekt.MyVars.Contains(variable.NameKey());
+    // From the first ReDim of a name that the module does not know, all that comes is kept: only when all modules are
+    // read it shows which of them the procedure has.
+    void AddLocal(clsVariable& variable) {
+        if (variable.isRedim && !redim_) {
+            redim_ = &reader_.modul.redims.emplace_back(
+                clsModul::RedimLocals{proc_, std::pmr::vector<clsVariable*>(reader_.modul.Memory())});
+            for (clsVariable* before : proc_->MyVars)
+                redim_->candidates.push_back(before);
+        }
+        if (redim_)
+            redim_->candidates.push_back(&variable);
+        proc_->MyVars.AddUnlessPresent(variable.NameKey(), &variable);
     }
 
     clsVariable& NewVariable(int nameNr, Access zugriff) {
         if (proc_->MyVars.Count() == 0)
             proc_->MyVars.Reserve(4);  // enough for most procedures
-        clsVariable& variable = reader_.modul.NewLocal();
-        variable.Modul = &reader_.modul;
+        clsVariable& variable = reader_.modul.NewInner<clsVariable>();
         variable.Prozedur = proc_;
         variable.Zugriff = zugriff;
         reader_.NameIt(variable, nameNr);
@@ -232,11 +244,16 @@ private:
     }
 
     void Finish() {
-        const Name variant("variant");
-        for (clsVariable* variable : proc_->MyVars)
-            if (variable->type.Empty())
-                variable->type = variant;
-        proc_->type = result_.AsName();
+        const Name variant = reader_.names.Intern("variant");
+        const auto defaultType = [variant](const auto& variables) {
+            for (clsVariable* variable : variables)
+                if (variable->type.Empty())
+                    variable->type = variant;
+        };
+        defaultType(proc_->MyVars);
+        if (redim_)
+            defaultType(redim_->candidates);
+        proc_->type = result_.AsName(reader_.names);
         // Only functions fall back to "variant": a Property Get without As keeps an empty type.
         if (proc_->ProzedurTyp == ProcKind::Function && proc_->type.Empty())
             proc_->type = variant;
@@ -247,7 +264,7 @@ private:
             clsVariable& result = NewVariable(nameNr_, Access::Argument);
             result.type = proc_->type;
             result.isResult = true;
-            proc_->MyVars.AddUnlessPresent(result.NameKey(), &result);
+            AddLocal(result);
         }
         Add_Proc(reader_, *proc_);
     }
@@ -259,6 +276,7 @@ private:
     std::string_view kind_;
     bool isEvent_ = false;
     clsProzedur* proc_ = nullptr;
+    clsModul::RedimLocals* redim_ = nullptr;  // of this procedure, once it has such a ReDim
     TypeText result_;
 };
 

@@ -19,8 +19,7 @@ struct BlockHead {
 
 template <class Block>
 Block& NewBlock(ModuleReader& reader, const BlockHead& head, int tokNr) {
-    Block& block = reader.modul.Own(std::make_unique<Block>());
-    block.Modul = &reader.modul;
+    Block& block = reader.modul.New<Block>();
     block.Zugriff = head.zugriff;
     reader.NameIt(block, head.nameNr);
     block.NamePos = reader.tokens.PosOf(head.nameNr);
@@ -28,10 +27,8 @@ Block& NewBlock(ModuleReader& reader, const BlockHead& head, int tokNr) {
     return block;
 }
 
-template <class Block>
-clsVariable& NewMember(ModuleReader& reader, Block& owner, int nameNr, Access zugriff) {
-    clsVariable& member = owner.Own(std::make_unique<clsVariable>());
-    member.Modul = &reader.modul;
+clsVariable& NewMember(ModuleReader& reader, int nameNr, Access zugriff) {
+    clsVariable& member = reader.modul.NewInner<clsVariable>();
     member.Zugriff = zugriff;
     reader.NameIt(member, nameNr);
     member.DeclareStart = reader.tokens.PosOf(nameNr);
@@ -51,24 +48,22 @@ void ReadTypeMember(ModuleReader& reader, clsType& type, int asNr, int typeNameN
     TypeText text;
     for (int nr = asNr + 1; tokens.ContinuesStatement(nr); ++nr)
         text.Append(reader.Word(nr));
-    clsVariable& member = NewMember(reader, type, nameNr, Access::TypeMember);
+    clsVariable& member = NewMember(reader, nameNr, Access::TypeMember);
     member.MyType = &type;
-    member.type = text.AsName();
+    member.type = text.AsName(reader.names);
     type.MyVars.AddUnlessPresent(member.NameKey(), &member);
     Add_Member(reader, member, type.Zugriff == Access::Public);
 }
 
 void ReadEnumMember(ModuleReader& reader, clsEnum& einEnum, int nameNr) {
     const bool isPublic = einEnum.Zugriff == Access::Public;
-    clsVariable& member = NewMember(reader, einEnum, nameNr, Access::EnumMember);
+    clsVariable& member = NewMember(reader, nameNr, Access::EnumMember);
     member.MyEnum = &einEnum;
     member.IsConst = true;
-    member.type = Name("long");
+    member.type = reader.names.Intern("long");
     member.DeclareEnd = reader.tokens.EndOf(nameNr);
     einEnum.MyVars.AddUnlessPresent(member.NameKey(), &member);
     reader.modul.MyVars.AddUnlessPresent(member.NameKey(), &member);
-    if (isPublic)
-        reader.projekt.MyVars.AddUnlessPresent(member.NameKey(), &member);
     Add_Member(reader, member, isPublic);
 }
 

@@ -30,8 +30,7 @@ std::string_view DatenTyp_AusZeichen(std::string_view sign) {
 namespace {
 
 clsVariable& NewVariable(ModuleReader& reader, int nameNr, Access zugriff) {
-    clsVariable& variable = reader.modul.Own(std::make_unique<clsVariable>());
-    variable.Modul = &reader.modul;
+    clsVariable& variable = reader.modul.New<clsVariable>();
     variable.Zugriff = zugriff;
     reader.NameIt(variable, nameNr);
     variable.DeclareStart = reader.tokens.PosOf(nameNr);
@@ -42,14 +41,14 @@ clsVariable& NewVariable(ModuleReader& reader, int nameNr, Access zugriff) {
 // Type of a variable from the tokens of its declaration: the first is the name, the second a type sign or "as".
 Name TypeOf(const ModuleReader& reader, const std::vector<int>& list) {
     if (list.size() == 1)
-        return Name("variant");
+        return reader.names.Intern("variant");
     TypeText type;
     type.Set(DatenTyp_AusZeichen(reader.Word(list[1])));
     if (type.Empty())
         for (std::size_t entry = 2; entry < list.size(); ++entry)
             if (!Is(reader.Word(list[entry]), "new"))
                 type.Append(reader.Word(list[entry]));
-    return type.AsName();
+    return type.AsName(reader.names);
 }
 
 }  // namespace
@@ -111,7 +110,7 @@ void Analyse_ReadConst(ModuleReader& reader, int& tokNr) {
             if (part >= name + 2)
                 type.Append(reader.Word(part));
         }
-        constant.type = type.Empty() ? Name("variant") : type.AsName();
+        constant.type = type.Empty() ? reader.names.Intern("variant") : type.AsName(reader.names);
         Add_Var(reader, constant);
     }
     tokNr = last;

@@ -127,6 +127,7 @@ void Analyse_BereichVar(ModuleReader& reader) {
 }
 
 void Analyse_BereichProc(ModuleReader& reader) {
+    reader.inProcedures = true;
     const TokenTable& tokens = reader.tokens;
     const auto isKind = [](std::string_view word) { return IsProcedureWord(word) || Is(word, "event"); };
     if (reader.modul.TokNrBeginnProcBereich == 0)

@@ -9,6 +9,7 @@
 
 #include "model/clsProjekt.h"
 #include "platform/code_page.h"
+#include "project/start.h"
 #include "views/baum_view.h"
 #include "views/commands.h"
 #include "views/qt_text.h"
@@ -24,7 +25,7 @@ QString AsText(const BaumNode& node, int depth) {
 
 // In the spelling of the source where the node is that of an object.
 QString CodePathOf(const BaumNode& node) {
-    const CodeObject* object = modMain::GetObjectFromCodePath(node.Key());
+    const CodeObject* object = gProjekt ? gProjekt->GetObjectFromCodePath(node.Key()) : nullptr;
     return ToQString(object ? object->CodePathOrg() : node.Key());
 }
 

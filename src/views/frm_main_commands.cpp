@@ -11,6 +11,7 @@
 #include "findings/structure_report.h"
 #include "model/clsProjekt.h"
 #include "platform/files.h"
+#include "project/start.h"
 #include "shell/errors.h"
 #include "shell/operations.h"
 #include "shell/program.h"
@@ -214,21 +215,16 @@ void frmMain::RunCalls() {
     status_->ShowProblemCount();
 }
 
-// Reads the project again when a file of it has changed, and comes back to the same place.
 void frmMain::Files_Check() {
-    const int changed = workspace_.ChangedFiles();
+    const int changed = workspace_.Refresh();
     if (changed == 0) {
         status_->Message(TextNr(Text::NoFileChanged));
         return;
     }
-    const Workspace::Place place = workspace_.Here();
-    OpenProject(std::string(gProjekt->FullPath));
-    if (!gProjekt)
-        return;
-    if (place.callsRead)
-        RunCalls();
-    workspace_.Unfold(place);
-    ActivateKey(place.selected);
+    ShowAgain();
+    status_->ShowCounts(gProjekt.get(), workspace_.CallsRead());
+    status_->ShowProblemCount();
+    Activate_Commands();
     status_->Message(TextNr(Text::FilesChanged, QString::number(changed)));
 }
 

@@ -8,6 +8,7 @@
 
 #include "display/option_values.h"
 #include "model/clsProjekt.h"
+#include "project/start.h"
 #include "views/dialogs.h"
 #include "views/option_pages.h"
 #include "views/qt_text.h"

@@ -15,6 +15,7 @@
 
 #include "model/clsModul.h"
 #include "model/clsProjekt.h"
+#include "project/start.h"
 #include "shell/words.h"
 #include "views/icons.h"
 #include "views/qt_text.h"

@@ -122,8 +122,9 @@ TEST_F(CodeColours, DeadAndUndeadProceduresHaveAGreyBackground) {
 }
 
 TEST_F(CodeColours, LibraryShowsItsFileFirst) {
+    Names names{CodePage()};
     clsTypeLib library;
-    library.SetName(Name("MSComctlLib"));
+    library.SetName(names.Intern("MSComctlLib"));
     library.InprocServer32 = "C:\\Windows\\comctl.ocx";
     library.Version = "2.0";
     EXPECT_EQ(ShowMe(library).text, "C:\\Windows\\comctl.ocx\r\n\r\nMSComctlLib\r\n2.0\r\n");

@@ -71,7 +71,6 @@ TEST_F(TreeMarks, LocalsAreMarkedWhereTheyHaveNodes) {
 
 TEST_F(TreeMarks, SampleProjectAsItIsShownAfterItsCallsWereRead) {
     ReadSample();
-    Alle_ModulStrukturen_Generieren(*gProjekt);
     ProjektStruktur_Anzeigen(*gProjekt, tree, false);
     Mark();
     ExpectGolden(DumpBaum(tree), "tree", "ToolHire.vbp");

@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "model/clsTypeLib.h"
+#include "model/clsProjekt.h"
 
 namespace {
 
@@ -11,12 +11,14 @@ struct Case {
     std::string_view name, typeLibID, version, file, description;
 };
 
-void ExpectLibraries(void (*fill)(clsTypeLib&, std::string_view), std::string_view libTyp,
+void ExpectLibraries(void (*fill)(clsProjekt&, clsTypeLib&, std::string_view), std::string_view libTyp,
                      std::initializer_list<Case> cases) {
     for (const Case& c : cases) {
         SCOPED_TRACE(c.line);
-        clsTypeLib library;
-        fill(library, c.line);
+        MemoryFiles files;
+        clsProjekt projekt(files);
+        clsTypeLib& library = projekt.NewLibrary();
+        fill(projekt, library, c.line);
         EXPECT_EQ(library.ProjektEintrag, c.line);
         EXPECT_EQ(TextOf(library.LibTyp), libTyp);
         EXPECT_EQ(library.CodePathOrg(), c.name);

@@ -7,7 +7,7 @@ using CodePaths = ProgramState;
 // Class and path of the object found in the open project, or "none".
 std::string Find(std::string_view path) {
     static constexpr const char* kClasses[] = {"modul", "prozedur", "variable", "type", "enum", "control", "lib"};
-    const CodeObject* object = modMain::GetObjectFromCodePath(path);
+    const CodeObject* object = gProjekt->GetObjectFromCodePath(path);
     return object ? std::string(kClasses[static_cast<int>(object->Class())]) + " " + object->CodePathOrg() : "none";
 }
 
@@ -38,17 +38,16 @@ TEST_F(CodePaths, LeadBackToTheirObject) {
     EXPECT_EQ(gProjekt->GetModuleFromCodePath("tools.total")->CodePathOrg(), "Tools");
     EXPECT_EQ(gProjekt->GetModuleFromCodePath("nothing.total"), nullptr);
     // Paths change with the names of their owners, in lower case of the code page.
-    ModuleOf("form1").SetName(Name("\xC4nderung"));
-    EXPECT_EQ(ModuleOf("form1").MyVars.Item("x")->CodePath(), "\xE4nderung.x");
+    const clsVariable& x = *ModuleOf("form1").MyVars.Item("x");
+    ModuleOf("form1").SetName(gProjekt->TheNames().Intern("\xC4nderung"));
+    EXPECT_EQ(x.CodePath(), "\xE4nderung.x");
     clsVariable nowhere;
-    nowhere.SetName(Name("x"));
+    nowhere.SetNameOf(x);
     EXPECT_EQ(nowhere.CodePathOrg(), "");
     nowhere.Modul = &ModuleOf("bar");
-    nowhere.myLibrary = gProjekt->GetTypeLibFromCodePath("stdole2");
+    nowhere.myLibrary = gProjekt->myProjectReferences.Item("stdole2");
     EXPECT_EQ(nowhere.CodePathOrg(), "stdole2.Bar.x");
-    EXPECT_EQ(gProjekt->GetTypeLibFromCodePath("stdole2.x")->CodePathOrg(), "stdole2");
-    CloseProject();
-    EXPECT_EQ(Find("form1"), "none");
+    EXPECT_EQ(Find("stdole2.x"), "none");
 }
 
 }  // namespace

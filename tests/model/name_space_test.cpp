@@ -6,58 +6,56 @@ namespace {
 
 class NameSpaces : public ProgramState {
 protected:
-    NameSpaces() {
-        form_.SetName(Name("Form1"));
-        modul_.SetName(Name("Module1"));
+    clsModul& Modul(std::string_view name) {
+        clsModul& modul = *modules_.emplace_back(std::make_unique<clsModul>(names_));
+        modul.SetName(names_.Intern(name));
+        return modul;
     }
-
-    static clsVariable& Variable(clsModul& modul, std::string_view name, clsProzedur* prozedur = nullptr) {
-        clsVariable& variable = modul.Own(std::make_unique<clsVariable>());
-        variable.Modul = &modul;
+    clsVariable& Variable(clsModul& modul, std::string_view name, clsProzedur* prozedur = nullptr) {
+        clsVariable& variable = modul.New<clsVariable>();
         variable.Prozedur = prozedur;
-        variable.SetName(Name(name));
+        variable.SetName(names_.Intern(name));
         return variable;
     }
 
-    clsModul form_;
-    clsModul modul_;
-    NameSpace names_;
+    Names names_{CodePage()};
+    std::vector<std::unique_ptr<clsModul>> modules_;
+    Arena arena_;
+    NameSpace nameSpace_{&arena_};
 };
 
-TEST_F(NameSpaces, TheSamePathIsStoredOnce) {
-    clsProzedur get(modul_);
-    clsProzedur let(modul_);
+TEST_F(NameSpaces, TheSamePathIsStoredOnceAndOthersInTheOrderOfEntry) {
+    clsModul& form = Modul("Form1");
+    clsModul& modul = Modul("Module1");
+    clsProzedur& get = modul.New<clsProzedur>();
+    clsProzedur& let = modul.New<clsProzedur>();
     get.ProzedurTyp = ProcKind::PropertyGet;
     let.ProzedurTyp = ProcKind::PropertyLet;
-    clsModul namesake;
-    namesake.SetName(Name("FORM1"));
     for (clsProzedur* prozedur : {&get, &let, &get}) {
-        prozedur->SetName(Name("Size"));
-        names_.AddObject(*prozedur);
+        prozedur->SetName(names_.Intern("Size"));
+        nameSpace_.AddObject(*prozedur);
     }
-    EXPECT_THAT(names_.Item("size")->Objects(), ElementsAre(&get, &let)) << "accessors have paths of their own";
-    clsVariable& local = Variable(modul_, "x", &get);
-    clsVariable& first = Variable(form_, "n");
-    for (clsVariable* variable : {&local, &Variable(modul_, "X", &let), &first, &Variable(namesake, "N")})
-        names_.AddObject(*variable);
-    EXPECT_THAT(names_.Item("x")->Objects(), ElementsAre(&local)) << "their locals share one";
-    EXPECT_THAT(names_.Item("n")->Objects(), ElementsAre(&first)) << "two modules of one name do as well";
+    EXPECT_THAT(nameSpace_.Item("size")->Objects(), ElementsAre(&get, &let)) << "accessors have paths of their own";
+    clsVariable& local = Variable(modul, "x", &get);
+    clsVariable& first = Variable(form, "n");
+    clsVariable& elsewhere = Variable(modul, "N");
+    for (clsVariable* variable :
+         {&local, &Variable(modul, "X", &let), &first, &Variable(Modul("FORM1"), "N"), &elsewhere})
+        nameSpace_.AddObject(*variable);
+    EXPECT_THAT(nameSpace_.Item("x")->Objects(), ElementsAre(&local)) << "their locals share one";
+    EXPECT_THAT(nameSpace_.Item("n")->Objects(), ElementsAre(&first, &elsewhere))
+        << "two modules of one name do as well";
 }
 
-TEST_F(NameSpaces, RemovedObjectLeavesItsEntry) {
-    clsVariable& one = Variable(modul_, "x");
-    clsVariable& two = Variable(form_, "x");
-    modul_.AddTo_PrivNameSpace(one);
-    modul_.AddTo_PrivNameSpace(two);
-    modul_.RemoveFrom_PrivNameSpace(Variable(form_, "y"));
-    modul_.RemoveFrom_PrivNameSpace(one);
-    EXPECT_THAT(modul_.PrivNameSpace.Item("x")->Objects(), ElementsAre(&two));
-    modul_.RemoveFrom_PrivNameSpace(two);
-    modul_.RemoveFrom_PrivNameSpace(two);
-    EXPECT_THAT(modul_.PrivNameSpace.Item("x")->Objects(), ElementsAre());
-    modul_.AddTo_PrivNameSpace(two);
-    modul_.AddTo_PrivNameSpace(one);
-    EXPECT_THAT(modul_.PrivNameSpace.Item("x")->Objects(), ElementsAre(&two, &one));
+TEST_F(NameSpaces, PathsWithPointsInTheirNamesAreComparedAsAWhole) {
+    clsModul& modul = Modul("a");
+    clsType& owner = modul.New<clsType>();
+    owner.SetName(names_.Intern("B"));
+    clsVariable& member = Variable(modul, "x");
+    member.MyType = &owner;
+    nameSpace_.AddObject(member);
+    nameSpace_.AddObject(Variable(Modul("A.B"), "x"));
+    EXPECT_THAT(nameSpace_.Item("x")->Objects(), ElementsAre(&member));
 }
 
 }  // namespace

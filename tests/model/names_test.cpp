@@ -9,38 +9,55 @@
 namespace {
 
 TEST(Names, SearchingEntersNothing) {
-    EXPECT_FALSE(Name::Find("NobodyIsCalledThis").Known());
-    EXPECT_FALSE(Name::FindLower("NobodyIsCalledThis").Known());
-    const Name name("NobodyIsCalledThis");
-    EXPECT_EQ(Name::Find("NobodyIsCalledThis"), name);
-    EXPECT_EQ(Name::FindLower("nobodyISCALLEDthis"), name.Lower());
-    EXPECT_FALSE(Name::Find("nobodyISCALLEDthis").Known());
+    Names names{CodePage()};
+    EXPECT_FALSE(names.Find("NobodyIsCalledThis").Known());
+    const Name name = names.Intern("NobodyIsCalledThis");
+    EXPECT_EQ(names.Find("NobodyIsCalledThis"), name);
+    EXPECT_EQ(names.Find("nobodyiscalledthis"), name.Lower());
+    EXPECT_FALSE(names.Find("nobodyISCALLEDthis").Known());
+    EXPECT_EQ(names.Find(""), Name());
+    EXPECT_TRUE(Name().Known() && Name().Empty());
 }
 
 TEST(Names, LongOddAndManyNamesStayApart) {
+    Names names{CodePage()};
     const std::string longName(200000, 'L');
-    const Name name(longName);
+    const Name name = names.Intern(longName);
     const std::string_view early = name.View();
-    EXPECT_EQ(Name::FindLower(longName), name.Lower());
-    EXPECT_FALSE(Name(std::string("a\0b", 3)) == Name("a"));
-    for (int i = 0; i < 20000; ++i)
-        ASSERT_EQ(Name("Many" + std::to_string(i)).Lower(), Name("many" + std::to_string(i)));
-    for (int i = 0; i < 20000; i += 7)
-        ASSERT_EQ(Name("Many" + std::to_string(i)).View(), "Many" + std::to_string(i));
+    EXPECT_EQ(names.Find(LowerCase(longName)), name.Lower());
+    EXPECT_FALSE(names.Intern(std::string("a\0b", 3)) == names.Intern("a"));
+    for (int i = 0; i < 100000; ++i)
+        ASSERT_EQ(names.Intern("Many" + std::to_string(i)).Lower(), names.Intern("many" + std::to_string(i)));
+    for (int i = 0; i < 100000; i += 7)
+        ASSERT_EQ(names.Find("Many" + std::to_string(i)).View(), "Many" + std::to_string(i));
     EXPECT_EQ(early, longName) << "names stay where they are while the pool grows";
+}
+
+TEST(Names, FollowTheCodePageOfTheirProject) {
+    Names cyrillic{CodePage("1251")};
+    Names western{CodePage("1252")};
+    // 0x8A and 0x9A are capital and small in both pages, 0xA1 and 0xA2 in the first, 0xA8 and 0xB8 as well.
+    for (const auto& [upper, lower, inWestern] :
+         {std::tuple("\x8A", "\x9A", true), std::tuple("\xA1", "\xA2", false), std::tuple("\xA8", "\xB8", false)}) {
+        EXPECT_TRUE(cyrillic.Intern(upper).Lower() == cyrillic.Intern(lower));
+        EXPECT_EQ(western.Intern(upper).Lower() == western.Intern(lower), inWestern);
+    }
+    cyrillic.Intern("OnlyHere");
+    EXPECT_FALSE(western.Find("OnlyHere").Known());
 }
 
 TEST(Names, ThreadsThatMakeTheSameNamesGetTheSameHandles) {
     constexpr int kThreads = 4;
-    constexpr int kNames = 30000;  // enough to make the tables grow
+    constexpr int kNames = 100000;  // enough to make the tables grow
+    Names pool{CodePage()};
     std::vector<std::vector<Name>> made(kThreads);
     std::vector<std::thread> threads;
     for (std::vector<Name>& names : made)
-        threads.emplace_back([&names] {
+        threads.emplace_back([&pool, &names] {
             for (int i = 0; i < kNames; ++i) {
                 const std::string text = "Together" + std::to_string(i);
-                names.emplace_back(text);
-                if (Name::Find(text) != names.back() || Name::FindLower(text) != names.back().Lower())
+                names.push_back(pool.Intern(text));
+                if (pool.Find(text) != names.back() || pool.Find(LowerCase(text)) != names.back().Lower())
                     names.clear();
             }
         });

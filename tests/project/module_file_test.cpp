@@ -28,7 +28,7 @@ TEST_F(Modules, AreNamedByTheirAttributeOrElseTheirFile) {
     }
     const clsModul& tools = ReadModule("Attribute VB_Name = \"Tools\"\nDim a");
     EXPECT_EQ(gProjekt->Modules.Item("tools"), &tools);
-    EXPECT_EQ(gPublicNameSpace.Item("tools")->Objects().front(), &tools);
+    EXPECT_EQ(gProjekt->PublicNameSpace().Item("tools")->Objects().front(), &tools);
     EXPECT_NE(tools.DateLastModified, 0);
 }
 
@@ -41,7 +41,7 @@ TEST_F(Modules, OtherThanStandardOnesHaveAMe) {
         EXPECT_EQ(me.DeclareStart, modul.BeginnVarBereich);
         EXPECT_TRUE(modul.Private_Variablen.Contains("me") && modul.PrivNameSpace.Contains("me"));
     }
-    EXPECT_FALSE(gPublicNameSpace.Contains("me"));
+    EXPECT_FALSE(gProjekt->PublicNameSpace().Contains("me"));
     EXPECT_FALSE(ModuleOf("a").MyVars.Contains("me"));
     // A form also has a variable of its name, which only the project stores.
     ASSERT_EQ(gProjekt->FormVars.Count(), 1);
@@ -55,7 +55,7 @@ TEST_F(Modules, OtherThanStandardOnesHaveAMe) {
 TEST_F(Modules, WithoutATextOrALineEndHaveLittle) {
     ReadProject({{"Empty.bas", ""}, {"A.bas", "Dim a\n"}});
     EXPECT_EQ(gProjekt->CountAllModules(), 1);
-    EXPECT_FALSE(gPublicNameSpace.Contains("empty"));
+    EXPECT_FALSE(gProjekt->PublicNameSpace().Contains("empty"));
     EXPECT_THAT(Problems(), IsEmpty());
     const clsModul& modul = ReadModuleAsItIs("Begin VB.Label lbl ", "Form1.frm");
     EXPECT_TRUE(gProjekt->Formulare.Contains("form1"));
@@ -108,7 +108,7 @@ TEST_F(Controls, OfAnArrayAreOne) {
     EXPECT_EQ(Of(form), "cmdTool vb.label; ");
     const clsControl& control = *form.MyControls.ItemNr(1);
     EXPECT_EQ(control.DeclareStart, vb.pos());
-    EXPECT_EQ(gPublicNameSpace.Item("cmdtool")->Objects().front(), &control);
+    EXPECT_EQ(gProjekt->PublicNameSpace().Item("cmdtool")->Objects().front(), &control);
     EXPECT_TRUE(form.PrivNameSpace.Contains("cmdtool"));
 }
 
@@ -119,5 +119,5 @@ TEST_F(Controls, UserControlIsOneOfItsOwn) {
     const clsControl& control = *modul.MyControls.Item("usercontrol");
     EXPECT_EQ(control.DeclareStart, modul.BeginnVarBereich);
     EXPECT_TRUE(modul.PrivNameSpace.Contains("usercontrol"));
-    EXPECT_FALSE(gPublicNameSpace.Contains("usercontrol"));
+    EXPECT_FALSE(gProjekt->PublicNameSpace().Contains("usercontrol"));
 }

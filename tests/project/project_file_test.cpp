@@ -27,8 +27,8 @@ using MissingFiles = ProjectFileTest;
 TEST_F(ProjectReading, EachKindOfModuleHasItsCollection) {
     const clsProjekt& projekt =
         Read("UserControl=D.ctl\nModule=A; A.bas\nForm=B.frm\nClass=C; C.cls\nPropertyPage=E.pag\nmodule=A; A.bas");
-    EXPECT_EQ(Names(projekt.Modules) + Names(projekt.Formulare), "AB");
-    EXPECT_EQ(Names(projekt.Klassenmodule) + Names(projekt.UserControls), "CD");
+    EXPECT_EQ(NamesIn(projekt.Modules) + NamesIn(projekt.Formulare), "AB");
+    EXPECT_EQ(NamesIn(projekt.Klassenmodule) + NamesIn(projekt.UserControls), "CD");
     EXPECT_EQ(projekt.Klassenmodule.ItemNr(1)->number, 4);
     EXPECT_EQ(projekt.AnzCodeZeilen, 4);
     EXPECT_THAT(Problems(), IsEmpty());
@@ -64,7 +64,6 @@ TEST_F(ProjectReading, ManyModulesKeepTheirOrderInAllThatComesOfThem) {
         lines += "Module=" + name + "; " + name + ".bas\r\n";
     }
     files.WriteWhole("p\\P.vbp", lines);
-    const std::pair before(gCountProzedur, gCountCollection);
     const RecordingErrors errors;
     gProjekt = std::make_unique<clsProjekt>(files);
     gProjekt->FullPath = "p\\P.vbp";
@@ -72,19 +71,18 @@ TEST_F(ProjectReading, ManyModulesKeepTheirOrderInAllThatComesOfThem) {
     Who_Calls_Who(*gProjekt);
 
     EXPECT_EQ(errors.subjects, paths);
-    std::vector<std::string> bearers;
-    for (const CodeObject* object : gPublicNameSpace.Item("same")->Objects())
-        bearers.push_back(object->Modul->FullPath);
-    EXPECT_EQ(bearers, paths);
+    std::vector<std::string> holders;
+    for (const CodeObject* object : gProjekt->PublicNameSpace().Item("same")->Objects())
+        holders.push_back(object->Modul->FullPath);
+    EXPECT_EQ(holders, paths);
     std::vector<std::string> callers;
     gProjekt->calls.ForEach([&](const clsCall& call) {
         if (call.Parent->Class() == ObjectClass::Prozedur)
             callers.push_back(call.CallProcedure()->Modul->FullPath);
     });
     EXPECT_EQ(callers, paths);
-    EXPECT_EQ(gCountProzedur, before.first + 60);
+    EXPECT_EQ(gProjekt->Counts().prozedur, 60);
     CloseProject();
-    EXPECT_EQ(std::pair(gCountProzedur, gCountCollection), before);
 }
 
 TEST_F(ProjectReading, SecondModuleOfOneNameIsLeftOut) {
@@ -96,20 +94,42 @@ TEST_F(ProjectReading, SecondModuleOfOneNameIsLeftOut) {
     EXPECT_EQ(projekt.Klassenmodule.Count(), 1);  // another collection
     EXPECT_EQ(projekt.GetModuleFromCodePath("a.one"), projekt.Modules.ItemNr(1));
     // Its declarations were registered before.
-    EXPECT_TRUE(gPublicNameSpace.Contains("two"));
-    EXPECT_TRUE(projekt.MyVars.Contains("two"));
+    EXPECT_TRUE(gProjekt->PublicNameSpace().Contains("two"));
 }
 
-// The first holder of a name wins, so the result shows the order.
-TEST_F(ProjectReading, ProceduresAreReadByKindOfModule) {
-    const std::string a = "Public Sub a: End Sub\r\n";
-    const std::string b = a + "Public Sub b: End Sub\r\n";
-    const std::string c = b + "Public Sub c: End Sub\r\n";
-    ReadProject({{"D.ctl", c + "Public Sub d: End Sub\n"}, {"C.cls", c}, {"B.frm", b}, {"A.bas", a}});
+TEST_F(ProjectReading, ProceduresJoinByKindOfModuleAfterAllDeclarations) {
+    ReadProject({{"D.ctl", "Public s\n"},
+                 {"C.cls", "Public Sub s: End Sub\n"},
+                 {"B.frm", "Public Sub s: End Sub\n"},
+                 {"A.bas", "Public Sub s: End Sub\n"}});
     std::vector<std::string> owners;
-    for (const clsProzedur* proc : gProjekt->MyProcs)
-        owners.push_back(proc->CodePathOrg());
-    EXPECT_THAT(owners, ElementsAre("A.a", "B.b", "C.c", "D.d"));
+    for (const CodeObject* object : gProjekt->PublicNameSpace().Item("s")->Objects())
+        owners.push_back(object->CodePathOrg());
+    EXPECT_THAT(owners, ElementsAre("D.s", "A.s", "B.s", "C.s"));
+}
+
+TEST_F(ProjectReading, TwoOpenProjectsHaveNamesOfTheirOwnPages) {
+    // The letters are capital and small in Windows-1251, and two signs in Windows-1252.
+    MemoryFiles files{{"p\\P.vbp", "Module=A; A.bas\r\n"},
+                      {"p\\A.bas", "Public x\xA8\r\nSub Run()\r\nX\xB8 = 1\r\nEnd Sub\r\n"},
+                      {"q\\Q.vbp", "Module=B; B.bas\r\n"},
+                      {"q\\B.bas", "Public onlyInB\r\nSub Go()\r\nx\xA8 = 1: Run\r\nEnd Sub\r\n"}};
+    clsProjekt cyrillic(files, CodePage("1251"));
+    clsProjekt western(files, CodePage("1252"));
+    clsProjekt other(files, CodePage("1251"));
+    cyrillic.FullPath = western.FullPath = "p\\P.vbp";
+    other.FullPath = "q\\Q.vbp";
+    for (clsProjekt* projekt : {&cyrillic, &western, &other})
+        Projekt_Laden(*projekt);
+    for (clsProjekt* projekt : {&other, &western, &cyrillic})
+        Who_Calls_Who(*projekt);
+    EXPECT_EQ(cyrillic.calls.Count(), 1U);
+    EXPECT_EQ(western.calls.Count(), 0U);
+    EXPECT_EQ(other.calls.Count(), 0U);
+    EXPECT_NE(cyrillic.GetObjectFromCodePath("a.x\xB8"), nullptr);
+    EXPECT_NE(western.GetObjectFromCodePath("a.x\xA8"), nullptr);
+    EXPECT_TRUE(other.TheNames().Find("onlyinb").Known());
+    EXPECT_FALSE(cyrillic.TheNames().Find("onlyinb").Known() || western.PublicNameSpace().Contains("onlyinb"));
 }
 
 TEST_F(ProjectReading, UnreadableProjectIsReportedAndStaysEmpty) {
@@ -135,13 +155,15 @@ TEST_F(ModulePaths, FollowTheEqualSignOrTheSemicolon) {
     EXPECT_EQ(Read("Module=A; SUB\\..\\a.BAS").Modules.ItemNr(1)->FullPath, "p\\SUB\\..\\a.BAS");
 }
 
-TEST_F(CondComps, StayForAProjectThatHasNone) {
-    Read("CondComp=\"Trade = 1 : Trace = 0\"\nModule=A; A.bas");
-    Read("Module=A; A.bas\nCondComp=\"\"");
-    EXPECT_THAT(gCondComps, ElementsAre(Pair("", ""), Pair("win32", "-1"), Pair("win16", "0"), Pair("trade", "1"),
-                                        Pair("trace", "0")));
-    Read("CondComp=\"Other = 2\"\nModule=A; A.bas");
-    EXPECT_THAT(gCondComps.back(), Pair("other", "2"));
+TEST_F(CondComps, BelongToTheProjectThatNamesThem) {
+    EXPECT_THAT(
+        Read("CondComp=\"Trade = 1 : Trace = 0\"\nModule=A; A.bas\nCondComp=\"\"").condComps,
+        ElementsAre(Pair("", ""), Pair("win32", "-1"), Pair("win16", "0"), Pair("trade", "1"), Pair("trace", "0")));
+    EXPECT_EQ(Read("CondComp=\"A = 1\"\nCondComp=\"Other = 2\"\nModule=A; A.bas").condComps.size(), 4U);
+    EXPECT_THAT(gProjekt->condComps.back(), Pair("other", "2"));  // the last line counts
+    EXPECT_EQ(Read("Module=A; A.bas").condComps.size(), 3U);
+    gProjekt->CondComps_Win32_Win16(false);
+    EXPECT_THAT(gProjekt->condComps, ElementsAre(Pair("", ""), Pair("win32", "0"), Pair("win16", "-1")));
 }
 
 TEST_F(CondComps, WinOverTheModulesOwnAndLoseToTheGivenOnes) {
@@ -163,8 +185,8 @@ TEST_F(MissingFiles, AreAskedAboutAndPassedOver) {
     EXPECT_THAT(questions.texts, ElementsAre("File not found: p\\X.bas\r\n\r\nLaden abbrechen?"));
     EXPECT_THAT(Problems(), ElementsAre(Problem{"clsModul: Read_MyCodeName", "File not found: p\\X.bas", "p\\X.bas"}));
     EXPECT_FALSE(gAbort);
-    EXPECT_EQ(Names(projekt.Modules), "A");
-    EXPECT_FALSE(gPublicNameSpace.Contains("x"));
+    EXPECT_EQ(NamesIn(projekt.Modules), "A");
+    EXPECT_FALSE(gProjekt->PublicNameSpace().Contains("x"));
 }
 
 TEST_F(MissingFiles, PassTheNumberOfFurtherMissingFilesToTheQuestion) {
@@ -177,7 +199,7 @@ TEST_F(MissingFiles, PassTheNumberOfFurtherMissingFilesToTheQuestion) {
         Read("Module=A; A.bas\nModule=X; X.bas\nForm=Y.frm\nObject=z\nModule=A; A.bas\nClass=Z; Z.cls");
     SetMissingFilePort({});
     EXPECT_THAT(more, ElementsAre(2, 1, 0));
-    EXPECT_EQ(Names(projekt.Modules), "A");
+    EXPECT_EQ(NamesIn(projekt.Modules), "A");
 }
 
 TEST_F(MissingFiles, EndTheLoadWhenTheAnswerIsYes) {
@@ -188,8 +210,8 @@ TEST_F(MissingFiles, EndTheLoadWhenTheAnswerIsYes) {
     EXPECT_EQ(questions.texts.size(), 2U);
     EXPECT_TRUE(gAbort);
     EXPECT_EQ(gProjekt->CountAllModules(), 1);
-    EXPECT_EQ(DumpObjects(ModuleOf("a")), "private a as variant");  // the second pass has not run
-    EXPECT_EQ(Read("Module=A; A.bas").CountAllModules(), 1);        // the next load starts from scratch
+    EXPECT_EQ(NamesIn(gProjekt->Modules), "A");
+    EXPECT_EQ(Read("Module=A; A.bas").CountAllModules(), 1);  // the next load starts from scratch
     EXPECT_FALSE(gAbort);
 }
 

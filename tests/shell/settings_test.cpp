@@ -82,12 +82,6 @@ TEST_F(SettingsOfAFile, OnlyGermanIsAnotherLanguage) {
     }
 }
 
-TEST_F(SettingsOfAFile, BitsOfTheProjectAreTwoConstantsBesideTheOthers) {
-    gCondComps.emplace_back("debug", "1");
-    CondComps_Win32_Win16(0);
-    EXPECT_THAT(gCondComps, ElementsAre(Pair("", ""), Pair("win32", "0"), Pair("win16", "-1"), Pair("debug", "1")));
-}
-
 TEST_F(SettingsOfAFile, DirectoryOfTheLastProjectIsSavedAlone) {
     SettingsFile file(files_, kIni);
     settings_.OpenSaveDir = "  c:\\my projects\\ ";

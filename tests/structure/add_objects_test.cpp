@@ -7,7 +7,7 @@ namespace {
 class Registration : public ProgramState {
 protected:
     // Code paths of all objects of a name, in the order of entry.
-    static std::string Bearers(const NameSpace& nameSpace, std::string_view name) {
+    static std::string PathsOf(const NameSpace& nameSpace, std::string_view name) {
         std::string paths;
         if (const clsSpaceName* entry = nameSpace.Item(name))
             for (const CodeObject* object : entry->Objects())
@@ -44,17 +44,14 @@ const char* const kEverything = R"(
 
 TEST_F(Registration, ProjectKnowsWhatIsPublic) {
     ReadModule(kEverything);
-    EXPECT_EQ(Names(gProjekt->MyVars), "a C y");  // includes members of enumerations, but not of types
-    EXPECT_EQ(Names(gProjekt->myTypes) + " " + Names(gProjekt->myEnums), "T E");
-    EXPECT_EQ(Names(gProjekt->MyProcs), "S G");  // no properties
-    EXPECT_EQ(Names(gProjekt->Public_Sub) + " " + Names(gProjekt->Public_Function), "S G");
-    // The name space holds only public objects.
-    EXPECT_EQ(Bearers(gPublicNameSpace, "p") + Bearers(gPublicNameSpace, "s2"), "module1.p [get]");
-    EXPECT_EQ(Bearers(gPublicNameSpace, "x"), "module1.t.x");
-    // Variables of a class are accessible through its instances only.
-    ReadModule(kEverything, "Class1.cls");
-    EXPECT_EQ(Names(gProjekt->MyVars), "y");
-    EXPECT_EQ(Bearers(gPublicNameSpace, "a"), "class1.a");
+    const NameSpace& everywhere = gProjekt->PublicNameSpace();
+    std::string all;
+    for (const clsSpaceName* entry : everywhere)
+        all.append(entry->MyName()).append(" ");
+    EXPECT_EQ(all, "module1 a c x t y e s g p ");
+    EXPECT_EQ(PathsOf(everywhere, "p"), "module1.p [get]");
+    EXPECT_EQ(PathsOf(everywhere, "x"), "module1.t.x");
+    EXPECT_EQ(PathsOf(ModuleOf("module1").PrivNameSpace, "p"), "module1.p [get]; module1.p [let]");
 }
 
 TEST_F(Registration, FirstHolderOfANameWins) {
@@ -64,9 +61,9 @@ TEST_F(Registration, FirstHolderOfANameWins) {
         "Sub Twice(): End Sub\nPrivate Function twice(): End Function");
     EXPECT_EQ(DumpObjects(modul),
               "public First as long; public type Rec(a as long); public enum Kind(ka as long); public sub Twice()");
-    EXPECT_EQ(Names(modul.Private_Variablen) + " " + Names(modul.Private_Function), "first twice");
+    EXPECT_EQ(NamesIn(modul.Private_Variablen) + " " + NamesIn(modul.Private_Function), "first twice");
     // Of later objects only those with a different path can still be found by name.
-    EXPECT_EQ(Bearers(modul.PrivNameSpace, "first"), "module1.first");
-    EXPECT_EQ(Bearers(modul.PrivNameSpace, "b"), "module1.rec.b");
+    EXPECT_EQ(PathsOf(modul.PrivNameSpace, "first"), "module1.first");
+    EXPECT_EQ(PathsOf(modul.PrivNameSpace, "b"), "module1.rec.b");
     EXPECT_TRUE(modul.MyVars.Contains("kb"));
 }

@@ -2,12 +2,9 @@
 
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
+#include "project/start.h"
 
 namespace {
-
-const CodeObject& CallerOf(const clsCall& call) {
-    return call.CallProcedure() ? static_cast<const CodeObject&>(*call.CallProcedure()) : *call.CallModule();
-}
 
 std::string_view MarkOf(const clsCall& call) {
     return call.Type() == CallType::Really ? "> " : call.Type() == CallType::MayBe ? "? " : ": ";
@@ -22,7 +19,7 @@ void Join(std::string& dump, const std::string& edge) {
 std::string DumpEdges() {
     std::string dump;
     gProjekt->calls.ForEach([&](const clsCall& call) {
-        Join(dump, CallerOf(call).CodePath().append(" ").append(MarkOf(call)) + call.Parent->CodePath());
+        Join(dump, call.Caller().CodePath().append(" ").append(MarkOf(call)) + call.Parent->CodePath());
     });
     return dump;
 }
@@ -31,7 +28,7 @@ std::string DumpEdgesOf(std::string_view caller) {
     const std::string modul = std::string(caller.substr(0, caller.find('.'))) + ".";
     std::string dump;
     gProjekt->calls.ForEach([&](const clsCall& call) {
-        if (CallerOf(call).CodePath() != caller)
+        if (call.Caller().CodePath() != caller)
             return;
         const std::string target = call.Parent->CodePath();
         Join(dump, std::string(MarkOf(call)) + (target.starts_with(modul) ? target.substr(modul.size()) : target));

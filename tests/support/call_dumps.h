@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-/// All edges in the order of their numbers, with the code paths of both ends:
-/// "main.run > main.help; main.run ? c.name; main : main.t [type]".
+/// All edges in their order, with the code paths of both ends:
+/// "main : main.t [type]; main.run > main.help; main.run ? c.name".
 [[nodiscard]] std::string DumpEdges();
 /// The edges of `caller`, the code path of a procedure, or of a module for its declarations. The caller is omitted, and
 /// so is its module at the start of a path: "> help; ? c.name; : t [type]".

@@ -11,6 +11,7 @@
 
 #include "model/clsProjekt.h"
 #include "project/project_file.h"
+#include "project/start.h"
 #include "shell/errors.h"
 #include "shell/words.h"
 

@@ -29,17 +29,20 @@ inline void Analyse() {
 
 /// The object of the open project at `codePath`; throws if there is none.
 inline CodeObject& ObjectAt(std::string_view codePath) {
-    if (CodeObject* object = modMain::GetObjectFromCodePath(codePath))
+    if (CodeObject* object = gProjekt->GetObjectFromCodePath(codePath))
         return *object;
     throw std::invalid_argument("no object " + std::string(codePath));
 }
 inline clsProzedur& ProcedureAt(std::string_view codePath) {
-    return dynamic_cast<clsProzedur&>(ObjectAt(codePath));
+    CodeObject& object = ObjectAt(codePath);
+    if (object.Class() != ObjectClass::Prozedur)
+        throw std::invalid_argument("no procedure " + std::string(codePath));
+    return static_cast<clsProzedur&>(object);
 }
 
 /// The names as spelled, separated by blanks.
 template <class T>
-std::string Names(const clsCollection<T>& objects) {
+std::string NamesIn(const clsCollection<T>& objects) {
     std::string names;
     for (const T* object : objects)
         names.append(names.empty() ? "" : " ").append(object->myNameOrg());

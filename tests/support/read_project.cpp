@@ -144,7 +144,7 @@ clsModul& ModuleOf(std::string_view codePath) {
 
 std::string DumpObjects(const clsModul& modul) {
     std::string dump;
-    for (const auto& owned : modul.Owned())
+    for (const CodeObject* owned : modul.Owned())
         if (const std::string object = DumpObject(modul, *owned); !object.empty())
             dump.append(dump.empty() ? "" : "; ").append(object);
     return dump;

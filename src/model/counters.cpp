@@ -1,4 +1,0 @@
-#include "model/counters.h"
-
-ObjectCounts gCounts;
-thread_local constinit ObjectCounts* tCounts = &gCounts;

@@ -1,0 +1,59 @@
+#include "project/replace.h"
+
+#include <algorithm>
+
+#include "calls/driver.h"
+#include "findings/dead_objects.h"
+#include "model/clsProjekt.h"
+#include "shell/errors.h"
+#include "shell/work_ahead.h"
+
+namespace {
+
+// The modules read for the changes that have a source, in their order; fewer when `taken` says so.
+std::vector<std::unique_ptr<clsModul>> ReadChanged(clsProjekt& projekt, const std::vector<ModuleChange>& changes,
+                                                   const ModuleRead& taken) {
+    std::vector<std::size_t> reading;
+    for (std::size_t nr = 0; nr < changes.size(); ++nr)
+        if (changes[nr].source)
+            reading.push_back(nr);
+    const ReadingContext context{projekt.TheFiles(), projekt.TheNames(), projekt.Memory(), projekt.condComps};
+    WorkAhead<std::unique_ptr<clsModul>> work(reading.size(), [&](std::size_t nr, std::size_t) {
+        return Read_Module(context, *changes[reading[nr]].source);
+    });
+    std::vector<std::unique_ptr<clsModul>> read;
+    for (const std::size_t change : reading) {
+        const ErrorSubject subject(changes[change].source->path);
+        std::unique_ptr<clsModul> modul = work.Next();
+        if (taken && !taken(change, *modul))
+            break;
+        read.push_back(std::move(modul));
+    }
+    return read;
+}
+
+}  // namespace
+
+void Replace(clsProjekt& projekt, const std::vector<ModuleChange>& changes, const ModuleRead& taken) {
+    std::vector<std::unique_ptr<clsModul>> read = ReadChanged(projekt, changes, taken);
+    std::vector<std::unique_ptr<clsModul>> modules = projekt.TakeModules();
+    auto next = read.begin();
+    for (const ModuleChange& change : changes) {
+        if (change.source && next == read.end())
+            break;
+        std::unique_ptr<clsModul> modul = change.source ? std::move(*next++) : nullptr;
+        if (change.place)
+            modules.at(*change.place) = std::move(modul);
+        else
+            modules.push_back(std::move(modul));
+    }
+    std::erase(modules, nullptr);
+    projekt.SetModules(std::move(modules));
+    if (projekt.callsKnown)
+        Who_Calls_Who(projekt);
+    if (!projekt.callsKnown)
+        projekt.ClearMarks();  // without all edges everything would look dead
+    else if (projekt.marksKnown)
+        Tote_Untote_Kennzeichnen(projekt);
+    projekt.TellReplaced();
+}
