@@ -31,10 +31,7 @@ BenchmarkProject& ProjectOf(std::int64_t lines) {
 }
 
 clsProjekt& NewProject(BenchmarkProject& project) {
-    CloseProject();
-    gProjekt = std::make_unique<clsProjekt>(project.files);
-    gProjekt->FullPath = project.made.projectFile;
-    return *gProjekt;
+    return NewProject(project.files, project.made.projectFile);
 }
 
 clsProjekt& Load(BenchmarkProject& project) {

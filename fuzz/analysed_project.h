@@ -26,8 +26,7 @@
 /// Reads the project at `path`. Resets all state first.
 inline clsProjekt& ReadProjectFrom(MemoryFiles& files, const std::string& path) {
     InitGlobals();
-    gProjekt = std::make_unique<clsProjekt>(files);
-    gProjekt->FullPath = path;
+    NewProject(files, path);
     Projekt_Laden(*gProjekt);
     return *gProjekt;
 }
@@ -89,5 +88,5 @@ inline void RequireSound(clsProjekt& projekt) {
     const auto json = nlohmann::json::parse(out.str());
     Require(json["modules"].size() == static_cast<std::size_t>(projekt.CountAllModules()),
             "the JSON lists all modules");
-    Require(json["problems"].size() == Problems().size(), "the JSON lists all problems");
+    Require(json["problems"].size() == projekt.problems.All().size(), "the JSON lists all problems");
 }

@@ -24,8 +24,11 @@ std::vector<clsCall> CallsOf(const clsProjekt& projekt, clsModul& modul, ModuleN
     names.TurnTo(modul);
     int first = modul.TokNrBeginnVarBereich;
     Analyse_CallsVarBereich(reader, names, first, modul.TokNrBeginnProcBereich - 1, found);
-    for (clsProzedur* prozedur : modul.MyProcs)
+    for (clsProzedur* prozedur : modul.MyProcs) {
+        for (int local = 1; local <= prozedur->MyVars.Count(); ++local)
+            names.Expect(prozedur->MyVars.KeyNr(local));
         Analyse_CallsProc(projekt, reader, names, *prozedur, found);
+    }
     modul.text->ReleaseModulText();
     return found.Take();
 }

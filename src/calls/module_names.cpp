@@ -10,16 +10,24 @@ void ModuleNames::TurnTo(const clsModul& modul) {
     ++stamp_;
     const NameSpace& own = modul.PrivNameSpace;
     for (int nr = 1; nr <= own.Count(); ++nr) {
-        const Name name = own.KeyNr(nr);
-        if (name.Empty() || IsNumeric(name.View()))
+        Line* const line = LineFor(own.KeyNr(nr));
+        if (!line)
             continue;
-        const Key key = KeyOf(name.View());
-        Line& line = LineOf(key);
-        if (line.meaning.name != name)
-            Enter(line, key, name);
-        line.meaning.ownStamp_ = stamp_;
-        line.meaning.own_ = own.ItemNr(nr);
+        line->meaning.ownStamp_ = stamp_;
+        line->meaning.own_ = own.ItemNr(nr);
     }
+}
+
+// The line that remembers a name from now on; null for a name that reads as a number.
+ModuleNames::Line* ModuleNames::LineFor(Name name) {
+    const Key key = KeyOf(name.View());
+    Line& line = LineOf(key);
+    if (line.meaning.name == name && line.length == name.View().size())
+        return &line;
+    if (name.Empty() || IsNumeric(name.View()))
+        return nullptr;
+    Enter(line, key, name);
+    return &line;
 }
 
 void ModuleNames::Enter(Line& line, Key key, Name name) {

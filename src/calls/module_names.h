@@ -37,6 +37,8 @@ public:
 
     /// Turns to a module. Its own names are remembered at once: most of them will come, and here no search finds them.
     void TurnTo(const clsModul& modul);
+    /// Remembers a name, in lower case, whose word will come soon.
+    void Expect(Name name) { (void)LineFor(name); }
     /// The meaning of a word that is not empty; good until the next call.
     [[nodiscard]] WordMeaning& Of(std::string_view word) {
         const Key key = KeyOf(word);
@@ -85,7 +87,7 @@ private:
         std::uint64_t head;
         std::uint64_t tail;
     };
-    struct Line {
+    struct alignas(64) Line {  // as long as a cache line
         std::uint64_t head = 0;
         std::uint64_t tail = 0;
         std::size_t length = 0;
@@ -126,6 +128,7 @@ private:
     [[nodiscard]] Line& LineOf(const Key& key) {
         return tables_->words[(key.head * 0x9E3779B97F4A7C15U ^ key.tail * 0xD6E8FEB86659FD93U) >> (64 - kBits)];
     }
+    Line* LineFor(Name name);
     static void Enter(Line& line, Key key, Name name);
     void Fill(Line& line, Key key, std::string_view word) const;
 

@@ -243,7 +243,7 @@ void WriteJson(std::ostream& out, clsProjekt& projekt, const JsonParts& parts) {
     }
     {
         ArrayWriter problems(out, "problems");
-        for (const Problem& problem : Problems())
+        for (const Problem& problem : projekt.problems.All())
             problems.Add({{"tag", Utf8(problem.tag)}, {"text", Utf8(problem.text)}, {"path", Utf8(problem.subject)}});
     }
     out << "\n}\n";

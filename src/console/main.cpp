@@ -158,8 +158,7 @@ int Run(const Options& options) {
         std::cerr << options.project << ": " << Describe(projectFile.error) << '\n';
         return NothingAnalysed;
     }
-    gProjekt = std::make_unique<clsProjekt>(files);
-    gProjekt->FullPath = options.project;
+    NewProject(files, options.project);
     gProjekt->CondComps_Win32_Win16(stored.Win32 == 1);
     for (const std::string& define : options.defines) {
         std::pair<std::string, std::string> constant;
@@ -194,14 +193,14 @@ int Run(const Options& options) {
         options.quiet ? std::string()
                       : SummaryText(*gProjekt, gText.Language == "german", timer.LastRun, callMilliseconds);
     const bool jsonWritten = WriteJsonFile(options);
-    for (const Problem& problem : Problems())
+    for (const Problem& problem : gProjekt->problems.All())
         std::cerr << Shown(problem.subject) << ": " << Shown(problem.text) << " (" << Shown(problem.tag) << ")\n";
     // With the JSON on standard output nothing else may stand there.
     if (!options.quiet)
         (options.json == "-" ? std::cerr : std::cout) << summary;
     if (gProjekt->OwnedModules().empty())
         std::cerr << options.project << ": lists no module\n";
-    const int status = Problems().empty() && reportsWritten && jsonWritten ? AllWell : Reported;
+    const int status = gProjekt->problems.All().empty() && reportsWritten && jsonWritten ? AllWell : Reported;
     std::cout.flush();
     return status;
 }

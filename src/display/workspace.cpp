@@ -39,12 +39,9 @@ Workspace::Workspace(std::unique_ptr<clsProjekt>& projekt, Files& files, const S
 
 bool Workspace::Open(const std::string& path) {
     EndGeneration();
-    CloseProject();
-    ClearProblems();
     SetActiveCodePage(CodePage(settings_.CodePage));
     gAbort = false;
-    projekt_ = std::make_unique<clsProjekt>(files_);
-    projekt_->FullPath = path;
+    NewProject(files_, path);
     projekt_->CondComps_Win32_Win16(settings_.Win32 == 1);
     Timer_Reset(gTimerProjektOeffnen);
     Timer_Start(gTimerProjektOeffnen);
@@ -68,7 +65,6 @@ bool Workspace::Open(const std::string& path) {
 void Workspace::Close() {
     EndGeneration();
     CloseProject();
-    ClearProblems();
 }
 
 // All that knows objects; where it can come back, it does so by path.
@@ -115,6 +111,8 @@ int Workspace::Refresh() {
     if (changed == 0)
         return 0;
     ports_.run("ChangedModule_Regenerieren", false, [this] { ChangedModule_Regenerieren(*projekt_); });
+    if (!projekt_->callsKnown)
+        Tote_Untote_Kennzeichnen(*projekt_);  // the marks of a project just opened
     RefillTree();
     return changed;
 }

@@ -13,6 +13,7 @@
 #include "model/clsTypeLib.h"
 #include "platform/files.h"
 #include "platform/large_pages.h"
+#include "shell/errors.h"
 #include "source/cond_compile.h"
 
 class clsProjekt {
@@ -62,6 +63,8 @@ public:
     CallGraph calls;          // empty until Who_Calls_Who
     bool callsKnown = false;  // the graph is that of all modules
     bool marksKnown = false;  // IsDeath of the objects says what the graph shows
+
+    ProblemList problems;  // what was reported while it was read
 
     std::string TimeForStructure, TimeForCalls, TimeForTree;
 

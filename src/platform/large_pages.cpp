@@ -1,6 +1,6 @@
 #include "platform/large_pages.h"
 
-#include <cstdlib>
+#include <cstdint>
 #include <new>
 
 #ifdef __linux__
@@ -16,26 +16,55 @@ constexpr std::size_t RoundedUp(std::size_t bytes, std::size_t step) {
     return (bytes + step - 1) / step * step;
 }
 
+#ifdef __linux__
+
+// Pages come from the system and go back to it: the heap would keep them when a project is closed.
+void* TakePages(std::size_t bytes) {
+    void* const mapped = mmap(nullptr, bytes + kPage, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (mapped == MAP_FAILED)
+        throw std::bad_alloc();
+    // Only what begins at a multiple of its size becomes a large page; the rest on both sides goes back.
+    char* const begin = static_cast<char*>(mapped);
+    const std::size_t before = (kPage - reinterpret_cast<std::uintptr_t>(begin) % kPage) % kPage;
+    if (before > 0)
+        munmap(begin, before);
+    if (before < kPage)
+        munmap(begin + before + bytes, kPage - before);
+    madvise(begin + before, bytes, MADV_HUGEPAGE);
+    return begin + before;
+}
+
+void GivePages(void* pages, std::size_t bytes) {
+    munmap(pages, bytes);
+}
+
+#else
+
+void* TakePages(std::size_t bytes) {
+    return ::operator new(bytes, std::align_val_t(kStep));
+}
+
+void GivePages(void* pages, std::size_t /*bytes*/) {
+    ::operator delete(pages, std::align_val_t(kStep));
+}
+
+#endif
+
 }  // namespace
 
 LargePages::~LargePages() {
-    for (void* pages : pages_)
-        std::free(pages);
+    for (const auto& [pages, bytes] : pages_)
+        if (pages)
+            GivePages(pages, bytes);
 }
 
 void LargePages::NewPages(std::size_t bytes) {
     bytes = RoundedUp(bytes, kPage);
-    pages_.reserve(pages_.size() + 1);
-    void* const pages = std::aligned_alloc(kPage, bytes);
-    if (!pages)
-        throw std::bad_alloc();
-    pages_.push_back(pages);
-#ifdef __linux__
-    madvise(pages, bytes, MADV_HUGEPAGE);
-#endif
+    pages_.emplace_back(nullptr, 0);
+    pages_.back() = {TakePages(bytes), bytes};
     if (restBytes_ > 0)
         free_.emplace(restBytes_, rest_);
-    rest_ = static_cast<char*>(pages);
+    rest_ = static_cast<char*>(pages_.back().first);
     restBytes_ = bytes;
 }
 

@@ -5,6 +5,7 @@
 #include <map>
 #include <memory_resource>
 #include <mutex>
+#include <utility>
 #include <vector>
 
 /// Hands out blocks that are cut from large pages, to several threads at the same time. A project's texts and objects
@@ -23,9 +24,9 @@ private:
     [[nodiscard]] bool do_is_equal(const memory_resource& other) const noexcept override { return this == &other; }
     void NewPages(std::size_t bytes);
 
-    std::mutex mutex_;  // guards all below
-    std::vector<void*> pages_;
-    char* rest_ = nullptr;  // of the last page
+    std::mutex mutex_;                                  // guards all below
+    std::vector<std::pair<void*, std::size_t>> pages_;  // with their bytes
+    char* rest_ = nullptr;                              // of the last page
     std::size_t restBytes_ = 0;
     std::multimap<std::size_t, char*> free_;  // blocks that came back, by size
 };

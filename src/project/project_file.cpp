@@ -224,7 +224,7 @@ int ChangedModule_Regenerieren(clsProjekt& projekt) {
     std::vector<ModuleChange> changes;
     for (const std::size_t place : ChangedModules(projekt)) {
         const clsModul& modul = *projekt.OwnedModules()[place];
-        ForgetProblemsOf(modul.FullPath);
+        projekt.problems.ForgetOf(modul.FullPath);
         changes.push_back({place, ModuleSource{modul.ModulTyp, modul.FullPath}});
     }
     gProgress().Label(gText.TextNr(Text::LoadingProject));

@@ -13,7 +13,16 @@
 std::unique_ptr<clsProjekt> gProjekt;
 std::vector<std::string> gCLSIDKeys;
 
+clsProjekt& NewProject(Files& files, const std::string& path) {
+    CloseProject();
+    gProjekt = std::make_unique<clsProjekt>(files);
+    gProjekt->FullPath = path;
+    SetProblems(&gProjekt->problems);
+    return *gProjekt;
+}
+
 void CloseProject() {
+    SetProblems(nullptr);
     gProjekt.reset();
 }
 
@@ -23,7 +32,6 @@ void InitGlobals() {
     gAbort = false;
     gAction.clear();
     gCLSIDKeys.clear();
-    ClearProblems();
     gTimerProjektOeffnen = {};
 }
 

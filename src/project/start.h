@@ -21,7 +21,9 @@ extern std::vector<std::string> gCLSIDKeys;
 /// Everything as it is before the first project is opened. An open project is closed without a question.
 void InitGlobals();
 
-/// Closes the open project, if any, and forgets its names.
+/// Makes an empty project the open one; the one before is closed. What is noted from now on joins its problems.
+clsProjekt& NewProject(Files& files, const std::string& path);
+/// Closes the open project, if any.
 void CloseProject();
 
 /// The start of the program up to its window, in this order: globals, settings, language, class registry,

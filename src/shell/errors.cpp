@@ -1,6 +1,5 @@
 #include "shell/errors.h"
 
-#include <unordered_set>
 #include <utility>
 
 namespace {
@@ -15,20 +14,11 @@ thread_local int muted = 0;
 thread_local std::vector<HeldErrors::Held>* holder = nullptr;
 
 constexpr std::size_t kMostProblems = 10000;
-
-struct ProblemList {
-    std::vector<Problem> problems;
-    std::unordered_set<std::string> seen;
-};
+ProblemList* currentProblems = nullptr;
 
 // Tells a problem from all others.
 std::string KeyOf(const Problem& problem) {
     return problem.tag + '\n' + problem.text + '\n' + problem.subject;
-}
-
-ProblemList& TheProblems() {
-    static ProblemList list;
-    return list;
 }
 
 }  // namespace
@@ -81,35 +71,29 @@ ErrorSubject::~ErrorSubject() {
     currentSubject = before_;
 }
 
+ProblemList* SetProblems(ProblemList* problems) {
+    return std::exchange(currentProblems, problems);
+}
+
 void NoteProblem(std::string_view tag, std::string_view text) {
-    if (holder) {
-        if (muted == 0)
-            holder->push_back({std::string(tag), std::string(text)});
+    if (muted > 0)
         return;
-    }
-    ProblemList& list = TheProblems();
-    if (muted > 0 || list.problems.size() >= kMostProblems)
-        return;
-    Problem problem{std::string(tag), std::string(text), std::string(currentSubject)};
-    if (list.seen.insert(KeyOf(problem)).second)
-        list.problems.push_back(std::move(problem));
+    if (holder)
+        holder->push_back({std::string(tag), std::string(text)});
+    else if (currentProblems)
+        currentProblems->Add({std::string(tag), std::string(text), std::string(currentSubject)});
 }
 
-const std::vector<Problem>& Problems() {
-    return TheProblems().problems;
+void ProblemList::Add(Problem problem) {
+    if (problems_.size() < kMostProblems && seen_.insert(KeyOf(problem)).second)
+        problems_.push_back(std::move(problem));
 }
 
-void ClearProblems() {
-    TheProblems().problems.clear();
-    TheProblems().seen.clear();
-}
-
-void ForgetProblemsOf(std::string_view subject) {
-    ProblemList& list = TheProblems();
-    std::erase_if(list.problems, [&](const Problem& problem) {
+void ProblemList::ForgetOf(std::string_view subject) {
+    std::erase_if(problems_, [&](const Problem& problem) {
         const bool isOfFile = problem.subject == subject;
         if (isOfFile)
-            list.seen.erase(KeyOf(problem));
+            seen_.erase(KeyOf(problem));
         return isOfFile;
     });
 }

@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "shell/vb_text.h"
@@ -20,7 +21,7 @@ struct ErrorReport {
     [[nodiscard]] std::string Text() const;
 };
 
-/// Something that was reported or found missing since the list was last cleared.
+/// Something that was reported or found missing while a project was at hand.
 struct Problem {
     std::string tag;
     std::string text;
@@ -28,13 +29,23 @@ struct Problem {
     bool operator==(const Problem&) const = default;
 };
 
-/// Notes a problem; every reported error is noted as well. The same problem is listed once, and the list ends
-/// at ten thousand.
+/// The problems of one project, each once; the list ends at ten thousand.
+class ProblemList {
+public:
+    void Add(Problem problem);
+    [[nodiscard]] const std::vector<Problem>& All() const { return problems_; }
+    /// Removes the problems of one file, before it is read again.
+    void ForgetOf(std::string_view subject);
+
+private:
+    std::vector<Problem> problems_;
+    std::unordered_set<std::string> seen_;
+};
+
+/// Connects the list that takes what is noted, and returns the one before; null drops it. Never owns it.
+ProblemList* SetProblems(ProblemList* problems);
+/// Notes a problem; every reported error is noted as well.
 void NoteProblem(std::string_view tag, std::string_view text);
-[[nodiscard]] const std::vector<Problem>& Problems();
-void ClearProblems();
-/// Removes the problems of one file, before it is read again.
-void ForgetProblemsOf(std::string_view subject);
 
 /// Takes the reports: a window, standard error, a list in tests.
 using ErrorPort = std::function<void(const ErrorReport&)>;

@@ -231,7 +231,7 @@ void frmMain::Files_Check() {
 void frmMain::WriteReports(const std::string& operation) {
     if (!gProjekt)
         return;
-    const std::size_t problemsBefore = Problems().size();
+    const std::size_t problemsBefore = gProjekt->problems.All().size();
     dialogs_.progress->SetCancelVisible(false);
     dialogs_.progress->Run(operation, [&operation] {
         if (operation == "AnalyseErgebnisStructure")
@@ -245,7 +245,7 @@ void frmMain::WriteReports(const std::string& operation) {
     const QString where = operation == "AnalyseErgebnisDeaths"
                               ? ToPath(files_.SystemPath(DeathsReportPath(*gProjekt)))
                               : QFileInfo(ToPath(files_.SystemPath(gProjekt->FullPath))).absolutePath();
-    const bool isWhole = Problems().size() == problemsBefore;
+    const bool isWhole = gProjekt->problems.All().size() == problemsBefore;
     const QString text = TextNr(isWhole ? Text::ReportsWritten : Text::ReportsIncomplete, where);
     status_->Message(text);
     dialogs_.options->ShowReportResult(text);

@@ -13,6 +13,8 @@
 #include <QVBoxLayout>
 
 #include "display/problem_meaning.h"
+#include "model/clsProjekt.h"
+#include "project/start.h"
 #include "views/copy_table.h"
 #include "views/dialogs.h"
 #include "views/qt_text.h"
@@ -35,7 +37,7 @@ protected:
 
 void ProblemsModel::Refresh() {
     beginResetModel();
-    problems_ = Problems();
+    problems_ = gProjekt ? gProjekt->problems.All() : std::vector<Problem>();
     endResetModel();
 }
 

@@ -5,6 +5,7 @@
 #include <algorithm>
 
 #include "model/clsProjekt.h"
+#include "project/start.h"
 #include "shell/errors.h"
 #include "views/elided_label.h"
 #include "views/icons.h"
@@ -61,7 +62,7 @@ void StatusLine::ShowCounts(const clsProjekt* projekt, bool callsRead) {
 }
 
 void StatusLine::ShowProblemCount() {
-    const std::size_t count = Problems().size();
+    const std::size_t count = gProjekt ? gProjekt->problems.All().size() : 0;
     problemCount_->setVisible(count > 0);
     const QString text =
         count == 1 ? TextNr(Text::OneProblem) : TextNr(Text::ProblemCount, NumberText(static_cast<qlonglong>(count)));

@@ -56,7 +56,7 @@ TEST_F(Modules, WithoutATextOrALineEndHaveLittle) {
     ReadProject({{"Empty.bas", ""}, {"A.bas", "Dim a\n"}});
     EXPECT_EQ(gProjekt->CountAllModules(), 1);
     EXPECT_FALSE(gProjekt->PublicNameSpace().Contains("empty"));
-    EXPECT_THAT(Problems(), IsEmpty());
+    EXPECT_THAT(gProjekt->problems.All(), IsEmpty());
     const clsModul& modul = ReadModuleAsItIs("Begin VB.Label lbl ", "Form1.frm");
     EXPECT_TRUE(gProjekt->Formulare.Contains("form1"));
     EXPECT_EQ(modul.MyControls.Count() + modul.LineCount + modul.AnzLineCode, 0);

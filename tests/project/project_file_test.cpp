@@ -31,7 +31,7 @@ TEST_F(ProjectReading, EachKindOfModuleHasItsCollection) {
     EXPECT_EQ(NamesIn(projekt.Klassenmodule) + NamesIn(projekt.UserControls), "CD");
     EXPECT_EQ(projekt.Klassenmodule.ItemNr(1)->number, 4);
     EXPECT_EQ(projekt.AnzCodeZeilen, 4);
-    EXPECT_THAT(Problems(), IsEmpty());
+    EXPECT_THAT(gProjekt->problems.All(), IsEmpty());
 }
 
 TEST_F(ProjectReading, LastNameLineNamesTheProject) {
@@ -45,7 +45,7 @@ TEST_F(ProjectReading, ProjectWithoutModulesStaysEmpty) {
     EXPECT_EQ(projekt.MyName, "P");
     EXPECT_THAT(projekt.OwnedModules(), IsEmpty());
     EXPECT_THAT(projekt.OwnedLibraries(), IsEmpty());
-    EXPECT_THAT(Problems(), IsEmpty());
+    EXPECT_THAT(gProjekt->problems.All(), IsEmpty());
     EXPECT_EQ(GetAnzahlModule("Usercontrol=D.ctl\r\nForm=B.frm"), 2);  // only this spelling is counted
 }
 
@@ -65,8 +65,7 @@ TEST_F(ProjectReading, ManyModulesKeepTheirOrderInAllThatComesOfThem) {
     }
     files.WriteWhole("p\\P.vbp", lines);
     const RecordingErrors errors;
-    gProjekt = std::make_unique<clsProjekt>(files);
-    gProjekt->FullPath = "p\\P.vbp";
+    NewProject(files, "p\\P.vbp");
     Projekt_Laden(*gProjekt);
     Who_Calls_Who(*gProjekt);
 
@@ -171,8 +170,7 @@ TEST_F(CondComps, WinOverTheModulesOwnAndLoseToTheGivenOnes) {
                       {"p\\A.bas",
                        "#Const X = 1\r\n#Const Y = 1\r\n#Const Z = 1\r\n"
                        "#If X = 2 And Y = 3 And Z = 1 Then\r\nDim all\r\n#End If\r\n"}};
-    gProjekt = std::make_unique<clsProjekt>(files);
-    gProjekt->FullPath = "p\\P.vbp";
+    NewProject(files, "p\\P.vbp");
     gProjekt->definedCondComps = {{"y", "3"}};
     Projekt_Laden(*gProjekt);
     EXPECT_TRUE(ModuleOf("a").MyVars.Contains("all"));
@@ -183,7 +181,8 @@ TEST_F(MissingFiles, AreAskedAboutAndPassedOver) {
     ScriptedQuestions questions{false};
     const clsProjekt& projekt = Read("Module=X; X.bas\nModule=A; A.bas");
     EXPECT_THAT(questions.texts, ElementsAre("File not found: p\\X.bas\r\n\r\nLaden abbrechen?"));
-    EXPECT_THAT(Problems(), ElementsAre(Problem{"clsModul: Read_MyCodeName", "File not found: p\\X.bas", "p\\X.bas"}));
+    EXPECT_THAT(gProjekt->problems.All(),
+                ElementsAre(Problem{"clsModul: Read_MyCodeName", "File not found: p\\X.bas", "p\\X.bas"}));
     EXPECT_FALSE(gAbort);
     EXPECT_EQ(NamesIn(projekt.Modules), "A");
     EXPECT_FALSE(gProjekt->PublicNameSpace().Contains("x"));
@@ -217,5 +216,5 @@ TEST_F(MissingFiles, EndTheLoadWhenTheAnswerIsYes) {
 
 TEST_F(MissingFiles, LineWithoutAFileIsOne) {
     EXPECT_EQ(Read("Module=X\nModule=Y;A.bas\nForm=\nModule=A; A.bas").CountAllModules(), 1);
-    EXPECT_THAT(Problems(), testing::Not(IsEmpty()));
+    EXPECT_THAT(gProjekt->problems.All(), testing::Not(IsEmpty()));
 }

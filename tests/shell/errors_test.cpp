@@ -27,6 +27,7 @@ TEST_F(Errors, AfterAFailedStatementTheNextOneUsesTheFormerValues) {
 
 TEST_F(Errors, TheInnermostSubjectNamesTheFileAtHand) {
     const RecordingErrors errors;
+    const RecordingProblems problems;
     {
         const ErrorSubject project("App.vbp");
         {
@@ -37,25 +38,27 @@ TEST_F(Errors, TheInnermostSubjectNamesTheFileAtHand) {
     }
     ShowError("a: b", 1, "x");
     EXPECT_THAT(errors.subjects, ElementsAre("..\\Form1.frm", ""));
-    EXPECT_THAT(Problems(), ElementsAre(testing::Field(&Problem::subject, "..\\Form1.frm"),
-                                        Problem{"a: b", "y", "App.vbp"}, testing::Field(&Problem::subject, "")));
+    EXPECT_THAT(problems.list.All(),
+                ElementsAre(testing::Field(&Problem::subject, "..\\Form1.frm"), Problem{"a: b", "y", "App.vbp"},
+                            testing::Field(&Problem::subject, "")));
 }
 
 TEST_F(Errors, TheSameProblemIsListedOnceAndReportedEachTime) {
     const RecordingErrors errors;
+    RecordingProblems problems;
     for (int i = 0; i < 3; ++i) {
         ShowError("a: b", 1, "x");
         NoteProblem("a: b", "x");
     }
     NoteProblem("a: b\nx", "");  // another description or subject makes another problem
     EXPECT_THAT(errors.tags, SizeIs(3));
-    EXPECT_THAT(Problems(), SizeIs(2));
-    ClearProblems();
+    EXPECT_THAT(problems.list.All(), SizeIs(2));
+    problems.list.ForgetOf("");
     NoteProblem("a: b", "x");
-    EXPECT_THAT(Problems(), SizeIs(1));
+    EXPECT_THAT(problems.list.All(), SizeIs(1));
     for (int i = 0; i < 10100; ++i)
         NoteProblem("a: b", std::to_string(i));
-    EXPECT_THAT(Problems(), SizeIs(10000)) << "the list is bounded";
+    EXPECT_THAT(problems.list.All(), SizeIs(10000)) << "the list is bounded";
 }
 
 }  // namespace

@@ -39,6 +39,7 @@ TEST_P(Ahead, ResultsComeInOrderAndEachItemIsDoneOnce) {
 
 TEST_P(Ahead, ReportsOfAnItemAppearWhenItIsTaken) {
     const RecordingErrors errors;
+    const RecordingProblems problems;
     WorkAhead<int> work(
         3,
         [](std::size_t nr, std::size_t) {
@@ -55,7 +56,7 @@ TEST_P(Ahead, ReportsOfAnItemAppearWhenItIsTaken) {
     const ErrorSubject subject("Form1.frm");
     (void)work.Next();
     EXPECT_THAT(errors.texts, ElementsAre("reported 0", "reported 1"));
-    EXPECT_THAT(Problems(),
+    EXPECT_THAT(problems.list.All(),
                 ElementsAre(Problem{"a: b", "noted 0", ""}, Problem{"a: b", "reported 0", ""},
                             Problem{"a: b", "noted 1", "Form1.frm"}, Problem{"a: b", "reported 1", "Form1.frm"}));
 }

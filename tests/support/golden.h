@@ -20,10 +20,9 @@ inline const std::filesystem::path kSourceDirectory = OSTRIVANE_SOURCE_DIR;
 /// Reads the sample from disk into gProjekt.
 inline void ReadSample() {
     static DiskFiles files;
-    gProjekt = std::make_unique<clsProjekt>(files);
-    gProjekt->FullPath = (kSourceDirectory / "samples/ToolHire/ToolHire.vbp").string();
+    NewProject(files, (kSourceDirectory / "samples/ToolHire/ToolHire.vbp").string());
     Projekt_Laden(*gProjekt);
-    EXPECT_TRUE(Problems().empty());
+    EXPECT_TRUE(gProjekt->problems.All().empty());
     ASSERT_EQ(gProjekt->CountAllModules(), 14);
 }
 

@@ -31,6 +31,19 @@ private:
     ErrorPort before_;
 };
 
+/// Takes what is noted.
+class RecordingProblems {
+public:
+    RecordingProblems() : before_(SetProblems(&list)) {}
+    RecordingProblems& operator=(RecordingProblems&&) = delete;
+    ~RecordingProblems() { SetProblems(before_); }
+
+    ProblemList list;
+
+private:
+    ProblemList* before_;
+};
+
 /// Answers questions with the given answers in order, and further ones with No.
 class ScriptedQuestions {
 public:

@@ -105,8 +105,7 @@ clsProjekt& ReadFiles(const std::vector<ProjectFile>& files) {
         project = "Project1.vbp";
         there.WriteWhole(kDirectory + project, lines);
     }
-    gProjekt = std::make_unique<clsProjekt>(there);
-    gProjekt->FullPath = kDirectory + project;
+    NewProject(there, kDirectory + project);
     Projekt_Laden(*gProjekt);
     return *gProjekt;
 }

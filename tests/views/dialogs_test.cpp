@@ -1,4 +1,6 @@
 #include "views/dialogs.h"
+#include "model/clsProjekt.h"
+#include "project/start.h"
 
 #include <QAccessible>
 
@@ -55,6 +57,7 @@ TEST_F(Dialogs, NameEveryControlCutNoTextAndGiveEachLetterOnce) {
     ProblemsList problems;
     frmProgress progress;
     frmError error(nullptr, QStringLiteral("help@example.org"));
+    NewProject(memory, "p.vbp");
     NoteProblem("clsModul: A", "text");
     for (const char* language : {"english", "german"}) {
         SCOPED_TRACE(language);

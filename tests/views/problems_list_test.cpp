@@ -2,12 +2,15 @@
 
 #include <QAbstractItemModelTester>
 
+#include "model/clsProjekt.h"
+#include "project/start.h"
 #include "window_texts.h"
 
 namespace {
 
 class ListOfProblems : public WindowTest {
 protected:
+    ListOfProblems() { NewProject(files_, "p.vbp"); }
     static void Note(std::string_view tag, std::string_view text, std::string_view subject) {
         const ErrorSubject at(subject);
         NoteProblem(tag, text);
@@ -19,6 +22,7 @@ protected:
         return QApplication::clipboard()->text();
     }
 
+    MemoryFiles files_;
     ProblemsList list_;
 };
 
