@@ -26,13 +26,13 @@ clsModul& clsCall::CallerModule() const {
 
 namespace {
 
-// The list that a procedure or module keeps of what starts in it.
+// The span of edges that start in a procedure or declarations section.
 std::span<const clsCall>& ListOf(CodeObject& caller) {
     return caller.Class() == ObjectClass::Prozedur ? static_cast<clsProzedur&>(caller).outgoing
                                                    : static_cast<clsModul&>(caller).outgoing;
 }
 
-// Calls `use` for each caller with its edges, which stand together.
+// Calls `use` for each caller with its edges, which are contiguous.
 template <class Use>
 void ForEachCaller(const std::vector<clsCall>& calls, Use use) {
     for (std::size_t first = 0; first < calls.size();) {

@@ -21,7 +21,7 @@ struct ProblemList {
     std::unordered_set<std::string> seen;
 };
 
-// Tells a problem from all others.
+// Problems with equal keys are listed once.
 std::string KeyOf(const Problem& problem) {
     return problem.tag + '\n' + problem.text + '\n' + problem.subject;
 }
