@@ -222,7 +222,7 @@ void VisualPage::BuildFonts() {
         row.sample->setBackgroundRole(QPalette::Base);
         row.sample->setAutoFillBackground(true);
         row.sample->setMargin(4);
-        // A large font is shown cut off; the window keeps its size.
+        // A large font is cut off in its sample, so that the window keeps its size.
         row.sample->setFixedHeight(3 * fontMetrics().height());
         row.sample->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
         row.choose->setObjectName(QStringLiteral("cmdFont%1").arg(nr));

@@ -20,7 +20,7 @@ public:
     enum Role { NameRole = Qt::UserRole, RangesRole, AboutRole };
 
     using QAbstractListModel::QAbstractListModel;
-    /// What is shown of a hit; it outlives the object.
+    /// The data shown for a hit; remains valid when the object goes.
     struct Row {
         QString name;
         std::string_view image;
@@ -44,14 +44,15 @@ class SearchBar final : public QWidget {
 public:
     explicit SearchBar(QWidget* parent = nullptr);
 
-    /// The field gets the focus, with all its text selected.
+    /// Focuses the field and selects its text.
     void Focus();
-    /// To be called before objects go: a project is closed or opened, or modules are read anew. Forgets all hits.
+    /// To be called before objects become invalid: a project is closed or opened, or modules are read again. Drops all
+    /// hits.
     void ProjectChanges();
     void Texte();
 
 Q_SIGNALS:
-    /// CodePath of the object that was chosen; the list is closed by then.
+    /// CodePath of the chosen object; the list is already closed.
     void ObjectChosen(const std::string& codePath);
 
 protected:
