@@ -1,5 +1,5 @@
-// The coloured text of the code view, computed without a widget: which stretch of a module is shown, and what each of
-// its characters is by what the analysis knows.
+// The coloured text of the code view, computed without a widget: which stretch of a module is shown, and the meaning of
+// each of its characters according to the analysis.
 //
 // The text is painted by one selection after the other: later paint covers earlier paint, so the order of the steps
 // decides which meaning wins. Positions in the shown text count from 0, positions in a module from 1.

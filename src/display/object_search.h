@@ -1,7 +1,7 @@
 // The search over all objects of the open project: a part of a name as one types it, or the first letters of its humps.
 //
-// The index is a copy of all names in one piece, so that a key stroke reads memory from one end to the other. It knows
-// the objects but does not own them.
+// The index is a copy of all names in one piece, so that a key stroke reads memory from one end to the other. It points
+// at the objects but does not own them.
 #pragma once
 
 #include <cstddef>

@@ -47,7 +47,7 @@ void SetCalledObject(const clsProjekt& projekt, Selection& selection, const Node
 /// procedure counts as its procedure.
 [[nodiscard]] bool NeedsDependencies(const Selection& selection, const LastCodePaths& last);
 
-/// The line above the code: the path of the object, a word for its kind where the path does not tell it, the file of a
+/// The line above the code: the path of the object, a word for its kind where the path does not show it, the file of a
 /// module. Bytes as in the source.
 [[nodiscard]] std::string CodePath_Anzeigen(const Selection& selection);
 

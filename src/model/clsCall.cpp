@@ -63,7 +63,7 @@ void CallGraph::Make(std::vector<std::vector<clsCall>> ofModules, std::size_t ob
     }
     for (std::size_t range = 2; range < begins_.size(); ++range)
         begins_[range] += begins_[range - 1];
-    // begins_[range + 1] is where the next edge of a range goes; in the end it is where the range after it begins.
+    // begins_[range + 1] is the place for the next edge of a range; at the end it is the begin of the range after it.
     incoming_.resize(count);
     for (const std::vector<clsCall>& calls : ofModules_)
         for (const clsCall& call : calls)

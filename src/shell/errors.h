@@ -1,6 +1,6 @@
-// The one way of failing: a statement that fails is reported under the tag of its operation, and the operation goes on
-// with its next statement, its variables as they were. Nothing unwinds further. Ports and the list of problems belong
-// to the main thread; another thread holds its reports back (HeldErrors).
+// The error handling: a statement that fails is reported under the tag of its operation, and the operation continues
+// with its next statement, its variables unchanged, as after On Error Resume Next. Nothing unwinds further. Ports and
+// the list of problems belong to the main thread; another thread holds its reports back (HeldErrors).
 #pragma once
 
 #include <functional>

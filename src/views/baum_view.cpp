@@ -230,7 +230,7 @@ void BaumView::keyReleaseEvent(QKeyEvent* event) {
 
 void BaumView::mousePressEvent(QMouseEvent* event) {
     hasChecked_ = false;
-    // The right button does not select: its click goes to another node while this one stays the context.
+    // Qt would select the node on a right click, but the selection has to stay on the object shown.
     if (event->button() == Qt::RightButton)
         event->accept();
     else

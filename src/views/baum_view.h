@@ -32,7 +32,7 @@ public:
     /// Nodes of all trees may be dropped here, or copied there and pasted here.
     void SetAcceptsKeys(bool accepts);
 
-    /// All texts in the language at hand.
+    /// Sets all texts in the language of the program.
     void Texte();
     /// Applies the font of the settings, or that of the interface if the system lacks it.
     void ApplyTreeFont();

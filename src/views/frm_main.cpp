@@ -82,7 +82,7 @@ frmMain::frmMain(Files& files, SettingsFile& file, Settings settings, std::strin
     setMinimumSize(kSmallestWindow);
     setWindowIcon(ApplicationIcon());
     setAcceptDrops(true);
-    // QMainWindow's own context menu would let the user hide the toolbar, and nothing would bring it back.
+    // QMainWindow's own context menu would let the user hide the toolbar, for which there is no command.
     setContextMenuPolicy(Qt::NoContextMenu);
     addToolBar(toolbar_);
     BuildPanes();
@@ -104,6 +104,7 @@ frmMain::~frmMain() {
     SetMissingFilePort({});
     SetMessagePort({});
     workspace_.Close();
+    // The panes still show objects, so the project closes while they exist.
     delete pages_;  // the views must be deleted before the trees that they listen to
 }
 
@@ -169,6 +170,7 @@ void frmMain::WireTrees() {
 void frmMain::WireCode() {
     rtbCode().SetToolTipSource([this](Pos position) { return ToolTipOf(workspace_.CodeHoverText(position)); });
     connect(&rtbCode(), &QPlainTextEdit::cursorPositionChanged, this, [this] {
+        // The program also moves the cursor, when it shows a text; the properties then belong to the object.
         if (!rtbCode().hasFocus())
             return;
         if (auto rows = workspace_.PropertiesAt(rtbCode().SelStart(), rtbCode().SelLength()))

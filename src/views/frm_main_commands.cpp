@@ -156,6 +156,7 @@ void frmMain::Projekt_Oeffnen() {
 }
 
 void frmMain::OpenProject(const std::string& path) {
+    // A drop or a start with a file can arrive while an operation runs.
     if (dialogs_.progress->IsRunning())
         return;
     if (!files_.FileExists(path)) {

@@ -22,7 +22,7 @@ void frmMain::GenerationEnds() {
 }
 
 bool frmMain::ActivateKey(const NodeId& node) {
-    // Selecting the node in the tree emits NodeActivated again.
+    // A pane that answers the new content with a selection of its own must not start another activation.
     if (activating_)
         return false;
     activating_ = true;

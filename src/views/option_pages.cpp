@@ -33,7 +33,7 @@ constexpr ColourRow kColourRows[] = {
     {Text::Strings, &Settings::ColString},
 };
 
-// A page's name in its own letters, which every reader of them knows.
+// The name of a code page in its own script, which those who need it can read.
 struct PageName {
     const char* number;
     const char16_t* name;

@@ -20,7 +20,7 @@ public:
     enum Role { NameRole = Qt::UserRole, RangesRole, AboutRole };
 
     using QAbstractListModel::QAbstractListModel;
-    /// The data shown for a hit; remains valid when the object goes.
+    /// The data shown for a hit; stays valid without the object.
     struct Row {
         QString name;
         std::string_view image;
@@ -70,7 +70,7 @@ private:
     bool HandleKey(int key);
 
     QLineEdit* field_;
-    QFrame* list_;  // a child of the window, so that nothing below it moves; made its last child, it goes last
+    QFrame* list_;  // a child of the window, so that it covers the panes; added last, it is deleted last
     QListView* view_;
     QLabel* foot_;
     HitsModel* model_;
