@@ -55,7 +55,7 @@ PathRest RestOf(const CodeObject& object) {
 }
 
 // Whether two objects have the same path. A path begins with the name of its module, so objects of different modules
-// are told apart by it, and a name that hundreds of modules share costs no more than any other.
+// differ in it, and a name that hundreds of modules share costs no more than any other.
 bool SamePath(const CodeObject& one, const CodeObject& other) {
     if (&one == &other)
         return true;
