@@ -9,7 +9,7 @@
 
 namespace {
 
-// Seconds of one run; taking the edges away again is not counted.
+// Seconds of one run, without the removal of the edges.
 double RunCalls(clsProjekt& projekt) {
     Remove_All_Calls(projekt);
     return Seconds([&] {
@@ -29,7 +29,7 @@ void Calls(benchmark::State& state) {
     CloseProject();
 }
 
-// One stage, right after those before it, as a user has it: a second run would find a small project in the caches.
+// One stage directly after the stages before it, as for a user: a second run would find a small project in the caches.
 double CallsOf(BenchmarkProject& project) {
     return RunCalls(Load(project));
 }

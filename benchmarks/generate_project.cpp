@@ -1,5 +1,5 @@
 // A line scan finds what the sample declares, and who shares each name. Then the modules are cut into pieces, each of
-// which ends in a name or is plain text, and a copy of a module is these pieces with a number behind each name.
+// which ends in a name or is plain text, and a copy of a module consists of these pieces with a number after each name.
 #include "generate_project.h"
 
 #include <algorithm>
@@ -205,7 +205,7 @@ private:
     std::map<std::string, Declared, std::less<>> names_;
 };
 
-// Behind the names of a copy or group; the first keeps those of the sample.
+// The suffix of names in a copy or group; the first keeps the names of the sample.
 std::string Suffix(std::size_t number) {
     return number == 0 ? std::string() : std::to_string(number);
 }

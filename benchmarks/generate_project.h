@@ -1,6 +1,6 @@
-// Projects to measure with, of any size: the modules of the sample, copied as often as it takes. Each copy has its own
-// names for what the whole project sees, so that its calls find their way; members of classes have the same names in
-// a few copies each, and many private names are the same everywhere, as in programs that have grown.
+// Generates projects of any size for measurements from copies of the sample's modules. Each copy has its own names for
+// what the whole project sees, so that its calls find their way; members of classes have the same names in a few copies
+// each, and many private names are the same everywhere, as in real programs.
 #pragma once
 
 #include <cstddef>

@@ -20,7 +20,7 @@ struct BenchmarkProject {
 /// The generated project of that many lines.
 BenchmarkProject& ProjectOf(std::int64_t lines);
 
-/// Closes the open project; the new one knows its project file, and nothing of it is read.
+/// Closes the open project and makes one with the path of its project file, of which nothing is read.
 clsProjekt& NewProject(BenchmarkProject& project);
 /// The same, and reads the structure.
 clsProjekt& Load(BenchmarkProject& project);

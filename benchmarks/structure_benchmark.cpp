@@ -35,7 +35,7 @@ void SetRates(benchmark::State& state, const GeneratedProject& project) {
         benchmark::Counter(static_cast<double>(state.iterations() * project.lines), benchmark::Counter::kIsRate);
 }
 
-// From the disk, as far as the system has not kept the files in memory.
+// From the disk, or from the system's file cache if it still holds the files.
 void ReadFiles(benchmark::State& state) {
     const BenchmarkProject& project = ProjectOf(state.range(0));
     const std::filesystem::path directory =

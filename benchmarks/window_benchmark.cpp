@@ -1,5 +1,5 @@
-// How quickly the window answers with a real project open: window_benchmark PROJECT.vbp. Each step is timed up to its
-// last repaint. Runs on any platform of Qt, best on the one with a screen.
+// Response times of the window with a real project: window_benchmark PROJECT.vbp. Each step is timed up to its last
+// repaint. Runs on any platform of Qt, best on the one with a screen.
 #include <QApplication>
 #include <QElapsedTimer>
 #include <QMessageBox>
@@ -41,7 +41,7 @@ void Report(const char* what, std::vector<double> times) {
                 times.size());
 }
 
-// Selects each of the nodes, everything painted.
+// Selects each of the nodes and waits until everything is painted.
 void Click(frmMain& window, const char* what, const std::vector<std::string>& keys) {
     std::vector<double> times;
     for (const std::string& key : keys) {

@@ -16,7 +16,7 @@
 
 namespace {
 
-// Reads the model and writes nothing but what it returns, so that modules can be walked side by side.
+// Reads the model and changes nothing that other threads see, so that modules can be walked side by side.
 std::vector<clsCall> CallsOf(const clsProjekt& projekt, clsModul& modul, ModuleNames& names) {
     FoundCalls found;
     ModuleReader reader(modul);

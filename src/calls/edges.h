@@ -5,7 +5,8 @@
 
 #include "model/clsCall.h"
 
-/// Edges that a walk over a module has found. A walk runs beside others and changes nothing else.
+/// Edges that a walk over a module has found. Walks over several modules run at the same time, so a walk changes
+/// nothing else.
 class FoundCalls {
 public:
     void Reserve(std::size_t edges) { found_.reserve(edges); }
@@ -15,7 +16,7 @@ public:
     }
     /// A use. A target that cannot be used is left out.
     void CallUseCreate(CodeObject& target, CodeObject& caller, Pos pos);
-    /// Gives the edges away, in no more memory than they need.
+    /// Moves the edges out, without spare capacity.
     [[nodiscard]] std::vector<clsCall> Take() {
         found_.shrink_to_fit();
         return std::move(found_);
@@ -29,5 +30,5 @@ private:
 [[nodiscard]] bool Is_CalledBy(const CodeObject& object, CallType type);
 /// Whether an edge of this type uses a type, enumeration, class or library.
 [[nodiscard]] bool Is_UsedBy(const CodeObject& object, CallType type);
-/// Whether a procedure makes an edge of this type.
+/// Whether an edge of this type starts in the procedure.
 [[nodiscard]] bool Is_Calls(const clsProzedur& prozedur, CallType type);

@@ -1,5 +1,5 @@
-// What the words of a module's text mean, remembered as the walk over it meets them: few words make up most of a text,
-// and looking each up in tables of the whole project costs more than all else of the walk.
+// A cache of what the words of a module's text mean. Few words make up most of a text, and looking each one up in the
+// tables of the whole project costs more than the rest of the walk.
 #pragma once
 
 #include <array>
@@ -15,7 +15,7 @@
 class ModuleNames;
 class clsProjekt;
 
-/// A word as it stands in the text.
+/// A word of the text.
 class WordMeaning {
 public:
     Name name;  // not Known() when no object has it and it is no keyword
@@ -30,16 +30,17 @@ private:
     const clsSpaceName* everywhere_ = nullptr;
 };
 
-/// Good as long as no name and no name space changes.
+/// Valid as long as no name and no name space changes.
 class ModuleNames {
 public:
     explicit ModuleNames(const clsProjekt& projekt);
 
-    /// Turns to a module. Its own names are remembered at once: most of them will come, and here no search finds them.
+    /// Switches to a module and enters its own names at once: most of them occur in its text, and entering them needs
+    /// no search.
     void TurnTo(const clsModul& modul);
-    /// Remembers a name, in lower case, whose word will come soon.
+    /// Enters a name, in lower case, whose word is about to occur.
     void Expect(Name name) { (void)LineFor(name); }
-    /// The meaning of a word that is not empty; good until the next call.
+    /// The meaning of a non-empty word; valid until the next call.
     [[nodiscard]] WordMeaning& Of(std::string_view word) {
         const Key key = KeyOf(word);
         Line& line = LineOf(key);
@@ -82,7 +83,7 @@ private:
     static constexpr int kBits = 11;
     static constexpr std::size_t kLooks = 1024;
     static constexpr std::size_t kKeyLength = 16;
-    // The first and the last eight bytes, which tell words of up to sixteen.
+    // The first and the last eight bytes, which identify words of up to sixteen.
     struct Key {
         std::uint64_t head;
         std::uint64_t tail;
@@ -121,7 +122,7 @@ private:
         const auto byte = [from](std::size_t i) { return std::uint64_t{static_cast<unsigned char>(from[i])}; };
         return {byte(0) << 16 | byte(size / 2) << 8 | byte(size - 1), size};
     }
-    // Long words that no object has are not remembered.
+    // Long words that name no object are not cached.
     static bool IsSameLong(const Line& line, std::string_view word) {
         return line.meaning.name.Known() && line.meaning.name.View() == word;
     }

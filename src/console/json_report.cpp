@@ -24,7 +24,7 @@ std::string Utf8(std::string_view bytes) {
     return ActiveCodePage().ToUtf8(bytes);
 }
 
-// The elements go out one by one, each on a line: a big project never stands in memory a second time.
+// Elements are written one by one, each on a line, so that a large project is not in memory a second time as JSON.
 class ArrayWriter {
 public:
     ArrayWriter(std::ostream& out, std::string_view key) : out_(out) { out_ << ",\n \"" << key << "\": ["; }
@@ -47,7 +47,7 @@ Json ModuleJson(const clsModul& modul) {
             {"blank", modul.AnzLineBlank}};
 }
 
-// Physical lines of positions. Edges of one module mostly come one after the other.
+// Physical lines of positions. Edges are grouped by module, so the lines of one module at a time are enough.
 class LineNumbers {
 public:
     int Of(const clsModul& modul, Pos pos) {
@@ -119,11 +119,11 @@ Json ObjectJson(const CodeObject& object, std::string_view kind, std::string_vie
 
 class ObjectWriter {
 public:
-    /// @param used  the arguments and locals that are used; null when nobody looked
+    /// @param used  the arguments and locals that are used; null if their uses were not determined
     ObjectWriter(ArrayWriter& objects, const std::unordered_set<const clsVariable*>* used)
         : objects_(objects), used_(used) {}
 
-    // Objects of a module that its collections hold; a dropped namesake stands in none.
+    // Objects of a module that its collections hold: of two with the same key the second is in none.
     void Modul(const clsModul& modul) {
         for (CodeObject* object : modul.Owned()) {
             switch (object->Class()) {
@@ -148,7 +148,7 @@ public:
                     const bool isFiled = modul.myEnums.Item(object->NameKey()) == object;
                     if (isFiled)
                         objects_.Add(ObjectJson(*object, "enum", ""));
-                    // The members of a dropped enum are variables of the module all the same.
+                    // Members of an enum that was dropped as a duplicate are still variables of the module.
                     for (const clsVariable* member : einEnum->MyVars)
                         if (isFiled || modul.MyVars.Item(member->NameKey()) == member)
                             Variable(*member);
@@ -199,7 +199,7 @@ private:
     const std::unordered_set<const clsVariable*>* used_;
 };
 
-// Calls `use` for every module that stands in the project's collections, in the order of the project file.
+// Calls `use` for every module in the project's collections, in the order of the project file.
 template <class Use>
 void ForEachModule(clsProjekt& projekt, Use use) {
     for (const auto& modul : projekt.OwnedModules())

@@ -1,4 +1,4 @@
-// The machine-readable form of an analysed project; docs/json.md tells what it holds.
+// The machine-readable form of an analysed project; docs/json.md describes it.
 #pragma once
 
 #include <iosfwd>
@@ -6,8 +6,8 @@
 class clsProjekt;
 
 struct JsonParts {
-    bool edges = false;          // the calls were analysed
-    bool localsChecked = false;  // arguments and locals know whether they are used
+    bool edges = false;          // calls were analysed
+    bool localsChecked = false;  // the uses of arguments and locals are included
 };
 
 /// Writes `projekt` and the problems noted so far as one JSON object in UTF-8.

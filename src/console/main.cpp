@@ -1,4 +1,4 @@
-// ostrivane-report: the analysis for people and pipelines without a screen.
+// ostrivane-report: the analysis for terminals and pipelines.
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
@@ -45,7 +45,7 @@ struct Options {
     bool checkLocals = false;
     bool quiet = false;
 
-    // With no kind of report named, all kinds are meant.
+    // Without a kind of report, all kinds are written: a plain call produces everything.
     [[nodiscard]] bool AllKinds() const { return !structure && !calls && !deaths; }
     [[nodiscard]] bool WritesStructure() const { return !noReports && (structure || AllKinds()); }
     [[nodiscard]] bool WritesCalls() const { return !noReports && !noCalls && (calls || AllKinds()); }
@@ -56,7 +56,7 @@ std::string Shown(std::string_view bytes) {
     return ActiveCodePage().ToUtf8(bytes);
 }
 
-// One line on a terminal that is written over as the work moves on.
+// One line of a terminal that is overwritten on each step.
 class TerminalProgress final : public Progress {
 public:
     void Range(int min, int max) override {
@@ -85,7 +85,7 @@ bool SplitDefine(const std::string& define, std::pair<std::string, std::string>&
     return true;
 }
 
-// A path in the directory asked for.
+// A path in the directory of --out.
 std::string PathIn(const std::string& directory, std::string_view name) {
     std::string path = directory;
     if (!path.empty() && path.back() != '/')
@@ -93,7 +93,8 @@ std::string PathIn(const std::string& directory, std::string_view name) {
     return path.append(name);
 }
 
-// "NNN <module file name><ending>" in the directory asked for.
+// "NNN <module file name><ending>" in the directory of --out. The number keeps files apart whose modules have the same
+// file name in different folders.
 ReportPath NumberedIn(const std::string& directory, std::string_view ending) {
     return [&directory, ending](const clsModul& modul) {
         char number[16];
@@ -170,6 +171,7 @@ int Run(const Options& options) {
     }
 
     TerminalProgress progress;
+    // In a pipeline or log file the control characters would only be noise.
     const bool showsProgress = !options.quiet && isatty(STDERR_FILENO) != 0;
     SetProgress(showsProgress ? &progress : nullptr);
     clsQueryTimer timer;
@@ -195,7 +197,7 @@ int Run(const Options& options) {
     const bool jsonWritten = WriteJsonFile(options);
     for (const Problem& problem : gProjekt->problems.All())
         std::cerr << Shown(problem.subject) << ": " << Shown(problem.text) << " (" << Shown(problem.tag) << ")\n";
-    // With the JSON on standard output nothing else may stand there.
+    // With JSON on standard output, nothing else may be written there: another program reads it.
     if (!options.quiet)
         (options.json == "-" ? std::cerr : std::cout) << summary;
     if (gProjekt->OwnedModules().empty())
@@ -244,7 +246,7 @@ int main(int argc, char** argv) {
         const int status = Run(options);
         std::cout.flush();
         std::cerr.flush();
-        // Taking a million objects apart one by one would only keep the user waiting.
+        // Skips the destructors: freeing a large project takes time, and the system frees the memory anyway.
         std::_Exit(status);
     } catch (const std::exception& error) {
         std::cerr << "ostrivane-report: " << error.what() << '\n';

@@ -53,7 +53,7 @@ CallCounts CountCalls(const clsProjekt& projekt) {
             for (const clsVariable* member : type->MyVars)
                 count(*member);
         }
-        // The members of enumerations stand among the module's variables.
+        // MyVars of a module includes the members of its enumerations.
         for (const clsEnum* einEnum : modul->myEnums)
             count(*einEnum);
     }

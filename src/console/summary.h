@@ -1,4 +1,4 @@
-// What the console tells of an analysed project on standard output.
+// The summary of an analysed project on standard output.
 #pragma once
 
 #include <string>
@@ -21,7 +21,7 @@ struct CallCounts {
 };
 [[nodiscard]] CallCounts CountCalls(const clsProjekt& projekt);
 
-/// A few lines of text in the language at hand, UTF-8, LF.
+/// A few lines of text in the language of the program, UTF-8, LF.
 /// @param milliseconds      time for the structure
 /// @param callMilliseconds  time for the calls, or below 0 when they were not analysed
 [[nodiscard]] std::string SummaryText(const clsProjekt& projekt, bool german, double milliseconds,

@@ -26,7 +26,7 @@ int main(int argc, char** argv) {
     const std::string programDirectory = GetAppPathWithSlash();
     gIniFile = SettingsPath(programDirectory, kIniFileName);
     SettingsFile file(files, gIniFile);
-    // What other systems keep in their registry stands in a file beside the settings.
+    // This system has no registry: a file beside the settings replaces it.
     const std::string directory = QFileInfo(ToPath(gIniFile)).absolutePath().toStdString();
     FileRegistry registry(files, directory + "/Ostrivane.registry");
     SetMessagePort([](std::string_view text) { ShowMessage(nullptr, LanguageText(text)); });

@@ -80,7 +80,7 @@ struct Baum::State {
     BaumListener silent;
     BaumListener* listener = &silent;
     int fillings = 0;
-    bool isReset = false;      // BeginReset was told, EndReset is due
+    bool isReset = false;      // BeginReset was sent, EndReset is due
     bool manyChanged = false;  // Changed was held back
     std::vector<BaumNode*> unsorted;
     BaumNode* toBeVisible = nullptr;
@@ -110,7 +110,7 @@ struct Baum::State {
         }
     }
 
-    // Those behind move up, so that no probing meets a gap.
+    // Later entries of the run move up, so that no probing meets a gap.
     void Forget(const BaumNode& node) {
         const std::size_t mask = slots.size() - 1;
         std::size_t gap = SlotOf(node.key_, node.kind_, HashOf(lower, node.key_, node.kind_));
@@ -146,7 +146,7 @@ struct Baum::State {
         free.push_back(&node);
     }
 
-    /// Whether single steps are told: not within a reset. A large change that is about to begin becomes one.
+    /// Whether single steps are reported: not within a reset. A large change starts one here.
     bool TellsSteps() {
         if (fillings > 0 && !isReset) {
             isReset = true;

@@ -1,9 +1,9 @@
 // The nodes of a tree as plain data: what the trees of the window show, and the operations on it. A widget translates
 // it; tests read it as it is.
 //
-// Nodes are found by kind and key without regard to case; the key of a code object's node is its CodePath. The children
-// of a node that is Sorted stand in the order of their texts, without regard to case and equal ones in the order of
-// entry; those of others, and the roots, stand in the order of entry.
+// Nodes are found by kind and key without regard to case; the key of a code object's node is its CodePath. Children of
+// a Sorted node are ordered by text without regard to case, equal texts by entry; all other nodes are in the order of
+// entry.
 #pragma once
 
 #include <cstdint>
@@ -14,14 +14,14 @@
 
 class Baum;
 
-/// What a node stands for. The same key can belong to a root and to an object: a module may be called "Reference".
+/// What a node represents. The same key can belong to a root and to an object: a module may be called "Reference".
 enum class NodeKind : std::uint8_t {
     Object,
     Group,  // objects of one kind in a module; its key begins with that of the module
     Root,   // a kind of modules or libraries
 };
 
-/// What a node is found by again after its tree was filled again.
+/// Identifies a node, also after its tree was filled again.
 struct NodeId {
     NodeId() = default;
     /// The node of an object.
@@ -35,7 +35,7 @@ struct NodeId {
     std::string key;
 };
 
-/// What a node's text is painted in: its meaning, for which the settings and the palette have the colour.
+/// The meaning of a node's colour; the settings and the palette define the colour.
 enum class NodeColour : std::uint8_t {
     Ordinary,
     Grey,  // dead and undead objects
@@ -91,7 +91,7 @@ private:
     bool checked_ = false;
 };
 
-/// Told of every change, before and after where a widget needs it. All calls come between two Begin/End of their kind.
+/// Is called for every change, before and after it where a widget needs both.
 class BaumListener {
 public:
     virtual ~BaumListener() = default;
@@ -103,7 +103,7 @@ public:
     virtual void EndRemove() {}
     /// Text, image, colour, boldness or check mark.
     virtual void Changed(const BaumNode&) {}
-    /// What Changed tells, of any number of nodes at once.
+    /// Changed for any number of nodes at once.
     virtual void ManyChanged() {}
     virtual void ExpandedChanged(const BaumNode&) {}
     virtual void AllCollapsed() {}
@@ -133,7 +133,7 @@ public:
     [[nodiscard]] int Count() const;
     /// The top level in its order.
     [[nodiscard]] const std::vector<BaumNode*>& Roots() const;
-    /// Takes a node out with all below it. A selected node among them leaves nothing selected.
+    /// Removes a node with all nodes below it. If the selected node is among them, nothing is selected afterwards.
     void Remove(BaumNode& node);
     void Clear();
 
@@ -143,7 +143,7 @@ public:
     void SetExpandedImage(BaumNode& node, std::string_view image);
     void SetForeColor(BaumNode& node, NodeColour color);
     void SetBold(BaumNode& node, bool bold);
-    /// From now on new children are entered by their texts; children that stand there already are sorted.
+    /// Sorts the children, and from now on enters new children by their texts.
     void SetSorted(BaumNode& node, bool sorted);
     void SetExpanded(BaumNode& node, bool expanded);
     void SetChecked(BaumNode& node, bool checked);
@@ -157,9 +157,9 @@ public:
     /// Null disconnects. Never owned.
     void SetListener(BaumListener* listener);
 
-    /// While one lives, a large change is one reset for the listener, which begins with the first node that comes or
-    /// goes, and sorting waits for its end: until then new children stand behind the others. A change of looks alone is
-    /// told by one ManyChanged. Nests.
+    /// While one lives, a large change is one reset for the listener, which begins with the first node that is added or
+    /// removed. Sorting waits for the end: until then new children are last. A change of looks alone is reported by one
+    /// ManyChanged. Nests.
     class Filling {
     public:
         explicit Filling(Baum& baum);

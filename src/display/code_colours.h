@@ -1,8 +1,8 @@
-// The coloured text of the code view, computed without a widget: which stretch of a module is shown, and what each of
-// its characters is by what the analysis knows.
+// The coloured text of the code view, computed without a widget: which stretch of a module is shown, and the meaning of
+// each of its characters according to the analysis.
 //
-// The text is painted by one selection after the other, as a person with a brush would do it: what is painted later
-// covers what was there. Positions in the shown text count from 0, positions in a module from 1.
+// The text is painted by one selection after the other: later paint covers earlier paint, so the order of the steps
+// decides which meaning wins. Positions in the shown text count from 0, positions in a module from 1.
 #pragma once
 
 #include <cstdint>
@@ -37,7 +37,7 @@ enum class Colour : std::uint8_t {
     FunctionResult,  // places of the variable that holds the result of its function; emphasised
 };
 
-/// The colour of the settings behind a meaning, 32-bit BGR; 0 for None.
+/// The colour of the settings for a meaning, 32-bit BGR; 0 for None.
 [[nodiscard]] std::int32_t ColourOf(Colour what, const Settings& settings);
 
 /// A stretch of the shown text.
@@ -58,10 +58,10 @@ struct CodeText {
     std::string text;                // bytes as in the source
     const CodePage* page = nullptr;  // in which they are shown; null for the active one
     Pos first = 1;                   // position of the first character in its module
-    int firstLine = 0;               // line of the file that the text begins with; 0 when it stands in no file
+    int firstLine = 0;               // line of the file at which the text begins; 0 if it is not part of a file
     std::vector<CodeSpan> spans;     // rising, none over another
     bool onGrey = false;             // a dead or undead procedure
-    bool localsChecked = false;      // the places of the procedure's locals were looked for just now
+    bool localsChecked = false;      // the places of the procedure's locals were determined for this text
 
     [[nodiscard]] Pos InModule(Pos start) const { return start + first; }
     /// The part of a stretch of the module that is shown, or nothing.
@@ -70,7 +70,7 @@ struct CodeText {
     [[nodiscard]] std::string Dump() const;
 };
 
-/// Takes selections of a module's stretch one after the other.
+/// Paints a stretch of a module, one selection after the other.
 class CodePaint {
 public:
     CodePaint(Pos first, Pos length) : first_(first), cells_(static_cast<std::size_t>(length), '\0') {}
@@ -86,11 +86,11 @@ private:
     std::string cells_;  // a Colour for each character
 };
 
-/// The declarations of a module; of a library's module what is told of the library.
+/// The declarations of a module; for a library's module, the facts about the library.
 [[nodiscard]] CodeText ShowMe(const clsModul& modul);
 /// A procedure. The first time its local variables are looked for; localsChecked says so.
 [[nodiscard]] CodeText ShowMe(const clsProzedur& prozedur, LocalUses& locals);
-/// What is known of a library: first the path of its file.
+/// The known facts about a library: first the path of its file.
 [[nodiscard]] CodeText ShowMe(const clsTypeLib& library);
 
 /// Colours the calls and uses of a module's declarations.
@@ -98,8 +98,8 @@ void ShowUses(const clsModul& modul, CodePaint& paint);
 /// Colours the variables of a procedure and what it calls and uses.
 void ShowCalls(const clsProzedur& prozedur, const std::vector<LocalUse>& locals, CodePaint& paint);
 
-/// Where the object's name stands in its declaration, in a text that shows it; nothing for other texts and for objects
-/// without a name in the code.
+/// Place of the object's name in its declaration if the text shows it; nothing for other texts and for objects without
+/// a name in the code.
 [[nodiscard]] std::optional<CodeRange> NameMarkieren(const CodeObject& object, const CodeText& shown);
 
 /// Whether a procedure is declared among the declarations of its module: an external one or an event.

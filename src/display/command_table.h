@@ -1,5 +1,5 @@
-// The commands of the window as data: one table says of each what it is called, how it looks, and what it needs. What
-// a command does is the window's business.
+// The commands of the window as data: a table with the text, icon, keys and needs of each. What a command does is up to
+// the window.
 #pragma once
 
 #include <cstdint>
@@ -58,18 +58,18 @@ enum class Command : std::uint8_t {
     About,
 };
 
-/// What must be there before a command can be given.
+/// What a command needs to be enabled.
 enum class Needs : std::uint8_t {
     Nothing,
     Project,
     Module,         // the current object lies in one
     Neighbours,     // the current object has some of the kind that the command shows
     Places,         // marked in the code
-    PreviousPlace,  // in the list behind back and forward
+    PreviousPlace,  // in the list for back and forward
     NextPlace,
     LaterVersion,  // nothing does it yet
     DoneByOpening,
-    Never,  // neither shown nor of any use now
+    Never,  // neither shown nor enabled
 };
 
 struct CommandRow {
@@ -82,15 +82,14 @@ struct CommandRow {
     Needs needs;
     bool hasDialog = false;  // the text gets "…" after it
     bool checkable = false;
-    Text of =
-        Text::None;  // stands before the text with a colon where there is room for it; buttons show the text alone
+    Text of = Text::None;  // put before the text with a colon where there is room for it; buttons show the text alone
 };
 
-/// All commands, each at the place of its number.
+/// All commands, indexed by their numbers.
 [[nodiscard]] std::span<const CommandRow> CommandTable();
 [[nodiscard]] const CommandRow& RowOf(Command command);
 
-/// What decides which commands can be given. Without a project nothing else is there either.
+/// What decides which commands are enabled. Without a project all others are false as well.
 struct Situation {
     bool hasProject = false;
     bool hasObject = false;  // a current one
@@ -102,5 +101,5 @@ struct Situation {
     bool hasNext = false;
 };
 [[nodiscard]] bool IsEnabled(Command command, const Situation& now);
-/// What a person has to do first; None where there is nothing to say.
+/// What the user has to do first; None if there is nothing to say.
 [[nodiscard]] Text WhyDisabled(Command command, const Situation& now);

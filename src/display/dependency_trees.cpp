@@ -1,5 +1,5 @@
-// A fill walks over edges, of which a module can have thousands; it remembers the neighbours it has seen by their
-// addresses, so that everything that costs more than a glance is done once for each.
+// A fill walks over edges, of which a module can have thousands; it remembers the neighbours seen by their addresses,
+// so that all costly steps happen once for each neighbour.
 #include "display/dependency_trees.h"
 
 #include <algorithm>
@@ -54,7 +54,7 @@ bool IsPublic(const CodeObject& object) {
     return object.Zugriff == Access::Public;
 }
 
-// The group that an object of a module stands in, or nothing for what stands below another object.
+// The group of an object of a module, or nothing for an object below another one.
 std::optional<TreeGroup> GroupOf(const CodeObject& object) {
     const bool isPublic = IsPublic(object);
     switch (object.Class()) {
@@ -98,7 +98,7 @@ BaumNode* ObtainGroup(const CodeObject& object, TreeGroup group, Baum& tree) {
 
 BaumNode* ObtainNode(const CodeObject& object, Baum& tree);
 
-// What an object's node stands below.
+// The parent of an object's node.
 BaumNode* ObtainParent(const CodeObject& object, Baum& tree) {
     if (object.Class() == ObjectClass::Variable) {
         const auto& variable = static_cast<const clsVariable&>(object);
@@ -135,7 +135,7 @@ BaumNode* ObtainNode(const CodeObject& object, Baum& tree) {
     return node;
 }
 
-// An object that is shown as a neighbour, and what was seen meanwhile.
+// Shows objects as neighbours, and remembers those already shown.
 class Fill {
 public:
     /// @param opens  whether the modules shown are opened
@@ -280,7 +280,7 @@ bool AnyOf(const Objects& objects, Question question) {
     return false;
 }
 
-// The questions of the buttons, asked of everything that the object's tree would show.
+// The state of the buttons: checks everything that the object's trees would show.
 bool HasCallers(const clsProjekt& projekt, const CodeObject& object, CallType type) {
     if (Is_CalledBy(object, type) || (type == CallType::Really && Is_UsedBy(object, CallType::Use)))
         return true;

@@ -1,8 +1,8 @@
 // The neighbourhood of an object: who calls or uses it, and what it calls or uses, as trees in the layout of the
 // project tree. Certain and possible calls are shown by separate operations; a use counts as certain.
 //
-// Each operation shows a neighbour once, however many calls stand behind it, and leaves out objects that are checked
-// themselves or stand in a checked module.
+// Each operation shows a neighbour once, regardless of the number of calls, and omits objects that are checked or
+// belong to a checked module: the checked objects form a group, and its trees show what the group depends on.
 #pragma once
 
 #include <string_view>

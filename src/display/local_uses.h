@@ -1,5 +1,5 @@
 // The places at which procedures name their own arguments and locals. The analysis does not need them, so they are
-// looked for when a procedure is shown, and kept until the objects or their edges change.
+// determined when a procedure is shown, and kept until the objects or their edges change.
 #pragma once
 
 #include <unordered_map>
@@ -9,11 +9,11 @@
 
 class LocalUses {
 public:
-    /// Looks for them the first time.
+    /// Determines them the first time.
     const std::vector<LocalUse>& Look(const clsProzedur& prozedur);
-    /// Null for a procedure that was not looked at. A declare never is: it has no body.
+    /// Null for a procedure not yet determined, and always for a declare, which has no body.
     [[nodiscard]] const std::vector<LocalUse>* Known(const clsProzedur& prozedur) const;
-    /// How often a local is named, as far as its procedure was looked at.
+    /// How often a local is named; 0 if its procedure was not yet determined.
     [[nodiscard]] int CountOf(const clsVariable& variable) const;
     void Clear() { known_.clear(); }
 

@@ -1,4 +1,4 @@
-// From a node back to the object that it stands for.
+// From a node back to its object.
 #pragma once
 
 #include <string>

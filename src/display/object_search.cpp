@@ -26,8 +26,8 @@ bool IsNumber(char c) {
     return c >= '0' && c <= '9';
 }
 
-// A hump begins at the first character, behind "_", at a capital behind a small letter or a digit, at the last of
-// several capitals when a small letter follows ("XMLFile"), and at the first digit of a number.
+// A hump begins at the first character, after "_", at a capital after a small letter or a digit, at the last of several
+// capitals if a small letter follows ("XMLFile"), and at the first digit of a number.
 bool BeginsHump(std::string_view name, std::size_t at) {
     const char c = name[at];
     if (c == '_')
@@ -75,8 +75,8 @@ std::uint64_t Above(std::uint64_t bits) {
     return ~((bits & -bits) | ((bits & -bits) - 1));
 }
 
-// Where the last of the typed characters can stand, when each of them either begins a hump or stands right behind the
-// one before. Zero when the name does not fit. `reached`, when given, gets the places of each character.
+// Possible places of the last typed character if each of them either begins a hump or directly follows the one before.
+// Zero when the name does not fit. `reached`, when given, gets the places of each character.
 std::uint64_t MatchHumps(std::string_view lower, std::uint64_t humps, std::string_view typed,
                          std::vector<std::uint64_t>* reached = nullptr) {
     std::uint64_t at = humps & PlacesOf(lower, typed[0]);
@@ -181,7 +181,7 @@ void ObjectSearch::Build(const clsProjekt& projekt) {
             for (const clsVariable* member : einEnum->MyVars)
                 Add(*member);
         }
-        // The members of enums stand among the variables a second time, and Me is the module.
+        // MyVars contains the members of enums as well, and Me is the module itself.
         for (const clsVariable* variable : modul->MyVars)
             if (!variable->MyEnum && variable->MyName() != "me")
                 Add(*variable);
@@ -216,7 +216,7 @@ std::vector<Hit> ObjectSearch::Find(std::string_view typed, std::size_t limit) {
     // A copied path of an accessor ends in " [Get]".
     if (typed.ends_with(']') && typed.find(" [") != std::string_view::npos)
         typed = typed.substr(0, typed.rfind(" ["));
-    // A point just typed waits for the name behind it.
+    // Until the name after a point is typed, the point is ignored: the hits would otherwise vanish for one key stroke.
     while (typed.ends_with('.'))
         typed.remove_suffix(1);
     const std::string whole = LowerCase(typed);

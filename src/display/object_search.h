@@ -1,7 +1,7 @@
 // The search over all objects of the open project: a part of a name as one types it, or the first letters of its humps.
 //
-// The index is a copy of all names in one piece, so that a key stroke reads memory from one end to the other. It knows
-// the objects but does not own them.
+// The index is a copy of all names in one piece, so that a key stroke reads memory from one end to the other. It points
+// at the objects but does not own them.
 #pragma once
 
 #include <cstddef>
@@ -33,13 +33,13 @@ class ObjectSearch {
 public:
     /// Reads the names of all modules, procedures, variables, members, locals, types, enums, controls and libraries.
     void Build(const clsProjekt& projekt);
-    /// To be called before the objects go: the project is closed, or modules are read anew.
+    /// To be called before objects become invalid: the project is closed, or modules are read again.
     void Clear();
     [[nodiscard]] bool Built() const { return projekt_ != nullptr; }
     [[nodiscard]] std::size_t Count() const { return entries_.size(); }
 
     /// The best `limit` hits for what was typed, without regard to case: by rank, then the shorter name, then name and
-    /// path. What stands before a point must be a part of the path: "frmMain.load". Nothing typed finds nothing.
+    /// path. Text before a point must be part of the path: "frmMain.load". Nothing typed finds nothing.
     [[nodiscard]] std::vector<Hit> Find(std::string_view typed, std::size_t limit);
     /// How many there were in all, at the last Find.
     [[nodiscard]] std::size_t Found() const { return found_; }
@@ -63,11 +63,11 @@ private:
     [[nodiscard]] bool IsBetter(const Scored& a, const Scored& b) const;
 
     const clsProjekt* projekt_ = nullptr;
-    std::string names_;                   // all names in lower case, one behind the other
+    std::string names_;                   // all names in lower case, one after the other
     std::vector<std::uint64_t> letters_;  // of each entry, which characters occur in its name
     std::vector<Entry> entries_;
 
-    // What was typed last and who fitted: with more letters typed behind it, only those can.
+    // The text typed last and its hits: if letters are appended to it, only these can still fit.
     std::string lastName_;
     std::vector<std::uint32_t> lastCandidates_;
     std::size_t found_ = 0;

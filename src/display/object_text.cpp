@@ -81,7 +81,7 @@ std::string_view DataTypeOf(const CodeObject& object) {
     }
 }
 
-// The implicit instance of a form, which bears the calls that name the form.
+// The default instance of a form: calls that name the form reach this variable, not the form's module.
 const clsVariable* InstanceOf(const clsProjekt& projekt, const CodeObject& object) {
     return object.Class() == ObjectClass::Modul ? projekt.FormVars.Item(object.NameKey()) : nullptr;
 }
@@ -154,8 +154,8 @@ std::vector<const clsProzedur*> CallingProcedures(const clsProzedur& prozedur) {
     return callers;
 }
 
-// Whether nothing that is plainly dead stands behind an undead procedure, near or far: it and its callers keep each
-// other.
+// Whether no dead procedure is among the direct and indirect callers of an undead one: then it and its callers only
+// call each other.
 bool IsRing(const clsProzedur& prozedur) {
     std::vector<const clsProzedur*> open{&prozedur};
     std::unordered_set<const clsProzedur*> known{&prozedur};

@@ -1,4 +1,4 @@
-// What is told of an object when the pointer rests on it, the same in every tree and in the code.
+// The hover text of an object, the same in every tree and in the code.
 #pragma once
 
 #include <string>
@@ -11,13 +11,13 @@ class clsProjekt;
 class CodeObject;
 class LocalUses;
 
-/// Lines in UTF-8: kind and path, the declaration as it stands in the source, the owner, callers and calls by
-/// certainty, lines, and why the object is dead.
+/// Lines in UTF-8: kind and path, the declaration as written in the source, the owner, callers and calls by certainty,
+/// lines, and why the object is dead.
 [[nodiscard]] std::vector<std::string> ObjectText(const clsProjekt& projekt, const LocalUses& locals,
                                                   const CodeObject& object);
 
 /// A further line for the node of a dependency tree: how many edges of this kind lead from `caller` to `target`, and
-/// the line of the first. A module as caller stands for all its procedures and declarations; certain calls include
-/// uses. Empty when there is none.
+/// the line of the first. A module as caller includes all its procedures and declarations; certain calls include uses.
+/// Empty when there is none.
 [[nodiscard]] std::string CallsText(const clsProjekt& projekt, const CodeObject& caller, const CodeObject& target,
                                     CallType type);

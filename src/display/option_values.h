@@ -1,4 +1,4 @@
-// The settings that a person edits, as a copy that is changed freely and then put in force as a whole.
+// The settings that the user edits: a copy that is changed freely and then applied as a whole.
 #pragma once
 
 #include <string>
@@ -8,10 +8,10 @@
 class Files;
 class SettingsFile;
 
-/// What can be edited as the program comes with it; the rest as it is in `settings`.
+/// The defaults of everything that can be edited; the rest as in `settings`.
 [[nodiscard]] Settings DefaultOptions(const Settings& settings);
-/// Puts `values` in force, reads the texts of a changed language and writes the settings file. The code page is kept
-/// for the next project, as an open one has been read with the one before.
+/// Applies `values`, reads the texts of a changed language and writes the settings file. A changed code page applies to
+/// the next project, as the open one was read with the former page.
 /// @param programDirectory  ends with its separator
 /// @return true when the language has changed
 bool ApplyOptions(const Settings& values, Settings& inForce, const Files& files, const std::string& programDirectory,

@@ -323,7 +323,7 @@ void clsModulAnzeige::Gruppe(TreeGroup group, int count) {
     }
 }
 
-// The node when it is new, else null.
+// The new node; null if there is one with this key.
 BaumNode* clsModulAnzeige::Entry(BaumNode* parent, const CodeObject& object) {
     return tree_.Add(parent, object.CodePath(), NodeText(object), object.GetImageKey());
 }

@@ -22,7 +22,7 @@ class clsType;
 class clsTypeLib;
 class clsVariable;
 
-/// The groups of a module in the order in which they stand below it.
+/// The groups of a module in the order of the tree.
 enum class TreeGroup : std::uint8_t {
     Controls,
     PrivateType,
@@ -41,22 +41,22 @@ enum class TreeGroup : std::uint8_t {
 inline constexpr std::size_t kTreeGroups = 13;
 
 struct TreeGroupKind {
-    std::string_view suffix;  // of the key, behind that of the module
+    std::string_view suffix;  // of the key, after that of the module
     std::string_view text;
     std::string_view image;
 };
 [[nodiscard]] const TreeGroupKind& KindOf(TreeGroup group);
 
-/// The text of an object's node: the name, with "()" behind subs and functions and the accessor behind properties.
+/// The text of an object's node: the name, with "()" after subs and functions and the accessor after properties.
 [[nodiscard]] std::string NodeText(const CodeObject& object);
-/// The icon of a library: that of its own where the image list has one for a component.
+/// The icon of a library: its own if the image list has one for the component.
 [[nodiscard]] std::string_view LibraryImage(const clsTypeLib& library);
 
 /// Whether the image list has a picture under `key`, beyond those of the program itself. Without a port it has none.
 [[nodiscard]] bool ImageList1_Exist(std::string_view key);
 std::function<bool(std::string_view)> SetImageList1(std::function<bool(std::string_view)> exist);
 
-/// Fills the tree with the whole project, with progress. A cancel leaves what stands there by then.
+/// Fills the tree with the whole project, with progress. A cancel keeps the nodes added so far.
 /// @param withLocals  whether procedures have their arguments and locals below them
 void ProjektStruktur_Anzeigen(clsProjekt& projekt, Baum& tree, bool withLocals);
 void Anzeigen_Gruppen(const clsProjekt& projekt, Baum& tree);

@@ -10,5 +10,5 @@ class SettingsFile;
 inline constexpr std::size_t kRecentProjects = 8;
 
 [[nodiscard]] std::vector<std::string> RecentProjects(SettingsFile& settings);
-/// Puts `path` in front and writes the settings; it stands in the list once.
+/// Puts `path` first and writes the settings; the list contains it once.
 void AddRecentProject(SettingsFile& settings, std::string_view path);

@@ -22,7 +22,7 @@ T* As(CodeObject* object) {
     return static_cast<T*>(object);
 }
 
-// Whether an edge to `target` counts as one to `object`.
+// Whether an edge to `target` counts as an edge to `object`.
 bool StandsFor(const CodeObject& target, const CodeObject& object) {
     if (&target == &object)
         return true;
@@ -262,7 +262,7 @@ bool CodePane::IsShown(const CodeObject& owner) const {
 bool CodePane::ShowText(const clsProjekt& projekt, const CodeObject& owner, CodeText text) {
     text_ = std::move(text);
     shownPath_ = owner.CodePath();
-    // A person stays in one module for a while; the map of the one before is quickly made again.
+    // Users stay in one module for a while: the map of the former module is freed, as it is quickly made again.
     std::string modul = owner.Modul ? owner.Modul->CodePath() : shownPath_;
     if (modul != modulWithMap_) {
         const clsModul* const before = modulWithMap_.empty() ? nullptr : projekt.GetModuleFromCodePath(modulWithMap_);

@@ -1,5 +1,5 @@
-// The objects that the window is about, and what follows from them: which code is shown and what is selected in it,
-// what stands in the path line, where a click into the code leads, and the list of places behind back and forward.
+// The current objects of the window and what follows from them: the code shown and the selection in it, the path line,
+// the object that a click into the code leads to, and the places for back and forward.
 #pragma once
 
 #include <optional>
@@ -43,16 +43,16 @@ void Set_GlobalObjects_fromNode(const clsProjekt& projekt, Selection& selection,
 void SetCalledObject(const clsProjekt& projekt, Selection& selection, const NodeId& node);
 
 [[nodiscard]] LastCodePaths Set_LastObjects(const Selection& selection);
-/// Whether the dependency trees have to be filled anew: the object differs from the last one. A variable of a procedure
-/// stands for its procedure.
+/// Whether the dependency trees have to be filled again: the object differs from the last one. A variable of a
+/// procedure counts as its procedure.
 [[nodiscard]] bool NeedsDependencies(const Selection& selection, const LastCodePaths& last);
 
-/// The line above the code: the path of the object, a word for its kind where the path does not tell it, the file of a
+/// The line above the code: the path of the object, a word for its kind where the path does not show it, the file of a
 /// module. Bytes as in the source.
 [[nodiscard]] std::string CodePath_Anzeigen(const Selection& selection);
 
 /// The places of a certain kind at which `caller`, a procedure or the declarations of a module, calls or uses `object`,
-/// rising; with their colours. Members stand for their type or enumeration, its instance for a form.
+/// rising; with their colours. Members count as their type or enumeration, the default instance as its form.
 [[nodiscard]] std::vector<CodeSpan> SelectCallMe(const CodeObject& object, CallType type, const CodeObject& caller,
                                                  const CodeText& shown, const std::vector<LocalUse>& locals);
 
@@ -70,7 +70,8 @@ void SetCalledObject(const clsProjekt& projekt, Selection& selection, const Node
 /// when that is `curType`, which stays selected.
 [[nodiscard]] CodeObject* SelChanged(const clsModul& modul, Pos selStart, const clsType* curType);
 
-/// What the code view shows. It is kept here so that a text is made anew only when another one is wanted.
+/// The text of the code view. It is kept so that a text is made again only if another one is to be shown: the cursor,
+/// selection and scroll position survive a click into the same procedure.
 class CodePane {
 public:
     /// What changes on the screen.
@@ -91,14 +92,14 @@ public:
     /// selected, or of its module.
     [[nodiscard]] CodeObject* ObjectClicked(const clsProjekt& projekt, const Selection& selection, Pos selStart,
                                             Pos selLength) const;
-    /// The object whose name stands at a place of the shown text, for its hover text: called or used, for certain or
-    /// else possibly, or declared there. Null beside all names.
+    /// The object whose name is at a place of the shown text, for its hover text: certainly called or used, else
+    /// possibly, else declared there. Null outside of names.
     [[nodiscard]] CodeObject* ObjectAt(const clsProjekt& projekt, Pos selStart) const;
 
     [[nodiscard]] const CodeText& Text() const { return text_; }
     /// CodePath of the object whose text is shown; empty for none.
     [[nodiscard]] const std::string& ShownPath() const { return shownPath_; }
-    /// The next text is made anew, whichever it is: after a change of the edges, the marks or the modules.
+    /// The next text is made again even if it is for the same object: after a change of edges, marks or modules.
     void Forget() { shownPath_.clear(); }
     /// Where the locals of the procedures shown so far are named.
     [[nodiscard]] const LocalUses& Locals() const { return locals_; }
@@ -122,7 +123,7 @@ private:
 /// Rows with the place of the cursor: line, and start, end and length of the selection, in the text and in the module.
 [[nodiscard]] PropertyRows Anzeigen_TextPos(const CodeText& shown, Pos selStart, Pos selLength);
 
-/// The list behind back and forward: nodes, each with what was selected in its code.
+/// The list for back and forward: nodes, each with the selection in its code.
 class NavigationList {
 public:
     struct Record {
@@ -131,8 +132,7 @@ public:
         Pos SelLength = 0;
     };
 
-    /// A new record behind the current one; those that came behind it are gone. The current node once more adds
-    /// nothing.
+    /// Adds a record after the current one and drops all later ones, as browsers do. The current node adds nothing.
     void AddNavCodeKey(const NodeId& node);
     /// Notes the selection in the current record.
     void NoteSelection(Pos selStart, Pos selLength);
@@ -146,6 +146,6 @@ public:
     void Clear();
 
 private:
-    std::vector<Record> records_{1};  // the first stands for no place at all
+    std::vector<Record> records_{1};  // the first is no place
     std::size_t index_ = 0;
 };

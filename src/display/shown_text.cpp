@@ -101,7 +101,7 @@ std::string Declaration(const CodeObject& object) {
     const std::string_view text = object.Modul->text->ModulTextOrg();
     if (object.Class() != ObjectClass::Prozedur)
         return JoinedLine(text, object.DeclareStart);
-    // A whole procedure may stand in one line.
+    // A whole procedure can be on one line: `Sub a: b: End Sub`.
     const Pos end = static_cast<const clsProzedur&>(object).isDeclare ? Len(text) : object.DeclareEnd - 1;
     return JoinedLine(text.substr(0, static_cast<std::size_t>(std::clamp<Pos>(end, 0, Len(text)))), object.DeclareStart,
                       object.DeclareStart);

@@ -1,5 +1,5 @@
-// What a pane says of a place in a module's text: its line, its declaration, its bytes as UTF-8. Sources are bytes in
-// the active code page, texts of the language files always Windows-1252; whatever mixes both is put together in UTF-8.
+// Texts about a place in a module: its line, its declaration, its bytes as UTF-8. Sources are bytes in the active code
+// page, texts of the language files always Windows-1252; whatever mixes both is put together in UTF-8.
 #pragma once
 
 #include <string>
@@ -28,6 +28,6 @@ class CodeObject;
 /// its indentation.
 [[nodiscard]] std::string JoinedLine(std::string_view text, Pos pos, Pos from = 1);
 
-/// What stands in the source where the object is declared: the head of a procedure, type or enumeration, the
-/// declaration that names a variable. The path of the file for modules, of the registered file for libraries.
+/// The source text of an object's declaration: the head of a procedure, type or enumeration, the declaration that names
+/// a variable. The path of the file for modules, of the registered file for libraries.
 [[nodiscard]] std::string Declaration(const CodeObject& object);

@@ -18,7 +18,7 @@ public:
     void Add(CodeObject& object, std::string path);
     void Remove(std::string_view path);
     void Clear();
-    /// Finds the objects again under their paths after modules were read again; those that are gone are left out.
+    /// Finds the objects again by their paths after modules were read again; drops those that no longer exist.
     void Renew(const clsProjekt& projekt);
     /// Whether an object or its module is checked.
     [[nodiscard]] bool Covers(const CodeObject& object) const;
@@ -29,7 +29,7 @@ private:
     std::vector<std::string> paths_;  // of each, lower case
 };
 
-/// What follows a check.
+/// The effect of a check.
 enum class CheckEffect { ShowGroup, ShowChart };
 struct CheckAnswer {
     CheckEffect effect = CheckEffect::ShowGroup;

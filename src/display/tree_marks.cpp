@@ -62,7 +62,8 @@ void Tote_Objekte_Markieren(const clsModul& modul, Baum& tree) {
 }
 
 void Tote_Objekte_Markieren(const clsProzedur& prozedur, const LocalUses& locals, Baum& tree) {
-    // The data type is that of the procedure, not that of the variable. The difference is wanted.
+    // This checks the type of the procedure, not that of the variable, on purpose: the icons of locals follow their
+    // procedure.
     const bool isConst = prozedur.DatenTyp().starts_with("const");
     for (const clsVariable* variable : prozedur.MyVars) {
         BaumNode* node = tree.Item(variable->CodePath());

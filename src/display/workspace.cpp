@@ -22,7 +22,7 @@
 
 namespace {
 
-// All nodes with this property, to be found again in a tree that is filled again.
+// All nodes with this property, by identity that survives a refill.
 std::vector<NodeId> NodesWhere(const Baum& tree, bool (BaumNode::*property)() const) {
     std::vector<NodeId> nodes;
     ForEachNode(tree, [&](const BaumNode& node) {
@@ -56,7 +56,7 @@ bool Workspace::Open(const std::string& path) {
     FillTree();
     Tote_Untote_Kennzeichnen(*projekt_);
     Tote_Objekte_Markieren(*projekt_, tree_);
-    // Something to begin with: the modules lie open.
+    // The tree starts with its modules visible, not with a few roots.
     for (BaumNode* root : tree_.Roots())
         tree_.SetExpanded(*root, true);
     return true;
@@ -67,7 +67,7 @@ void Workspace::Close() {
     CloseProject();
 }
 
-// All that knows objects; where it can come back, it does so by path.
+// Drops everything that refers to objects. Checked objects are found again by their paths.
 void Workspace::ForgetObjects() {
     selection_ = {};
     last_ = {};
@@ -192,7 +192,7 @@ std::optional<Workspace::Shown> Workspace::ShowAgain() {
     return shown;
 }
 
-// A procedure whose locals were looked for just now has their marks in the tree.
+// Uses of locals are determined when a procedure is shown, so its locals get their marks in the tree only now.
 void Workspace::MarkLocals(const CodePane::Change& change) {
     if (change.newText && code_.Text().localsChecked && selection_.CurProc)
         Tote_Objekte_Markieren(*selection_.CurProc, code_.Locals(), tree_);

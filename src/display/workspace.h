@@ -1,8 +1,8 @@
-// What the window is about, without a widget: the open project, its trees, the current objects, the code that is shown,
-// and the way back and forward. The window shows what it is given and passes on what the user does.
+// The state of the window, without a widget: the open project, its trees, the current objects, the code shown, and the
+// places for back and forward. The window passes on user actions and shows the answers.
 //
-// Whatever knows objects of the project is kept here and lives for one generation of it. Views know keys of nodes and
-// texts; they are told once, by Ends, before the objects of a generation go.
+// Everything that refers to objects of the project is kept here, for one generation. Views keep only keys of nodes and
+// texts; the port `ends` is called before the objects of a generation become invalid.
 #pragma once
 
 #include <functional>
@@ -27,16 +27,16 @@ public:
     using Runner = std::function<void(const std::string& name, bool canCancel, const std::function<void()>& operation)>;
     struct Ports {
         Runner run;
-        std::function<void()> ends;  // a generation: nothing of it may stay on the screen
+        std::function<void()> ends;  // called when a generation ends: nothing of it may stay on the screen
     };
-    /// `projekt` is where the open project is kept, null without one. All references must outlive the workspace.
+    /// `projekt` holds the open project, null without one. All references must outlive the workspace.
     Workspace(std::unique_ptr<clsProjekt>& projekt, Files& files, const Settings& settings, Ports ports);
 
     [[nodiscard]] clsProjekt* Projekt() const { return projekt_.get(); }
     [[nodiscard]] bool CallsRead() const { return callsRead_; }
 
-    /// Opens the project file at `path`, which exists; the one that is open goes first.
-    /// @return false when the user has given it up: no project is open then
+    /// Closes the open project and opens the project file at `path`, which exists.
+    /// @return false if the user cancelled: no project is open then
     [[nodiscard]] bool Open(const std::string& path);
     void Close();
 
@@ -44,32 +44,32 @@ public:
         int certain = 0;
         int possible = 0;
     };
-    /// Reads all calls. Nothing when the user has given it up; what was found by then stays.
+    /// Reads all calls. Nothing if the user cancelled; the calls found so far stay.
     std::optional<CallCounts> ReadCalls();
 
-    /// Reads the modules again whose files have changed, and comes back to what was selected, unfolded and checked.
-    /// Returns how many there are; without any nothing happens.
+    /// Reads the modules again whose files have changed; keeps the selection, folds and check marks. Returns their
+    /// number; does nothing if it is 0.
     int Refresh();
 
-    /// Fits the project tree to the settings; folds, check marks and the selected node come back.
+    /// Adapts the project tree to the settings; keeps folds, check marks and the selected node.
     void OptionsApplied();
 
-    // What the user does. Each returns what changes on the screen; the trees tell their own views.
+    // User actions. Each returns what changes on the screen, except in the trees, which notify their own views.
     struct Shown {
         CodePane::Change code;
-        std::optional<PropertyRows> properties;  // nothing: they stay as they are
+        std::optional<PropertyRows> properties;  // nothing: unchanged
         std::string path;                        // for the line above the code; bytes as in the source
         std::string_view image;                  // of the current node
     };
     /// Makes the object of a node of the project tree the current one. Nothing without such a node.
     std::optional<Shown> Activate(const NodeId& id);
-    /// Shows the current node again, though it is the same, and what is checked. Nothing when no node is selected.
+    /// Shows the current node again, and the checked objects. Nothing if no node is selected.
     std::optional<Shown> ShowAgain();
     /// A node of a dependency tree was clicked: the places of its calls, in the caller's text.
     std::optional<CodePane::Change> SelectCallsOfObject(const BaumNode& node, bool isCaller);
     /// The key of the object that a click into the code leads to; empty for none.
     [[nodiscard]] std::string KeyClicked(Pos selStart, Pos selLength);
-    /// A check mark was set or taken away by the user. Returns the path line where it changes.
+    /// The user has set or cleared a check mark. Returns the path line if it changes.
     std::optional<Shown> NodeChecked(BaumNode& node);
     void CheckAll(bool checked);
     /// Chooses between certain and possible calls of one tree.
@@ -85,7 +85,7 @@ public:
 
     // Hover texts, in UTF-8; empty for nothing.
     [[nodiscard]] std::vector<std::string> HoverText(const BaumNode& node) const;
-    /// How many calls stand behind a node of a dependency tree comes last.
+    /// The last line is the number of calls that the node represents.
     [[nodiscard]] std::vector<std::string> DependencyHoverText(const BaumNode& node, bool isCaller) const;
     [[nodiscard]] std::vector<std::string> CodeHoverText(Pos position) const;
 
@@ -101,7 +101,7 @@ public:
     [[nodiscard]] bool MayBe(bool calls) const { return calls ? mayBeCalls_ : mayBeCalledBy_; }
 
 private:
-    // What a person is looking at, to come back to it in a tree that is filled again.
+    // What the user sees of the tree, to restore it after the tree was filled again.
     struct Place {
         NodeId selected;
         std::vector<NodeId> expanded, checked;

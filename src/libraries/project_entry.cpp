@@ -18,8 +18,8 @@ std::vector<std::string_view> Fields(std::string_view text, char separator) {
     return fields;
 }
 
-// Name of a library's file without directory and ending. A resource number behind the file, as in
-// "vbscript.dll\2", is no part of it.
+// Name of a library's file without directory and ending. A resource number after the file, as in "vbscript.dll\2", is
+// not part of it.
 std::string_view LibraryFileStem(std::string_view path) {
     std::string_view file = modMain::DirOrFileName(path, 0);
     if (!file.empty() && file.find_first_not_of("0123456789") == std::string_view::npos)
@@ -32,7 +32,7 @@ std::string_view ValueOf(std::string_view line) {
     return equals == std::string_view::npos ? std::string_view() : Trim(line.substr(equals + 1));
 }
 
-// Takes the leading "*\G" mark off; what is left begins with the identifier or path.
+// Removes the leading "*\G" mark; the rest begins with the identifier or path.
 std::string_view WithoutMark(std::string_view value) {
     return value.size() >= 3 && value.starts_with("*\\") ? value.substr(3) : value;
 }
@@ -51,7 +51,7 @@ void FillPropertysRef(clsProjekt& projekt, clsTypeLib& library, std::string_view
     library.TypeLibID = std::string(fields[0]);
     if (fields.size() >= 2)
         library.Version = std::string(fields[1]);
-    // A description can hold the separator itself; all that stands behind the path belongs to it.
+    // A description can contain the separator: everything after the path belongs to it.
     if (fields.size() >= 5)
         library.Description = std::string(fields[4].data(), line.data() + line.size());
     Name_From_File(projekt, library, fields.size() >= 4 ? fields[3] : fields[0]);

@@ -1,4 +1,4 @@
-// The memory of one module, which is freed as a whole.
+// Memory for objects that are freed together, such as those of one module.
 #pragma once
 
 #include <cstddef>
@@ -18,7 +18,7 @@ public:
     Arena(const Arena&) = delete;
     Arena& operator=(const Arena&) = delete;
 
-    /// A new object. Its destructor never runs: whatever it holds must come from this arena as well.
+    /// Creates an object. Its destructor never runs: all memory that it holds must come from this arena as well.
     template <class T, class... Arguments>
     [[nodiscard]] T& New(Arguments&&... arguments) {
         return *new (allocate(sizeof(T), alignof(T))) T(std::forward<Arguments>(arguments)...);
@@ -26,7 +26,7 @@ public:
 
 private:
     static constexpr std::size_t kBlock = std::size_t{8} << 10;
-    static constexpr std::size_t kLarge = kBlock / 4;  // from here on an allocation gets a block for itself
+    static constexpr std::size_t kLarge = kBlock / 4;  // an allocation of this size or more gets its own block
 
     void* do_allocate(std::size_t bytes, std::size_t alignment) override {
         if (bytes >= kLarge)

@@ -26,13 +26,13 @@ clsModul& clsCall::CallerModule() const {
 
 namespace {
 
-// The list that a procedure or module keeps of what starts in it.
+// The span of edges that start in a procedure or declarations section.
 std::span<const clsCall>& ListOf(CodeObject& caller) {
     return caller.Class() == ObjectClass::Prozedur ? static_cast<clsProzedur&>(caller).outgoing
                                                    : static_cast<clsModul&>(caller).outgoing;
 }
 
-// Calls `use` for each caller with its edges, which stand together.
+// Calls `use` for each caller with its edges, which are contiguous.
 template <class Use>
 void ForEachCaller(const std::vector<clsCall>& calls, Use use) {
     for (std::size_t first = 0; first < calls.size();) {
@@ -63,7 +63,7 @@ void CallGraph::Make(std::vector<std::vector<clsCall>> ofModules, std::size_t ob
     }
     for (std::size_t range = 2; range < begins_.size(); ++range)
         begins_[range] += begins_[range - 1];
-    // begins_[range + 1] is where the next edge of a range goes; in the end it is where the range after it begins.
+    // begins_[range + 1] is the place for the next edge of a range; at the end it is the begin of the range after it.
     incoming_.resize(count);
     for (const std::vector<clsCall>& calls : ofModules_)
         for (const clsCall& call : calls)

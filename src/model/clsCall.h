@@ -1,7 +1,7 @@
 // One edge between a place of use and a code object: a certain call, a possible one, or the use of a type. Edges are
 // never merged: two calls of one target at two places are two.
 //
-// All edges of a project form its CallGraph, which is derived from the modules and made as a whole.
+// All edges of a project form its CallGraph, which is derived from the modules as a whole.
 #pragma once
 
 #include <cstddef>
@@ -113,8 +113,8 @@ public:
     CallGraph(const CallGraph&) = delete;
     CallGraph& operator=(const CallGraph&) = delete;
 
-    /// Takes over the edges of all modules, in their order; those that one procedure makes stand together.
-    /// @param objects  how many objects the project has; their numbers are below it
+    /// Takes over the edges of all modules, in their order; the edges of one procedure must be contiguous.
+    /// @param objects  number of objects of the project; all numbers are below it
     void Make(std::vector<std::vector<clsCall>> ofModules, std::size_t objects);
     /// Removes all edges.
     void Clear();

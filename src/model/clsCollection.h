@@ -45,7 +45,7 @@ public:
 
     /// The object under `key`, or null.
     [[nodiscard]] T* Item(Name key) const { return ValueAt(PositionOf(key.Lower())); }
-    /// The same by a text in lower case, of any project.
+    /// The same by a text in lower case, which need not be in the pool.
     [[nodiscard]] T* Item(std::string_view lowerKey) const {
         return ValueAt(Find(Name::HashOf(lowerKey), [lowerKey](Name key) { return key.View() == lowerKey; }));
     }

@@ -1,4 +1,4 @@
-// A control of a form or user control; one object stands for a whole control array.
+// A control of a form or user control; one object represents a whole control array.
 #pragma once
 
 #include "model/code_object.h"

@@ -30,7 +30,7 @@ private:
     Arena arena_;  // first, as all below lives in it
 
 public:
-    /// For what lives as long as the module.
+    /// For everything that lives as long as the module.
     [[nodiscard]] std::pmr::memory_resource* Memory() { return &arena_; }
 
     ModuleKind ModulTyp = ModuleKind::Module;
@@ -53,7 +53,7 @@ public:
 
     /// Edges that start in the declarations section, uses included.
     [[nodiscard]] OutgoingEdges CallsInDeclarations() const { return {outgoing, OutgoingEdges::Which::All}; }
-    std::span<const clsCall> outgoing;  // what the graph of calls has of them
+    std::span<const clsCall> outgoing;  // the edges in the graph of calls
 
     NameSpace PrivNameSpace{Memory()};  // every object declared here
 
@@ -66,15 +66,16 @@ public:
     clsCollection<clsEnum> Public_Enum{Memory()}, Private_Enum{Memory()}, myEnums{Memory()};
     clsCollection<clsControl> MyControls{Memory()};
 
-    /// What other modules can see of this one, in the order of reading: the module itself, its declarations with
-    /// members and controls, and apart from them its procedures.
+    /// What other modules can see of this one, in the order of reading: the module itself and its declarations with
+    /// members and controls; the procedures are separate, as they join the public name space later.
     std::pmr::vector<CodeObject*> publicDeclarations{Memory()};
     std::pmr::vector<clsProzedur*> publicProcedures{Memory()};
-    /// The variable that stands for the form's own instance; null for other modules.
+    /// The form's default instance, a variable of the form's name; null for other modules.
     clsVariable* FormInstance = nullptr;
 
-    /// A procedure with ReDim statements for names that its module does not know, and all its arguments and locals in
-    /// the order of reading: whether such a ReDim makes a local depends on the arrays of the other modules.
+    /// A procedure with ReDim statements for names that its module does not declare, and all its arguments and locals
+    /// in the order of reading. In Visual Basic such a ReDim declares a local unless another module has a public array
+    /// of that name, so it is decided once all modules are known.
     struct RedimLocals {
         clsProzedur* prozedur;
         std::pmr::vector<clsVariable*> candidates;
@@ -85,14 +86,14 @@ public:
     /// whole name space: meant for a click, not for loops.
     [[nodiscard]] CodeObject* Get_Object_From_CodePath(std::string_view codePath);
 
-    /// A new object of this module, listed among its Owned.
+    /// Creates an object of this module and lists it among its Owned.
     template <class T>
     [[nodiscard]] T& New() {
         T& object = NewInner<T>();
         owned_.push_back(&object);
         return object;
     }
-    /// A new object that belongs to another one: a member or a local variable.
+    /// Creates an object that belongs to another one: a member or a local variable.
     template <class T>
     [[nodiscard]] T& NewInner() {
         T& object = Make<T>();
@@ -100,10 +101,10 @@ public:
         object.numberInModule = ++objects_;
         return object;
     }
-    /// All objects read from this module, in the order of reading; namesakes that no collection holds included, members
-    /// and locals not.
+    /// All objects read from this module, in the order of reading; including duplicates of a name that no collection
+    /// holds, excluding members and locals.
     [[nodiscard]] const std::pmr::vector<CodeObject*>& Owned() const { return owned_; }
-    /// How many objects there are with members, locals and the module itself.
+    /// Number of objects, including members, locals and the module itself.
     [[nodiscard]] std::uint32_t ObjectCount() const { return objects_ + 1; }
     [[nodiscard]] const ObjectCounts& Counts() const { return counts_; }
 

@@ -9,8 +9,8 @@
 
 namespace {
 
-// Whether a ReDim of this name in any module means this object: a public variable of a standard module, or a member of
-// a public enumeration.
+// Whether a ReDim of this name in another module resizes this object instead of declaring a local: a public variable of
+// a standard module, or a member of a public enumeration, which shares the scope of such variables.
 bool IsArrayOfAll(const CodeObject& object) {
     if (object.Class() != ObjectClass::Variable)
         return false;

@@ -1,5 +1,5 @@
-// The open project. It is made of modules, libraries and constants; everything else that it answers (the collections,
-// the public name space, the graph of calls, the marks of objects) is derived from them and made again as a whole.
+// A project consists of modules, libraries and constants. Everything else (the collections, the public name space, the
+// graph of calls, the marks of objects) is derived from them, always as a whole.
 #pragma once
 
 #include <functional>
@@ -19,7 +19,7 @@
 class clsProjekt {
 public:
     /// @param files  must outlive the project
-    /// @param page   of the sources: it decides which names are equal
+    /// @param page   of the sources; decides which names are equal
     explicit clsProjekt(Files& files, const CodePage& page = ActiveCodePage());
     ~clsProjekt();
     clsProjekt(const clsProjekt&) = delete;
@@ -36,7 +36,7 @@ public:
 
     /// Conditional constants, (name, value) in lower case; row 0 stays empty, rows 1 and 2 are win32 and win16.
     std::vector<CondConstant> condComps;
-    /// Constants given from outside, which win over those of the project file.
+    /// Constants given from outside; they override those of the project file.
     std::vector<CondConstant> definedCondComps;
     /// Sets rows 1 and 2.
     void CondComps_Win32_Win16(bool win32);
@@ -44,16 +44,16 @@ public:
     /// All modules in the order of the project file, those that could not be read included.
     [[nodiscard]] const std::vector<std::unique_ptr<clsModul>>& OwnedModules() const { return modules_; }
     [[nodiscard]] const std::vector<std::unique_ptr<clsTypeLib>>& OwnedLibraries() const { return libraries_; }
-    /// A new library, which joins with the next SetModules.
+    /// Creates a library; the next SetModules adds it to the collections.
     clsTypeLib& NewLibrary();
-    /// Gives the modules away, and drops all that was derived from them.
+    /// Moves the modules out and drops everything derived from them.
     [[nodiscard]] std::vector<std::unique_ptr<clsModul>> TakeModules();
     /// Sets the modules, and derives the collections and name spaces below from them and the libraries: the first
     /// holder of a key wins, in the order of the project file, procedures in that of AllModules.
     void SetModules(std::vector<std::unique_ptr<clsModul>> modules);
 
     clsCollection<clsModul> Modules, Klassenmodule, Formulare, UserControls;  // keyed by CodePath
-    clsCollection<clsVariable> FormVars;                                      // one for each form: its instance
+    clsCollection<clsVariable> FormVars;                                      // the default instance of each form
     clsCollection<clsTypeLib> myProjectObjects;                               // of the Object= lines
     clsCollection<clsTypeLib> myProjectReferences;                            // of the Reference= lines
     /// What every module can see of the others.
@@ -62,20 +62,20 @@ public:
 
     CallGraph calls;          // empty until Who_Calls_Who
     bool callsKnown = false;  // the graph is that of all modules
-    bool marksKnown = false;  // IsDeath of the objects says what the graph shows
+    bool marksKnown = false;  // IsDeath of the objects matches the graph
 
     ProblemList problems;  // what was reported while it was read
 
     std::string TimeForStructure, TimeForCalls, TimeForTree;
 
-    /// Rises whenever modules come, change or go. Who keeps anything of a project keeps this number beside it.
+    /// Increases with every change of modules. Code that keeps a pointer to an object keeps this number with it.
     [[nodiscard]] int Generation() const { return generation_; }
-    /// Called once after each such change, when all is derived again.
+    /// Called once after each such change, after everything was derived again.
     void OnReplaced(std::function<void()> listener) { listeners_.push_back(std::move(listener)); }
-    /// Raises the generation and tells the listeners.
+    /// Increases the generation and calls the listeners.
     void TellReplaced();
 
-    /// Takes the marks off all objects.
+    /// Clears the marks of all objects.
     void ClearMarks();
 
     /// The modules of one kind.
@@ -83,9 +83,9 @@ public:
     [[nodiscard]] int CountAllModules() const;
     /// Every module of the four collections: Modules, Formulare, Klassenmodule, UserControls.
     [[nodiscard]] std::vector<clsModul*> AllModules() const;
-    /// How many objects there are of each class.
+    /// Number of objects of each class.
     [[nodiscard]] ObjectCounts Counts() const;
-    /// How many objects there are; their numbers are below it.
+    /// Number of all objects; CodeObject::Number is below it.
     [[nodiscard]] std::uint32_t ObjectCount() const { return objects_; }
 
     /// The module that the first word of `codePath` (lower case) names, or null.
@@ -94,7 +94,7 @@ public:
     [[nodiscard]] CodeObject* GetObjectFromCodePath(std::string_view codePath) const;
 
 private:
-    // Entries live in memory that goes with them.
+    // The entries of the name space live in its own arena.
     struct PublicIndex {
         explicit PublicIndex(std::pmr::memory_resource* pages) : memory(pages) {}
         Arena memory;

@@ -11,7 +11,7 @@ public:
 
     LibraryKind LibTyp = LibraryKind::Reference;
     std::string ProjektEintrag;  // the whole line of the project file
-    std::string TypeLibID;       // "{...}"; for a referenced project the path that stands in its place
+    std::string TypeLibID;       // "{...}"; for a referenced project its path
     std::string Version;
     std::string Description;
     std::string InprocServer32;  // path of the library's file

@@ -10,9 +10,9 @@ public:
     [[nodiscard]] std::string_view DatenTyp() const { return type.View(); }
 
     bool IsConst = false;
-    bool isResult = false;            // stands for the result of its function or Property Get
-    bool isFormInstance = false;      // the implicit variable of a form, which has the form's own address
-    bool isRedim = false;             // made by a ReDim, so it exists only where no array of this name is known
+    bool isResult = false;            // represents the result of its function or Property Get
+    bool isFormInstance = false;      // the default instance of a form; has the form's code path
+    bool isRedim = false;             // declared by a ReDim, so it exists only if no array of this name is known
     Name type;                        // data type as a key: lower case, as read from the source
     clsProzedur* Prozedur = nullptr;  // of arguments and locals
     clsType* MyType = nullptr;        // of a type's member

@@ -38,7 +38,7 @@ std::string_view clsProzedur::AccessorSuffix() const {
     return AccessorSuffixOf(*this, false);
 }
 
-// The spelling decides about every part of a path: all names of one path are taken by `nameOf`.
+// `nameOf` gives every name in a path, so that a path is either all as spelled or all lower case.
 std::string CodeObject::Path(NameOf nameOf) const {
     const bool isLower = nameOf == &CodeObject::MyName;
     const auto name = [nameOf](const CodeObject& object) { return (object.*nameOf)(); };
@@ -78,7 +78,7 @@ std::string CodeObject::Path(NameOf nameOf) const {
             if (myLibrary)
                 Join(path, name(*myLibrary));
             if (variable.Prozedur) {
-                // Without the accessor's suffix: the locals of a property's accessors share their paths.
+                // Without the accessor's suffix, so locals of the accessors of one property share their paths.
                 Join(path, name(*Modul));
                 Join(path, name(*variable.Prozedur));
             } else if (owner) {
@@ -146,7 +146,7 @@ std::string_view CodeObject::GetImageKey() const {
     if (prozedur.isDeclare)
         return dead ? "DeclareDeath" : "declare";
     if (prozedur.IsEvent)
-        return "event";  // something outside calls it, so it never looks dead
+        return "event";  // Visual Basic calls it, so it is never shown as dead
     if (prozedur.IsUserEvent)
         return dead ? "UserEventDeath" : "userevent";
     return dead ? "ProcedureDeath" : "procedure";

@@ -1,4 +1,4 @@
-// What all code objects have in common: a name, an address, an owner module, a mark.
+// The common base of all code objects: a name, an address, an owner module, a mark.
 //
 // The address is the code path: components joined by ".". CodePathOrg keeps the spelling of the source, CodePath is its
 // lower-case form and identifies the object in trees, collections and files.
@@ -39,7 +39,7 @@ public:
         spelling_ = name.View().data();
     }
     /// @param lower     the name in lower case
-    /// @param spelling  where it stands in the text of the object's module
+    /// @param spelling  the name in the text of the object's module
     void SetName(Name lower, const char* spelling) {
         name_ = lower;
         spelling_ = spelling;
@@ -63,7 +63,7 @@ public:
         return class_ == ObjectClass::Type || class_ == ObjectClass::Enum || class_ == ObjectClass::Modul ||
                class_ == ObjectClass::TypeLib;
     }
-    /// Number of the object among all objects of its project, from 0; valid until modules come or go.
+    /// Number of the object among all objects of its project, from 0; valid for one generation.
     [[nodiscard]] std::uint32_t Number() const;
 
     clsModul* Modul = nullptr;        // null for modules and libraries

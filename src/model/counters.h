@@ -1,4 +1,4 @@
-// How many objects of each class a project holds; the diagnostic summary shows them.
+// Number of objects of each class in a project, for the diagnostic summary.
 #pragma once
 
 #include <cstdint>

@@ -16,7 +16,7 @@ Name HeadOf(const CodeObject& object) {
     return object.Modul ? object.Modul->NameKey() : object.NameKey();
 }
 
-// Whether two module names can begin one path: they are one, or one goes on behind a point where the other ends.
+// Whether two module names can begin the same path: they are equal, or one continues with a point where the other ends.
 bool CanBeginOnePath(Name one, Name other) {
     if (one == other)
         return true;
@@ -27,7 +27,7 @@ bool CanBeginOnePath(Name one, Name other) {
     return shorter.size() < longer.size() && longer[shorter.size()] == '.' && longer.starts_with(shorter);
 }
 
-// What stands in a path between the module and the name, and behind the name.
+// The parts of a path between the module and the name, and after the name.
 struct PathRest {
     Name owner;
     std::string_view suffix;
@@ -54,15 +54,15 @@ PathRest RestOf(const CodeObject& object) {
     }
 }
 
-// Whether two objects have one path. A path begins with the name of its module, so that objects of different modules
-// need no look at the whole, and a name that hundreds of modules share costs no more than any other.
+// Whether two objects have the same path. A path begins with the name of its module, so objects of different modules
+// differ in it, and a name that hundreds of modules share costs no more than any other.
 bool SamePath(const CodeObject& one, const CodeObject& other) {
     if (&one == &other)
         return true;
     if (!one.myLibrary && !other.myLibrary && !CanBeginOnePath(HeadOf(one), HeadOf(other)))
         return false;
     if (one.Modul && one.Modul == other.Modul && !one.myLibrary && !other.myLibrary)
-        return RestOf(one) == RestOf(other);  // they are compared because they have one name
+        return RestOf(one) == RestOf(other);  // only objects of the same name are compared
     return one.CodePath() == other.CodePath();
 }
 

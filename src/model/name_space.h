@@ -1,5 +1,5 @@
-// A name space says which code objects have a given bare name. A project has a public one, a module a private one.
-// Look-ups go through the objects in the order of their entry.
+// A name space maps a bare name to the code objects of that name, in the order of their entry. A project has a public
+// one, a module a private one.
 #pragma once
 
 #include <memory_resource>
@@ -10,8 +10,8 @@
 #include "model/clsCollection.h"
 #include "model/code_object.h"
 
-/// One entry: a lower-case bare name and all objects that have it, in the order of their entry, each code path once.
-/// Most names have one object, so paths are only made when a second comes.
+/// One entry: a lower-case bare name and all its objects in the order of their entry, each code path once. Most names
+/// have one object, so paths are only compared from the second object on.
 class clsSpaceName {
 public:
     clsSpaceName(Name name, std::pmr::memory_resource* memory) : name_(name.Lower()), others_(memory) {}
@@ -20,7 +20,7 @@ public:
         return others_.empty() ? std::span<CodeObject* const>(&first_, first_ ? 1 : 0)
                                : std::span<CodeObject* const>(others_);
     }
-    /// Returns false when an object of the same path is there already.
+    /// Returns false if there is an object of the same path.
     bool Add(CodeObject& object);
 
 private:
@@ -32,11 +32,10 @@ private:
 /// Bare names to their entries.
 class NameSpace : public clsCollection<clsSpaceName> {
 public:
-    /// @param memory  where the entries live, which are never destroyed
+    /// @param memory  where the entries live; their destructors never run
     explicit NameSpace(std::pmr::memory_resource* memory) : clsCollection(memory), memory_(memory) {}
 
-    /// Enters `object` under its name. An object of the same code path that is there already stays, and nothing
-    /// happens.
+    /// Enters `object` under its name, unless there is an object of the same code path.
     void AddObject(CodeObject& object);
 
 private:

@@ -46,7 +46,7 @@ private:
 
 }  // namespace
 
-// Names are short, so they are read in a few pieces that may overlap, not character by character.
+// Names are short, so they are hashed in a few pieces that may overlap, not character by character.
 std::uint32_t Name::HashOf(std::string_view text) {
     const char* const from = text.data();
     const std::size_t size = text.size();
@@ -83,7 +83,7 @@ const Name::Entry* Names::EntryOf(std::string_view text) {
     if (const Name::Entry* known = part.Find(text, hash))
         return known;
     const LowerForm lower(text, page_);
-    // Before the part is locked, which may hold the lower-case form too.
+    // Before the part is locked: the lower-case form can belong to the same part.
     const Name::Entry* const lowerEntry = lower.View() == text ? nullptr : EntryOf(lower.View());
     return part.Intern(text, hash, lowerEntry);
 }
@@ -114,7 +114,7 @@ const Name::Entry* Names::Part::Intern(std::string_view text, std::uint32_t hash
     Table& table = *tables_.back();
     std::size_t slot = 0;
     if (const Name::Entry* known = FindIn(table, text, hash, slot))
-        return known;  // another thread was faster
+        return known;  // another thread has added it meanwhile
     Name::Entry* entry = NewEntry(text, hash);
     if (lower)
         entry->lower = lower;

@@ -1,5 +1,5 @@
-// Names are kept once for each project. A Name is a handle on a spelling in the pool of its project; equal spellings
-// have equal handles, and each knows its lower-case form, so that keys are compared by one pointer and a look-up
+// Each project stores a spelling once. A Name is a handle to a spelling in the pool of its project; equal spellings
+// have equal handles, and each knows its lower-case form, so that comparing keys compares one pointer and a look-up
 // allocates nothing.
 #pragma once
 
@@ -26,7 +26,7 @@ public:
     [[nodiscard]] std::uint32_t Hash() const { return entry_->hash; }
     /// The hash of a name that is spelled like `text`.
     [[nodiscard]] static std::uint32_t HashOf(std::string_view text);
-    /// A small number that a stage gives to this spelling, as to the words of the language; 0 for all others.
+    /// A small number that a stage assigns to a spelling, such as to keywords; 0 for all others.
     [[nodiscard]] std::uint8_t Tag() const { return entry_->tag; }
     void SetTag(std::uint8_t tag) const { entry_->tag = tag; }
     bool operator==(const Name&) const = default;
@@ -45,9 +45,8 @@ private:
     const Entry* entry_;
 };
 
-/// The pool behind the names of one project. It only grows and lives as long as the project. Threads may make names and
-/// look for them at the same time: the pool is divided by hash, each part has a lock for new names, and looking takes
-/// none.
+/// The pool of names of one project. It only grows and lives as long as the project. Threads may make names and look
+/// for them at the same time: the pool is divided by hash, each part has a lock for new names, and looking takes none.
 class Names {
 public:
     /// @param page  of the project's sources: decides which letters are the same in lower case
@@ -56,13 +55,13 @@ public:
     Names& operator=(const Names&) = delete;
 
     [[nodiscard]] const CodePage& Page() const { return page_; }
-    /// The name of this spelling; makes it when it is new.
+    /// The name of this spelling; creates it if it is new.
     Name Intern(std::string_view text) { return Name(EntryOf(text)); }
     /// The name of this spelling if the pool has it; else the result is not Known().
     [[nodiscard]] Name Find(std::string_view text) const;
 
 private:
-    // Entries only come, so a reader who meets a free slot has seen all that were there when it began.
+    // Entries are never removed, so a reader that finds a free slot has seen all entries that existed when it began.
     struct Table {
         explicit Table(std::size_t size) : mask(size - 1), slots(size) {}
         std::size_t mask;
@@ -82,7 +81,7 @@ private:
         void Grow();
         std::atomic<const Table*> table_ = nullptr;   // the last of tables_
         std::mutex mutex_;                            // guards all below
-        std::vector<std::unique_ptr<Table>> tables_;  // outgrown ones stay: somebody may be looking into them
+        std::vector<std::unique_ptr<Table>> tables_;  // earlier tables stay, as another thread may be reading them
         std::size_t used_ = 0;
         std::vector<std::unique_ptr<char[]>> blocks_;
         char* free_ = nullptr;

@@ -1,4 +1,4 @@
-// For the few loops that look at every character of every file.
+// For the few loops that read every character of every file.
 #pragma once
 
 /// Before a function: it is compiled a second time for processors with wider vectors, and the program chooses at its

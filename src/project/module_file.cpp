@@ -22,7 +22,7 @@ std::string_view NameFromAttribute(const ModuleText& text, Pos pos) {
     static constexpr Pos kKeyLength = 20;  // "attribute vb_name = "
     std::string_view name;
     Attempt("clsModul: Read_MyCodeName", [&] {
-        // The cut counts from the start of the line.
+        // The key is cut off at the start of the line, even if blanks precede it.
         name = text.Get_StringOrg(text.Get_VBZeilenBeginn_Safe(pos), text.Get_VBZeilenEnde(pos));
         name.remove_prefix(std::min<std::size_t>(kKeyLength, name.size()));
     });
@@ -39,7 +39,7 @@ std::string_view NameFromFile(std::string_view path) {
     return file.substr(0, file.size() - std::min<std::size_t>(4, file.size()));
 }
 
-// `Me` of a module that is no standard module.
+// `Me`, which exists in every module but standard modules.
 void AddMe(clsModul& modul) {
     clsVariable& me = modul.New<clsVariable>();
     me.SetName(modul.TheNames().Intern("Me"));
@@ -51,7 +51,7 @@ void AddMe(clsModul& modul) {
     modul.PrivNameSpace.AddObject(me);
 }
 
-// The user control itself, as its procedures see it.
+// The user control itself, which its procedures call `UserControl`.
 void AddUserControl(clsModul& modul) {
     clsControl& control = modul.New<clsControl>();
     control.SetName(modul.TheNames().Intern("UserControl"));
@@ -62,7 +62,8 @@ void AddUserControl(clsModul& modul) {
     modul.PrivNameSpace.AddObject(control);
 }
 
-// The global variable that stands for the form's own instance.
+// The global variable of the form's name: Visual Basic gives each form a default instance that code can use without
+// New.
 void AddFormVariable(clsModul& form) {
     clsVariable& variable = form.NewInner<clsVariable>();
     variable.isFormInstance = true;
@@ -75,7 +76,7 @@ void AddFormVariable(clsModul& form) {
 void Controls_Lesen(clsModul& modul) {
     const ModuleText& text = *modul.text;
     Names& names = modul.TheNames();
-    Pos behind = 0;  // end of the statement looked at last: a second "begin" in it tells nothing new
+    Pos behind = 0;  // end of the last statement: a second "begin" in it is no further control
     for (Pos pos = Suche_CallWort_Im_Code(text, 1, "begin"); pos != 0;
          pos = Suche_CallWort_Im_Code(text, std::max(pos + 1, behind), "begin")) {
         clsStatement statement(text);
@@ -85,10 +86,10 @@ void Controls_Lesen(clsModul& modul) {
             continue;
         const std::string_view name = statement.SplitStr(3);
         if (modul.MyControls.Contains(name))
-            continue;  // a further member of a control array
+            continue;  // another element of a control array
         clsControl& control = modul.New<clsControl>();
         control.Zugriff = Access::Public;
-        // Several blanks in front move the name to the right of where the splits are told to be.
+        // clsStatement counts several blanks as one, so the name can be further right than its split.
         const Pos namePos = InStr(statement.StatementPos() + statement.SplitPos(3) - 1, text.ModulText(), name);
         control.SetName(names.Intern(Mid(text.ModulTextOrg(), std::max(namePos, 1), Len(name))));
         control.type = names.Intern(statement.SplitStr(2));

@@ -1,4 +1,4 @@
-// Reading of one source file into a module.
+// Reads one source file into a module.
 #pragma once
 
 #include <memory>
@@ -9,7 +9,7 @@
 #include "platform/files.h"
 #include "source/cond_compile.h"
 
-/// What the modules of one project are read with. It must outlive the reading.
+/// What the reading of a project's modules shares. It must outlive the reading.
 struct ReadingContext {
     const Files& files;
     Names& names;

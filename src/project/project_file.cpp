@@ -28,8 +28,8 @@ ModuleKind KindOf(std::string_view key) {
                                   : ModuleKind::Module;
 }
 
-// How many module files behind the line at hand are missing. The lines are gone through once, at the first file that
-// is missing; from then on each question has one less before it.
+// Number of missing module files after the current line, for the choice "same answer for all". Counted once, at the
+// first missing file; each further question has one less.
 class MissingBehind {
 public:
     MissingBehind(const Files& files, std::string_view projektDir, std::string_view projectText)
@@ -81,7 +81,7 @@ void LoadLibraries(clsProjekt& projekt, std::string_view projectText) {
     });
 }
 
-// Tells about a file that gave no text. One that does not exist is asked about ("Laden abbrechen?"); Yes sets gAbort.
+// Reports a file that could not be read. Asks about one that does not exist ("Laden abbrechen?"); Yes sets gAbort.
 void TellUnreadable(const clsProjekt& projekt, const clsModul& modul, const std::function<int()>& moreMissing) {
     if (projekt.TheFiles().FileExists(modul.FullPath)) {
         ShowError("clsModul: Read_MyCodeName", 75, Describe(modul.fileError));
@@ -92,7 +92,7 @@ void TellUnreadable(const clsProjekt& projekt, const clsModul& modul, const std:
         gAbort = true;
 }
 
-// Each module that the project file lists. A cancel leaves out those that have not been taken.
+// Each module that the project file lists. After a cancel, the modules not yet taken are omitted.
 void LoadModules(clsProjekt& projekt, std::string_view projektDir, std::string_view projectText) {
     MissingBehind missing(projekt.TheFiles(), projektDir, projectText);
     const std::vector<ModuleLine> lines = ModuleLines(projektDir, projectText);
@@ -111,7 +111,7 @@ void LoadModules(clsProjekt& projekt, std::string_view projektDir, std::string_v
     });
 }
 
-// Places in OwnedModules.
+// Indices in OwnedModules.
 std::vector<std::size_t> ChangedModules(const clsProjekt& projekt) {
     std::vector<std::size_t> changed;
     for (std::size_t place = 0; place < projekt.OwnedModules().size(); ++place) {

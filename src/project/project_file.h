@@ -1,4 +1,4 @@
-// Reading of a project: its file, then each module and library that it lists, then all procedures.
+// Reads a project: its file, then each library and module that it lists.
 #pragma once
 
 #include <functional>
@@ -7,13 +7,13 @@
 
 class clsProjekt;
 
-/// The whole load of the project at projekt.FullPath. A set gAbort ends it after the line at hand.
+/// Loads the project at projekt.FullPath. Once gAbort is set, no further module joins it.
 void Projekt_Laden(clsProjekt& projekt);
 
-/// Reads the modules again whose files have changed since, and derives the rest again. A file that is gone is asked
-/// about like one that was missing at first. Returns how many there are.
+/// Reads the modules again whose files have changed, and derives the rest again. Asks about a file that no longer
+/// exists, as loading does. Returns the number of changed files.
 int ChangedModule_Regenerieren(clsProjekt& projekt);
-/// How many there would be.
+/// The number of files that have changed.
 [[nodiscard]] int CountChangedModules(const clsProjekt& projekt);
 
 /// Text between the first two quotes of the last Name line of the project file.

@@ -10,7 +10,7 @@
 
 namespace {
 
-// The modules read for the changes that have a source, in their order; fewer when `taken` says so.
+// The modules read for the changes that have a source, in their order; fewer if `taken` returned false.
 std::vector<std::unique_ptr<clsModul>> ReadChanged(clsProjekt& projekt, const std::vector<ModuleChange>& changes,
                                                    const ModuleRead& taken) {
     std::vector<std::size_t> reading;

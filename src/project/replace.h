@@ -1,4 +1,4 @@
-// The one way in which modules of a project come, change and go: opening, refreshing, deleting and undoing.
+// The only function that adds, exchanges and removes the modules of a project.
 #pragma once
 
 #include <cstddef>
@@ -12,17 +12,17 @@ class clsProjekt;
 
 /// One step of a change.
 struct ModuleChange {
-    /// Place of the module in OwnedModules, from 0; nothing for a new module, which comes after all others.
+    /// Index of the module in OwnedModules, from 0; nothing for a new module, which is appended.
     std::optional<std::size_t> place;
-    /// What is read in its place; nothing for a module that goes.
+    /// The module to read; nothing to remove the one at `place`.
     std::optional<ModuleSource> source;
 };
 
-/// Called for each module read, in the order of the changes, before it joins. Returns false to leave this and all later
-/// changes out.
+/// Called for each module read, in the order of the changes, before it joins the project. Returns false to omit this
+/// and all later changes.
 using ModuleRead = std::function<bool(std::size_t change, const clsModul& modul)>;
 
 /// Reads the modules that change, on all processors, exchanges them, and derives the rest again: the index of names,
-/// and the graph of calls and the marks where they were known. Tells the project's listeners once, with a new
-/// generation. Pointers to objects of exchanged modules are invalid afterwards, and so is every clsCall.
+/// and, where they were known, the graph of calls and the marks. Raises the generation and calls the project's
+/// listeners once. Pointers to objects of exchanged modules are invalid afterwards, and so is every clsCall.
 void Replace(clsProjekt& projekt, const std::vector<ModuleChange>& changes, const ModuleRead& taken = {});

@@ -1,4 +1,4 @@
-// The program-wide state in one place: made once at the start, put back to it by tests.
+// The program-wide state in one place: created at the start, reset by tests.
 #pragma once
 
 #include <memory>
@@ -11,14 +11,14 @@ class SettingsFile;
 class clsProjekt;
 struct Settings;
 
-/// The project that is open in the window or the console, or null. Only those two read it: all else takes the project
-/// that it works on as a parameter.
+/// The project that is open in the window or the console, or null. Only these two read it; all other code takes its
+/// project as a parameter.
 extern std::unique_ptr<clsProjekt> gProjekt;
 
 /// Names of all sub-keys of CLSID among the classes of the registry.
 extern std::vector<std::string> gCLSIDKeys;
 
-/// Everything as it is before the first project is opened. An open project is closed without a question.
+/// Resets everything to the state before the first project is opened. Closes an open project without a question.
 void InitGlobals();
 
 /// Makes an empty project the open one; the one before is closed. What is noted from now on joins its problems.
@@ -29,7 +29,7 @@ void CloseProject();
 /// The start of the program up to its window, in this order: globals, settings, language, class registry,
 /// version record.
 /// @param programDirectory  ends with its separator
-/// @param registry          null leaves out the last two steps
+/// @param registry          null skips the last two steps
 /// @return the settings that were read
 Settings StartProgram(const Files& files, SettingsFile& settings, Registry* registry,
                       const std::string& programDirectory);

@@ -1,4 +1,4 @@
-// The numbered texts of the user interface: one plain file a language, one text a line.
+// The numbered texts of the user interface: one plain file per language, one text per line.
 #pragma once
 
 #include <string>
@@ -11,11 +11,12 @@ class clsText {
 public:
     std::string Language = "english";  // "english" or "german"
 
-    /// Reads Languages\<Language>.txt below `programDirectory` (which ends with its separator). An empty
-    /// Language becomes "english". A missing file leaves the old table; a shorter file leaves its tail.
+    /// Reads Languages\<Language>.txt below `programDirectory` (which ends with its separator). An empty Language
+    /// becomes "english". A missing file leaves the former texts; a shorter file leaves the former texts after its last
+    /// line.
     void SetLanguage(const Files& files, const std::string& programDirectory);
 
-    /// In the bytes of the file; an empty text when the file has no such line.
+    /// In the encoding of the file, Windows-1252; an empty text if the file has no such line.
     [[nodiscard]] const std::string& TextNr(Text text) const;
 
 private:

@@ -16,7 +16,7 @@ thread_local std::vector<HeldErrors::Held>* holder = nullptr;
 constexpr std::size_t kMostProblems = 10000;
 ProblemList* currentProblems = nullptr;
 
-// Tells a problem from all others.
+// Problems with equal keys are listed once.
 std::string KeyOf(const Problem& problem) {
     return problem.tag + '\n' + problem.text + '\n' + problem.subject;
 }

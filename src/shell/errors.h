@@ -1,6 +1,6 @@
-// The one way of failing: a statement that fails is reported under the tag of its operation, and the
-// operation goes on with its next statement, its variables as they were. Nothing unwinds further.
-// Ports and the list of problems belong to the main thread; another thread holds back what it has to tell.
+// The error handling: a statement that fails is reported under the tag of its operation, and the operation continues
+// with its next statement, its variables unchanged, as after On Error Resume Next. Nothing unwinds further. Ports and
+// the list of problems belong to the main thread; another thread holds its reports back (HeldErrors).
 #pragma once
 
 #include <functional>
@@ -15,7 +15,7 @@ struct ErrorReport {
     int number = 0;
     std::string description;
     std::string tag;      // "clsModul: Analyse_Parsen"
-    std::string subject;  // the file at hand, as the project spells it; empty when there is none
+    std::string subject;  // the file being processed, as the project spells it; empty if there is none
 
     /// "Error: 91: description", an empty line, "->> tag".
     [[nodiscard]] std::string Text() const;
@@ -50,7 +50,7 @@ void NoteProblem(std::string_view tag, std::string_view text);
 /// Takes the reports: a window, standard error, a list in tests.
 using ErrorPort = std::function<void(const ErrorReport&)>;
 
-/// Connects a port and gives back the one before. Without a port reports are dropped.
+/// Connects a port and returns the previous one. Without a port, reports are dropped.
 ErrorPort SetErrorPort(ErrorPort port);
 
 /// Reports a failure under `tag`; the subject is that of the innermost ErrorSubject.
@@ -71,7 +71,7 @@ bool Attempt(std::string_view tag, Statement&& statement) {
     }
 }
 
-/// While it lives, nothing is reported or noted: for doing again what told its failures the first time.
+/// While it lives, nothing is reported or noted: for repeating a step that reported its failures the first time.
 class MutedErrors {
 public:
     MutedErrors();
@@ -80,7 +80,7 @@ public:
     MutedErrors& operator=(const MutedErrors&) = delete;
 };
 
-/// While it lives, what its thread reports and notes is kept in a list instead, to be told when its turn has come.
+/// While it lives, what its thread reports and notes goes to a list, for Tell to report later.
 class HeldErrors {
 public:
     struct Held {
@@ -89,20 +89,20 @@ public:
         int number = 0;         // of the error
         bool isReport = false;  // and not only noted
     };
-    /// @param into  takes what is told, in its order; must outlive this
+    /// @param into  receives the reports in their order; must outlive this
     explicit HeldErrors(std::vector<Held>& into);
     ~HeldErrors();
     HeldErrors(const HeldErrors&) = delete;
     HeldErrors& operator=(const HeldErrors&) = delete;
 
-    /// Tells it now, under the subject of now.
+    /// Reports what was held, under the current subject.
     static void Tell(const std::vector<Held>& held);
 
 private:
     std::vector<Held>* before_;
 };
 
-/// Names the file that is being worked on for as long as it lives. `name` must outlive it.
+/// While it lives, reports name this file as their subject. `name` must outlive it.
 class ErrorSubject {
 public:
     explicit ErrorSubject(std::string_view name);

@@ -134,7 +134,7 @@ WindowSize SizeSave_Read(SettingsFile& file) {
         size.*place.member = file.ReadString(kGeneral, place.key, "");
     for (const SizeKey& splitter : kSplitters)
         size.*splitter.member = file.ReadString(kGeneral, splitter.key, "");
-    // These two keep their design position for a stored 0.
+    // A stored 0 means "not set" for these two: they get their default position.
     if (size.SplitX_Content == "0")
         size.SplitX_Content.clear();
     if (size.SplitY_Content == "0")

@@ -1,4 +1,4 @@
-// The user's settings: a value while the program runs, one sectioned file in between.
+// The user's settings: a value while the program runs, stored in a file with sections.
 #pragma once
 
 #include <cstdint>
@@ -20,13 +20,13 @@ struct FontSetting {
 enum class SplitMode : std::uint8_t { Content, Calls };
 enum class ContentMode : std::uint8_t { Code, Graph, Chart };
 
-/// What a person has set; made with the values that the program comes with.
+/// The settings; a new object has the defaults.
 struct Settings {
     // Section "ALLGEMEIN"
     std::string OpenSaveDir = "1";  // directory of the last project opened
-    std::int16_t Win32 = 1;         // 1: the project is taken as compiled for 32 bits
+    std::int16_t Win32 = 1;         // 1: conditional compilation for 32 bits
     std::int16_t LoadLibs = 1;
-    std::int16_t ProcVars = 1;         // locals stand in the project tree
+    std::int16_t ProcVars = 1;         // 1: the project tree shows arguments and locals
     std::string Language = "english";  // or "german"
     std::string CodePage = "auto";     // or the number of a code page
 
@@ -53,9 +53,9 @@ struct Settings {
 /// Path of the settings file.
 extern std::string gIniFile;
 
-/// Reads all keys but the window's. A file that is absent gives the defaults.
+/// Reads all keys except those of the window. A missing file gives the defaults.
 [[nodiscard]] Settings Optionen_Ini_Load(SettingsFile& file);
-/// Writes them. A write that fails isn't noticed.
+/// Writes them. A failed write is ignored.
 void Optionen_Ini_Save(SettingsFile& file, const Settings& settings);
 /// Writes the directory of the last project only.
 void Save_OpenDir(SettingsFile& file, const Settings& settings);
@@ -69,5 +69,5 @@ struct WindowSize {
     bool operator==(const WindowSize&) const = default;
 };
 [[nodiscard]] WindowSize SizeSave_Read(SettingsFile& file);
-/// Position and size are left alone while the window is maximised.
+/// Leaves the stored position and size as they are while the window is maximised, so that it can return to them.
 void SizeSave_Write(SettingsFile& file, const WindowSize& size);

@@ -1,4 +1,4 @@
-// The numbers of the texts in the language files: the number is the line. docs/texts.md says what each is for.
+// The numbers of the texts in the language files: the number is the line. docs/texts.md lists their uses.
 #pragma once
 
 enum class Text {

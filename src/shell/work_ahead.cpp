@@ -4,7 +4,7 @@
 
 namespace {
 
-// Enough that a long item keeps nobody waiting, and few enough that what waits stays small.
+// Large enough that a long item does not block the others, small enough to limit the memory of waiting results.
 constexpr std::size_t kAheadOfEach = 4;
 
 }  // namespace
@@ -21,7 +21,7 @@ AheadThreads::AheadThreads(std::size_t count, std::size_t helpers, Work work)
         for (std::size_t worker = 1; worker <= helpers; ++worker)
             helpers_.emplace_back([this, worker] { Help(worker); });
     } catch (const std::system_error&) {
-        // Where the system grants no more threads, those there are do the work.
+        // If the system grants no more threads, the existing ones do the work.
     }
 }
 

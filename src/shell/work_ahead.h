@@ -1,8 +1,7 @@
-// Work on many items that is done on all processors ahead of its turn, and taken in order by one thread.
+// Processes many items on all processors; one thread takes the results in order.
 //
-// The order of everything that others see stays what it would be on one thread: a result is taken when all before it
-// have been, and what its work reported is told then. The thread that takes works too, so nothing is lost where there
-// is one processor only.
+// Everything visible happens in the order of a single thread: a result is taken after all earlier ones, and what its
+// work reported is reported then. The taking thread works too, so a single processor loses nothing.
 #pragma once
 
 #include <condition_variable>
@@ -19,22 +18,22 @@
 /// Threads that work on items 0 .. count - 1, each once.
 class AheadThreads {
 public:
-    /// Does item `nr`. Runs on any thread beside other items, so it changes nothing that they or the thread that
-    /// takes could see. `worker` counts from 0 and is the same for one item at a time only.
+    /// Processes item `nr`. Runs on any thread beside other items, so it changes nothing that they or the taking thread
+    /// see. `worker` counts from 0 and is the same for one item at a time only.
     using Work = std::function<void(std::size_t nr, std::size_t worker)>;
 
-    /// @param helpers  threads besides the one that takes
+    /// @param helpers  threads besides the taking one
     AheadThreads(std::size_t count, std::size_t helpers, Work work);
-    /// Leaves out what has not been begun.
+    /// Waits for the items in progress and skips all that have not begun.
     ~AheadThreads();
     AheadThreads(const AheadThreads&) = delete;
     AheadThreads& operator=(const AheadThreads&) = delete;
 
-    /// Returns once the item is done, and tells what it reported. Items are asked for in rising order, all by one
-    /// thread. What the work threw, it throws.
+    /// Returns once the item is done, and reports what its work held back. One thread awaits all items, in rising
+    /// order. Throws what the work threw.
     void Await(std::size_t nr);
 
-    /// Begins nothing more; returns how many items can still be awaited, in all.
+    /// Begins no further item; returns the number of items that can be awaited in total.
     std::size_t Stop();
 
     /// One for each processor besides the first, within reason.
@@ -52,12 +51,12 @@ private:
 
     Work work_;
     std::vector<Item> items_;
-    std::size_t ahead_;  // items that may be under way or waiting to be taken
+    std::size_t ahead_;  // limit of items in progress or waiting to be taken
     std::mutex mutex_;   // guards all below, and `done` of the items
     std::condition_variable somethingChanged_;
     std::size_t end_;        // items from here on are not begun
     std::size_t next_ = 0;   // first item not begun
-    std::size_t taken_ = 0;  // the item that is waited for
+    std::size_t taken_ = 0;  // the item awaited
     bool stopped_ = false;
     std::vector<std::thread> helpers_;
 };
@@ -76,13 +75,13 @@ public:
     /// Numbers of workers are below this.
     [[nodiscard]] static std::size_t Workers(std::size_t helpers = AheadThreads::UsualHelpers()) { return helpers + 1; }
 
-    /// The result of the item behind the one taken last; at most `count` times.
+    /// The result of the next item; at most `count` times.
     [[nodiscard]] Result Next() {
         threads_.Await(next_);
         return std::move(results_[next_++]);
     }
 
-    /// Begins nothing more; returns how many results there are in all, those taken included.
+    /// Begins no further item; returns the number of results in total, including those taken.
     std::size_t Stop() { return threads_.Stop(); }
 
 private:

@@ -40,8 +40,7 @@ public:
             BuildLower();
         return {lower_.get(), original_.size()};
     }
-    /// Frees the lower-case text, and the map if there is a source to make it anew; both come back when they are
-    /// asked for again.
+    /// Frees the lower-case text, and the map if it has a source; both are made again on demand.
     void ReleaseModulText();
     /// What fills a blank map in as it was when the module was read.
     using MapSource = void (*)(ModuleText& text);

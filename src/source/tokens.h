@@ -33,7 +33,7 @@ public:
     [[nodiscard]] bool StartsStatement(int nr) const {
         return !Inside(nr) || (packed_[static_cast<std::size_t>(nr)].lenAndStart & 1) != 0;
     }
-    /// Whether `nr` stands in the statement of the token before it.
+    /// Whether `nr` belongs to the statement of the token before it.
     [[nodiscard]] bool ContinuesStatement(int nr) const { return !StartsStatement(nr); }
     /// Last token of the statement that `nr` belongs to.
     [[nodiscard]] int LastOfStatement(int nr) const {

@@ -1,5 +1,5 @@
-// Enters what a reader has made in the collections of its module. Nothing is overwritten: the first holder of a key
-// stays.
+// Enters the objects that a reader creates in the collections of its module. Nothing is overwritten: the first holder
+// of a key stays.
 #pragma once
 
 #include "structure/module_reader.h"

@@ -1,4 +1,4 @@
-// What the readers of a module's structure work on for the time of one pass, and what they share.
+// The shared working state of the readers of a module's structure during one pass.
 #pragma once
 
 #include <cstring>
@@ -36,7 +36,7 @@ public:
     const TokenTable& tokens;
     std::string_view lower;
     std::string_view original;
-    /// The declarations are read, and the procedures are at hand.
+    /// True while procedures are read, false while declarations are.
     bool inProcedures = false;
 
     /// Text of a token in lower case; empty where there is no such token.
@@ -80,6 +80,6 @@ public:
     }
 
 private:
-    std::string_view single_;  // the first word, as nearly all types have just one
+    std::string_view single_;  // the first word; nearly all types have only one, which needs no copy
     std::string text_;
 };

@@ -134,7 +134,7 @@ QMimeData* BaumModel::mimeData(const QModelIndexList& indexes) const {
     if (!node)
         return nullptr;
     auto* mime = new QMimeData;
-    // A root stands for no object.
+    // A root has no object to drag.
     if (node->Kind() != NodeKind::Root)
         mime->setData(QString::fromLatin1(kKeyMimeType),
                       QByteArray::fromStdString(ActiveCodePage().ToUtf8(node->Key())));
@@ -150,7 +150,7 @@ const QIcon& BaumModel::IconOf(const BaumNode& node) const {
 }
 
 QVariant BaumModel::ColorOf(const BaumNode& node) const {
-    // Colours that a person has chosen are made readable: they would not suit every palette.
+    // Colours chosen by the user are made readable: they may have been chosen for another palette.
     switch (node.ForeColor()) {
         case NodeColour::Ordinary:
             return {};

@@ -1,6 +1,7 @@
-// A tree of nodes as Qt's views want it: rows, columns and roles. All it knows stands in the Baum.
+// A tree of nodes in the form that Qt's views need: rows, columns and roles. All its data is in the Baum.
 //
-// While a Baum is being filled, which can run the event loop, the model is empty for its view.
+// While a Baum is being filled, which can run the event loop, the model is empty for its view: a repaint must not see
+// half a tree.
 #pragma once
 
 #include <QAbstractItemModel>
@@ -35,16 +36,16 @@ public:
     /// The node of an index, or null.
     [[nodiscard]] BaumNode* NodeAt(const QModelIndex& index) const;
     [[nodiscard]] QModelIndex IndexOf(const BaumNode* node) const;
-    /// Whether a filling is on and the view sees nothing.
+    /// Whether the Baum is being filled and the view sees nothing.
     [[nodiscard]] bool IsHidden() const { return hidden_; }
 
     void SetCheckBoxes(bool on);
     [[nodiscard]] bool CheckBoxes() const { return checkBoxes_; }
-    /// What a tool tip says of a node; an empty text is none.
+    /// Sets the source of tool tips; no tool tip is shown for an empty text.
     void SetToolTips(std::function<QString(const BaumNode&)> toolTips) { toolTips_ = std::move(toolTips); }
-    /// What ordinary text looks like: bold, italic and dimmed text are made from it.
+    /// Sets the look of ordinary text; bold, italic and dimmed text are derived from it.
     void SetLooks(const QFont& font, const QPalette& palette);
-    /// Asks for all icons anew, as for another palette.
+    /// Renders all icons again, as after a change of the palette.
     void ForgetIcons() { icons_.clear(); }
 
     [[nodiscard]] QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
@@ -61,13 +62,13 @@ public:
 Q_SIGNALS:
     /// The user has checked or unchecked a node.
     void NodeChecked(BaumNode& node);
-    // What the Baum wants of its view.
+    // Requests of the Baum to its view.
     void NodeExpanded(const QModelIndex& index, bool expanded);
     void AllNodesCollapsed();
     void NodeSelected(const QModelIndex& index);
     void NodeToBeVisible(const QModelIndex& index);
     void ManyNodesChanged();
-    /// A filling is over and its reset behind all who listen to that.
+    /// A filling has ended, and all listeners have processed its reset.
     void Filled();
 
 private:
@@ -95,6 +96,6 @@ private:
     std::function<QString(const BaumNode&)> toolTips_;
     QFont fonts_[2][2];  // [bold][italic]
     QBrush dimmed_;
-    QColor ground_;  // what the texts stand on
+    QColor ground_;  // background of the texts
     mutable std::map<std::string, QIcon, std::less<>> icons_;
 };

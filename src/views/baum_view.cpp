@@ -19,7 +19,7 @@
 
 namespace {
 
-// How long a key that is held down must rest before its node is shown.
+// While an arrow key is held down, nodes pass faster than code can be shown. The node is shown after this rest.
 constexpr int kRestMilliseconds = 80;
 
 bool BeginsWith(std::string_view text, std::string_view lowerStart) {
@@ -53,6 +53,7 @@ BaumView::BaumView(Baum& tree, const Settings& settings, QWidget* parent)
     setSelectionMode(SingleSelection);
     setDragEnabled(true);
     setDragDropMode(DragOnly);
+    // Long texts are elided and shown in full as tool tips; a scroll bar would cost a line in the narrow panes.
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     repeatedKeys_.setSingleShot(true);
     repeatedKeys_.setInterval(kRestMilliseconds);
@@ -118,6 +119,7 @@ void BaumView::SetAcceptsKeys(bool accepts) {
 void BaumView::ApplyTreeFont() {
     const QString family = ToQString(settings_.TreeFont.name);
     QFont font = QApplication::font("QTreeView");
+    // Qt would silently replace a missing family; the font of the interface fits better than its choice.
     if (QFontDatabase::hasFamily(family)) {
         font = QFont(family);
         font.setPointSizeF(settings_.TreeFont.size);
@@ -144,7 +146,7 @@ void BaumView::Activate(const QModelIndex& index) {
         Q_EMIT NodeActivated(id.key);
 }
 
-// Puts the current line where the Baum has its selection.
+// Moves the current line to the selection of the Baum.
 void BaumView::ShowSelected() {
     const QModelIndex selected = model_->IndexOf(Tree().Selected());
     if (selected == currentIndex() && selectionModel()->isSelected(selected))
@@ -152,9 +154,9 @@ void BaumView::ShowSelected() {
     selectionModel()->setCurrentIndex(selected, QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows);
 }
 
-// Puts folds, selection and scroll position back after a filling.
+// Restores folds, selection and scroll position after a filling: for a QTreeView it was a reset, which clears them.
 void BaumView::Restore() {
-    // A layout is due, so that this only notes what is unfolded.
+    // The layout is still pending, so setExpanded only records the state and does not lay out the tree for each node.
     std::vector<BaumNode*> open = Tree().Roots();
     while (!open.empty()) {
         const BaumNode& node = *open.back();
@@ -184,7 +186,8 @@ void BaumView::keyboardSearch(const QString& search) {
         searched_ = goesOn ? searched_ + search : search;
     const std::string start = LowerCase(FromQString(searched_));
     const BaumNode* current = model_->NodeAt(currentIndex());
-    // A first letter, and the same letter again, leave the current line; a longer word may stay.
+    // A single letter, also repeated, goes to the next match; a longer text may match the current line, as in Windows
+    // trees.
     const bool leaves = searched_.size() == 1;
     const BaumNode* from = current ? (leaves ? NextLine(*current) : current) : nullptr;
     const BaumNode* begin = from ? from : roots.front();
@@ -209,6 +212,7 @@ void BaumView::keyPressEvent(QKeyEvent* event) {
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     hasChecked_ = false;
     QTreeView::keyPressEvent(event);
+    // Enter shows the current node again, such as after a click elsewhere.
     if (currentIndex() == before && !isEnter)
         return;
     if (event->isAutoRepeat())
@@ -226,7 +230,7 @@ void BaumView::keyReleaseEvent(QKeyEvent* event) {
 
 void BaumView::mousePressEvent(QMouseEvent* event) {
     hasChecked_ = false;
-    // The right button leaves the selection alone.
+    // Qt would select the node on a right click, but the selection has to stay on the object shown.
     if (event->button() == Qt::RightButton)
         event->accept();
     else
@@ -279,6 +283,7 @@ void BaumView::changeEvent(QEvent* event) {
 
 bool BaumView::IsCutOff(const QModelIndex& index) const {
     QStyleOptionViewItem option;
+    // The hover text of the model comes first; a text that is cut off is only shown if there is none.
     initViewItemOption(&option);
     return itemDelegateForIndex(index)->sizeHint(option, index).width() > visualRect(index).width();
 }

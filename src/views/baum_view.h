@@ -1,5 +1,5 @@
-// One of the trees of the window. It tells what the user did with a node, and follows what the program does with the
-// Baum; folds and the selection are kept there.
+// One of the trees of the window. It emits what the user does with a node, and follows the changes of its Baum, which
+// keeps folds and the selection.
 #pragma once
 
 #include <QTimer>
@@ -23,18 +23,18 @@ public:
 
     void SetCheckBoxes(bool on) { model_->SetCheckBoxes(on); }
     void SetToolTips(std::function<QString(const BaumNode&)> toolTips) { model_->SetToolTips(std::move(toolTips)); }
-    /// The accessible name and what stands in the pane while the tree has no nodes.
+    /// Sets the accessible name and the text shown while the tree has no nodes.
     void SetTexte(Text name, Text empty);
-    /// Says something else in the empty pane, until the next SetTexte.
+    /// Shows another text in the empty pane, until the next SetTexte.
     void SetEmptyText(const QString& text);
-    /// A right click only tells; the menu then comes by the keyboard.
+    /// A right click only emits NodeContext; the menu is then opened with the keyboard.
     void SetRightClickTells(bool tells) { rightClickTells_ = tells; }
     /// Nodes of all trees may be dropped here, or copied there and pasted here.
     void SetAcceptsKeys(bool accepts);
 
-    /// All texts in the language at hand.
+    /// Sets all texts in the language of the program.
     void Texte();
-    /// The font of the settings; that of the interface where the system lacks it.
+    /// Applies the font of the settings, or that of the interface if the system lacks it.
     void ApplyTreeFont();
 
     // To the clipboard, of the current node: its text, its address, and itself with all below it.
@@ -91,9 +91,9 @@ private:
     QString emptyText_;
     bool rightClickTells_ = false;
     bool acceptsKeys_ = false;
-    bool hasChecked_ = false;  // by the mouse button that is let go just now
+    bool hasChecked_ = false;  // by the mouse click in progress, which then must not activate the node
     int scrollBeforeFill_ = 0;
-    QTimer repeatedKeys_;  // a key that is held down activates when it comes to rest
+    QTimer repeatedKeys_;  // activates the node once a held key rests
     QString searched_;     // typed so far
     qint64 searchedAt_ = 0;
 };

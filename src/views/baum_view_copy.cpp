@@ -1,4 +1,4 @@
-// What a tree gives away and takes: copies, its menu, drag and drop.
+// Copying, the context menu, and drag and drop of a tree.
 #include <QApplication>
 #include <QClipboard>
 #include <QDrag>
@@ -67,7 +67,7 @@ void BaumView::ShowMenu(const QModelIndex& index, const QPoint& globalPos) {
     setCurrentIndex(index);  // shows what the menu is about
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    // By the key: the selection has come back by then, and the node may be gone.
+    // By the key: when the menu has closed, the node may no longer exist.
     const auto copy = [this, id = node->Id()](QString (*what)(const BaumNode&)) {
         return [this, id, what] { CopyNode(model_->IndexOf(Tree().Find(id)), what); };
     };

@@ -1,5 +1,5 @@
-// How the meanings of code look: a colour of the settings that can be read on the ground at hand, and a shape where
-// colour alone would tell certain from possible.
+// The look of the meanings of code: a colour of the settings, made readable on the background, and a shape where colour
+// alone would distinguish certain from possible calls.
 #pragma once
 
 #include <QColor>
@@ -15,11 +15,11 @@
 [[nodiscard]] QColor ColourFromBgr(std::int32_t bgr);
 /// Contrast of two colours by their relative luminance, 1 to 21.
 [[nodiscard]] double Contrast(const QColor& a, const QColor& b);
-/// `wanted`, made darker or lighter until it can be read on `ground`; hue stays.
+/// `wanted`, made darker or lighter until it is readable on `ground`; keeps the hue.
 [[nodiscard]] QColor Readable(const QColor& wanted, const QColor& ground, double contrast = 4.5);
 /// `share` of `top` over `ground`.
 [[nodiscard]] QColor Mixed(const QColor& ground, const QColor& top, double share);
-/// What code stands on: the palette's base, and one greyer for dead procedures.
+/// The background of code: the palette's base, and a greyer one for dead procedures.
 [[nodiscard]] QColor CodeGround(const QPalette& palette, bool onGrey);
 
 /// Style of a meaning: possible calls have a dotted underline, results of functions are bold, inactive code is italic.

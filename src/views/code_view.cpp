@@ -45,8 +45,10 @@ CodeView::CodeView(const Settings& settings, QWidget* parent)
     setObjectName(QStringLiteral("rtbCode"));
     setReadOnly(true);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    // Nothing is edited, and an undo stack would keep a second copy of each text.
     setUndoRedoEnabled(false);
     setLineWrapMode(NoWrap);
+    // Read only, so Tab has nothing to insert: it leaves the widget as in a form.
     setTabChangesFocus(true);
     setCenterOnScroll(false);
     connect(this, &QPlainTextEdit::updateRequest, gutter_, [this](const QRect& rect, int dy) {
@@ -154,7 +156,7 @@ void CodeView::Select(CodeRange range) {
     ScrollTo(from, to);
 }
 
-// With some lines around it where it was out of sight, so that a name is read in its place.
+// Centres a place that was out of sight, so that it is read with the lines around it.
 void CodeView::ScrollTo(int from, int to) {
     QTextCursor cursor(document());
     cursor.setPosition(from);
@@ -215,7 +217,7 @@ Pos CodeView::SelLength() const {
 Pos CodeView::ByteAt(QPoint point) const {
     QTextCursor cursor = cursorForPosition(point);
     QRect place = cursorRect(cursor);
-    // The nearest gap between two characters can be the one behind the character pointed at.
+    // cursorForPosition gives the nearest gap between characters, which can be the one after the character pointed at.
     if (point.x() < place.left() && !cursor.atBlockStart()) {
         cursor.movePosition(QTextCursor::PreviousCharacter);
         place = cursorRect(cursor);
@@ -230,7 +232,8 @@ void CodeView::mousePressEvent(QMouseEvent* event) {
         QPlainTextEdit::mousePressEvent(event);
         return;
     }
-    // A right click goes for what is under the pointer, unless it is the selection.
+    // A right click refers to the text under the pointer, unless that is part of the selection, which the user wants to
+    // copy.
     event->accept();
     const QPoint point = event->position().toPoint();
     const Pos byte = ByteAt(point);
@@ -296,7 +299,7 @@ bool CodeView::viewportEvent(QEvent* event) {
 
 void CodeView::changeEvent(QEvent* event) {
     QPlainTextEdit::changeEvent(event);
-    // The ground is set on the viewport alone, so this is only heard when the palette of the window changes.
+    // The background is set on the viewport only, so this event comes only from changes of the window's palette.
     if (event->type() == QEvent::PaletteChange && gutter_) {
         ApplyGround();
         ApplySpans();

@@ -1,5 +1,5 @@
 // The code on the screen: coloured, with the lines of its file, read only, and as good by keyboard as by mouse. It
-// shows what it is given and tells where a person points; what follows from that is the window's business.
+// shows a text and emits where the user points; the window decides what follows.
 //
 // All positions that come in or go out are bytes of the text shown, from 0.
 #pragma once
@@ -25,7 +25,7 @@ public:
     void Clear() { Show({}); }
     /// Selects a stretch and scrolls so that it can be seen.
     void Select(CodeRange range);
-    /// Marks places, scrolls to the first and makes it the current one. An empty list takes the marks away.
+    /// Marks places, scrolls to the first and makes it the current one. An empty list removes the marks.
     void MarkPlaces(std::vector<CodeSpan> places);
 
     [[nodiscard]] Pos SelStart() const;
@@ -34,7 +34,7 @@ public:
     /// From 1; 0 when no place is marked.
     [[nodiscard]] int CurrentPlace() const { return currentPlace_; }
 
-    /// Font, colours and the size of the tabs from the settings, on the text that stands there.
+    /// Applies font, colours and tab size of the settings to the text shown.
     void ApplySettings();
     /// All texts of the widget in the language of the program.
     void Texte();
@@ -42,7 +42,7 @@ public:
     void SetToolTipSource(std::function<QString(Pos)> source) { toolTipSource_ = std::move(source); }
 
 public Q_SLOTS:
-    /// The marked place behind or before the current one, around the ends.
+    /// Goes to the next or previous marked place, and from one end to the other.
     void NextPlace() { StepToPlace(+1); }
     void PreviousPlace() { StepToPlace(-1); }
     void ZoomIn() { SetZoom(zoom_ + 1); }
@@ -52,7 +52,7 @@ public Q_SLOTS:
 Q_SIGNALS:
     /// Right click, context-menu key or Enter: lead from here to the object.
     void PositionClicked(int selStart, int selLength);
-    /// A place became the current one, from 1; 0 of 0 when the marks are gone.
+    /// A place became the current one, from 1; 0 of 0 after the marks were removed.
     void PlaceChanged(int index, int count);
 
 protected:

@@ -67,7 +67,7 @@ void Commands::Activate(const Situation& now) {
     ShowWhyDisabled(now);
 }
 
-// The tip of a command that can't be given says why.
+// The tip of a disabled command says why.
 void Commands::ShowWhyDisabled(const Situation& now) {
     for (const CommandRow& row : CommandTable()) {
         QAction& action = (*this)[row.command];

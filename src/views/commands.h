@@ -1,5 +1,5 @@
 // The commands of the window: one action each, with the text, icon and keys that menus, toolbars and the list of keys
-// share. What a command does is the window's business.
+// share. What a command does is up to the window.
 #pragma once
 
 #include <QAction>
@@ -19,13 +19,14 @@ public:
     /// All actions in the order of the table.
     [[nodiscard]] const std::vector<QAction*>& All() const { return all_; }
 
-    /// Puts the texts of the language on. Texts that tell more than their number are set by their owner afterwards.
+    /// Sets the texts of the language. Texts with further content, such as the name of an object, are set by their
+    /// owner afterwards.
     void Texte();
-    /// Enables what can be given; the tip of everything else says why not.
+    /// Enables the commands whose needs are met; the tips of all others say what is missing.
     void Activate(const Situation& now);
     /// The text and the tip of one command, followed by its keys.
     static void SetTexts(QAction& action, const QString& text, const QString& tip);
-    /// Those that stand in a menu or toolbar and have keys.
+    /// The actions that are in a menu or toolbar and have keys.
     [[nodiscard]] QList<QAction*> InUse() const;
     /// Gives each action of one menu an underlined letter of its own.
     static void GiveLetters(const QList<QAction*>& actions);

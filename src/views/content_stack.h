@@ -16,9 +16,9 @@ public:
     using QWidget::QWidget;
     [[nodiscard]] virtual ContentMode Mode() const = 0;
     virtual void Texte() = 0;
-    /// Fonts and colours of the settings, on what is shown already.
+    /// Applies fonts and colours of the settings to what is shown.
     virtual void ApplySettings() = 0;
-    /// Shows nothing: the objects go.
+    /// Shows nothing; called before objects become invalid.
     virtual void Clear() = 0;
 };
 
@@ -43,9 +43,9 @@ class ContentStack final : public QStackedWidget {
 
 public:
     using QStackedWidget::QStackedWidget;
-    /// Takes the pane over.
+    /// Takes ownership of the pane.
     void Add(ContentPane* pane);
-    /// Brings the pane of this mode up; without one nothing changes.
+    /// Shows the pane of this mode; does nothing if there is none.
     void Show(ContentMode mode);
     void Texte();
     void ApplySettings();

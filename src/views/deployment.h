@@ -1,4 +1,4 @@
-// What whoever hands the program on fills in for its users. An empty text leaves out what would lead there.
+// Addresses that a distributor of the program fills in. An empty text hides the widgets that use it.
 #pragma once
 
 #include <string_view>

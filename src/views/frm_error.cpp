@@ -79,6 +79,7 @@ frmError::frmError(QWidget* parent, const QString& supportAddress)
     labMailTo_->setVisible(!address_.isEmpty());
     labMail_->setVisible(!address_.isEmpty());
     cmdIgnore_->setDefault(true);
+    // Enter must ignore the error, never end the program by accident.
     cmdCopy_->setAutoDefault(false);
     cmdBeenden_->setAutoDefault(false);
 

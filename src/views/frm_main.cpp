@@ -1,4 +1,4 @@
-// How the window is put together: panes, dialogs, and what the panes lead to.
+// Construction of the window: panes, dialogs, and the connections between them.
 #include "views/frm_main.h"
 
 #include <QCloseEvent>
@@ -82,6 +82,7 @@ frmMain::frmMain(Files& files, SettingsFile& file, Settings settings, std::strin
     setMinimumSize(kSmallestWindow);
     setWindowIcon(ApplicationIcon());
     setAcceptDrops(true);
+    // QMainWindow's own context menu would let the user hide the toolbar, for which there is no command.
     setContextMenuPolicy(Qt::NoContextMenu);
     addToolBar(toolbar_);
     BuildPanes();
@@ -103,7 +104,8 @@ frmMain::~frmMain() {
     SetMissingFilePort({});
     SetMessagePort({});
     workspace_.Close();
-    delete pages_;  // the views go before the trees they listen to
+    // The panes still show objects, so the project closes while they exist.
+    delete pages_;  // the views must be deleted before the trees that they listen to
 }
 
 BaumView& frmMain::BaumProjekt() const {
@@ -168,6 +170,7 @@ void frmMain::WireTrees() {
 void frmMain::WireCode() {
     rtbCode().SetToolTipSource([this](Pos position) { return ToolTipOf(workspace_.CodeHoverText(position)); });
     connect(&rtbCode(), &QPlainTextEdit::cursorPositionChanged, this, [this] {
+        // The program also moves the cursor, when it shows a text; the properties then belong to the object.
         if (!rtbCode().hasFocus())
             return;
         if (auto rows = workspace_.PropertiesAt(rtbCode().SelStart(), rtbCode().SelLength()))
@@ -257,7 +260,7 @@ void frmMain::Arrange(SplitMode mode) {
     settings_.Split = mode;
     panes_->Arrange(mode);
     Activate_Checked();
-    // The tree has another height now, and what is chosen in it may be out of sight.
+    // The tree has another height now, so its selected node may be out of sight.
     QMetaObject::invokeMethod(
         this,
         [this] {
@@ -295,7 +298,7 @@ void frmMain::dropEvent(QDropEvent* event) {
     if (path.isEmpty())
         return;
     event->acceptProposedAction();
-    // After the drop, whose source waits for its end.
+    // After the drop: the source of the drag, often a file manager, is blocked until this function returns.
     QMetaObject::invokeMethod(
         this, [this, path] { OpenProject(FromPath(path)); }, Qt::QueuedConnection);
 }

@@ -1,5 +1,5 @@
-// The main window: builds the panes around a Workspace and wires them. What the user does goes to the workspace; what
-// it answers goes to the panes. The views know nothing of each other.
+// The main window: builds the panes around a Workspace and wires them. User actions go to the workspace, its answers go
+// to the panes. The views do not know each other.
 #pragma once
 
 #include <QMainWindow>
@@ -48,13 +48,13 @@ public:
     void MainActions(int nr);
     /// Asks for a project file and opens it.
     void Projekt_Oeffnen();
-    /// Opens the project file at `path`; the one that is open goes first.
+    /// Closes the open project and opens the project file at `path`.
     void OpenProject(const std::string& path);
     /// Back to the empty window.
     void CloseTheProject();
     /// Reads the calls of the whole project, after a question.
     void Projekt_Analyse();
-    /// Fits menus and toolbars to the state.
+    /// Adapts menus and toolbars to the state.
     void Activate_Commands();
 
     /// Makes the object of a node the current one and shows it in every pane.
@@ -81,7 +81,7 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
-    /// The windows that come up over this one.
+    /// The windows that open above this one.
     struct Dialogs {
         frmProgress* progress;
         frmError* error;

@@ -58,7 +58,7 @@ void frmMain::WireCommands() {
                                       {Command::ContentGraph, 12},
                                       {Command::ContentCode, 13}})
         Wire(command, [this, number = nr](bool) { MainActions(number); });
-    // There is no reading of one module by itself: its neighbourhood is shown again.
+    // Calls are always read for the whole project; for one module its dependencies are shown again.
     Wire(Command::CallsOfModule, [this](bool) { workspace_.ShowDependencies(); });
     Wire(Command::CloseProject, [this](bool) { CloseTheProject(); });
     Wire(Command::ReportStructure, [this](bool) { WriteReports("AnalyseErgebnisStructure"); });
@@ -156,6 +156,7 @@ void frmMain::Projekt_Oeffnen() {
 }
 
 void frmMain::OpenProject(const std::string& path) {
+    // A drop or a start with a file can arrive while an operation runs.
     if (dialogs_.progress->IsRunning())
         return;
     if (!files_.FileExists(path)) {
@@ -261,7 +262,7 @@ void frmMain::Diagnosis() {
     ShowMessage(this, QString::fromStdString(DiagnosticSummary(gProjekt.get())));
 }
 
-// After the commands what is no command: keys of trees, code and bars.
+// After the commands, the keys that belong to no command: those of trees, code and bars.
 void frmMain::ShowKeys() {
     const auto key = [](QKeySequence::StandardKey standard) {
         return QKeySequence(standard).toString(QKeySequence::NativeText);
@@ -315,7 +316,7 @@ void frmMain::NameCommands() {
     Commands::SetTexts(command[Command::DeleteObject], deleteText, deleteText);
 }
 
-// What can be checked shows the state at hand, also after a command that changed nothing.
+// Qt toggles a checkable action on every click, also if the command changed nothing: set it to the actual state.
 void frmMain::Activate_Checked() {
     Commands& command = *commands_;
     command[Command::ContentCode].setChecked(settings_.Content == ContentMode::Code);

@@ -1,4 +1,4 @@
-// What the panes show of the workspace's answers.
+// Shows the workspace's answers in the panes.
 #include "views/baum_view.h"
 #include "views/code_view.h"
 #include "views/commands.h"
@@ -12,7 +12,7 @@
 #include "views/search_bar.h"
 #include "views/tree_panes.h"
 
-// Nothing of the project is on the screen any more, and nothing here knows its objects.
+// Objects become invalid now: clears every pane that shows one.
 void frmMain::GenerationEnds() {
     project_->Search().ProjectChanges();
     content_->Clear();
@@ -22,6 +22,7 @@ void frmMain::GenerationEnds() {
 }
 
 bool frmMain::ActivateKey(const NodeId& node) {
+    // A pane that answers the new content with a selection of its own must not start another activation.
     if (activating_)
         return false;
     activating_ = true;
@@ -32,7 +33,7 @@ bool frmMain::ActivateKey(const NodeId& node) {
     return shown.has_value();
 }
 
-// Every pane shows the current node again, though it is the same.
+// Shows the current node again in every pane.
 void frmMain::ShowAgain() {
     if (const std::optional<Workspace::Shown> shown = workspace_.ShowAgain())
         Show(*shown);
@@ -55,7 +56,7 @@ void frmMain::ShowCode(const CodePane::Change& change) {
         rtbCode().Select(*change.select);
 }
 
-// A neighbour was clicked: the places of its call come up, in the caller's text.
+// After a click on a neighbour, shows the places of its calls in the caller's text.
 void frmMain::SelectCallsOfObject(const std::string& key, bool isCaller) {
     const BaumNode* node = (isCaller ? workspace_.CalledBy() : workspace_.Calls()).Item(key);
     if (!node)
@@ -68,6 +69,7 @@ void frmMain::GoBackOrOn(bool back) {
     NavigationList& list = workspace_.Navigation();
     list.NoteSelection(rtbCode().SelStart(), rtbCode().SelLength());
     if (const NavigationList::Record* found = back ? list.NavCodeKey_Prev() : list.NavCodeKey_Next()) {
+        // A copy: ActivateKey changes the list that holds the record.
         const NavigationList::Record record = *found;
         ActivateKey(record.node);
         if (record.SelStart != 0 || record.SelLength != 0)
@@ -80,6 +82,7 @@ void frmMain::SetMayBe(bool calls, bool mayBe) {
     workspace_.SetMayBe(calls, mayBe);
     ShowMayBe(calls);
     if (workspace_.Current().CurObject)
+        // The button takes the focus, but arrow keys should go on in the tree.
         BaumProjekt().setFocus();
 }
 

@@ -112,7 +112,7 @@ void frmOptionen::ShowReportResult(const QString& text) {
 
 void frmOptionen::showEvent(QShowEvent* event) {
     QDialog::showEvent(event);
-    // Coming back from the task bar is no new start.
+    // Restoring the window from the task bar must not reset what the user has edited.
     if (event->spontaneous())
         return;
     values_ = settings_;

@@ -24,15 +24,15 @@ public:
     frmOptionen(Files& files, SettingsFile& file, Settings& settings, std::string programDirectory,
                 QWidget* parent = nullptr);
 
-    /// Puts the texts of the language on.
+    /// Sets the texts of the language.
     void Texte();
     /// A line below the report buttons: where the reports were written.
     void ShowReportResult(const QString& text);
 
 Q_SIGNALS:
-    /// All settings are in force: fonts, colours and the tree are to be shown anew.
+    /// The settings were applied: fonts, colours and the tree need to be shown again.
     void Applied();
-    /// Comes before Applied, when the texts were read in another language.
+    /// Comes before Applied if the language has changed and its texts were read.
     void LanguageChanged();
     // The three report buttons.
     void ReportStructure();

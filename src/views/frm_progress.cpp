@@ -65,6 +65,7 @@ frmProgress::frmProgress(QWidget* parent)
     innerBar_->setObjectName(QStringLiteral("innerBar"));
     innerBar_->setTextVisible(false);
     innerBar_->setFixedHeight(innerBar_->fontMetrics().height() / 2);
+    // Hidden widgets keep their place, so that the window does not change its height while it runs.
     KeepPlace(*innerBar_);
     cmdCancel_->setObjectName(QStringLiteral("cmdCancel"));
     cmdCancel_->setAutoDefault(false);
@@ -167,12 +168,13 @@ void frmProgress::Progressiere_mal_Modul() {
         ++innerValue_;
 }
 
-// A window that would go again at once is not worth the flicker.
+// A window that would disappear almost at once only flickers.
 bool frmProgress::IsNearlyDone() const {
     return (value_ - min_) * 10 > (max_ - min_) * 7 && elapsed_.elapsed() < 3 * showAfter;
 }
 
 void frmProgress::Pump() {
+    // The question has its own event loop, which paints and takes the answer.
     if (asking_)
         return;
     if (!isVisible()) {
@@ -195,7 +197,7 @@ void frmProgress::ShowState() {
     detail_->SetText(ToQString(object_));
     const bool counts = max_ > 0;
     count_->setText(counts ? QString::number(value_) + QStringLiteral(" / ") + QString::number(max_) : QString());
-    // A range of nothing shows that something goes on without telling how far it is.
+    // An empty range makes QProgressBar show a busy indicator.
     bar_->setRange(counts ? std::min(min_, max_ - 1) : 0, std::max(max_, 0));
     bar_->setValue(value_);
     bar_->setAccessibleName(heading_->text());

@@ -1,5 +1,5 @@
-// The progress window: the one runner of long operations. While an operation runs, all other windows are closed to
-// the user but go on painting themselves.
+// The progress window: the one runner of long operations. While an operation runs, all other windows take no input but
+// continue to paint.
 #pragma once
 
 #include <QDialog>
@@ -19,22 +19,22 @@ class frmProgress final : public QDialog, public Progress {
 public:
     explicit frmProgress(QWidget* parent = nullptr);
 
-    /// Sets gAction, runs the operation and returns when it is over. The window comes up when that takes longer than
-    /// `showAfter`; until then no input reaches any window either. Called from within an operation it only runs.
+    /// Sets gAction, runs the operation and returns when it has ended. The window appears if that takes longer than
+    /// `showAfter`; until then no input reaches any window either. A nested call only runs its operation.
     void Run(const std::string& action, const std::function<void()>& operation);
     [[nodiscard]] bool IsRunning() const { return running_; }
 
-    /// Whether the next operation, or the one that runs, can be cancelled. Back to true behind each operation.
+    /// Whether the next operation, or the one that runs, can be cancelled. Reset to true after each operation.
     void SetCancelVisible(bool visible);
-    /// Puts the texts of the language on.
+    /// Sets the texts of the language.
     void Texte();
 
     std::string Tag;      // "exit" once the operation has returned
     int showAfter = 300;  // milliseconds
 
-    // What the operation tells. Nothing is painted before the next turn of the event pump.
+    // Calls of the operation. Nothing is painted before the next turn of the event pump.
     void Caption(std::string_view text) override;
-    /// The first label behind a caption says what is being done, those behind it what it is done to.
+    /// The first label after a caption is the heading, such as "Reading the calls"; later ones name the current module.
     void Label(std::string_view text) override;
     void Range(int min, int max) override;
     void Progressiere_mal() override;

@@ -1,7 +1,7 @@
 // The pictures of the window, by the keys that trees, toolbars and menus use for them.
 //
-// All are drawn as SVG (docs/icons.md tells how) and rendered when they are asked for, at the size and pixel ratio they
-// are asked for. What is drawn in the colour of text follows the palette; a selected picture takes the colour of
+// All are drawn as SVG (docs/icons.md describes them) and rendered when they are asked for, at the size and pixel ratio
+// they are asked for. What is drawn in the colour of text follows the palette; a selected picture takes the colour of
 // selected text, a disabled one that of disabled text.
 #pragma once
 

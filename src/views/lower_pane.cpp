@@ -15,10 +15,11 @@ LowerPane::LowerPane(Baum& collected, const Settings& settings, QWidget* parent)
     addTab(collected_, QString());
     tabBar()->setChangeCurrentOnDrag(true);
     tabBar()->setExpanding(false);
-    // In a narrow pane names are shortened, and both tabs stay there to be dropped onto.
+    // In a narrow pane names are shortened, so that both tabs stay visible as targets for a drop.
     tabBar()->setUsesScrollButtons(false);
     setElideMode(Qt::ElideRight);
-    // The tab bar takes the focus by itself: a proxy would lead the Tab key back to it, whatever comes behind.
+    // The tab bar takes the focus itself. As QTabWidget's focus proxy it would get the focus back each time Tab leaves
+    // it.
     setFocusProxy(nullptr);
     setFocusPolicy(Qt::NoFocus);
 }

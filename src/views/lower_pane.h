@@ -1,4 +1,4 @@
-// The pane of small things: the properties of the current object, and the modules that were collected by dragging.
+// The tabs with the properties of the current object and with the modules collected by dragging.
 #pragma once
 
 #include <QTabWidget>

@@ -22,7 +22,7 @@ MainMenus::MainMenus(QMainWindow& window, Commands& commands, const Files& files
 }
 
 void MainMenus::Fill() {
-    // Nothing stands for a separator.
+    // An empty item is a separator.
     const auto fill = [this](QMenu* menu, std::initializer_list<std::optional<Command>> items) {
         for (const std::optional<Command> item : items) {
             if (item)
@@ -116,7 +116,7 @@ void MainMenus::SetProjectOpen(bool open) {
     mnuCopy_->setEnabled(open);
 }
 
-// Numbered, which makes for letters that never change; those that are gone are greyed.
+// Items are numbered, so their mnemonics never change; missing projects are greyed.
 void MainMenus::FillRecent() {
     mnuRecent_->clear();
     int nr = 0;
@@ -135,7 +135,7 @@ void MainMenus::FillRecent() {
     }
 }
 
-// In menus only those items have tips that can't be chosen, or that are shortened: the others say it all themselves.
+// In menus, only disabled or shortened items have tips: the text of the others says everything.
 bool MainMenus::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::ToolTip && watched != mnuRecent_)
         if (const auto* menu = qobject_cast<QMenu*>(watched)) {

@@ -1,4 +1,4 @@
-// The menu bar of the main window: which command stands in which menu, and the list of recent projects.
+// The menu bar of the main window: which command is in which menu, and the list of recent projects.
 #pragma once
 
 #include <QObject>

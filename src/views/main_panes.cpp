@@ -39,7 +39,7 @@ MainPanes::MainPanes(const Panes& panes, QWidget* parent)
       contentColumn_(new QWidget(this)),
       outer_(new QVBoxLayout(this)) {
     for (QWidget* pane : {panes_.path, panes_.tree, panes_.lower, panes_.calledBy, panes_.calls, panes_.content})
-        pane->setParent(this);  // also those that the first arrangement has no place for
+        pane->setParent(this);  // also the panes that the first arrangement does not show
     auto* column = new QVBoxLayout(contentColumn_);
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(4);
@@ -113,13 +113,14 @@ void MainPanes::Arrange(SplitMode mode) {
     PlaceAll();
 }
 
-// The Tab key goes as the eye does: from left to right, from top to bottom, each bar behind what stands before it.
+// The Tab key follows the layout from left to right and from top to bottom; each bar comes after the pane before it.
+// Qt's default is the order of creation.
 void MainPanes::OrderTabs() {
     QList<QWidget*> order;
     const auto add = [&order](QWidget* pane) {
         QList<QWidget*> inside = pane->findChildren<QWidget*>();
         inside.prepend(pane);
-        // Tabs stand above their pages, but are made later.
+        // Tabs are above their pages, but are created later.
         std::stable_partition(inside.begin(), inside.end(),
                               [](QWidget* child) { return qobject_cast<QTabBar*>(child) != nullptr; });
         for (QWidget* widget : inside)
@@ -166,6 +167,7 @@ void MainPanes::PlaceAll() {
         if (place <= 0)
             place =
                 calls ? (sideways ? (besides - left) / 2 : room * 2 / 5) : (sideways ? room * 3 / 10 : room * 2 / 3);
+        // Unfolded first: the place of a folded pane is only the size to which it unfolds.
         bar.splitter->SetFolded(false);
         if (bar.splitter == callsX_)
             callsX_->setSizes({place, std::max(kSmallestTree, besides - 2 * place), place});

@@ -1,8 +1,8 @@
 // The two arrangements of the panes, their bars and what is stored of them.
 //
 // "Content": the project tree over the properties at the left, the content at the right. "Calls": the three trees side
-// by side, the content below with the properties beside it. The same panes stand in either; each arrangement keeps
-// places and folds of its own.
+// by side, the content below with the properties beside it. Both use the same panes; each arrangement has its own
+// places and folds.
 #pragma once
 
 #include <QWidget>
@@ -30,11 +30,11 @@ public:
 
     void Arrange(SplitMode mode);
 
-    /// The bars of the arrangement at hand: sideways, and up and down.
+    /// The bars of the current arrangement: sideways, and up and down.
     [[nodiscard]] FoldSplitter& picSplitX() const;
     [[nodiscard]] FoldSplitter& picSplitY() const;
 
-    /// Places in twips and folds, of both arrangements; what was never stored keeps its design.
+    /// Places in twips and folds, of both arrangements; values never stored keep their defaults.
     void Restore(const WindowSize& size);
     void Store(WindowSize& size) const;
     void Texte();

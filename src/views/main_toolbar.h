@@ -1,4 +1,4 @@
-// The toolbar of the main window. Captions stand beside its icons as far as there is room for them.
+// The toolbar of the main window. Captions appear beside its icons as far as there is room.
 #pragma once
 
 #include <QToolBar>

@@ -5,5 +5,5 @@
 #include <string>
 #include <vector>
 
-/// @param lines  UTF-8; the first one stands out
+/// @param lines  UTF-8; the first one is emphasised
 [[nodiscard]] QString ToolTipOf(const std::vector<std::string>& lines);

@@ -33,7 +33,7 @@ constexpr ColourRow kColourRows[] = {
     {Text::Strings, &Settings::ColString},
 };
 
-// A page's name in its own letters, which every reader of them knows.
+// The name of a code page in its own script, which those who need it can read.
 struct PageName {
     const char* number;
     const char16_t* name;
@@ -222,7 +222,7 @@ void VisualPage::BuildFonts() {
         row.sample->setBackgroundRole(QPalette::Base);
         row.sample->setAutoFillBackground(true);
         row.sample->setMargin(4);
-        // A large font is shown cut off; the window keeps its size.
+        // A large font is cut off in its sample, so that the window keeps its size.
         row.sample->setFixedHeight(3 * fontMetrics().height());
         row.sample->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
         row.choose->setObjectName(QStringLiteral("cmdFont%1").arg(nr));

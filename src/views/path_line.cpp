@@ -81,12 +81,14 @@ void PathLine::resizeEvent(QResizeEvent* event) {
 void PathLine::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     setText(whole_);
+    // As in other line edits: Tab selects everything, a click sets the cursor.
     if (event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason)
         selectAll();
 }
 
 void PathLine::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
+    // The context menu, where the user chooses Copy, must not shorten the text.
     if (event->reason() != Qt::PopupFocusReason)
         Fit();
 }

@@ -96,7 +96,7 @@ ProblemsList::ProblemsList(QWidget* parent)
     table_->setObjectName(QStringLiteral("table"));
     table_->setModel(sorted_);
     table_->setSortingEnabled(true);
-    // As they came, until a heading is clicked.
+    // In the order of their reports until the user clicks a heading.
     table_->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     sorted_->sort(-1);
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);

@@ -20,7 +20,7 @@ public:
     enum Column { What, Where, Meaning, Columns };
 
     using QAbstractTableModel::QAbstractTableModel;
-    /// Takes the list as it stands now.
+    /// Reads the current list.
     void Refresh();
     [[nodiscard]] const Problem* ProblemAt(const QModelIndex& index) const;
 
@@ -38,7 +38,7 @@ class ProblemsList final : public QDialog {
 public:
     explicit ProblemsList(QWidget* parent = nullptr);
 
-    /// Reads the list anew; also done whenever the window comes up.
+    /// Reads the list again; also done whenever the window opens.
     void Refresh();
     void Texte();
 

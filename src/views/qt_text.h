@@ -1,4 +1,4 @@
-// The one place where texts of the program become those of the window, and back.
+// Conversion of the program's texts to those of the window, and back; all views use these functions.
 #pragma once
 
 #include <QString>
@@ -9,7 +9,7 @@
 
 /// Bytes in the active code page, as in sources, names and paths of a project.
 [[nodiscard]] QString ToQString(std::string_view bytes);
-/// What a person typed or chose, in the active code page; what it cannot say becomes "?".
+/// Text from the user in the active code page; characters that it lacks become "?".
 [[nodiscard]] std::string FromQString(const QString& text);
 /// A text of the language files, which are Windows-1252 whatever the code page of the sources is.
 [[nodiscard]] QString TextNr(Text text);

@@ -229,6 +229,7 @@ void SearchBar::Texte() {
 void SearchBar::Focus() {
     if (!field_->hasFocus())
         focusBefore_ = QApplication::focusWidget();
+    // Esc returns the focus to where the search began.
     field_->setFocus(Qt::ShortcutFocusReason);
     field_->selectAll();
 }
@@ -296,7 +297,7 @@ void SearchBar::Choose(const QModelIndex& index) {
         return;
     const std::string codePath = hit->codePath;
     Close();
-    field_->setCursorPosition(0);  // in a narrow field the beginning says more
+    field_->setCursorPosition(0);  // in a narrow field the beginning is more useful than the end
     GiveFocusBack();
     Q_EMIT ObjectChosen(codePath);
 }
@@ -308,7 +309,7 @@ void SearchBar::MoveBy(int rows) {
     Select(std::clamp(view_->currentIndex().row() + rows, 0, last));
 }
 
-// The focus stays in the field, so it is the field that says which hit is chosen.
+// The focus stays in the field, so screen readers get the current hit as the field's description.
 void SearchBar::Select(int row) {
     const QModelIndex index = model_->index(row);
     view_->setCurrentIndex(index);
@@ -362,7 +363,7 @@ bool SearchBar::eventFilter(QObject* watched, QEvent* event) {
     const bool isField = watched == field_;
     switch (event->type()) {
         case QEvent::ShortcutOverride:
-            // Esc means the list as long as the field has the focus, whatever it means in the window.
+            // While the field has the focus, Esc closes the list, even if Esc is a shortcut of the window.
             if (isField && static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
                 event->accept();
             break;
@@ -371,6 +372,7 @@ bool SearchBar::eventFilter(QObject* watched, QEvent* event) {
                 return true;
             break;
         case QEvent::FocusOut:
+            // A context menu of the field takes the focus only for a moment.
             if (isField && static_cast<QFocusEvent*>(event)->reason() != Qt::PopupFocusReason)
                 Close();
             break;

@@ -20,7 +20,7 @@ public:
     enum Role { NameRole = Qt::UserRole, RangesRole, AboutRole };
 
     using QAbstractListModel::QAbstractListModel;
-    /// What is shown of a hit; it outlives the object.
+    /// The data shown for a hit; stays valid without the object.
     struct Row {
         QString name;
         std::string_view image;
@@ -44,14 +44,15 @@ class SearchBar final : public QWidget {
 public:
     explicit SearchBar(QWidget* parent = nullptr);
 
-    /// The field gets the focus, with all its text selected.
+    /// Focuses the field and selects its text.
     void Focus();
-    /// To be called before objects go: a project is closed or opened, or modules are read anew. Forgets all hits.
+    /// To be called before objects become invalid: a project is closed or opened, or modules are read again. Drops all
+    /// hits.
     void ProjectChanges();
     void Texte();
 
 Q_SIGNALS:
-    /// CodePath of the object that was chosen; the list is closed by then.
+    /// CodePath of the chosen object; the list is already closed.
     void ObjectChosen(const std::string& codePath);
 
 protected:
@@ -69,7 +70,7 @@ private:
     bool HandleKey(int key);
 
     QLineEdit* field_;
-    QFrame* list_;  // a child of the window, so that nothing below it moves; made its last child, it goes last
+    QFrame* list_;  // a child of the window, so that it covers the panes; added last, it is deleted last
     QListView* view_;
     QLabel* foot_;
     HitsModel* model_;

@@ -16,7 +16,7 @@
 
 namespace {
 
-// Without margins, so that what stands above the trees is as high as the search field and the path line beside it.
+// Without margins, so that the row above the trees is as high as the search field and the path line beside it.
 QToolBar* SmallToolbar(QWidget* parent) {
     auto* toolbar = new QToolBar(parent);
     toolbar->setIconSize(QSize(16, 16));
@@ -71,6 +71,7 @@ DependencyPane::DependencyPane(Baum& tree, const Settings& settings, Commands& c
     QFont bold = caption_->font();
     bold.setBold(true);
     caption_->setFont(bold);
+    // The caption must not set a minimum width for the whole pane.
     caption_->setMinimumWidth(1);
     auto* top = new QHBoxLayout;
     top->addStrut(HeadHeight(*this));
@@ -90,7 +91,7 @@ void DependencyPane::ShowCaption(const QString& text, bool mayBe) {
     PaintCaption();
 }
 
-// Red for possible, blue for certain, as dark or light as the palette wants them.
+// Red for possible, blue for certain, made readable on the palette.
 void DependencyPane::PaintCaption() {
     constexpr std::int32_t kRed = 255;
     constexpr std::int32_t kBlue = 0xff0000;

@@ -1,5 +1,5 @@
-// The trees with what belongs to each: the search and the check box buttons above the project tree, caption and
-// Really / May be above a dependency tree.
+// The trees with their controls: search and check box buttons above the project tree, caption and Really / May be above
+// a dependency tree.
 #pragma once
 
 #include <QWidget>
@@ -40,7 +40,7 @@ public:
     [[nodiscard]] BaumView& Tree() const { return *tree_; }
     /// The caption, in the colour of what is shown.
     void ShowCaption(const QString& text, bool mayBe);
-    /// The accessible name of the tree and what stands in it while it is empty.
+    /// The accessible name of the tree and the text shown while it is empty.
     void Texte(Text name, Text empty);
 
 private:

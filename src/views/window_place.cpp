@@ -23,6 +23,7 @@ void PlaceWindow(QWidget& window, const WindowSize& size) {
     const QScreen* screen = QGuiApplication::screenAt(window.geometry().center());
     const QRect room = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
     window.resize(window.size().boundedTo(room.size()).expandedTo(window.minimumSize()));
+    // The place may be from another screen, or from one that is no longer connected.
     if (!room.contains(window.geometry()))
         window.move(std::clamp(window.x(), room.left(), std::max(room.left(), room.right() - window.width())),
                     std::clamp(window.y(), room.top(), std::max(room.top(), room.bottom() - window.height())));

@@ -1,4 +1,4 @@
-// Where the main window stands, as it is stored in twips.
+// The place of the main window, stored in twips.
 #pragma once
 
 #include "shell/settings.h"
@@ -7,5 +7,5 @@ class QWidget;
 
 /// Places the window as stored, but always where a screen is.
 void PlaceWindow(QWidget& window, const WindowSize& size);
-/// Notes the place.
+/// Stores the place.
 void StorePlace(const QWidget& window, WindowSize& size);
