@@ -103,10 +103,10 @@ void Reader(benchmark::State& state, bool procedures) {
         clsProjekt& projekt = NewProject(project);
         for (const std::string& path : project.made.moduleFiles) {
             clsModul& modul = projekt.Own(std::make_unique<clsModul>());
-            modul.ModulTyp = path.ends_with(".frm")   ? "form"
-                             : path.ends_with(".cls") ? "class"
-                             : path.ends_with(".ctl") ? "usercontrol"
-                                                      : "module";
+            modul.ModulTyp = path.ends_with(".frm")   ? ModuleKind::Form
+                             : path.ends_with(".cls") ? ModuleKind::Class
+                             : path.ends_with(".ctl") ? ModuleKind::UserControl
+                                                      : ModuleKind::Module;
             modul.FullPath = path;
             ModuleFile file = Read_ModuleFile(project.files, path, modul.ModulTyp);
             Read_MyCodeName(projekt, modul, file);
