@@ -16,9 +16,9 @@ need_packages() {
     DEBIAN_FRONTEND=noninteractive $sudo apt-get install -y -qq --no-install-recommends "${missing[@]}" >/dev/null
 }
 
-# configure_and_build PRESET: configures once, builds what changed.
+# configure_and_build PRESET: configures once and when the presets change, builds what changed.
 configure_and_build() {
     echo "Building ($1)"
-    [ -f "build/$1/build.ninja" ] || cmake --preset "$1" >/dev/null
+    [ "build/$1/build.ninja" -nt CMakePresets.json ] || cmake --preset "$1" >/dev/null
     cmake --build --preset "$1" -- --quiet
 }

@@ -1,13 +1,15 @@
 // Compares reports of the sample project with files in tests/golden; UPDATE_GOLDEN=1 rewrites these files.
 #pragma once
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "model/clsProjekt.h"
 #include "project/project_file.h"
@@ -37,11 +39,17 @@ inline void ExpectGolden(const std::string& report, const std::string& directory
     EXPECT_EQ(report, bytes.str());
 }
 
-/// One golden file for each module.
+/// One golden file for a module of each kind: a standard module with a type, a class with an enumeration and properties,
+/// a form, a user control.
 template <class Report>
 void ExpectGoldenModules(Report report, const std::string& directory) {
-    for (const clsModul* modul : gProjekt->AllModules())
-        ExpectGolden(report(*modul), directory, std::string(modMain::DirOrFileName(modul->FullPath, 0)));
+    std::vector<std::string_view> missing{"modStore.bas", "clsHire.cls", "frmReturn.frm", "ctlLateBadge.ctl"};
+    for (const clsModul* modul : gProjekt->AllModules()) {
+        const std::string_view file = modMain::DirOrFileName(modul->FullPath, 0);
+        if (std::erase(missing, file) == 1)
+            ExpectGolden(report(*modul), directory, std::string(file));
+    }
+    EXPECT_THAT(missing, testing::IsEmpty());
 }
 
 /// A report with "|" for each line end and ">" for each tab.
