@@ -39,8 +39,8 @@ inline void ExpectGolden(const std::string& report, const std::string& directory
     EXPECT_EQ(report, bytes.str());
 }
 
-/// One golden file for a module of each kind: a standard module with a type, a class with an enumeration and properties,
-/// a form, a user control.
+/// One golden file for a module of each kind: a standard module with a type, a class with an enumeration and
+/// properties, a form, a user control.
 template <class Report>
 void ExpectGoldenModules(Report report, const std::string& directory) {
     std::vector<std::string_view> missing{"modStore.bas", "clsHire.cls", "frmReturn.frm", "ctlLateBadge.ctl"};
