@@ -63,7 +63,7 @@ public:
     bool callsKnown = false;  // the graph is that of all modules
     bool marksKnown = false;  // IsDeath of the objects says what the graph shows
 
-    std::string TimeForStructure, TimeForCalls, TimeForTree;
+    std::string TimeForStructure, TimeForCalls;
 
     /// Rises whenever modules come, change or go. Who keeps anything of a project keeps this number beside it.
     [[nodiscard]] int Generation() const { return generation_; }

@@ -19,7 +19,6 @@ namespace {
 
 constexpr std::string_view kAuto = "auto";
 constexpr std::string_view kAutoPage = "1252";
-constexpr std::string_view kUtf8Page = "65001";
 
 /// One direction of iconv; the destructor closes it.
 class Converter {

@@ -32,7 +32,6 @@ public:
     [[nodiscard]] Pos SelLength() const;
     [[nodiscard]] int PlaceCount() const { return static_cast<int>(places_.size()); }
     /// From 1; 0 when no place is marked.
-    [[nodiscard]] int CurrentPlace() const { return currentPlace_; }
 
     /// Font, colours and the size of the tabs from the settings, on the text that stands there.
     void ApplySettings();
