@@ -80,6 +80,8 @@ public:
     [[nodiscard]] int CountAllModules() const;
     /// Every module of the four collections: Modules, Formulare, Klassenmodule, UserControls.
     [[nodiscard]] std::vector<clsModul*> AllModules() const;
+    /// The same in the order of the reports: Modules, Klassenmodule, Formulare, UserControls.
+    [[nodiscard]] std::vector<clsModul*> ModulesInReportOrder() const;
     /// How many objects there are of each class.
     [[nodiscard]] ObjectCounts Counts() const;
     /// How many objects there are; their numbers are below it.
