@@ -191,9 +191,7 @@ int Run(const Options& options) {
 
     const bool reportsWritten = WriteReports(files, options, *gProjekt);
     const double callMilliseconds = options.noCalls ? -1 : callTimer.LastRun;
-    const std::string summary =
-        options.quiet ? std::string()
-                      : SummaryText(*gProjekt, gText.Language == "german", timer.LastRun, callMilliseconds);
+    const std::string summary = options.quiet ? std::string() : SummaryText(*gProjekt, timer.LastRun, callMilliseconds);
     const bool jsonWritten = WriteJsonFile(options);
     for (const Problem& problem : gProjekt->problems.All())
         std::cerr << Shown(problem.subject) << ": " << Shown(problem.text) << " (" << Shown(problem.tag) << ")\n";

@@ -57,10 +57,6 @@ BaumNode* BaumNode::FirstSibling() const {
     return siblings_->front();
 }
 
-BaumNode* BaumNode::LastSibling() const {
-    return siblings_->back();
-}
-
 struct Baum::State {
     struct Slot {
         std::uint32_t hash;

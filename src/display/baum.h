@@ -56,7 +56,6 @@ public:
     /// Icon while expanded; empty when it is that of Image.
     [[nodiscard]] std::string_view ExpandedImage() const { return expandedImage_; }
     [[nodiscard]] NodeColour ForeColor() const { return foreColor_; }
-    [[nodiscard]] bool Sorted() const { return sorted_; }
     [[nodiscard]] bool Bold() const { return bold_; }
     [[nodiscard]] bool Expanded() const { return expanded_; }
     [[nodiscard]] bool Checked() const { return checked_; }
@@ -66,7 +65,6 @@ public:
     [[nodiscard]] int Children() const { return static_cast<int>(children_.size()); }
     [[nodiscard]] BaumNode* Next() const;
     [[nodiscard]] BaumNode* FirstSibling() const;
-    [[nodiscard]] BaumNode* LastSibling() const;
     /// Place among the siblings, from 0.
     [[nodiscard]] int Row() const { return row_; }
     [[nodiscard]] const std::vector<BaumNode*>& ChildNodes() const { return children_; }

@@ -324,10 +324,6 @@ bool HasCallees(const CodeObject& object, CallType type) {
 
 }  // namespace
 
-BaumNode* Anzeigen_InBaum(const CodeObject& object, Baum& tree) {
-    return ObtainNode(object, tree);
-}
-
 void Show_Dependencies_AllCalledBy(const clsProjekt& projekt, const CheckedObjects& checked, const CodeObject* current,
                                    Baum& calledBy, bool mayBe) {
     const Baum::Filling whole(calledBy);

@@ -14,10 +14,6 @@ class CodeObject;
 class clsModul;
 class clsProjekt;
 
-/// The object's node in the tree, made with all its ancestors where it is missing. Null for an object that has no
-/// place.
-BaumNode* Anzeigen_InBaum(const CodeObject& object, Baum& tree);
-
 /// The whole tree for the current object, which may be null. A variable of a procedure shows its procedure, and a
 /// module is shown folded.
 void Show_Dependencies_AllCalledBy(const clsProjekt& projekt, const CheckedObjects& checked, const CodeObject* current,

@@ -1,33 +1,11 @@
 #include "display/diagnosis.h"
 
-#include "model/clsEnum.h"
+#include "findings/object_counts.h"
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
-#include "model/clsType.h"
-#include "model/clsVariable.h"
 #include "model/counters.h"
 
 namespace {
-
-struct Totals {
-    int procedures = 0, variables = 0, types = 0, enums = 0, really = 0, mayBe = 0;
-
-    void Add(const clsModul& modul) {
-        procedures += modul.MyProcs.Count();
-        variables += modul.MyVars.Count();
-        types += modul.myTypes.Count();
-        enums += modul.myEnums.Count();
-        for (const clsType* type : modul.myTypes)
-            variables += type->MyVars.Count();
-        for (const clsEnum* einEnum : modul.myEnums)
-            variables += einEnum->MyVars.Count();
-        for (const clsProzedur* prozedur : modul.MyProcs) {
-            variables += prozedur->MyVars.Count();
-            for (const clsCall* call : prozedur->CallsAll())
-                ++(call->Type() == CallType::MayBe ? mayBe : really);
-        }
-    }
-};
 
 int Count(const clsProjekt* projekt, clsCollection<clsModul> clsProjekt::*modules) {
     return projekt ? (projekt->*modules).Count() : 0;
@@ -36,11 +14,17 @@ int Count(const clsProjekt* projekt, clsCollection<clsModul> clsProjekt::*module
 }  // namespace
 
 std::string DiagnosticSummary(const clsProjekt* projekt) {
-    Totals totals;
+    ModuleCounts totals;
+    int really = 0;
+    int mayBe = 0;
     if (projekt)
         for (const clsCollection<clsModul>* modules : {&projekt->Formulare, &projekt->Klassenmodule, &projekt->Modules})
-            for (const clsModul* modul : *modules)
+            for (const clsModul* modul : *modules) {
                 totals.Add(*modul);
+                for (const clsProzedur* prozedur : modul->MyProcs)
+                    for (const clsCall* call : prozedur->CallsAll())
+                        ++(call->Type() == CallType::MayBe ? mayBe : really);
+            }
 
     std::string text = "Projektstruktur\t\tCode-Objekte\n";
     const auto pair = [&text](const char* left, int leftCount, const char* right, int rightCount) {
@@ -52,8 +36,8 @@ std::string DiagnosticSummary(const clsProjekt* projekt) {
     pair("Formulare: ", Count(projekt, &clsProjekt::Formulare), "Strukturen: ", totals.types);
     line("Enums: ", totals.enums);
     text += "\n";
-    line("Really-Aufrufe: ", totals.really);
-    line("MayBe-Aufrufe: ", totals.mayBe);
+    line("Really-Aufrufe: ", really);
+    line("MayBe-Aufrufe: ", mayBe);
     text += "\n\n\nObjektinstanzen\n";
     const ObjectCounts instances = projekt ? projekt->Counts() : ObjectCounts();
     line("clsModul: ", instances.modul);

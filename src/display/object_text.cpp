@@ -5,6 +5,7 @@
 
 #include "calls/edges.h"
 #include "display/local_uses.h"
+#include "display/object_search.h"
 #include "display/properties.h"
 #include "display/shown_text.h"
 #include "model/clsControl.h"
@@ -14,6 +15,7 @@
 #include "model/clsType.h"
 #include "model/clsTypeLib.h"
 #include "model/clsVariable.h"
+#include "shell/clsText.h"
 #include "source/module_text.h"
 
 namespace {
@@ -37,37 +39,29 @@ std::string Shortened(std::string text) {
     return text.append("\u2026");
 }
 
-std::string KindOf(const CodeObject& object) {
+// The word for the object with its access before it.
+std::string KindWithAccess(const CodeObject& object) {
+    const std::string kind = ObjectKind(object);
     switch (object.Class()) {
-        case ObjectClass::Modul:
-            return std::string(TextOf(static_cast<const clsModul&>(object).ModulTyp));
         case ObjectClass::Prozedur: {
             const auto& prozedur = static_cast<const clsProzedur&>(object);
-            std::string kind(TextOf(prozedur.Zugriff));
-            if (prozedur.isDeclare)
-                kind.append(" declare");
-            else if (prozedur.IsEvent || prozedur.IsUserEvent)
-                kind.append(" event");
-            return KindAndName(kind, prozedur.ProzedurTypText());
+            const bool isEvent = !prozedur.isDeclare && (prozedur.IsEvent || prozedur.IsUserEvent);
+            return KindAndName(TextOf(prozedur.Zugriff), isEvent ? "event " + kind : kind);
         }
         case ObjectClass::Variable: {
             const auto& variable = static_cast<const clsVariable&>(object);
             if (variable.MyType || variable.MyEnum || (variable.Zugriff == Access::Argument && !variable.isResult))
-                return std::string(TextOf(variable.Zugriff));
+                return kind;
             const std::string access =
                 variable.Prozedur ? Utf8TextNr(Text::Local) : std::string(TextOf(variable.Zugriff));
             return KindAndName(access, variable.IsConst ? "const" : "variable");
         }
         case ObjectClass::Type:
-            return KindAndName(TextOf(object.Zugriff), "type");
         case ObjectClass::Enum:
-            return KindAndName(TextOf(object.Zugriff), "enum");
-        case ObjectClass::Control:
-            return "control";
-        case ObjectClass::TypeLib:
-            return std::string(TextOf(static_cast<const clsTypeLib&>(object).LibTyp));
+            return KindAndName(TextOf(object.Zugriff), kind);
+        default:
+            return kind;
     }
-    return {};
 }
 
 std::string_view DataTypeOf(const CodeObject& object) {
@@ -207,7 +201,7 @@ std::vector<std::string> ObjectText(const clsProjekt& projekt, const LocalUses& 
     const clsModul* const modul =
         object.Class() == ObjectClass::Modul ? static_cast<const clsModul*>(&object) : object.Modul;
     const std::string_view path = object.Class() == ObjectClass::Variable ? object.myNameOrg() : std::string_view();
-    add(KindAndName(KindOf(object), Utf8Of(modul, path.empty() ? object.CodePathOrg() : std::string(path))));
+    add(KindAndName(KindWithAccess(object), Utf8Of(modul, path.empty() ? object.CodePathOrg() : std::string(path))));
     // A path is in the system's page, whatever the text of its file is in.
     add(Shortened(Utf8Of(object.Modul, Declaration(object))));
     if (const std::string owner = OwnerText(object); !owner.empty())

@@ -1,8 +1,9 @@
 #include "display/project_tree.h"
 
 #include <algorithm>
-#include <utility>
+#include <array>
 
+#include "display/baum.h"
 #include "model/clsControl.h"
 #include "model/clsEnum.h"
 #include "model/clsProjekt.h"
@@ -12,7 +13,6 @@
 #include "model/group_keys.h"
 #include "shell/clsText.h"
 #include "shell/operations.h"
-#include "shell/timing.h"
 
 namespace {
 
@@ -43,8 +43,6 @@ constexpr std::array<RootKind, 6> kRoots{{{"component[]", "COMPONENT"},
                                           {"class[]", "CLASS"},
                                           {"usercontrol[]", "USERCONTROL"}}};
 
-std::function<bool(std::string_view)> gImageList1;
-
 void AddRoot(const RootKind& kind, Baum& tree) {
     BaumNode* root = tree.Add(nullptr, std::string(kind.key), std::string(kind.text), "OrdnerZu", NodeKind::Root);
     if (!root)
@@ -52,6 +50,15 @@ void AddRoot(const RootKind& kind, Baum& tree) {
     tree.SetExpandedImage(*root, "OrdnerAuf");
     tree.SetSorted(*root, true);
     tree.SetBold(*root, true);
+}
+
+void AddRoots(const clsProjekt& projekt, Baum& tree) {
+    const std::array<int, 6> counts{projekt.myProjectObjects.Count(), projekt.myProjectReferences.Count(),
+                                    projekt.Formulare.Count(),        projekt.Modules.Count(),
+                                    projekt.Klassenmodule.Count(),    projekt.UserControls.Count()};
+    for (std::size_t i = 0; i < kRoots.size(); ++i)
+        if (counts[i] > 0)
+            AddRoot(kRoots[i], tree);
 }
 
 // A library has no contents to show yet: the classes, enumerations and types of one that does go below this node.
@@ -65,22 +72,6 @@ void AddLibrary(const clsTypeLib& library, Baum& tree) {
         tree.SetSorted(*node, true);
 }
 
-void AddModules(const clsCollection<clsModul>& modules, std::string_view label, Baum& tree, bool withLocals) {
-    if (gAbort)
-        return;
-    gProgress().Label(label);
-    for (const clsModul* modul : modules) {
-        if (gAbort)
-            return;
-        DoEvents();
-        clsModulAnzeige anzeige(tree, withLocals);
-        anzeige.MyModul(*modul);
-        anzeige.Anzeigen();
-        anzeige.Anzeigen_Struktur();
-        gProgress().Progressiere_mal();
-    }
-}
-
 void AddLibraries(const clsCollection<clsTypeLib>& libraries, std::string_view label, Baum& tree) {
     gProgress().Label(label);
     for (const clsTypeLib* library : libraries)
@@ -92,12 +83,6 @@ void AddMembers(const clsCollection<clsVariable>& members, BaumNode* owner, Baum
         tree.Add(owner, member->CodePath(), std::string(member->myNameOrg()), member->GetImageKey());
 }
 
-template <class Owner>
-void AddMembersOf(const Owner& owner, Baum& tree) {
-    if (BaumNode* node = tree.Item(owner.CodePath()))
-        AddMembers(owner.MyVars, node, tree);
-}
-
 std::string_view ImageOfLocal(const clsVariable& variable) {
     if (variable.Zugriff == Access::Argument)
         return "argument";
@@ -107,6 +92,102 @@ std::string_view ImageOfLocal(const clsVariable& variable) {
 void AddLocals(const clsProzedur& prozedur, BaumNode* owner, Baum& tree) {
     for (const clsVariable* variable : prozedur.MyVars)
         tree.Add(owner, variable->CodePath(), std::string(variable->myNameOrg()), ImageOfLocal(*variable));
+}
+
+// Adds one module with its groups and objects to a tree.
+class clsModulAnzeige {
+public:
+    clsModulAnzeige(const clsModul& modul, Baum& tree, bool withLocals)
+        : modul_(modul), tree_(tree), withLocals_(withLocals), nodeKey_(modul.MyName()) {}
+
+    /// The root must be there.
+    void Anzeigen() {
+        if (BaumNode* root = tree_.Item(std::string(TextOf(modul_.ModulTyp)) + "[]", NodeKind::Root))
+            tree_.Add(root, nodeKey_, std::string(modul_.myNameOrg()), TextOf(modul_.ModulTyp));
+        if (BaumNode* group = Group(TreeGroup::Controls, modul_.MyControls.Count()))
+            for (const clsControl* control : modul_.MyControls)
+                Entry(group, *control);
+        WithMembers(TreeGroup::PrivateType, modul_.Private_Type);
+        WithMembers(TreeGroup::PublicType, modul_.Public_Type);
+        WithMembers(TreeGroup::PrivateEnum, modul_.Private_Enum);
+        WithMembers(TreeGroup::PublicEnum, modul_.Public_Enum);
+        Variables(TreeGroup::PrivateVariable, modul_.Private_Variablen, modul_.ModulTyp != ModuleKind::Module);
+        Variables(TreeGroup::PublicVariable, modul_.Public_Variablen, false);
+        Procedures(TreeGroup::PrivateProperty, modul_.Private_Property);
+        Procedures(TreeGroup::PublicProperty, modul_.Public_Property);
+        Procedures(TreeGroup::PrivateFunction, modul_.Private_Function);
+        Procedures(TreeGroup::PublicFunction, modul_.Public_Function);
+        Procedures(TreeGroup::PrivateSub, modul_.Private_Sub);
+        Procedures(TreeGroup::PublicSub, modul_.Public_Sub);
+    }
+
+private:
+    /// The node of a group with `count` objects; null when there are none.
+    BaumNode* Group(TreeGroup group, int count) {
+        BaumNode* node = count > 0 ? tree_.Item(nodeKey_) : nullptr;
+        if (!node)
+            return nullptr;
+        const TreeGroupKind& kind = KindOf(group);
+        const std::string key = nodeKey_ + std::string(kind.suffix);
+        BaumNode* made = tree_.Add(node, key, std::string(kind.text), kind.image, NodeKind::Group);
+        if (!made)
+            return tree_.Item(key, NodeKind::Group);
+        tree_.SetSorted(*made, true);
+        tree_.SetBold(*made, true);
+        return made;
+    }
+
+    /// The object's node, whether it is new or not.
+    BaumNode* Entry(BaumNode* parent, const CodeObject& object) {
+        BaumNode* made = tree_.Add(parent, object.CodePath(), NodeText(object), object.GetImageKey());
+        return made ? made : tree_.Item(object.CodePath());
+    }
+
+    void Procedures(TreeGroup group, const clsCollection<clsProzedur>& procedures) {
+        BaumNode* parent = Group(group, procedures.Count());
+        if (!parent)
+            return;
+        for (const clsProzedur* prozedur : procedures) {
+            BaumNode* node = Entry(parent, *prozedur);
+            if (withLocals_)
+                AddLocals(*prozedur, node, tree_);
+        }
+    }
+
+    void Variables(TreeGroup group, const clsCollection<clsVariable>& variables, bool leavesOutMe) {
+        // Me has no node, and a group for it alone would be empty.
+        BaumNode* parent = Group(group, variables.Count() - (leavesOutMe && variables.Contains("me") ? 1 : 0));
+        if (!parent)
+            return;
+        for (const clsVariable* variable : variables)
+            if (!leavesOutMe || variable->MyName() != "me")
+                Entry(parent, *variable);
+    }
+
+    template <class Owner>
+    void WithMembers(TreeGroup group, const clsCollection<Owner>& owners) {
+        if (BaumNode* parent = Group(group, owners.Count()))
+            for (const Owner* owner : owners)
+                AddMembers(owner->MyVars, Entry(parent, *owner), tree_);
+    }
+
+    const clsModul& modul_;
+    Baum& tree_;
+    const bool withLocals_;
+    const std::string nodeKey_;
+};
+
+void AddModules(const clsCollection<clsModul>& modules, std::string_view label, Baum& tree, bool withLocals) {
+    if (gAbort)
+        return;
+    gProgress().Label(label);
+    for (const clsModul* modul : modules) {
+        if (gAbort)
+            return;
+        DoEvents();
+        clsModulAnzeige(*modul, tree, withLocals).Anzeigen();
+        gProgress().Progressiere_mal();
+    }
 }
 
 }  // namespace
@@ -125,242 +206,18 @@ std::string NodeText(const CodeObject& object) {
 }
 
 std::string_view LibraryImage(const clsTypeLib& library) {
-    if (library.LibTyp == LibraryKind::Reference)
-        return "Library";
-    return ImageList1_Exist(library.TypeLibID) ? std::string_view(library.TypeLibID) : "Object";
+    return library.LibTyp == LibraryKind::Reference ? "Library" : "Object";
 }
 
-bool ImageList1_Exist(std::string_view key) {
-    return gImageList1 && gImageList1(key);
-}
-
-std::function<bool(std::string_view)> SetImageList1(std::function<bool(std::string_view)> exist) {
-    return std::exchange(gImageList1, std::move(exist));
-}
-
-void ProjektStruktur_Anzeigen(clsProjekt& projekt, Baum& tree, bool withLocals) {
+void ProjektStruktur_Anzeigen(const clsProjekt& projekt, Baum& tree, bool withLocals) {
     gProgress().Caption(gText.TextNr(Text::BuildingTree));
     gProgress().Range(0, std::max(1, projekt.CountAllModules()));
-    clsQueryTimer timer;
-    timer.Calibrieren();
-    timer.Start();
-    {
-        const Baum::Filling filling(tree);
-        Anzeigen_Gruppen(projekt, tree);
-        Anzeigen_Objekte(projekt, tree);
-        Anzeigen_Referenzen(projekt, tree);
-        Anzeigen_Formulare(projekt, tree, withLocals);
-        Anzeigen_Module(projekt, tree, withLocals);
-        Anzeigen_Klassenmodule(projekt, tree, withLocals);
-        Anzeigen_UserControls(projekt, tree, withLocals);
-    }
-    timer.Halt();
-    projekt.TimeForTree = timer.Get_TotalStr();
-}
-
-void Anzeigen_Gruppen(const clsProjekt& projekt, Baum& tree) {
-    const std::array<int, 6> counts{projekt.myProjectObjects.Count(), projekt.myProjectReferences.Count(),
-                                    projekt.Formulare.Count(),        projekt.Modules.Count(),
-                                    projekt.Klassenmodule.Count(),    projekt.UserControls.Count()};
-    for (std::size_t i = 0; i < kRoots.size(); ++i)
-        if (counts[i] > 0)
-            AddRoot(kRoots[i], tree);
-}
-
-void Anzeigen_Objekte(const clsProjekt& projekt, Baum& tree) {
+    const Baum::Filling filling(tree);
+    AddRoots(projekt, tree);
     AddLibraries(projekt.myProjectObjects, "Components...", tree);
-}
-
-void Anzeigen_Referenzen(const clsProjekt& projekt, Baum& tree) {
     AddLibraries(projekt.myProjectReferences, "References...", tree);
-}
-
-void Anzeigen_Formulare(const clsProjekt& projekt, Baum& tree, bool withLocals) {
     AddModules(projekt.Formulare, "Forms...", tree, withLocals);
-}
-
-void Anzeigen_Module(const clsProjekt& projekt, Baum& tree, bool withLocals) {
     AddModules(projekt.Modules, "Modules...", tree, withLocals);
-}
-
-void Anzeigen_Klassenmodule(const clsProjekt& projekt, Baum& tree, bool withLocals) {
     AddModules(projekt.Klassenmodule, "Classes...", tree, withLocals);
-}
-
-void Anzeigen_UserControls(const clsProjekt& projekt, Baum& tree, bool withLocals) {
     AddModules(projekt.UserControls, "User Controls...", tree, withLocals);
-}
-
-void Anzeigen_Variablen(const clsProzedur& prozedur, Baum& tree) {
-    if (BaumNode* node = tree.Item(prozedur.CodePath()))
-        AddLocals(prozedur, node, tree);
-}
-
-void Anzeigen_Elemente(const clsType& type, Baum& tree) {
-    AddMembersOf(type, tree);
-}
-
-void Anzeigen_Elemente(const clsEnum& einEnum, Baum& tree) {
-    AddMembersOf(einEnum, tree);
-}
-
-void clsModulAnzeige::MyModul(const clsModul& modul) {
-    modul_ = &modul;
-    nodeKey_ = modul.myLibrary ? modul.CodePath() : std::string(modul.MyName());
-    const std::string prefix = modul.myLibrary ? JoinPath(modul.myLibrary->MyName(), modul.MyName()) : nodeKey_;
-    for (std::size_t i = 0; i < kTreeGroups; ++i)
-        keys_[i] = prefix + std::string(kKinds[i].suffix);
-}
-
-void clsModulAnzeige::Anzeigen() {
-    BaumNode* parent = modul_->myLibrary ? tree_.Item(modul_->myLibrary->MyName())
-                                         : tree_.Item(std::string(TextOf(modul_->ModulTyp)) + "[]", NodeKind::Root);
-    if (parent)
-        tree_.Add(parent, nodeKey_, std::string(modul_->myNameOrg()), TextOf(modul_->ModulTyp));
-}
-
-void clsModulAnzeige::Anzeigen_Struktur() {
-    Anzeigen_ControlGruppen();
-    Anzeigen_Controls();
-    Anzeigen_TypeGruppen();
-    Anzeigen_Type();
-    Anzeigen_EnumGruppen();
-    Anzeigen_Enum();
-    Anzeigen_VariableGruppen();
-    Anzeigen_Variable();
-    Anzeigen_PropertyGruppen();
-    Anzeigen_Property();
-    Anzeigen_FunctionGruppen();
-    Anzeigen_Function();
-    Anzeigen_SubGruppen();
-    Anzeigen_Sub();
-}
-
-void clsModulAnzeige::Anzeigen_ControlGruppen() {
-    Gruppe(TreeGroup::Controls, modul_->MyControls.Count());
-}
-
-void clsModulAnzeige::Anzeigen_Controls() {
-    if (BaumNode* parent = tree_.Item(GroupKey(TreeGroup::Controls), NodeKind::Group))
-        for (const clsControl* control : modul_->MyControls)
-            Entry(parent, *control);
-}
-
-void clsModulAnzeige::Anzeigen_TypeGruppen() {
-    Gruppe(TreeGroup::PrivateType, modul_->Private_Type.Count());
-    Gruppe(TreeGroup::PublicType, modul_->Public_Type.Count());
-}
-
-void clsModulAnzeige::Anzeigen_Type() {
-    WithMembers(TreeGroup::PrivateType, modul_->Private_Type);
-    WithMembers(TreeGroup::PublicType, modul_->Public_Type);
-}
-
-void clsModulAnzeige::Anzeigen_EnumGruppen() {
-    Gruppe(TreeGroup::PrivateEnum, modul_->Private_Enum.Count());
-    Gruppe(TreeGroup::PublicEnum, modul_->Public_Enum.Count());
-}
-
-void clsModulAnzeige::Anzeigen_Enum() {
-    WithMembers(TreeGroup::PrivateEnum, modul_->Private_Enum);
-    WithMembers(TreeGroup::PublicEnum, modul_->Public_Enum);
-}
-
-void clsModulAnzeige::Anzeigen_VariableGruppen() {
-    // Me has no node, and a group for it alone would be empty.
-    const auto& variables = modul_->Private_Variablen;
-    Gruppe(TreeGroup::PrivateVariable, variables.Count() - (LeavesOutMe() && variables.Contains("me") ? 1 : 0));
-    Gruppe(TreeGroup::PublicVariable, modul_->Public_Variablen.Count());
-}
-
-void clsModulAnzeige::Anzeigen_Variable() {
-    Variables(TreeGroup::PrivateVariable, modul_->Private_Variablen);
-    Variables(TreeGroup::PublicVariable, modul_->Public_Variablen);
-}
-
-void clsModulAnzeige::Anzeigen_PropertyGruppen() {
-    Gruppe(TreeGroup::PrivateProperty, modul_->Private_Property.Count());
-    Gruppe(TreeGroup::PublicProperty, modul_->Public_Property.Count());
-}
-
-void clsModulAnzeige::Anzeigen_Property() {
-    Procedures(TreeGroup::PrivateProperty, modul_->Private_Property);
-    Procedures(TreeGroup::PublicProperty, modul_->Public_Property);
-}
-
-void clsModulAnzeige::Anzeigen_FunctionGruppen() {
-    Gruppe(TreeGroup::PrivateFunction, modul_->Private_Function.Count());
-    Gruppe(TreeGroup::PublicFunction, modul_->Public_Function.Count());
-}
-
-void clsModulAnzeige::Anzeigen_Function() {
-    Procedures(TreeGroup::PrivateFunction, modul_->Private_Function);
-    Procedures(TreeGroup::PublicFunction, modul_->Public_Function);
-}
-
-void clsModulAnzeige::Anzeigen_SubGruppen() {
-    Gruppe(TreeGroup::PrivateSub, modul_->Private_Sub.Count());
-    Gruppe(TreeGroup::PublicSub, modul_->Public_Sub.Count());
-}
-
-void clsModulAnzeige::Anzeigen_Sub() {
-    Procedures(TreeGroup::PrivateSub, modul_->Private_Sub);
-    Procedures(TreeGroup::PublicSub, modul_->Public_Sub);
-}
-
-bool clsModulAnzeige::LeavesOutMe() const {
-    return modul_->ModulTyp != ModuleKind::Module;
-}
-
-void clsModulAnzeige::Gruppe(TreeGroup group, int count) {
-    BaumNode* node = count > 0 ? tree_.Item(nodeKey_) : nullptr;
-    if (!node)
-        return;
-    const TreeGroupKind& kind = KindOf(group);
-    if (BaumNode* made = tree_.Add(node, GroupKey(group), std::string(kind.text), kind.image, NodeKind::Group)) {
-        tree_.SetSorted(*made, true);
-        tree_.SetBold(*made, true);
-    }
-}
-
-// The new node; null if there is one with this key.
-BaumNode* clsModulAnzeige::Entry(BaumNode* parent, const CodeObject& object) {
-    return tree_.Add(parent, object.CodePath(), NodeText(object), object.GetImageKey());
-}
-
-void clsModulAnzeige::Procedures(TreeGroup group, const clsCollection<clsProzedur>& procedures) {
-    BaumNode* parent = procedures.Count() > 0 ? tree_.Item(GroupKey(group), NodeKind::Group) : nullptr;
-    if (!parent)
-        return;
-    for (const clsProzedur* prozedur : procedures) {
-        BaumNode* node = Entry(parent, *prozedur);
-        if (!withLocals_)
-            continue;
-        if (!node)
-            node = tree_.Item(prozedur->CodePath());
-        AddLocals(*prozedur, node, tree_);
-    }
-}
-
-void clsModulAnzeige::Variables(TreeGroup group, const clsCollection<clsVariable>& variables) {
-    BaumNode* parent = variables.Count() > 0 ? tree_.Item(GroupKey(group), NodeKind::Group) : nullptr;
-    if (!parent)
-        return;
-    const bool leavesOutMe = group == TreeGroup::PrivateVariable && LeavesOutMe();
-    for (const clsVariable* variable : variables)
-        if (!leavesOutMe || variable->MyName() != "me")
-            Entry(parent, *variable);
-}
-
-template <class Owner>
-void clsModulAnzeige::WithMembers(TreeGroup group, const clsCollection<Owner>& owners) {
-    BaumNode* parent = owners.Count() > 0 ? tree_.Item(GroupKey(group), NodeKind::Group) : nullptr;
-    if (!parent)
-        return;
-    for (const Owner* owner : owners) {
-        BaumNode* node = Entry(parent, *owner);
-        if (!node)
-            node = tree_.Item(owner->CodePath());
-        AddMembers(owner->MyVars, node, tree_);
-    }
 }

@@ -7,7 +7,6 @@
 #include "model/clsTypeLib.h"
 #include "model/clsVariable.h"
 #include "platform/code_page.h"
-#include "shell/clsText.h"
 #include "source/lines.h"
 #include "source/module_text.h"
 
@@ -59,10 +58,6 @@ std::string Utf8Of(const clsModul* modul, std::string_view bytes) {
     if (IsAscii(bytes))
         return std::string(bytes);
     return (modul && modul->text ? PageOf(modul->text->ModulTextOrg()) : ActiveCodePage()).ToUtf8(bytes);
-}
-
-std::string Utf8TextNr(Text text) {
-    return Latin().ToUtf8(gText.TextNr(text));
 }
 
 int LineOf(std::string_view text, Pos pos) {

@@ -5,7 +5,6 @@
 #include <string>
 #include <string_view>
 
-#include "shell/text_numbers.h"
 #include "shell/vb_text.h"
 
 class clsModul;
@@ -18,8 +17,6 @@ class CodeObject;
 
 /// UTF-8 of bytes from a module, or of a name or path when `modul` is null.
 [[nodiscard]] std::string Utf8Of(const clsModul* modul, std::string_view bytes);
-/// UTF-8 of a text of the language file.
-[[nodiscard]] std::string Utf8TextNr(Text text);
 
 /// Number of the physical line that holds `pos`, from 1.
 [[nodiscard]] int LineOf(std::string_view text, Pos pos);

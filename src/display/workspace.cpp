@@ -47,7 +47,6 @@ bool Workspace::Open(const std::string& path) {
     Timer_Start(gTimerProjektOeffnen);
     ports_.run("Projekt_Laden", true, [this] { Projekt_Laden(*projekt_); });
     Timer_Stop(gTimerProjektOeffnen);
-    Timer_String(gTimerProjektOeffnen);
     if (gAbort) {
         Close();
         return false;

@@ -124,12 +124,10 @@ std::string CallsReportPath(const clsModul& modul) {
 }
 
 void AnalyseErgebnisCalls(const clsProjekt& projekt, const ReportPath& path) {
-    for (const auto* modules : {&projekt.Modules, &projekt.Klassenmodule, &projekt.Formulare, &projekt.UserControls})
-        for (const clsModul* modul : *modules) {
-            const ErrorSubject subject(modul->FullPath);
-            const std::string file = path(*modul);
-            if (const FileError error = projekt.TheFiles().WriteWhole(file, CallsReport(*modul));
-                error != FileError::None)
-                ShowError("clsModul: AnalyseErgebnisCalls", 75, std::string(Describe(error)) + " (" + file + ")");
-        }
+    for (const clsModul* modul : projekt.ModulesInReportOrder()) {
+        const ErrorSubject subject(modul->FullPath);
+        const std::string file = path(*modul);
+        if (const FileError error = projekt.TheFiles().WriteWhole(file, CallsReport(*modul)); error != FileError::None)
+            ShowError("clsModul: AnalyseErgebnisCalls", 75, std::string(Describe(error)) + " (" + file + ")");
+    }
 }

@@ -87,9 +87,8 @@ std::string DeathsReportPath(const clsProjekt& projekt) {
 
 void AnalyseErgebnisDeaths(const clsProjekt& projekt, const std::string& path) {
     std::string text;
-    for (const auto* modules : {&projekt.Modules, &projekt.Klassenmodule, &projekt.Formulare, &projekt.UserControls})
-        for (const clsModul* modul : *modules)
-            text += DeathsReport(*modul);
+    for (const clsModul* modul : projekt.ModulesInReportOrder())
+        text += DeathsReport(*modul);
     if (const FileError error = projekt.TheFiles().WriteWhole(path, text); error != FileError::None)
         ShowError("modMain: AnalyseErgebnisDeaths", 75, std::string(Describe(error)) + " (" + path + ")");
 }

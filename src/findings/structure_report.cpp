@@ -67,7 +67,6 @@ void AnalyseErgebnisStructure(const clsProjekt& projekt, const clsModul& modul, 
 }
 
 void AnalyseErgebnisStructure(const clsProjekt& projekt, const ReportPath& path) {
-    for (const auto* modules : {&projekt.Modules, &projekt.Klassenmodule, &projekt.Formulare, &projekt.UserControls})
-        for (const clsModul* modul : *modules)
-            AnalyseErgebnisStructure(projekt, *modul, path(*modul));
+    for (const clsModul* modul : projekt.ModulesInReportOrder())
+        AnalyseErgebnisStructure(projekt, *modul, path(*modul));
 }

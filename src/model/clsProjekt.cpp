@@ -18,6 +18,14 @@ bool IsArrayOfAll(const CodeObject& object) {
     return variable.MyEnum || (!variable.MyType && object.Modul->ModulTyp == ModuleKind::Module);
 }
 
+std::vector<clsModul*> Joined(std::initializer_list<const clsCollection<clsModul>*> collections) {
+    std::vector<clsModul*> all;
+    for (const auto* collection : collections)
+        for (clsModul* modul : *collection)
+            all.push_back(modul);
+    return all;
+}
+
 }  // namespace
 
 clsProjekt::clsProjekt(Files& files, const CodePage& page)
@@ -166,11 +174,11 @@ int clsProjekt::CountAllModules() const {
 }
 
 std::vector<clsModul*> clsProjekt::AllModules() const {
-    std::vector<clsModul*> all;
-    for (const auto* collection : {&Modules, &Formulare, &Klassenmodule, &UserControls})
-        for (clsModul* modul : *collection)
-            all.push_back(modul);
-    return all;
+    return Joined({&Modules, &Formulare, &Klassenmodule, &UserControls});
+}
+
+std::vector<clsModul*> clsProjekt::ModulesInReportOrder() const {
+    return Joined({&Modules, &Klassenmodule, &Formulare, &UserControls});
 }
 
 clsModul* clsProjekt::GetModuleFromCodePath(std::string_view codePath) const {

@@ -66,7 +66,7 @@ public:
 
     ProblemList problems;  // what was reported while it was read
 
-    std::string TimeForStructure, TimeForCalls, TimeForTree;
+    std::string TimeForStructure, TimeForCalls;
 
     /// Increases with every change of modules. Code that keeps a pointer to an object keeps this number with it.
     [[nodiscard]] int Generation() const { return generation_; }
@@ -83,7 +83,9 @@ public:
     [[nodiscard]] int CountAllModules() const;
     /// Every module of the four collections: Modules, Formulare, Klassenmodule, UserControls.
     [[nodiscard]] std::vector<clsModul*> AllModules() const;
-    /// Number of objects of each class.
+    /// The same in the order of the reports: Modules, Klassenmodule, Formulare, UserControls.
+    [[nodiscard]] std::vector<clsModul*> ModulesInReportOrder() const;
+    /// How many objects there are of each class.
     [[nodiscard]] ObjectCounts Counts() const;
     /// Number of all objects; CodeObject::Number is below it.
     [[nodiscard]] std::uint32_t ObjectCount() const { return objects_; }

@@ -17,7 +17,3 @@ inline constexpr std::string_view kGroupPublicFunction = ".Public_Function[]";
 inline constexpr std::string_view kGroupPrivateSub = ".Private_Sub[]";
 inline constexpr std::string_view kGroupPublicSub = ".Public_Sub[]";
 inline constexpr std::string_view kGroupControls = ".Controls[]";
-
-[[nodiscard]] constexpr bool IsGroupKey(std::string_view key) {
-    return key.ends_with("[]");
-}

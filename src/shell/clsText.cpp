@@ -1,5 +1,6 @@
 #include "shell/clsText.h"
 
+#include "platform/code_page.h"
 #include "shell/errors.h"
 
 clsText gText;
@@ -31,4 +32,9 @@ void clsText::SetLanguage(const Files& files, const std::string& programDirector
 const std::string& clsText::TextNr(Text text) const {
     const auto nr = static_cast<std::size_t>(text);
     return lines_[nr < lines_.size() ? nr : 0];
+}
+
+std::string Utf8TextNr(Text text) {
+    static const CodePage page("1252");
+    return page.ToUtf8(gText.TextNr(text));
 }

@@ -24,3 +24,6 @@ private:
 };
 
 extern clsText gText;
+
+/// UTF-8 of a text of the language file, which is Windows-1252 whatever the code page of the sources is.
+[[nodiscard]] std::string Utf8TextNr(Text text);

@@ -21,9 +21,6 @@ public:
     virtual void Range(int /*min*/, int /*max*/) {}
     /// Advances the bar by one, but never beyond its end.
     virtual void Progressiere_mal() {}
-    /// Resets the inner bar, which shows the progress within one module, to 0 of `total` steps.
-    virtual void Progressiere_mal_Modul_Init(int /*total*/) {}
-    virtual void Progressiere_mal_Modul() {}
 };
 
 /// Sets the progress display and returns the previous one; null disables it. Does not take ownership.

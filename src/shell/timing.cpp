@@ -27,7 +27,6 @@ void Timer_Reset(TimingRecord& record) {
     record.StartTime = 0;
     record.StopTime = 0;
     record.Total = 0;
-    record.TotalText.clear();
 }
 
 void Timer_Start(TimingRecord& record) {
@@ -40,15 +39,6 @@ void Timer_Stop(TimingRecord& record) {
     record.Total += static_cast<double>(record.StopTime) - static_cast<double>(record.StartTime);
     if (++record.StopCount != record.StartCount)
         Tell("Timerschrott!!!!");
-}
-
-void Timer_String(TimingRecord& record) {
-    char text[40];
-    std::snprintf(text, sizeof text, "%.15g", record.Total);
-    const std::string number = text;
-    const auto point = number.find('.');
-    const long long digits = point == std::string::npos ? 0 : std::strtoll(number.c_str() + point + 1, nullptr, 10);
-    record.TotalText = HoursMinutesSeconds(static_cast<long long>(record.Total)) + ":" + TwoDigits(digits);
 }
 
 double CounterAsNumber(std::int64_t counter) {

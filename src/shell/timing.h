@@ -11,7 +11,6 @@ struct TimingRecord {
     float StopTime = 0;
     std::int32_t StopCount = 0;
     double Total = 0;  // seconds
-    std::string TotalText;
 };
 
 void Timer_Start(TimingRecord& record);
@@ -19,8 +18,6 @@ void Timer_Start(TimingRecord& record);
 void Timer_Stop(TimingRecord& record);
 /// Clears the times and the total, but not the counts of starts and stops.
 void Timer_Reset(TimingRecord& record);
-/// Sets TotalText to hours, minutes, seconds and decimal places of Total, with at least two digits each.
-void Timer_String(TimingRecord& record);
 
 /// High-resolution timer on the performance counter.
 class clsQueryTimer {
@@ -47,5 +44,4 @@ private:
 /// high; the timer only uses differences.
 [[nodiscard]] double CounterAsNumber(std::int64_t counter);
 
-// One record for each time-critical operation and one for opening a project.
 extern TimingRecord gTimerProjektOeffnen;

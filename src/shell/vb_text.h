@@ -67,6 +67,4 @@ inline constexpr std::string_view vbCrLf = "\r\n";
 // Characters and sequences that the readers search for.
 inline constexpr char gQuote = '"';
 inline constexpr char gChrR = '\xAE';
-inline constexpr char gChrC = '\xA9';
 inline constexpr std::string_view gContinuation = "_\r\n";
-inline constexpr std::string_view gContinuationBlank = " _\r\n";

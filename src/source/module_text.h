@@ -50,8 +50,6 @@ public:
 
     // The map. A position outside 0 .. CharCount throws VbError 9.
     [[nodiscard]] bool PosIsString(Pos pos) const { return (FlagsAt(pos) & IsString) != 0; }
-    [[nodiscard]] bool PosIsComment(Pos pos) const { return (FlagsAt(pos) & IsComment) != 0; }
-    [[nodiscard]] bool PosNotCompile(Pos pos) const { return (FlagsAt(pos) & NotCompile) != 0; }
     [[nodiscard]] bool PosNotCode(Pos pos) const { return FlagsAt(pos) != 0; }
     [[nodiscard]] std::uint8_t FlagsAt(Pos pos) const {
         if (pos < 0 || pos > CharCount()) [[unlikely]]

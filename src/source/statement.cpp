@@ -4,23 +4,16 @@
 #include <array>
 
 #include "shell/operations.h"
-#include "source/lines.h"
 
 namespace {
 
 constexpr std::string_view kColon = ": ";
 constexpr std::string_view kThen = " then ";
 
-template <std::size_t n>
-bool IsOneOf(std::string_view word, const std::array<std::string_view, n>& words) {
-    return std::find(words.begin(), words.end(), word) != words.end();
-}
-
 constexpr std::array<std::string_view, 15> kKeepBlank = {"and", "or", "to", "+", "-",  "*",  "/", "=",
                                                          ",",   "&",  "<",  ">", "<>", "<=", ">="};
 
-}  // namespace
-
+// True if the blank between two pieces does not separate them, as before a point or after an opening bracket.
 bool BlankNoBlank(std::string_view left, std::string_view right) {
     left = Trim(left);
     const char last = left.empty() ? '\0' : left.back();
@@ -29,23 +22,22 @@ bool BlankNoBlank(std::string_view left, std::string_view right) {
     if (right.starts_with(')'))
         return true;
     if (right.starts_with('.') || right.starts_with('('))
-        return !IsOneOf(left, kKeepBlank) && last != gQuote;
+        return std::find(kKeepBlank.begin(), kKeepBlank.end(), left) == kKeepBlank.end() && last != gQuote;
     return false;
 }
+
+}  // namespace
 
 void clsStatement::Initialisieren(Pos pos) {
     DoEvents();
     splits_.clear();
     statement_.clear();
-    splitNr_ = 0;
-    posInSplit_ = 0;
-    module_.Get_VBZeile_Nach_Pos(pos, linePos_, lineLen_, lineText_);
+    Pos lineLen = 0;
+    module_.Get_VBZeile_Nach_Pos(pos, linePos_, lineLen, lineText_);
     Get_LineNoComment();
-    noContent_ = Trim(lineNoComment_).empty();
-    if (noContent_)
+    if (Trim(lineNoComment_).empty())
         return;
     Set_Statement(pos);
-    posInStatement_ = pos - statementPos_ + 1;
     CountBrackets();
     Split_Statement();
 }
@@ -170,14 +162,10 @@ void clsStatement::Split_Statement() {
         const auto end = std::min(built.find(gChrR, start), built.size());
         std::string str(RTrim(std::string_view(built).substr(start, end - start)));
         const Pos len = Len(str);
-        if (pos <= posInStatement_ && posInStatement_ <= pos + len - 1)
-            splitNr_ = SplitCount() + 1;
-        splits_.push_back({std::move(str), pos, len});
+        splits_.push_back({std::move(str), pos});
         pos += len + 1;
         start = end + 1;
     }
-    if (splitNr_ != 0)
-        posInSplit_ = posInStatement_ - SplitPos(splitNr_) + 1;
 }
 
 std::string_view clsStatement::SplitStr(int nr) const {
@@ -188,87 +176,4 @@ std::string_view clsStatement::SplitStr(int nr) const {
 
 Pos clsStatement::SplitPos(int nr) const {
     return nr >= 1 && nr <= SplitCount() ? splits_[static_cast<std::size_t>(nr) - 1].pos : 0;
-}
-
-Pos clsStatement::SplitLen(int nr) const {
-    return nr >= 1 && nr <= SplitCount() ? splits_[static_cast<std::size_t>(nr) - 1].len : 0;
-}
-
-int clsStatement::Gleich_Ist_SplitNr() const {
-    for (int nr = 1; nr <= SplitCount(); ++nr)
-        if (SplitStr(nr) == "=")
-            return nr;
-    return 0;
-}
-
-Pos clsStatement::Get_PosKlammerRechts(Pos pos) const {
-    int open = 1;
-    for (Pos at = pos; at <= Len(statement_); ++at) {
-        if (InString(at))
-            continue;
-        const char c = CharAt(statement_, at);
-        open += (c == '(') - (c == ')');
-        if (open == 0)
-            return at;
-    }
-    return 0;
-}
-
-bool clsStatement::PosInArgumentListe() const {
-    static constexpr std::array<std::string_view, 7> kConditions = {"if",   "elseif", "while", "do",
-                                                                    "loop", "case",   "until"};
-    const std::string_view first = SplitCount() >= 1 ? SplitStr(1) : std::string_view();
-    if (IsOneOf(first, kConditions))
-        return true;
-    if (first == "call" && splitNr_ >= 3)
-        return true;
-    if (first != "call" && first != "set" && splitNr_ >= 2 && SplitStr(2) != "=")
-        return true;
-    return PosInKlammer(posInStatement_);
-}
-
-bool clsStatement::PosInDeklaration() const {
-    static constexpr std::array<std::string_view, 14> kDeclarations = {
-        "dim",    "const", "declare",  "global",   "public", "private", "friend",
-        "static", "sub",   "function", "property", "type",   "event",   "enum"};
-    return SplitCount() >= 1 && IsOneOf(SplitStr(1), kDeclarations);
-}
-
-int clsStatement::Get_AnzStr_InSplit(std::string_view find) const {
-    return modMain::Get_AnzStr_InString(Split_Str(), find, 0, Len(Split_Str()));
-}
-
-std::string clsStatement::Get_Prop_With_Parents(Pos wordLength) {
-    std::string_view text = Split_Str();
-    Pos pos = std::min(posInSplit_ + wordLength - 1, Len(text));
-    Pos moved = 0;
-    while (modMain::PositionInKlammer(text, pos)) {
-        Pos start = 0;
-        Pos ende = 0;
-        const std::string_view inside = modMain::Get_KlammerInhalt(text, pos, start, ende);
-        if (start == 0) {
-            // The bracket is never closed: everything after it counts as its content.
-            start = InStrRev(text, "(", pos - 1) + 1;
-            if (start == 1)
-                break;
-            text = Mid(text, start);
-        } else {
-            text = inside;
-        }
-        pos -= start - 1;
-        moved += start - 1;
-    }
-    Pos blank = modMain::Get_Next_BlankPos_Left(text, pos);
-    while (blank != 0) {
-        const Pos leftFrom = blank > 1 ? InStrRev(text, " ", modMain::Get_Next_NotBlankPos_Left(text, blank)) : 0;
-        const std::string_view left = Mid(text, leftFrom + 1, blank - leftFrom - 1);
-        if (!modMain::PositionInKlammer(text, blank) && !BlankNoBlank(left, LTrim(Mid(text, blank + 1))))
-            break;
-        blank = modMain::Get_Next_BlankPos_Left(text, blank);
-    }
-    std::string expression(Mid(text, blank + 1, std::max(pos - blank, 0)));
-    parentStartPos_ = statementPos_ + SplitPos(splitNr_) - 1 + moved + blank;
-    if (expression.starts_with('-') || expression.starts_with('#'))
-        expression.erase(0, 1);
-    return expression;
 }

@@ -32,7 +32,6 @@ public:
     [[nodiscard]] Pos SelLength() const;
     [[nodiscard]] int PlaceCount() const { return static_cast<int>(places_.size()); }
     /// From 1; 0 when no place is marked.
-    [[nodiscard]] int CurrentPlace() const { return currentPlace_; }
 
     /// Applies font, colours and tab size of the settings to the text shown.
     void ApplySettings();

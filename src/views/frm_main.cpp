@@ -116,10 +116,6 @@ CodeView& frmMain::rtbCode() const {
     return code_->View();
 }
 
-frmProgress& frmMain::TheProgress() const {
-    return *dialogs_.progress;
-}
-
 void frmMain::BuildPanes() {
     pages_ = new QStackedWidget(this);
     start_ = new StartPage(pages_);

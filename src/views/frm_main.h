@@ -69,7 +69,6 @@ public:
     [[nodiscard]] Workspace& TheWorkspace() { return workspace_; }
     [[nodiscard]] Settings& TheSettings() { return settings_; }
     [[nodiscard]] Commands& TheCommands() const { return *commands_; }
-    [[nodiscard]] frmProgress& TheProgress() const;
     [[nodiscard]] CodeView& rtbCode() const;
     [[nodiscard]] BaumView& BaumProjekt() const;
 

@@ -48,7 +48,6 @@ frmProgress::frmProgress(QWidget* parent)
       detail_(new ElidedLabel),
       count_(new QLabel),
       bar_(new QProgressBar),
-      innerBar_(new QProgressBar),
       cmdCancel_(new QPushButton) {
     setObjectName(QStringLiteral("frmProgress"));
     setAttribute(Qt::WA_QuitOnClose, false);
@@ -62,11 +61,6 @@ frmProgress::frmProgress(QWidget* parent)
     count_->setForegroundRole(QPalette::PlaceholderText);
     bar_->setObjectName(QStringLiteral("bar"));
     bar_->setTextVisible(false);
-    innerBar_->setObjectName(QStringLiteral("innerBar"));
-    innerBar_->setTextVisible(false);
-    innerBar_->setFixedHeight(innerBar_->fontMetrics().height() / 2);
-    // Hidden widgets keep their place, so that the window does not change its height while it runs.
-    KeepPlace(*innerBar_);
     cmdCancel_->setObjectName(QStringLiteral("cmdCancel"));
     cmdCancel_->setAutoDefault(false);
     KeepPlace(*cmdCancel_);
@@ -81,7 +75,6 @@ frmProgress::frmProgress(QWidget* parent)
     line->addWidget(count_);
     layout->addLayout(line);
     layout->addWidget(bar_);
-    layout->addWidget(innerBar_);
     layout->addStretch();
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
@@ -101,7 +94,7 @@ void frmProgress::Reset() {
     stage_.clear();
     object_.clear();
     stageIsNext_ = true;
-    min_ = max_ = value_ = innerMax_ = innerValue_ = 0;
+    min_ = max_ = value_ = 0;
     cancelled_ = false;
     cmdCancel_->setEnabled(true);
     cmdCancel_->setVisible(true);
@@ -150,22 +143,11 @@ void frmProgress::Label(std::string_view text) {
 void frmProgress::Range(int min, int max) {
     min_ = value_ = min;
     max_ = max;
-    innerMax_ = 0;
 }
 
 void frmProgress::Progressiere_mal() {
     if (value_ < max_)
         ++value_;
-}
-
-void frmProgress::Progressiere_mal_Modul_Init(int total) {
-    innerMax_ = total;
-    innerValue_ = 0;
-}
-
-void frmProgress::Progressiere_mal_Modul() {
-    if (innerValue_ < innerMax_)
-        ++innerValue_;
 }
 
 // A window that would disappear almost at once only flickers.
@@ -201,10 +183,6 @@ void frmProgress::ShowState() {
     bar_->setRange(counts ? std::min(min_, max_ - 1) : 0, std::max(max_, 0));
     bar_->setValue(value_);
     bar_->setAccessibleName(heading_->text());
-    innerBar_->setVisible(innerMax_ > 0);
-    innerBar_->setRange(0, std::max(innerMax_, 1));
-    innerBar_->setValue(innerValue_);
-    innerBar_->setAccessibleName(detail_->text());
 }
 
 void frmProgress::AskCancel() {

@@ -38,8 +38,6 @@ public:
     void Label(std::string_view text) override;
     void Range(int min, int max) override;
     void Progressiere_mal() override;
-    void Progressiere_mal_Modul_Init(int total) override;
-    void Progressiere_mal_Modul() override;
 
 protected:
     void closeEvent(QCloseEvent* event) override;
@@ -56,14 +54,12 @@ private:
     ElidedLabel* detail_;
     QLabel* count_;
     QProgressBar* bar_;
-    QProgressBar* innerBar_;
     QPushButton* cmdCancel_;
 
     QElapsedTimer elapsed_;
     std::string caption_, stage_, object_;
     bool stageIsNext_ = true;
     int min_ = 0, max_ = 0, value_ = 0;
-    int innerMax_ = 0, innerValue_ = 0;
     bool running_ = false;
     bool asking_ = false;
     bool cancelled_ = false;

@@ -122,14 +122,6 @@ TEST_F(DependencyTrees, LayoutIsThatOfTheProjectTree) {
     EXPECT_FALSE(callers.Item("frmx")->Expanded()) << "and folded for a module";
     EXPECT_TRUE(callers.Item("form", NodeKind::Root)->Expanded());
     EXPECT_EQ(callers.Item("frmx.private_sub[]", NodeKind::Group)->ForeColor(), NodeColour::PrivateGroup);
-
-    Baum tree;
-    for (const char* path : {"mmain.help.own", "mmain.kind.kb", "cbox.rate [let]", "frmx.tick"})
-        ASSERT_NE(Anzeigen_InBaum(Object(path), tree), nullptr) << path;
-    ASSERT_NE(Anzeigen_InBaum(*gProjekt->FormVars.ItemNr(1), tree), nullptr);
-    EXPECT_EQ(Shown(tree), "mmain.help.own mmain.kind.kb cbox.rate [let] frmx.tick");
-    EXPECT_TRUE(tree.Exist("mmain.Private_Sub[]", NodeKind::Group) && tree.Exist("frmx.Controls[]", NodeKind::Group));
-    EXPECT_EQ(tree.Item("cbox.Public_Property[]", NodeKind::Group)->Image(), "property");
 }
 
 TEST_F(DependencyTrees, TheGroupLeavesOutWhatIsChecked) {

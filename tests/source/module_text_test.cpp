@@ -10,8 +10,8 @@ TEST(ModuleText, FlagsOutsideTheTextAreAnError) {
     text.Mark(-5, 2, IsComment);
     text.Mark(3, 2, NotCompile);
     EXPECT_FALSE(text.PosNotCode(0));  // entry 0 belongs to no character
-    EXPECT_TRUE(text.PosIsComment(1) && !text.PosIsString(1));
-    EXPECT_TRUE(text.PosIsComment(2) && text.PosIsString(2) && !text.PosNotCompile(2));
+    EXPECT_EQ(text.FlagsAt(1), IsComment);
+    EXPECT_EQ(text.FlagsAt(2), IsComment | IsString);
     EXPECT_TRUE(text.PosIsString(3) && text.PosNotCode(3));
     for (const Pos pos : {-1, 4})
         EXPECT_THROW((void)text.PosNotCode(pos), VbError) << pos;
