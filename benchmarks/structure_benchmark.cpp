@@ -104,7 +104,7 @@ void Modules(benchmark::State& state) {
                            path});
     for (auto _ : state) {
         clsProjekt& projekt = NewProject(project);
-        const ReadingContext context{projekt.TheFiles(), projekt.TheNames(), projekt.condComps};
+        const ReadingContext context{projekt.TheFiles(), projekt.TheNames(), projekt.Memory(), projekt.condComps};
         for (const ModuleSource& source : sources)
             benchmark::DoNotOptimize(Read_Module(context, source));
     }
