@@ -12,7 +12,6 @@
 
 #include "display/baum_walk.h"
 #include "model/clsProjekt.h"
-#include "platform/memory.h"
 #include "platform/settings_file.h"
 #include "project/start.h"
 #include "shell/operations.h"
@@ -59,7 +58,6 @@ void Click(frmMain& window, const char* what, const std::vector<std::string>& ke
 int main(int argc, char** argv) {
     QElapsedTimer sinceStart;
     sinceStart.start();
-    UseLargePages();
     QApplication app(argc, argv);
     if (argc < 2) {
         std::fprintf(stderr, "window_benchmark PROJECT.vbp\n");
@@ -125,7 +123,7 @@ int main(int argc, char** argv) {
 
     std::vector<double> expand;
     for (const std::string& key : groups) {
-        BaumNode& node = *window.TheWorkspace().Tree().Item(key);
+        BaumNode& node = *window.TheWorkspace().Tree().Item(key, NodeKind::Group);
         window.TheWorkspace().Tree().EnsureVisible(node);
         window.TheWorkspace().Tree().SetExpanded(node, false);
         Settle();
