@@ -97,6 +97,7 @@ void LoadModules(clsProjekt& projekt, std::string_view projektDir, std::string_v
     MissingBehind missing(projekt.TheFiles(), projektDir, projectText);
     const std::vector<ModuleLine> lines = ModuleLines(projektDir, projectText);
     std::vector<ModuleChange> changes;
+    changes.reserve(lines.size());
     for (const ModuleLine& line : lines)
         changes.push_back({{}, line.source});
     Replace(projekt, changes, [&](std::size_t nr, const clsModul& modul) {
