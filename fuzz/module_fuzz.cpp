@@ -49,7 +49,7 @@ void RequireSameMapAgain(clsProjekt& projekt, const clsModul& modul) {
     Comments_Initialisieren(again);
     Strings_Initialisieren(again);
     {
-        const MutedErrors told;
+        const MutedErrors muted;
         CondCompile_Initialisieren(again, lines, projekt.condComps, "module again");
     }
     (void)Analyse_Parsen(again);

@@ -61,6 +61,10 @@ bool Workspace::Open(const std::string& path) {
     return true;
 }
 
+bool Workspace::CallsRead() const {
+    return projekt_ && projekt_->callsKnown;
+}
+
 void Workspace::Close() {
     EndGeneration();
     CloseProject();
@@ -84,7 +88,6 @@ void Workspace::EndGeneration() {
     navigation_.Clear();
     tree_.Clear();
     collected_.Clear();
-    callsRead_ = false;
     ForgetObjects();
 }
 
@@ -96,7 +99,6 @@ std::optional<Workspace::CallCounts> Workspace::ReadCalls() {
     last_ = {};
     if (gAbort)
         return {};
-    callsRead_ = true;
     Tote_Untote_Kennzeichnen(*projekt_);
     Tote_Objekte_Markieren(*projekt_, tree_);
     CallCounts counts;
@@ -319,7 +321,7 @@ Situation Workspace::Now(bool hasPlaces) const {
     return {.hasProject = true,
             .hasObject = selection_.CurObject != nullptr,
             .hasModule = selection_.CurModule != nullptr,
-            .callsRead = callsRead_,
+            .callsRead = CallsRead(),
             .neighbours = neighbours_,
             .hasPlaces = hasPlaces,
             .hasPrevious = navigation_.NavPrevEnabled(),

@@ -33,7 +33,7 @@ public:
     Workspace(std::unique_ptr<clsProjekt>& projekt, Files& files, const Settings& settings, Ports ports);
 
     [[nodiscard]] clsProjekt* Projekt() const { return projekt_.get(); }
-    [[nodiscard]] bool CallsRead() const { return callsRead_; }
+    [[nodiscard]] bool CallsRead() const;
 
     /// Closes the open project and opens the project file at `path`, which exists.
     /// @return false if the user cancelled: no project is open then
@@ -131,6 +131,5 @@ private:
     DependencyButtons neighbours_;  // of the current object
     bool mayBeCalledBy_ = false;
     bool mayBeCalls_ = false;
-    bool callsRead_ = false;
     bool localsShown_ = false;  // in the tree
 };

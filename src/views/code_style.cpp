@@ -27,14 +27,14 @@ double Contrast(const QColor& a, const QColor& b) {
     return std::max(first, second) / std::min(first, second);
 }
 
-QColor Readable(const QColor& wanted, const QColor& ground, double contrast) {
-    if (Contrast(wanted, ground) >= contrast)
-        return wanted;
+QColor Readable(const QColor& base, const QColor& ground, double contrast) {
+    if (Contrast(base, ground) >= contrast)
+        return base;
     // Mixing with black or white keeps the hue, and pale colours stay paler than strong ones of the same hue.
     const QColor end = Contrast(Qt::black, ground) > Contrast(Qt::white, ground) ? Qt::black : Qt::white;
     constexpr int kSteps = 64;
     for (int step = 1; step < kSteps; ++step)
-        if (const QColor colour = Mixed(wanted, end, static_cast<double>(step) / kSteps).toRgb();
+        if (const QColor colour = Mixed(base, end, static_cast<double>(step) / kSteps).toRgb();
             Contrast(colour, ground) >= contrast)
             return colour;
     return end;

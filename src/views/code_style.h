@@ -15,8 +15,8 @@
 [[nodiscard]] QColor ColourFromBgr(std::int32_t bgr);
 /// Contrast of two colours by their relative luminance, 1 to 21.
 [[nodiscard]] double Contrast(const QColor& a, const QColor& b);
-/// `wanted`, made darker or lighter until it is readable on `ground`; keeps the hue.
-[[nodiscard]] QColor Readable(const QColor& wanted, const QColor& ground, double contrast = 4.5);
+/// `base`, made darker or lighter until it is readable on `ground`; keeps the hue.
+[[nodiscard]] QColor Readable(const QColor& base, const QColor& ground, double contrast = 4.5);
 /// `share` of `top` over `ground`.
 [[nodiscard]] QColor Mixed(const QColor& ground, const QColor& top, double share);
 /// The background of code: the palette's base, and a greyer one for dead procedures.

@@ -207,10 +207,9 @@ void frmMain::Projekt_Analyse() {
 }
 
 void frmMain::RunCalls() {
-    if (const auto counts = workspace_.ReadCalls()) {
-        commands_->SetImage(Command::Calls, "CallsRead");
+    if (const auto counts = workspace_.ReadCalls())
         status_->Message(TextNr(Text::CallsRead, NumberText(counts->certain), NumberText(counts->possible)));
-    }
+    commands_->SetImage(Command::Calls, workspace_.CallsRead() ? "CallsRead" : "CallsReadNot");
     ShowAgain();
     status_->ShowCounts(gProjekt.get(), workspace_.CallsRead());
     status_->ShowProblemCount();

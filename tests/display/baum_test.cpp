@@ -8,18 +8,20 @@ namespace {
 // Records all notifications, one word each: "insert:parent/0", "reset(", ")reset".
 class Recorder : public BaumListener {
 public:
-    void BeginReset() override { told.push_back("reset("); }
-    void EndReset() override { told.push_back(")reset"); }
-    void BeginInsert(const BaumNode* parent, int row) override { told.push_back("insert:" + Place(parent, row)); }
-    void BeginRemove(const BaumNode* parent, int row) override { told.push_back("remove:" + Place(parent, row)); }
-    void Changed(const BaumNode& node) override { told.push_back("changed:" + node.Key()); }
-    void ManyChanged() override { told.push_back("many"); }
-    void ExpandedChanged(const BaumNode& node) override { told.push_back("expanded:" + node.Key()); }
-    void AllCollapsed() override { told.push_back("collapsed"); }
-    void SelectedChanged(const BaumNode* node) override { told.push_back("selected:" + (node ? node->Key() : "none")); }
-    void EnsureVisible(const BaumNode& node) override { told.push_back("visible:" + node.Key()); }
+    void BeginReset() override { recorded.push_back("reset("); }
+    void EndReset() override { recorded.push_back(")reset"); }
+    void BeginInsert(const BaumNode* parent, int row) override { recorded.push_back("insert:" + Place(parent, row)); }
+    void BeginRemove(const BaumNode* parent, int row) override { recorded.push_back("remove:" + Place(parent, row)); }
+    void Changed(const BaumNode& node) override { recorded.push_back("changed:" + node.Key()); }
+    void ManyChanged() override { recorded.push_back("many"); }
+    void ExpandedChanged(const BaumNode& node) override { recorded.push_back("expanded:" + node.Key()); }
+    void AllCollapsed() override { recorded.push_back("collapsed"); }
+    void SelectedChanged(const BaumNode* node) override {
+        recorded.push_back("selected:" + (node ? node->Key() : "none"));
+    }
+    void EnsureVisible(const BaumNode& node) override { recorded.push_back("visible:" + node.Key()); }
 
-    std::vector<std::string> told;
+    std::vector<std::string> recorded;
 
 private:
     static std::string Place(const BaumNode* parent, int row) {
@@ -67,7 +69,7 @@ TEST_F(BaumTest, ChildrenOfASortedNodeAreSortedByTextThenByEntry) {
     tree.Add(inside, "late", "B", "");
     tree.Add(inside, "first", "A", "");
     EXPECT_EQ(TextsBelow(*inside), "a0 A1 abcdefgha2 abcdefghZ3 b4 B5 B6 ");
-    EXPECT_THAT(recorder.told, ElementsAre("insert:inside/5", "insert:inside/1"));
+    EXPECT_THAT(recorder.recorded, ElementsAre("insert:inside/5", "insert:inside/1"));
 
     BaumNode* late = tree.Add(nullptr, "late sorting", "", "");
     tree.Add(late, "z", "z", "");
@@ -86,7 +88,7 @@ TEST_F(BaumTest, RemovedBranchesAreForgottenAndTheirSelectionWithThem) {
     Recorder recorder;
     tree.SetListener(&recorder);
     tree.Remove(*a);
-    EXPECT_THAT(recorder.told, ElementsAre("selected:none", "remove:r/0"));
+    EXPECT_THAT(recorder.recorded, ElementsAre("selected:none", "remove:r/0"));
     EXPECT_FALSE(tree.Exist("a.1"));
     EXPECT_EQ(root->Child()->Row(), 0);
     EXPECT_EQ(tree.Count(), 2);
@@ -117,13 +119,13 @@ TEST_F(BaumTest, AFillingIsOneResetOrOneChangeOfLooks) {
         const Baum::Filling filling(tree);
         EXPECT_EQ(tree.Add(nullptr, "r", "", ""), nullptr);
     }
-    EXPECT_THAT(recorder.told, ElementsAre()) << "nothing came, nothing to tell";
+    EXPECT_THAT(recorder.recorded, ElementsAre()) << "nothing came, nothing to tell";
     {
         const Baum::Filling filling(tree);
         tree.SetBold(*root, true);
         tree.SetForeColor(*root, NodeColour::Grey);
     }
-    EXPECT_THAT(std::exchange(recorder.told, {}), ElementsAre("many"));
+    EXPECT_THAT(std::exchange(recorder.recorded, {}), ElementsAre("many"));
     {
         const Baum::Filling filling(tree);
         const Baum::Filling inner(tree);
@@ -132,7 +134,7 @@ TEST_F(BaumTest, AFillingIsOneResetOrOneChangeOfLooks) {
         tree.Select(z);
         tree.EnsureVisible(*z);
     }
-    EXPECT_THAT(recorder.told, ElementsAre("reset(", ")reset", "visible:z"));
+    EXPECT_THAT(recorder.recorded, ElementsAre("reset(", ")reset", "visible:z"));
     EXPECT_TRUE(root->Expanded());
 }
 
@@ -150,7 +152,7 @@ TEST_F(BaumTest, SingleStepsNotifyOnlyAboutChanges) {
     tree.CollapseAll();
     EXPECT_FALSE(root->Expanded());
     tree.Clear();
-    EXPECT_THAT(recorder.told, ElementsAre("changed:r", "expanded:r", "visible:c", "selected:c", "changed:c",
-                                           "collapsed", "reset(", ")reset"));
+    EXPECT_THAT(recorder.recorded, ElementsAre("changed:r", "expanded:r", "visible:c", "selected:c", "changed:c",
+                                               "collapsed", "reset(", ")reset"));
     EXPECT_EQ(tree.Selected(), nullptr);
 }

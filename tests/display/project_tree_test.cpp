@@ -86,7 +86,7 @@ TEST_F(ProjectTree, ProgressStepsForEachModuleAndACancelKeepsTheNodesSoFar) {
     {
         const RecordingProgress progress;
         Shown();
-        EXPECT_EQ(progress.told,
+        EXPECT_EQ(progress.recorded,
                   "3 Components... References... Forms... Modules... + + Classes... + User Controls... ");
     }
     tree.Clear();

@@ -46,7 +46,7 @@ TEST_P(Ahead, ReportsOfAnItemAppearWhenItIsTaken) {
             NoteProblem("a: b", "noted " + std::to_string(nr));
             ShowError("a: b", static_cast<int>(nr), "reported " + std::to_string(nr));
             const MutedErrors muted;
-            ShowError("a: b", 99, "not told");
+            ShowError("a: b", 99, "muted");
             return 0;
         },
         GetParam());

@@ -73,12 +73,12 @@ public:
     void Range(int, int max) override { Tell(std::to_string(max)); }
     void Progressiere_mal() override { Tell("+"); }
 
-    std::string told;  // entries, each followed by a blank
+    std::string recorded;  // entries, each followed by a blank
 
 private:
     void Tell(const std::string& what) {
-        told += what + " ";
-        gAbort = gAbort || (!cancelAt_.empty() && told.ends_with(cancelAt_));
+        recorded += what + " ";
+        gAbort = gAbort || (!cancelAt_.empty() && recorded.ends_with(cancelAt_));
     }
 
     std::string cancelAt_;

@@ -18,11 +18,12 @@ protected:
         view = std::make_unique<BaumView>(tree, settings);
         view->resize(300, 400);
         BaumView* all = view.get();
-        QObject::connect(all, &BaumView::NodeActivated, all, [this](const std::string& key) { told.push_back(key); });
+        QObject::connect(all, &BaumView::NodeActivated, all,
+                         [this](const std::string& key) { recorded.push_back(key); });
         QObject::connect(all, &BaumView::NodeContext, all,
-                         [this](const std::string& key) { told.push_back("right " + key); });
+                         [this](const std::string& key) { recorded.push_back("right " + key); });
         QObject::connect(all, &BaumView::NodeChecked, all, [this](const BaumNode& node) {
-            told.push_back((node.Checked() ? "check " : "uncheck ") + node.Key());
+            recorded.push_back((node.Checked() ? "check " : "uncheck ") + node.Key());
         });
     }
     void SetUp() override {
@@ -51,11 +52,11 @@ protected:
         const BaumNode* node = view->Model().NodeAt(view->currentIndex());
         return node ? node->Key() : "";
     }
-    std::vector<std::string> Told() { return std::exchange(told, {}); }
+    std::vector<std::string> Recorded() { return std::exchange(recorded, {}); }
 
     Settings settings;
     Baum tree;
-    std::vector<std::string> told;
+    std::vector<std::string> recorded;
     std::unique_ptr<BaumView> view;
 };
 
@@ -100,21 +101,21 @@ TEST_F(BaumViewTest, ModelKeepsTheRulesWhileTheTreeIsFilledAndChanged) {
 TEST_F(BaumViewTest, ClickAndKeysSelectAlike) {
     tree.SetExpanded(*tree.Item("m"), true);
     view->setFocus();
-    EXPECT_THAT(Told(), ElementsAre()) << "to get the focus is no choice";
+    EXPECT_THAT(Recorded(), ElementsAre()) << "to get the focus is no choice";
     Click("m.beta");
     Click("m.beta");
     EXPECT_EQ(tree.Selected(), tree.Item("m.beta"));
-    EXPECT_THAT(Told(), ElementsAre("m.beta", "m.beta"));
+    EXPECT_THAT(Recorded(), ElementsAre("m.beta", "m.beta"));
     QTest::keyClick(view.get(), Qt::Key_Down);
     QTest::keyClick(view.get(), Qt::Key_End);
     QTest::keyClick(view.get(), Qt::Key_Down);  // there is nothing below
     QTest::keyClick(view.get(), Qt::Key_Return);
-    EXPECT_THAT(Told(), ElementsAre("m.bravo", "m.charly", "m.charly"));
+    EXPECT_THAT(Recorded(), ElementsAre("m.bravo", "m.charly", "m.charly"));
     tree.Select(tree.Item("m.alpha"));
     EXPECT_EQ(CurrentKey(), "m.alpha");
-    EXPECT_THAT(Told(), ElementsAre()) << "what the program selects it need not be told";
+    EXPECT_THAT(Recorded(), ElementsAre()) << "the program knows what it selects itself";
     Click("m.beta", Qt::RightButton);
-    EXPECT_THAT(Told(), ElementsAre("right m.beta"));
+    EXPECT_THAT(Recorded(), ElementsAre("right m.beta"));
     EXPECT_EQ(CurrentKey(), "m.alpha");
 }
 
@@ -146,7 +147,7 @@ TEST_F(BaumViewTest, FoldsAndScrollPositionSurviveRefilling) {
 
 TEST_F(BaumViewTest, TypingFindsTheNextVisibleLine) {
     Click("module[]");
-    Told();
+    Recorded();
     QTest::keyClicks(view.get(), QStringLiteral("b"));
     EXPECT_EQ(CurrentKey(), "module[]") << "folded away";
     tree.SetExpanded(*tree.Item("m"), true);
@@ -156,7 +157,7 @@ TEST_F(BaumViewTest, TypingFindsTheNextVisibleLine) {
     QTest::qWait(QApplication::keyboardInputInterval() + 50);
     QTest::keyClicks(view.get(), QStringLiteral("BE"));
     EXPECT_EQ(CurrentKey(), "m.beta");
-    EXPECT_EQ(Told().back(), "m.beta");
+    EXPECT_EQ(Recorded().back(), "m.beta");
 }
 
 TEST_F(BaumViewTest, CheckBoxesAreOptionalAndOnlyTheMarkToggles) {
@@ -175,7 +176,7 @@ TEST_F(BaumViewTest, CheckBoxesAreOptionalAndOnlyTheMarkToggles) {
     QTest::keyClick(view.get(), Qt::Key_Down);
     QTest::keyClick(view.get(), Qt::Key_Space);
     EXPECT_FALSE(tree.Item("m")->Checked());
-    EXPECT_THAT(Told(), ElementsAre("check m", "m", "uncheck m"));
+    EXPECT_THAT(Recorded(), ElementsAre("check m", "m", "uncheck m"));
 }
 
 TEST_F(BaumViewTest, MenuCopiesNamePathAndText) {
@@ -195,7 +196,7 @@ TEST_F(BaumViewTest, MenuCopiesNamePathAndText) {
     EXPECT_EQ(copied("m", 1), "m");
     EXPECT_EQ(copied("m", 2), "mMain\n\tAlpha\n\tBeta\n\tbravo\n\tCharly\n");
     EXPECT_EQ(copied("module[]", 1), "") << "a group has no path";
-    EXPECT_THAT(Told(), ElementsAre());
+    EXPECT_THAT(Recorded(), ElementsAre());
     view->SetRightClickTells(true);
     EXPECT_EQ(copied("m", 0), "no menu");
 }
