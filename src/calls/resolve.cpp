@@ -37,8 +37,8 @@ const clsVariable* AsVariable(const CodeObject* object) {
     return object->Class() == ObjectClass::Variable ? static_cast<const clsVariable*>(object) : nullptr;
 }
 
-CodeObject* PublicObject(std::span<CodeObject* const> bearers, AccessMode mode) {
-    for (CodeObject* object : bearers) {
+CodeObject* PublicObject(std::span<CodeObject* const> holders, AccessMode mode) {
+    for (CodeObject* object : holders) {
         switch (object->Class()) {
             case ObjectClass::Variable:
                 if (mode != AccessMode::Call && !static_cast<clsVariable*>(object)->MyType)
@@ -66,8 +66,8 @@ CodeObject* PublicObject(std::span<CodeObject* const> bearers, AccessMode mode) 
     return nullptr;
 }
 
-CodeObject* OwnObject(std::span<CodeObject* const> bearers, AccessMode mode) {
-    for (CodeObject* object : bearers) {
+CodeObject* OwnObject(std::span<CodeObject* const> holders, AccessMode mode) {
+    for (CodeObject* object : holders) {
         if (const clsVariable* variable = AsVariable(object)) {
             if (!variable->MyType)
                 return object;

@@ -16,7 +16,6 @@ enum class Text {
     ReadCalls = 14,
     Refresh = 15,
     LoadingProject = 19,
-    ReadingProcedures = 20,
     BuildingTree = 21,
     AskReadCalls = 22,
     Options = 24,

@@ -152,7 +152,7 @@ void frmProgress::Progressiere_mal() {
 
 // A window that would disappear almost at once only flickers.
 bool frmProgress::IsNearlyDone() const {
-    return (value_ - min_) * 10 > (max_ - min_) * 7 && elapsed_.elapsed() < 3 * showAfter;
+    return (value_ - min_) * 10 > (max_ - min_) * 7 && elapsed_.elapsed() < qint64{3} * showAfter;
 }
 
 void frmProgress::Pump() {

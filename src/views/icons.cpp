@@ -165,7 +165,7 @@ size_t qHash(const Rendered& rendered, size_t seed) {
 }
 
 QCache<Rendered, QPixmap>& Cache() {
-    static QCache<Rendered, QPixmap> cache(8 * 1024);  // KiB of pixels
+    static QCache<Rendered, QPixmap> cache(qsizetype{8} * 1024);  // KiB of pixels
     return cache;
 }
 
@@ -211,7 +211,7 @@ private:
         };
         const QString onGrid16 = QStringLiteral(":/icons/%1.svg").arg(name_);
         const QString onGrid24 = QStringLiteral(":/icons/%1-24.svg").arg(name_);
-        const QString large = QStringLiteral(":/icons/%1-256.svg").arg(name_);
+        QString large = QStringLiteral(":/icons/%1-256.svg").arg(name_);
         if (side >= 48 && QFile::exists(large))
             return large;
         return side >= 24 && offGrid(24) <= offGrid(16) && QFile::exists(onGrid24) ? onGrid24 : onGrid16;
@@ -221,7 +221,7 @@ private:
         QFile file(File(side));
         if (!file.open(QIODevice::ReadOnly))
             return {};
-        const QByteArray drawn = file.readAll();
+        QByteArray drawn = file.readAll();
         if (colours_ == Colours::AsDrawn)
             return drawn;
         const QString ink = QLatin1Char('"') + QColor(look.ink).name() + QLatin1Char('"');
@@ -233,16 +233,16 @@ private:
     [[nodiscard]] QPixmap Pixels(int side, const Look& look) const {
         if (side <= 0)
             return {};
-        const Rendered wanted{name_, side, look};
-        if (const QPixmap* known = Cache().object(wanted))
+        const Rendered key{name_, side, look};
+        if (const QPixmap* known = Cache().object(key))
             return *known;
         auto pixels = std::make_unique<QPixmap>(side, side);
         pixels->fill(Qt::transparent);
         QPainter painter(pixels.get());
         QSvgRenderer(Source(side, look)).render(&painter, QRectF(0, 0, side, side));
         painter.end();
-        const QPixmap result = *pixels;
-        Cache().insert(wanted, pixels.release(), std::max(1, side * side * 4 / 1024));
+        QPixmap result = *pixels;
+        Cache().insert(key, pixels.release(), std::max(1, side * side * 4 / 1024));
         return result;
     }
 
