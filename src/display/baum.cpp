@@ -309,7 +309,7 @@ void Baum::Clear() {
     state.toBeVisible = nullptr;
     state.unsorted.clear();
     state.roots.clear();
-    state.slots.clear();
+    state.slots = std::vector<State::Slot>();  // clear() would keep the megabytes of a large project
     state.free.clear();
     state.blocks.clear();
     state.usedOfBlock = State::kBlock;

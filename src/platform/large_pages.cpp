@@ -3,6 +3,10 @@
 #include <cstdint>
 #include <new>
 
+#ifdef __GLIBC__
+#include <malloc.h>
+#endif
+
 #ifdef __linux__
 #include <sys/mman.h>
 #endif
@@ -89,4 +93,10 @@ void* LargePages::do_allocate(std::size_t bytes, std::size_t /*alignment*/) {
 void LargePages::do_deallocate(void* block, std::size_t bytes, std::size_t /*alignment*/) {
     const std::lock_guard lock(mutex_);
     free_.emplace(RoundedUp(bytes, kStep), static_cast<char*>(block));
+}
+
+void ReturnFreedMemory() {
+#ifdef __GLIBC__
+    malloc_trim(0);
+#endif
 }

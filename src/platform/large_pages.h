@@ -30,3 +30,7 @@ private:
     std::size_t restBytes_ = 0;
     std::multimap<std::size_t, char*> free_;  // blocks that came back, by size
 };
+
+/// Gives freed memory back to the system. The C library of Linux keeps what many small objects leave, tree nodes and
+/// edges above all: after closing a project of 100,000 lines some 25 MB. Elsewhere it does nothing.
+void ReturnFreedMemory();

@@ -11,6 +11,7 @@
 #include "findings/structure_report.h"
 #include "model/clsProjekt.h"
 #include "platform/files.h"
+#include "platform/large_pages.h"
 #include "project/start.h"
 #include "shell/errors.h"
 #include "shell/operations.h"
@@ -196,6 +197,7 @@ void frmMain::CloseTheProject() {
     ShowStartPage();
     Activate_Commands();
     status_->Message({});
+    ReturnFreedMemory();
 }
 
 void frmMain::Projekt_Analyse() {
