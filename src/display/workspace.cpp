@@ -231,18 +231,30 @@ CallType Workspace::TypeShown(bool isCaller) const {
     return MayBe(!isCaller) ? CallType::MayBe : CallType::Really;
 }
 
+// Whose neighbour an object is: the current object's, or that of the first of the group which it belongs to.
+const CodeObject* Workspace::OwnerOfNeighbour(const CodeObject& neighbour, bool isCaller) const {
+    const auto isNeighbourOf = [&](const CodeObject& own) {
+        const CallType type = TypeShown(isCaller);
+        return !(isCaller ? CallsText(neighbour, own, type) : CallsText(own, neighbour, type)).empty();
+    };
+    if (groupShown_)
+        for (const CodeObject* checked : checked_.Objects())
+            if (isNeighbourOf(*checked))
+                return checked;
+    return ProcedureOrCurrent();
+}
+
 std::optional<CodePane::Change> Workspace::SelectCallsOfObject(const BaumNode& node, bool isCaller) {
-    if (!projekt_ || !ObjectOf(node) || !selection_.CurObject)
+    const CodeObject* const clicked = ObjectOf(node);
+    const CodeObject* const own = clicked ? OwnerOfNeighbour(*clicked, isCaller) : nullptr;
+    if (!own)
         return {};
     SetCalledObject(*projekt_, selection_, node.Id());
-    const CodeObject& clicked = *selection_.CalledObject;
-    const CodeObject* const caller =
-        selection_.CurProc ? static_cast<const CodeObject*>(selection_.CurProc) : selection_.CurModule;
-    if (!isCaller && !caller)
+    const CodeObject& caller = isCaller ? *clicked : *own;
+    if (caller.Class() != ObjectClass::Prozedur && caller.Class() != ObjectClass::Modul)
         return {};
     const CodePane::Change change =
-        isCaller ? code_.SelectCallsOfObject(*projekt_, *ProcedureOrCurrent(), clicked, TypeShown(true))
-                 : code_.SelectCallsOfObject(*projekt_, clicked, *caller, TypeShown(false));
+        code_.SelectCallsOfObject(*projekt_, isCaller ? *own : *clicked, caller, TypeShown(isCaller));
     MarkLocalsShown(change);
     return change;
 }
@@ -351,8 +363,8 @@ std::vector<std::string> Workspace::HoverText(const BaumNode& node) const {
 std::vector<std::string> Workspace::DependencyHoverText(const BaumNode& node, bool isCaller) const {
     std::vector<std::string> lines = HoverText(node);
     const CodeObject* const object = ObjectOf(node);
-    const CodeObject* const own = ProcedureOrCurrent();
-    if (object && own) {
+    const CodeObject* const own = object ? OwnerOfNeighbour(*object, isCaller) : nullptr;
+    if (own) {
         const CallType type = TypeShown(isCaller);
         std::string calls = isCaller ? CallsText(*object, *own, type) : CallsText(*own, *object, type);
         if (!calls.empty())

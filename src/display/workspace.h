@@ -125,6 +125,7 @@ private:
     void FillTree();
     void RefillTree();
     [[nodiscard]] CodeObject* ProcedureOrCurrent() const;
+    [[nodiscard]] const CodeObject* OwnerOfNeighbour(const CodeObject& neighbour, bool isCaller) const;
     [[nodiscard]] CallType TypeShown(bool isCaller) const;
     [[nodiscard]] const CodeObject* ObjectOf(const BaumNode& node) const;
     [[nodiscard]] Shown MakeCurrent(BaumNode& node);

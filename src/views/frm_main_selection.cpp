@@ -81,6 +81,7 @@ void frmMain::GoBackOrOn(bool back) {
 void frmMain::SetMayBe(bool calls, bool mayBe) {
     workspace_.SetMayBe(calls, mayBe);
     ShowMayBe(calls);
+    ShowNow();
     if (workspace_.Current().CurObject)
         // The button takes the focus, but arrow keys should go on in the tree.
         BaumProjekt().setFocus();

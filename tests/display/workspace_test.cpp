@@ -238,6 +238,10 @@ TEST_F(Workspaces, CallsIntoAModuleAreMarked) {
     ASSERT_TRUE(workspace_.Activate("main.main"));
     EXPECT_EQ(places(workspace_.Calls(), "store"), "main.main 2");
     EXPECT_EQ(places(workspace_.Calls(), "store.save"), "main.main 1");
+    workspace_.SetCheckBoxes(true);
+    Check("store.save", true);
+    Check("store.unused", true);
+    EXPECT_EQ(places(workspace_.CalledBy(), "store.fill"), "store.fill 1") << "a neighbour of another one of the group";
 }
 
 TEST_F(Workspaces, LocalsOfAccessorsAreToldApart) {
