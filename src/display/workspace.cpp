@@ -231,7 +231,7 @@ CallType Workspace::TypeShown(bool isCaller) const {
     return MayBe(!isCaller) ? CallType::MayBe : CallType::Really;
 }
 
-// Whose neighbour an object is: the current object's, or that of the first of the group which it belongs to.
+// The object that has this neighbour: the current one, or the first such of the group.
 const CodeObject* Workspace::OwnerOfNeighbour(const CodeObject& neighbour, bool isCaller) const {
     const auto isNeighbourOf = [&](const CodeObject& own) {
         const CallType type = TypeShown(isCaller);
@@ -282,12 +282,13 @@ std::optional<Workspace::Shown> Workspace::NodeChecked(BaumNode& node) {
         return {};
     NodeCheck(*projekt_, tree_, node);
     RenewChecked();
-    if (settings_.Content == ContentMode::Chart)
-        return {};
     std::optional<Shown> shown;
-    if (ObjectOf(node))
-        shown = MakeCurrent(node);
-    groupShown_ = !checked_.Empty();
+    // The charts show the checked modules themselves; there the current object stays.
+    if (settings_.Content != ContentMode::Chart) {
+        if (ObjectOf(node))
+            shown = MakeCurrent(node);
+        groupShown_ = !checked_.Empty();
+    }
     ShowNeighbours();
     return shown;
 }

@@ -75,7 +75,8 @@ public:
     // Check boxes. The objects whose boxes are on form a group, whose neighbours the dependency trees show; they are
     // left out as neighbours of other objects. While the boxes are hidden there is no group.
     void SetCheckBoxes(bool shown);
-    /// The user has set or cleared a check mark. The object of the node becomes the current one.
+    /// The user has set or cleared a check mark. The object of the node becomes the current one, unless the charts are
+    /// showing.
     std::optional<Shown> NodeChecked(BaumNode& node);
     void CheckAll(bool checked);
     [[nodiscard]] std::size_t CheckedCount() const { return checked_.Objects().size(); }

@@ -244,7 +244,7 @@ TEST_F(Workspaces, CallsIntoAModuleAreMarked) {
     EXPECT_EQ(places(workspace_.CalledBy(), "store.fill"), "store.fill 1") << "a neighbour of another one of the group";
 }
 
-TEST_F(Workspaces, LocalsOfAccessorsAreToldApart) {
+TEST_F(Workspaces, LocalsBelongToTheirAccessor) {
     OpenAndRead({{"Thing.cls",
                   "Property Get Size(i)\n  i = 1\nEnd Property\n"
                   "Property Let Size(i, v)\n  i = v\nEnd Property"}});
