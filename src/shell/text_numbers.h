@@ -200,4 +200,12 @@ enum class Text {
     CountUses = 261,
     CountDead = 262,
     CountUndead = 263,
+    NoCallers = 264,
+    NoPossibleCallers = 265,
+    NoCalls = 266,
+    NoPossibleCalls = 267,
+    NothingBesidesChecked = 268,
+    OfChecked = 269,
+    CheckedLeftOut = 270,
+    ShowAll = 271,
 };
