@@ -99,8 +99,8 @@ enum class Text {
     Bits = 143,
     PublicObjects = 144,
     PrivateObjects = 145,
-    CallsWithin = 146,
-    CallsFromOutside = 147,
+    LocalVariables = 146,
+    CallsWithin = 147,
     CallsToOutside = 148,
     PossibleCalls = 149,
     NotCompiled = 150,
@@ -201,4 +201,7 @@ enum class Text {
     CountUses = 261,
     CountDead = 262,
     CountUndead = 263,
+    OneModuleRead = 264,
+    DeadWord = 265,
+    UndeadWord = 266,
 };
