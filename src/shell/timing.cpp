@@ -35,6 +35,8 @@ double CounterNow() {
 // The last digits are dropped, as in the full seconds.
 std::string BelowOneSecond(double milliseconds) {
     const int whole = static_cast<int>(milliseconds);
+    if (whole == 0)
+        return "< 0.001 s";
     char text[16];
     if (whole < 100)
         std::snprintf(text, sizeof text, "0.%03d s", whole);

@@ -38,7 +38,7 @@ public:
     /// Milliseconds from Start to Halt.
     [[nodiscard]] double RunTime() const;
     /// Sum of all runs as hours:minutes:seconds; below one second as seconds with decimals, down to milliseconds:
-    /// "0.27 s", "0.004 s".
+    /// "0.27 s", "0.004 s", "< 0.001 s".
     [[nodiscard]] std::string Get_TotalStr() const;
 
     double Overhead = 0;  // milliseconds

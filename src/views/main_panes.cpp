@@ -194,8 +194,10 @@ void MainPanes::PlaceAll() {
             bar.splitter->SetPlace(calls ? room * 2 / 5 : sideways ? room * 3 / 10 : room * 2 / 3);
         bar.splitter->SetFolded(stored_.*bar.hide == "1");
     }
-    if (calls)
-        callsLower_->setSizes({width() * 3 / 4, width() / 4});
+    if (calls) {
+        const int lower = std::max(width() / 4, panes_.lower->sizeHint().width());  // both its tabs can be read
+        callsLower_->setSizes({width() - lower, lower});
+    }
     placed_ = true;
     Q_EMIT FoldsChanged();
 }
