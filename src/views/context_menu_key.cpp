@@ -10,11 +10,11 @@ ContextMenuKey::ContextMenuKey(QObject* parent) : QObject(parent) {
 }
 
 bool ContextMenuKey::eventFilter(QObject* watched, QEvent* event) {
-    auto* widget = qobject_cast<QWidget*>(watched);
-    if (event->type() != QEvent::KeyPress || !widget)
+    if (event->type() != QEvent::KeyPress)
         return false;
     const auto* key = static_cast<QKeyEvent*>(event);
-    if (key->key() != Qt::Key_F10 || key->modifiers() != Qt::ShiftModifier)
+    auto* widget = qobject_cast<QWidget*>(watched);
+    if (!widget || key->key() != Qt::Key_F10 || key->modifiers() != Qt::ShiftModifier)
         return false;
     const QPoint place = widget->inputMethodQuery(Qt::ImCursorRectangle).toRect().center();
     QContextMenuEvent menu(QContextMenuEvent::Keyboard, place, widget->mapToGlobal(place));
