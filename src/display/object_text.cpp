@@ -93,7 +93,7 @@ struct Counts {
     }
     [[nodiscard]] bool Any() const { return certain + possible > 0; }
     [[nodiscard]] std::string Text() const {
-        return std::to_string(certain) + " " + Utf8TextNr(Text::Certain) + ", " + std::to_string(possible) + " " +
+        return Utf8Number(certain) + " " + Utf8TextNr(Text::Certain) + ", " + Utf8Number(possible) + " " +
                Utf8TextNr(Text::Possible);
     }
 };
@@ -123,8 +123,8 @@ Counts CallersOf(const clsProjekt& projekt, const LocalUses& locals, const CodeO
 std::string LinesOf(const CodeObject& object) {
     if (object.Class() == ObjectClass::Modul) {
         const auto& modul = static_cast<const clsModul&>(object);
-        return Labelled(Text::Lines, std::to_string(modul.LineCount)) + ", " +
-               Labelled(Text::CodeLines, std::to_string(modul.AnzLineCode));
+        return Labelled(Text::Lines, Utf8Number(modul.LineCount)) + ", " +
+               Labelled(Text::CodeLines, Utf8Number(modul.AnzLineCode));
     }
     if (!object.Modul || !object.Modul->text || object.DeclareStart < 1)
         return {};
@@ -136,7 +136,7 @@ std::string LinesOf(const CodeObject& object) {
     if (first == last)
         return Labelled(Text::Line, std::to_string(first));
     return Labelled(Text::Lines, std::to_string(first) + "\u2013" + std::to_string(last) + " (" +
-                                     std::to_string(last - first + 1) + ")");
+                                     Utf8Number(last - first + 1) + ")");
 }
 
 // The procedures that call one, each once, in the order of their calls.
@@ -214,18 +214,29 @@ std::vector<std::string> ObjectText(const clsProjekt& projekt, const LocalUses& 
     if (!object.CanBeUsed() || callers.Any())
         add(Labelled(Text::CalledBy, callers.Text()));
     if (object.CanBeUsed())
-        add(Labelled(Text::UsedBy, std::to_string(object.UsedByAll().Count())));
+        add(Labelled(Text::UsedBy, Utf8Number(object.UsedByAll().Count())));
     if (object.Class() == ObjectClass::Prozedur) {
         const auto& prozedur = static_cast<const clsProzedur&>(object);
         Counts calls;
         calls.AddAll(prozedur.CallsAll());
         add(Labelled(Text::Calls, calls.Text()));
         if (prozedur.UsesAll().Count() > 0)
-            add(Labelled(Text::Uses, std::to_string(prozedur.UsesAll().Count())));
+            add(Labelled(Text::Uses, Utf8Number(prozedur.UsesAll().Count())));
     }
     add(LinesOf(object));
     add(WhyDead(locals, object));
     return lines;
+}
+
+std::string SpokenAbout(const LocalUses& locals, const CodeObject& object) {
+    const bool isLocal =
+        object.Class() == ObjectClass::Variable && static_cast<const clsVariable&>(object).Prozedur != nullptr;
+    std::string about = KindWithAccess(object);
+    if (isLocal ? !WhyDead(locals, object).empty() : object.IsDeath == 1)
+        about.append(", ").append(Utf8TextNr(Text::DeadWord));
+    else if (!isLocal && object.IsDeath == 2)
+        about.append(", ").append(Utf8TextNr(Text::UndeadWord));
+    return about;
 }
 
 std::string CallsText(const CodeObject& caller, const CodeObject& target, CallType type) {
@@ -253,6 +264,6 @@ std::string CallsText(const CodeObject& caller, const CodeObject& target, CallTy
     }
     if (count == 0)
         return {};
-    return std::to_string(count) + " " + Utf8TextNr(type == CallType::MayBe ? Text::Possible : Text::Certain) + ", " +
+    return Utf8Number(count) + " " + Utf8TextNr(type == CallType::MayBe ? Text::Possible : Text::Certain) + ", " +
            Labelled(Text::FirstInLine, std::to_string(LineOf(modul->text->ModulTextOrg(), first)));
 }

@@ -1,4 +1,4 @@
-// The hover text of an object, the same in every tree and in the code.
+// The hover and spoken text of an object, the same in every tree and in the code.
 #pragma once
 
 #include <string>
@@ -15,6 +15,9 @@ class LocalUses;
 /// lines, and why the object is dead.
 [[nodiscard]] std::vector<std::string> ObjectText(const clsProjekt& projekt, const LocalUses& locals,
                                                   const CodeObject& object);
+
+/// What a screen reader says after the name of an object, in UTF-8: its kind with the access, and whether it is dead.
+[[nodiscard]] std::string SpokenAbout(const LocalUses& locals, const CodeObject& object);
 
 /// A further line for the node of a dependency tree: how many edges of this kind lead from `caller` to `target`, and
 /// the line of the first. A module as caller includes all its procedures and declarations; certain calls include uses.

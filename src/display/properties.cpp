@@ -1,6 +1,7 @@
 #include "display/properties.h"
 
 #include "model/clsControl.h"
+#include "display/shown_text.h"
 #include "model/clsEnum.h"
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
@@ -16,6 +17,10 @@ public:
         rows_.push_back({{label, {}}, {Text::None, std::string(value)}});
         return *this;
     }
+    Rows& AddCount(Text label, int count) {
+        rows_.push_back({{label, {}}, {Text::None, Utf8Number(count), true}});
+        return *this;
+    }
     Rows& AddText(Text label, Text value) {
         rows_.push_back({{label, {}}, {value, {}}});
         return *this;
@@ -29,7 +34,7 @@ private:
 PropertyRows OfModul(const clsModul& modul) {
     return Rows(modul.myNameOrg())
         .Add(Text::Kind, TextOf(modul.ModulTyp))
-        .Add(Text::CodeLines, std::to_string(modul.AnzLineCode))
+        .AddCount(Text::CodeLines, modul.AnzLineCode)
         .Take();
 }
 

@@ -14,6 +14,7 @@ class CodeObject;
 struct PropertyCell {
     Text text = Text::None;
     std::string bytes;
+    bool isNumber = false;
     bool operator==(const PropertyCell&) const = default;
 };
 

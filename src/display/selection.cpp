@@ -185,7 +185,7 @@ std::string CodePath_Anzeigen(const Selection& selection) {
     };
     switch (selection.CurObject->Class()) {
         case ObjectClass::Modul:
-            add(static_cast<const clsModul*>(selection.CurObject)->FullPath);
+            add(ShownPath(static_cast<const clsModul*>(selection.CurObject)->FullPath));
             break;
         case ObjectClass::Prozedur: {
             const auto& prozedur = static_cast<const clsProzedur&>(*selection.CurObject);
@@ -419,7 +419,7 @@ CodeObject* CodePane::ObjectAt(const clsProjekt& projekt, Pos selStart) const {
 
 PropertyRows Anzeigen_TextPos(const CodeText& shown, Pos selStart, Pos selLength) {
     const auto row = [](std::string_view label, std::string value) {
-        return PropertyRow{{Text::None, std::string(label)}, {Text::None, std::move(value)}};
+        return PropertyRow{{Text::None, std::string(label)}, {Text::None, std::move(value), true}};
     };
     const auto place = [&](Pos start) {
         return std::to_string(start) + " (" + std::to_string(shown.InModule(start)) + ")";

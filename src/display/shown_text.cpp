@@ -7,6 +7,7 @@
 #include "model/clsTypeLib.h"
 #include "model/clsVariable.h"
 #include "platform/code_page.h"
+#include "shell/clsText.h"
 #include "source/lines.h"
 #include "source/module_text.h"
 
@@ -60,6 +61,27 @@ std::string Utf8Of(const clsModul* modul, std::string_view bytes) {
     return (modul && modul->text ? PageOf(modul->text->ModulTextOrg()) : ActiveCodePage()).ToUtf8(bytes);
 }
 
+std::string ShownPath(std::string_view path) {
+    const CodePage& page = ActiveCodePage();
+    std::string shown(path);
+    for (std::size_t at = 0; at < shown.size(); ++at) {
+        if (page.IsLeadByte(static_cast<unsigned char>(shown[at])))
+            ++at;  // the second byte of a character can look like a separator
+        else if (shown[at] == '\\')
+            shown[at] = '/';
+    }
+    return shown;
+}
+
+std::string Utf8Number(long long number) {
+    const char separator = gText.Language == "german" ? '.' : ',';
+    std::string digits = std::to_string(number);
+    const std::size_t first = number < 0 ? 1 : 0;
+    for (std::size_t at = digits.size(); at > first + 3;)
+        digits.insert(at -= 3, 1, separator);
+    return digits;
+}
+
 int LineOf(std::string_view text, Pos pos) {
     const auto before = text.substr(0, static_cast<std::size_t>(std::max<Pos>(pos - 1, 0)));
     return static_cast<int>(std::count(before.begin(), before.end(), '\n')) + 1;
@@ -88,7 +110,7 @@ std::string JoinedLine(std::string_view text, Pos pos, Pos from) {
 
 std::string Declaration(const CodeObject& object) {
     if (object.Class() == ObjectClass::Modul)
-        return static_cast<const clsModul&>(object).FullPath;
+        return ShownPath(static_cast<const clsModul&>(object).FullPath);
     if (object.Class() == ObjectClass::TypeLib)
         return static_cast<const clsTypeLib&>(object).InprocServer32;
     if (!object.Modul || !object.Modul->text)

@@ -18,6 +18,12 @@ class CodeObject;
 /// UTF-8 of bytes from a module, or of a name or path when `modul` is null.
 [[nodiscard]] std::string Utf8Of(const clsModul* modul, std::string_view bytes);
 
+/// A path as it is shown: with one kind of separator, whatever the project file writes. In the active code page.
+[[nodiscard]] std::string ShownPath(std::string_view path);
+
+/// A count with the separators of the program's language.
+[[nodiscard]] std::string Utf8Number(long long number);
+
 /// Number of the physical line that holds `pos`, from 1.
 [[nodiscard]] int LineOf(std::string_view text, Pos pos);
 

@@ -374,6 +374,11 @@ std::vector<std::string> Workspace::DependencyHoverText(const BaumNode& node, bo
     return lines;
 }
 
+std::string Workspace::SpokenText(const BaumNode& node) const {
+    const CodeObject* const object = ObjectOf(node);
+    return object ? SpokenAbout(code_.Locals(), *object) : std::string();
+}
+
 std::vector<std::string> Workspace::CodeHoverText(Pos position) const {
     const CodeObject* const object = projekt_ ? code_.ObjectAt(*projekt_, position) : nullptr;
     return object ? ObjectText(*projekt_, code_.Locals(), *object) : std::vector<std::string>();

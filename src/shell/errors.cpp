@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "shell/timing.h"
+
 namespace {
 
 ErrorPort& Port() {
@@ -38,8 +40,10 @@ void ShowError(std::string_view tag, int number, std::string_view description) {
         return;
     }
     NoteProblem(tag, description);
-    if (Port() && muted == 0)
-        Port()({number, std::string(description), std::string(tag), std::string(currentSubject)});
+    if (!Port() || muted > 0)
+        return;
+    const WaitForAnswer wait;
+    Port()({number, std::string(description), std::string(tag), std::string(currentSubject)});
 }
 
 MutedErrors::MutedErrors() {

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/clock.h"
+#include "shell/timing.h"
 
 bool gAbort = false;
 std::string gAction;
@@ -59,6 +60,7 @@ QuestionPort SetQuestionPort(QuestionPort port) {
 }
 
 bool AskYesNo(std::string_view text) {
+    const WaitForAnswer wait;
     const QuestionPort& port = ThePort<QuestionPort>();
     return port && port(text);
 }
@@ -68,6 +70,7 @@ MissingFilePort SetMissingFilePort(MissingFilePort port) {
 }
 
 bool AskMissingFile(std::string_view text, int moreMissing) {
+    const WaitForAnswer wait;
     const MissingFilePort& port = ThePort<MissingFilePort>();
     return port ? port(text, moreMissing) : AskYesNo(text);
 }
@@ -77,6 +80,7 @@ MessagePort SetMessagePort(MessagePort port) {
 }
 
 void Tell(std::string_view text) {
+    const WaitForAnswer wait;
     if (const MessagePort& port = ThePort<MessagePort>())
         port(text);
 }

@@ -98,8 +98,8 @@ enum class Text {
     Bits = 143,
     PublicObjects = 144,
     PrivateObjects = 145,
-    CallsWithin = 146,
-    CallsFromOutside = 147,
+    LocalVariables = 146,
+    CallsWithin = 147,
     CallsToOutside = 148,
     PossibleCalls = 149,
     NotCompiled = 150,
@@ -208,4 +208,7 @@ enum class Text {
     OfChecked = 269,
     CheckedLeftOut = 270,
     ShowAll = 271,
+    OneModuleRead = 272,
+    DeadWord = 273,
+    UndeadWord = 274,
 };

@@ -20,7 +20,42 @@ std::string HoursMinutesSeconds(long long seconds) {
     return TwoDigits(seconds / 3600) + ":" + TwoDigits(seconds / 60 % 60) + ":" + TwoDigits(seconds % 60);
 }
 
+// Counts of the performance counter in which a person was asked.
+struct Waiting {
+    int depth = 0;
+    double since = 0;
+    double total = 0;
+};
+Waiting waiting;
+
+double CounterNow() {
+    return CounterAsNumber(PerformanceCounter());
+}
+
+// The last digits are dropped, as in the full seconds.
+std::string BelowOneSecond(double milliseconds) {
+    const int whole = static_cast<int>(milliseconds);
+    if (whole == 0)
+        return "< 0.001 s";
+    char text[16];
+    if (whole < 100)
+        std::snprintf(text, sizeof text, "0.%03d s", whole);
+    else
+        std::snprintf(text, sizeof text, "0.%02d s", whole / 10);
+    return text;
+}
+
 }  // namespace
+
+WaitForAnswer::WaitForAnswer() {
+    if (waiting.depth++ == 0)
+        waiting.since = CounterNow();
+}
+
+WaitForAnswer::~WaitForAnswer() {
+    if (--waiting.depth == 0)
+        waiting.total += CounterNow() - waiting.since;
+}
 
 void Timer_Reset(TimingRecord& record) {
     // Keeps the counts, so that unpaired starts and stops are still reported.
@@ -55,11 +90,12 @@ void clsQueryTimer::Calibrieren() {
 }
 
 void clsQueryTimer::Start() {
-    StartCount_ = CounterAsNumber(PerformanceCounter());
+    waitedAtStart_ = waiting.total;
+    StartCount_ = CounterNow();
 }
 
 void clsQueryTimer::Halt() {
-    StopCount_ = CounterAsNumber(PerformanceCounter());
+    StopCount_ = CounterNow() - (waiting.total - waitedAtStart_);
     LastRun = RunTime();
     Total += LastRun;
 }
@@ -69,5 +105,7 @@ double clsQueryTimer::RunTime() const {
 }
 
 std::string clsQueryTimer::Get_TotalStr() const {
-    return HoursMinutesSeconds(static_cast<long long>(std::max(Total, 0.0) / 1000));
+    const double milliseconds = std::max(Total, 0.0);
+    return milliseconds < 1000 ? BelowOneSecond(milliseconds)
+                               : HoursMinutesSeconds(static_cast<long long>(milliseconds / 1000));
 }

@@ -50,7 +50,7 @@ void BaumModel::SetLooks(const QFont& font, const QPalette& palette) {
             made.setItalic(italic != font.italic());
         }
     ground_ = palette.color(QPalette::Base);
-    dimmed_ = palette.brush(QPalette::PlaceholderText);
+    dimmed_ = Dimmed(palette, ground_);
 }
 
 const std::vector<BaumNode*>& BaumModel::Below(const QModelIndex& parent) const {
@@ -100,6 +100,11 @@ QVariant BaumModel::data(const QModelIndex& index, int role) const {
             return checkBoxes_ ? QVariant(node->Checked() ? Qt::Checked : Qt::Unchecked) : QVariant();
         case Qt::ToolTipRole:
             return toolTips_ ? toolTips_(*node) : QString();
+        case Qt::AccessibleTextRole: {
+            const QString about = spokenTexts_ ? spokenTexts_(*node) : QString();
+            const QString text = ToQString(node->Text());
+            return about.isEmpty() ? text : text + QStringLiteral(", ") + about;
+        }
         case KeyRole:
             return ToQString(node->Key());
         case DimmedRole:

@@ -43,6 +43,8 @@ public:
     [[nodiscard]] bool CheckBoxes() const { return checkBoxes_; }
     /// Sets the source of tool tips; no tool tip is shown for an empty text.
     void SetToolTips(std::function<QString(const BaumNode&)> toolTips) { toolTips_ = std::move(toolTips); }
+    /// Sets the source of what screen readers say after the text of a node.
+    void SetSpokenTexts(std::function<QString(const BaumNode&)> spokenTexts) { spokenTexts_ = std::move(spokenTexts); }
     /// Sets the look of ordinary text; bold, italic and dimmed text are derived from it.
     void SetLooks(const QFont& font, const QPalette& palette);
     /// Renders all icons again, as after a change of the palette.
@@ -93,7 +95,7 @@ private:
     const Settings& settings_;
     bool hidden_ = false;
     bool checkBoxes_ = false;
-    std::function<QString(const BaumNode&)> toolTips_;
+    std::function<QString(const BaumNode&)> toolTips_, spokenTexts_;
     QFont fonts_[2][2];  // [bold][italic]
     QBrush dimmed_;
     QColor ground_;  // background of the texts

@@ -4,7 +4,6 @@
 #include <QClipboard>
 #include <QContextMenuEvent>
 #include <QDateTime>
-#include <QFontDatabase>
 #include <QHelpEvent>
 #include <QMimeData>
 #include <QPainter>
@@ -14,6 +13,7 @@
 
 #include "platform/code_page.h"
 #include "shell/settings.h"
+#include "views/code_style.h"
 #include "views/commands.h"
 #include "views/qt_text.h"
 
@@ -48,7 +48,7 @@ BaumView::BaumView(Baum& tree, const Settings& settings, QWidget* parent)
     : QTreeView(parent), settings_(settings), model_(new BaumModel(tree, settings, this)) {
     setHeaderHidden(true);
     setUniformRowHeights(true);
-    setTextElideMode(Qt::ElideMiddle);
+    setTextElideMode(Qt::ElideRight);
     setEditTriggers(NoEditTriggers);
     setSelectionMode(SingleSelection);
     setDragEnabled(true);
@@ -119,16 +119,7 @@ void BaumView::SetAcceptsKeys(bool accepts) {
 }
 
 void BaumView::ApplyTreeFont() {
-    const QString family = ToQString(settings_.TreeFont.name);
-    QFont font = QApplication::font("QTreeView");
-    // Qt would silently replace a missing family; the font of the interface fits better than its choice.
-    if (QFontDatabase::hasFamily(family)) {
-        font = QFont(family);
-        font.setPointSizeF(settings_.TreeFont.size);
-        font.setBold(settings_.TreeFont.bold);
-        font.setItalic(settings_.TreeFont.italic);
-    }
-    setFont(font);
+    setFont(FontFromSetting(settings_.TreeFont, QApplication::font("QTreeView")));
     UpdateLooks();
 }
 
@@ -269,7 +260,7 @@ void BaumView::paintEvent(QPaintEvent* event) {
     if (Tree().Count() > 0 || emptyText_.isEmpty())
         return;
     QPainter painter(viewport());
-    painter.setPen(palette().color(QPalette::PlaceholderText));
+    painter.setPen(Dimmed(palette(), palette().color(QPalette::Base)));
     const int margin = fontMetrics().height();
     painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
                      Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, emptyText_);
@@ -298,6 +289,8 @@ bool BaumView::viewportEvent(QEvent* event) {
     QString text = index.data(Qt::ToolTipRole).toString();
     if (text.isEmpty() && index.isValid() && IsCutOff(index))
         text = index.data(Qt::DisplayRole).toString();
+    if (text.isEmpty())
+        text = toolTip();
     if (text.isEmpty())
         QToolTip::hideText();
     else

@@ -23,6 +23,7 @@ public:
 
     void SetCheckBoxes(bool on) { model_->SetCheckBoxes(on); }
     void SetToolTips(std::function<QString(const BaumNode&)> toolTips) { model_->SetToolTips(std::move(toolTips)); }
+    void SetSpokenTexts(std::function<QString(const BaumNode&)> texts) { model_->SetSpokenTexts(std::move(texts)); }
     /// Sets the accessible name and the text shown while the tree has no nodes.
     void SetTexte(Text name, Text empty);
     /// Shows another text in the empty pane, until the next SetTexte.
@@ -34,7 +35,7 @@ public:
 
     /// Sets all texts in the language of the program.
     void Texte();
-    /// Applies the font of the settings, or that of the interface if the system lacks it.
+    /// Applies the font of the settings, in the family of the interface if the system lacks theirs.
     void ApplyTreeFont();
 
     // To the clipboard, of the current node: its text, its address, and itself with all below it.

@@ -82,7 +82,7 @@ void BaumView::ShowMenu(const QModelIndex& index, const QPoint& globalPos) {
 
 QPixmap BaumView::DragPicture(const QModelIndex& index) const {
     const QIcon icon = index.data(Qt::DecorationRole).value<QIcon>();
-    const QString text = fontMetrics().elidedText(index.data(Qt::DisplayRole).toString(), Qt::ElideMiddle,
+    const QString text = fontMetrics().elidedText(index.data(Qt::DisplayRole).toString(), Qt::ElideRight,
                                                   fontMetrics().averageCharWidth() * 40);
     const QSize iconSize(style()->pixelMetric(QStyle::PM_SmallIconSize),
                          style()->pixelMetric(QStyle::PM_SmallIconSize));

@@ -48,6 +48,10 @@ QColor Mixed(const QColor& ground, const QColor& top, double share) {
                             mix(ground.blueF(), top.blueF()));
 }
 
+QColor Dimmed(const QPalette& palette, const QColor& ground) {
+    return Readable(Mixed(ground, palette.color(QPalette::Text), 0.6), ground);
+}
+
 QColor CodeGround(const QPalette& palette, bool onGrey) {
     const QColor base = palette.color(QPalette::Base);
     // Black over white gives (240, 240, 240).

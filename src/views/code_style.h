@@ -19,6 +19,8 @@
 [[nodiscard]] QColor Readable(const QColor& base, const QColor& ground, double contrast = 4.5);
 /// `share` of `top` over `ground`.
 [[nodiscard]] QColor Mixed(const QColor& ground, const QColor& top, double share);
+/// The ink of less important text on `ground`: paler than ordinary text, and still readable.
+[[nodiscard]] QColor Dimmed(const QPalette& palette, const QColor& ground);
 /// The background of code: the palette's base, and a greyer one for dead procedures.
 [[nodiscard]] QColor CodeGround(const QPalette& palette, bool onGrey);
 

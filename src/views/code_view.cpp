@@ -5,6 +5,8 @@
 #include <QFontDatabase>
 #include <QHelpEvent>
 #include <QKeyEvent>
+#include <QMenu>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPlainTextDocumentLayout>
@@ -18,12 +20,23 @@
 
 #include "platform/code_page.h"
 #include "views/code_style.h"
+#include "views/commands.h"
 #include "views/qt_text.h"
 
 namespace {
 
 constexpr int kTabColumns = 4;
 constexpr int kGutterGap = 6;  // pixels beside the line numbers
+// Where strings and comments begin and end. A mark there keeps words of two of them, written from right to left, from
+// changing places in the line.
+std::vector<Pos> BoundsOfTexts(const std::vector<CodeSpan>& spans) {
+    std::vector<Pos> bounds;
+    for (const CodeSpan& span : spans)
+        if (span.what == Colour::String || span.what == Colour::Comment)
+            bounds.insert(bounds.end(), {span.start, span.start + span.length});
+    return bounds;
+}
+
 constexpr std::size_t kMeanings = static_cast<std::size_t>(Colour::FunctionResult) + 1;
 
 }  // namespace
@@ -51,6 +64,10 @@ CodeView::CodeView(const Settings& settings, QWidget* parent)
     // Read only, so Tab has nothing to insert: it leaves the widget as in a form.
     setTabChangesFocus(true);
     setCenterOnScroll(false);
+    // A line that begins with a right-to-left word is still a line of code.
+    QTextOption leftToRight = document()->defaultTextOption();
+    leftToRight.setTextDirection(Qt::LeftToRight);
+    document()->setDefaultTextOption(leftToRight);
     connect(this, &QPlainTextEdit::updateRequest, gutter_, [this](const QRect& rect, int dy) {
         if (dy != 0)
             gutter_->scroll(0, dy);
@@ -70,7 +87,10 @@ void CodeView::Texte() {
 }
 
 void CodeView::Show(const CodeText& code) {
-    text_ = DecodedText(code.text, code.page ? *code.page : ActiveCodePage());
+    const CodePage& page = code.page ? *code.page : ActiveCodePage();
+    text_ = DecodedText(code.text, page);
+    if (text_.HasRightToLeft())
+        text_ = DecodedText(code.text, page, BoundsOfTexts(code.spans));
     spans_ = code.spans;
     firstLine_ = code.firstLine;
     onGrey_ = code.onGrey;
@@ -250,8 +270,22 @@ void CodeView::mousePressEvent(QMouseEvent* event) {
 
 void CodeView::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
-    if (event->reason() == QContextMenuEvent::Keyboard)
-        Q_EMIT PositionClicked(SelStart(), SelLength());
+    if (event->reason() != QContextMenuEvent::Keyboard)
+        return;  // the right button goes to the object
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->addAction(TextNr(Text::GoToObject), this, [this] { Q_EMIT PositionClicked(SelStart(), SelLength()); });
+    menu->addAction(TextNr(Text::Copy), this, &CodeView::copy)->setEnabled(textCursor().hasSelection());
+    menu->addAction(TextNr(Text::SelectAll), this, &CodeView::selectAll);
+    Commands::GiveLetters(menu->actions());
+    menu->popup(event->globalPos());
+}
+
+QMimeData* CodeView::createMimeDataFromSelection() const {
+    const QTextCursor cursor = textCursor();
+    auto* mime = new QMimeData;
+    mime->setText(text_.WithoutMarks(cursor.selectionStart(), cursor.selectionEnd()));
+    return mime;
 }
 
 void CodeView::keyPressEvent(QKeyEvent* event) {
@@ -318,7 +352,7 @@ void CodeView::paintEvent(QPaintEvent* event) {
     if (text_.ByteCount() > 0)
         return;
     QPainter painter(viewport());
-    painter.setPen(Readable(palette().color(QPalette::PlaceholderText), Ground()));
+    painter.setPen(Dimmed(palette(), Ground()));
     painter.setFont(QApplication::font());
     painter.drawText(viewport()->rect().adjusted(20, 20, -20, -20), Qt::AlignCenter | Qt::TextWordWrap, emptyText_);
 }
@@ -340,7 +374,7 @@ void CodeView::PaintGutter(QPaintEvent* event) {
     QPainter painter(gutter_);
     const QColor ground = Ground();
     painter.fillRect(event->rect(), ground);
-    painter.setPen(Readable(Mixed(ground, palette().color(QPalette::Text), 0.55), ground));
+    painter.setPen(Dimmed(palette(), ground));
     painter.setFont(font());
     QTextBlock line = firstVisibleBlock();
     for (int nr = firstLine_ + line.blockNumber(); line.isValid(); line = line.next(), ++nr) {

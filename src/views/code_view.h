@@ -63,6 +63,7 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void changeEvent(QEvent* event) override;
     bool viewportEvent(QEvent* event) override;
+    [[nodiscard]] QMimeData* createMimeDataFromSelection() const override;
 
 private:
     class Gutter;

@@ -47,11 +47,35 @@ void DecodedText::Append(std::string_view bytes, const QString& characters) {
         steps_.push_back({byteCount_, static_cast<int>(text_.size())});
 }
 
-DecodedText::DecodedText(std::string_view bytes, const CodePage& page) {
+void DecodedText::AppendMark() {
+    marks_.push_back(static_cast<int>(text_.size()));
+    text_.append(QChar(0x200E));
+    steps_.push_back({byteCount_, static_cast<int>(text_.size())});
+}
+
+QString DecodedText::WithoutMarks(int from, int to) const {
+    QString part = text_.mid(from, to - from);
+    for (auto mark = marks_.rbegin(); mark != marks_.rend(); ++mark)
+        if (*mark >= from && *mark < to)
+            part.remove(*mark - from, 1);
+    return part;
+}
+
+bool DecodedText::HasRightToLeft() const {
+    constexpr char16_t kFirst = 0x0590;  // no script before it is written from right to left
+    return std::any_of(text_.begin(), text_.end(), [](QChar c) {
+        return c.unicode() >= kFirst && (c.direction() == QChar::DirR || c.direction() == QChar::DirAL);
+    });
+}
+
+DecodedText::DecodedText(std::string_view bytes, const CodePage& page, std::span<const Pos> bounds) {
     const bool isUtf8 = page.Setting() == "65001";
     const std::array<QChar, 256> single = SingleBytes(page);
     text_.reserve(static_cast<qsizetype>(bytes.size()));
+    auto bound = bounds.begin();
     for (std::size_t at = 0; at < bytes.size();) {
+        for (; bound != bounds.end() && static_cast<std::size_t>(*bound) <= at; ++bound)
+            AppendMark();
         const auto byte = static_cast<unsigned char>(bytes[at]);
         std::size_t end = at + 1;
         if (byte == '\r' || byte == '\n') {

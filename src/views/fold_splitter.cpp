@@ -20,8 +20,8 @@ public:
     Handle(Qt::Orientation orientation, FoldSplitter& splitter)
         : QSplitterHandle(orientation, &splitter), splitter_(splitter) {
         setFocusPolicy(Qt::TabFocus);
-        if (splitter.count() != 1 || !splitter.folds_)
-            return;  // only the bar after the first pane folds
+        if (!splitter.folds_)
+            return;
         button_ = new QToolButton(this);
         button_->setAutoRaise(true);
         button_->setFocusPolicy(Qt::NoFocus);  // the view menu has the same commands
@@ -32,28 +32,29 @@ public:
         auto* layout = new QBoxLayout(sideways ? QBoxLayout::TopToBottom : QBoxLayout::LeftToRight, this);
         layout->setContentsMargins(0, 0, 0, 0);
         layout->addWidget(button_, 0, Qt::AlignCenter);
+        button_->hide();
         connect(button_, &QToolButton::clicked, this, [this] { splitter_.SetFolded(!splitter_.Folded()); });
-        ShowState();
     }
 
     void ShowState() {
         setAccessibleName(splitter_.barText_);
         if (!button_)
             return;
+        button_->setVisible(Folds());
         const bool sideways = orientation() == Qt::Horizontal;
         const bool folded = splitter_.Folded();
         button_->setIcon(
             IconFor(sideways ? (folded ? "SplitXShow" : "SplitXHide") : (folded ? "SplitYShow" : "SplitYHide")));
         button_->setToolTip(splitter_.foldText_);
         button_->setAccessibleName(splitter_.foldText_);
-        setCursor(folded ? Qt::ArrowCursor : sideways ? Qt::SplitHCursor : Qt::SplitVCursor);
+        setCursor(IsFolded() ? Qt::ArrowCursor : sideways ? Qt::SplitHCursor : Qt::SplitVCursor);
     }
 
 protected:
     void keyPressEvent(QKeyEvent* event) override {
         const bool sideways = orientation() == Qt::Horizontal;
         const int key = event->key();
-        if (button_ && (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space))
+        if (Folds() && (key == Qt::Key_Return || key == Qt::Key_Enter || key == Qt::Key_Space))
             button_->click();
         else if (!IsFolded() && key == (sideways ? Qt::Key_Left : Qt::Key_Up))
             moveSplitter((sideways ? x() : y()) - kStep);
@@ -95,7 +96,9 @@ protected:
     }
 
 private:
-    [[nodiscard]] bool IsFolded() const { return button_ && splitter_.Folded(); }
+    // Only the bar after the first pane folds. Which one that is changes when panes come and go.
+    [[nodiscard]] bool Folds() const { return button_ && splitter_.handle(1) == this; }
+    [[nodiscard]] bool IsFolded() const { return Folds() && splitter_.Folded(); }
 
     FoldSplitter& splitter_;
     QToolButton* button_ = nullptr;
@@ -140,15 +143,19 @@ void FoldSplitter::ApplyFolded() {
     setCollapsible(0, folded_);
     QList<int> all = sizes();
     const int two = all[0] + all[1];
-    all[0] = folded_ ? 0 : std::max(place_, widget(0)->minimumSizeHint().width());
+    all[0] = folded_ ? 0 : place_;
     all[1] = std::max(0, two - all[0]);
     setSizes(all);
-    static_cast<Handle*>(handle(1))->ShowState();
+    ShowState();
+}
+
+void FoldSplitter::ShowState() {
+    for (int nr = 1; nr < count(); ++nr)
+        static_cast<Handle*>(handle(nr))->ShowState();
 }
 
 void FoldSplitter::SetTexte(const QString& fold, const QString& bar) {
     foldText_ = fold;
     barText_ = bar;
-    for (int nr = 1; nr < count(); ++nr)
-        static_cast<Handle*>(handle(nr))->ShowState();
+    ShowState();
 }

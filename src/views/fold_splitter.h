@@ -17,7 +17,8 @@ public:
     [[nodiscard]] int Place() const;
     /// The second pane gets the difference.
     void SetPlace(int pixels);
-    /// Sets tool tip and name of the fold button, and the name of the bars.
+    /// Sets tool tip and name of the fold button, and the name of the bars. To be called again after panes have come or
+    /// gone.
     void SetTexte(const QString& fold, const QString& bar);
 
 Q_SIGNALS:
@@ -30,6 +31,7 @@ protected:
 private:
     class Handle;
     void ApplyFolded();
+    void ShowState();
 
     bool folded_ = false;
     int place_ = 0;  // before folding

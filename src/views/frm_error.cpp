@@ -13,6 +13,7 @@
 #include <cstdlib>
 
 #include "display/problem_meaning.h"
+#include "display/shown_text.h"
 #include "shell/program.h"
 #include "shell/words.h"
 #include "views/deployment.h"
@@ -146,7 +147,7 @@ void frmError::Texte() {
 void frmError::ShowHeading() {
     const QString file = ToQString(modMain::DirOrFileName(report_.subject, 0));
     heading_->setText(file.isEmpty() ? TextNr(Text::ErrorOccurred) : TextNr(Text::ErrorInFile, file));
-    subject_->SetText(ToQString(report_.subject));
+    subject_->SetText(ToQString(ShownPath(report_.subject)));
     subject_->setVisible(!file.isEmpty());
 }
 

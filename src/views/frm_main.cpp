@@ -19,6 +19,7 @@
 #include "views/code_view.h"
 #include "views/commands.h"
 #include "views/content_stack.h"
+#include "views/context_menu_key.h"
 #include "views/frm_about.h"
 #include "views/frm_error.h"
 #include "views/frm_keys.h"
@@ -82,6 +83,7 @@ frmMain::frmMain(Files& files, SettingsFile& file, Settings settings, std::strin
     setMinimumSize(kSmallestWindow);
     setWindowIcon(ApplicationIcon());
     setAcceptDrops(true);
+    new ContextMenuKey(this);
     // QMainWindow's own context menu would let the user hide the toolbar, for which there is no command.
     setContextMenuPolicy(Qt::NoContextMenu);
     addToolBar(toolbar_);
@@ -138,6 +140,9 @@ void frmMain::BuildPanes() {
 void frmMain::WireTrees() {
     const auto hover = [this](const BaumNode& node) { return ToolTipOf(workspace_.HoverText(node)); };
     const auto goTo = [this](const std::string& key) { ActivateKey(key); };
+    for (BaumView* tree : {&BaumProjekt(), &calledByPane_->Tree(), &callsPane_->Tree(), &lower_->BaumDLL()})
+        tree->SetSpokenTexts(
+            [this](const BaumNode& node) { return QString::fromStdString(workspace_.SpokenText(node)); });
     BaumProjekt().SetToolTips(hover);
     connect(&BaumProjekt(), &BaumView::NodeActivated, this, goTo);
     connect(&BaumProjekt(), &BaumView::NodeChecked, this, [this](BaumNode& node) {
@@ -150,7 +155,10 @@ void frmMain::WireTrees() {
         connect(pane, &DependencyPane::ShowAllClicked, this, [this] { CheckAll(false); });
         BaumView& view = pane->Tree();
         view.SetToolTips([this, isCaller](const BaumNode& node) {
-            return ToolTipOf(workspace_.DependencyHoverText(node, isCaller));
+            std::vector<std::string> lines = workspace_.DependencyHoverText(node, isCaller);
+            if (!lines.empty())
+                lines.push_back(Utf8TextNr(Text::DependencyTreeTip));
+            return ToolTipOf(lines);
         });
         connect(&view, &BaumView::NodeActivated, this,
                 [this, isCaller](const std::string& key) { SelectCallsOfObject(key, isCaller); });

@@ -81,7 +81,10 @@ void frmMain::WireCommands() {
             if (BaumProjekt().Model().CheckBoxes())
                 CheckAll(on);
         });
-    Wire(Command::Search, [this](bool) { project_->Search().Focus(); });
+    Wire(Command::Search, [this](bool) {
+        panes_->ShowTree();  // the search field is above the tree
+        project_->Search().Focus();
+    });
     Wire(Command::NavPrev, [this](bool) { GoBackOrOn(true); });
     Wire(Command::NavNext, [this](bool) { GoBackOrOn(false); });
     Wire(Command::ZoomPlus, [this](bool) { rtbCode().ZoomIn(); });
@@ -187,7 +190,8 @@ void frmMain::OpenProject(const std::string& path) {
     lower_->Properties().Show(Anzeigen_Eigenschaften(*gProjekt));
     Activate_Commands();
     BaumProjekt().setFocus();
-    status_->Message(TextNr(Text::ModulesRead, NumberText(gProjekt->CountAllModules())));
+    const int modules = gProjekt->CountAllModules();
+    status_->Message(modules == 1 ? TextNr(Text::OneModuleRead) : TextNr(Text::ModulesRead, NumberText(modules)));
 }
 
 void frmMain::CloseTheProject() {
@@ -223,7 +227,7 @@ void frmMain::Files_Check() {
     status_->ShowCounts(gProjekt.get(), workspace_.CallsRead());
     status_->ShowProblemCount();
     Activate_Commands();
-    status_->Message(TextNr(Text::FilesChanged, QString::number(changed)));
+    status_->Message(TextNr(Text::FilesChanged, NumberText(changed)));
 }
 
 void frmMain::WriteReports(const std::string& operation) {

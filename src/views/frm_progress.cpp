@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "shell/program.h"
+#include "shell/timing.h"
 #include "views/dialogs.h"
 #include "views/elided_label.h"
 #include "views/qt_text.h"
@@ -178,7 +179,7 @@ void frmProgress::ShowState() {
     heading_->setText(stage.isEmpty() ? windowTitle() : stage);
     detail_->SetText(ToQString(object_));
     const bool counts = max_ > 0;
-    count_->setText(counts ? QString::number(value_) + QStringLiteral(" / ") + QString::number(max_) : QString());
+    count_->setText(counts ? NumberText(value_) + QStringLiteral(" / ") + NumberText(max_) : QString());
     // An empty range makes QProgressBar show a busy indicator.
     bar_->setRange(counts ? std::min(min_, max_ - 1) : 0, std::max(max_, 0));
     bar_->setValue(value_);
@@ -189,6 +190,7 @@ void frmProgress::AskCancel() {
     if (asking_ || cancelled_ || cmdCancel_->isHidden())
         return;
     asking_ = true;
+    const WaitForAnswer wait;
     const bool yes = AskQuestion(this, TextNr(Text::AskCancel));
     asking_ = false;
     if (!yes)

@@ -16,6 +16,8 @@
 #include <memory>
 #include <unordered_map>
 
+#include "views/window_style.h"
+
 namespace {
 
 struct Drawing {
@@ -143,10 +145,11 @@ Look LookFor(QIcon::Mode mode, const QPaintDevice* device) {
         case QIcon::Disabled:
             return {palette.color(QPalette::Disabled, QPalette::ButtonText).rgb(), true};
         case QIcon::Selected: {
-            // The selection of a window in the background can be pale, with dark text.
-            const bool background = widget && !widget->isActiveWindow();
-            return {palette.color(background ? QPalette::Inactive : QPalette::Active, QPalette::HighlightedText).rgb(),
-                    true};
+            return {
+                palette
+                    .color(HasPaleSelection(widget) ? QPalette::Inactive : QPalette::Active, QPalette::HighlightedText)
+                    .rgb(),
+                true};
         }
         default:
             return {palette.color(QPalette::Active, QPalette::ButtonText).rgb(), false};

@@ -15,6 +15,7 @@ namespace {
 constexpr int kContentMargin = 6;  // pixels around the panes of "Content"
 constexpr int kCallsMargin = 13;   // and of "Calls"
 constexpr int kSmallestTree = ToPixels(2300);
+constexpr int kSmallestMiddle = 220;  // pixels for the project tree in "Calls", where names begin far to the right
 constexpr int kSmallestContent = ToPixels(400);
 constexpr int kSmallestAcross = ToPixels(500);
 constexpr int kSmallestProperties = ToPixels(1000);
@@ -44,7 +45,6 @@ MainPanes::MainPanes(const Panes& panes, QWidget* parent)
     column->setContentsMargins(0, 0, 0, 0);
     column->setSpacing(4);
     column->addWidget(panes_.content, 1);
-    panes_.tree->setMinimumWidth(kSmallestTree);
     panes_.tree->setMinimumHeight(kSmallestAcross);
     panes_.lower->setMinimumHeight(kSmallestProperties);
     contentColumn_->setMinimumSize(kSmallestContent, kSmallestAcross);
@@ -86,6 +86,7 @@ void MainPanes::Arrange(SplitMode mode) {
         callsY_->setStretchFactor(1, 1);
         outer_->addWidget(panes_.path);
         outer_->addWidget(callsY_, 1);
+        KeepRoomForCode();
         callsX_->setMinimumHeight(kSmallestAcross);
     } else {
         contentY_->addWidget(panes_.tree);
@@ -97,6 +98,7 @@ void MainPanes::Arrange(SplitMode mode) {
         column->insertWidget(0, panes_.path);
         outer_->addWidget(contentX_, 1);
     }
+    panes_.tree->setMinimumWidth(calls ? kSmallestMiddle : kSmallestTree);
     panes_.lower->show();
     panes_.calledBy->setVisible(calls);
     panes_.calls->setVisible(calls);
@@ -147,6 +149,26 @@ void MainPanes::showEvent(QShowEvent* event) {
     PlaceAll();
 }
 
+void MainPanes::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    KeepRoomForCode();
+}
+
+// A third of the window for the code below the trees, also when the bar is dragged or the window made smaller.
+void MainPanes::KeepRoomForCode() {
+    callsLower_->setMinimumHeight(window()->height() / 3);
+}
+
+// The widths of the three trees in "Calls". The left one comes back as stored, but takes no more than half; the right
+// one is as wide if the middle one keeps its share.
+QList<int> MainPanes::TreeWidths(int stored) const {
+    const int room = width() - 2 * (kCallsMargin + callsX_->handleWidth());
+    const int share = std::max(kSmallestMiddle, static_cast<int>(width() / kTreeShare));
+    const int left = stored > 0 ? std::min(stored, room / 2) : (room - share) / 2;
+    const int right = std::max(kSmallestTree, std::min(left, room - left - share));
+    return {left, room - left - right, right};
+}
+
 // Bars can only be placed once the panes have a size.
 void MainPanes::PlaceAll() {
     if (!isVisible())
@@ -161,24 +183,29 @@ void MainPanes::PlaceAll() {
     for (const Bar& bar : bars) {
         const bool sideways = bar.splitter->orientation() == Qt::Horizontal;
         const int room = sideways ? width() : height();
-        int place = ToPixels(LeadingNumber(stored_.*bar.place));
-        const int left = static_cast<int>(width() / kTreeShare);
-        const int besides = room - 2 * (kCallsMargin + callsX_->handleWidth());
-        if (place <= 0)
-            place =
-                calls ? (sideways ? (besides - left) / 2 : room * 2 / 5) : (sideways ? room * 3 / 10 : room * 2 / 3);
+        const int place = ToPixels(LeadingNumber(stored_.*bar.place));
         // Unfolded first: the place of a folded pane is only the size to which it unfolds.
         bar.splitter->SetFolded(false);
         if (bar.splitter == callsX_)
-            callsX_->setSizes({place, std::max(kSmallestTree, besides - 2 * place), place});
-        else
+            callsX_->setSizes(TreeWidths(place));
+        else if (place > 0)
             bar.splitter->SetPlace(place);
+        else
+            bar.splitter->SetPlace(calls ? room * 2 / 5 : sideways ? room * 3 / 10 : room * 2 / 3);
         bar.splitter->SetFolded(stored_.*bar.hide == "1");
     }
-    if (calls)
-        callsLower_->setSizes({width() * 3 / 4, width() / 4});
+    if (calls) {
+        const int lower = std::max(width() / 4, panes_.lower->sizeHint().width());  // both its tabs can be read
+        callsLower_->setSizes({width() - lower, lower});
+    }
     placed_ = true;
     Q_EMIT FoldsChanged();
+}
+
+void MainPanes::ShowTree() {
+    if (!IsCalls())
+        contentX_->SetFolded(false);
+    picSplitY().SetFolded(false);
 }
 
 void MainPanes::Restore(const WindowSize& size) {

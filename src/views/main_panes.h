@@ -5,6 +5,7 @@
 // places and folds.
 #pragma once
 
+#include <QList>
 #include <QWidget>
 #include <string>
 
@@ -34,6 +35,9 @@ public:
     [[nodiscard]] FoldSplitter& picSplitX() const;
     [[nodiscard]] FoldSplitter& picSplitY() const;
 
+    /// Unfolds what hides the project tree.
+    void ShowTree();
+
     /// Places in twips and folds, of both arrangements; values never stored keep their defaults.
     void Restore(const WindowSize& size);
     void Store(WindowSize& size) const;
@@ -44,10 +48,13 @@ Q_SIGNALS:
 
 protected:
     void showEvent(QShowEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     [[nodiscard]] bool IsCalls() const { return mode_ == SplitMode::Calls; }
     void PlaceAll();
+    void KeepRoomForCode();
+    [[nodiscard]] QList<int> TreeWidths(int stored) const;
     void OrderTabs();
 
     Panes panes_;

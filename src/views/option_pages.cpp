@@ -1,8 +1,10 @@
 #include "views/option_pages.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QColorDialog>
 #include <QComboBox>
+#include <QFontDatabase>
 #include <QFontDialog>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -26,10 +28,10 @@ struct ColourRow {
     std::int32_t Settings::*colour;
 };
 constexpr ColourRow kColourRows[] = {
-    {Text::PublicObjects, &Settings::ColPublics},   {Text::PrivateObjects, &Settings::ColPrivates},
-    {Text::CallsWithin, &Settings::ColCallLocal},   {Text::CallsFromOutside, &Settings::ColCallIn},
-    {Text::CallsToOutside, &Settings::ColCallOut},  {Text::PossibleCalls, &Settings::ColCallMayBe},
-    {Text::NotCompiled, &Settings::ColCondCompile}, {Text::Comment, &Settings::ColComment},
+    {Text::PublicObjects, &Settings::ColPublics},    {Text::PrivateObjects, &Settings::ColPrivates},
+    {Text::LocalVariables, &Settings::ColCallLocal}, {Text::CallsWithin, &Settings::ColCallIn},
+    {Text::CallsToOutside, &Settings::ColCallOut},   {Text::PossibleCalls, &Settings::ColCallMayBe},
+    {Text::NotCompiled, &Settings::ColCondCompile},  {Text::Comment, &Settings::ColComment},
     {Text::Strings, &Settings::ColString},
 };
 
@@ -48,15 +50,6 @@ constexpr PageName kPages[] = {
 
 std::int32_t ToBgr(const QColor& colour) {
     return colour.red() | colour.green() << 8 | colour.blue() << 16;
-}
-
-QFont ToFont(const FontSetting& setting) {
-    QFont font(ToQString(setting.name));
-    if (setting.size > 0)
-        font.setPointSizeF(static_cast<qreal>(setting.size));
-    font.setBold(setting.bold);
-    font.setItalic(setting.italic);
-    return font;
 }
 
 QLabel* Note() {
@@ -213,8 +206,9 @@ void VisualPage::BuildFonts() {
     auto* fontGrid = new QGridLayout(fontFrame_);
     fontGrid->setColumnStretch(1, 1);
     fontGrid->setHorizontalSpacing(12);
-    fonts_ = {FontRow{new QLabel, new QLabel, new QPushButton, &Settings::CodeFont},
-              FontRow{new QLabel, new QLabel, new QPushButton, &Settings::TreeFont}};
+    fonts_ = {FontRow{new QLabel, new QLabel, new QPushButton, &Settings::CodeFont,
+                      QFontDatabase::systemFont(QFontDatabase::FixedFont)},
+              FontRow{new QLabel, new QLabel, new QPushButton, &Settings::TreeFont, QApplication::font("QTreeView")}};
     for (std::size_t nr = 0; nr < fonts_.size(); ++nr) {
         FontRow& row = fonts_[nr];
         row.sample->setObjectName(QStringLiteral("fontSample%1").arg(nr));
@@ -276,7 +270,7 @@ void VisualPage::ShowColour(std::size_t nr) {
 
 void VisualPage::ShowFont(const FontRow& row) {
     const FontSetting& font = values_.*row.font;
-    row.sample->setFont(ToFont(font));
+    row.sample->setFont(FontFromSetting(font, row.fallback));
     row.sample->setText(ToQString(font.name) + QLatin1Char(' ') + QString::number(static_cast<double>(font.size)));
     row.sample->setToolTip(row.sample->text());
 }
@@ -294,7 +288,7 @@ void VisualPage::ChooseColour(std::size_t nr) {
 void VisualPage::ChooseFont(const FontRow& row) {
     bool accepted = false;
     FontSetting& font = values_.*row.font;
-    const QFont chosen = QFontDialog::getFont(&accepted, ToFont(font), this, row.title->text());
+    const QFont chosen = QFontDialog::getFont(&accepted, FontFromSetting(font, row.fallback), this, row.title->text());
     if (!accepted)
         return;
     font = {static_cast<float>(chosen.pointSizeF()), FromQString(chosen.family()), chosen.bold(), chosen.italic()};

@@ -1,6 +1,7 @@
 // The pages of the options window. Each shows its part of a copy of the settings and changes that copy.
 #pragma once
 
+#include <QFont>
 #include <QWidget>
 #include <array>
 
@@ -59,6 +60,7 @@ private:
         QLabel* sample;
         QPushButton* choose;
         FontSetting Settings::*font;
+        QFont fallback;  // where the system lacks the family
     };
 
     void BuildColours();

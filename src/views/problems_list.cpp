@@ -13,6 +13,7 @@
 #include <QVBoxLayout>
 
 #include "display/problem_meaning.h"
+#include "display/shown_text.h"
 #include "model/clsProjekt.h"
 #include "project/start.h"
 #include "views/copy_table.h"
@@ -62,7 +63,7 @@ QVariant ProblemsModel::data(const QModelIndex& index, int role) const {
         case What:
             return ToQString(problem->text);
         case Where:
-            return ToQString(problem->subject);
+            return ToQString(ShownPath(problem->subject));
         case Meaning:
             return TextNr(ProblemMeaning(problem->tag));
         default:
@@ -173,10 +174,11 @@ void ProblemsList::Refresh() {
 void ProblemsList::ShowSelected() {
     const QModelIndex index = sorted_->mapToSource(table_->currentIndex());
     const Problem* problem = model_->ProblemAt(index);
-    whole_->setPlainText(problem ? ToQString(problem->text) + QLatin1Char('\n') + ToQString(problem->subject) +
-                                       QLatin1Char('\n') + TextNr(ProblemMeaning(problem->tag)) +
-                                       QStringLiteral("\n->> ") + ToQString(problem->tag)
-                                 : QString());
+    whole_->setPlainText(problem
+                             ? ToQString(problem->text) + QLatin1Char('\n') + ToQString(ShownPath(problem->subject)) +
+                                   QLatin1Char('\n') + TextNr(ProblemMeaning(problem->tag)) + QStringLiteral("\n->> ") +
+                                   ToQString(problem->tag)
+                             : QString());
 }
 
 void ProblemsList::showEvent(QShowEvent* event) {

@@ -36,7 +36,7 @@ PropertiesGrid::PropertiesGrid(QWidget* parent)
     grid_->setEditTriggers(QAbstractItemView::NoEditTriggers);
     grid_->setSelectionBehavior(QAbstractItemView::SelectRows);
     grid_->setTabKeyNavigation(false);
-    grid_->setTextElideMode(Qt::ElideMiddle);
+    grid_->setTextElideMode(Qt::ElideRight);
     grid_->setWordWrap(false);
     grid_->horizontalHeader()->hide();
     grid_->verticalHeader()->hide();
@@ -81,7 +81,7 @@ void PropertiesGrid::Show(PropertyRows rows) {
 
 void PropertiesGrid::Fill() {
     const QColor base = grid_->palette().color(QPalette::Base);
-    const QColor dimmed = Readable(Mixed(base, grid_->palette().color(QPalette::Text), 0.6), base);
+    const QColor dimmed = Dimmed(grid_->palette(), base);
     grid_->setRowCount(static_cast<int>(rows_.size()));
     for (int row = 0; row < grid_->rowCount(); ++row) {
         const PropertyRow& from = rows_[static_cast<std::size_t>(row)];
@@ -89,6 +89,8 @@ void PropertiesGrid::Fill() {
         label->setForeground(dimmed);
         auto* value = new QTableWidgetItem(CellText(from.value));
         value->setToolTip(value->text());
+        if (from.value.isNumber)
+            value->setTextAlignment(Qt::AlignRight | Qt::AlignVCenter);
         grid_->setItem(row, ColumnLabel, label);
         grid_->setItem(row, ColumnValue, value);
     }

@@ -3,9 +3,9 @@
 #include <QCoreApplication>
 #include <QFile>
 #include <QLibraryInfo>
-#include <QLocale>
 #include <QTranslator>
 
+#include "display/shown_text.h"
 #include "platform/code_page.h"
 #include "shell/clsText.h"
 
@@ -27,7 +27,7 @@ QString TextNr(Text text) {
 }
 
 QString NumberText(qlonglong number) {
-    return QLocale(gText.Language == "german" ? QLocale::German : QLocale::English).toString(number);
+    return QString::fromStdString(Utf8Number(number));
 }
 
 QString ToPath(std::string_view path) {

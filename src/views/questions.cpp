@@ -59,7 +59,7 @@ bool MissingFileQuestion::Ask(std::string_view text, int moreMissing) {
     box.setText(ToQString(text));
     auto* forAll = new QCheckBox(TextNr(Text::SameAnswerForAll));
     if (!isLast) {
-        box.setInformativeText(TextNr(Text::FurtherMissingFiles) + QStringLiteral(": ") + QString::number(moreMissing));
+        box.setInformativeText(TextNr(Text::FurtherMissingFiles) + QStringLiteral(": ") + NumberText(moreMissing));
         box.setCheckBox(forAll);
     }
     const bool giveUp = Answer(box);

@@ -18,6 +18,7 @@
 #include "model/clsProjekt.h"
 #include "project/start.h"
 #include "shell/words.h"
+#include "views/code_style.h"
 #include "views/icons.h"
 #include "views/qt_text.h"
 
@@ -63,6 +64,7 @@ public:
         initStyleOption(&option, index);
         option.text.clear();
         option.icon = QIcon();
+        option.state |= QStyle::State_Active;  // keys of the field move the selection
         const QStyle& style = *option.widget->style();
         style.drawControl(QStyle::CE_ItemViewItem, &option, painter, option.widget);
         painter->save();
@@ -78,9 +80,7 @@ public:
 
         painter->setPen(text);
         DrawName(*painter, option, rest, index);
-        QColor dimmed = text;
-        dimmed.setAlphaF(selected ? 0.8F : 0.65F);
-        painter->setPen(dimmed);
+        painter->setPen(selected ? text : Dimmed(option.palette, option.palette.color(QPalette::Base)));
         painter->setFont(Small(option.font));
         const QRect below = rest.adjusted(0, option.fontMetrics.lineSpacing(), 0, 0);
         painter->drawText(below, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
@@ -116,7 +116,7 @@ private:
         if (line.naturalTextWidth() > place.width()) {
             painter.setFont(option.font);
             painter.drawText(place, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
-                             option.fontMetrics.elidedText(name, Qt::ElideMiddle, place.width()));
+                             option.fontMetrics.elidedText(name, Qt::ElideRight, place.width()));
         } else {
             layout.draw(&painter, place.topLeft());
         }

@@ -56,8 +56,7 @@ protected:
         icon_.paint(&painter, QRect(room.left(), rect().center().y() - kIcon / 2, kIcon, kIcon), Qt::AlignCenter,
                     isEnabled() ? QIcon::Normal : QIcon::Disabled);
         room.setLeft(room.left() + kIcon + 2 * kMargin);
-        const QColor dimmed =
-            Readable(Mixed(ground, palette().color(QPalette::Text), 0.6), isPointedAt ? marked : ground);
+        const QColor dimmed = Dimmed(palette(), isPointedAt ? marked : ground);
         painter.setPen(isEnabled() ? palette().color(QPalette::Text) : dimmed);
         painter.setFont(Bold());
         DrawLine(painter, room, Qt::AlignTop, file_.fileName());

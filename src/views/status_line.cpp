@@ -6,6 +6,7 @@
 
 #include "model/clsProjekt.h"
 #include "project/start.h"
+#include "shell/clsText.h"
 #include "shell/errors.h"
 #include "views/elided_label.h"
 #include "views/icons.h"
@@ -16,6 +17,12 @@ namespace {
 
 QString WithValue(Text text, const QString& value) {
     return TextNr(text) + QStringLiteral(": ") + value;
+}
+
+// Times below one second have decimals.
+QString TimeText(const std::string& time) {
+    const QString text = ToQString(time);
+    return gText.Language == "german" ? QString(text).replace(QLatin1Char('.'), QLatin1Char(',')) : text;
 }
 
 }  // namespace
@@ -45,7 +52,7 @@ void StatusLine::Message(const QString& text) {
 
 void StatusLine::ShowPlace(int index, int count) {
     if (count > 1)
-        Message(QStringLiteral("%1 %2 %3").arg(index).arg(TextNr(Text::Of)).arg(count));
+        Message(QStringLiteral("%1 %2 %3").arg(NumberText(index), TextNr(Text::Of), NumberText(count)));
     else if (showsPlace_)
         Message({});
     showsPlace_ = count > 1;
@@ -60,8 +67,8 @@ void StatusLine::ShowCounts(const clsProjekt* projekt, bool callsRead) {
     QStringList texts;
     if (projekt) {
         const QString none(QChar(0x2013));
-        texts = {WithValue(Text::TimeForStructure, ToQString(projekt->TimeForStructure)),
-                 WithValue(Text::TimeForCalls, callsRead ? ToQString(projekt->TimeForCalls) : none),
+        texts = {WithValue(Text::TimeForStructure, TimeText(projekt->TimeForStructure)),
+                 WithValue(Text::TimeForCalls, callsRead ? TimeText(projekt->TimeForCalls) : none),
                  WithValue(Text::Modules, NumberText(projekt->CountAllModules())),
                  WithValue(Text::CodeLines, NumberText(projekt->AnzCodeZeilen)),
                  WithValue(Text::CommentLines, NumberText(projekt->AnzCommentZeilen)),

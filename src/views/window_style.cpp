@@ -1,15 +1,89 @@
 #include "views/window_style.h"
 
-#include <QWidget>
+#include <QAbstractItemView>
+#include <QPainter>
+#include <QStyleOptionViewItem>
 #include <algorithm>
 
+#include "views/code_style.h"
 #include "views/icons.h"
+
+namespace {
+
+constexpr double kPaleSelection = 0.3;  // share of the highlight over the ground
+
+// The option of a row or cell without its active state where the selection is pale.
+QStyleOptionViewItem PaleIfPale(const QStyleOption* option, const QWidget* widget) {
+    QStyleOptionViewItem item(*qstyleoption_cast<const QStyleOptionViewItem*>(option));
+    if (HasPaleSelection(widget))
+        item.state &= ~QStyle::State_Active;
+    return item;
+}
+
+}  // namespace
 
 int HeadHeight(const QWidget& widget) {
     return std::max(widget.fontMetrics().height() + 11, 28);
 }
 
 WindowStyle::WindowStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+bool HasPaleSelection(const QWidget* widget) {
+    const auto* view = qobject_cast<const QAbstractItemView*>(widget);
+    if (!view && widget)
+        view = qobject_cast<const QAbstractItemView*>(widget->parentWidget());
+    // A list that never takes the focus is operated from elsewhere.
+    return view && (!view->isActiveWindow() || (view->focusPolicy() != Qt::NoFocus && !view->hasFocus()));
+}
+
+void WindowStyle::polish(QPalette& palette) {
+    QProxyStyle::polish(palette);
+    for (const QPalette::ColorGroup group : {QPalette::Active, QPalette::Inactive}) {
+        const QColor base = palette.color(group, QPalette::Base);
+        const QColor window = palette.color(group, QPalette::Window);
+        const auto readable = [&](const QColor& ink) { return Readable(Readable(ink, base), window); };
+        palette.setColor(group, QPalette::PlaceholderText,
+                         readable(Mixed(base, palette.color(group, QPalette::Text), 0.6)));
+        for (const QPalette::ColorRole link : {QPalette::Link, QPalette::LinkVisited})
+            palette.setColor(group, link, readable(palette.color(group, link)));
+        palette.setColor(
+            group, QPalette::Highlight,
+            Readable(palette.color(group, QPalette::Highlight), palette.color(group, QPalette::HighlightedText)));
+    }
+    const QColor pale = Mixed(palette.color(QPalette::Inactive, QPalette::Base),
+                              palette.color(QPalette::Active, QPalette::Highlight), kPaleSelection);
+    palette.setColor(QPalette::Inactive, QPalette::Highlight, pale);
+    palette.setColor(QPalette::Inactive, QPalette::HighlightedText,
+                     Readable(palette.color(QPalette::Inactive, QPalette::Text), pale));
+}
+
+void WindowStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                                const QWidget* widget) const {
+    if (element == PE_PanelItemViewRow && qstyleoption_cast<const QStyleOptionViewItem*>(option)) {
+        const QStyleOptionViewItem item = PaleIfPale(option, widget);
+        QProxyStyle::drawPrimitive(element, &item, painter, widget);
+        return;
+    }
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
+    const bool isPane = element == PE_Frame && qobject_cast<const QAbstractScrollArea*>(widget);
+    if (!isPane || !option->state.testFlag(State_HasFocus))
+        return;
+    painter->save();
+    painter->setPen(option->palette.color(QPalette::Active, QPalette::Highlight));
+    painter->setBrush(Qt::NoBrush);
+    painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+    painter->restore();
+}
+
+void WindowStyle::drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                              const QWidget* widget) const {
+    if (element == CE_ItemViewItem && qstyleoption_cast<const QStyleOptionViewItem*>(option)) {
+        const QStyleOptionViewItem item = PaleIfPale(option, widget);
+        QProxyStyle::drawControl(element, &item, painter, widget);
+        return;
+    }
+    QProxyStyle::drawControl(element, option, painter, widget);
+}
 
 int WindowStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                            QStyleHintReturn* returnData) const {

@@ -59,7 +59,7 @@ TEST_F(Hover, ShowsKindDeclarationOwnerNeighboursAndLines) {
     EXPECT_EQ(Of("m.t [type]"),
               "public type M.T [Type]|Public Type T|Belongs to: module M|Used by: 2|Lines: 2\u20134 (3)|"
               "Dead: nothing calls or uses it");
-    EXPECT_EQ(Of("c"), "class C|p\\C.cls|Used by: 0|Lines: 3, Code lines: 2");
+    EXPECT_EQ(Of("c"), "class C|p/C.cls|Used by: 0|Lines: 3, Code lines: 2");
     EXPECT_EQ(Of("c.go"),
               "public sub C.Go|Sub Go()|Belongs to: class C|Called by: 0 certain, 1 possible|"
               "Calls: 0 certain, 0 possible|Lines: 1\u20132 (2)");

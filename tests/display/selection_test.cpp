@@ -211,7 +211,7 @@ TEST_F(Selecting, ShownTextDecidesWhatAClickAndTheHoverMean) {
 TEST_F(Selecting, PathLineEndsWithAccessKindOrType) {
     ReadModule(kModule, "M.bas");
     EXPECT_EQ(CodePath_Anzeigen(Selection()), "");
-    EXPECT_EQ(CodePath_Anzeigen(Select("m")), "M   p\\M.bas");
+    EXPECT_EQ(CodePath_Anzeigen(Select("m")), "M   p/M.bas");
     EXPECT_EQ(CodePath_Anzeigen(Select("m.s")), "M.S   public sub");
     EXPECT_EQ(CodePath_Anzeigen(Select("m.p [get]")), "M.P [Get]   public property");
     EXPECT_EQ(CodePath_Anzeigen(Select("m.t [type]")), "M.T [Type]   private type");

@@ -39,6 +39,45 @@ TEST(QueryTimer, LowHalfThatReadsAsNegativeComesOutOneTooHigh) {
     EXPECT_EQ(CounterAsNumber(0x300000005), 3 * 4294967296.0 + 5);
 }
 
+TEST(QueryTimer, ShowsShortTimesInPartsOfASecond) {
+    for (const auto& [milliseconds, text] :
+         std::initializer_list<std::pair<double, const char*>>{{-1, "< 0.001 s"},
+                                                               {4.9, "0.004 s"},
+                                                               {99.9, "0.099 s"},
+                                                               {271, "0.27 s"},
+                                                               {999.9, "0.99 s"},
+                                                               {1000, "00:00:01"},
+                                                               {3661999, "01:01:01"}}) {
+        clsQueryTimer timer;
+        timer.Total = milliseconds;
+        EXPECT_EQ(timer.Get_TotalStr(), text) << milliseconds;
+    }
+}
+
+TEST(QueryTimer, StandsStillWhileSomebodyIsAsked) {
+    const auto rest = [](double milliseconds) {
+        const double begin = static_cast<double>(PerformanceCounter());
+        while ((static_cast<double>(PerformanceCounter()) - begin) * 1000 <
+               milliseconds * static_cast<double>(PerformanceFrequency())) {}
+    };
+    clsQueryTimer whole, timer;
+    const auto answer = [&](std::string_view) {
+        const WaitForAnswer nested;
+        rest(40);
+        return true;
+    };
+    const QuestionPort before = SetQuestionPort(answer);
+    EXPECT_TRUE(AskYesNo("before the start"));
+    timer.Start();
+    rest(5);
+    EXPECT_TRUE(AskYesNo("?"));
+    EXPECT_TRUE(AskMissingFile("?", 3));
+    timer.Halt();
+    SetQuestionPort(before);
+    EXPECT_GE(timer.Total, 5);
+    EXPECT_LT(timer.Total, 40);
+}
+
 TEST(EventPump, RunsAtMostSomeThirtyTimesASecond) {
     int runs = 0;
     long calls = 0;

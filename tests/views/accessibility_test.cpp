@@ -172,6 +172,19 @@ TEST_F(AccessibleWindow, BarsMoveAndFoldByKeys) {
     EXPECT_GT(bar.Place(), before);
 }
 
+TEST_F(AccessibleWindow, TreeCellsSayTheirKindAndWhetherTheyAreDead) {
+    window_->OpenProject(kSample);
+    (void)window_->TheWorkspace().ReadCalls();
+    ASSERT_TRUE(window_->ActivateKey("modslip.printall"));
+    QApplication::processEvents();
+    const QAccessibleInterface* tree = QAccessible::queryAccessibleInterface(&window_->BaumProjekt());
+    std::vector<std::string> names;
+    for (int i = 0; i < tree->childCount(); ++i)
+        names.push_back(tree->child(i)->text(QAccessible::Name).toStdString());
+    EXPECT_THAT(names, testing::IsSupersetOf({"MODULE", "modSlip, module", "PrintAll(), public sub",
+                                              "PrintBarcode(), public sub, dead"}));
+}
+
 TEST_F(AccessibleWindow, RecentProjectsAreInTheFileMenu) {
     QMenu* recent = window_->menuBar()->actions().front()->menu()->actions().at(2)->menu();
     ASSERT_TRUE(recent);

@@ -226,7 +226,7 @@ TEST_F(BaumViewTest, KeysTravelAsUtf8AndAreTakenWhereTheyMay) {
     EXPECT_THAT(dropped, ElementsAre("m"));
 }
 
-TEST_F(BaumViewTest, TextsFollowTheLanguageAndFontsAreOnlyThoseThatExist) {
+TEST_F(BaumViewTest, TextsFollowTheLanguageAndTheFontKeepsItsSizeInAnyFamily) {
     view->SetTexte(Text::ProjectTree, Text::EmptyProjectTree);
     EXPECT_EQ(view->accessibleName().toStdString(), "Project tree");
     Speak("german");
@@ -234,9 +234,11 @@ TEST_F(BaumViewTest, TextsFollowTheLanguageAndFontsAreOnlyThoseThatExist) {
     EXPECT_EQ(view->accessibleName().toStdString(), "Projektbaum");
     EXPECT_EQ(view->accessibleDescription(), TextNr(Text::EmptyProjectTree));
 
-    settings.TreeFont = {23, "No such font anywhere"};
+    settings.TreeFont = {23, "No such font anywhere", true, true};
     view->ApplyTreeFont();
     EXPECT_EQ(view->font().family(), QApplication::font("QTreeView").family());
+    EXPECT_EQ(view->font().pointSizeF(), 23);
+    EXPECT_TRUE(view->font().bold() && view->font().italic());
     if (QFontDatabase::families().isEmpty())
         GTEST_SKIP() << "no font at all";
     settings.TreeFont.name = QFontDatabase::families().front().toStdString();
@@ -257,4 +259,19 @@ TEST_F(BaumViewTest, CutOffTextsAreWholeOnHover) {
     EXPECT_EQ(view->horizontalScrollBar()->maximum(), 0);
     view->SetToolTips([](const BaumNode& node) { return QStringLiteral("about ") + ToQString(node.Key()); });
     EXPECT_EQ(hover("long"), "about long");
+    // Where a node has nothing to say, the tip of the whole tree is shown.
+    view->SetToolTips({});
+    view->setToolTip(QStringLiteral("what clicks do"));
+    EXPECT_EQ(hover("m"), "what clicks do");
+}
+
+TEST_F(BaumViewTest, ScreenReadersHearWhatANodeIs) {
+    view->SetSpokenTexts([](const BaumNode& node) {
+        return node.Kind() == NodeKind::Object ? QStringLiteral("module, dead") : QString();
+    });
+    const auto spoken = [this](const BaumNode* node) {
+        return view->Model().IndexOf(node).data(Qt::AccessibleTextRole).toString().toStdString();
+    };
+    EXPECT_EQ(spoken(tree.Item("m")), "mMain, module, dead");
+    EXPECT_EQ(spoken(tree.Item("module[]", NodeKind::Root)), "MODULE");
 }

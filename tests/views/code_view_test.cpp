@@ -97,7 +97,28 @@ TEST_F(CodeViews, RightClickAndKeysReportThePosition) {
     EXPECT_EQ(last(), (QVariantList{15, 1}));
     QContextMenuEvent key(QContextMenuEvent::Keyboard, {}, {});
     QApplication::sendEvent(view.viewport(), &key);
+    auto* menu = view.findChild<QMenu*>();
+    ASSERT_TRUE(menu);
+    menu->actions().front()->trigger();
+    menu->close();
     EXPECT_EQ(clicked.count(), 7);
+}
+
+TEST_F(CodeViews, RightToLeftWordsKeepTheOrderOfTheLine) {
+    CodeText code = Code("\"\xF9\xEC\xE5\" ' \xE4\xF2\xF8\r\n' \xE0");
+    const CodePage hebrew("1255");
+    code.page = &hebrew;
+    code.spans = {{0, 5, Colour::String}, {6, 5, Colour::Comment}, {13, 3, Colour::Comment}};
+    Show(code);
+    const auto x = [this](char16_t c) { return PointAt(static_cast<int>(view.toPlainText().indexOf(QChar(c)))).x(); };
+    EXPECT_LT(x(u'"'), x(u'\u05e9'));
+    EXPECT_LT(x(u'\u05e9'), x(u'\''));
+    EXPECT_LT(x(u'\''), x(u'\u05e2'));
+    EXPECT_LT(x(u'\u05d0'), view.viewport()->width() / 2) << "a line of such words alone begins at the left, too";
+    view.selectAll();
+    view.copy();
+    EXPECT_EQ(QApplication::clipboard()->text(),
+              QString::fromUtf8("\"\u05e9\u05dc\u05d5\" ' \u05d4\u05e2\u05e8\n' \u05d0"));
 }
 
 TEST_F(CodeViews, PlacesAreSteppedThroughAroundTheEnds) {

@@ -42,6 +42,19 @@ TEST(DecodedText, CountsInStepBetweenLineEndsAndLongCharacters) {
     }
 }
 
+TEST(DecodedText, MarksOfDirectionBelongToNoByte) {
+    const std::vector<Pos> bounds{0, 2, 3, 99};
+    const DecodedText text("a\xE0\r\nb", CodePage("1255"), bounds);
+    EXPECT_TRUE(text.HasRightToLeft());
+    EXPECT_EQ(text.Text(), QString::fromUtf16(u"\u200Ea\u05D0\u200E\n\u200Eb"));
+    EXPECT_EQ(text.WithoutMarks(0, 7), QString::fromUtf16(u"a\u05D0\nb"));
+    EXPECT_EQ(text.WithoutMarks(1, 4), QString::fromUtf16(u"a\u05D0"));
+    for (Pos byte : {0, 1, 2, 4})
+        EXPECT_EQ(text.ToByte(text.ToUtf16(byte)), byte);
+    EXPECT_EQ(text.Text()[text.ToUtf16(4)], QLatin1Char('b'));
+    EXPECT_FALSE(DecodedText("a\xE4", CodePage("1252")).HasRightToLeft());
+}
+
 TEST(DecodedText, SignsOfTheTextWidgetAreNoLineEnds) {
     using namespace std::string_view_literals;
     const DecodedText text("a\0b\xE2\x80\xA9"sv, CodePage("65001"));

@@ -336,6 +336,42 @@ TEST_F(MainWindow, ArrangementsKeepTheirOwnBarsAndAreStored) {
     EXPECT_NEAR(std::stoi(stored.Width), 1200 * 15, 30);
 }
 
+TEST_F(MainWindow, SearchOpensThePanesThatHideItsField) {
+    Open();
+    for (const char* arrangement : {"SplitForContent", "SplitForCalls"}) {
+        SCOPED_TRACE(arrangement);
+        Command(arrangement).trigger();
+        for (const char* bar : {"SplitX", "SplitY"})
+            Command(bar).trigger();
+        Command("Search").trigger();
+        QApplication::processEvents();
+        const QWidget& field = *window_->findChild<QWidget*>(QStringLiteral("searchField"));
+        EXPECT_EQ(window_->focusWidget(), &field);
+        EXPECT_FALSE(field.visibleRegion().isEmpty());
+    }
+}
+
+TEST_F(MainWindow, OneModuleIsNotCalledSeveral) {
+    directory_.Write("One.vbp", "Type=Exe\r\nModule=One; One.bas\r\nName=\"One\"\r\n");
+    directory_.Write("One.bas", "Attribute VB_Name = \"One\"\r\nSub Main()\r\nEnd Sub\r\n");
+    window_->OpenProject(directory_.Path("One.vbp"));
+    EXPECT_EQ(StatusText(), TextNr(Text::OneModuleRead));
+}
+
+TEST_F(MainWindow, ShiftF10OpensTheMenuOfWhatHasTheFocus) {
+    Open();
+    window_->ActivateKey("modmain.main");
+    for (QWidget* widget :
+         {static_cast<QWidget*>(&window_->BaumProjekt()), static_cast<QWidget*>(&window_->rtbCode())}) {
+        widget->setFocus();
+        QTest::keyClick(widget, Qt::Key_F10, Qt::ShiftModifier);
+        auto* menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_TRUE(menu) << widget->metaObject()->className();
+        EXPECT_EQ(menu->parent(), widget);
+        menu->close();
+    }
+}
+
 TEST_F(MainWindow, ClosingAsksAndNoKeepsEverything) {
     Open();
     AnswerNext(QMessageBox::No);

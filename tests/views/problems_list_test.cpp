@@ -57,7 +57,7 @@ TEST_F(ListOfProblems, ShowsWhatWhereAndWhatItMeans) {
     QHeaderView& header = *Table().horizontalHeader();
     QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
                       QPoint(header.sectionViewportPosition(ProblemsModel::Where) + 20, header.height() / 2));
-    EXPECT_EQ(Cell(0, ProblemsModel::Where), QStringLiteral("p\\A.bas"));
+    EXPECT_EQ(Cell(0, ProblemsModel::Where), QStringLiteral("p/A.bas"));
 }
 
 TEST_F(ListOfProblems, CopiesTheSelectedRowsOrAll) {
