@@ -92,7 +92,7 @@ void frmMain::WireCommands() {
     Wire(Command::CalledByMaybe, [this](bool) { SetMayBe(false, true); });
     Wire(Command::CallsReally, [this](bool) { SetMayBe(true, false); });
     Wire(Command::CallsMaybe, [this](bool) { SetMayBe(true, true); });
-    Wire(Command::Problems, [this](bool) { dialogs_.problems->Open(); });
+    Wire(Command::Problems, [this](bool) { dialogs_.problems->Present(); });
     Wire(Command::Options, [this](bool) { dialogs_.options->exec(); });
     Wire(Command::WebPage, [](bool) { OpenDocument(ToQString(kProductPage)); });
     Wire(Command::CopyName, [this](bool) { TreeInUse().CopyName(); });

@@ -56,7 +56,7 @@ QString WholeText(const ProblemEntry& entry) {
     QString whole = ToQString(entry.text) + QLatin1Char('\n') + TextNr(entry.meaning);
     for (std::size_t nr = 0; nr < std::min(entry.places.size(), kMostPlaces); ++nr) {
         const ProblemPlace& place = entry.places[nr];
-        whole += QLatin1Char('\n') + ToQString(place.path);
+        whole += QStringLiteral("\n%1: %2").arg(TextNr(Text::Where), ToQString(place.path));
         if (place.line > 0)
             whole += QStringLiteral(", %1 %2").arg(TextNr(Text::Line)).arg(place.line);
         whole += QStringLiteral("\n->> ") + ToQString(place.tag);
@@ -241,11 +241,11 @@ void ProblemsList::GoToPlace() {
         Q_EMIT PlaceChosen(place->node, place->line);
 }
 
-void ProblemsList::Open() {
+void ProblemsList::Present() {
     // At the lower right of the main window, where it leaves the tree and the first lines of the code free.
     if (const QWidget* main = parentWidget(); main && !isVisible()) {
         const int gap = fontMetrics().height();
-        move(main->geometry().bottomRight() - QPoint(width() + gap, height() + 2 * gap));
+        move(main->geometry().bottomRight() - QPoint(width() + gap, height() + 4 * gap));
     }
     show();
     raise();

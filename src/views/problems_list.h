@@ -44,7 +44,7 @@ public:
     void Refresh();
     void Texte();
     /// Shows the window above the others, with the keys in the table.
-    void Open();
+    void Present();
 
 Q_SIGNALS:
     /// @param module  key of its node in the project tree

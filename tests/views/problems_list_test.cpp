@@ -80,7 +80,7 @@ TEST_F(ListOfProblems, EnterAndDoubleClickGoFromPlaceToPlace) {
     files_.WriteWhole("p.vbp", "Module=A; A.bas\r\n");
     files_.WriteWhole("A.bas", "#If x( Then\r\n#End If\r\n#If x( Then\r\n#End If\r\n");
     Projekt_Laden(*gProjekt);
-    list_.Open();
+    list_.Present();
     EXPECT_FALSE(list_.isModal());
     ASSERT_EQ(Table().model()->rowCount(), 1);
     EXPECT_THAT(Cell(0, ProblemsModel::What).toStdString(), testing::EndsWith("(2 places)"));
