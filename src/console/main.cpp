@@ -17,6 +17,7 @@
 #include "platform/code_page.h"
 #include "platform/settings_file.h"
 #include "project/project_file.h"
+#include "project/project_page.h"
 #include "project/start.h"
 #include "shell/clsText.h"
 #include "shell/errors.h"
@@ -36,6 +37,7 @@ struct Options {
     std::string json;
     std::string settings;
     std::string language;
+    std::string codePage;
     std::vector<std::string> defines;
     bool structure = false;
     bool calls = false;
@@ -139,6 +141,27 @@ bool WriteJsonFile(const Options& options) {
     return false;
 }
 
+// That of --code-page, otherwise that of the settings.
+bool SetCodePage(const Options& options, const Settings& stored) {
+    const std::optional<std::string> page =
+        options.codePage.empty() ? std::optional(stored.CodePage) : CodePageNamed(options.codePage);
+    if (page)
+        SetActiveCodePage(CodePage(*page));
+    else
+        std::cerr << "--code-page " << options.codePage << ": there is no such code page\n";
+    return page.has_value();
+}
+
+// Says which page the texts seem to be in if nobody has chosen one.
+void HintAtCodePage(const Files& files, const Options& options, std::string_view projectText) {
+    if (options.quiet || !options.codePage.empty() || ActiveCodePage().Setting() != "auto")
+        return;
+    const std::string page = FittingCodePage(files, modMain::DirOrFileName(options.project, 1), projectText);
+    if (!page.empty())
+        std::cerr << options.project << ": seems to be written in " << NameOfCodePage(page) << "; --code-page " << page
+                  << " reads its texts so\n";
+}
+
 int Run(const Options& options) {
     DiskFiles files;
     const std::string programDirectory = GetAppPathWithSlash();
@@ -159,6 +182,12 @@ int Run(const Options& options) {
         std::cerr << options.project << ": " << Describe(projectFile.error) << '\n';
         return NothingAnalysed;
     }
+    if (const Text why = WhyNoProject(projectFile); why != Text::None) {
+        std::cerr << options.project << ": " << Utf8TextNr(why) << '\n';
+        return NothingAnalysed;
+    }
+    if (!SetCodePage(options, stored))
+        return NothingAnalysed;
     NewProject(files, options.project);
     gProjekt->CondComps_Win32_Win16(stored.Win32 == 1);
     for (const std::string& define : options.defines) {
@@ -198,6 +227,7 @@ int Run(const Options& options) {
     // With JSON on standard output, nothing else may be written there: another program reads it.
     if (!options.quiet)
         (options.json == "-" ? std::cerr : std::cout) << summary;
+    HintAtCodePage(files, options, projectFile.text);
     if (gProjekt->OwnedModules().empty())
         std::cerr << options.project << ": lists no module\n";
     const int status = gProjekt->problems.All().empty() && reportsWritten && jsonWritten ? AllWell : Reported;
@@ -226,6 +256,9 @@ int main(int argc, char** argv) {
     app.add_option("--json", options.json, "Write everything known as JSON to FILE (- is standard output)")
         ->type_name("FILE");
     app.add_option("--lang", options.language, "Language of the summary")->check(CLI::IsMember({"english", "german"}));
+    app.add_option("--code-page", options.codePage,
+                   "Code page of the sources: auto, a number, or a name such as Windows-1256")
+        ->type_name("NAME");
     app.add_option("--settings", options.settings, "Settings file to use")->type_name("FILE");
     app.add_option("--define", options.defines, "Conditional constant, as the project's own would be given")
         ->type_name("NAME=VALUE")

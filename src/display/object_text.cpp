@@ -9,6 +9,7 @@
 #include "display/properties.h"
 #include "display/selection.h"
 #include "display/shown_text.h"
+#include "findings/start_up.h"
 #include "model/clsControl.h"
 #include "model/clsEnum.h"
 #include "model/clsProjekt.h"
@@ -169,13 +170,24 @@ bool IsRing(const clsProzedur& prozedur) {
     return true;
 }
 
-std::string WhyDead(const LocalUses& locals, const CodeObject& object) {
+// The start-up procedure and what it reaches carry the marks of dead and undead ones, which this line puts right.
+std::string StartUpText(const clsProjekt& projekt, const CodeObject& object) {
+    const clsProzedur* const start = object.Class() == ObjectClass::Prozedur ? StartUpProcedure(projekt) : nullptr;
+    if (start == &object)
+        return Utf8TextNr(Text::StartUpProcedure);
+    const bool isReached = start && object.IsDeath != 0 && LeadsTo(*start, static_cast<const clsProzedur&>(object));
+    return isReached ? Utf8TextNr(Text::CalledFromStartUp) : std::string();
+}
+
+std::string WhyDead(const clsProjekt& projekt, const LocalUses& locals, const CodeObject& object) {
     if (object.Class() == ObjectClass::Variable) {
         const auto& variable = static_cast<const clsVariable&>(object);
         if (variable.Prozedur)
             return locals.Known(*variable.Prozedur) && locals.CountOf(variable) == 0 ? Utf8TextNr(Text::LocalUnused)
                                                                                      : std::string();
     }
+    if (!projekt.callsKnown)
+        return {};
     if (object.IsDeath == 1)
         return Utf8TextNr(Text::Dead);
     if (object.IsDeath != 2 || object.Class() != ObjectClass::Prozedur)
@@ -189,6 +201,30 @@ std::string WhyDead(const LocalUses& locals, const CodeObject& object) {
     if (callers.size() > kNamedCallers)
         names.append(", \u2026");
     return Labelled(isRing ? Text::UndeadRing : Text::UndeadCallers, names);
+}
+
+// How many callers and calls there are. Before the calls were read there are none, which says nothing.
+template <class Add>
+void AddNeighbours(const clsProjekt& projekt, const LocalUses& locals, const CodeObject& object, const Add& add) {
+    const bool isLocal =
+        object.Class() == ObjectClass::Variable && static_cast<const clsVariable&>(object).Prozedur != nullptr;
+    if (!projekt.callsKnown && !isLocal) {
+        add(Labelled(object.CanBeUsed() ? Text::UsedBy : Text::CalledBy, Utf8TextNr(Text::CallsNotRead)));
+        return;
+    }
+    const Counts callers = CallersOf(projekt, locals, object);
+    if (!object.CanBeUsed() || callers.Any())
+        add(Labelled(Text::CalledBy, callers.Text()));
+    if (object.CanBeUsed())
+        add(Labelled(Text::UsedBy, Utf8Number(object.UsedByAll().Count())));
+    if (object.Class() != ObjectClass::Prozedur)
+        return;
+    const auto& prozedur = static_cast<const clsProzedur&>(object);
+    Counts calls;
+    calls.AddAll(prozedur.CallsAll());
+    add(Labelled(Text::Calls, calls.Text()));
+    if (prozedur.UsesAll().Count() > 0)
+        add(Labelled(Text::Uses, Utf8Number(prozedur.UsesAll().Count())));
 }
 
 }  // namespace
@@ -210,31 +246,20 @@ std::vector<std::string> ObjectText(const clsProjekt& projekt, const LocalUses& 
     if (const std::string_view type = DataTypeOf(object); !type.empty())
         add(Labelled(Text::DataType, Shortened(Utf8Of(modul, type))));
 
-    const Counts callers = CallersOf(projekt, locals, object);
-    if (!object.CanBeUsed() || callers.Any())
-        add(Labelled(Text::CalledBy, callers.Text()));
-    if (object.CanBeUsed())
-        add(Labelled(Text::UsedBy, Utf8Number(object.UsedByAll().Count())));
-    if (object.Class() == ObjectClass::Prozedur) {
-        const auto& prozedur = static_cast<const clsProzedur&>(object);
-        Counts calls;
-        calls.AddAll(prozedur.CallsAll());
-        add(Labelled(Text::Calls, calls.Text()));
-        if (prozedur.UsesAll().Count() > 0)
-            add(Labelled(Text::Uses, Utf8Number(prozedur.UsesAll().Count())));
-    }
+    AddNeighbours(projekt, locals, object, add);
     add(LinesOf(object));
-    add(WhyDead(locals, object));
+    add(WhyDead(projekt, locals, object));
+    add(StartUpText(projekt, object));
     return lines;
 }
 
-std::string SpokenAbout(const LocalUses& locals, const CodeObject& object) {
+std::string SpokenAbout(const clsProjekt& projekt, const LocalUses& locals, const CodeObject& object) {
     const bool isLocal =
         object.Class() == ObjectClass::Variable && static_cast<const clsVariable&>(object).Prozedur != nullptr;
     std::string about = KindWithAccess(object);
-    if (isLocal ? !WhyDead(locals, object).empty() : object.IsDeath == 1)
+    if (isLocal ? !WhyDead(projekt, locals, object).empty() : object.IsDeath == 1 && projekt.callsKnown)
         about.append(", ").append(Utf8TextNr(Text::DeadWord));
-    else if (!isLocal && object.IsDeath == 2)
+    else if (!isLocal && object.IsDeath == 2 && projekt.callsKnown)
         about.append(", ").append(Utf8TextNr(Text::UndeadWord));
     return about;
 }

@@ -17,7 +17,7 @@ class LocalUses;
                                                   const CodeObject& object);
 
 /// What a screen reader says after the name of an object, in UTF-8: its kind with the access, and whether it is dead.
-[[nodiscard]] std::string SpokenAbout(const LocalUses& locals, const CodeObject& object);
+[[nodiscard]] std::string SpokenAbout(const clsProjekt& projekt, const LocalUses& locals, const CodeObject& object);
 
 /// A further line for the node of a dependency tree: how many edges of this kind lead from `caller` to `target`, and
 /// the line of the first. A module as caller includes all its procedures and declarations; certain calls include uses.

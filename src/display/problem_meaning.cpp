@@ -6,6 +6,10 @@ std::string_view ProblemKind(std::string_view tag) {
     return RTrim(tag.substr(0, tag.find('(')));
 }
 
+bool Interrupts(std::string_view tag) {
+    return ProblemMeaning(tag) != Text::ConditionFalse;
+}
+
 Text ProblemMeaning(std::string_view tag) {
     struct Meaning {
         std::string_view tagBegins;

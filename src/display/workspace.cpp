@@ -1,5 +1,7 @@
 #include "display/workspace.h"
 
+#include <algorithm>
+
 #include "calls/driver.h"
 #include "display/baum_walk.h"
 #include "display/dependency_trees.h"
@@ -19,6 +21,7 @@
 #include "shell/errors.h"
 #include "shell/operations.h"
 #include "shell/timing.h"
+#include "source/module_text.h"
 
 namespace {
 
@@ -32,14 +35,27 @@ std::vector<NodeId> NodesWhere(const Baum& tree, bool (BaumNode::*property)() co
     return nodes;
 }
 
+// A line of a text from 1, as its position in the text and its length; an empty one at the start if there is none.
+CodeRange LineAt(std::string_view text, int line) {
+    std::size_t begin = 0;
+    while (--line > 0) {
+        begin = text.find(vbCrLf, begin);
+        if (begin == std::string_view::npos)
+            return {1, 0};
+        begin += vbCrLf.size();
+    }
+    const std::size_t end = std::min(text.find(vbCrLf, begin), text.size());
+    return {static_cast<Pos>(begin) + 1, static_cast<Pos>(end - begin)};
+}
+
 }  // namespace
 
 Workspace::Workspace(std::unique_ptr<clsProjekt>& projekt, Files& files, const Settings& settings, Ports ports)
     : projekt_(projekt), files_(files), settings_(settings), ports_(std::move(ports)) {}
 
-bool Workspace::Open(const std::string& path) {
+bool Workspace::Open(const std::string& path, const std::string& codePage) {
     EndGeneration();
-    SetActiveCodePage(CodePage(settings_.CodePage));
+    SetActiveCodePage(CodePage(codePage.empty() ? settings_.CodePage : codePage));
     NewProject(files_, path);
     projekt_->CondComps_Win32_Win16(settings_.Win32 == 1);
     Timer_Reset(gTimerProjektOeffnen);
@@ -105,15 +121,53 @@ std::optional<Workspace::CallCounts> Workspace::ReadCalls() {
     return counts;
 }
 
-int Workspace::Refresh() {
-    const int changed = CountChangedModules(*projekt_);
-    if (changed == 0)
-        return 0;
-    ports_.run("ChangedModule_Regenerieren", false, [this] { ChangedModule_Regenerieren(*projekt_); });
+Workspace::Refreshed Workspace::Refresh() {
+    using enum Refreshed::Outcome;
+    const ChangedFiles changed = Files_Check(*projekt_);
+    if (changed.whyNoProject != Text::None)
+        return {.outcome = NoProject, .whyNoProject = changed.whyNoProject};
+    if (!changed.project && changed.modules == 0)
+        return {};
+    FilesRead again;
+    bool isWhole = true;
+    if (changed.project) {
+        if (!LoadAgain())
+            return {.outcome = Cancelled};
+        const auto& modules = projekt_->OwnedModules();
+        again.files = changed.modules + 1;
+        again.unreadable = static_cast<int>(std::count_if(
+            modules.begin(), modules.end(), [](const auto& modul) { return modul->fileError != FileError::None; }));
+    } else {
+        isWhole =
+            ports_.run("ChangedModule_Regenerieren", false, [&] { again = ChangedModule_Regenerieren(*projekt_); });
+    }
     if (!projekt_->callsKnown)
         Tote_Untote_Kennzeichnen(*projekt_);  // the marks of a project just opened
     RefillTree();
-    return changed;
+    const bool readNothing = !changed.project && again.unreadable == again.files;
+    return {!isWhole ? Cancelled : readNothing ? NothingRead : Done, again.files, again.unreadable};
+}
+
+// Loads the project as if it were opened, while what is shown stays. False after a cancel, which changes nothing.
+bool Workspace::LoadAgain() {
+    auto loaded = std::make_unique<clsProjekt>(files_);
+    loaded->FullPath = projekt_->FullPath;
+    loaded->CondComps_Win32_Win16(settings_.Win32 == 1);
+    ProblemList* const before = SetProblems(&loaded->problems);
+    if (!ports_.run("Projekt_Laden", true, [&loaded] { Projekt_Laden(*loaded); })) {
+        SetProblems(before);
+        return false;
+    }
+    const bool callsRead = CallsRead();
+    projekt_.swap(loaded);
+    ForgetObjects();
+    loaded.reset();
+    projekt_->OnReplaced([this] { ForgetObjects(); });
+    if (callsRead)
+        ports_.run("Who_Calls_Who", false, [this] { Who_Calls_Who(*projekt_); });
+    if (projekt_->callsKnown)
+        Tote_Untote_Kennzeichnen(*projekt_);
+    return true;
 }
 
 Workspace::Place Workspace::Here() const {
@@ -194,6 +248,21 @@ Workspace::Shown Workspace::ShowCurrent() {
         shown.image = node->Image();
     else if (selection_.CurObject)
         shown.image = selection_.CurObject->GetImageKey();
+    return shown;
+}
+
+std::optional<Workspace::Shown> Workspace::ActivateLine(const std::string& modulKey, int line) {
+    const clsModul* const modul = projekt_ ? projekt_->GetModuleFromCodePath(modulKey) : nullptr;
+    if (!modul || !modul->text)
+        return {};
+    const CodeRange place = LineAt(modul->text->ModulTextOrg(), line);
+    const clsProzedur* const prozedur = Get_ProcNachPos(*modul, place.start);
+    std::optional<Shown> shown = Activate(prozedur ? prozedur->CodePath() : modulKey);
+    if (!shown && prozedur)
+        shown = Activate(modulKey);
+    if (shown)
+        if (const std::optional<CodeRange> range = code_.Text().Shown(place.start, place.length))
+            shown->code.select = range;
     return shown;
 }
 
@@ -376,7 +445,7 @@ std::vector<std::string> Workspace::DependencyHoverText(const BaumNode& node, bo
 
 std::string Workspace::SpokenText(const BaumNode& node) const {
     const CodeObject* const object = ObjectOf(node);
-    return object ? SpokenAbout(code_.Locals(), *object) : std::string();
+    return object ? SpokenAbout(*projekt_, code_.Locals(), *object) : std::string();
 }
 
 std::vector<std::string> Workspace::CodeHoverText(Pos position) const {

@@ -5,6 +5,7 @@
 // texts; the port `ends` is called before the objects of a generation become invalid.
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <memory>
 #include <optional>
@@ -37,9 +38,10 @@ public:
     [[nodiscard]] clsProjekt* Projekt() const { return projekt_.get(); }
     [[nodiscard]] bool CallsRead() const;
 
-    /// Closes the open project and opens the project file at `path`, which exists.
+    /// Closes the open project and opens the project file at `path`, which is one (WhyNoProject).
+    /// @param codePage  in which it is read; empty for that of the settings
     /// @return false if the user cancelled: no project is open then
-    [[nodiscard]] bool Open(const std::string& path);
+    [[nodiscard]] bool Open(const std::string& path, const std::string& codePage = {});
     void Close();
 
     struct CallCounts {
@@ -49,9 +51,22 @@ public:
     /// Reads all calls. Nothing if the user cancelled: the calls found so far stay, but nothing counts as dead.
     std::optional<CallCounts> ReadCalls();
 
-    /// Reads the modules again whose files have changed; keeps the selection, folds and check marks. Returns their
-    /// number; does nothing if it is 0.
-    int Refresh();
+    struct Refreshed {
+        enum class Outcome : std::uint8_t {
+            NothingChanged,
+            Done,
+            NothingRead,  // files have changed, but none of them can be read
+            NoProject,    // the project file cannot be read any more; everything stays as it is
+            Cancelled,
+        };
+        Outcome outcome = Outcome::NothingChanged;
+        int files = 0;                   // that have changed
+        int unreadable = 0;              // of them
+        Text whyNoProject = Text::None;  // with NoProject
+    };
+    /// Reads the modules again whose files have changed, or the whole project if its own file has; keeps the selection,
+    /// folds, check marks, and the places for back and forward.
+    Refreshed Refresh();
 
     /// Adapts the project tree to the settings; keeps folds, check marks and the selected node.
     void OptionsApplied();
@@ -65,6 +80,9 @@ public:
     };
     /// Makes the object of a node of the project tree the current one. Nothing without such a node.
     std::optional<Shown> Activate(const NodeId& id);
+    /// Makes the object of a module that stands at a line of its file the current one, and selects the line. Nothing if
+    /// the module has no node of this key.
+    std::optional<Shown> ActivateLine(const std::string& modulKey, int line);
     /// Shows the current object again, and what the dependency trees showed. Nothing if there is none.
     std::optional<Shown> ShowAgain();
     /// A node of a dependency tree was clicked: the places of its calls, in the caller's text.
@@ -127,6 +145,7 @@ private:
     void ForgetObjects();
     void FillTree();
     void RefillTree();
+    bool LoadAgain();
     [[nodiscard]] CodeObject* ProcedureOrCurrent() const;
     [[nodiscard]] const CodeObject* OwnerOfNeighbour(const CodeObject& neighbour, bool isCaller) const;
     [[nodiscard]] CallType TypeShown(bool isCaller) const;

@@ -128,6 +128,6 @@ void AnalyseErgebnisCalls(const clsProjekt& projekt, const ReportPath& path) {
         const ErrorSubject subject(modul->FullPath);
         const std::string file = path(*modul);
         if (const FileError error = projekt.TheFiles().WriteWhole(file, CallsReport(*modul)); error != FileError::None)
-            ShowError("clsModul: AnalyseErgebnisCalls", 75, std::string(Describe(error)) + " (" + file + ")");
+            ShowFileError("clsModul: AnalyseErgebnisCalls", error, file);
     }
 }

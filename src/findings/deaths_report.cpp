@@ -90,5 +90,5 @@ void AnalyseErgebnisDeaths(const clsProjekt& projekt, const std::string& path) {
     for (const clsModul* modul : projekt.ModulesInReportOrder())
         text += DeathsReport(*modul);
     if (const FileError error = projekt.TheFiles().WriteWhole(path, text); error != FileError::None)
-        ShowError("modMain: AnalyseErgebnisDeaths", 75, std::string(Describe(error)) + " (" + path + ")");
+        ShowFileError("modMain: AnalyseErgebnisDeaths", error, path);
 }

@@ -63,7 +63,7 @@ std::string StructureReportPath(const clsModul& modul) {
 void AnalyseErgebnisStructure(const clsProjekt& projekt, const clsModul& modul, const std::string& path) {
     const ErrorSubject subject(modul.FullPath);
     if (const FileError error = projekt.TheFiles().WriteWhole(path, StructureReport(modul)); error != FileError::None)
-        ShowError("clsModul: AnalyseErgebnisStructure", 75, std::string(Describe(error)) + " (" + path + ")");
+        ShowFileError("clsModul: AnalyseErgebnisStructure", error, path);
 }
 
 void AnalyseErgebnisStructure(const clsProjekt& projekt, const ReportPath& path) {

@@ -31,8 +31,10 @@ public:
     /// Where the arenas of its modules get their blocks.
     [[nodiscard]] std::pmr::memory_resource* Memory() { return &memory_; }
 
-    std::string MyName;    // from the line Name=, as found
-    std::string FullPath;  // of the project file, as it was opened
+    std::string MyName;             // from the line Name=, as found
+    std::string FullPath;           // of the project file, as it was opened
+    std::string Startup;            // from the line Startup=: "Sub Main", the name of a form, or "(None)"
+    FileTime DateLastModified = 0;  // of the project file when it was read
 
     /// Conditional constants, (name, value) in lower case; row 0 stays empty, rows 1 and 2 are win32 and win16.
     std::vector<CondConstant> condComps;

@@ -120,7 +120,9 @@ struct CodePage::Tables {
 };
 
 const CodePage::Tables* CodePage::Tables::Of(std::string_view page) {
+    static std::mutex making;
     static std::map<std::string, std::unique_ptr<const Tables>, std::less<>> known;
+    const std::lock_guard lock(making);  // files are read side by side, and their names can need any page
     if (const auto found = known.find(page); found != known.end())
         return found->second.get();
     auto tables = std::make_unique<Tables>();
@@ -307,6 +309,49 @@ std::optional<std::string> CodePage::FromUtf8Whole(std::string_view utf8) const 
     if (!tables_->FromUtf8(utf8, text) || (kind_ == Kind::Auto && IsValidUtf8(text)))
         return {};
     return text;
+}
+
+namespace {
+
+constexpr CodePageName kSupported[] = {
+    {"1252", "Windows-1252"}, {"1250", "Windows-1250"}, {"1251", "Windows-1251"}, {"1253", "Windows-1253"},
+    {"1254", "Windows-1254"}, {"1255", "Windows-1255"}, {"1256", "Windows-1256"}, {"1257", "Windows-1257"},
+    {"1258", "Windows-1258"}, {"874", "Windows-874"},   {"932", "Shift-JIS 932"}, {"936", "GBK 936"},
+    {"949", "UHC 949"},       {"950", "Big5 950"},
+};
+
+// Other names than those made of a number.
+constexpr CodePageName kAliases[] = {
+    {"65001", "utf-8"}, {"65001", "utf8"}, {"932", "shift-jis"}, {"932", "shift_jis"}, {"932", "sjis"},
+    {"936", "gbk"},     {"949", "uhc"},    {"950", "big5"},      {"20866", "koi8-r"},  {"21866", "koi8-u"},
+};
+
+}  // namespace
+
+std::span<const CodePageName> SupportedCodePages() {
+    return kSupported;
+}
+
+std::string_view NameOfCodePage(std::string_view number) {
+    for (const CodePageName& page : kSupported)
+        if (page.number == number)
+            return page.name;
+    return number == "65001" ? "UTF-8" : number;
+}
+
+std::optional<std::string> CodePageNamed(std::string_view name) {
+    std::string number = ascii::LowerCase(name);
+    if (number == kAuto)
+        return number;
+    for (const CodePageName& alias : kAliases)
+        if (number == alias.name)
+            number = alias.number;
+    for (const std::string_view prefix : {"windows-", "cp"})
+        if (number.starts_with(prefix))
+            number.erase(0, prefix.size());
+    if (CodePage(number).Setting() != number)
+        return {};
+    return number;
 }
 
 bool IsValidUtf8(std::string_view text) {

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 
@@ -50,6 +51,19 @@ private:
     std::array<unsigned char, 256> lower_{};
     std::array<bool, 256> isLead_{};
 };
+
+/// A page in which sources are written, with the name that users know it by.
+struct CodePageName {
+    std::string_view number;  // as CodePage takes it
+    std::string_view name;    // "Windows-1251"
+};
+/// The pages of Windows in which Visual Basic saves, the most common first.
+[[nodiscard]] std::span<const CodePageName> SupportedCodePages();
+/// The name of a page; for any other than the supported ones the number.
+[[nodiscard]] std::string_view NameOfCodePage(std::string_view number);
+/// The setting for a name from a user: "auto", a number, or a name such as "windows-1256", "cp1256", "UTF-8" or
+/// "Shift-JIS". Nothing for a page that does not exist on this system.
+[[nodiscard]] std::optional<std::string> CodePageNamed(std::string_view name);
 
 /// True for well-formed UTF-8 (no overlong forms, no surrogates); pure ASCII is well-formed.
 [[nodiscard]] bool IsValidUtf8(std::string_view text);

@@ -47,17 +47,27 @@ bool MeansMissing(int error) {
     return error == ENOENT || error == ENOTDIR || error == ENAMETOOLONG || error == ELOOP;
 }
 
+bool MeansForbidden(int error) {
+    return error == EACCES || error == EPERM;
+}
+
 FileError ReadErrorOf(int error) {
     if (MeansMissing(error))
         return FileError::NotFound;
     if (error == EISDIR)
         return FileError::IsDirectory;
+    if (MeansForbidden(error))
+        return FileError::NoPermission;
     return error == EFBIG || error == EOVERFLOW ? FileError::TooLarge : FileError::NotReadable;
 }
 
 FileError WriteErrorOf(int error) {
     if (error == EISDIR)
         return FileError::IsDirectory;
+    if (MeansForbidden(error) || error == EROFS)
+        return FileError::NoPermission;
+    if (error == ENOSPC || error == EDQUOT)
+        return FileError::NoSpace;
     return MeansMissing(error) ? FileError::NotFound : FileError::NotWritable;
 }
 
@@ -211,6 +221,10 @@ DiskFiles::Directories::Found DiskFiles::Directories::Resolve(std::string_view p
         if (Found other = Walk(parts); other.missing < best.missing)
             best = std::move(other);
     }
+    if (best.missing > 0)
+        for (const PathParts& parts : PartsInOtherPages(path))
+            if (Found other = Walk(parts); other.missing < best.missing)
+                best = std::move(other);
     return best;
 }
 
@@ -299,7 +313,7 @@ FileError DiskFiles::WriteWhole(std::string_view path, std::string_view bytes) {
         if (!S_ISREG(old.st_mode))
             return S_ISDIR(old.st_mode) ? FileError::IsDirectory : FileError::NotWritable;
         if (faccessat(AT_FDCWD, target.c_str(), W_OK, AT_EACCESS) != 0)  // renaming alone does not check this
-            return FileError::NotWritable;
+            return WriteErrorOf(errno);
         // A link is kept, and its target is replaced.
         if (char* const real = realpath(target.c_str(), nullptr)) {
             target = real;

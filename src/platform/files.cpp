@@ -10,10 +10,14 @@ std::string_view Describe(FileError error) {
             return "The file does not exist.";
         case FileError::IsDirectory:
             return "This is a directory, not a file.";
+        case FileError::NoPermission:
+            return "Permission is denied.";
         case FileError::NotReadable:
             return "The file cannot be read.";
         case FileError::TooLarge:
             return "The file is too large: texts are limited to one gigabyte.";
+        case FileError::NoSpace:
+            return "No space is left on the disk.";
         case FileError::NotWritable:
             return "The file cannot be written.";
     }
@@ -36,15 +40,24 @@ MemoryFiles::MemoryFiles(std::initializer_list<std::pair<const std::string, std:
         WriteWhole(path, bytes);
 }
 
+const MemoryFiles::Entry* MemoryFiles::Find(std::string_view path) const {
+    if (const auto found = files_.find(KeyOf(path)); found != files_.end())
+        return &found->second;
+    for (const PathParts& parts : PartsInOtherPages(path))
+        if (const auto found = files_.find(NameKey(JoinPath(parts))); found != files_.end())
+            return &found->second;
+    return nullptr;
+}
+
 bool MemoryFiles::FileExists(std::string_view path) const {
-    return files_.contains(KeyOf(path));
+    return Find(path) != nullptr;
 }
 
 FileText MemoryFiles::ReadText(std::string_view path) const {
     FileText file;
-    if (const auto found = files_.find(KeyOf(path)); found != files_.end()) {
-        SetText(file, std::string_view(found->second.bytes));
-        file.dateLastModified = found->second.changed;
+    if (const Entry* found = Find(path)) {
+        SetText(file, std::string_view(found->bytes));
+        file.dateLastModified = found->changed;
     } else {
         file.error = IsDirectory(path) ? FileError::IsDirectory : FileError::NotFound;
     }
@@ -52,8 +65,8 @@ FileText MemoryFiles::ReadText(std::string_view path) const {
 }
 
 FileTime MemoryFiles::DateLastModified(std::string_view path) const {
-    const auto found = files_.find(KeyOf(path));
-    return found == files_.end() ? 0 : found->second.changed;
+    const Entry* found = Find(path);
+    return found ? found->changed : 0;
 }
 
 FileError MemoryFiles::WriteWhole(std::string_view path, std::string_view bytes) {
@@ -83,13 +96,17 @@ FileError MemoryFiles::MakeDirectory(std::string_view path) {
 }
 
 std::string MemoryFiles::SystemPath(std::string_view path) const {
-    const auto found = files_.find(KeyOf(path));
-    return found == files_.end() ? WithSlashes(path) : found->second.path;
+    const Entry* found = Find(path);
+    return found ? found->path : WithSlashes(path);
+}
+
+void MemoryFiles::Remove(std::string_view path) {
+    files_.erase(KeyOf(path));
 }
 
 std::string MemoryFiles::Bytes(std::string_view path) const {
-    const auto found = files_.find(KeyOf(path));
-    return found == files_.end() ? std::string() : found->second.bytes;
+    const Entry* found = Find(path);
+    return found ? found->bytes : std::string();
 }
 
 bool MemoryFiles::IsDirectory(std::string_view path) const {

@@ -1,6 +1,6 @@
-// Access to files. A path may use "\" or "/", "..", any letter case and bytes of the active code page; only this module
-// maps such a path to the real file system. Texts are returned as bytes with CR LF at every line end, whatever the file
-// contains.
+// Access to files. A path may use "\" or "/", "..", any letter case and bytes of a code page; only this module maps
+// such a path to the real file system. A name of bytes above 127 is looked for in the active page, then in all others.
+// Texts are returned as bytes with CR LF at every line end, whatever the file contains.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@
 #include <string_view>
 #include <utility>
 
-enum class FileError { None, NotFound, IsDirectory, NotReadable, TooLarge, NotWritable };
+enum class FileError { None, NotFound, IsDirectory, NoPermission, NotReadable, TooLarge, NoSpace, NotWritable };
 
 /// A plain English sentence to show to users, such as "The file does not exist.".
 [[nodiscard]] std::string_view Describe(FileError error);
@@ -81,6 +81,7 @@ public:
     FileError MakeDirectory(std::string_view path) override;
     [[nodiscard]] std::string SystemPath(std::string_view path) const override;
 
+    void Remove(std::string_view path);
     /// The bytes of a file, or an empty text if it does not exist.
     [[nodiscard]] std::string Bytes(std::string_view path) const;
 
@@ -92,5 +93,6 @@ private:
     };
     std::map<std::string, Entry> files_;  // by path in lower case, with ".." resolved
     FileTime clock_ = 0;                  // advances with each write
+    [[nodiscard]] const Entry* Find(std::string_view path) const;
     [[nodiscard]] bool IsDirectory(std::string_view path) const;
 };

@@ -30,6 +30,19 @@ bool IsSlash(char c) {
     return c == '/' || c == '\\';
 }
 
+PathParts SplitInPage(std::string_view path, const CodePage& page) {
+    std::size_t secondByte = std::string_view::npos;
+    return SplitWhere(path, [&](std::string_view text, std::size_t i) {
+        if (i == secondByte)
+            return false;
+        if (page.IsLeadByte(static_cast<unsigned char>(text[i])))
+            secondByte = i + 1;
+        return IsSlash(text[i]);
+    });
+}
+
+constexpr std::string_view kReplacementInUtf8 = "\xEF\xBF\xBD";
+
 }  // namespace
 
 std::string WithSlashes(std::string_view path) {
@@ -59,14 +72,26 @@ PathParts SplitPath(std::string_view path) {
 }
 
 PathParts SplitDoubleBytePath(std::string_view path) {
-    std::size_t secondByte = std::string_view::npos;
-    return SplitWhere(path, [&](std::string_view text, std::size_t i) {
-        if (i == secondByte)
-            return false;
-        if (ActiveCodePage().IsLeadByte(static_cast<unsigned char>(text[i])))
-            secondByte = i + 1;
-        return IsSlash(text[i]);
-    });
+    return SplitInPage(path, ActiveCodePage());
+}
+
+std::vector<PathParts> PartsInOtherPages(std::string_view path) {
+    std::vector<PathParts> all;
+    if (IsValidUtf8(path))
+        return all;
+    for (const CodePageName& known : SupportedCodePages()) {
+        const CodePage page(known.number);
+        PathParts parts = WithoutParents(SplitInPage(path, page));
+        bool isDefined = page.Setting() == known.number;
+        for (std::string& name : parts.names) {
+            if (!IsValidUtf8(name))
+                name = page.ToUtf8(name);
+            isDefined = isDefined && name.find(kReplacementInUtf8) == std::string::npos;
+        }
+        if (isDefined && std::find(all.begin(), all.end(), parts) == all.end())
+            all.push_back(std::move(parts));
+    }
+    return all;
 }
 
 PathParts WithoutParents(const PathParts& parts) {

@@ -22,8 +22,11 @@ struct PathParts {
 
 /// Splits at "\" and "/".
 [[nodiscard]] PathParts SplitPath(std::string_view path);
-/// Same, but a "\" that is the second byte of a double-byte character is part of its name.
+/// Same, but a "\" that is the second byte of a double-byte character of the active page is part of its name.
 [[nodiscard]] PathParts SplitDoubleBytePath(std::string_view path);
+/// The path in UTF-8 and without "..", read in each supported code page that defines all bytes of it; empty for a path
+/// that is UTF-8 itself. A path does not say in which page it was written.
+[[nodiscard]] std::vector<PathParts> PartsInOtherPages(std::string_view path);
 /// Removes each ".." together with the name before it, whether or not that name exists.
 [[nodiscard]] PathParts WithoutParents(const PathParts& parts);
 /// The parts joined by "/"; "." if there are none.

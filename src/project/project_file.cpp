@@ -1,5 +1,8 @@
 #include "project/project_file.h"
 
+#include <algorithm>
+#include <array>
+
 #include "libraries/project_entry.h"
 #include "model/clsProjekt.h"
 #include "platform/code_page.h"
@@ -41,7 +44,7 @@ public:
         count_ = 0;
         ForEachLine(text_.substr(static_cast<std::size_t>(line.data() + line.size() - text_.data())),
                     [this](std::string_view behind) {
-                        if (IsModuleKey(KeyOf(behind)))
+                        if (IsModuleLine(behind))
                             count_ += !files_.FileExists(Get_Pfad_Aus_ModulEintrag(projektDir_, behind));
                     });
         return count_;
@@ -84,7 +87,7 @@ void LoadLibraries(clsProjekt& projekt, std::string_view projectText) {
 // Reports a file that could not be read. Asks about one that does not exist ("Laden abbrechen?"); Yes sets gAbort.
 void TellUnreadable(const clsProjekt& projekt, const clsModul& modul, const std::function<int()>& moreMissing) {
     if (projekt.TheFiles().FileExists(modul.FullPath)) {
-        ShowError("clsModul: Read_MyCodeName", 75, Describe(modul.fileError));
+        ShowFileError("clsModul: Read_MyCodeName", modul.fileError);
         return;
     }
     NoteProblem("clsModul: Read_MyCodeName", "File not found: " + modul.FullPath);
@@ -112,16 +115,29 @@ void LoadModules(clsProjekt& projekt, std::string_view projektDir, std::string_v
     });
 }
 
+// A file that exists but could not be read is tried each time, because a change of its permissions has no date.
+bool HasChanged(const Files& files, const clsModul& modul) {
+    return modul.fileError != FileError::None ? files.FileExists(modul.FullPath)
+                                              : files.DateLastModified(modul.FullPath) != modul.DateLastModified;
+}
+
 // Indices in OwnedModules.
 std::vector<std::size_t> ChangedModules(const clsProjekt& projekt) {
     std::vector<std::size_t> changed;
-    for (std::size_t place = 0; place < projekt.OwnedModules().size(); ++place) {
-        const clsModul& modul = *projekt.OwnedModules()[place];
-        if (modul.DateLastModified != 0 &&
-            projekt.TheFiles().DateLastModified(modul.FullPath) != modul.DateLastModified)
+    for (std::size_t place = 0; place < projekt.OwnedModules().size(); ++place)
+        if (HasChanged(projekt.TheFiles(), *projekt.OwnedModules()[place]))
             changed.push_back(place);
-    }
     return changed;
+}
+
+// Whether a line is one of those that Visual Basic writes into every project file, or lists a module.
+bool IsProjectLine(std::string_view line) {
+    static constexpr std::array<std::string_view, 16> kKeys{
+        "Type",         "Name",     "Startup",   "Form",   "Module",    "Class",    "UserControl", "PropertyPage",
+        "UserDocument", "Designer", "Reference", "Object", "ExeName32", "CondComp", "MajorVer",    "Title"};
+    const std::string key = KeyOf(line);
+    return line.substr(std::min(key.size(), line.size())).starts_with('=') &&
+           std::find(kKeys.begin(), kKeys.end(), key) != kKeys.end();
 }
 
 int CountLines(std::string_view text, const std::function<bool(std::string_view key)>& counts) {
@@ -154,6 +170,10 @@ int GetAnzahlReferences(std::string_view projectText) {
     return CountLines(projectText, [](std::string_view key) { return LowerCase(key) == "reference"; });
 }
 
+bool IsModuleLine(std::string_view line) {
+    return IsModuleKey(KeyOf(line));
+}
+
 std::string Get_Pfad_Aus_ModulEintrag(std::string_view projektDir, std::string_view eintrag) {
     const bool isDirect = eintrag.starts_with("Form") || eintrag.starts_with("UserControl");
     const std::string_view separator = isDirect ? "=" : "; ";
@@ -171,12 +191,29 @@ std::string Get_ProjektName(const clsProjekt& projekt) {
         return name;
     const FileText file = projekt.TheFiles().ReadText(projekt.FullPath);
     if (file.error != FileError::None)
-        ShowError("clsProjekt: Get_ProjektName", 75, Describe(file.error));
+        ShowFileError("clsProjekt: Get_ProjektName", file.error);
     ForEachLine(file.text, [&](std::string_view line) {
         if (KeyOf(line) == "Name")
             name = modMain::GetStringContent(line);
     });
     return name;
+}
+
+Text WhyNoProject(const FileText& file) {
+    if (file.error != FileError::None)
+        return CauseAndRemedy(file.error);
+    if (file.text.find_first_not_of(" \t\r\n") == std::string::npos)
+        return Text::ProjectEmpty;
+    std::string_view before = file.text;  // what precedes the first line of a project
+    ForEachLine(file.text, [&](std::string_view line) {
+        if (before.size() == file.text.size() && IsProjectLine(line))
+            before = before.substr(0, static_cast<std::size_t>(line.data() - file.text.data()));
+    });
+    if (before.find('\0') != std::string_view::npos)
+        return Text::ProjectBinary;
+    if (before.size() < file.text.size())
+        return Text::None;
+    return before.starts_with("VBGROUP") ? Text::ProjectGroup : Text::ProjectForeign;
 }
 
 void CondComp_Init(clsProjekt& projekt, std::string_view projectText) {
@@ -199,10 +236,15 @@ void Projekt_Laden(clsProjekt& projekt) {
     gAbort = false;
     const FileText file = projekt.TheFiles().ReadText(projekt.FullPath);
     if (file.error != FileError::None) {
-        ShowError("clsProjekt: Projekt_Laden", file.error == FileError::NotFound ? 53 : 75, Describe(file.error));
+        ShowFileError("clsProjekt: Projekt_Laden", file.error);
         return;
     }
+    projekt.DateLastModified = file.dateLastModified;
     projekt.MyName = Get_ProjektName(projekt);
+    ForEachLine(file.text, [&projekt](std::string_view line) {
+        if (KeyOf(line) == "Startup")
+            projekt.Startup = modMain::GetStringContent(line);
+    });
     const int modules = GetAnzahlModule(file.text);
     if (modules == 0)
         return;
@@ -216,26 +258,42 @@ void Projekt_Laden(clsProjekt& projekt) {
     projekt.TimeForStructure = timer.Get_TotalStr();
 }
 
-int CountChangedModules(const clsProjekt& projekt) {
-    return static_cast<int>(ChangedModules(projekt).size());
+ChangedFiles Files_Check(const clsProjekt& projekt) {
+    ChangedFiles changed;
+    const FileText file = projekt.TheFiles().ReadText(projekt.FullPath);
+    changed.whyNoProject = WhyNoProject(file);
+    changed.project = file.dateLastModified != projekt.DateLastModified;
+    changed.modules = static_cast<int>(ChangedModules(projekt).size());
+    return changed;
 }
 
-int ChangedModule_Regenerieren(clsProjekt& projekt) {
+FilesRead ChangedModule_Regenerieren(clsProjekt& projekt) {
     gAbort = false;
+    FilesRead again;
     std::vector<ModuleChange> changes;
     for (const std::size_t place : ChangedModules(projekt)) {
         const clsModul& modul = *projekt.OwnedModules()[place];
         projekt.problems.ForgetOf(modul.FullPath);
         changes.push_back({place, ModuleSource{modul.ModulTyp, modul.FullPath}});
     }
+    const auto missingBehind = [&](std::size_t nr) {
+        return static_cast<int>(
+            std::count_if(changes.begin() + static_cast<std::ptrdiff_t>(nr) + 1, changes.end(),
+                          [&](const auto& change) { return !projekt.TheFiles().FileExists(change.source->path); }));
+    };
     gProgress().Label(gText.TextNr(Text::LoadingProject));
     gProgress().Range(0, static_cast<int>(changes.size()));
     if (!changes.empty())
-        Replace(projekt, changes, [&](std::size_t, const clsModul& modul) {
-            if (modul.fileError != FileError::None)
-                TellUnreadable(projekt, modul, [] { return 0; });
+        Replace(projekt, changes, [&](std::size_t nr, const clsModul& modul) {
+            if (modul.fileError != FileError::None) {
+                TellUnreadable(projekt, modul, [&] { return missingBehind(nr); });
+                if (gAbort)
+                    return false;
+                ++again.unreadable;
+            }
+            ++again.files;
             gProgress().Progressiere_mal();
-            return !gAbort;
+            return true;
         });
-    return static_cast<int>(changes.size());
+    return again;
 }

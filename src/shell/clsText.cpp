@@ -13,7 +13,7 @@ void clsText::SetLanguage(const Files& files, const std::string& programDirector
         return;
     const FileText file = files.ReadText(path);
     if (file.error != FileError::None) {
-        ShowError("modMain: GetText", 70, Describe(file.error));
+        ShowFileError("modMain: GetText", file.error);
         return;
     }
     std::size_t row = 0;
@@ -32,6 +32,13 @@ void clsText::SetLanguage(const Files& files, const std::string& programDirector
 const std::string& clsText::TextNr(Text text) const {
     const auto nr = static_cast<std::size_t>(text);
     return lines_[nr < lines_.size() ? nr : 0];
+}
+
+std::string TextNrWith(Text text, std::string_view first) {
+    std::string filled = gText.TextNr(text);
+    if (const auto place = filled.find("%1"); place != std::string::npos)
+        filled.replace(place, 2, first);
+    return filled;
 }
 
 std::string Utf8TextNr(Text text) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/files.h"
@@ -25,5 +26,7 @@ private:
 
 extern clsText gText;
 
+/// A text of the language file with `first` in the place of its "%1".
+[[nodiscard]] std::string TextNrWith(Text text, std::string_view first);
 /// UTF-8 of a text of the language file, which is Windows-1252 whatever the code page of the sources is.
 [[nodiscard]] std::string Utf8TextNr(Text text);

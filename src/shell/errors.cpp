@@ -1,5 +1,6 @@
 #include "shell/errors.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "shell/timing.h"
@@ -12,15 +13,40 @@ ErrorPort& Port() {
 }
 
 thread_local std::string_view currentSubject;
+thread_local int currentLine = 0;
 thread_local int muted = 0;
 thread_local std::vector<HeldErrors::Held>* holder = nullptr;
 
 constexpr std::size_t kMostProblems = 10000;
+constexpr std::size_t kMostLines = 1000;  // of one problem
 ProblemList* currentProblems = nullptr;
 
 // Problems with equal keys are listed once.
 std::string KeyOf(const Problem& problem) {
     return problem.tag + '\n' + problem.text + '\n' + problem.subject;
+}
+
+// As Visual Basic numbers them.
+int NumberOf(FileError error) {
+    switch (error) {
+        case FileError::NotFound:
+            return 53;
+        case FileError::NoSpace:
+            return 61;
+        case FileError::NoPermission:
+            return 70;
+        default:
+            return 75;
+    }
+}
+
+// Notes what the main thread reports, and passes it on.
+void Report(const ErrorReport& report) {
+    NoteProblem(report.tag, report.description);
+    if (!Port() || muted > 0)
+        return;
+    const WaitForAnswer wait;
+    Port()(report);
 }
 
 }  // namespace
@@ -36,14 +62,42 @@ ErrorPort SetErrorPort(ErrorPort port) {
 void ShowError(std::string_view tag, int number, std::string_view description) {
     if (holder) {
         if (muted == 0)
-            holder->push_back({std::string(tag), std::string(description), number, true});
+            holder->push_back({std::string(tag), std::string(description), number, currentLine, true});
         return;
     }
-    NoteProblem(tag, description);
-    if (!Port() || muted > 0)
-        return;
-    const WaitForAnswer wait;
-    Port()({number, std::string(description), std::string(tag), std::string(currentSubject)});
+    Report({number, std::string(description), std::string(tag), std::string(currentSubject)});
+}
+
+void ShowFileError(std::string_view tag, FileError error, std::string_view path) {
+    std::string description(Describe(error));
+    if (!path.empty())
+        description.append(" (").append(path).append(")");
+    if (holder)
+        ShowError(tag, NumberOf(error), description);
+    else
+        Report({NumberOf(error), std::move(description), std::string(tag), std::string(currentSubject), error});
+}
+
+Text CauseAndRemedy(FileError error) {
+    switch (error) {
+        case FileError::None:
+            return Text::None;
+        case FileError::NotFound:
+            return Text::CauseNotFound;
+        case FileError::IsDirectory:
+            return Text::CauseIsDirectory;
+        case FileError::NoPermission:
+            return Text::CauseNoPermission;
+        case FileError::NotReadable:
+            return Text::CauseNotReadable;
+        case FileError::TooLarge:
+            return Text::CauseTooLarge;
+        case FileError::NoSpace:
+            return Text::CauseNoSpace;
+        case FileError::NotWritable:
+            return Text::CauseNotWritable;
+    }
+    return Text::None;
 }
 
 MutedErrors::MutedErrors() {
@@ -62,11 +116,18 @@ HeldErrors::~HeldErrors() {
 
 void HeldErrors::Tell(const std::vector<Held>& held) {
     for (const Held& one : held) {
+        const ErrorLine at(one.line);
         if (one.isReport)
             ShowError(one.tag, one.number, one.text);
         else
             NoteProblem(one.tag, one.text);
     }
+}
+
+ErrorLine::ErrorLine(int line) : before_(std::exchange(currentLine, line)) {}
+
+ErrorLine::~ErrorLine() {
+    currentLine = before_;
 }
 
 ErrorSubject::ErrorSubject(std::string_view name) : before_(std::exchange(currentSubject, name)) {}
@@ -83,21 +144,28 @@ void NoteProblem(std::string_view tag, std::string_view text) {
     if (muted > 0)
         return;
     if (holder)
-        holder->push_back({std::string(tag), std::string(text)});
+        holder->push_back({std::string(tag), std::string(text), 0, currentLine});
     else if (currentProblems)
-        currentProblems->Add({std::string(tag), std::string(text), std::string(currentSubject)});
+        currentProblems->Add({std::string(tag), std::string(text), std::string(currentSubject),
+                              currentLine > 0 ? std::vector{currentLine} : std::vector<int>()});
 }
 
 void ProblemList::Add(Problem problem) {
-    if (problems_.size() < kMostProblems && seen_.insert(KeyOf(problem)).second)
+    const std::string key = KeyOf(problem);
+    if (const auto known = places_.find(key); known != places_.end()) {
+        std::vector<int>& lines = problems_[known->second].lines;
+        for (const int line : problem.lines)
+            if (lines.size() < kMostLines && std::find(lines.begin(), lines.end(), line) == lines.end())
+                lines.push_back(line);
+    } else if (problems_.size() < kMostProblems) {
+        places_.emplace(key, problems_.size());
         problems_.push_back(std::move(problem));
+    }
 }
 
 void ProblemList::ForgetOf(std::string_view subject) {
-    std::erase_if(problems_, [&](const Problem& problem) {
-        const bool isOfFile = problem.subject == subject;
-        if (isOfFile)
-            seen_.erase(KeyOf(problem));
-        return isOfFile;
-    });
+    std::erase_if(problems_, [&](const Problem& problem) { return problem.subject == subject; });
+    places_.clear();
+    for (std::size_t place = 0; place < problems_.size(); ++place)
+        places_.emplace(KeyOf(problems_[place]), place);
 }

@@ -6,16 +6,19 @@
 #include <functional>
 #include <string>
 #include <string_view>
-#include <unordered_set>
+#include <unordered_map>
 #include <vector>
 
+#include "platform/files.h"
+#include "shell/text_numbers.h"
 #include "shell/vb_text.h"
 
 struct ErrorReport {
     int number = 0;
     std::string description;
-    std::string tag;      // "clsModul: Analyse_Parsen"
-    std::string subject;  // the file being processed, as the project spells it; empty if there is none
+    std::string tag;                   // "clsModul: Analyse_Parsen"
+    std::string subject;               // the file being processed, as the project spells it; empty if there is none
+    FileError file = FileError::None;  // why a file could not be read or written, if that is the failure
 
     /// "Error: 91: description", an empty line, "->> tag".
     [[nodiscard]] std::string Text() const;
@@ -26,10 +29,11 @@ struct Problem {
     std::string tag;
     std::string text;
     std::string subject;
+    std::vector<int> lines = {};  // of the subject, from 1, where it was found; empty if unknown
     bool operator==(const Problem&) const = default;
 };
 
-/// The problems of one project, each once; the list ends at ten thousand.
+/// The problems of one project, each once with all its lines; the list ends at ten thousand.
 class ProblemList {
 public:
     void Add(Problem problem);
@@ -39,7 +43,7 @@ public:
 
 private:
     std::vector<Problem> problems_;
-    std::unordered_set<std::string> seen_;
+    std::unordered_map<std::string, std::size_t> places_;  // in problems_, by what makes them equal
 };
 
 /// Connects the list that takes what is noted, and returns the one before; null drops it. Never owns it.
@@ -58,6 +62,12 @@ void ShowError(std::string_view tag, int number, std::string_view description);
 inline void ShowError(std::string_view tag, const VbError& error) {
     ShowError(tag, error.number, error.description);
 }
+
+/// Reports that a file could not be read or written, with the number and description of the cause. `path` is named in
+/// the description if it is not the subject.
+void ShowFileError(std::string_view tag, FileError error, std::string_view path = {});
+/// The text that says what keeps a file from being read or written, and what to do about it.
+[[nodiscard]] Text CauseAndRemedy(FileError error);
 
 /// Runs one statement. Returns false when it failed, which was reported then.
 template <class Statement>
@@ -87,6 +97,7 @@ public:
         std::string tag;
         std::string text;
         int number = 0;         // of the error
+        int line = 0;           // of the subject; 0 if unknown
         bool isReport = false;  // and not only noted
     };
     /// @param into  receives the reports in their order; must outlive this
@@ -100,6 +111,18 @@ public:
 
 private:
     std::vector<Held>* before_;
+};
+
+/// While it lives, what its thread reports and notes is found at this line of the subject; 0 is none.
+class ErrorLine {
+public:
+    explicit ErrorLine(int line);
+    ~ErrorLine();
+    ErrorLine(const ErrorLine&) = delete;
+    ErrorLine& operator=(const ErrorLine&) = delete;
+
+private:
+    int before_;
 };
 
 /// While it lives, reports name this file as their subject. `name` must outlive it.

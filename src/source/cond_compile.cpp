@@ -4,6 +4,7 @@
 // damaged source.
 #include "source/cond_compile.h"
 
+#include <algorithm>
 #include <charconv>
 #include <unordered_map>
 
@@ -35,9 +36,9 @@ CondConstant NameAndValue(std::string_view text, std::string_view separator) {
 
 class Evaluator {
 public:
-    Evaluator(const std::vector<CondConstant>& moduleConstants, const std::vector<CondConstant>& condComps,
-              std::string_view description)
-        : description_(description) {
+    Evaluator(const ModuleText& text, const std::vector<CondConstant>& moduleConstants,
+              const std::vector<CondConstant>& condComps, std::string_view description)
+        : text_(text), description_(description) {
         for (const CondConstant& constant : moduleConstants)
             definitions_.push_back(&constant);
         for (std::size_t row = 1; row < condComps.size(); ++row)
@@ -45,8 +46,9 @@ public:
     }
 
     // True for "true" and for a number other than 0. A failed expression is false.
-    bool IF_is_TRUE(std::string_view expression) {
+    bool IF_is_TRUE(std::string_view expression, Pos pos) {
         DefineOnce();
+        pos_ = pos;
         // A failed definition is missing in every expression, so it is reported for each of them.
         for (const ConstantExpressions::Result& failed : failedDefinitions_)
             Report(expression, failed);
@@ -75,6 +77,8 @@ private:
     void Report(std::string_view expression, const ConstantExpressions::Result& result) {
         if (++reports_ > kMostReports)
             return;
+        const std::string_view before = text_.ModulText().substr(0, static_cast<std::size_t>(pos_));
+        const ErrorLine at(1 + static_cast<int>(std::count(before.begin(), before.end(), '\n')));
         ShowError("modMain: IF_is_TRUE   (check conditional compile expression \"" + std::string(expression) +
                       "\" in " + std::string(description_) + ")",
                   result.number, result.error);
@@ -82,6 +86,8 @@ private:
 
     static constexpr int kMostReports = 1000;  // per module
 
+    const ModuleText& text_;
+    Pos pos_ = 0;  // of the directive
     ConstantExpressions engine_;
     std::vector<const CondConstant*> definitions_;
     std::vector<ConstantExpressions::Result> failedDefinitions_;
@@ -114,10 +120,10 @@ std::vector<CondPart> CondCompile_IFs_lesen(const ModuleText& text, const std::v
         part.start = pos;
         if (directive.starts_with("#if ")) {
             ++ebene;
-            part.isTrue = evaluator.IF_is_TRUE(ExpressionOf(directive, 4));
+            part.isTrue = evaluator.IF_is_TRUE(ExpressionOf(directive, 4), pos);
         } else if (directive.starts_with("#elseif ")) {
             part.typ = CondPart::Typ::ElseIf;
-            part.isTrue = evaluator.IF_is_TRUE(ExpressionOf(directive, 8));
+            part.isTrue = evaluator.IF_is_TRUE(ExpressionOf(directive, 8), pos);
         } else if (directive.starts_with("#else")) {
             part.typ = CondPart::Typ::Else;
         } else if (directive.starts_with("#end if")) {
@@ -266,7 +272,7 @@ void CondCompile_Initialisieren(ModuleText& text, const LineScan& lines, const s
     std::vector<Range> ranges;
     if (!lines.directives.empty()) {
         const std::vector<CondConstant> moduleConstants = CondCompile_ModulKonstanten(text, lines.directives);
-        Evaluator evaluator(moduleConstants, condComps, moduleDescription);
+        Evaluator evaluator(text, moduleConstants, condComps, moduleDescription);
         std::vector<CondPart> parts = CondCompile_IFs_lesen(text, lines.directives, evaluator);
         const LevelChain chain(parts);
         for (std::size_t nr = 0; nr < parts.size(); ++nr)

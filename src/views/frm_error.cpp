@@ -129,7 +129,7 @@ frmError::frmError(QWidget* parent, const QString& supportAddress)
 void frmError::Texte() {
     setWindowTitle(ToQString(kProgramTitle));
     ShowHeading();
-    advice_->setText(TextNr(Text::ErrorAdvice));
+    advice_->setText(TextNr(report_.file == FileError::None ? Text::ErrorAdvice : CauseAndRemedy(report_.file)));
     details_->setText(TextNr(Text::TechnicalDetails));
     txtError_->setAccessibleName(TextNr(Text::TechnicalDetails));
     cmdCopy_->setText(TextNr(Text::Copy));

@@ -8,6 +8,7 @@
 #include <QStatusBar>
 #include <QUrl>
 
+#include "display/problem_meaning.h"
 #include "display/recent_projects.h"
 #include "model/clsProjekt.h"
 #include "platform/files.h"
@@ -199,6 +200,7 @@ void frmMain::WireDialogs() {
     connect(start_, &StartPage::RecentChosen, this, &frmMain::OpenProject);
     connect(menus_, &MainMenus::RecentChosen, this, &frmMain::OpenProject);
     connect(status_, &StatusLine::ProblemsClicked, this, [this] { (*commands_)[Command::Problems].trigger(); });
+    connect(dialogs_.problems, &ProblemsList::PlaceChosen, this, &frmMain::ActivateLine);
     const frmOptionen* options = dialogs_.options;
     connect(options, &frmOptionen::LanguageChanged, this, &frmMain::frmMainTexte);
     connect(options, &frmOptionen::Applied, this, &frmMain::OptionsApplied);
@@ -208,7 +210,10 @@ void frmMain::WireDialogs() {
 }
 
 void frmMain::ConnectPorts() {
-    SetErrorPort([this](const ErrorReport& report) { dialogs_.error->ShowReport(report); });
+    SetErrorPort([this](const ErrorReport& report) {
+        if (Interrupts(report.tag))
+            dialogs_.error->ShowReport(report);
+    });
     SetQuestionPort([this](std::string_view text) { return AskQuestion(this, LanguageText(text)); });
     SetMissingFilePort([this](std::string_view text, int more) { return dialogs_.missingFiles->Ask(text, more); });
     SetMessagePort([this](std::string_view text) { ShowMessage(this, LanguageText(text)); });
@@ -237,7 +242,7 @@ void frmMain::frmMainTexte() {
     ShowMayBe(true);
     status_->Message({});
     status_->ShowCounts(gProjekt.get(), workspace_.CallsRead());
-    status_->ShowProblemCount();
+    ShowProblems();
     Activate_Commands();
     toolbar_->Fit(width());
 }

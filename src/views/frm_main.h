@@ -59,6 +59,8 @@ public:
 
     /// Makes the object of a node the current one and shows it in every pane.
     bool ActivateKey(const NodeId& node);
+    /// The same for what stands at a line of a module, which is selected in the code.
+    void ActivateLine(const std::string& modulKey, int line);
 
     void Split_For_Content() { Arrange(SplitMode::Content); }
     void Split_For_Calls() { Arrange(SplitMode::Calls); }
@@ -106,7 +108,11 @@ private:
     void WireCommands();
     void Wire(Command command, std::function<void(bool)> function);
     void Files_Check();
+    void ShowTitle();
+    void ShowProblems();
+    void ShowProjectCounts();
     void WriteReports(const std::string& operation);
+    void RunCalls();
     void Diagnosis();
     void ShowKeys();
     void NameCommands();

@@ -10,8 +10,11 @@
 #include "findings/deaths_report.h"
 #include "findings/structure_report.h"
 #include "model/clsProjekt.h"
+#include "platform/code_page.h"
 #include "platform/files.h"
 #include "platform/large_pages.h"
+#include "project/project_file.h"
+#include "project/project_page.h"
 #include "project/start.h"
 #include "shell/errors.h"
 #include "shell/operations.h"
@@ -96,7 +99,7 @@ void frmMain::WireCommands() {
     Wire(Command::CalledByMaybe, [this](bool) { SetMayBe(false, true); });
     Wire(Command::CallsReally, [this](bool) { SetMayBe(true, false); });
     Wire(Command::CallsMaybe, [this](bool) { SetMayBe(true, true); });
-    Wire(Command::Problems, [this](bool) { dialogs_.problems->exec(); });
+    Wire(Command::Problems, [this](bool) { dialogs_.problems->Present(); });
     Wire(Command::Options, [this](bool) { dialogs_.options->exec(); });
     Wire(Command::WebPage, [](bool) { OpenDocument(ToQString(kProductPage)); });
     Wire(Command::CopyName, [this](bool) { TreeInUse().CopyName(); });
@@ -169,12 +172,17 @@ void frmMain::OpenProject(const std::string& path) {
         ShowStartPage();
         return;
     }
+    if (const Text why = WhyNoProject(files_.ReadText(path)); why != Text::None) {
+        ShowFailure(this, TextNr(Text::CannotOpen, ToPath(path)) + QStringLiteral("\n\n") + TextNr(why));
+        return;
+    }
     const QFileInfo file(ToPath(path));
+    const std::string codePage = ChooseCodePage(files_, file_, settings_, path);
     dialogs_.error->ForgetIgnored();
     dialogs_.missingFiles->Forget();
     settings_.OpenSaveDir = file.absolutePath().toStdString();
     Save_OpenDir(file_, settings_);
-    if (!workspace_.Open(path)) {
+    if (!workspace_.Open(path, codePage)) {
         CloseTheProject();
         status_->Message(TextNr(Text::LoadingCancelled));
         return;
@@ -182,23 +190,39 @@ void frmMain::OpenProject(const std::string& path) {
     AddRecentProject(file_, file.absoluteFilePath().toStdString());
     commands_->SetImage(Command::Calls, "CallsReadNot");
     commands_->SetImage(Command::CallsModule, "CallsReadNot");
-    setWindowTitle(
-        QStringLiteral("%1:   %2 (%3)").arg(ToQString(gProjekt->MyName), ToQString(kProgramTitle), file.fileName()));
-    status_->ShowCounts(gProjekt.get(), false);
-    status_->ShowProblemCount();
+    ShowTitle();
+    ShowProjectCounts();
     pages_->setCurrentWidget(panes_);
     lower_->Properties().Show(Anzeigen_Eigenschaften(*gProjekt));
     Activate_Commands();
     BaumProjekt().setFocus();
     const int modules = gProjekt->CountAllModules();
-    status_->Message(modules == 1 ? TextNr(Text::OneModuleRead) : TextNr(Text::ModulesRead, NumberText(modules)));
+    status_->Message(codePage != settings_.CodePage
+                         ? TextNr(Text::ModulesReadIn, NumberText(modules), ToQString(NameOfCodePage(codePage)))
+                     : modules == 1 ? TextNr(Text::OneModuleRead)
+                                    : TextNr(Text::ModulesRead, NumberText(modules)));
+}
+
+void frmMain::ShowTitle() {
+    setWindowTitle(QStringLiteral("%1:   %2 (%3)")
+                       .arg(ToQString(gProjekt->MyName), ToQString(kProgramTitle),
+                            QFileInfo(ToPath(gProjekt->FullPath)).fileName()));
+}
+
+void frmMain::ShowProblems() {
+    status_->ShowProblemCount();
+    dialogs_.problems->Refresh();
+}
+
+void frmMain::ShowProjectCounts() {
+    status_->ShowCounts(gProjekt.get(), workspace_.CallsRead());
+    ShowProblems();
 }
 
 void frmMain::CloseTheProject() {
     workspace_.Close();
     setWindowTitle(ToQString(kProgramTitle));
-    status_->ShowCounts(nullptr, false);
-    status_->ShowProblemCount();
+    ShowProjectCounts();
     ShowStartPage();
     Activate_Commands();
     status_->Message({});
@@ -206,33 +230,59 @@ void frmMain::CloseTheProject() {
 }
 
 void frmMain::Projekt_Analyse() {
-    if (!AskQuestion(this, TextNr(Text::AskReadCalls)))
-        return;
+    if (AskQuestion(this, TextNr(Text::AskReadCalls)))
+        RunCalls();
+}
+
+void frmMain::RunCalls() {
     const auto counts = workspace_.ReadCalls();
     commands_->SetImage(Command::Calls, workspace_.CallsRead() ? "CallsRead" : "CallsReadNot");
     ShowAgain();
-    status_->ShowCounts(gProjekt.get(), workspace_.CallsRead());
-    status_->ShowProblemCount();
+    ShowProjectCounts();
     status_->Message(counts ? TextNr(Text::CallsRead, NumberText(counts->certain), NumberText(counts->possible))
                             : TextNr(Text::ReadingCallsCancelled));
 }
 
 void frmMain::Files_Check() {
-    const int changed = workspace_.Refresh();
-    if (changed == 0) {
+    using enum Workspace::Refreshed::Outcome;
+    dialogs_.missingFiles->Forget();
+    const Workspace::Refreshed refreshed = workspace_.Refresh();
+    if (refreshed.outcome == NothingChanged) {
         status_->Message(TextNr(Text::NoFileChanged));
         return;
     }
+    if (refreshed.outcome == NoProject) {
+        status_->Message(TextNr(Text::ProjectNotRead, ToPath(gProjekt->FullPath)));
+        ShowFailure(this, TextNr(Text::ProjectNotRead, ToPath(gProjekt->FullPath)) + QStringLiteral("\n\n") +
+                              TextNr(refreshed.whyNoProject));
+        return;
+    }
     ShowAgain();
-    status_->ShowCounts(gProjekt.get(), workspace_.CallsRead());
-    status_->ShowProblemCount();
+    ShowTitle();
+    ShowProjectCounts();
     Activate_Commands();
-    status_->Message(TextNr(Text::FilesChanged, NumberText(changed)));
+    const QString files = NumberText(refreshed.files);
+    status_->Message(refreshed.outcome == Cancelled     ? TextNr(Text::RefreshCancelled)
+                     : refreshed.outcome == NothingRead ? TextNr(Text::RefreshReadNothing)
+                     : refreshed.unreadable > 0
+                         ? TextNr(Text::RefreshIncomplete, files, NumberText(refreshed.unreadable))
+                         : TextNr(Text::FilesChanged, files));
+    if (refreshed.outcome == NothingRead)
+        ShowFailure(this, TextNr(Text::RefreshReadNothing));
 }
 
 void frmMain::WriteReports(const std::string& operation) {
     if (!gProjekt)
         return;
+    // What nobody calls, and who calls whom, is only known then.
+    if (operation != "AnalyseErgebnisStructure" && !workspace_.CallsRead()) {
+        RunCalls();
+        if (!workspace_.CallsRead()) {
+            status_->Message(TextNr(Text::ReportNeedsCalls));
+            dialogs_.options->ShowReportResult(TextNr(Text::ReportNeedsCalls));
+            return;
+        }
+    }
     const std::size_t problemsBefore = gProjekt->problems.All().size();
     dialogs_.progress->SetCancelVisible(false);
     dialogs_.progress->Run(operation, [&operation] {
@@ -243,7 +293,7 @@ void frmMain::WriteReports(const std::string& operation) {
         else
             AnalyseErgebnisDeaths(*gProjekt, DeathsReportPath(*gProjekt));
     });
-    status_->ShowProblemCount();
+    ShowProblems();
     const QString where = operation == "AnalyseErgebnisDeaths"
                               ? ToPath(files_.SystemPath(DeathsReportPath(*gProjekt)))
                               : QFileInfo(ToPath(files_.SystemPath(gProjekt->FullPath))).absolutePath();
@@ -256,6 +306,9 @@ void frmMain::WriteReports(const std::string& operation) {
 void frmMain::OptionsApplied() {
     ApplyFonts();
     workspace_.OptionsApplied();
+    // Whoever sets one page for all projects has no use for the page of this one.
+    if (gProjekt && settings_.CodePage != "auto")
+        ForgetCodePage(file_, gProjekt->FullPath);
     ShowAgain();
 }
 

@@ -33,6 +33,11 @@ bool frmMain::ActivateKey(const NodeId& node) {
     return shown.has_value();
 }
 
+void frmMain::ActivateLine(const std::string& modulKey, int line) {
+    if (const std::optional<Workspace::Shown> shown = workspace_.ActivateLine(modulKey, line))
+        Show(*shown);
+}
+
 // Shows the current node again in every pane.
 void frmMain::ShowAgain() {
     if (const std::optional<Workspace::Shown> shown = workspace_.ShowAgain())

@@ -111,7 +111,11 @@ bool frmProgress::Run(const std::string& action, const std::function<void()>& op
         frmProgress& form;
         ~Finish() {
             form.Tag = "exit";
+            const bool wasVisible = form.isVisible();
             form.close();
+            // Not every window system gives the keys back to the window below.
+            if (wasVisible && form.parentWidget())
+                form.parentWidget()->activateWindow();
             form.running_ = false;
             form.Reset();
         }

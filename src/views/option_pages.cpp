@@ -15,6 +15,7 @@
 #include <QRadioButton>
 #include <QToolButton>
 #include <QVBoxLayout>
+#include <string_view>
 #include <utility>
 
 #include "platform/code_page.h"
@@ -35,17 +36,15 @@ constexpr ColourRow kColourRows[] = {
     {Text::Strings, &Settings::ColString},
 };
 
-// The name of a code page in its own script, which those who need it can read.
-struct PageName {
-    const char* number;
-    const char16_t* name;
+// Some characters of a code page, which those who need it can read.
+struct PageSample {
+    std::string_view number;
+    const char16_t* sample;
 };
-constexpr PageName kPages[] = {
-    {"1250", u"Windows-1250 (ČŁŐŘ)"}, {"1251", u"Windows-1251 (АБВГ)"},   {"1252", u"Windows-1252 (ÄÉÑØ)"},
-    {"1253", u"Windows-1253 (ΑΒΓΔ)"}, {"1254", u"Windows-1254 (ĞİŞÜ)"},   {"1255", u"Windows-1255 (אבגד)"},
-    {"1256", u"Windows-1256 (ابتث)"}, {"1257", u"Windows-1257 (ĀĖŅŲ)"},   {"1258", u"Windows-1258 (ĂĐƠƯ)"},
-    {"874", u"Windows-874 (กขคง)"},   {"932", u"Shift-JIS 932 (あア漢)"}, {"936", u"GBK 936 (简体)"},
-    {"949", u"UHC 949 (한국어)"},     {"950", u"Big5 950 (繁體)"},
+constexpr PageSample kSamples[] = {
+    {"1250", u"ČŁŐŘ"},  {"1251", u"АБВГ"}, {"1252", u"ÄÉÑØ"},  {"1253", u"ΑΒΓΔ"}, {"1254", u"ĞİŞÜ"},
+    {"1255", u"אבגד"},  {"1256", u"ابتث"}, {"1257", u"ĀĖŅŲ"},  {"1258", u"ĂĐƠƯ"}, {"874", u"กขคง"},
+    {"932", u"あア漢"}, {"936", u"简体"},  {"949", u"한국어"}, {"950", u"繁體"},
 };
 
 std::int32_t ToBgr(const QColor& colour) {
@@ -135,9 +134,11 @@ void GeneralPage::FillCodePages() {
     const bool before = std::exchange(showing_, true);
     codePage_->clear();
     codePage_->addItem(TextNr(Text::CodePageAutomatic), QStringLiteral("auto"));
-    for (const PageName& page : kPages)
+    for (const PageSample& page : kSamples)
         if (CodePage(page.number).Setting() == page.number)
-            codePage_->addItem(QString::fromUtf16(page.name), QLatin1String(page.number));
+            codePage_->addItem(
+                QStringLiteral("%1 (%2)").arg(ToQString(NameOfCodePage(page.number)), QString::fromUtf16(page.sample)),
+                ToQString(page.number));
     const QString chosen = ToQString(values_.CodePage);
     if (codePage_->findData(chosen) < 0)
         codePage_->addItem(chosen, chosen);

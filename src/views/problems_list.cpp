@@ -1,5 +1,6 @@
 #include "views/problems_list.h"
 
+#include <QAction>
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
@@ -11,11 +12,12 @@
 #include <QStyledItemDelegate>
 #include <QTableView>
 #include <QVBoxLayout>
+#include <algorithm>
 
-#include "display/problem_meaning.h"
 #include "display/shown_text.h"
 #include "model/clsProjekt.h"
 #include "project/start.h"
+#include "shell/words.h"
 #include "views/copy_table.h"
 #include "views/dialogs.h"
 #include "views/qt_text.h"
@@ -34,21 +36,50 @@ protected:
     }
 };
 
+QString PlaceCount(const ProblemEntry& entry) {
+    const std::size_t count = entry.places.size();
+    return count < 2 ? QString()
+                     : QStringLiteral(" (%1)").arg(TextNr(Text::PlaceCount, NumberText(static_cast<qlonglong>(count))));
+}
+
+// The module, or the name of the file of another problem.
+QString WhereOf(const ProblemEntry& entry) {
+    const ProblemPlace& first = entry.places.front();
+    const QString where = ToQString(first.module.empty() ? modMain::DirOrFileName(first.path, 0) : first.module);
+    const bool isMore = std::any_of(entry.places.begin(), entry.places.end(),
+                                    [&first](const ProblemPlace& place) { return place.path != first.path; });
+    return isMore ? where + QStringLiteral(", \u2026") : where;
+}
+
+// The text, its meaning, and each place with the tag of its report.
+QString WholeText(const ProblemEntry& entry) {
+    constexpr std::size_t kMostPlaces = 200;
+    QString whole = ToQString(entry.text) + QLatin1Char('\n') + TextNr(entry.meaning);
+    for (std::size_t nr = 0; nr < std::min(entry.places.size(), kMostPlaces); ++nr) {
+        const ProblemPlace& place = entry.places[nr];
+        whole += QStringLiteral("\n%1: %2").arg(TextNr(Text::Where), ToQString(ShownPath(place.path)));
+        if (place.line > 0)
+            whole += QStringLiteral(", %1 %2").arg(TextNr(Text::Line)).arg(place.line);
+        whole += QStringLiteral("\n->> ") + ToQString(place.tag);
+    }
+    return entry.places.size() > kMostPlaces ? whole + QStringLiteral("\n\u2026") : whole;
+}
+
 }  // namespace
 
 void ProblemsModel::Refresh() {
     beginResetModel();
-    problems_ = gProjekt ? gProjekt->problems.All() : std::vector<Problem>();
+    entries_ = gProjekt ? ProblemEntries(*gProjekt) : std::vector<ProblemEntry>();
     endResetModel();
 }
 
-const Problem* ProblemsModel::ProblemAt(const QModelIndex& index) const {
+const ProblemEntry* ProblemsModel::EntryAt(const QModelIndex& index) const {
     const auto row = static_cast<std::size_t>(index.row());
-    return index.isValid() && row < problems_.size() ? &problems_[row] : nullptr;
+    return index.isValid() && row < entries_.size() ? &entries_[row] : nullptr;
 }
 
 int ProblemsModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(problems_.size());
+    return parent.isValid() ? 0 : static_cast<int>(entries_.size());
 }
 
 int ProblemsModel::columnCount(const QModelIndex& parent) const {
@@ -56,16 +87,18 @@ int ProblemsModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant ProblemsModel::data(const QModelIndex& index, int role) const {
-    const Problem* problem = ProblemAt(index);
-    if (!problem || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
+    const ProblemEntry* entry = EntryAt(index);
+    if (!entry || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
         return {};
     switch (index.column()) {
         case What:
-            return ToQString(problem->text);
+            return ToQString(entry->text) + PlaceCount(*entry);
         case Where:
-            return ToQString(ShownPath(problem->subject));
+            return role == Qt::ToolTipRole ? ToQString(ShownPath(entry->places.front().path)) : WhereOf(*entry);
+        case Line:
+            return entry->places.front().line > 0 ? QVariant(entry->places.front().line) : QVariant();
         case Meaning:
-            return TextNr(ProblemMeaning(problem->tag));
+            return TextNr(entry->meaning);
         default:
             return {};
     }
@@ -76,7 +109,7 @@ QVariant ProblemsModel::headerData(int section, Qt::Orientation orientation, int
         return {};
     if (role == Qt::TextAlignmentRole)
         return static_cast<int>(Qt::AlignLeft | Qt::AlignVCenter);
-    constexpr Text titles[] = {Text::WhatHappened, Text::Where, Text::WhatItMeans};
+    constexpr Text titles[] = {Text::WhatHappened, Text::OneModule, Text::Line, Text::WhatItMeans};
     return role == Qt::DisplayRole ? QVariant(TextNr(titles[section])) : QVariant();
 }
 
@@ -88,6 +121,8 @@ ProblemsList::ProblemsList(QWidget* parent)
       empty_(new QLabel),
       pages_(new QStackedWidget),
       whole_(new QPlainTextEdit),
+      keys_(new QLabel),
+      cmdGoTo_(new QPushButton),
       cmdCopy_(new QPushButton),
       cmdClose_(new QPushButton) {
     setObjectName(QStringLiteral("problemsList"));
@@ -124,24 +159,38 @@ ProblemsList::ProblemsList(QWidget* parent)
     whole_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     whole_->setFixedHeight(6 * fontMetrics().lineSpacing());
     cmdCopy_->setObjectName(QStringLiteral("cmdCopy"));
-    cmdCopy_->setAutoDefault(false);
     cmdClose_->setObjectName(QStringLiteral("cmdClose"));
-    cmdClose_->setDefault(true);
+    cmdGoTo_->setObjectName(QStringLiteral("cmdGoTo"));
+    keys_->setForegroundRole(QPalette::PlaceholderText);
+    keys_->setWordWrap(true);
+    // Enter goes to the place of the row, so no button may take it.
+    for (QPushButton* button : {cmdGoTo_, cmdCopy_, cmdClose_})
+        button->setAutoDefault(false);
 
     auto* buttons = new QHBoxLayout;
+    buttons->addWidget(cmdGoTo_);
     buttons->addWidget(cmdCopy_);
     buttons->addStretch();
     buttons->addWidget(cmdClose_);
     auto* layout = new QVBoxLayout(this);
     layout->addWidget(pages_, 1);
     layout->addWidget(whole_);
+    layout->addWidget(keys_);
     layout->addLayout(buttons);
     const int character = fontMetrics().averageCharWidth();
     resize(QSize(130 * character, 28 * fontMetrics().lineSpacing()).boundedTo(screen()->availableSize() * 0.9));
-    table_->setColumnWidth(ProblemsModel::What, width() * 46 / 130);
-    table_->setColumnWidth(ProblemsModel::Where, width() * 36 / 130);
+    table_->setColumnWidth(ProblemsModel::What, width() * 50 / 130);
+    table_->setColumnWidth(ProblemsModel::Where, width() * 22 / 130);
+    table_->setColumnWidth(ProblemsModel::Line, width() * 8 / 130);
+    auto* enter = new QAction(table_);
+    enter->setShortcuts({QKeySequence(Qt::Key_Return), QKeySequence(Qt::Key_Enter)});
+    enter->setShortcutContext(Qt::WidgetShortcut);
+    table_->addAction(enter);
 
     connect(cmdClose_, &QPushButton::clicked, this, &QDialog::close);
+    connect(enter, &QAction::triggered, this, &ProblemsList::GoToPlace);
+    connect(table_, &QTableView::doubleClicked, this, &ProblemsList::GoToPlace);
+    connect(cmdGoTo_, &QPushButton::clicked, this, &ProblemsList::GoToPlace);
     connect(cmdCopy_, &QPushButton::clicked, this, [this] { CopyTable(*table_); });
     connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &ProblemsList::ShowSelected);
     connect(sorted_, &QAbstractItemModel::modelReset, this, &ProblemsList::ShowSelected);
@@ -154,6 +203,8 @@ void ProblemsList::Texte() {
     table_->setAccessibleName(TextNr(Text::Problems));
     empty_->setText(TextNr(Text::NoProblems));
     whole_->setAccessibleName(TextNr(Text::TechnicalDetails));
+    keys_->setText(TextNr(Text::ProblemKeys));
+    cmdGoTo_->setText(TextNr(Text::ProblemGoTo));
     cmdCopy_->setText(TextNr(Text::Copy));
     cmdClose_->setText(TextNr(Text::Close));
     AssignMnemonics(*this);
@@ -162,23 +213,44 @@ void ProblemsList::Texte() {
 }
 
 void ProblemsList::Refresh() {
+    walk_.Restart();
     model_->Refresh();
     const bool isEmpty = model_->rowCount() == 0;
     pages_->setCurrentWidget(isEmpty ? static_cast<QWidget*>(empty_) : table_);
     whole_->setVisible(!isEmpty);
+    keys_->setVisible(!isEmpty);
     cmdCopy_->setEnabled(!isEmpty);
     if (!isEmpty)
         table_->setCurrentIndex(sorted_->index(0, 0));
 }
 
+const ProblemEntry* ProblemsList::Selected() const {
+    return model_->EntryAt(sorted_->mapToSource(table_->currentIndex()));
+}
+
 void ProblemsList::ShowSelected() {
-    const QModelIndex index = sorted_->mapToSource(table_->currentIndex());
-    const Problem* problem = model_->ProblemAt(index);
-    whole_->setPlainText(problem
-                             ? ToQString(problem->text) + QLatin1Char('\n') + ToQString(ShownPath(problem->subject)) +
-                                   QLatin1Char('\n') + TextNr(ProblemMeaning(problem->tag)) + QStringLiteral("\n->> ") +
-                                   ToQString(problem->tag)
-                             : QString());
+    const ProblemEntry* entry = Selected();
+    whole_->setPlainText(entry ? WholeText(*entry) : QString());
+    cmdGoTo_->setEnabled(entry && std::any_of(entry->places.begin(), entry->places.end(),
+                                              [](const ProblemPlace& place) { return !place.node.empty(); }));
+}
+
+void ProblemsList::GoToPlace() {
+    const ProblemEntry* entry = Selected();
+    const ProblemPlace* place = entry ? walk_.Next(*entry) : nullptr;
+    if (place)
+        Q_EMIT PlaceChosen(place->node, place->line);
+}
+
+void ProblemsList::Present() {
+    // At the lower right of the main window, where it leaves the tree and the first lines of the code free.
+    if (const QWidget* main = parentWidget(); main && !isVisible()) {
+        const int gap = fontMetrics().height();
+        move(main->geometry().bottomRight() - QPoint(width() + gap, height() + 4 * gap));
+    }
+    show();
+    raise();
+    activateWindow();
 }
 
 void ProblemsList::showEvent(QShowEvent* event) {

@@ -1,11 +1,13 @@
-// The list of what was reported since the project was opened: what, in which file, and what it means for the results.
+// The list of what was reported since the project was opened: what, in which module and line, and what it means for the
+// results. It stays open beside the main window.
 #pragma once
 
 #include <QAbstractTableModel>
 #include <QDialog>
+#include <string>
 #include <vector>
 
-#include "shell/errors.h"
+#include "display/problem_entries.h"
 
 class QLabel;
 class QPlainTextEdit;
@@ -17,12 +19,12 @@ class QTableView;
 class ProblemsModel final : public QAbstractTableModel {
     Q_OBJECT
 public:
-    enum Column { What, Where, Meaning, Columns };
+    enum Column { What, Where, Line, Meaning, Columns };
 
     using QAbstractTableModel::QAbstractTableModel;
     /// Reads the current list.
     void Refresh();
-    [[nodiscard]] const Problem* ProblemAt(const QModelIndex& index) const;
+    [[nodiscard]] const ProblemEntry* EntryAt(const QModelIndex& index) const;
 
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
@@ -30,7 +32,7 @@ public:
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
 private:
-    std::vector<Problem> problems_;
+    std::vector<ProblemEntry> entries_;
 };
 
 class ProblemsList final : public QDialog {
@@ -41,12 +43,21 @@ public:
     /// Reads the list again; also done whenever the window opens.
     void Refresh();
     void Texte();
+    /// Shows the window above the others, with the keys in the table.
+    void Present();
+
+Q_SIGNALS:
+    /// @param module  key of its node in the project tree
+    /// @param line    0 if unknown
+    void PlaceChosen(const std::string& module, int line);
 
 protected:
     void showEvent(QShowEvent* event) override;
 
 private:
     void ShowSelected();
+    void GoToPlace();
+    [[nodiscard]] const ProblemEntry* Selected() const;
 
     ProblemsModel* model_;
     QSortFilterProxyModel* sorted_;
@@ -54,6 +65,9 @@ private:
     QLabel* empty_;
     QStackedWidget* pages_;
     QPlainTextEdit* whole_;
+    QLabel* keys_;
+    QPushButton* cmdGoTo_;
     QPushButton* cmdCopy_;
     QPushButton* cmdClose_;
+    ProblemWalk walk_;
 };

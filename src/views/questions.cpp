@@ -17,6 +17,14 @@ void Prepare(QMessageBox& box, QMessageBox::Icon icon) {
     box.setWindowModality(box.parentWidget() ? Qt::WindowModal : Qt::ApplicationModal);
 }
 
+// Shows the box and gives the keys back to the window below it, which not every window system does.
+int Run(QMessageBox& box) {
+    const int answer = box.exec();
+    if (QWidget* below = box.parentWidget())
+        below->activateWindow();
+    return answer;
+}
+
 // Shows the box with its two buttons and returns true for Yes.
 bool Answer(QMessageBox& box) {
     Prepare(box, QMessageBox::Question);
@@ -29,7 +37,7 @@ bool Answer(QMessageBox& box) {
         box.button(QMessageBox::No)->setText(no);
     }
     AssignMnemonics(box);
-    return box.exec() == QMessageBox::Yes;
+    return Run(box) == QMessageBox::Yes;
 }
 
 }  // namespace
@@ -40,13 +48,25 @@ bool AskQuestion(QWidget* window, const QString& text) {
     return Answer(box);
 }
 
-void ShowMessage(QWidget* window, const QString& text) {
+namespace {
+
+void ShowWithOk(QWidget* window, QMessageBox::Icon icon, const QString& text) {
     QMessageBox box(DialogParent(window));
-    Prepare(box, QMessageBox::Information);
+    Prepare(box, icon);
     box.setText(text);
     if (const QString ok = TextNr(Text::Ok); !ok.isEmpty())
         box.addButton(QMessageBox::Ok)->setText(ok);
-    box.exec();
+    Run(box);
+}
+
+}  // namespace
+
+void ShowMessage(QWidget* window, const QString& text) {
+    ShowWithOk(window, QMessageBox::Information, text);
+}
+
+void ShowFailure(QWidget* window, const QString& text) {
+    ShowWithOk(window, QMessageBox::Warning, text);
 }
 
 bool MissingFileQuestion::Ask(std::string_view text, int moreMissing) {

@@ -12,6 +12,9 @@ class QWidget;
 /// Shows a message with an OK button.
 void ShowMessage(QWidget* window, const QString& text);
 
+/// Shows why something failed, with an OK button.
+void ShowFailure(QWidget* window, const QString& text);
+
 /// The question about a missing file. One answer can apply to all remaining missing files.
 class MissingFileQuestion {
 public:

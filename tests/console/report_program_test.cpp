@@ -111,13 +111,17 @@ TEST_F(ReportProgram, HelpAndVersionAreAnsweredWithoutAProject) {
 TEST_F(ReportProgram, WrongUseAndUnreadableProjectsAreRefused) {
     WriteProject();
     fs::create_directory(dir_.Path("folder.vbp"));
+    dir_.Write("empty.vbp", "");
+    dir_.Write("foreign.vbp", "<html>");
     for (const auto& [arguments, named] :
          {std::pair("", "PROJECT"), std::pair("--nonsense P.vbp", "--nonsense"), std::pair("P.vbp Q.vbp", "Q.vbp"),
           std::pair("P.vbp --out", "--out"), std::pair("--lang french P.vbp", "french"),
           std::pair("--structure --no-reports P.vbp", "--structure"), std::pair("--calls --no-calls P.vbp", "--calls"),
           std::pair("--deaths --no-reports P.vbp", "--deaths"), std::pair("--define X P.vbp", "X"),
           std::pair("--define =1 P.vbp", "=1"), std::pair("--settings absent.ini P.vbp", "absent.ini"),
-          std::pair("absent.vbp", "absent.vbp"), std::pair("folder.vbp", "folder.vbp")}) {
+          std::pair("absent.vbp", "absent.vbp"), std::pair("folder.vbp", "folder.vbp"),
+          std::pair("--code-page klingon P.vbp", "klingon"), std::pair("empty.vbp", "empty"),
+          std::pair("foreign.vbp", "no line of it")}) {
         SCOPED_TRACE(arguments);
         const Outcome run = Run(arguments);
         EXPECT_EQ(run.status, 2);
@@ -251,4 +255,14 @@ TEST_F(ReportProgram, SettingsChooseLanguageAndCodePage) {
     EXPECT_THAT(Run("--lang german P.vbp").out, HasSubstr("Klassenmodule"));
     EXPECT_THAT(Run("--settings o.ini P.vbp").out, HasSubstr("Klassenmodule"));
     EXPECT_THAT(Run("--settings o.ini --lang english P.vbp").out, HasSubstr("Class modules"));
+}
+
+TEST_F(ReportProgram, CodePageIsNamedOrHintedAt) {
+    dir_.Write("P.vbp", "Form=\xCE\xEA\xED\xEE.frm\n");
+    dir_.Write("Окно.frm", "Dim \xCF\xF0\xE8\n");
+    const Outcome plain = Run("--no-reports P.vbp");
+    EXPECT_EQ(plain.status, 0) << "the file is found, and a hint is no problem";
+    EXPECT_THAT(plain.err, HasSubstr("Windows-1251; --code-page 1251"));
+    EXPECT_EQ(RunJson("--code-page windows-1251 P.vbp")["objects"][1]["codePath"], "окно.при");
+    EXPECT_EQ(Run("--no-reports --code-page CP1251 P.vbp").err, "");
 }

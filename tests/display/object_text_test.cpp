@@ -79,6 +79,37 @@ TEST_F(Hover, SaysWhyProceduresAreUndead) {
     EXPECT_EQ(why("m.e"), "Undead: only dead code calls it: M.d");
 }
 
+TEST_F(Hover, SaysNothingOfDeathBeforeTheCallsAreRead) {
+    ReadModule(R"(
+        Private Type T
+            m As Long
+        End Type
+        Sub a(x)
+        End Sub
+    )",
+               "M.bas");
+    Tote_Untote_Kennzeichnen(*gProjekt);
+    EXPECT_EQ(Of("m.a"),
+              "public sub M.a|Sub a(x)|Belongs to: module M|Called by: calls not read yet|Lines: 4\u20135 (2)");
+    EXPECT_THAT(Of("m.t [type]"), testing::HasSubstr("Used by: calls not read yet"));
+    Analyse();
+    EXPECT_THAT(Of("m.a"), testing::EndsWith("Dead: nothing calls or uses it"));
+}
+
+TEST_F(Hover, NamesTheStartUpProcedureAndWhatItCalls) {
+    ReadProject({{"P.vbp", "Startup=\"Sub Main\"\nModule=M; M.bas\nClass=C; C.cls"},
+                 {"M.bas", "Sub Main()\nb\nEnd Sub\nSub b()\nc\nEnd Sub\nSub c()\nEnd Sub\nSub d()\nEnd Sub\n"},
+                 {"C.cls", "Sub Main()\nEnd Sub\n"}});
+    Analyse();
+    EXPECT_THAT(Of("m.main"), testing::EndsWith("|Dead: nothing calls or uses it|Start-up procedure of the project"));
+    for (const char* called : {"m.b", "m.c"})
+        EXPECT_THAT(Of(called), testing::EndsWith("|Called from the start-up procedure of the project"));
+    for (const char* other : {"m.d", "c.main"})
+        EXPECT_THAT(Of(other), testing::Not(testing::HasSubstr("tart-up")));
+    gProjekt->Startup = "frmMain";
+    EXPECT_THAT(Of("m.main"), testing::Not(testing::HasSubstr("tart-up")));
+}
+
 TEST_F(Hover, CallsBetweenTwoObjectsAreCounted) {
     ReadProject({{"M.bas", "Sub S()\n  T\n  T\n  x.Go\nF.Show\nEnd Sub\nSub T()\nEnd Sub\n"},
                  {"C.cls", "Sub Go()\nEnd Sub\n"},

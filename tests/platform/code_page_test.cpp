@@ -98,4 +98,19 @@ TEST(Utf8, KnowsWellFormedTexts) {
     EXPECT_FALSE(IsValidUtf8(block + "a\xC3"));
 }
 
+TEST(CodePageNames, AreThoseOfUsers) {
+    for (const auto& [name, setting] : std::initializer_list<std::array<const char*, 2>>{{"auto", "auto"},
+                                                                                         {"1256", "1256"},
+                                                                                         {"Windows-1256", "1256"},
+                                                                                         {"CP932", "932"},
+                                                                                         {"Shift-JIS", "932"},
+                                                                                         {"UTF-8", "65001"},
+                                                                                         {"koi8-r", "20866"}})
+        EXPECT_EQ(CodePageNamed(name), setting) << name;
+    for (const char* unknown : {"", "windows-", "1200", "99999", "klingon", "windows-koi8-r"})
+        EXPECT_EQ(CodePageNamed(unknown), std::nullopt) << unknown;
+    for (const CodePageName& page : SupportedCodePages())
+        EXPECT_EQ(CodePage(page.number).Setting(), page.number);
+}
+
 }  // namespace

@@ -101,6 +101,17 @@ TEST_F(DiskPaths, MayHoldBytesOfTheActivePage) {
     EXPECT_EQ(Read("資料\\\x95\x5C.bas"), "kanji");
 }
 
+TEST_F(DiskPaths, NamesAreFoundWhateverPageTheyAreWrittenIn) {
+    directory.Write("классы/Счёт.cls", "cyrillic");
+    directory.Write("資料/表.bas", "kanji");
+    EXPECT_EQ(Read("\xEA\xEB\xE0\xF1\xF1\xFB\\\xD1\xF7\xB8\xF2.cls"), "cyrillic");
+    EXPECT_EQ(Read("\x8E\x91\x97\xBF\\\x95\x5C.bas"), "kanji");
+    EXPECT_TRUE(files.FileExists(Path("\xCA\xEB\xE0\xF1\xF1\xFB\\\xD1\xF7\xB8\xF2.CLS")));
+    EXPECT_EQ(ReadError("\xEA\xEB\xE0\xF1\xF1\xFB\\\xD1\xF7\xB8\xF2.bas"), FileError::NotFound);
+    directory.Write("\xD1\xF7\xB8\xF2.bas", "bytes");  // a file system without UTF-8 has the very bytes
+    EXPECT_EQ(Read("\xD1\xF7\xB8\xF2.bas"), "bytes");
+}
+
 TEST_F(DiskPaths, LinksAreFollowed) {
     directory.Write("real/Deep/a.bas", "a");
     directory.Write("real/b.bas", "beside the target");
@@ -122,7 +133,7 @@ TEST_F(DiskReading, ReportsWhatCannotBeRead) {
     EXPECT_EQ(files.ReadText("/dev/zero").error, FileError::NotReadable);
     chmod(directory.Write("secret.bas", "x").c_str(), 0);
     const WithoutRootRights rights;
-    EXPECT_EQ(ReadError("SECRET.bas"), FileError::NotReadable);
+    EXPECT_EQ(ReadError("SECRET.bas"), FileError::NoPermission);
 }
 
 TEST_F(DiskReading, TakesFilesOfEverySize) {
@@ -180,10 +191,10 @@ TEST_F(DiskWriting, RefusesWhatItMustNotReplaceAndAppendsToExistingFilesOnly) {
     chmod(Path("closed").c_str(), 0555);
     chmod(Path().c_str(), 0777);
     const WithoutRootRights rights;
-    EXPECT_EQ(WriteWhole("fixed.txt", "new"), FileError::NotWritable);
-    EXPECT_EQ(Append("fixed.txt"), FileError::NotWritable);
-    EXPECT_EQ(WriteWhole("closed/a.txt", "new"), FileError::NotWritable);
-    EXPECT_EQ(MakeDirectory("closed/sub"), FileError::NotWritable);
+    EXPECT_EQ(WriteWhole("fixed.txt", "new"), FileError::NoPermission);
+    EXPECT_EQ(Append("fixed.txt"), FileError::NoPermission);
+    EXPECT_EQ(WriteWhole("closed/a.txt", "new"), FileError::NoPermission);
+    EXPECT_EQ(MakeDirectory("closed/sub"), FileError::NoPermission);
     EXPECT_EQ(directory.Bytes("fixed.txt"), "old");
 }
 

@@ -218,3 +218,39 @@ TEST_F(MissingFiles, LineWithoutAFileIsOne) {
     EXPECT_EQ(Read("Module=X\nModule=Y;A.bas\nForm=\nModule=A; A.bas").CountAllModules(), 1);
     EXPECT_THAT(gProjekt->problems.All(), testing::Not(IsEmpty()));
 }
+
+TEST_F(ProjectReading, ForeignFilesAreRefusedWithTheirReason) {
+    using namespace std::string_view_literals;
+    const auto why = [](std::string_view bytes) {
+        MemoryFiles files{{"P.vbp", std::string(bytes)}};
+        return WhyNoProject(files.ReadText("P.vbp"));
+    };
+    EXPECT_EQ(why("Type=Exe\n"), Text::None) << "no module is needed";
+    EXPECT_EQ(why("\n; made by hand\nModule=A; A.bas"), Text::None);
+    EXPECT_EQ(why(""), Text::ProjectEmpty);
+    EXPECT_EQ(why(" \r\n\n"), Text::ProjectEmpty);
+    EXPECT_EQ(why("MZ\0\x90\nType=Exe\n"sv), Text::ProjectBinary);
+    EXPECT_EQ(why("Type=Exe\n\0\0\0"sv), Text::None) << "a project with a torn end";
+    EXPECT_EQ(why("VBGROUP 5.0\nProject=P.vbp\n"), Text::ProjectGroup);
+    EXPECT_EQ(why("<Project Type=\"Exe\"/>\nName of it\nname=x\n"), Text::ProjectForeign);
+    EXPECT_EQ(WhyNoProject(MemoryFiles().ReadText("P.vbp")), Text::CauseNotFound);
+}
+
+TEST_F(ProjectReading, FilesThatComeAndGoHaveChanged) {
+    Read("Type=Exe\nModule=A; A.bas\nForm=B.frm\nClass=X; X.cls");
+    EXPECT_EQ(Files_Check(*gProjekt).modules, 0) << "a missing file that is still missing";
+    ProjectFiles().WriteWhole("p/X.cls", "Public x\r\n");
+    ProjectFiles().Remove("p/B.frm");
+    EXPECT_EQ(Files_Check(*gProjekt).modules, 2);
+    const ScriptedQuestions questions{};
+    const FilesRead read = ChangedModule_Regenerieren(*gProjekt);
+    EXPECT_EQ(read.files, 2);
+    EXPECT_EQ(read.unreadable, 1);
+    EXPECT_EQ(NamesIn(gProjekt->Klassenmodule) + NamesIn(gProjekt->Formulare), "X");
+    EXPECT_EQ(Files_Check(*gProjekt).modules, 0);
+    EXPECT_FALSE(Files_Check(*gProjekt).project);
+    ProjectFiles().WriteWhole("p/P.vbp", "Type=Exe\n");
+    EXPECT_TRUE(Files_Check(*gProjekt).project);
+    ProjectFiles().Remove("p/P.vbp");
+    EXPECT_EQ(Files_Check(*gProjekt).whyNoProject, Text::CauseNotFound);
+}

@@ -61,4 +61,32 @@ TEST_F(Errors, TheSameProblemIsListedOnceAndReportedEachTime) {
     EXPECT_THAT(problems.list.All(), SizeIs(10000)) << "the list is bounded";
 }
 
+TEST_F(Errors, AProblemKeepsAllLinesWhereItWasFound) {
+    RecordingProblems problems;
+    std::vector<HeldErrors::Held> held;
+    {
+        const HeldErrors holding(held);
+        const ErrorLine at(7);
+        ShowError("a: b", 1, "x");
+    }
+    HeldErrors::Tell(held);
+    for (const int line : {3, 7}) {
+        const ErrorLine at(line);
+        ShowError("a: b", 1, "x");
+    }
+    NoteProblem("a: b", "x");
+    EXPECT_THAT(problems.list.All(), ElementsAre(Problem{"a: b", "x", "", {7, 3}}));
+}
+
+TEST_F(Errors, FailuresOfFilesNameCauseAndNumber) {
+    std::vector<ErrorReport> reports;
+    const ErrorPort before = SetErrorPort([&](const ErrorReport& report) { reports.push_back(report); });
+    ShowFileError("a: b", FileError::NoPermission, "C:\\x.txt");
+    SetErrorPort(before);
+    ASSERT_THAT(reports, SizeIs(1));
+    EXPECT_EQ(reports[0].number, 70);
+    EXPECT_EQ(reports[0].description, "Permission is denied. (C:\\x.txt)");
+    EXPECT_EQ(reports[0].file, FileError::NoPermission);
+}
+
 }  // namespace

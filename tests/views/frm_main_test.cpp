@@ -32,6 +32,7 @@
 #include "views/frm_progress.h"
 #include "views/main_panes.h"
 #include "views/path_line.h"
+#include "views/problems_list.h"
 #include "views/properties_grid.h"
 #include "views/qt_text.h"
 #include "views/start_page.h"
@@ -433,6 +434,7 @@ TEST_F(MainWindow, ReportsSayWhereTheyWereWritten) {
     const std::string path = directory_.Path("samples/ToolHire/ToolHire.vbp Deaths.txt");
     EXPECT_TRUE(std::filesystem::exists(path));
     EXPECT_EQ(StatusText(), TextNr(Text::ReportsWritten, ToPath(path)));
+    EXPECT_TRUE(window_->TheWorkspace().CallsRead()) << "without its calls every object would look dead";
 }
 
 TEST_F(MainWindow, RefreshReadsChangedFilesAndComesBackToThePlace) {
@@ -481,6 +483,35 @@ TEST_F(MainWindow, SecondProjectReplacesTheFirst) {
     window_->OpenProject(directory_.Path("gone.vbp"));
     EXPECT_TRUE(gProjekt);
     EXPECT_EQ(StatusText(), TextNr(Text::ProjectGone, ToPath(directory_.Path("gone.vbp"))));
+}
+
+TEST_F(MainWindow, ForeignProjectIsRefusedAndTheOpenOneStays) {
+    Open();
+    const QString title = window_->windowTitle();
+    for (const char* bytes : {"", "MZ\1\2", "<html>\n"}) {
+        const std::string path = directory_.Write("foreign.vbp", bytes);
+        AnswerNext(QMessageBox::Ok);
+        window_->OpenProject(path);
+        EXPECT_THAT(asked_.back().toStdString(), testing::StartsWith(path));
+        EXPECT_EQ(window_->windowTitle(), title);
+        ASSERT_TRUE(gProjekt);
+        EXPECT_THAT(RecentProjects(settings_), testing::ElementsAre(Project()));
+    }
+}
+
+TEST_F(MainWindow, FailedConditionsGoToTheListOfProblemsFromWhichTheCodeIsReached) {
+    const std::string path = "samples/ToolHire/modStore.bas";
+    directory_.Write(path, directory_.Bytes(path) + "\r\nSub JustAdded()\r\n#If x( Then\r\n#End If\r\nEnd Sub\r\n");
+    Open();  // a question or error window would wait for ever
+    Command("Problems").trigger();
+    auto& list = Find<ProblemsList>();
+    EXPECT_TRUE(list.isVisible());
+    EXPECT_FALSE(QApplication::activeModalWidget());
+    QTest::mouseClick(list.findChild<QPushButton*>(QStringLiteral("cmdGoTo")), Qt::LeftButton);
+    EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), "modstore.justadded");
+    EXPECT_EQ(window_->rtbCode().textCursor().selectedText(), QStringLiteral("#If x( Then"));
+    window_->CloseTheProject();
+    EXPECT_EQ(list.findChild<QTableView*>()->model()->rowCount(), 0);
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <QAbstractItemModelTester>
 
 #include "model/clsProjekt.h"
+#include "project/project_file.h"
 #include "project/start.h"
 #include "window_texts.h"
 
@@ -53,18 +54,19 @@ TEST_F(ListOfProblems, ShowsWhatWhereAndWhatItMeans) {
     EXPECT_EQ(Cell(0, ProblemsModel::Meaning), TextNr(Text::ModuleMissing));
     EXPECT_EQ(Cell(1, ProblemsModel::Meaning), TextNr(Text::ConditionFalse));
     EXPECT_EQ(Cell(2, ProblemsModel::Meaning), TextNr(Text::ReportIncomplete));
+    EXPECT_EQ(Cell(1, ProblemsModel::Where), QStringLiteral("F.frm"));
     // A click on a heading sorts.
     QHeaderView& header = *Table().horizontalHeader();
     QTest::mouseClick(header.viewport(), Qt::LeftButton, {},
                       QPoint(header.sectionViewportPosition(ProblemsModel::Where) + 20, header.height() / 2));
-    EXPECT_EQ(Cell(0, ProblemsModel::Where), QStringLiteral("p/A.bas"));
+    EXPECT_EQ(Cell(0, ProblemsModel::Where), QStringLiteral("A.bas"));
 }
 
 TEST_F(ListOfProblems, CopiesTheSelectedRowsOrAll) {
     Note("clsModul: A", "first", "a");
     Note("clsModul: B", "second", "b");
     list_.show();
-    EXPECT_EQ(Copied("cmdCopy"), QStringLiteral("first\ta\t") + TextNr(Text::StepMissing) + QStringLiteral("\n"));
+    EXPECT_EQ(Copied("cmdCopy"), QStringLiteral("first\ta\t\t") + TextNr(Text::StepMissing) + QStringLiteral("\n"));
     QApplication::setActiveWindow(&list_);
     Table().setFocus();
     Table().selectAll();
@@ -72,6 +74,29 @@ TEST_F(ListOfProblems, CopiesTheSelectedRowsOrAll) {
     EXPECT_EQ(QApplication::clipboard()->text().count(QLatin1Char('\n')), 2);
     Table().clearSelection();
     EXPECT_EQ(Copied("cmdCopy").count(QLatin1Char('\n')), 2);
+}
+
+TEST_F(ListOfProblems, EnterAndDoubleClickGoFromPlaceToPlace) {
+    files_.WriteWhole("p.vbp", "Module=A; A.bas\r\n");
+    files_.WriteWhole("A.bas", "#If x( Then\r\n#End If\r\n#If x( Then\r\n#End If\r\n");
+    Projekt_Laden(*gProjekt);
+    list_.Present();
+    EXPECT_FALSE(list_.isModal());
+    ASSERT_EQ(Table().model()->rowCount(), 1);
+    EXPECT_THAT(Cell(0, ProblemsModel::What).toStdString(), testing::EndsWith("(2 places)"));
+    EXPECT_EQ(Cell(0, ProblemsModel::Line), QStringLiteral("1"));
+    std::string chosen;
+    QObject::connect(&list_, &ProblemsList::PlaceChosen, [&](const std::string& module, int line) {
+        chosen += module + " " + std::to_string(line) + "; ";
+    });
+    QApplication::setActiveWindow(&list_);
+    Table().setFocus();
+    QTest::keyClick(&Table(), Qt::Key_Return);
+    EXPECT_TRUE(list_.isVisible()) << "Enter must not close the window";
+    const QPoint cell = Table().visualRect(Table().model()->index(0, 0)).center();
+    QTest::mouseClick(Table().viewport(), Qt::LeftButton, {}, cell);
+    QTest::mouseDClick(Table().viewport(), Qt::LeftButton, {}, cell);
+    EXPECT_EQ(chosen, "a 1; a 3; ");
 }
 
 }  // namespace
