@@ -32,6 +32,8 @@ public:
     [[nodiscard]] std::pmr::memory_resource* Memory() { return &memory_; }
 
     std::string MyName;    // from the line Name=, as found
+    std::string Type;      // from the line Type=: "Exe"
+    std::string Startup;   // from the line Startup=: "Sub Main", a form or "(None)"
     std::string FullPath;  // of the project file, as it was opened
 
     /// Conditional constants, (name, value) in lower case; row 0 stays empty, rows 1 and 2 are win32 and win16.
