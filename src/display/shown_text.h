@@ -18,6 +18,12 @@ class CodeObject;
 /// UTF-8 of bytes from a module, or of a name or path when `modul` is null.
 [[nodiscard]] std::string Utf8Of(const clsModul* modul, std::string_view bytes);
 
+/// Where the comment lines directly above the line of `pos` begin; `pos` itself if there are none.
+[[nodiscard]] Pos CommentAbove(std::string_view text, Pos pos);
+
+/// Where the file of a module begins for its reader: behind the version, the properties of a form and its attributes.
+[[nodiscard]] Pos HeaderEnd(const clsModul& modul);
+
 /// Number of the physical line that holds `pos`, from 1.
 [[nodiscard]] int LineOf(std::string_view text, Pos pos);
 

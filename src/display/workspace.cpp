@@ -75,7 +75,7 @@ void Workspace::ForgetObjects() {
     selection_ = {};
     last_ = {};
     neighbours_ = {};
-    code_ = {};
+    code_.Reset();
     calledBy_.Clear();
     calls_.Clear();
     if (projekt_)
@@ -84,6 +84,7 @@ void Workspace::ForgetObjects() {
 }
 
 void Workspace::EndGeneration() {
+    overviewAsked_ = false;
     checked_.Clear();
     navigation_.Clear();
     tree_.Clear();
@@ -91,7 +92,7 @@ void Workspace::EndGeneration() {
     ForgetObjects();
 }
 
-std::optional<Workspace::CallCounts> Workspace::ReadCalls() {
+std::optional<CallCounts> Workspace::ReadCalls() {
     ports_.run("Remove_All_Calls", false, [this] { Remove_All_Calls(*projekt_); });
     ports_.run("Who_Calls_Who", true, [this] { Who_Calls_Who(*projekt_); });
     code_.Forget();
@@ -101,10 +102,7 @@ std::optional<Workspace::CallCounts> Workspace::ReadCalls() {
         return {};
     Tote_Untote_Kennzeichnen(*projekt_);
     Tote_Objekte_Markieren(*projekt_, tree_);
-    CallCounts counts;
-    projekt_->calls.ForEach(
-        [&](const clsCall& call) { ++(call.Type() == CallType::MayBe ? counts.possible : counts.certain); });
-    return counts;
+    return CountCalls(*projekt_);
 }
 
 int Workspace::Refresh() {
@@ -162,6 +160,7 @@ std::optional<Workspace::Shown> Workspace::Activate(const NodeId& id) {
         return {};
     tree_.EnsureVisible(*node);
     tree_.Select(node);
+    overviewAsked_ = false;
     Set_GlobalObjects_fromNode(*projekt_, selection_, node->Id());
     Shown shown;
     shown.code = code_.Show_Structure(*projekt_, selection_);
@@ -186,8 +185,10 @@ std::optional<Workspace::Shown> Workspace::ShowAgain() {
     if (!projekt_)
         return {};
     std::optional<Shown> shown;
+    const bool overviewAsked = overviewAsked_;
     if (const BaumNode* node = tree_.Selected())
         shown = Activate(node->Id());
+    overviewAsked_ = overviewAsked;
     if (!checked_.Objects().empty())
         ShowGroup();
     return shown;
@@ -195,8 +196,9 @@ std::optional<Workspace::Shown> Workspace::ShowAgain() {
 
 // Uses of locals are determined when a procedure is shown, so its locals get their marks in the tree only now.
 void Workspace::MarkLocals(const CodePane::Change& change) {
-    if (change.newText && code_.Text().localsChecked && selection_.CurProc)
-        Tote_Objekte_Markieren(*selection_.CurProc, code_.Locals(), tree_);
+    if (change.newText && code_.Text().localsChecked)
+        for (const clsProzedur* prozedur : code_.Procedures(*projekt_))
+            Tote_Objekte_Markieren(*prozedur, code_.Locals(), tree_);
 }
 
 CodeObject* Workspace::ProcedureOrCurrent() const {
@@ -272,6 +274,22 @@ void Workspace::ShowGroup() {
     Show_Dependencies_Group(*projekt_, checked_, calledBy_, calls_, mayBeCalledBy_, mayBeCalls_);
 }
 
+std::optional<Workspace::Shown> Workspace::ShowWholeModule(bool whole, bool withHeader) {
+    code_.ShowWhole(whole, withHeader);
+    navigation_.ForgetSelections();
+    return ShowAgain();
+}
+
+int Workspace::HeaderLines() const {
+    return projekt_ ? code_.HeaderLines(*projekt_) : 0;
+}
+
+ContentMode Workspace::ContentShown() const {
+    const bool isEmpty = !selection_.CurObject && !selection_.CurModule;
+    return settings_.Content == ContentMode::Code && (isEmpty || overviewAsked_) ? ContentMode::Overview
+                                                                                 : settings_.Content;
+}
+
 void Workspace::Collect(std::string_view key) {
     if (BaumNode* node = projekt_ ? Drop_Module(*projekt_, collected_, key) : nullptr)
         collected_.Select(node);
@@ -324,6 +342,6 @@ Situation Workspace::Now(bool hasPlaces) const {
             .callsRead = CallsRead(),
             .neighbours = neighbours_,
             .hasPlaces = hasPlaces,
-            .hasPrevious = navigation_.NavPrevEnabled(),
+            .hasPrevious = navigation_.NavPrevEnabled() || overviewAsked_,
             .hasNext = navigation_.NavNextEnabled()};
 }

@@ -22,6 +22,7 @@ class MainMenus;
 class MainPanes;
 class MainToolbar;
 class MissingFileQuestion;
+class OverviewPane;
 class PathLine;
 class ProblemsList;
 class ProjectPane;
@@ -95,6 +96,7 @@ private:
     void BuildPanes();
     void WireTrees();
     void WireCode();
+    void WireOverview();
     void WireDialogs();
     void ConnectPorts();
     void Arrange(SplitMode mode);
@@ -126,6 +128,9 @@ private:
     void ShowMayBe(bool calls);
     void ToggleCheckBoxes(bool on);
     void ShowNow();
+    void ShowContent();
+    void ShowOverview(bool shown);
+    void ShowWholeModule(bool whole, bool withHeader);
 
     Files& files_;
     SettingsFile& file_;
@@ -147,6 +152,7 @@ private:
     DependencyPane* callsPane_ = nullptr;
     ContentStack* content_ = nullptr;
     CodeContent* code_ = nullptr;  // in it
+    OverviewPane* overview_ = nullptr;
     PathLine* rtbCodePath_ = nullptr;
     LowerPane* lower_ = nullptr;
 };

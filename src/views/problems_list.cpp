@@ -12,6 +12,7 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include "display/fixed_texts.h"
 #include "display/problem_meaning.h"
 #include "model/clsProjekt.h"
 #include "project/start.h"
@@ -60,7 +61,7 @@ QVariant ProblemsModel::data(const QModelIndex& index, int role) const {
         return {};
     switch (index.column()) {
         case What:
-            return ToQString(problem->text);
+            return QString::fromStdString(ShownText(problem->text));
         case Where:
             return ToQString(problem->subject);
         case Meaning:
@@ -173,9 +174,10 @@ void ProblemsList::Refresh() {
 void ProblemsList::ShowSelected() {
     const QModelIndex index = sorted_->mapToSource(table_->currentIndex());
     const Problem* problem = model_->ProblemAt(index);
-    whole_->setPlainText(problem ? ToQString(problem->text) + QLatin1Char('\n') + ToQString(problem->subject) +
-                                       QLatin1Char('\n') + TextNr(ProblemMeaning(problem->tag)) +
-                                       QStringLiteral("\n->> ") + ToQString(problem->tag)
+    whole_->setPlainText(problem ? QString::fromStdString(ShownText(problem->text)) + QLatin1Char('\n') +
+                                       ToQString(problem->subject) + QLatin1Char('\n') +
+                                       TextNr(ProblemMeaning(problem->tag)) + QStringLiteral("\n->> ") +
+                                       ToQString(problem->tag)
                                  : QString());
 }
 

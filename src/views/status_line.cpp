@@ -53,7 +53,7 @@ void StatusLine::ShowCounts(const clsProjekt* projekt, bool callsRead) {
         const QString none(QChar(0x2013));
         texts = {WithValue(Text::TimeForStructure, ToQString(projekt->TimeForStructure)),
                  WithValue(Text::TimeForCalls, callsRead ? ToQString(projekt->TimeForCalls) : none),
-                 WithValue(Text::Modules, NumberText(projekt->CountAllModules())),
+                 WithValue(Text::AllModules, NumberText(projekt->CountAllModules())),
                  WithValue(Text::CodeLines, NumberText(projekt->AnzCodeZeilen)),
                  WithValue(Text::CommentLines, NumberText(projekt->AnzCommentZeilen)),
                  WithValue(Text::BlankLines, NumberText(projekt->AnzBlankZeilen))};
