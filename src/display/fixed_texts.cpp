@@ -12,7 +12,7 @@ constexpr std::string_view kCancelLoading = "\r\n\r\nLaden abbrechen?";
 }  // namespace
 
 std::string ShownText(std::string_view bytes) {
-    const std::string whole = ActiveCodePage().ToUtf8(bytes);
+    std::string whole = ActiveCodePage().ToUtf8(bytes);
     const std::string notFound = Utf8TextNr(Text::FileNotFound);
     const std::string question = Utf8TextNr(Text::AskCancelLoading);
     if (!bytes.starts_with(kNotFound) || notFound.empty() || question.empty())

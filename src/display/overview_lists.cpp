@@ -11,6 +11,7 @@
 #include "model/clsProzedur.h"
 #include "model/clsType.h"
 #include "model/clsVariable.h"
+#include "shell/words.h"
 #include "source/module_text.h"
 
 namespace {
@@ -28,8 +29,10 @@ int LinesOf(const CodeObject& object) {
 class List {
 public:
     void Module(const clsModul& modul, int lines) {
-        rows_.push_back({modul.CodePath(), Utf8Of(&modul, modul.myNameOrg()), ObjectKind(modul),
-                         Utf8Of(nullptr, modul.FullPath), lines});
+        // A file that is not there has not said the name of its module.
+        const std::string name = modul.myNameOrg().empty() ? Utf8Of(nullptr, modMain::DirOrFileName(modul.FullPath, 0))
+                                                           : Utf8Of(&modul, modul.myNameOrg());
+        rows_.push_back({modul.CodePath(), name, ObjectKind(modul), Utf8Of(nullptr, modul.FullPath), lines});
     }
     void Modules(const clsCollection<clsModul>& modules) {
         for (const clsModul* modul : modules)

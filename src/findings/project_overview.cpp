@@ -44,6 +44,7 @@ std::vector<ProjectOverview::Module> LargestModules(const clsProjekt& projekt) {
     std::ranges::stable_sort(modules, std::greater<>(), [](const clsModul* modul) { return modul->AnzLineCode; });
     modules.resize(std::min(modules.size(), kLargest));
     std::vector<ProjectOverview::Module> largest;
+    largest.reserve(modules.size());
     for (const clsModul* modul : modules)
         largest.push_back({modul->CodePath(), std::string(modul->myNameOrg()), modul->ModulTyp, modul->AnzLineCode});
     return largest;

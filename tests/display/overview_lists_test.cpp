@@ -56,4 +56,11 @@ TEST_F(OverviewLists, ObjectsNameTheirOwnerAndCountTheirLines) {
     EXPECT_EQ(dead[1], (ListedObject{"module1.t.x", "T.x", "type member", "Module1", 1}));
 }
 
+TEST_F(OverviewLists, MissingFilesAreNamed) {
+    ReadProject({{"App.vbp", "Class=Gone; far\\Gone.cls\r\nModule=M; M.bas\r\n"}, {"M.bas", "Dim a\r\n"}});
+    const std::vector<ListedObject> missing = ListOf(*gProjekt, OverviewList::FilesMissing);
+    ASSERT_EQ(missing.size(), 1U);
+    EXPECT_EQ(missing[0], (ListedObject{"", "Gone.cls", "class", "p\\far\\Gone.cls", 0}));
+}
+
 }  // namespace
