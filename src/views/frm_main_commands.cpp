@@ -248,6 +248,7 @@ void frmMain::WriteReports(const std::string& operation) {
         }
     dialogs_.progress->SetCancelVisible(false);
     dialogs_.progress->Run(operation, [&] { WriteReportFiles(*gProjekt, kind, *folder); });
+    ShowContent();
     status_->ShowProblemCount();
     // One file is named itself, several are in its folder or around it.
     const QFileInfo first(ToPath(files_.SystemPath(ReportFiles(*gProjekt, kind, *folder).front())));

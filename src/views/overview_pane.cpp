@@ -164,6 +164,8 @@ void OverviewPane::Show(const ProjectOverview& overview) {
     hasProject_ = true;
     overview_ = overview;
     Fill();
+    if (!listPage_->isHidden())
+        Q_EMIT ListChosen(list_);  // its objects may be others now
 }
 
 void OverviewPane::ShowList(OverviewList list, std::vector<ListedObject> rows) {
@@ -173,7 +175,6 @@ void OverviewPane::ShowList(OverviewList list, std::vector<ListedObject> rows) {
     table_->Show(std::move(rows));
     page_->hide();
     listPage_->show();
-    table_->setFocus();
 }
 
 void OverviewPane::ShowPage() {
@@ -203,7 +204,11 @@ void OverviewPane::Add(QVBoxLayout& column, const OverviewRow::Content& content,
 
 void OverviewPane::AddNumber(Text label, int value, OverviewList list, const QString& note, bool inner) {
     Add(*numbers_, {.label = TextNr(label), .value = NumberText(value), .note = note, .inner = inner},
-        value > 0 ? std::function<void()>([this, list] { Q_EMIT ListChosen(list); }) : nullptr);
+        value > 0 ? std::function<void()>([this, list] {
+            Q_EMIT ListChosen(list);
+            Focus();
+        })
+                  : nullptr);
 }
 
 void OverviewPane::Fill() {
