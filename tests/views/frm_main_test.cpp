@@ -559,4 +559,31 @@ TEST_F(MainWindow, OverviewStandsWhereNothingIsSelected) {
     EXPECT_TRUE(overview.findChildren<OverviewRow*>().isEmpty());
 }
 
+TEST_F(MainWindow, WholeModuleFoldsTheHeaderOfItsFile) {
+    Open();
+    EXPECT_FALSE(Command("WholeModule").isEnabled());
+    window_->ActivateKey("clstool.init");
+    const QString alone = Code();
+    auto& header = ChildOf<QPushButton>(*window_, "header");
+    EXPECT_FALSE(header.isVisible());
+    Command("WholeModule").trigger();
+    EXPECT_TRUE(Command("WholeModule").isChecked());
+    EXPECT_TRUE(Code().contains(alone));
+    EXPECT_TRUE(Code().startsWith(QStringLiteral("Option Explicit")));
+    EXPECT_EQ(window_->rtbCode().textCursor().selectedText(), QStringLiteral("Init"));
+    EXPECT_TRUE(header.isVisible());
+    EXPECT_EQ(header.accessibleName(), QStringLiteral("Header of the file: 13 lines"));
+    const QString whole = Code();
+    QTest::mouseClick(&header, Qt::LeftButton);
+    EXPECT_TRUE(Code().startsWith(QStringLiteral("VERSION 1.0 CLASS")));
+    EXPECT_TRUE(Code().endsWith(whole));
+    QTest::mouseClick(&header, Qt::LeftButton);
+    EXPECT_EQ(Code(), whole);
+    window_->ActivateKey("modmain.main");  // it holds for every module
+    EXPECT_EQ(header.accessibleName(), QStringLiteral("Header of the file: 1 line"));
+    Command("WholeModule").trigger();
+    EXPECT_FALSE(header.isVisible());
+    EXPECT_TRUE(Code().startsWith(QStringLiteral("Public Sub Main")));
+}
+
 }  // namespace
