@@ -7,11 +7,11 @@
 
 #include "calls/driver.h"
 #include "console/json_report.h"
+#include "console/overview_text.h"
 #include "console/summary.h"
-#include "findings/calls_report.h"
 #include "findings/dead_objects.h"
-#include "findings/deaths_report.h"
-#include "findings/structure_report.h"
+#include "findings/project_overview.h"
+#include "findings/report_files.h"
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
 #include "platform/code_page.h"
@@ -46,9 +46,10 @@ struct Options {
     bool noCalls = false;
     bool checkLocals = false;
     bool quiet = false;
+    bool overview = false;
 
     // Without a kind of report, all kinds are written: a plain call produces everything.
-    [[nodiscard]] bool AllKinds() const { return !structure && !calls && !deaths; }
+    [[nodiscard]] bool AllKinds() const { return !structure && !calls && !deaths && !overview; }
     [[nodiscard]] bool WritesStructure() const { return !noReports && (structure || AllKinds()); }
     [[nodiscard]] bool WritesCalls() const { return !noReports && !noCalls && (calls || AllKinds()); }
     [[nodiscard]] bool WritesDeaths() const { return !noReports && !noCalls && (deaths || AllKinds()); }
@@ -87,41 +88,19 @@ bool SplitDefine(const std::string& define, std::pair<std::string, std::string>&
     return true;
 }
 
-// A path in the directory of --out.
-std::string PathIn(const std::string& directory, std::string_view name) {
-    std::string path = directory;
-    if (!path.empty() && path.back() != '/')
-        path += '/';
-    return path.append(name);
-}
-
-// "NNN <module file name><ending>" in the directory of --out. The number keeps files apart whose modules have the same
-// file name in different folders.
-ReportPath NumberedIn(const std::string& directory, std::string_view ending) {
-    return [&directory, ending](const clsModul& modul) {
-        char number[16];
-        std::snprintf(number, sizeof number, "%03d ", modul.number);
-        return PathIn(directory, number + std::string(modMain::DirOrFileName(modul.FullPath, 0)).append(ending));
-    };
-}
-
 bool WriteReports(DiskFiles& files, const Options& options, const clsProjekt& projekt) {
-    const bool beside = options.out.empty();
-    if (!beside && !options.noReports) {
+    if (!options.out.empty() && !options.noReports) {
         if (const FileError error = files.MakeDirectory(options.out); error != FileError::None) {
             std::cerr << options.out << ": " << Describe(error) << '\n';
             return false;
         }
     }
     if (options.WritesStructure())
-        AnalyseErgebnisStructure(projekt, beside ? StructureReportPath : NumberedIn(options.out, " Structure.txt"));
+        WriteReportFiles(projekt, ReportKind::Structure, options.out);
     if (options.WritesCalls())
-        AnalyseErgebnisCalls(projekt, beside ? CallsReportPath : NumberedIn(options.out, " Calls.txt"));
+        WriteReportFiles(projekt, ReportKind::Calls, options.out);
     if (options.WritesDeaths())
-        AnalyseErgebnisDeaths(
-            projekt,
-            beside ? DeathsReportPath(projekt)
-                   : PathIn(options.out, std::string(modMain::DirOrFileName(projekt.FullPath, 0)) + " Deaths.txt"));
+        WriteReportFiles(projekt, ReportKind::Deaths, options.out);
     return true;
 }
 
@@ -220,7 +199,9 @@ int Run(const Options& options) {
 
     const bool reportsWritten = WriteReports(files, options, *gProjekt);
     const double callMilliseconds = options.noCalls ? -1 : callTimer.LastRun;
-    const std::string summary = options.quiet ? std::string() : SummaryText(*gProjekt, timer.LastRun, callMilliseconds);
+    const std::string summary = options.quiet      ? std::string()
+                                : options.overview ? OverviewText(OverviewOf(*gProjekt))
+                                                   : SummaryText(*gProjekt, timer.LastRun, callMilliseconds);
     const bool jsonWritten = WriteJsonFile(options);
     for (const Problem& problem : gProjekt->problems.All())
         std::cerr << Shown(problem.subject) << ": " << Shown(problem.text) << " (" << Shown(problem.tag) << ")\n";
@@ -264,7 +245,9 @@ int main(int argc, char** argv) {
         ->type_name("NAME=VALUE")
         ->take_all()
         ->expected(1);
-    app.add_flag("--quiet", options.quiet, "Neither progress nor summary");
+    auto* overview = app.add_flag("--summary", options.overview,
+                                  "Print an overview in place of the counts; no reports unless a kind is named");
+    app.add_flag("--quiet", options.quiet, "Neither progress nor summary")->excludes(overview);
     app.footer(
         "Exit status: 0 all well; 1 analysed, but something was reported; 2 nothing analysed.\n"
         "Without a kind of report named, all kinds are written.");

@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "console/labelled_lines.h"
 #include "findings/object_counts.h"
 #include "model/clsProjekt.h"
 #include "platform/code_page.h"
@@ -13,18 +14,9 @@ std::string SummaryText(const clsProjekt& projekt, double milliseconds, double c
         objects.Add(*modul);
     std::string text = ActiveCodePage().ToUtf8(projekt.MyName) + "\n";
     const auto line = [&text](Text label, const std::string& value) {
-        const std::string shown = Utf8TextNr(label);
-        // Labels are padded by characters; each umlaut takes two bytes.
-        std::size_t width = 0;
-        for (const char c : shown)
-            width += (static_cast<unsigned char>(c) & 0xC0) != 0x80;
-        text += "  " + shown + std::string(width < 18 ? 18 - width : 1, ' ') + value + "\n";
+        AddLabelledLine(text, "  " + Utf8TextNr(label), value, 20);
     };
-    const auto number = [&line](Text label, int value) {
-        char digits[24];
-        std::snprintf(digits, sizeof digits, "%9d", value);
-        line(label, digits);
-    };
+    const auto number = [&line](Text label, int value) { line(label, RightAligned(value)); };
     number(Text::Modules, projekt.Modules.Count());
     number(Text::CountForms, projekt.Formulare.Count());
     number(Text::CountClassModules, projekt.Klassenmodule.Count());

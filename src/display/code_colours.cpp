@@ -204,11 +204,31 @@ void ShowUses(const clsModul& modul, CodePaint& paint) {
         SelectTarget(paint, *call, ColourOfUse(*call->Parent, modul));
 }
 
+CodeText ShowWhole(const clsModul& modul, LocalUses& locals, bool withHeader) {
+    if (modul.myLibrary || !modul.text)
+        return ShowMe(modul);
+    const ModuleText& text = *modul.text;
+    CodeText shown = Stretch(text, withHeader ? 1 : HeaderEnd(modul), text.CharCount() + 1);
+    CodePaint paint(shown.first, Len(shown.text));
+    SelectTextKinds(text, paint);
+    SelectDeclarations(modul, paint);
+    ShowUses(modul, paint);
+    for (const clsProzedur* prozedur : modul.MyProcs)
+        if (!StandsInDeclarations(*prozedur)) {
+            shown.localsChecked = shown.localsChecked || !locals.Known(*prozedur);
+            ShowCalls(*prozedur, locals.Look(*prozedur), paint);
+        }
+    shown.spans = paint.Spans();
+    return shown;
+}
+
 CodeText ShowMe(const clsProzedur& prozedur, LocalUses& locals) {
     const clsModul& modul = *prozedur.Modul;
     if (!modul.text)
         return {};
-    CodeText shown = Stretch(*modul.text, prozedur.DeclareStart, prozedur.DeclareEnd);
+    const Pos first = CommentAbove(modul.text->ModulTextOrg(), prozedur.DeclareStart);
+    CodeText shown = Stretch(*modul.text, first, prozedur.DeclareEnd);
+    shown.comment = prozedur.DeclareStart - shown.first;
     if (prozedur.myLibrary)
         return shown;
     shown.localsChecked = !prozedur.isDeclare && !locals.Known(prozedur);

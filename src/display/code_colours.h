@@ -58,6 +58,7 @@ struct CodeText {
     std::string text;                // bytes as in the source
     const CodePage* page = nullptr;  // in which they are shown; null for the active one
     Pos first = 1;                   // position of the first character in its module
+    Pos comment = 0;                 // length of the comment that comes before the procedure
     int firstLine = 0;               // line of the file at which the text begins; 0 if it is not part of a file
     std::vector<CodeSpan> spans;     // rising, none over another
     bool onGrey = false;             // a dead or undead procedure
@@ -88,7 +89,11 @@ private:
 
 /// The declarations of a module; for a library's module, the facts about the library.
 [[nodiscard]] CodeText ShowMe(const clsModul& modul);
-/// A procedure. The first time its local variables are looked for; localsChecked says so.
+/// The whole text of a module, with or without the header of its file. All local variables are looked for;
+/// localsChecked says whether that was the first time for any procedure.
+[[nodiscard]] CodeText ShowWhole(const clsModul& modul, LocalUses& locals, bool withHeader);
+/// A procedure, with the comment lines directly above it. The first time its local variables are looked for;
+/// localsChecked says so.
 [[nodiscard]] CodeText ShowMe(const clsProzedur& prozedur, LocalUses& locals);
 /// The known facts about a library: first the path of its file.
 [[nodiscard]] CodeText ShowMe(const clsTypeLib& library);

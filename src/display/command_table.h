@@ -17,6 +17,8 @@ enum class Command : std::uint8_t {
     ReportDeaths,
     Exit,
     ContentCode,
+    Overview,
+    WholeModule,
     ContentGraph,
     ContentChart,
     SplitForContent,

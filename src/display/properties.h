@@ -10,7 +10,7 @@
 class clsProjekt;
 class CodeObject;
 
-/// A cell: a text of the language file, or bytes as they are where that is None.
+/// A cell: a text of the language file, or bytes as they are where that is None or the language lacks it.
 struct PropertyCell {
     Text text = Text::None;
     std::string bytes;

@@ -115,6 +115,17 @@ Block* BlockAt(const clsCollection<Block>& blocks, Pos pos) {
     return nullptr;
 }
 
+// The procedure in whose code a place lies: the owner of the text shown, or one of the module that owns it.
+clsProzedur* BodyAt(const CodeObject& owner, Pos pos) {
+    if (owner.Class() == ObjectClass::Prozedur) {
+        auto& prozedur = const_cast<clsProzedur&>(static_cast<const clsProzedur&>(owner));
+        return pos >= prozedur.DeclareStart ? &prozedur : nullptr;
+    }
+    clsProzedur* const prozedur =
+        owner.Class() == ObjectClass::Modul ? BlockAt(static_cast<const clsModul&>(owner).MyProcs, pos) : nullptr;
+    return prozedur && !StandsInDeclarations(*prozedur) ? prozedur : nullptr;
+}
+
 }  // namespace
 
 void Set_GlobalObjects_fromNode(const clsProjekt& projekt, Selection& selection, const NodeId& node) {
@@ -302,14 +313,15 @@ bool CodePane::ShowText(const clsProjekt& projekt, const CodeObject& owner, Code
 }
 
 bool CodePane::ShowDeclarations(const clsProjekt& projekt, const clsModul& modul) {
-    return !IsShown(modul) && ShowText(projekt, modul, ShowMe(modul));
+    return !IsShown(modul) &&
+           ShowText(projekt, modul, whole_ ? ::ShowWhole(modul, locals_, withHeader_) : ShowMe(modul));
 }
 
 bool CodePane::ShowOwner(const clsProjekt& projekt, const CodeObject& owner) {
     if (owner.Class() == ObjectClass::Modul)
         return ShowDeclarations(projekt, static_cast<const clsModul&>(owner));
     const auto& prozedur = static_cast<const clsProzedur&>(owner);
-    if (StandsInDeclarations(prozedur))
+    if (whole_ || StandsInDeclarations(prozedur))
         return ShowDeclarations(projekt, *prozedur.Modul);
     return !IsShown(prozedur) && ShowText(projekt, prozedur, ShowMe(prozedur, locals_));
 }
@@ -329,6 +341,12 @@ const std::vector<LocalUse>& CodePane::LocalsOf(const CodeObject& owner) const {
     const std::vector<LocalUse>* const known =
         owner.Class() == ObjectClass::Prozedur ? locals_.Known(static_cast<const clsProzedur&>(owner)) : nullptr;
     return known ? *known : none;
+}
+
+void CodePane::Reset() {
+    Clear();
+    locals_ = {};
+    modulWithMap_.clear();
 }
 
 void CodePane::Clear() {
@@ -387,28 +405,59 @@ CodePane::Change CodePane::SelectCallsOfObject(const clsProjekt& projekt, const 
     return change;
 }
 
+void CodePane::ShowWhole(bool whole, bool withHeader) {
+    whole_ = whole;
+    withHeader_ = withHeader;
+    Forget();
+}
+
+CodeObject* CodePane::Owner(const clsProjekt& projekt) const {
+    return shownPath_.empty() ? nullptr : ObjectOfNode(projekt, shownPath_);
+}
+
+int CodePane::HeaderLines(const clsProjekt& projekt) const {
+    const CodeObject* const owner = whole_ ? Owner(projekt) : nullptr;
+    if (!owner || owner->Class() != ObjectClass::Modul || !static_cast<const clsModul*>(owner)->text)
+        return 0;
+    const auto& modul = static_cast<const clsModul&>(*owner);
+    return LineOf(modul.text->ModulTextOrg(), HeaderEnd(modul)) - 1;
+}
+
+std::vector<const clsProzedur*> CodePane::Procedures(const clsProjekt& projekt) const {
+    const CodeObject* const owner = Owner(projekt);
+    std::vector<const clsProzedur*> procedures;
+    if (owner && owner->Class() == ObjectClass::Prozedur)
+        procedures.push_back(static_cast<const clsProzedur*>(owner));
+    else if (owner && whole_ && owner->Class() == ObjectClass::Modul)
+        for (const clsProzedur* prozedur : static_cast<const clsModul*>(owner)->MyProcs)
+            procedures.push_back(prozedur);
+    return procedures;
+}
+
 CodeObject* CodePane::ObjectClicked(const clsProjekt& projekt, const Selection& selection, Pos selStart,
                                     Pos selLength) const {
-    const CodeObject* const owner = shownPath_.empty() ? nullptr : ObjectOfNode(projekt, shownPath_);
-    if (owner && owner->Class() == ObjectClass::Prozedur)
-        return selLength == 0 ? SelChanged(static_cast<const clsProzedur&>(*owner), LocalsOf(*owner), selStart)
-                              : nullptr;
-    if (owner && owner->Class() == ObjectClass::Modul)
-        return SelChanged(static_cast<const clsModul&>(*owner), selStart, selection.CurType);
-    return nullptr;
+    const CodeObject* const owner = Owner(projekt);
+    if (!owner || (owner->Class() != ObjectClass::Prozedur && owner->Class() != ObjectClass::Modul))
+        return nullptr;
+    const Pos pos = text_.InModule(selStart);
+    if (const clsProzedur* const prozedur = BodyAt(*owner, pos))
+        return selLength == 0 ? SelChanged(*prozedur, LocalsOf(*prozedur), pos - prozedur->DeclareStart) : nullptr;
+    if (owner->Class() != ObjectClass::Modul)
+        return nullptr;
+    const auto& modul = static_cast<const clsModul&>(*owner);
+    return SelChanged(modul, pos - modul.BeginnVarBereich, selection.CurType);
 }
 
 CodeObject* CodePane::ObjectAt(const clsProjekt& projekt, Pos selStart) const {
-    CodeObject* const owner = shownPath_.empty() ? nullptr : ObjectOfNode(projekt, shownPath_);
+    CodeObject* const owner = Owner(projekt);
     if (!owner)
         return nullptr;
     const Pos pos = text_.InModule(selStart);
-    if (owner->Class() == ObjectClass::Prozedur) {
-        auto& prozedur = static_cast<clsProzedur&>(*owner);
-        CodeObject* const named = SelChanged(prozedur, LocalsOf(prozedur), selStart);
-        if (IsNameAt(prozedur, prozedur.NamePos, pos))
-            return &prozedur;
-        return named ? named : HitAt(prozedur.CallsAll(), pos, true);
+    if (clsProzedur* const prozedur = BodyAt(*owner, pos)) {
+        CodeObject* const named = SelChanged(*prozedur, LocalsOf(*prozedur), pos - prozedur->DeclareStart);
+        if (IsNameAt(*prozedur, prozedur->NamePos, pos))
+            return prozedur;
+        return named ? named : HitAt(prozedur->CallsAll(), pos, true);
     }
     if (owner->Class() != ObjectClass::Modul)
         return nullptr;
@@ -422,11 +471,13 @@ PropertyRows Anzeigen_TextPos(const CodeText& shown, Pos selStart, Pos selLength
         return PropertyRow{{Text::None, std::string(label)}, {Text::None, std::move(value), true}};
     };
     const auto place = [&](Pos start) {
-        return std::to_string(start) + " (" + std::to_string(shown.InModule(start)) + ")";
+        return std::to_string(start - shown.comment) + " (" + std::to_string(shown.InModule(start)) + ")";
     };
     const int line = std::max(shown.firstLine, 1) - 1 + LineOf(shown.text, selStart + 1);
-    return {row("Zeile", std::to_string(line)), row("SelStart", place(selStart)),
-            row("SelEnd", place(selStart + selLength)), row("SelLength", std::to_string(selLength))};
+    return {{{Text::Line, "Zeile"}, {Text::None, std::to_string(line)}},
+            row("SelStart", place(selStart)),
+            row("SelEnd", place(selStart + selLength)),
+            row("SelLength", std::to_string(selLength))};
 }
 
 void NavigationList::AddNavCodeKey(const NodeId& node) {
@@ -439,6 +490,11 @@ void NavigationList::AddNavCodeKey(const NodeId& node) {
 void NavigationList::NoteSelection(Pos selStart, Pos selLength) {
     records_[index_].SelStart = selStart;
     records_[index_].SelLength = selLength;
+}
+
+void NavigationList::ForgetSelections() {
+    for (Record& record : records_)
+        record = {record.node};
 }
 
 const NavigationList::Record* NavigationList::NavCodeKey_Prev() {

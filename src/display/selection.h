@@ -95,6 +95,15 @@ public:
     /// selected, or of its module.
     [[nodiscard]] CodeObject* ObjectClicked(const clsProjekt& projekt, const Selection& selection, Pos selStart,
                                             Pos selLength) const;
+    /// Whether the whole module of an object is shown, and the header of its file with it. The text shown is forgotten.
+    void ShowWhole(bool whole, bool withHeader);
+    [[nodiscard]] bool IsWhole() const { return whole_; }
+    [[nodiscard]] bool HasHeader() const { return withHeader_; }
+    /// How many lines of the module shown are its header; 0 while only a part of the module is shown.
+    [[nodiscard]] int HeaderLines(const clsProjekt& projekt) const;
+    /// The procedures whose code is shown.
+    [[nodiscard]] std::vector<const clsProzedur*> Procedures(const clsProjekt& projekt) const;
+
     /// The object whose name is at a place of the shown text, for its hover text: certainly called or used, else
     /// possibly, else declared there. Null outside of names.
     [[nodiscard]] CodeObject* ObjectAt(const clsProjekt& projekt, Pos selStart) const;
@@ -102,6 +111,8 @@ public:
     [[nodiscard]] const CodeText& Text() const { return text_; }
     /// CodePath of the object whose text is shown; empty for none.
     [[nodiscard]] const std::string& ShownPath() const { return shownPath_; }
+    /// Drops everything that belongs to objects.
+    void Reset();
     /// The next text is made again even if it is for the same object: after a change of edges, marks or modules.
     void Forget() { shownPath_.clear(); }
     /// Where the locals of the procedures shown so far are named.
@@ -116,14 +127,18 @@ private:
     bool ShowText(const clsProjekt& projekt, const CodeObject& owner, CodeText text);
     [[nodiscard]] const std::vector<LocalUse>& LocalsOf(const CodeObject& owner) const;
     [[nodiscard]] bool IsShown(const CodeObject& owner) const;
+    [[nodiscard]] CodeObject* Owner(const clsProjekt& projekt) const;
 
     LocalUses locals_;
     CodeText text_;
     std::string shownPath_;
     std::string modulWithMap_;  // CodePath of the module whose map the last text was coloured by
+    bool whole_ = false;
+    bool withHeader_ = false;
 };
 
 /// Rows with the place of the cursor: line, and start, end and length of the selection, in the text and in the module.
+/// The text of a procedure counts from its declaration, so that places in the comment above it are negative.
 [[nodiscard]] PropertyRows Anzeigen_TextPos(const CodeText& shown, Pos selStart, Pos selLength);
 
 /// The list for back and forward: nodes, each with the selection in its code.
@@ -139,6 +154,8 @@ public:
     void AddNavCodeKey(const NodeId& node);
     /// Notes the selection in the current record.
     void NoteSelection(Pos selStart, Pos selLength);
+    /// The places stay: when the same objects are shown in other stretches of their modules.
+    void ForgetSelections();
     /// One step back or on; null at the end. Activating the node of the record adds nothing, as it is the current one.
     const Record* NavCodeKey_Prev();
     const Record* NavCodeKey_Next();

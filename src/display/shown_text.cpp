@@ -10,6 +10,7 @@
 #include "shell/clsText.h"
 #include "source/lines.h"
 #include "source/module_text.h"
+#include "source/tokens.h"
 
 namespace {
 
@@ -36,6 +37,16 @@ std::size_t LogicalBegin(std::string_view text, std::size_t at) {
             return lineBreak + 2;
         at = lineBreak;
     }
+}
+
+std::string_view WithoutIndent(std::string_view line) {
+    return line.substr(std::min(line.find_first_not_of(" \t"), line.size()));
+}
+
+bool IsCommentLine(std::string_view line) {
+    line = WithoutIndent(line);
+    return line.starts_with('\'') || LowerCase(line.substr(0, 4)) == "rem " || LowerCase(line) == "rem" ||
+           LowerCase(line.substr(0, 5)) == "rem\r\n";
 }
 
 std::size_t LogicalEnd(std::string_view text, std::size_t at) {
@@ -82,6 +93,39 @@ std::string Utf8Number(long long number) {
     return digits;
 }
 
+Pos CommentAbove(std::string_view text, Pos pos) {
+    const auto at = static_cast<std::size_t>(std::clamp<Pos>(pos - 1, 0, Len(text)));
+    std::size_t line = LogicalBegin(text, at);
+    // Something else ends in the same line; words such as Friend belong to the declaration.
+    if (text.substr(line, at - line).find_first_of(":\"'") != std::string_view::npos)
+        return pos;
+    bool found = false;
+    while (line >= vbCrLf.size()) {
+        const std::size_t above = LogicalBegin(text, line - vbCrLf.size());
+        if (!IsCommentLine(text.substr(above, line - above)))
+            break;
+        line = above;
+        found = true;
+    }
+    return found ? static_cast<Pos>(line) + 1 : pos;
+}
+
+Pos HeaderEnd(const clsModul& modul) {
+    const std::string_view text = modul.text->ModulTextOrg();
+    // The last token before the declarations is one of the header.
+    const int last = modul.TokNrBeginnVarBereich - 1;
+    std::size_t line = 0;
+    const auto toNextLine = [&](std::size_t from) {
+        const auto end = text.find(vbCrLf, from);
+        line = end == std::string_view::npos ? text.size() : end + vbCrLf.size();
+    };
+    if (modul.tokens && last >= 1)
+        toNextLine(static_cast<std::size_t>(modul.tokens->PosOf(last)) - 1);
+    while (LowerCase(text.substr(line, 13)) == "attribute vb_")
+        toNextLine(line);
+    return static_cast<Pos>(line) + 1;
+}
+
 int LineOf(std::string_view text, Pos pos) {
     const auto before = text.substr(0, static_cast<std::size_t>(std::max<Pos>(pos - 1, 0)));
     return static_cast<int>(std::count(before.begin(), before.end(), '\n')) + 1;
@@ -100,8 +144,7 @@ std::string JoinedLine(std::string_view text, Pos pos, Pos from) {
         rest = lineBreak == std::string_view::npos ? std::string_view() : rest.substr(lineBreak + 2);
         if (lineBreak != std::string_view::npos)
             part.remove_suffix(1);  // the underscore
-        part = part.substr(std::min(part.find_first_not_of(" \t"), part.size()));
-        line.append(RTrim(part));
+        line.append(RTrim(WithoutIndent(part)));
         if (!rest.empty())
             line += ' ';
     }

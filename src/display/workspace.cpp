@@ -89,7 +89,7 @@ void Workspace::Close() {
 void Workspace::ForgetObjects() {
     selection_ = {};
     neighbours_ = {};
-    code_ = {};
+    code_.Reset();
     calledBy_.Clear();
     calls_.Clear();
     checked_ = {};
@@ -97,6 +97,7 @@ void Workspace::ForgetObjects() {
 }
 
 void Workspace::EndGeneration() {
+    overviewAsked_ = false;
     current_.reset();
     localsShown_.clear();
     groupShown_ = false;
@@ -106,7 +107,7 @@ void Workspace::EndGeneration() {
     ForgetObjects();
 }
 
-std::optional<Workspace::CallCounts> Workspace::ReadCalls() {
+std::optional<CallCounts> Workspace::ReadCalls() {
     ports_.run("Remove_All_Calls", false, [this] { Remove_All_Calls(*projekt_); });
     const bool isWhole = ports_.run("Who_Calls_Who", true, [this] { Who_Calls_Who(*projekt_); });
     code_.Forget();
@@ -115,10 +116,7 @@ std::optional<Workspace::CallCounts> Workspace::ReadCalls() {
     Tote_Objekte_Markieren(*projekt_, tree_);
     if (!isWhole)
         return {};
-    CallCounts counts;
-    projekt_->calls.ForEach(
-        [&](const clsCall& call) { ++(call.Type() == CallType::MayBe ? counts.possible : counts.certain); });
-    return counts;
+    return CountCalls(*projekt_);
 }
 
 Workspace::Refreshed Workspace::Refresh() {
@@ -230,6 +228,7 @@ std::optional<Workspace::Shown> Workspace::Activate(const NodeId& id) {
 Workspace::Shown Workspace::MakeCurrent(BaumNode& node) {
     tree_.EnsureVisible(node);
     tree_.Select(&node);
+    overviewAsked_ = false;
     current_ = node.Id();
     Set_GlobalObjects_fromNode(*projekt_, selection_, *current_);
     navigation_.AddNavCodeKey(*current_);
@@ -281,10 +280,11 @@ std::optional<Workspace::Shown> Workspace::ShowAgain() {
 // Uses of locals are determined when a procedure is shown, so its locals get their marks in the tree only now. The text
 // need not be that of the current object: a caller's text comes up too.
 void Workspace::MarkLocalsShown(const CodePane::Change& change) {
-    const CodeObject* const owner =
-        change.newText && code_.Text().localsChecked ? ObjectOfNode(*projekt_, code_.ShownPath()) : nullptr;
-    if (owner && owner->Class() == ObjectClass::Prozedur && localsShown_.insert(code_.ShownPath()).second)
-        MarkLocals(static_cast<const clsProzedur&>(*owner));
+    if (!change.newText || !code_.Text().localsChecked)
+        return;
+    for (const clsProzedur* prozedur : code_.Procedures(*projekt_))
+        if (localsShown_.insert(prozedur->CodePath()).second)
+            MarkLocals(*prozedur);
 }
 
 void Workspace::MarkLocals(const clsProzedur& prozedur) {
@@ -407,6 +407,22 @@ void Workspace::ShowNeighbours() {
     Show_Dependencies_AllCalls(*projekt_, checked_, selection_.CurObject, calls_, mayBeCalls_);
 }
 
+std::optional<Workspace::Shown> Workspace::ShowWholeModule(bool whole, bool withHeader) {
+    code_.ShowWhole(whole, withHeader);
+    navigation_.ForgetSelections();
+    return ShowAgain();
+}
+
+int Workspace::HeaderLines() const {
+    return projekt_ ? code_.HeaderLines(*projekt_) : 0;
+}
+
+ContentMode Workspace::ContentShown() const {
+    const bool isEmpty = !selection_.CurObject && !selection_.CurModule;
+    return settings_.Content == ContentMode::Code && (isEmpty || overviewAsked_) ? ContentMode::Overview
+                                                                                 : settings_.Content;
+}
+
 void Workspace::Collect(std::string_view key) {
     if (BaumNode* node = projekt_ ? Drop_Module(*projekt_, collected_, key) : nullptr)
         collected_.Select(node);
@@ -462,6 +478,6 @@ Situation Workspace::Now(bool hasPlaces) const {
             .callsRead = CallsRead(),
             .neighbours = neighbours_,
             .hasPlaces = hasPlaces,
-            .hasPrevious = navigation_.NavPrevEnabled(),
+            .hasPrevious = navigation_.NavPrevEnabled() || overviewAsked_,
             .hasNext = navigation_.NavNextEnabled()};
 }

@@ -18,6 +18,7 @@
 #include "display/command_table.h"
 #include "display/selection.h"
 #include "display/tree_checks.h"
+#include "findings/object_counts.h"
 #include "shell/settings.h"
 #include "shell/text_numbers.h"
 
@@ -44,10 +45,6 @@ public:
     [[nodiscard]] bool Open(const std::string& path, const std::string& codePage = {});
     void Close();
 
-    struct CallCounts {
-        int certain = 0;
-        int possible = 0;
-    };
     /// Reads all calls. Nothing if the user cancelled: the calls found so far stay, but nothing counts as dead.
     std::optional<CallCounts> ReadCalls();
 
@@ -108,6 +105,14 @@ public:
     void SetMayBe(bool calls, bool mayBe);
     /// Fills the dependency trees for the current object.
     void ShowDependencies();
+    /// Shows the whole module of the current object in place of its own code, or with it the header of the file.
+    std::optional<Shown> ShowWholeModule(bool whole, bool withHeader);
+    /// How many lines the header of the module shown has; 0 if it has none or a part of the module is shown.
+    [[nodiscard]] int HeaderLines() const;
+    /// What the content area shows: the overview in place of the code while nothing is selected, or until the next
+    /// object is chosen.
+    [[nodiscard]] ContentMode ContentShown() const;
+    void ShowOverview(bool shown) { overviewAsked_ = shown; }
     /// Puts the module of a node among the collected ones.
     void Collect(std::string_view key);
 
@@ -175,4 +180,5 @@ private:
     bool treeHasLocals_ = false;
     bool checkBoxes_ = false;
     bool groupShown_ = false;  // the dependency trees are about the checked objects
+    bool overviewAsked_ = false;
 };

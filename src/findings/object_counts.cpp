@@ -21,6 +21,24 @@ void ModuleCounts::Add(const clsModul& modul) {
         variables += prozedur->MyVars.Count();
 }
 
+void ForEachMarked(const clsProjekt& projekt, const std::function<void(const CodeObject&)>& use) {
+    for (const clsModul* modul : projekt.AllModules()) {
+        for (const clsProzedur* prozedur : modul->MyProcs)
+            use(*prozedur);
+        for (const clsVariable* variable : modul->MyVars)
+            if (variable->MyName() != "me")
+                use(*variable);
+        for (const clsType* type : modul->myTypes) {
+            use(*type);
+            for (const clsVariable* member : type->MyVars)
+                use(*member);
+        }
+        // The members of enumerations stand among the module's variables.
+        for (const clsEnum* einEnum : modul->myEnums)
+            use(*einEnum);
+    }
+}
+
 CallCounts CountCalls(const clsProjekt& projekt) {
     CallCounts counts;
     projekt.calls.ForEach([&](const clsCall& call) {
@@ -28,23 +46,10 @@ CallCounts CountCalls(const clsProjekt& projekt) {
            : call.Type() == CallType::MayBe ? counts.mayBe
                                             : counts.uses);
     });
-    const auto count = [&](const CodeObject& object) {
+    ForEachMarked(projekt, [&](const CodeObject& object) {
+        ++counts.marked;
         counts.dead += object.IsDeath == 1;
         counts.undead += object.IsDeath == 2;
-    };
-    for (const clsModul* modul : projekt.AllModules()) {
-        for (const clsProzedur* prozedur : modul->MyProcs)
-            count(*prozedur);
-        for (const clsVariable* variable : modul->MyVars)
-            count(*variable);
-        for (const clsType* type : modul->myTypes) {
-            count(*type);
-            for (const clsVariable* member : type->MyVars)
-                count(*member);
-        }
-        // The members of enumerations stand among the module's variables.
-        for (const clsEnum* einEnum : modul->myEnums)
-            count(*einEnum);
-    }
+    });
     return counts;
 }

@@ -1,6 +1,9 @@
 // How many modules, objects, edges and marks there are in a project or a part of it.
 #pragma once
 
+#include <functional>
+
+class CodeObject;
 class clsModul;
 class clsProjekt;
 
@@ -18,5 +21,9 @@ struct ModuleCounts {
 struct CallCounts {
     int really = 0, mayBe = 0, uses = 0;
     int dead = 0, undead = 0;
+    int marked = 0;  // all that can be dead
 };
+/// Calls `use` for every object that can be dead: procedures, variables of modules, types, their members, and
+/// enumerations with theirs.
+void ForEachMarked(const clsProjekt& projekt, const std::function<void(const CodeObject&)>& use);
 [[nodiscard]] CallCounts CountCalls(const clsProjekt& projekt);

@@ -33,6 +33,7 @@ public:
 
     std::string MyName;             // from the line Name=, as found
     std::string FullPath;           // of the project file, as it was opened
+    std::string Type;               // from the line Type=: "Exe"
     std::string Startup;            // from the line Startup=: "Sub Main", the name of a form, or "(None)"
     FileTime DateLastModified = 0;  // of the project file when it was read
 

@@ -140,6 +140,17 @@ bool IsProjectLine(std::string_view line) {
            std::find(kKeys.begin(), kKeys.end(), key) != kKeys.end();
 }
 
+// What the project becomes, and where it starts.
+void ReadTypeAndStartup(clsProjekt& projekt, std::string_view projectText) {
+    ForEachLine(projectText, [&projekt](std::string_view line) {
+        const std::string key = KeyOf(line);
+        if (key == "Type")
+            projekt.Type = Trim(line.substr(line.find('=') + 1));
+        else if (key == "Startup")
+            projekt.Startup = modMain::GetStringContent(line);
+    });
+}
+
 int CountLines(std::string_view text, const std::function<bool(std::string_view key)>& counts) {
     int count = 0;
     ForEachLine(text, [&](std::string_view line) { count += counts(KeyOf(line)); });
@@ -241,10 +252,7 @@ void Projekt_Laden(clsProjekt& projekt) {
     }
     projekt.DateLastModified = file.dateLastModified;
     projekt.MyName = Get_ProjektName(projekt);
-    ForEachLine(file.text, [&projekt](std::string_view line) {
-        if (KeyOf(line) == "Startup")
-            projekt.Startup = modMain::GetStringContent(line);
-    });
+    ReadTypeAndStartup(projekt, file.text);
     const int modules = GetAnzahlModule(file.text);
     if (modules == 0)
         return;

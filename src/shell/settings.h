@@ -18,7 +18,7 @@ struct FontSetting {
 
 /// Layout of the window, and what its content area shows.
 enum class SplitMode : std::uint8_t { Content, Calls };
-enum class ContentMode : std::uint8_t { Code, Graph, Chart };
+enum class ContentMode : std::uint8_t { Code, Graph, Chart, Overview };
 
 /// The settings; a new object has the defaults.
 struct Settings {

@@ -1,17 +1,39 @@
 #include "views/content_stack.h"
 
+#include <QPushButton>
 #include <QVBoxLayout>
 
 #include "views/code_view.h"
+#include "views/qt_text.h"
 
 CodeContent::CodeContent(const Settings& settings, QWidget* parent)
-    : ContentPane(parent), view_(new CodeView(settings, this)) {
+    : ContentPane(parent), header_(new QPushButton(this)), view_(new CodeView(settings, this)) {
+    header_->setObjectName(QStringLiteral("header"));
+    header_->setFlat(true);
+    header_->setCheckable(true);
+    header_->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    header_->hide();
+    connect(header_, &QPushButton::clicked, this, &CodeContent::HeaderUnfolded);
     auto* layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(2);
+    layout->addWidget(header_);
     layout->addWidget(view_);
 }
 
+void CodeContent::ShowHeaderLine(int lines, bool unfolded) {
+    headerLines_ = lines;
+    header_->setChecked(unfolded);
+    // Arrows for reading from left to right, as the code is.
+    const QString arrow(unfolded ? QChar(0x25BE) : QChar(0x25B8));
+    const QString text = lines == 1 ? TextNr(Text::OneHeaderLine) : TextNr(Text::ModuleHeader, NumberText(lines));
+    header_->setText(arrow + QLatin1Char(' ') + text);
+    header_->setAccessibleName(text);
+    header_->setVisible(lines > 0);
+}
+
 void CodeContent::Texte() {
+    ShowHeaderLine(headerLines_, header_->isChecked());
     view_->Texte();
 }
 
@@ -20,6 +42,7 @@ void CodeContent::ApplySettings() {
 }
 
 void CodeContent::Clear() {
+    ShowHeaderLine(0, false);
     view_->Clear();
 }
 

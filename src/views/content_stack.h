@@ -7,6 +7,7 @@
 #include "shell/settings.h"
 
 class CodeView;
+class QPushButton;
 
 /// One way to show the current object.
 class ContentPane : public QWidget {
@@ -22,19 +23,26 @@ public:
     virtual void Clear() = 0;
 };
 
-/// The code.
+/// The code; above that of a whole module a line that unfolds the header of its file.
 class CodeContent final : public ContentPane {
     Q_OBJECT
 
 public:
     explicit CodeContent(const Settings& settings, QWidget* parent = nullptr);
     [[nodiscard]] CodeView& View() const { return *view_; }
+    /// @param lines  of the header; 0 hides the line
+    void ShowHeaderLine(int lines, bool unfolded);
     [[nodiscard]] ContentMode Mode() const override { return ContentMode::Code; }
     void Texte() override;
     void ApplySettings() override;
     void Clear() override;
 
+Q_SIGNALS:
+    void HeaderUnfolded(bool unfolded);
+
 private:
+    QPushButton* header_;
+    int headerLines_ = 0;
     CodeView* view_;
 };
 

@@ -32,6 +32,7 @@
 #include "views/main_panes.h"
 #include "views/main_toolbar.h"
 #include "views/object_tip.h"
+#include "views/overview_pane.h"
 #include "views/path_line.h"
 #include "views/problems_list.h"
 #include "views/properties_grid.h"
@@ -91,6 +92,7 @@ frmMain::frmMain(Files& files, SettingsFile& file, Settings settings, std::strin
     BuildPanes();
     WireTrees();
     WireCode();
+    WireOverview();
     WireDialogs();
     WireCommands();
     ConnectPorts();
@@ -130,6 +132,8 @@ void frmMain::BuildPanes() {
     content_ = new ContentStack(this);
     code_ = new CodeContent(settings_);
     content_->Add(code_);
+    overview_ = new OverviewPane;
+    content_->Add(overview_);
     rtbCodePath_ = new PathLine(this);
     lower_ = new LowerPane(workspace_.Collected(), settings_, this);
     panes_ = new MainPanes({rtbCodePath_, project_, lower_, calledByPane_, callsPane_, content_}, pages_);
@@ -193,6 +197,18 @@ void frmMain::WireCode() {
         status_->ShowPlace(index, count);
         ShowNow();
     });
+    connect(code_, &CodeContent::HeaderUnfolded, this, [this](bool unfolded) { ShowWholeModule(true, unfolded); });
+}
+
+void frmMain::WireOverview() {
+    connect(overview_, &OverviewPane::ListChosen, this,
+            [this](OverviewList list) { overview_->ShowList(list, ListOf(*gProjekt, list)); });
+    connect(overview_, &OverviewPane::ObjectChosen, this, [this](const std::string& key) {
+        if (ActivateKey(key))
+            BaumProjekt().setFocus();
+    });
+    connect(overview_, &OverviewPane::ProblemsChosen, this, [this] { (*commands_)[Command::Problems].trigger(); });
+    connect(overview_, &OverviewPane::ReadCallsChosen, this, [this] { (*commands_)[Command::Calls].trigger(); });
 }
 
 void frmMain::WireDialogs() {

@@ -22,6 +22,7 @@ class MainMenus;
 class MainPanes;
 class MainToolbar;
 class MissingFileQuestion;
+class OverviewPane;
 class PathLine;
 class ProblemsList;
 class ProjectPane;
@@ -97,6 +98,7 @@ private:
     void BuildPanes();
     void WireTrees();
     void WireCode();
+    void WireOverview();
     void WireDialogs();
     void ConnectPorts();
     void Arrange(SplitMode mode);
@@ -133,6 +135,9 @@ private:
     void CheckAll(bool checked);
     void ShowAboutNeighbours();
     void ShowNow();
+    void ShowContent();
+    void ShowOverview(bool shown);
+    void ShowWholeModule(bool whole, bool withHeader);
 
     Files& files_;
     SettingsFile& file_;
@@ -154,6 +159,7 @@ private:
     DependencyPane* callsPane_ = nullptr;
     ContentStack* content_ = nullptr;
     CodeContent* code_ = nullptr;  // in it
+    OverviewPane* overview_ = nullptr;
     PathLine* rtbCodePath_ = nullptr;
     LowerPane* lower_ = nullptr;
 };

@@ -6,9 +6,6 @@
 
 #include "display/diagnosis.h"
 #include "display/recent_projects.h"
-#include "findings/calls_report.h"
-#include "findings/deaths_report.h"
-#include "findings/structure_report.h"
 #include "model/clsProjekt.h"
 #include "platform/code_page.h"
 #include "platform/files.h"
@@ -24,6 +21,7 @@
 #include "views/commands.h"
 #include "views/content_stack.h"
 #include "views/deployment.h"
+#include "views/dialogs.h"
 #include "views/fold_splitter.h"
 #include "views/frm_about.h"
 #include "views/frm_error.h"
@@ -31,6 +29,7 @@
 #include "views/frm_main.h"
 #include "views/frm_optionen.h"
 #include "views/frm_progress.h"
+#include "views/frm_reports.h"
 #include "views/lower_pane.h"
 #include "views/main_menus.h"
 #include "views/main_panes.h"
@@ -71,6 +70,8 @@ void frmMain::WireCommands() {
     Wire(Command::ReportStructure, [this](bool) { WriteReports("AnalyseErgebnisStructure"); });
     Wire(Command::ReportCalls, [this](bool) { WriteReports("AnalyseErgebnisCalls"); });
     Wire(Command::ReportDeaths, [this](bool) { WriteReports("AnalyseErgebnisDeaths"); });
+    Wire(Command::WholeModule, [this](bool on) { ShowWholeModule(on, false); });
+    Wire(Command::Overview, [this](bool) { ShowOverview(true); });
     Wire(Command::SplitX, [this](bool shown) { panes_->picSplitX().SetFolded(!shown); });
     Wire(Command::SplitY, [this](bool shown) { panes_->picSplitY().SetFolded(!shown); });
     connect(panes_, &MainPanes::FoldsChanged, this, [this] {
@@ -124,8 +125,7 @@ void frmMain::MainActions(int nr) {
             Projekt_Oeffnen();
             break;
         case 5:
-            if (AskQuestion(this,
-                            QStringLiteral("Soll die Verwendung aller benutzerdefinierten Typen ermittelt werden?")))
+            if (AskQuestion(this, TextNr(Text::AskUses)))
                 dialogs_.progress->Run("Who_Use_Who", [] {});
             break;
         case 6:
@@ -141,8 +141,7 @@ void frmMain::MainActions(int nr) {
             Files_Check();
             break;
         case 13:
-            settings_.Content = ContentMode::Code;
-            content_->Show(settings_.Content);
+            ShowOverview(false);
             break;
         default:
             break;
@@ -194,6 +193,7 @@ void frmMain::OpenProject(const std::string& path) {
     ShowProjectCounts();
     pages_->setCurrentWidget(panes_);
     lower_->Properties().Show(Anzeigen_Eigenschaften(*gProjekt));
+    ShowContent();
     Activate_Commands();
     BaumProjekt().setFocus();
     const int modules = gProjekt->CountAllModules();
@@ -238,8 +238,10 @@ void frmMain::RunCalls() {
     const auto counts = workspace_.ReadCalls();
     commands_->SetImage(Command::Calls, workspace_.CallsRead() ? "CallsRead" : "CallsReadNot");
     ShowAgain();
+    ShowContent();
     ShowProjectCounts();
-    status_->Message(counts ? TextNr(Text::CallsRead, NumberText(counts->certain), NumberText(counts->possible))
+    status_->Message(counts ? TextNr(Text::CallsRead, NumberText(counts->really), NumberText(counts->mayBe),
+                                     NumberText(counts->uses))
                             : TextNr(Text::ReadingCallsCancelled));
 }
 
@@ -259,6 +261,7 @@ void frmMain::Files_Check() {
     }
     ShowAgain();
     ShowTitle();
+    ShowContent();
     ShowProjectCounts();
     Activate_Commands();
     const QString files = NumberText(refreshed.files);
@@ -283,20 +286,27 @@ void frmMain::WriteReports(const std::string& operation) {
             return;
         }
     }
+    const ReportKind kind = operation == "AnalyseErgebnisStructure" ? ReportKind::Structure
+                            : operation == "AnalyseErgebnisCalls"   ? ReportKind::Calls
+                                                                    : ReportKind::Deaths;
+    const std::optional<std::string> folder = frmReports(file_, DialogParent(this)).Ask(*gProjekt, kind);
+    if (!folder)
+        return;
     const std::size_t problemsBefore = gProjekt->problems.All().size();
+    if (!folder->empty())
+        if (const FileError error = files_.MakeDirectory(*folder); error != FileError::None) {
+            ShowError("modMain: " + operation, 75, std::string(Describe(error)) + " (" + *folder + ")");
+            return;
+        }
     dialogs_.progress->SetCancelVisible(false);
-    dialogs_.progress->Run(operation, [&operation] {
-        if (operation == "AnalyseErgebnisStructure")
-            AnalyseErgebnisStructure(*gProjekt);
-        else if (operation == "AnalyseErgebnisCalls")
-            AnalyseErgebnisCalls(*gProjekt);
-        else
-            AnalyseErgebnisDeaths(*gProjekt, DeathsReportPath(*gProjekt));
-    });
+    dialogs_.progress->Run(operation, [&] { WriteReportFiles(*gProjekt, kind, *folder); });
+    ShowContent();
     ShowProblems();
-    const QString where = operation == "AnalyseErgebnisDeaths"
-                              ? ToPath(files_.SystemPath(DeathsReportPath(*gProjekt)))
-                              : QFileInfo(ToPath(files_.SystemPath(gProjekt->FullPath))).absolutePath();
+    // One file is named itself, several are in its folder or around it.
+    const QFileInfo first(ToPath(files_.SystemPath(ReportFiles(*gProjekt, kind, *folder).front())));
+    const QString where = kind == ReportKind::Deaths ? first.filePath()
+                          : folder->empty() ? QFileInfo(ToPath(files_.SystemPath(gProjekt->FullPath))).absolutePath()
+                                            : first.absolutePath();
     const bool isWhole = gProjekt->problems.All().size() == problemsBefore;
     const QString text = TextNr(isWhole ? Text::ReportsWritten : Text::ReportsIncomplete, where);
     status_->Message(text);
@@ -355,8 +365,8 @@ void frmMain::NameCommands() {
     Commands& command = *commands_;
     const clsModul* modul = workspace_.Current().CurModule;
     const QString name = modul ? ToQString(modul->myNameOrg()) : QString();
-    const QString forModule = modul ? QStringLiteral("for %1 (%2)").arg(name, ToQString(TextOf(modul->ModulTyp)))
-                                    : TextNr(Text::ForCurrentModule);
+    const QString forModule =
+        modul ? TextNr(Text::ForModule, name, ToQString(TextOf(modul->ModulTyp))) : TextNr(Text::ForCurrentModule);
     const QString read = TextNr(Text::ReadCalls);
     Commands::SetTexts(
         command[Command::CallsModule], forModule,
@@ -366,16 +376,19 @@ void frmMain::NameCommands() {
     const bool deletable = object && (object->Class() == ObjectClass::Prozedur ||
                                       object->Class() == ObjectClass::Variable || object->Class() == ObjectClass::Type);
     const QString deleteText =
-        (deletable ? ToQString(object->myNameOrg()) : QStringLiteral("Objekt")) + QStringLiteral(" l\u00f6schen");
+        deletable ? TextNr(Text::DeleteNamed, ToQString(object->myNameOrg())) : TextNr(Text::DeleteObject);
     Commands::SetTexts(command[Command::DeleteObject], deleteText, deleteText);
 }
 
 // Qt toggles a checkable action on every click, also if the command changed nothing: set it to the actual state.
 void frmMain::Activate_Checked() {
     Commands& command = *commands_;
-    command[Command::ContentCode].setChecked(settings_.Content == ContentMode::Code);
-    command[Command::ContentGraph].setChecked(settings_.Content == ContentMode::Graph);
-    command[Command::ContentChart].setChecked(settings_.Content == ContentMode::Chart);
+    const ContentMode shown = workspace_.ContentShown();
+    command[Command::ContentCode].setChecked(shown == ContentMode::Code);
+    command[Command::WholeModule].setChecked(workspace_.Code().IsWhole());
+    command[Command::Overview].setChecked(shown == ContentMode::Overview);
+    command[Command::ContentGraph].setChecked(shown == ContentMode::Graph);
+    command[Command::ContentChart].setChecked(shown == ContentMode::Chart);
     command[Command::SplitForContent].setChecked(settings_.Split == SplitMode::Content);
     command[Command::SplitForCalls].setChecked(settings_.Split == SplitMode::Calls);
 }

@@ -1,4 +1,6 @@
 // Shows the workspace's answers in the panes.
+#include "model/clsProjekt.h"
+#include "project/start.h"
 #include "views/baum_view.h"
 #include "views/code_view.h"
 #include "views/commands.h"
@@ -6,6 +8,7 @@
 #include "views/frm_main.h"
 #include "views/icons.h"
 #include "views/lower_pane.h"
+#include "views/overview_pane.h"
 #include "views/path_line.h"
 #include "views/properties_grid.h"
 #include "views/qt_text.h"
@@ -50,12 +53,42 @@ void frmMain::Show(const Workspace::Shown& shown) {
         lower_->Properties().Show(*shown.properties);
     rtbCodePath_->Show(shown.path, IconFor(shown.image));
     commands_->SetImage(Command::CallsModule, workspace_.CallsRead() ? "CallsRead" : "CallsReadNot");
+    ShowContent();
+    Activate_Commands();
+}
+
+// Brings up the pane that shows the current object, or the overview with numbers as they are now.
+void frmMain::ShowContent() {
+    const ContentMode shown = workspace_.ContentShown();
+    if (shown == ContentMode::Overview && gProjekt)
+        overview_->Show(OverviewOf(*gProjekt));
+    content_->Show(shown);
+}
+
+void frmMain::ShowWholeModule(bool whole, bool withHeader) {
+    workspace_.ShowOverview(false);
+    if (const auto shown = workspace_.ShowWholeModule(whole, withHeader))
+        Show(*shown);
+    if (withHeader)
+        rtbCode().Select({});
+}
+
+void frmMain::ShowOverview(bool shown) {
+    if (shown && workspace_.ContentShown() == ContentMode::Overview)
+        overview_->ShowPage();
+    settings_.Content = ContentMode::Code;
+    workspace_.ShowOverview(shown);
+    ShowContent();
+    if (shown)
+        overview_->Focus();
     Activate_Commands();
 }
 
 void frmMain::ShowCode(const CodePane::Change& change) {
-    if (change.newText)
+    if (change.newText) {
         rtbCode().Show(workspace_.Code().Text());
+        code_->ShowHeaderLine(workspace_.HeaderLines(), workspace_.Code().HasHeader());
+    }
     rtbCode().MarkPlaces(change.places);
     if (change.select)
         rtbCode().Select(*change.select);
@@ -71,6 +104,10 @@ void frmMain::SelectCallsOfObject(const std::string& key, bool isCaller) {
 }
 
 void frmMain::GoBackOrOn(bool back) {
+    if (back && workspace_.ContentShown() == ContentMode::Overview && workspace_.Current().CurObject) {
+        ShowOverview(false);
+        return;
+    }
     NavigationList& list = workspace_.Navigation();
     list.NoteSelection(rtbCode().SelStart(), rtbCode().SelLength());
     if (const NavigationList::Record* found = back ? list.NavCodeKey_Prev() : list.NavCodeKey_Next()) {

@@ -66,6 +66,8 @@ constexpr auto drawings = std::to_array<Drawing>({
     {"CallsModule", "calls-module"},
     {"Refresh", "refresh"},
     {"ContentCode", "content-code"},
+    {"Overview", "overview"},
+    {"WholeModule", "whole-module"},
     {"ContentGraph", "content-graph"},
     {"ContentChart", "content-chart"},
     {"SplitForContent", "split-for-content"},

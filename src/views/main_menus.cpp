@@ -41,6 +41,8 @@ void MainMenus::Fill() {
 
     mnuAnsicht_ = window_.menuBar()->addMenu(QString());
     fill(mnuAnsicht_, {Command::ContentCode,
+                       Command::WholeModule,
+                       Command::Overview,
                        Command::ContentGraph,
                        Command::ContentChart,
                        {},

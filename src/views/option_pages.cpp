@@ -305,8 +305,7 @@ ReportsPage::ReportsPage(QWidget* parent) : QWidget(parent), frame_(new QGroupBo
     left->addLayout(buttons);
     left->addStretch();
     column->addLayout(left);
-    reports_ = {new QPushButton(QStringLiteral("Structure reports")), new QPushButton(QStringLiteral("Calls reports")),
-                new QPushButton(QStringLiteral("Death Objects Report"))};
+    reports_ = {new QPushButton, new QPushButton, new QPushButton};
     const char* const names[] = {"cmdReportStructure", "cmdReportCalls", "cmdReportDeaths"};
     void (ReportsPage::*const signals_[])() = {&ReportsPage::ReportStructure, &ReportsPage::ReportCalls,
                                                &ReportsPage::ReportDeaths};
@@ -324,7 +323,10 @@ ReportsPage::ReportsPage(QWidget* parent) : QWidget(parent), frame_(new QGroupBo
 }
 
 void ReportsPage::Texte() {
-    Title(frame_, QStringLiteral("Reports"));
+    Title(frame_, TextNr(Text::Reports));
+    constexpr Text names[] = {Text::StructureReports, Text::CallsReports, Text::DeathsReport};
+    for (std::size_t nr = 0; nr < reports_.size(); ++nr)
+        reports_[nr]->setText(TextNr(names[nr]) + QChar(0x2026));
     for (QPushButton* report : reports_)
         report->setToolTip(report->isEnabled() ? QString() : TextNr(Text::OpenProjectFirst));
 }

@@ -17,7 +17,8 @@ namespace {
 enum Column { ColumnLabel, ColumnValue, ColumnCount };
 
 QString CellText(const PropertyCell& cell) {
-    return cell.text != Text::None ? TextNr(cell.text) : ToQString(cell.bytes);
+    const QString text = TextNr(cell.text);
+    return text.isEmpty() ? ToQString(cell.bytes) : text;
 }
 
 }  // namespace

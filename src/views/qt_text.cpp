@@ -26,8 +26,27 @@ QString TextNr(Text text) {
     return LanguageText(gText.TextNr(text));
 }
 
+namespace {
+
+bool IsGerman() {
+    return gText.Language == "german";
+}
+
+QLocale OwnLocale() {
+    return {IsGerman() ? QLocale::German : QLocale::English};
+}
+
+}  // namespace
+
 QString NumberText(qlonglong number) {
     return QString::fromStdString(Utf8Number(number));
+}
+
+QString ShareText(qlonglong part, qlonglong whole) {
+    if (whole == 0)
+        return {};
+    const QString share = OwnLocale().toString(100.0 * static_cast<double>(part) / static_cast<double>(whole), 'f', 1);
+    return share + (IsGerman() ? QStringLiteral("\u00A0%") : QStringLiteral("%"));
 }
 
 QString ToPath(std::string_view path) {
@@ -38,7 +57,7 @@ std::string FromPath(const QString& path) {
     return QFile::encodeName(path).toStdString();
 }
 
-QString TextNr(Text text, const QString& first, const QString& second) {
+QString TextNr(Text text, const QString& first, const QString& second, const QString& third) {
     // Not QString::arg, which complains about a text without places, as all are when the language file is missing.
     const QString whole = TextNr(text);
     QString filled;
@@ -48,6 +67,8 @@ QString TextNr(Text text, const QString& first, const QString& second) {
             filled += first;
         else if (isPlace && whole[at + 1] == QLatin1Char('2'))
             filled += second;
+        else if (isPlace && whole[at + 1] == QLatin1Char('3'))
+            filled += third;
         else {
             filled += whole[at];
             continue;
@@ -60,7 +81,6 @@ QString TextNr(Text text, const QString& first, const QString& second) {
 void SpeakOwnLanguage() {
     static QTranslator texts;
     QCoreApplication::removeTranslator(&texts);
-    if (gText.Language == "german" &&
-        texts.load(QStringLiteral("qtbase_de"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+    if (IsGerman() && texts.load(QStringLiteral("qtbase_de"), QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
         QCoreApplication::installTranslator(&texts);
 }

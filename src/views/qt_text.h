@@ -13,13 +13,16 @@
 [[nodiscard]] std::string FromQString(const QString& text);
 /// A text of the language files, which are Windows-1252 whatever the code page of the sources is.
 [[nodiscard]] QString TextNr(Text text);
-/// The same with what belongs in the place of its "%1" and "%2".
-[[nodiscard]] QString TextNr(Text text, const QString& first, const QString& second = {});
+/// The same with what belongs in the place of its "%1", "%2" and "%3".
+[[nodiscard]] QString TextNr(Text text, const QString& first, const QString& second = {}, const QString& third = {});
 /// A text of the language files that comes through a port.
 [[nodiscard]] QString LanguageText(std::string_view bytes);
 
 /// A number with the separators of the program's language.
 [[nodiscard]] QString NumberText(qlonglong number);
+
+/// A part of a whole with one decimal: "4.3%"; empty for a whole of 0.
+[[nodiscard]] QString ShareText(qlonglong part, qlonglong whole);
 
 /// A path of the program as Qt has it, and back: the bytes of the file system.
 [[nodiscard]] QString ToPath(std::string_view path);

@@ -4,6 +4,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 
+#include "display/fixed_texts.h"
 #include "shell/program.h"
 #include "views/dialogs.h"
 #include "views/qt_text.h"
@@ -76,7 +77,7 @@ bool MissingFileQuestion::Ask(std::string_view text, int moreMissing) {
         return false;
     }
     QMessageBox box(DialogParent(window_));
-    box.setText(ToQString(text));
+    box.setText(QString::fromStdString(ShownText(text)));
     auto* forAll = new QCheckBox(TextNr(Text::SameAnswerForAll));
     if (!isLast) {
         box.setInformativeText(TextNr(Text::FurtherMissingFiles) + QStringLiteral(": ") + NumberText(moreMissing));

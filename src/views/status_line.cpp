@@ -69,7 +69,7 @@ void StatusLine::ShowCounts(const clsProjekt* projekt, bool callsRead) {
         const QString none(QChar(0x2013));
         texts = {WithValue(Text::TimeForStructure, TimeText(projekt->TimeForStructure)),
                  WithValue(Text::TimeForCalls, callsRead ? TimeText(projekt->TimeForCalls) : none),
-                 WithValue(Text::Modules, NumberText(projekt->CountAllModules())),
+                 WithValue(Text::AllModules, NumberText(projekt->CountAllModules())),
                  WithValue(Text::CodeLines, NumberText(projekt->AnzCodeZeilen)),
                  WithValue(Text::CommentLines, NumberText(projekt->AnzCommentZeilen)),
                  WithValue(Text::BlankLines, NumberText(projekt->AnzBlankZeilen))};

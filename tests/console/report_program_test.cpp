@@ -179,6 +179,25 @@ TEST_F(ReportProgram, KindsOfReportsAreThoseNamedOrAll) {
     EXPECT_THAT(dir_.Bytes("P.vbp Deaths.txt"), HasSubstr("\r\nT\tpublic sub\r\n"));
 }
 
+TEST_F(ReportProgram, SummaryIsTheOverviewAndWritesNoReportsOfItsOwn) {
+    CopySample();
+    const auto before = Files("samples");
+    const Outcome run = Run("--summary " + kSample);
+    EXPECT_EQ(run.status, 0);
+    EXPECT_EQ(Files("samples"), before);
+    for (const char* line :
+         {"\n  Start-up object              Sub Main\n", "\n  All modules                         14\n",
+          "\n  Code lines                        2096   86.0 %\n",
+          "\n  Dead objects                        22    6.9 %\n",
+          "\n    frmDesk                          570   27.2 %\n"})
+        EXPECT_THAT(run.out, HasSubstr(line));
+    EXPECT_THAT(Run("--summary --lang german --no-calls " + kSample).out,
+                HasSubstr("\n  Tote Objekte                 Bekannt, sobald die Aufrufe gelesen sind\n"));
+    EXPECT_EQ(Run("--summary --quiet " + kSample).status, 2);
+    Run("--summary --deaths " + kSample);
+    EXPECT_EQ(Files("samples").size(), before.size() + 1);
+}
+
 TEST_F(ReportProgram, CheckLocalsReportsUnusedArguments) {
     WriteProject("Function F(a, b)\nF = a\nEnd Function\n");
     std::map<std::string, Json> objects;

@@ -45,24 +45,23 @@ TEST_F(Hover, ShowsKindDeclarationOwnerNeighboursAndLines) {
     locals.Look(ProcedureAt("m.main"));
     EXPECT_EQ(Of("m.work"),
               "private function M.Work|Private Function Work(x As T, ByVal n As Long) As Long: End Function|"
-              "Belongs to: module M|Called by: 1 certain, 0 possible|Calls: 0 certain, 0 possible|Uses: 1|"
+              "Belongs to: module M|Called by: 1 Really, 0 May be|Calls: 0 Really, 0 May be|Uses: 1|"
               "Lines: 11\u201312 (2)|Undead: only dead code calls it: M.Main");
     EXPECT_EQ(Of("m.main"),
-              "public sub M.Main|Sub Main()|Belongs to: module M|Called by: 0 certain, 0 possible|"
-              "Calls: 2 certain, 1 possible|Uses: 1|Lines: 5\u201310 (6)|Dead: nothing calls or uses it");
+              "public sub M.Main|Sub Main()|Belongs to: module M|Called by: 0 Really, 0 May be|"
+              "Calls: 2 Really, 1 May be|Uses: 1|Lines: 5\u201310 (6)|Dead: nothing calls or uses it");
     EXPECT_EQ(Of("m.c"),
               "public const c|Public Const c As Long = 5|Belongs to: module M|Data type: long|"
-              "Called by: 1 certain, 0 possible|Line: 1");
-    EXPECT_EQ(
-        Of("m.main.x"),
-        "local variable x|Dim x As T|Belongs to: sub Main()|Data type: t|Called by: 1 certain, 0 possible|Line: 6");
+              "Called by: 1 Really, 0 May be|Line: 1");
+    EXPECT_EQ(Of("m.main.x"),
+              "local variable x|Dim x As T|Belongs to: sub Main()|Data type: t|Called by: 1 Really, 0 May be|Line: 6");
     EXPECT_EQ(Of("m.t [type]"),
               "public type M.T [Type]|Public Type T|Belongs to: module M|Used by: 2|Lines: 2\u20134 (3)|"
               "Dead: nothing calls or uses it");
     EXPECT_EQ(Of("c"), "class C|p/C.cls|Used by: 0|Lines: 3, Code lines: 2");
     EXPECT_EQ(Of("c.go"),
-              "public sub C.Go|Sub Go()|Belongs to: class C|Called by: 0 certain, 1 possible|"
-              "Calls: 0 certain, 0 possible|Lines: 1\u20132 (2)");
+              "public sub C.Go|Sub Go()|Belongs to: class C|Called by: 0 Really, 1 May be|"
+              "Calls: 0 Really, 0 May be|Lines: 1\u20132 (2)");
 }
 
 TEST_F(Hover, SaysWhyProceduresAreUndead) {
@@ -117,13 +116,13 @@ TEST_F(Hover, CallsBetweenTwoObjectsAreCounted) {
     Analyse();
     const CodeObject& caller = ObjectAt("m.s");
     const CodeObject& target = ObjectAt("m.t");
-    EXPECT_EQ(CallsText(caller, target, CallType::Really), "2 certain, first in line: 2");
-    EXPECT_EQ(CallsText(ModuleOf("m"), target, CallType::Really), "2 certain, first in line: 2");
+    EXPECT_EQ(CallsText(caller, target, CallType::Really), "2 Really, first in line: 2");
+    EXPECT_EQ(CallsText(ModuleOf("m"), target, CallType::Really), "2 Really, first in line: 2");
     EXPECT_EQ(CallsText(caller, target, CallType::MayBe), "");
-    EXPECT_EQ(CallsText(caller, ObjectAt("c.go"), CallType::MayBe), "1 possible, first in line: 4");
+    EXPECT_EQ(CallsText(caller, ObjectAt("c.go"), CallType::MayBe), "1 May be, first in line: 4");
     // A use of the form's implicit instance counts as a call of the form.
-    EXPECT_THAT(Of("f"), testing::HasSubstr("|Called by: 1 certain, 0 possible|"));
-    EXPECT_EQ(CallsText(ModuleOf("m"), ModuleOf("f"), CallType::Really), "1 certain, first in line: 5");
+    EXPECT_THAT(Of("f"), testing::HasSubstr("|Called by: 1 Really, 0 May be|"));
+    EXPECT_EQ(CallsText(ModuleOf("m"), ModuleOf("f"), CallType::Really), "1 Really, first in line: 5");
 }
 
 TEST_F(Hover, IsUtf8WhateverTheSourceIsAndCutsLongLines) {

@@ -22,6 +22,7 @@
 #include "views/frm_main.h"
 #include "views/main_panes.h"
 #include "views/mnemonics.h"
+#include "views/overview_row.h"
 #include "views/path_line.h"
 #include "views/properties_grid.h"
 #include "views/qt_text.h"
@@ -141,6 +142,11 @@ TEST_F(AccessibleWindow, LettersAreGivenAsLongAsThereAreAny) {
 
 TEST_F(AccessibleWindow, TabVisitsEveryPaneAndLeavesTheCode) {
     window_->OpenProject(kSample);
+    QApplication::processEvents();
+    const auto overview = Round();
+    for (const OverviewRow* row : window_->findChildren<OverviewRow*>())
+        EXPECT_EQ(overview.contains(row), row->isEnabled()) << row->accessibleName().toStdString();
+    window_->ActivateKey("modmain");
     for (const bool calls : {false, true}) {
         SCOPED_TRACE(calls ? "calls" : "content");
         if (calls)

@@ -30,7 +30,10 @@
 #include "views/fold_splitter.h"
 #include "views/frm_optionen.h"
 #include "views/frm_progress.h"
+#include "views/frm_reports.h"
 #include "views/main_panes.h"
+#include "views/overview_pane.h"
+#include "views/overview_table.h"
 #include "views/path_line.h"
 #include "views/problems_list.h"
 #include "views/properties_grid.h"
@@ -76,6 +79,18 @@ protected:
         });
         timer->start(1);
     }
+    /// Does something in the question before reports once it appears.
+    void InReports(std::function<void(frmReports&)> what) {
+        auto* timer = new QTimer(window_.get());
+        QObject::connect(timer, &QTimer::timeout, timer, [timer, what = std::move(what)] {
+            if (auto* dialog = qobject_cast<frmReports*>(QApplication::activeModalWidget())) {
+                timer->deleteLater();
+                what(*dialog);
+            }
+        });
+        timer->start(1);
+    }
+    static QString PlanOf(const frmReports& dialog) { return ChildOf<QLabel>(dialog, "plan").text(); }
     [[nodiscard]] QAction& Command(const char* key) const {
         return *window_->findChild<QAction*>(QString::fromLatin1(key));
     }
@@ -430,11 +445,79 @@ TEST_F(MainWindow, MissingModuleIsCountedAmongTheProblems) {
 
 TEST_F(MainWindow, ReportsSayWhereTheyWereWritten) {
     Open();
-    Command("ReportDeaths").trigger();
     const std::string path = directory_.Path("samples/ToolHire/ToolHire.vbp Deaths.txt");
+    InReports([&](frmReports& dialog) {
+        EXPECT_EQ(PlanOf(dialog), TextNr(Text::OneFileGoesTo, ToPath(directory_.Path("samples/ToolHire"))));
+        ChildOf<QPushButton>(dialog, "cmdWrite").click();
+    });
+    Command("ReportDeaths").trigger();
     EXPECT_TRUE(std::filesystem::exists(path));
     EXPECT_EQ(StatusText(), TextNr(Text::ReportsWritten, ToPath(path)));
     EXPECT_TRUE(window_->TheWorkspace().CallsRead()) << "without its calls every object would look dead";
+}
+
+TEST_F(MainWindow, ReportsAskBeforeTheyAreWrittenAndOfferAFolder) {
+    Open();
+    const auto files = [this] {
+        return std::distance(std::filesystem::recursive_directory_iterator(directory_.Path("samples")), {});
+    };
+    const auto before = files();
+    InReports([&](frmReports& dialog) {
+        EXPECT_EQ(PlanOf(dialog), TextNr(Text::FilesGoToFolders, QStringLiteral("14"), QStringLiteral("2")));
+        QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);  // the safe button is the default
+    });
+    Command("ReportStructure").trigger();
+    EXPECT_EQ(files(), before);
+
+    const QString folder = ToPath(directory_.Path("samples/new/reports"));
+    InReports([&](frmReports& dialog) {
+        ChildOf<QRadioButton>(dialog, "inFolder").click();
+        auto& field = ChildOf<QLineEdit>(dialog, "folder");
+        field.clear();
+        EXPECT_FALSE(ChildOf<QPushButton>(dialog, "cmdWrite").isEnabled());
+        QTest::keyClicks(&field, folder);
+        EXPECT_EQ(PlanOf(dialog), TextNr(Text::FilesGoTo, QStringLiteral("14"), folder));
+        QTest::keyClick(&field, Qt::Key_Return);
+    });
+    Command("ReportStructure").trigger();
+    EXPECT_EQ(files(), before + 2 + 14);
+    EXPECT_EQ(StatusText(), TextNr(Text::ReportsWritten, folder));
+    InReports([&](frmReports& dialog) {  // as it was left
+        EXPECT_TRUE(ChildOf<QRadioButton>(dialog, "inFolder").isChecked());
+        EXPECT_EQ(ChildOf<QLineEdit>(dialog, "folder").text(), folder);
+        EXPECT_TRUE(dialog.findChildren<QLabel*>().last()->text().contains(QStringLiteral("14")));
+        dialog.reject();
+    });
+    Command("ReportStructure").trigger();
+}
+
+TEST_F(MainWindow, MenuAndOptionsNameReportsAlike) {
+    for (const char* language : {"english", "german"}) {
+        Speak(language);
+        window_->frmMainTexte();
+        for (const auto& [command, button] : {std::pair{"ReportStructure", "cmdReportStructure"},
+                                              {"ReportCalls", "cmdReportCalls"},
+                                              {"ReportDeaths", "cmdReportDeaths"}})
+            EXPECT_EQ(Command(command).text().remove(QLatin1Char('&')),
+                      window_->findChild<QPushButton*>(QString::fromLatin1(button))->text().remove(QLatin1Char('&')));
+    }
+}
+
+TEST_F(MainWindow, FixedTextsFollowTheLanguage) {
+    Open();
+    ReadCalls();
+    EXPECT_EQ(StatusText(), QStringLiteral("Calls read: 827 Really, 25 May be, 92 uses."));
+    window_->ActivateKey("modmain.main");
+    const auto firstLabel = [&] {
+        Find<PropertiesGrid>().Show(*window_->TheWorkspace().PropertiesAt(0, 0));
+        return Find<PropertiesGrid>().AsText();
+    };
+    EXPECT_TRUE(firstLabel().contains(QStringLiteral("\nLine\t")));
+    EXPECT_EQ(Command("DeleteObject").text().remove(QLatin1Char('&')), QStringLiteral("Delete Main"));
+    Speak("german");
+    window_->frmMainTexte();
+    EXPECT_TRUE(firstLabel().contains(QStringLiteral("\nZeile\t")));
+    EXPECT_EQ(Command("DeleteObject").text().remove(QLatin1Char('&')), QStringLiteral("Main l\u00f6schen"));
 }
 
 TEST_F(MainWindow, RefreshReadsChangedFilesAndComesBackToThePlace) {
@@ -512,6 +595,76 @@ TEST_F(MainWindow, FailedConditionsGoToTheListOfProblemsFromWhichTheCodeIsReache
     EXPECT_EQ(window_->rtbCode().textCursor().selectedText(), QStringLiteral("#If x( Then"));
     window_->CloseTheProject();
     EXPECT_EQ(list.findChild<QTableView*>()->model()->rowCount(), 0);
+}
+
+TEST_F(MainWindow, OverviewStandsWhereNothingIsSelected) {
+    Open();
+    auto& overview = Find<OverviewPane>();
+    EXPECT_TRUE(overview.isVisible());
+    const auto row = [&](const char* label) -> OverviewRow& {
+        for (OverviewRow* candidate : overview.findChildren<OverviewRow*>())
+            if (candidate->accessibleName().startsWith(QString::fromLatin1(label)))
+                return *candidate;
+        throw std::logic_error(label);
+    };
+    EXPECT_EQ(row("Code lines").accessibleName(), QStringLiteral("Code lines: 2,096, 86.0%"));
+    // The marks of a project just opened come from its structure alone and are no answer.
+    EXPECT_FALSE(row("Dead objects").isEnabled());
+    AnswerNext(QMessageBox::Yes);
+    QTest::mouseClick(&ChildOf<QPushButton>(overview, "readCalls"), Qt::LeftButton);
+    EXPECT_EQ(row("Dead objects").accessibleName(), QStringLiteral("Dead objects: 22, 6.9%"));
+
+    row("Dead objects").setFocus();
+    QTest::keyClick(&row("Dead objects"), Qt::Key_Space);
+    auto& table = ChildOf<OverviewTable>(overview);
+    ASSERT_TRUE(table.isVisible());
+    EXPECT_EQ(table.model()->rowCount(), 22);
+    EXPECT_EQ(window_->focusWidget(), &table);
+    const QString name = table.model()->index(1, OverviewModel::Name).data().toString();
+    QTest::keyClick(&table, Qt::Key_Down);
+    QTest::keyClick(&table, Qt::Key_Return);
+    ASSERT_TRUE(window_->TheWorkspace().Current().CurObject);
+    EXPECT_TRUE(name.endsWith(ToQString(window_->TheWorkspace().Current().CurObject->myNameOrg())));
+    EXPECT_TRUE(window_->rtbCode().isVisible());
+
+    Command("Overview").trigger();
+    EXPECT_TRUE(table.isVisible());  // where it was left
+    EXPECT_TRUE(Command("Overview").isChecked());
+    QTest::keyClick(&table, Qt::Key_Escape);
+    QApplication::processEvents();
+    EXPECT_TRUE(row("Dead objects").isVisible());
+    Command("NavPrev").trigger();
+    EXPECT_TRUE(window_->rtbCode().isVisible());
+    EXPECT_TRUE(Command("ContentCode").isChecked());
+    Command("CloseProject").trigger();
+    EXPECT_TRUE(overview.findChildren<OverviewRow*>().isEmpty());
+}
+
+TEST_F(MainWindow, WholeModuleFoldsTheHeaderOfItsFile) {
+    Open();
+    EXPECT_FALSE(Command("WholeModule").isEnabled());
+    window_->ActivateKey("clstool.init");
+    const QString alone = Code();
+    auto& header = ChildOf<QPushButton>(*window_, "header");
+    EXPECT_FALSE(header.isVisible());
+    Command("WholeModule").trigger();
+    EXPECT_TRUE(Command("WholeModule").isChecked());
+    EXPECT_TRUE(Code().contains(alone));
+    EXPECT_TRUE(Code().startsWith(QStringLiteral("Option Explicit")));
+    EXPECT_EQ(window_->rtbCode().textCursor().selectedText(), QStringLiteral("Init"));
+    EXPECT_TRUE(header.isVisible());
+    EXPECT_EQ(header.accessibleName(), QStringLiteral("Header of the file: 13 lines"));
+    const QString whole = Code();
+    QTest::mouseClick(&header, Qt::LeftButton);
+    EXPECT_TRUE(Code().startsWith(QStringLiteral("VERSION 1.0 CLASS")));
+    EXPECT_TRUE(Code().endsWith(whole));
+    QTest::mouseClick(&header, Qt::LeftButton);
+    EXPECT_EQ(Code(), whole);
+    window_->ActivateKey("modmain.main");  // it holds for every module
+    EXPECT_EQ(header.accessibleName(), QStringLiteral("Header of the file: 1 line"));
+    Command("WholeModule").trigger();
+    EXPECT_FALSE(header.isVisible());
+    EXPECT_TRUE(Code().startsWith(QStringLiteral("Public Sub Main")));
 }
 
 }  // namespace

@@ -1,0 +1,136 @@
+#include "views/overview_table.h"
+
+#include <QEvent>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QSortFilterProxyModel>
+
+#include "views/copy_table.h"
+#include "views/qt_text.h"
+
+namespace {
+
+constexpr int kSortRole = Qt::UserRole;
+
+QString FromUtf8(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+}  // namespace
+
+void OverviewModel::Show(std::vector<ListedObject> rows) {
+    beginResetModel();
+    rows_ = std::move(rows);
+    endResetModel();
+}
+
+const ListedObject* OverviewModel::RowAt(const QModelIndex& index) const {
+    const auto row = static_cast<std::size_t>(index.row());
+    return index.isValid() && row < rows_.size() ? &rows_[row] : nullptr;
+}
+
+int OverviewModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+}
+
+int OverviewModel::columnCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : Columns;
+}
+
+QVariant OverviewModel::data(const QModelIndex& index, int role) const {
+    const ListedObject* row = RowAt(index);
+    if (!row)
+        return {};
+    if (role == Qt::TextAlignmentRole)
+        return static_cast<int>((index.column() == Lines ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    if (role == kSortRole && index.column() == Lines)
+        return row->lines;
+    if (role != Qt::DisplayRole && role != Qt::ToolTipRole && role != kSortRole)
+        return {};
+    switch (index.column()) {
+        case Name:
+            return FromUtf8(row->name);
+        case Kind:
+            return FromUtf8(row->kind);
+        case Where:
+            return FromUtf8(row->place);
+        case Lines:
+            return row->lines > 0 ? NumberText(row->lines) : QString();
+        default:
+            return {};
+    }
+}
+
+QVariant OverviewModel::headerData(int section, Qt::Orientation orientation, int role) const {
+    if (orientation != Qt::Horizontal || section < 0 || section >= Columns)
+        return {};
+    if (role == Qt::TextAlignmentRole)
+        return static_cast<int>((section == Lines ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    constexpr Text titles[] = {Text::NameColumn, Text::Kind, Text::Where, Text::Lines};
+    return role == Qt::DisplayRole ? QVariant(TextNr(titles[section])) : QVariant();
+}
+
+OverviewTable::OverviewTable(QWidget* parent)
+    : QTableView(parent), model_(new OverviewModel(this)), sorted_(new QSortFilterProxyModel(this)) {
+    setObjectName(QStringLiteral("overviewTable"));
+    sorted_->setSourceModel(model_);
+    sorted_->setSortCaseSensitivity(Qt::CaseInsensitive);
+    sorted_->setSortRole(kSortRole);
+    setModel(sorted_);
+    setSortingEnabled(true);
+    setSelectionBehavior(QAbstractItemView::SelectRows);
+    setTextElideMode(Qt::ElideMiddle);
+    setWordWrap(false);
+    setTabKeyNavigation(false);
+    setShowGrid(false);
+    setAlternatingRowColors(true);
+    verticalHeader()->hide();
+    verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    horizontalHeader()->setHighlightSections(false);
+    horizontalHeader()->setSectionResizeMode(OverviewModel::Name, QHeaderView::Stretch);
+    horizontalHeader()->setSectionResizeMode(OverviewModel::Where, QHeaderView::Stretch);
+    CopyTableOnCtrlC(*this);
+    FitRows();
+    connect(this, &QTableView::doubleClicked, this, &OverviewTable::Choose);
+}
+
+void OverviewTable::Show(std::vector<ListedObject> rows) {
+    model_->Show(std::move(rows));
+    // In the order of the list until the user clicks a heading.
+    horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    sorted_->sort(-1);
+    resizeColumnToContents(OverviewModel::Kind);
+    resizeColumnToContents(OverviewModel::Lines);
+    scrollToTop();
+    if (sorted_->rowCount() > 0)
+        setCurrentIndex(sorted_->index(0, 0));
+}
+
+void OverviewTable::Texte() {
+    Q_EMIT model_->headerDataChanged(Qt::Horizontal, 0, OverviewModel::Columns - 1);
+}
+
+void OverviewTable::Choose(const QModelIndex& index) {
+    const ListedObject* row = model_->RowAt(sorted_->mapToSource(index));
+    if (row && !row->key.empty())
+        Q_EMIT ObjectChosen(std::string(row->key));  // a copy: the answer may show another list
+}
+
+void OverviewTable::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        Choose(currentIndex());
+    else if (event->key() == Qt::Key_Escape)
+        Q_EMIT Left();
+    else
+        QTableView::keyPressEvent(event);
+}
+
+void OverviewTable::FitRows() {
+    verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
+}
+
+void OverviewTable::changeEvent(QEvent* event) {
+    QTableView::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        FitRows();
+}

@@ -1,0 +1,56 @@
+// The list behind a number of the overview: one line for each object, sorted by a click on a heading.
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QTableView>
+#include <vector>
+
+#include "display/overview_lists.h"
+
+class QSortFilterProxyModel;
+
+class OverviewModel final : public QAbstractTableModel {
+    Q_OBJECT
+
+public:
+    enum Column { Name, Kind, Where, Lines, Columns };
+    using QAbstractTableModel::QAbstractTableModel;
+
+    void Show(std::vector<ListedObject> rows);
+    [[nodiscard]] const ListedObject* RowAt(const QModelIndex& index) const;
+
+    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
+    [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+
+private:
+    std::vector<ListedObject> rows_;
+};
+
+class OverviewTable final : public QTableView {
+    Q_OBJECT
+
+public:
+    explicit OverviewTable(QWidget* parent = nullptr);
+
+    void Show(std::vector<ListedObject> rows);
+    void Texte();
+
+Q_SIGNALS:
+    /// Enter or double click.
+    void ObjectChosen(const std::string& key);
+    /// Esc.
+    void Left();
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void Choose(const QModelIndex& index);
+    void FitRows();
+
+    OverviewModel* model_;
+    QSortFilterProxyModel* sorted_;
+};
