@@ -7,6 +7,7 @@
 
 #include "calls/driver.h"
 #include "console/json_report.h"
+#include "console/library_report.h"
 #include "console/summary.h"
 #include "findings/calls_report.h"
 #include "findings/dead_objects.h"
@@ -16,6 +17,7 @@
 #include "model/clsProzedur.h"
 #include "platform/code_page.h"
 #include "platform/settings_file.h"
+#include "platform/type_library_file.h"
 #include "project/project_file.h"
 #include "project/start.h"
 #include "shell/clsText.h"
@@ -32,6 +34,7 @@ enum ExitStatus { AllWell = 0, Reported = 1, NothingAnalysed = 2 };
 
 struct Options {
     std::string project;
+    std::string library;
     std::string out;
     std::string json;
     std::string settings;
@@ -123,20 +126,58 @@ bool WriteReports(DiskFiles& files, const Options& options, const clsProjekt& pr
     return true;
 }
 
+// Writes JSON to the file or stream of --json; false if that fails.
+template <class Write>
+bool WriteTo(const std::string& path, const Write& write) {
+    if (path == "-") {
+        write(std::cout);
+        return static_cast<bool>(std::cout.flush());
+    }
+    std::ofstream file(path, std::ios::binary);
+    write(file);
+    if (file.flush())
+        return true;
+    std::cerr << path << ": could not be written\n";
+    return false;
+}
+
 bool WriteJsonFile(const Options& options) {
     if (options.json.empty())
         return true;
     const JsonParts parts{!options.noCalls, options.checkLocals};
-    if (options.json == "-") {
-        WriteJson(std::cout, *gProjekt, parts);
-        return static_cast<bool>(std::cout.flush());
+    return WriteTo(options.json, [&](std::ostream& out) { WriteJson(out, *gProjekt, parts); });
+}
+
+// The bytes of a library's file, and which of the libraries in it `path` names.
+struct LibraryBytes {
+    FileBytes file;
+    std::optional<std::uint32_t> resource;
+};
+
+LibraryBytes ReadLibraryBytes(const Files& files, const std::string& path) {
+    LibraryBytes library{files.ReadBytes(path, kMaxLibraryFileBytes), std::nullopt};
+    const LibraryPath split = SplitLibraryPath(path);
+    if (library.file.error != FileError::None && split.resource)
+        library = {files.ReadBytes(split.file, kMaxLibraryFileBytes), split.resource};
+    return library;
+}
+
+int PrintLibrary(const Options& options) {
+    const DiskFiles files;
+    const LibraryBytes bytes = ReadLibraryBytes(files, options.library);
+    if (bytes.file.error != FileError::None) {
+        std::cerr << options.library << ": " << Describe(bytes.file.error) << '\n';
+        return NothingAnalysed;
     }
-    std::ofstream file(options.json, std::ios::binary);
-    WriteJson(file, *gProjekt, parts);
-    if (file.flush())
-        return true;
-    std::cerr << options.json << ": could not be written\n";
-    return false;
+    const TypeLibrary library = ReadTypeLibrary(bytes.file.bytes, bytes.resource);
+    bool isWritten = true;
+    if (!options.json.empty())
+        isWritten = WriteTo(options.json, [&](std::ostream& out) { WriteLibraryJson(out, library); });
+    for (const std::string& problem : library.problems)
+        std::cerr << options.library << ": " << problem << '\n';
+    if (library.types.empty() && !library.problems.empty())
+        return NothingAnalysed;
+    return library.problems.empty() && isWritten ? AllWell : Reported;
 }
 
 int Run(const Options& options) {
@@ -211,7 +252,11 @@ int main(int argc, char** argv) {
     Options options;
     CLI::App app{"Reads a Visual Basic 6 project and reports what it is made of.", "ostrivane-report"};
     app.set_version_flag("--version", "ostrivane-report " + ProgramVersion());
-    app.add_option("PROJECT", options.project, "The project file (.vbp)")->required();
+    auto* project = app.add_option("PROJECT", options.project, "The project file (.vbp)");
+    auto* library =
+        app.add_option("--library", options.library, "Print the contents of a type library, without a project")
+            ->type_name("FILE")
+            ->excludes(project);
     auto* structure = app.add_flag("--structure", options.structure, "Write the structure report of each module");
     auto* calls = app.add_flag("--calls", options.calls, "Write the calls report of each module");
     auto* deaths = app.add_flag("--deaths", options.deaths, "Write the report of what nothing calls");
@@ -237,11 +282,13 @@ int main(int argc, char** argv) {
         "Without a kind of report named, all kinds are written.");
     try {
         app.parse(argc, argv);
+        if (project->empty() && library->empty())
+            throw CLI::RequiredError(project->get_name());
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? AllWell : NothingAnalysed;
     }
     try {
-        const int status = Run(options);
+        const int status = options.library.empty() ? Run(options) : PrintLibrary(options);
         std::cout.flush();
         std::cerr.flush();
         // Skips the destructors: freeing a large project takes time, and the system frees the memory anyway.

@@ -1,0 +1,9 @@
+// One type library by itself, without a project: what `ostrivane-report --library` prints.
+#pragma once
+
+#include <iosfwd>
+
+struct TypeLibrary;
+
+/// Writes `library` as one JSON object in UTF-8; docs/json.md describes it.
+void WriteLibraryJson(std::ostream& out, const TypeLibrary& library);

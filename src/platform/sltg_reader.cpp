@@ -1,0 +1,5 @@
+#include "platform/sltg_reader.h"
+
+void ReadSltg(ByteView /*file*/, LibraryReading& reading) {
+    reading.Broken("SLTG");
+}
