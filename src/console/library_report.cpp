@@ -3,6 +3,8 @@
 #include <nlohmann/json.hpp>
 #include <ostream>
 
+#include "model/clsTypeLib.h"
+#include "platform/code_page.h"
 #include "platform/type_library.h"
 
 namespace {
@@ -90,9 +92,86 @@ Json TypeJson(const TypeLibrary& library, const typelib::Type& type) {
     return json;
 }
 
+std::string Utf8(std::string_view bytes) {
+    return ActiveCodePage().ToUtf8(bytes);
+}
+
+Json VariableJson(const clsTypeLib& library, const clsVariable& variable) {
+    const LibraryDetail& detail = library.DetailOf(variable);
+    Json json = {{"name", Utf8(variable.myNameOrg())},
+                 {"datenTyp", Utf8(variable.DatenTyp())},
+                 {"type", Utf8(detail.shownType.View())}};
+    if (!detail.value.Empty())
+        json["value"] = Utf8(detail.value.View());
+    return json;
+}
+
+Json ProcedureJson(const clsTypeLib& library, const clsProzedur& prozedur) {
+    const LibraryDetail& detail = library.DetailOf(prozedur);
+    Json arguments = Json::array();
+    for (const clsVariable* variable : prozedur.MyVars) {
+        Json argument = VariableJson(library, *variable);
+        argument["optional"] = variable->isOptional;
+        argument["byRef"] = variable->isByRef;
+        if (variable->isParamArray)
+            argument["paramArray"] = true;
+        arguments.push_back(std::move(argument));
+    }
+    return {{"codePath", Utf8(prozedur.CodePathOrg())},
+            {"name", Utf8(prozedur.myNameOrg())},
+            {"kind", prozedur.IsEvent ? "event" : TextOf(prozedur.ProzedurTyp)},
+            {"datenTyp", Utf8(prozedur.DatenTyp())},
+            {"type", Utf8(detail.shownType.View())},
+            {"hidden", detail.isHidden || detail.isRestricted},
+            {"arguments", std::move(arguments)}};
+}
+
+Json ProceduresJson(const clsTypeLib& library, const clsCollection<clsProzedur>& procedures) {
+    Json json = Json::array();
+    for (const clsProzedur* prozedur : procedures)
+        json.push_back(ProcedureJson(library, *prozedur));
+    return json;
+}
+
+Json VariablesJson(const clsTypeLib& library, const clsCollection<clsVariable>& variables) {
+    Json json = Json::array();
+    for (const clsVariable* variable : variables)
+        json.push_back(VariableJson(library, *variable));
+    return json;
+}
+
+Json HeadJson(const CodeObject& object) {
+    return {{"codePath", Utf8(object.CodePathOrg())}, {"name", Utf8(object.myNameOrg())}};
+}
+
+Json ClassesJson(const clsTypeLib& library) {
+    Json classes = Json::array();
+    for (const clsModul* modul : library.myCoClasses) {
+        Json json = HeadJson(*modul);
+        json["kind"] = TextOf(modul->ModulTyp);
+        json["hidden"] = library.DetailOf(*modul).isHidden;
+        json["members"] = ProceduresJson(library, modul->MyProcs);
+        json["events"] = ProceduresJson(library, modul->MyEvents);
+        json["constants"] = VariablesJson(library, modul->MyVars);
+        classes.push_back(std::move(json));
+    }
+    return classes;
+}
+
+template <class Group>
+Json GroupsJson(const clsTypeLib& library, const clsCollection<Group>& groups) {
+    Json all = Json::array();
+    for (const Group* group : groups) {
+        Json json = HeadJson(*group);
+        json["members"] = VariablesJson(library, group->MyVars);
+        all.push_back(std::move(json));
+    }
+    return all;
+}
+
 }  // namespace
 
-void WriteLibraryJson(std::ostream& out, const TypeLibrary& library) {
+void WriteLibraryJson(std::ostream& out, const TypeLibrary& library, const clsTypeLib& objects) {
     Json json = {{"name", library.name},         {"id", library.id},
                  {"version", library.Version()}, {"lcid", library.lcid},
                  {"format", TextOf(library.format)}, {"description", library.description}};
@@ -100,6 +179,9 @@ void WriteLibraryJson(std::ostream& out, const TypeLibrary& library) {
     for (const typelib::Type& type : library.types)
         types.push_back(TypeJson(library, type));
     json["types"] = std::move(types);
+    json["classes"] = ClassesJson(objects);
+    json["enums"] = GroupsJson(objects, objects.myEnums);
+    json["records"] = GroupsJson(objects, objects.myTypes);
     json["problems"] = library.problems;
     // A damaged text can hold any bytes; its page makes characters of all of them, and this of what is left.
     out << json.dump(1, ' ', false, Json::error_handler_t::replace) << '\n';

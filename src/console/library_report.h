@@ -3,7 +3,8 @@
 
 #include <iosfwd>
 
+class clsTypeLib;
 struct TypeLibrary;
 
-/// Writes `library` as one JSON object in UTF-8; docs/json.md describes it.
-void WriteLibraryJson(std::ostream& out, const TypeLibrary& library);
+/// Writes `library`, and the code objects made of it, as one JSON object in UTF-8; docs/json.md describes it.
+void WriteLibraryJson(std::ostream& out, const TypeLibrary& library, const clsTypeLib& objects);

@@ -13,11 +13,12 @@
 #include "findings/dead_objects.h"
 #include "findings/deaths_report.h"
 #include "findings/structure_report.h"
+#include "libraries/library_objects.h"
+#include "libraries/library_page.h"
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
 #include "platform/code_page.h"
 #include "platform/settings_file.h"
-#include "platform/type_library_file.h"
 #include "project/project_file.h"
 #include "project/start.h"
 #include "shell/clsText.h"
@@ -148,31 +149,25 @@ bool WriteJsonFile(const Options& options) {
     return WriteTo(options.json, [&](std::ostream& out) { WriteJson(out, *gProjekt, parts); });
 }
 
-// The bytes of a library's file, and which of the libraries in it `path` names.
-struct LibraryBytes {
-    FileBytes file;
-    std::optional<std::uint32_t> resource;
-};
-
-LibraryBytes ReadLibraryBytes(const Files& files, const std::string& path) {
-    LibraryBytes library{files.ReadBytes(path, kMaxLibraryFileBytes), std::nullopt};
-    const LibraryPath split = SplitLibraryPath(path);
-    if (library.file.error != FileError::None && split.resource)
-        library = {files.ReadBytes(split.file, kMaxLibraryFileBytes), split.resource};
-    return library;
-}
-
 int PrintLibrary(const Options& options) {
-    const DiskFiles files;
-    const LibraryBytes bytes = ReadLibraryBytes(files, options.library);
-    if (bytes.file.error != FileError::None) {
-        std::cerr << options.library << ": " << Describe(bytes.file.error) << '\n';
+    DiskFiles files;
+    const LibraryInFile read = ReadLibraryFile(files, options.library);
+    if (read.error != FileError::None) {
+        std::cerr << options.library << ": " << Describe(read.error) << '\n';
         return NothingAnalysed;
     }
-    const TypeLibrary library = ReadTypeLibrary(bytes.file.bytes, bytes.resource);
+    const TypeLibrary& library = read.library;
     bool isWritten = true;
-    if (!options.json.empty())
-        isWritten = WriteTo(options.json, [&](std::ostream& out) { WriteLibraryJson(out, library); });
+    const LibraryContents contents = ContentsOf(library);
+    if (options.json != "-")
+        std::cout << LibraryPage(library, contents, options.library);
+    if (!options.json.empty()) {
+        clsProjekt projekt(files);
+        clsTypeLib& objects = projekt.NewLibrary();
+        objects.SetName(projekt.TheNames().Intern(projekt.TheNames().Page().FromUtf8(library.name)));
+        ReadInterfaces(projekt, objects, contents);
+        isWritten = WriteTo(options.json, [&](std::ostream& out) { WriteLibraryJson(out, library, objects); });
+    }
     for (const std::string& problem : library.problems)
         std::cerr << options.library << ": " << problem << '\n';
     if (library.types.empty() && !library.problems.empty())

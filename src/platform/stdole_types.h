@@ -14,6 +14,7 @@ struct StdoleType {
     std::string_view name;
     typelib::TypeKind kind = typelib::TypeKind::Interface;
     std::uint16_t aliasOf = typelib::Empty;  // of an alias for a simple type
+    std::string_view shownAs = {};           // the class that shows itself in its place
 };
 
 /// The type of stdole that is imported, or null if it is none of it.

@@ -157,10 +157,8 @@ std::string ReferenceText(const TypeLibrary& library, const TypeReference& refer
     return (file.empty() ? "?" : file) + '.' + (type.id.empty() ? '#' + std::to_string(type.index) : type.id);
 }
 
-std::string TypeText(const TypeLibrary& library, const ValueType& type) {
-    if (type.base == Void)
-        return type.levels.empty() ? std::string() : "Any";
-    std::string text = type.base == UserDefined ? ReferenceText(library, type.reference) : std::string(SimpleTypeText(type.base));
+std::string ArrayText(const ValueType& type) {
+    std::string text;
     for (const TypeLevel& level : type.levels) {
         if (level.kind == Ptr)
             continue;
@@ -173,6 +171,13 @@ std::string TypeText(const TypeLibrary& library, const ValueType& type) {
         text += ')';
     }
     return text;
+}
+
+std::string TypeText(const TypeLibrary& library, const ValueType& type) {
+    if (type.base == Void)
+        return type.levels.empty() ? std::string() : "Any";
+    return (type.base == UserDefined ? ReferenceText(library, type.reference) : std::string(SimpleTypeText(type.base))) +
+           ArrayText(type);
 }
 
 }  // namespace typelib

@@ -210,6 +210,8 @@ namespace typelib {
 [[nodiscard]] std::string TextOf(const Constant& value);
 /// The type as Visual Basic writes it: "Long", "Variant", "stdole.Font"; pointers leave no trace.
 [[nodiscard]] std::string TypeText(const TypeLibrary& library, const ValueType& type);
+/// "(0 To 3)" for an array with bounds, "()" for one without, empty for none.
+[[nodiscard]] std::string ArrayText(const ValueType& type);
 /// The name of a referenced type, with its library for an imported one; "?" if it is not known.
 [[nodiscard]] std::string ReferenceText(const TypeLibrary& library, const TypeReference& reference);
 
