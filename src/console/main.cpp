@@ -7,11 +7,14 @@
 
 #include "calls/driver.h"
 #include "console/json_report.h"
+#include "console/library_report.h"
 #include "console/summary.h"
 #include "findings/calls_report.h"
 #include "findings/dead_objects.h"
 #include "findings/deaths_report.h"
 #include "findings/structure_report.h"
+#include "libraries/library_objects.h"
+#include "libraries/library_page.h"
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
 #include "platform/code_page.h"
@@ -32,6 +35,7 @@ enum ExitStatus { AllWell = 0, Reported = 1, NothingAnalysed = 2 };
 
 struct Options {
     std::string project;
+    std::string library;
     std::string out;
     std::string json;
     std::string settings;
@@ -123,20 +127,52 @@ bool WriteReports(DiskFiles& files, const Options& options, const clsProjekt& pr
     return true;
 }
 
+// Writes JSON to the file or stream of --json; false if that fails.
+template <class Write>
+bool WriteTo(const std::string& path, const Write& write) {
+    if (path == "-") {
+        write(std::cout);
+        return static_cast<bool>(std::cout.flush());
+    }
+    std::ofstream file(path, std::ios::binary);
+    write(file);
+    if (file.flush())
+        return true;
+    std::cerr << path << ": could not be written\n";
+    return false;
+}
+
 bool WriteJsonFile(const Options& options) {
     if (options.json.empty())
         return true;
     const JsonParts parts{!options.noCalls, options.checkLocals};
-    if (options.json == "-") {
-        WriteJson(std::cout, *gProjekt, parts);
-        return static_cast<bool>(std::cout.flush());
+    return WriteTo(options.json, [&](std::ostream& out) { WriteJson(out, *gProjekt, parts); });
+}
+
+int PrintLibrary(const Options& options) {
+    DiskFiles files;
+    const LibraryInFile read = ReadLibraryFile(files, options.library);
+    if (read.error != FileError::None) {
+        std::cerr << options.library << ": " << Describe(read.error) << '\n';
+        return NothingAnalysed;
     }
-    std::ofstream file(options.json, std::ios::binary);
-    WriteJson(file, *gProjekt, parts);
-    if (file.flush())
-        return true;
-    std::cerr << options.json << ": could not be written\n";
-    return false;
+    const TypeLibrary& library = read.library;
+    bool isWritten = true;
+    const LibraryContents contents = ContentsOf(library);
+    if (options.json != "-")
+        std::cout << LibraryPage(library, contents, options.library);
+    if (!options.json.empty()) {
+        clsProjekt projekt(files);
+        clsTypeLib& objects = projekt.NewLibrary();
+        objects.SetName(projekt.TheNames().Intern(projekt.TheNames().Page().FromUtf8(library.name)));
+        ReadInterfaces(projekt, objects, contents);
+        isWritten = WriteTo(options.json, [&](std::ostream& out) { WriteLibraryJson(out, library, objects); });
+    }
+    for (const std::string& problem : library.problems)
+        std::cerr << options.library << ": " << problem << '\n';
+    if (library.types.empty() && !library.problems.empty())
+        return NothingAnalysed;
+    return library.problems.empty() && isWritten ? AllWell : Reported;
 }
 
 int Run(const Options& options) {
@@ -211,7 +247,11 @@ int main(int argc, char** argv) {
     Options options;
     CLI::App app{"Reads a Visual Basic 6 project and reports what it is made of.", "ostrivane-report"};
     app.set_version_flag("--version", "ostrivane-report " + ProgramVersion());
-    app.add_option("PROJECT", options.project, "The project file (.vbp)")->required();
+    auto* project = app.add_option("PROJECT", options.project, "The project file (.vbp)");
+    auto* library =
+        app.add_option("--library", options.library, "Print the contents of a type library, without a project")
+            ->type_name("FILE")
+            ->excludes(project);
     auto* structure = app.add_flag("--structure", options.structure, "Write the structure report of each module");
     auto* calls = app.add_flag("--calls", options.calls, "Write the calls report of each module");
     auto* deaths = app.add_flag("--deaths", options.deaths, "Write the report of what nothing calls");
@@ -237,11 +277,13 @@ int main(int argc, char** argv) {
         "Without a kind of report named, all kinds are written.");
     try {
         app.parse(argc, argv);
+        if (project->empty() && library->empty())
+            throw CLI::RequiredError(project->get_name());
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? AllWell : NothingAnalysed;
     }
     try {
-        const int status = Run(options);
+        const int status = options.library.empty() ? Run(options) : PrintLibrary(options);
         std::cout.flush();
         std::cerr.flush();
         // Skips the destructors: freeing a large project takes time, and the system frees the memory anyway.

@@ -43,7 +43,7 @@ void clsProjekt::CondComps_Win32_Win16(bool win32) {
 }
 
 clsTypeLib& clsProjekt::NewLibrary() {
-    return *libraries_.emplace_back(std::make_unique<clsTypeLib>());
+    return *libraries_.emplace_back(std::make_unique<clsTypeLib>(Memory()));
 }
 
 void clsProjekt::DropDerived() {
@@ -95,7 +95,8 @@ void clsProjekt::MakeIndex() {
     }
     for (const auto& library : libraries_) {
         library->graph = &calls;
-        library->number = objects_++;
+        library->number = objects_;
+        objects_ += library->ObjectCount();
         auto& libraries = library->LibTyp == LibraryKind::Reference ? myProjectReferences : myProjectObjects;
         libraries.AddUnlessPresent(library->NameKey(), library.get());
     }
@@ -194,7 +195,7 @@ CodeObject* clsProjekt::GetObjectFromCodePath(std::string_view codePath) const {
     for (const std::string_view key : {codePath, head}) {
         for (const auto* libraries : {&myProjectObjects, &myProjectReferences})
             if (clsTypeLib* library = libraries->Item(key))
-                return key == codePath ? library : nullptr;
+                return key == codePath ? library : library->Get_Object_From_CodePath(codePath);
         for (const auto* modules : {&Formulare, &Klassenmodule, &Modules, &UserControls})
             if (clsModul* modul = modules->Item(key))
                 return key == codePath ? modul : modul->Get_Object_From_CodePath(codePath);

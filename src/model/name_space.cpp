@@ -82,12 +82,11 @@ bool clsSpaceName::Add(CodeObject& object) {
     return true;
 }
 
-void NameSpace::AddObject(CodeObject& object) {
-    clsSpaceName* entry = Item(object.NameKey());
+void NameSpace::AddObject(Name name, CodeObject& object) {
+    clsSpaceName* entry = Item(name);
     if (!entry) {
-        entry = new (memory_->allocate(sizeof(clsSpaceName), alignof(clsSpaceName)))
-            clsSpaceName(object.NameKey(), memory_);
-        AddNew(object.NameKey(), entry);
+        entry = new (memory_->allocate(sizeof(clsSpaceName), alignof(clsSpaceName))) clsSpaceName(name, memory_);
+        AddNew(name.Lower(), entry);
     }
     entry->Add(object);
 }

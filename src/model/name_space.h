@@ -36,7 +36,9 @@ public:
     explicit NameSpace(std::pmr::memory_resource* memory) : clsCollection(memory), memory_(memory) {}
 
     /// Enters `object` under its name, unless there is an object of the same code path.
-    void AddObject(CodeObject& object);
+    void AddObject(CodeObject& object) { AddObject(object.NameKey(), object); }
+    /// The same under another name that it has.
+    void AddObject(Name name, CodeObject& object);
 
 private:
     std::pmr::memory_resource* memory_;

@@ -51,6 +51,14 @@ FileText MemoryFiles::ReadText(std::string_view path) const {
     return file;
 }
 
+FileBytes MemoryFiles::ReadBytes(std::string_view path, std::size_t most) const {
+    const auto found = files_.find(KeyOf(path));
+    if (found == files_.end())
+        return {{}, IsDirectory(path) ? FileError::IsDirectory : FileError::NotFound};
+    const std::string& bytes = found->second.bytes;
+    return bytes.size() > most ? FileBytes{{}, FileError::TooLarge} : FileBytes{bytes, FileError::None};
+}
+
 FileTime MemoryFiles::DateLastModified(std::string_view path) const {
     const auto found = files_.find(KeyOf(path));
     return found == files_.end() ? 0 : found->second.changed;

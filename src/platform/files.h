@@ -3,6 +3,7 @@
 // contains.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <map>
@@ -27,6 +28,11 @@ struct FileText {
     bool hadOnlyLineFeeds = false;      // every line of the file ended in a lone LF
 };
 
+struct FileBytes {
+    std::string bytes;
+    FileError error = FileError::None;  // any value but None leaves `bytes` empty
+};
+
 // The const functions may be called from several threads at once.
 class Files {
 public:
@@ -36,6 +42,8 @@ public:
     [[nodiscard]] virtual bool FileExists(std::string_view path) const = 0;
     /// Reads a whole text file.
     [[nodiscard]] virtual FileText ReadText(std::string_view path) const = 0;
+    /// Reads a whole file as it is. A file of more than `most` bytes is not read: it is TooLarge.
+    [[nodiscard]] virtual FileBytes ReadBytes(std::string_view path, std::size_t most) const = 0;
     /// Time of the last change, or 0.
     [[nodiscard]] virtual FileTime DateLastModified(std::string_view path) const = 0;
     /// Replaces the content of the file by `bytes`. Writes a temporary file beside it and renames that, so that a crash
@@ -57,6 +65,7 @@ public:
     ~DiskFiles() override;
     [[nodiscard]] bool FileExists(std::string_view path) const override;
     [[nodiscard]] FileText ReadText(std::string_view path) const override;
+    [[nodiscard]] FileBytes ReadBytes(std::string_view path, std::size_t most) const override;
     [[nodiscard]] FileTime DateLastModified(std::string_view path) const override;
     FileError WriteWhole(std::string_view path, std::string_view bytes) override;
     FileError Append(std::string_view path, std::string_view bytes) override;
@@ -75,6 +84,7 @@ public:
     MemoryFiles(std::initializer_list<std::pair<const std::string, std::string>> files);
     [[nodiscard]] bool FileExists(std::string_view path) const override;
     [[nodiscard]] FileText ReadText(std::string_view path) const override;
+    [[nodiscard]] FileBytes ReadBytes(std::string_view path, std::size_t most) const override;
     [[nodiscard]] FileTime DateLastModified(std::string_view path) const override;
     FileError WriteWhole(std::string_view path, std::string_view bytes) override;
     FileError Append(std::string_view path, std::string_view bytes) override;
