@@ -35,6 +35,9 @@ std::optional<std::map<std::string, Values>> PlainlyRead(std::string_view text, 
                           [&](const auto& one) { return one.first == path || one.first.starts_with(path + '\\'); });
             continue;
         }
+        // The keys above it come with it, and stay when it is deleted.
+        for (std::size_t end = path.find('\\', kRoot.size()); end != std::string::npos; end = path.find('\\', end + 1))
+            keys[path.substr(0, end)];
         Values& values = keys[path];
         RegValues lines(key.values, format);
         RegValue value;
