@@ -15,6 +15,7 @@
 #include "findings/structure_report.h"
 #include "libraries/library_objects.h"
 #include "libraries/library_page.h"
+#include "libraries/library_search.h"
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
 #include "platform/code_page.h"
@@ -41,6 +42,10 @@ struct Options {
     std::string settings;
     std::string language;
     std::vector<std::string> defines;
+    std::vector<std::string> libraryFolders;
+    std::vector<std::string> registryFiles;
+    std::string winePrefix;
+    bool noLibraries = false;
     bool structure = false;
     bool calls = false;
     bool deaths = false;
@@ -142,10 +147,10 @@ bool WriteTo(const std::string& path, const Write& write) {
     return false;
 }
 
-bool WriteJsonFile(const Options& options) {
+bool WriteJsonFile(const Options& options, bool libraryFiles) {
     if (options.json.empty())
         return true;
-    const JsonParts parts{!options.noCalls, options.checkLocals};
+    const JsonParts parts{!options.noCalls, options.checkLocals, libraryFiles};
     return WriteTo(options.json, [&](std::ostream& out) { WriteJson(out, *gProjekt, parts); });
 }
 
@@ -175,6 +180,20 @@ int PrintLibrary(const Options& options) {
     return library.problems.empty() && isWritten ? AllWell : Reported;
 }
 
+// The settings file's, with those of the command line in front or, where there is only one, in their place.
+Settings WithOptions(Settings settings, const Options& options) {
+    const auto putInFront = [](std::vector<std::string>& entries, const std::vector<std::string>& given) {
+        entries.insert(entries.begin(), given.begin(), given.end());
+    };
+    putInFront(settings.LibraryFolders, options.libraryFolders);
+    putInFront(settings.RegistryFiles, options.registryFiles);
+    if (!options.winePrefix.empty())
+        settings.WinePrefix = options.winePrefix;
+    if (options.noLibraries)
+        settings.LoadLibs = 0;
+    return settings;
+}
+
 int Run(const Options& options) {
     DiskFiles files;
     const std::string programDirectory = GetAppPathWithSlash();
@@ -184,7 +203,7 @@ int Run(const Options& options) {
         return NothingAnalysed;
     }
     SettingsFile settings(files, gIniFile);
-    const Settings stored = StartProgram(files, settings, nullptr, programDirectory);
+    const Settings stored = WithOptions(StartProgram(files, settings, nullptr, programDirectory), options);
     if (!options.language.empty()) {
         gText.Language = options.language;
         gText.SetLanguage(files, programDirectory);
@@ -212,7 +231,8 @@ int Run(const Options& options) {
     SetProgress(showsProgress ? &progress : nullptr);
     clsQueryTimer timer;
     timer.Start();
-    Projekt_Laden(*gProjekt);
+    LibrarySearch search(files, LibrarySourcesOf(stored, files));
+    Projekt_Laden(*gProjekt, stored.LoadLibs != 0 ? &search : nullptr);
     timer.Halt();
     clsQueryTimer callTimer;
     if (!options.noCalls) {
@@ -228,15 +248,20 @@ int Run(const Options& options) {
     const bool reportsWritten = WriteReports(files, options, *gProjekt);
     const double callMilliseconds = options.noCalls ? -1 : callTimer.LastRun;
     const std::string summary = options.quiet ? std::string() : SummaryText(*gProjekt, timer.LastRun, callMilliseconds);
-    const bool jsonWritten = WriteJsonFile(options);
-    for (const Problem& problem : gProjekt->problems.All())
+    const bool jsonWritten = WriteJsonFile(options, search.Sources().isConfigured);
+    bool hasProblems = false;
+    for (const Problem& problem : gProjekt->problems.All()) {
+        if (problem.isHint)
+            continue;
+        hasProblems = true;
         std::cerr << Shown(problem.subject) << ": " << Shown(problem.text) << " (" << Shown(problem.tag) << ")\n";
+    }
     // With JSON on standard output, nothing else may be written there: another program reads it.
     if (!options.quiet)
         (options.json == "-" ? std::cerr : std::cout) << summary;
     if (gProjekt->OwnedModules().empty())
         std::cerr << options.project << ": lists no module\n";
-    const int status = gProjekt->problems.All().empty() && reportsWritten && jsonWritten ? AllWell : Reported;
+    const int status = !hasProblems && reportsWritten && jsonWritten ? AllWell : Reported;
     std::cout.flush();
     return status;
 }
@@ -271,6 +296,17 @@ int main(int argc, char** argv) {
         ->type_name("NAME=VALUE")
         ->take_all()
         ->expected(1);
+    app.add_option("--library-folder", options.libraryFolders, "Folder with files of referenced libraries")
+        ->type_name("DIR")
+        ->take_all()
+        ->expected(1);
+    app.add_option("--registry", options.registryFiles, "Exported registry file (.reg) that knows the libraries")
+        ->type_name("FILE")
+        ->take_all()
+        ->expected(1);
+    app.add_option("--wine-prefix", options.winePrefix, "Wine prefix that knows the libraries, or none")
+        ->type_name("DIR");
+    app.add_flag("--no-libraries", options.noLibraries, "Do not look for referenced libraries");
     app.add_flag("--quiet", options.quiet, "Neither progress nor summary");
     app.footer(
         "Exit status: 0 all well; 1 analysed, but something was reported; 2 nothing analysed.\n"

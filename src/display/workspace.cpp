@@ -8,6 +8,7 @@
 #include "display/project_tree.h"
 #include "display/tree_marks.h"
 #include "findings/dead_objects.h"
+#include "libraries/library_search.h"
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
 #include "model/clsVariable.h"
@@ -37,6 +38,18 @@ std::vector<NodeId> NodesWhere(const Baum& tree, bool (BaumNode::*property)() co
 Workspace::Workspace(std::unique_ptr<clsProjekt>& projekt, Files& files, const Settings& settings, Ports ports)
     : projekt_(projekt), files_(files), settings_(settings), ports_(std::move(ports)) {}
 
+Workspace::~Workspace() = default;
+
+// Null if the settings leave out the libraries.
+LibrarySearch* Workspace::SearchOfLibraries() {
+    if (settings_.LoadLibs == 0)
+        return nullptr;
+    LibrarySources sources = LibrarySourcesOf(settings_, files_);
+    if (!search_ || search_->Sources() != sources)
+        search_ = std::make_unique<LibrarySearch>(files_, std::move(sources));
+    return search_.get();
+}
+
 bool Workspace::Open(const std::string& path) {
     EndGeneration();
     SetActiveCodePage(CodePage(settings_.CodePage));
@@ -45,7 +58,7 @@ bool Workspace::Open(const std::string& path) {
     projekt_->CondComps_Win32_Win16(settings_.Win32 == 1);
     Timer_Reset(gTimerProjektOeffnen);
     Timer_Start(gTimerProjektOeffnen);
-    ports_.run("Projekt_Laden", true, [this] { Projekt_Laden(*projekt_); });
+    ports_.run("Projekt_Laden", true, [this] { Projekt_Laden(*projekt_, SearchOfLibraries()); });
     Timer_Stop(gTimerProjektOeffnen);
     if (gAbort) {
         Close();

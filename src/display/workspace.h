@@ -19,6 +19,7 @@
 #include "shell/settings.h"
 
 class Files;
+class LibrarySearch;
 class clsProjekt;
 
 class Workspace {
@@ -31,6 +32,7 @@ public:
     };
     /// `projekt` holds the open project, null without one. All references must outlive the workspace.
     Workspace(std::unique_ptr<clsProjekt>& projekt, Files& files, const Settings& settings, Ports ports);
+    ~Workspace();
 
     [[nodiscard]] clsProjekt* Projekt() const { return projekt_.get(); }
     [[nodiscard]] bool CallsRead() const;
@@ -107,6 +109,7 @@ private:
         std::vector<NodeId> expanded, checked;
     };
     [[nodiscard]] Place Here() const;
+    [[nodiscard]] LibrarySearch* SearchOfLibraries();
     void EndGeneration();
     void ForgetObjects();
     void FillTree();
@@ -121,6 +124,7 @@ private:
     Files& files_;
     const Settings& settings_;
     Ports ports_;
+    std::unique_ptr<LibrarySearch> search_;  // stays from project to project, with the registry that it has read
 
     Baum tree_, calledBy_, calls_, collected_;
     Selection selection_;

@@ -390,6 +390,21 @@ FileError DiskFiles::MakeDirectory(std::string_view path) {
     return FileError::None;
 }
 
+std::vector<std::string> DiskFiles::NamesIn(std::string_view directory) const {
+    std::vector<std::string> names;
+    directories_->Try(directory, [&](const std::string& systemPath) {
+        DIR* const stream = opendir(systemPath.c_str());
+        if (!stream)
+            return errno;
+        while (const dirent* entry = readdir(stream))
+            if (const std::string_view name = entry->d_name; name != "." && name != "..")
+                names.emplace_back(name);
+        closedir(stream);
+        return 0;
+    });
+    return names;
+}
+
 std::string DiskFiles::SystemPath(std::string_view path) const {
     return directories_->Resolve(path).path;
 }

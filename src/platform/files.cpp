@@ -2,6 +2,8 @@
 #include "platform/path_names.h"
 #include "platform/text_bytes.h"
 
+#include <algorithm>
+
 std::string_view Describe(FileError error) {
     switch (error) {
         case FileError::None:
@@ -88,6 +90,22 @@ FileError MemoryFiles::Append(std::string_view path, std::string_view bytes) {
 
 FileError MemoryFiles::MakeDirectory(std::string_view path) {
     return FileExists(path) ? FileError::NotWritable : FileError::None;
+}
+
+std::vector<std::string> MemoryFiles::NamesIn(std::string_view directory) const {
+    std::string inside = KeyOf(directory);
+    if (inside == ".")
+        inside.clear();
+    else if (!inside.ends_with('/'))
+        inside += '/';
+    std::vector<std::string> names;
+    for (auto file = files_.lower_bound(inside); file != files_.end() && file->first.starts_with(inside); ++file) {
+        std::string name = file->first.substr(inside.size());
+        name.resize(std::min(name.find('/'), name.size()));
+        if (names.empty() || names.back() != name)
+            names.push_back(std::move(name));
+    }
+    return names;
 }
 
 std::string MemoryFiles::SystemPath(std::string_view path) const {

@@ -11,6 +11,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 enum class FileError { None, NotFound, IsDirectory, NotReadable, TooLarge, NotWritable };
 
@@ -53,6 +54,8 @@ public:
     virtual FileError Append(std::string_view path, std::string_view bytes) = 0;
     /// Creates the directory and its parents; returns None if the directory exists already.
     virtual FileError MakeDirectory(std::string_view path) = 0;
+    /// Names of the files and directories in a directory, in no order; none if it does not exist.
+    [[nodiscard]] virtual std::vector<std::string> NamesIn(std::string_view directory) const = 0;
     /// The path as the operating system spells it, with the letter case found on disk. Parts that do not exist keep
     /// their spelling, with the system's separator.
     [[nodiscard]] virtual std::string SystemPath(std::string_view path) const = 0;
@@ -70,6 +73,7 @@ public:
     FileError WriteWhole(std::string_view path, std::string_view bytes) override;
     FileError Append(std::string_view path, std::string_view bytes) override;
     FileError MakeDirectory(std::string_view path) override;
+    [[nodiscard]] std::vector<std::string> NamesIn(std::string_view directory) const override;
     [[nodiscard]] std::string SystemPath(std::string_view path) const override;
 
 private:
@@ -89,6 +93,7 @@ public:
     FileError WriteWhole(std::string_view path, std::string_view bytes) override;
     FileError Append(std::string_view path, std::string_view bytes) override;
     FileError MakeDirectory(std::string_view path) override;
+    [[nodiscard]] std::vector<std::string> NamesIn(std::string_view directory) const override;
     [[nodiscard]] std::string SystemPath(std::string_view path) const override;
 
     /// The bytes of a file, or an empty text if it does not exist.

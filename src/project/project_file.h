@@ -5,10 +5,12 @@
 #include <string>
 #include <string_view>
 
+class LibrarySearch;
 class clsProjekt;
 
 /// Loads the project at projekt.FullPath. Once gAbort is set, no further module joins it.
-void Projekt_Laden(clsProjekt& projekt);
+/// @param search  finds the files of the libraries; without it they are not sought
+void Projekt_Laden(clsProjekt& projekt, LibrarySearch* search = nullptr);
 
 /// Reads the modules again whose files have changed, and derives the rest again. Asks about a file that no longer
 /// exists, as loading does. Returns the number of changed files.

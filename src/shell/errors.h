@@ -26,6 +26,7 @@ struct Problem {
     std::string tag;
     std::string text;
     std::string subject;
+    bool isHint = false;  // says what would give more; the analysis itself is whole
     bool operator==(const Problem&) const = default;
 };
 

@@ -200,4 +200,12 @@ enum class Text {
     CountUses = 261,
     CountDead = 262,
     CountUndead = 263,
+    LibraryFolders = 264,
+    WinePrefix = 265,
+    RegistryFiles = 266,
+    SeparatedBySemicolons = 267,
+    WinePrefixAutomatic = 268,
+    LibraryMissing = 269,
+    LibraryOtherVersion = 270,
+    RegistryUnreadable = 271,
 };

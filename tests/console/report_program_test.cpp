@@ -11,6 +11,7 @@
 #include "shell/vb_text.h"
 
 using testing::HasSubstr;
+using testing::Not;
 using Json = nlohmann::json;
 
 namespace {
@@ -251,4 +252,28 @@ TEST_F(ReportProgram, SettingsChooseLanguageAndCodePage) {
     EXPECT_THAT(Run("--lang german P.vbp").out, HasSubstr("Klassenmodule"));
     EXPECT_THAT(Run("--settings o.ini P.vbp").out, HasSubstr("Klassenmodule"));
     EXPECT_THAT(Run("--settings o.ini --lang english P.vbp").out, HasSubstr("Class modules"));
+}
+
+TEST_F(ReportProgram, LibrariesAreSoughtWhereTheOptionsSay) {
+    WriteProject("Dim a\n",
+                 "Object={831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0#0; TREE.OCX\n"
+                 "Reference=*\\G{1}#1.0#0#..\\absent.tlb#Absent\n");
+    dir_.Write("libs/tree.ocx", "MZ");
+    // Nothing is reported as long as nobody has said where libraries are.
+    const Json json = RunJson("P.vbp");
+    EXPECT_EQ(json["problems"].size(), 0U);
+    EXPECT_FALSE(json["libraries"][0].contains("file"));
+    EXPECT_EQ(RunJson("--library-folder libs --no-libraries P.vbp")["problems"].size(), 0U);
+
+    const Outcome run = Run("--quiet --no-reports --json j.json --library-folder other --library-folder libs P.vbp");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.err, HasSubstr("absent.tlb into the project's folder or into a folder of LibraryFolders"));
+    const Json sought = Json::parse(dir_.Bytes("j.json"));
+    EXPECT_EQ(sought["libraries"][0]["file"], "libs/tree.ocx");
+    EXPECT_EQ(sought["libraries"][0]["sought"].back()["outcome"], "found");
+    EXPECT_TRUE(sought["libraries"][1]["file"].is_null());
+    EXPECT_EQ(sought["problems"].size(), 1U);
+
+    dir_.Write("o.ini", "[ALLGEMEIN]\nLibraryFolders=none; libs\nLoadLibs=1\n");
+    EXPECT_THAT(Run("--settings o.ini --no-reports P.vbp").err, Not(HasSubstr("tree.ocx")));
 }
