@@ -79,9 +79,18 @@ CodeObject* OwnObject(std::span<CodeObject* const> holders, AccessMode mode) {
     return nullptr;
 }
 
+// The user control of the project or the class of a component. Of several components the last one serves.
 CodeObject* TypeOfControl(const clsProjekt& projekt, const clsControl& control) {
     const Name key = LastPart(control.type, projekt.TheNames());
-    return key.Known() ? projekt.UserControls.Item(key) : nullptr;
+    if (!key.Known())
+        return nullptr;
+    if (clsModul* userControl = projekt.UserControls.Item(key))
+        return userControl;
+    clsModul* found = nullptr;
+    for (const clsTypeLib* component : projekt.myProjectObjects)
+        if (clsModul* oneClass = component->myCoClasses.Item(key))
+            found = oneClass;
+    return found;
 }
 
 }  // namespace

@@ -9,6 +9,7 @@ namespace {
 
 constexpr std::string_view kMissing = "clsTypeLib: FillPropertys (file)";
 constexpr std::string_view kVersion = "clsTypeLib: FillPropertys (version)";
+constexpr std::string_view kBroken = "clsTypeLib: ReadInterfaces";
 constexpr std::string_view kRegistry = "modRegistrySearch: GetAllKeys";
 
 // The file without its folder and the number of a resource.
@@ -66,4 +67,10 @@ void NoteLibraryProblems(clsProjekt& projekt, const LibrarySearch& search) {
     if (!projekt.OwnedLibraries().empty())
         for (const std::string& file : search.TheRegistry().Unreadable())
             add(kRegistry, "The registry file cannot be read.", file);
+}
+
+void NoteBrokenLibrary(clsProjekt& projekt, const clsTypeLib& library, std::string what) {
+    projekt.problems.Add({std::string(kBroken),
+                          "Library " + std::string(library.myNameOrg()) + " is damaged: " + std::move(what),
+                          library.file.path});
 }

@@ -13,3 +13,6 @@ class clsTypeLib;
 /// Adds a problem to the project for each library that was not found or is of a wrong version, and for each registry
 /// file that could not be read. As long as the user has named no source of libraries, they are hints.
 void NoteLibraryProblems(clsProjekt& projekt, const LibrarySearch& search);
+
+/// Adds what is broken in the file of a library; the library holds what could be read.
+void NoteBrokenLibrary(clsProjekt& projekt, const clsTypeLib& library, std::string what);

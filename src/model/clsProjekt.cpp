@@ -103,7 +103,19 @@ void clsProjekt::MakeIndex() {
     for (const clsModul* modul : AllModules())
         for (clsProzedur* prozedur : modul->publicProcedures)
             names.AddObject(*prozedur);
+    // After all names of the project, which win.
+    for (const auto& library : libraries_)
+        AddPublicNames(*library);
     SettleRedims(arrays);
+}
+
+void clsProjekt::AddPublicNames(clsTypeLib& library) {
+    if (library.ObjectCount() == 1)
+        return;
+    index_->names.AddObject(library);
+    for (const clsSpaceName* name : library.PrivNameSpace)
+        for (CodeObject* object : name->Objects())
+            index_->names.AddObject(name->NameKey(), *object);
 }
 
 void clsProjekt::SettleRedims(const clsCollection<clsVariable>& arrays) const {

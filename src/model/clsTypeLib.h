@@ -49,7 +49,8 @@ public:
     std::string VersionIndependentProgID;
     int IconIndex = 0;  // in the file, from 1; 0 for none
 
-    LibraryFile file;  // where it was sought
+    LibraryFile file;          // where it was sought
+    std::string_view format;  // "MSFT", "SLTG"; empty if it was not read
 
     const CallGraph* graph = nullptr;  // of the project
     std::uint32_t number = 0;          // among the objects of the project; those of its contents follow

@@ -16,6 +16,7 @@ class clsSpaceName {
 public:
     clsSpaceName(Name name, std::pmr::memory_resource* memory) : name_(name.Lower()), others_(memory) {}
     [[nodiscard]] std::string_view MyName() const { return name_.View(); }
+    [[nodiscard]] Name NameKey() const { return name_; }
     [[nodiscard]] std::span<CodeObject* const> Objects() const {
         return others_.empty() ? std::span<CodeObject* const>(&first_, first_ ? 1 : 0)
                                : std::span<CodeObject* const>(others_);

@@ -1,7 +1,7 @@
 #include "project/project_file.h"
 
-#include "libraries/library_problems.h"
-#include "libraries/library_search.h"
+#include "libraries/library_loader.h"
+
 #include "libraries/project_entry.h"
 #include "model/clsProjekt.h"
 #include "platform/code_page.h"
@@ -76,9 +76,7 @@ void FindLibraries(clsProjekt& projekt, LibrarySearch& search) {
     search.Begin(projekt.FullPath);
     if (!search.TheRegistry().IsRead())
         gCLSIDKeys = search.TheRegistry().SubKeys(RegistryRoot::ClassesRoot, "CLSID");
-    for (const auto& library : projekt.OwnedLibraries())
-        search.Find(*library);
-    NoteLibraryProblems(projekt, search);
+    LibraryLoader(projekt, search).LoadAll();
 }
 
 void LoadLibraries(clsProjekt& projekt, std::string_view projectText, LibrarySearch* search) {
