@@ -1,9 +1,9 @@
 // The nodes of a tree as plain data: what the trees of the window show, and the operations on it. A widget translates
 // it; tests read it as it is.
 //
-// Nodes are found by kind and key without regard to case; the key of a code object's node is its CodePath. Children of
-// a Sorted node are ordered by text without regard to case, equal texts by entry; all other nodes are in the order of
-// entry.
+// Nodes are found by kind and key without regard to case; the key of a code object's node is that of NodeKeyOf.
+// Children of a Sorted node are ordered by text without regard to case, equal texts by entry; all other nodes are in
+// the order of entry.
 #pragma once
 
 #include <cstdint>

@@ -9,6 +9,7 @@
 
 #include "calls/edges.h"
 #include "display/baum.h"
+#include "display/node_objects.h"
 #include "display/project_tree.h"
 #include "display/tree_checks.h"
 #include "display/tree_marks.h"
@@ -122,12 +123,13 @@ BaumNode* ObtainNode(const CodeObject& object, Baum& tree) {
         return ObtainModule(static_cast<const clsModul&>(object), tree);
     if (object.Class() == ObjectClass::Variable && static_cast<const clsVariable&>(object).isFormInstance)
         return ObtainModule(*object.Modul, tree);
-    if (BaumNode* there = tree.Item(object.CodePath()))
+    std::string key = NodeKeyOf(object);
+    if (BaumNode* there = tree.Item(key))
         return there;
     BaumNode* parent = ObtainParent(object, tree);
     if (!parent)
         return nullptr;
-    BaumNode* node = tree.Add(parent, object.CodePath(), NodeText(object), object.GetImageKey());
+    BaumNode* node = tree.Add(parent, std::move(key), NodeText(object), object.GetImageKey());
     if (!node)  // an object without a name has the path of its parent
         return parent;
     if (object.IsDeath > 0)

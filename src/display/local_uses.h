@@ -1,5 +1,5 @@
 // The places at which procedures name their own arguments and locals. The analysis does not need them, so they are
-// determined when a procedure is shown, and kept until the objects or their edges change.
+// determined when a procedure is shown, and kept for one generation: they follow from the text alone.
 #pragma once
 
 #include <unordered_map>
@@ -15,7 +15,6 @@ public:
     [[nodiscard]] const std::vector<LocalUse>* Known(const clsProzedur& prozedur) const;
     /// How often a local is named; 0 if its procedure was not yet determined.
     [[nodiscard]] int CountOf(const clsVariable& variable) const;
-    void Clear() { known_.clear(); }
 
 private:
     std::unordered_map<const clsProzedur*, std::vector<LocalUse>> known_;

@@ -1,4 +1,4 @@
-// From a node back to its object.
+// From an object to its node and back.
 #pragma once
 
 #include <string>
@@ -10,6 +10,8 @@ class clsProjekt;
 
 /// The code path of an object's node, and for a group that of its module; empty for roots.
 [[nodiscard]] std::string ObjectPathOf(const NodeId& node);
-/// The object of the project with that path: arguments and local variables too, which no name space knows. Those of
-/// the accessors of one property share their keys; the first accessor that has one of the name gives it.
+/// The key of an object's node: its code path, for a local that of its procedure and the name. Paths of locals lack the
+/// accessor, and would be the same for all accessors of a property.
+[[nodiscard]] std::string NodeKeyOf(const CodeObject& object);
+/// The object of the project whose node has that key: arguments and local variables too, which no name space knows.
 [[nodiscard]] CodeObject* ObjectOfNode(const clsProjekt& projekt, const NodeId& node);

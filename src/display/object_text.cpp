@@ -7,6 +7,7 @@
 #include "display/local_uses.h"
 #include "display/object_search.h"
 #include "display/properties.h"
+#include "display/selection.h"
 #include "display/shown_text.h"
 #include "model/clsControl.h"
 #include "model/clsEnum.h"
@@ -227,29 +228,31 @@ std::vector<std::string> ObjectText(const clsProjekt& projekt, const LocalUses& 
     return lines;
 }
 
-std::string CallsText(const clsProjekt& projekt, const CodeObject& caller, const CodeObject& target, CallType type) {
+std::string CallsText(const CodeObject& caller, const CodeObject& target, CallType type) {
+    const bool isModul = caller.Class() == ObjectClass::Modul;
+    const clsModul* const modul = isModul ? static_cast<const clsModul*>(&caller) : caller.Modul;
+    if (!modul || !modul->text)
+        return {};
     int count = 0;
-    const clsCall* first = nullptr;
-    const clsModul* modul = nullptr;
-    const auto look = [&](const IncomingEdges& edges) {
-        for (const clsCall* call : edges) {
-            const clsModul* const from = call->CallProcedure() ? call->CallProcedure()->Modul : call->CallModule();
-            const bool isWanted = call->Type() == type || (type == CallType::Really && call->Type() == CallType::Use);
-            if (!isWanted || !from || (call->CallProcedure() != &caller && from != &caller))
-                continue;
-            ++count;
-            if (!first || call->CallPos < first->CallPos) {
-                first = call;
-                modul = from;
-            }
-        }
+    Pos first = 0;
+    const auto look = [&](const OutgoingEdges& edges) {
+        for (const clsCall* call : edges)
+            if (Reaches(*call, target, type))
+                first = ++count == 1 ? call->CallPos : std::min(first, call->CallPos);
     };
-    look(target.CalledByAll());
-    if (const clsVariable* const instance = InstanceOf(projekt, target))
-        look(instance->CalledByAll());
-    look(target.UsedByAll());
-    if (!first || !modul->text)
+    const auto lookInside = [&](const clsProzedur& prozedur) {
+        look(prozedur.CallsAll());
+        look(prozedur.UsesAll());
+    };
+    if (isModul) {
+        look(modul->CallsInDeclarations());
+        for (const clsProzedur* prozedur : modul->MyProcs)
+            lookInside(*prozedur);
+    } else if (caller.Class() == ObjectClass::Prozedur) {
+        lookInside(static_cast<const clsProzedur&>(caller));
+    }
+    if (count == 0)
         return {};
     return std::to_string(count) + " " + Utf8TextNr(type == CallType::MayBe ? Text::Possible : Text::Certain) + ", " +
-           Labelled(Text::FirstInLine, std::to_string(LineOf(modul->text->ModulTextOrg(), first->CallPos)));
+           Labelled(Text::FirstInLine, std::to_string(LineOf(modul->text->ModulTextOrg(), first)));
 }

@@ -19,5 +19,4 @@ class LocalUses;
 /// A further line for the node of a dependency tree: how many edges of this kind lead from `caller` to `target`, and
 /// the line of the first. A module as caller includes all its procedures and declarations; certain calls include uses.
 /// Empty when there is none.
-[[nodiscard]] std::string CallsText(const clsProjekt& projekt, const CodeObject& caller, const CodeObject& target,
-                                    CallType type);
+[[nodiscard]] std::string CallsText(const CodeObject& caller, const CodeObject& target, CallType type);

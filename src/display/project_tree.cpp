@@ -4,6 +4,7 @@
 #include <array>
 
 #include "display/baum.h"
+#include "display/node_objects.h"
 #include "model/clsControl.h"
 #include "model/clsEnum.h"
 #include "model/clsProjekt.h"
@@ -91,7 +92,7 @@ std::string_view ImageOfLocal(const clsVariable& variable) {
 
 void AddLocals(const clsProzedur& prozedur, BaumNode* owner, Baum& tree) {
     for (const clsVariable* variable : prozedur.MyVars)
-        tree.Add(owner, variable->CodePath(), std::string(variable->myNameOrg()), ImageOfLocal(*variable));
+        tree.Add(owner, NodeKeyOf(*variable), std::string(variable->myNameOrg()), ImageOfLocal(*variable));
 }
 
 // Adds one module with its groups and objects to a tree.

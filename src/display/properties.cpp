@@ -1,5 +1,6 @@
 #include "display/properties.h"
 
+#include "model/clsControl.h"
 #include "model/clsEnum.h"
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
@@ -58,6 +59,17 @@ PropertyRows OfBlock(const CodeObject& block) {
         .Take();
 }
 
+PropertyRows OfControl(const clsControl& control) {
+    return Rows(control.myNameOrg())
+        .Add(Text::DataType, control.DatenTyp())
+        .Add(Text::BelongsTo, OwnerText(control))
+        .Take();
+}
+
+PropertyRows OfLibrary(const clsTypeLib& library) {
+    return Rows(library.myNameOrg()).Add(Text::Kind, TextOf(library.LibTyp)).Take();
+}
+
 }  // namespace
 
 std::string KindAndName(std::string_view kind, std::string_view name) {
@@ -77,7 +89,7 @@ std::string OwnerText(const CodeObject& object) {
     return object.Modul ? KindAndName(TextOf(object.Modul->ModulTyp), object.Modul->myNameOrg()) : std::string();
 }
 
-std::optional<PropertyRows> Anzeigen_Eigenschaften(const CodeObject& object) {
+PropertyRows Anzeigen_Eigenschaften(const CodeObject& object) {
     switch (object.Class()) {
         case ObjectClass::Modul:
             return OfModul(static_cast<const clsModul&>(object));
@@ -89,8 +101,9 @@ std::optional<PropertyRows> Anzeigen_Eigenschaften(const CodeObject& object) {
         case ObjectClass::Enum:
             return OfBlock(object);
         case ObjectClass::Control:
+            return OfControl(static_cast<const clsControl&>(object));
         case ObjectClass::TypeLib:
-            break;
+            return OfLibrary(static_cast<const clsTypeLib&>(object));
     }
     return {};
 }

@@ -1,7 +1,6 @@
 // The rows of the properties grid: facts of an object, or of a place in the code.
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -25,8 +24,8 @@ struct PropertyRow {
 };
 using PropertyRows = std::vector<PropertyRow>;
 
-/// The rows of an object; nothing for controls and libraries, for which the grid stays as it was.
-[[nodiscard]] std::optional<PropertyRows> Anzeigen_Eigenschaften(const CodeObject& object);
+/// The rows of an object.
+[[nodiscard]] PropertyRows Anzeigen_Eigenschaften(const CodeObject& object);
 [[nodiscard]] PropertyRows Anzeigen_Eigenschaften(const clsProjekt& projekt);
 
 /// "module modMain": kind and name, as objects name what they belong to.

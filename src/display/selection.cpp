@@ -22,21 +22,26 @@ T* As(CodeObject* object) {
     return static_cast<T*>(object);
 }
 
+bool IsLocal(const CodeObject& object) {
+    return object.Zugriff == Access::Argument || object.Zugriff == Access::Procedure;
+}
+
 // Whether an edge to `target` counts as an edge to `object`.
 bool StandsFor(const CodeObject& target, const CodeObject& object) {
     if (&target == &object)
         return true;
+    if (object.Class() == ObjectClass::Modul)
+        return target.Modul == &object && !IsLocal(target);
     if (target.Class() != ObjectClass::Variable)
         return false;
     const auto& variable = static_cast<const clsVariable&>(target);
-    return variable.MyType == &object || variable.MyEnum == &object ||
-           (variable.isFormInstance && variable.Modul == &object);
+    return variable.MyType == &object || variable.MyEnum == &object;
 }
 
 Colour ColourOfPlace(const CodeObject& object, const clsCall& call, const clsModul& caller) {
     if (call.Type() == CallType::MayBe)
         return Colour::CallMayBe;
-    if (object.Zugriff == Access::Argument || object.Zugriff == Access::Procedure)
+    if (IsLocal(object))
         return Colour::CallLocal;
     const bool isInside = object.Modul == &caller || &object == &caller;
     return isInside ? Colour::CallIn : Colour::CallOut;
@@ -81,6 +86,25 @@ CodeObject* DeclaredAt(const clsModul& modul, Pos pos) {
         if (IsNameAt(*prozedur, prozedur->NamePos, pos))
             return prozedur;
     return DeclaredAt(modul.MyVars, pos);
+}
+
+// Whose text has the places: not one text shows all of a module.
+const CodeObject& OwnerOfPlaces(const CodeObject& object, CallType type, const CodeObject& caller) {
+    if (caller.Class() != ObjectClass::Modul)
+        return caller;
+    const auto& modul = static_cast<const clsModul&>(caller);
+    const auto hasPlaces = [&](const OutgoingEdges& edges) {
+        for (const clsCall* call : edges)
+            if (Reaches(*call, object, type))
+                return true;
+        return false;
+    };
+    if (hasPlaces(modul.CallsInDeclarations()))
+        return modul;
+    for (const clsProzedur* prozedur : modul.MyProcs)
+        if (hasPlaces(prozedur->CallsAll()) || hasPlaces(prozedur->UsesAll()))
+            return *prozedur;
+    return modul;
 }
 
 template <class Block>
@@ -188,6 +212,11 @@ std::string CodePath_Anzeigen(const Selection& selection) {
     return line;
 }
 
+bool Reaches(const clsCall& call, const CodeObject& object, CallType type) {
+    const bool isOfType = call.Type() == type || (type == CallType::Really && call.Type() == CallType::Use);
+    return isOfType && StandsFor(*call.Parent, object);
+}
+
 std::vector<CodeSpan> SelectCallMe(const CodeObject& object, CallType type, const CodeObject& caller,
                                    const CodeText& shown, const std::vector<LocalUse>& locals) {
     std::vector<CodeSpan> places;
@@ -195,8 +224,7 @@ std::vector<CodeSpan> SelectCallMe(const CodeObject& object, CallType type, cons
     const clsModul& modul = isProzedur ? *caller.Modul : static_cast<const clsModul&>(caller);
     const auto collect = [&](const OutgoingEdges& edges) {
         for (const clsCall* call : edges) {
-            const bool isWanted = call->Type() == type || (type == CallType::Really && call->Type() == CallType::Use);
-            if (!isWanted || !StandsFor(*call->Parent, object))
+            if (!Reaches(*call, object, type))
                 continue;
             if (const auto place = shown.Shown(call->CallPos, Len(call->Parent->MyName())))
                 places.push_back({place->start, place->length, ColourOfPlace(*call->Parent, *call, modul)});
@@ -286,6 +314,15 @@ bool CodePane::ShowOwner(const clsProjekt& projekt, const CodeObject& owner) {
     return !IsShown(prozedur) && ShowText(projekt, prozedur, ShowMe(prozedur, locals_));
 }
 
+const LocalUses& CodePane::LookAtLocals(const clsProzedur& prozedur) {
+    if (!locals_.Known(prozedur)) {
+        locals_.Look(prozedur);
+        if (prozedur.Modul->text && prozedur.Modul->CodePath() != modulWithMap_)
+            prozedur.Modul->text->ReleaseModulText();
+    }
+    return locals_;
+}
+
 // Those of the procedure shown; none for declarations.
 const std::vector<LocalUse>& CodePane::LocalsOf(const CodeObject& owner) const {
     static const std::vector<LocalUse> none;
@@ -343,9 +380,10 @@ CodePane::Change CodePane::Show_Structure(const clsProjekt& projekt, const Selec
 
 CodePane::Change CodePane::SelectCallsOfObject(const clsProjekt& projekt, const CodeObject& object,
                                                const CodeObject& caller, CallType type) {
+    const CodeObject& owner = OwnerOfPlaces(object, type, caller);
     Change change;
-    change.newText = ShowOwner(projekt, caller);
-    change.places = SelectCallMe(object, type, caller, text_, LocalsOf(caller));
+    change.newText = ShowOwner(projekt, owner);
+    change.places = SelectCallMe(object, type, owner, text_, LocalsOf(owner));
     return change;
 }
 

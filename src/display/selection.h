@@ -51,8 +51,11 @@ void SetCalledObject(const clsProjekt& projekt, Selection& selection, const Node
 /// module. Bytes as in the source.
 [[nodiscard]] std::string CodePath_Anzeigen(const Selection& selection);
 
+/// Whether an edge of this kind counts as a call or use of `object`: members count as their type or enumeration, all
+/// that belongs to a module, locals excepted, as the module. A certain call includes uses.
+[[nodiscard]] bool Reaches(const clsCall& call, const CodeObject& object, CallType type);
 /// The places of a certain kind at which `caller`, a procedure or the declarations of a module, calls or uses `object`,
-/// rising; with their colours. Members count as their type or enumeration, the default instance as its form.
+/// rising; with their colours.
 [[nodiscard]] std::vector<CodeSpan> SelectCallMe(const CodeObject& object, CallType type, const CodeObject& caller,
                                                  const CodeText& shown, const std::vector<LocalUse>& locals);
 
@@ -83,8 +86,8 @@ public:
 
     /// What rtbCode shows for the current object.
     [[nodiscard]] Change Show_Structure(const clsProjekt& projekt, const Selection& selection);
-    /// The places where `caller`, a procedure or a module with its declarations, calls or uses `object`; its text comes
-    /// up when it is not the one shown. Certain places include uses.
+    /// The places where `caller`, a procedure or a module, calls or uses `object`; its text comes up when it is not the
+    /// one shown. That of a module is its declarations, or its first procedure with such places if they have none.
     [[nodiscard]] Change SelectCallsOfObject(const clsProjekt& projekt, const CodeObject& object,
                                              const CodeObject& caller, CallType type);
 
@@ -103,8 +106,8 @@ public:
     void Forget() { shownPath_.clear(); }
     /// Where the locals of the procedures shown so far are named.
     [[nodiscard]] const LocalUses& Locals() const { return locals_; }
-    /// Procedures count as not yet shown: when the calls are read again.
-    void ForgetLocals() { locals_.Clear(); }
+    /// Determines them for a procedure that may not have been shown in this generation.
+    const LocalUses& LookAtLocals(const clsProzedur& prozedur);
 
 private:
     void Clear();

@@ -1,13 +1,11 @@
 #include "display/tree_checks.h"
 
-#include <algorithm>
 #include <array>
-#include <vector>
+#include <string_view>
 
-#include "display/baum.h"
+#include "display/baum_walk.h"
 #include "display/node_objects.h"
-#include "display/project_tree.h"
-#include "model/clsProjekt.h"
+#include "model/clsModul.h"
 
 namespace {
 
@@ -22,19 +20,12 @@ int TypOf(std::string_view key) {
     return 0;
 }
 
-template <class Object>
-void CheckEach(const clsCollection<Object>& objects, Baum& tree, bool checked) {
-    for (const Object* object : objects)
-        if (BaumNode* node = tree.Item(object->CodePath()))
-            tree.SetChecked(*node, checked);
-}
-
-void CheckAllBelow(Baum& tree, const BaumNode& node) {
+void CheckAllBelow(Baum& tree, const BaumNode& node, bool checked) {
     std::vector<BaumNode*> open = node.ChildNodes();
     while (!open.empty()) {
         BaumNode& below = *open.back();
         open.pop_back();
-        tree.SetChecked(below, node.Checked());
+        tree.SetChecked(below, checked);
         open.insert(open.end(), below.ChildNodes().begin(), below.ChildNodes().end());
     }
 }
@@ -57,89 +48,58 @@ void CheckAbove(Baum& tree, const BaumNode& node) {
 
 }  // namespace
 
-void CheckedObjects::Add(CodeObject& object, std::string path) {
-    if (std::ranges::find(paths_, path) != paths_.end())
-        return;
-    objects_.push_back(&object);
-    paths_.push_back(std::move(path));
-}
-
-void CheckedObjects::Remove(std::string_view path) {
-    const auto found = std::ranges::find(paths_, path);
-    if (found == paths_.end())
-        return;
-    objects_.erase(objects_.begin() + (found - paths_.begin()));
-    paths_.erase(found);
-}
-
-void CheckedObjects::Clear() {
-    objects_.clear();
-    paths_.clear();
-}
-
-void CheckedObjects::Renew(const clsProjekt& projekt) {
-    CheckedObjects found;
-    for (const std::string& path : paths_)
-        if (CodeObject* const object = projekt.GetObjectFromCodePath(path))
-            found.Add(*object, path);
-    *this = std::move(found);
+void CheckedObjects::Add(CodeObject& object) {
+    if (known_.insert(&object).second)
+        objects_.push_back(&object);
 }
 
 bool CheckedObjects::Covers(const CodeObject& object) const {
-    if (paths_.empty())
-        return false;
-    return std::ranges::find(paths_, object.CodePath()) != paths_.end() ||
-           (object.Modul && std::ranges::find(paths_, object.Modul->CodePath()) != paths_.end());
+    const CodeObject* const modul = object.Modul;
+    return known_.contains(&object) || (modul && known_.contains(modul));
 }
 
-CheckAnswer NodeCheck(const clsProjekt& projekt, Baum& tree, BaumNode& node, ContentMode content,
-                      CheckedObjects& checked) {
-    CodeObject* object = nullptr;
-    {
-        const Baum::Filling filling(tree);
-        if (node.Kind() == NodeKind::Root) {
-            Check_ModulTyp(projekt, tree, TypOf(node.Key()), node.Checked());
-        } else {
-            object = node.Kind() == NodeKind::Object ? ObjectOfNode(projekt, node.Id()) : nullptr;
-            if (object && object->Class() == ObjectClass::TypeLib)
-                CheckAllBelow(tree, node);
-        }
-        CheckAbove(tree, node);
-    }
-    if (content == ContentMode::Chart)
-        return {CheckEffect::ShowChart, nullptr};
-    if (object && node.Checked())
-        checked.Add(*object, node.Key());
-    else if (object)
-        checked.Remove(node.Key());
-    return {CheckEffect::ShowGroup, object};
-}
-
-void Check_ModulTyp(const clsProjekt& projekt, Baum& tree, int typ, bool checked) {
-    const Baum::Filling filling(tree);
-    switch (typ) {
-        case 1:
-            return CheckEach(projekt.Formulare, tree, checked);
-        case 2:
-            return CheckEach(projekt.Modules, tree, checked);
-        case 3:
-            return CheckEach(projekt.Klassenmodule, tree, checked);
-        case 4:
-            return CheckEach(projekt.UserControls, tree, checked);
-        case 5:
-            return CheckEach(projekt.myProjectObjects, tree, checked);
-        case 6:
-            return CheckEach(projekt.myProjectReferences, tree, checked);
-        default:
+CheckedObjects CheckedIn(const clsProjekt& projekt, const Baum& tree) {
+    CheckedObjects checked;
+    ForEachNode(tree, [&](const BaumNode& node) {
+        if (!node.Checked() || node.Kind() != NodeKind::Object)
             return;
-    }
+        if (CodeObject* const object = ObjectOfNode(projekt, node.Id()))
+            checked.Add(*object);
+    });
+    return checked;
 }
 
-void Check_All_Modules(const clsProjekt& projekt, Baum& tree, bool checked) {
+void NodeCheck(const clsProjekt& projekt, Baum& tree, BaumNode& node) {
+    const Baum::Filling filling(tree);
+    if (node.Kind() == NodeKind::Root) {
+        Check_ModulTyp(tree, TypOf(node.Key()), node.Checked());
+    } else if (node.Kind() == NodeKind::Object) {
+        const CodeObject* const object = ObjectOfNode(projekt, node.Id());
+        if (object && object->Class() == ObjectClass::TypeLib)
+            CheckAllBelow(tree, node, node.Checked());
+    }
+    CheckAbove(tree, node);
+}
+
+void Check_ModulTyp(Baum& tree, int typ, bool checked) {
+    const bool isKind = typ >= 1 && typ <= static_cast<int>(kTypKeys.size());
+    const BaumNode* const root =
+        isKind ? tree.Item(kTypKeys[static_cast<std::size_t>(typ) - 1], NodeKind::Root) : nullptr;
+    if (!root)
+        return;
+    const Baum::Filling filling(tree);
+    // What is left on below would stay in the group, out of sight in a folded module.
+    if (!checked)
+        return CheckAllBelow(tree, *root, false);
+    for (BaumNode* modul : root->ChildNodes())
+        tree.SetChecked(*modul, true);
+}
+
+void Check_All_Modules(Baum& tree, bool checked) {
     const Baum::Filling filling(tree);
     for (std::size_t i = 0; i < kTypKeys.size(); ++i)
         if (BaumNode* node = tree.Item(kTypKeys[i], NodeKind::Root)) {
             tree.SetChecked(*node, checked);
-            Check_ModulTyp(projekt, tree, static_cast<int>(i) + 1, checked);
+            Check_ModulTyp(tree, static_cast<int>(i) + 1, checked);
         }
 }

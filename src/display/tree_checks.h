@@ -1,48 +1,37 @@
 // The check boxes of the project tree: which objects the dependency trees and the charts are about.
 #pragma once
 
-#include <string>
-#include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "model/code_object.h"
-#include "shell/settings.h"
 
 class Baum;
 class BaumNode;
 class clsProjekt;
 
-/// The objects whose check boxes are on, in the order of checking, each once under its code path.
+/// The objects whose check boxes are on, in the order of the tree. They last for one generation of the project.
 class CheckedObjects {
 public:
-    void Add(CodeObject& object, std::string path);
-    void Remove(std::string_view path);
-    void Clear();
-    /// Finds the objects again by their paths after modules were read again; drops those that no longer exist.
-    void Renew(const clsProjekt& projekt);
+    void Add(CodeObject& object);
     /// Whether an object or its module is checked.
     [[nodiscard]] bool Covers(const CodeObject& object) const;
     [[nodiscard]] const std::vector<CodeObject*>& Objects() const { return objects_; }
+    [[nodiscard]] bool Empty() const { return objects_.empty(); }
 
 private:
     std::vector<CodeObject*> objects_;
-    std::vector<std::string> paths_;  // of each, lower case
+    std::unordered_set<const CodeObject*> known_;
 };
 
-/// The effect of a check.
-enum class CheckEffect { ShowGroup, ShowChart };
-struct CheckAnswer {
-    CheckEffect effect = CheckEffect::ShowGroup;
-    /// The object to become the current one; null for a group, and while the charts are showing.
-    CodeObject* current = nullptr;
-};
+/// Always read off the tree, so that nothing is checked that does not look so.
+[[nodiscard]] CheckedObjects CheckedIn(const clsProjekt& projekt, const Baum& tree);
 
-/// After the user has checked or unchecked `node`: passes its mark on to what belongs to it and to those above, and
-/// files its object in `checked`, unless the charts are showing.
-CheckAnswer NodeCheck(const clsProjekt& projekt, Baum& tree, BaumNode& node, ContentMode content,
-                      CheckedObjects& checked);
+/// After the user has checked or unchecked `node`: passes its mark on to what belongs to it and to those above.
+void NodeCheck(const clsProjekt& projekt, Baum& tree, BaumNode& node);
 
-/// Every module or library of a kind: 1 form, 2 module, 3 class, 4 usercontrol, 5 component, 6 reference.
-void Check_ModulTyp(const clsProjekt& projekt, Baum& tree, int typ, bool checked);
+/// Every module or library of a kind: 1 form, 2 module, 3 class, 4 usercontrol, 5 component, 6 reference. Unchecking
+/// includes all that they contain.
+void Check_ModulTyp(Baum& tree, int typ, bool checked);
 /// All of them, with the nodes of the kinds.
-void Check_All_Modules(const clsProjekt& projekt, Baum& tree, bool checked);
+void Check_All_Modules(Baum& tree, bool checked);

@@ -2,6 +2,7 @@
 
 #include "display/baum.h"
 #include "display/local_uses.h"
+#include "display/node_objects.h"
 #include "model/clsEnum.h"
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
@@ -66,7 +67,7 @@ void Tote_Objekte_Markieren(const clsProzedur& prozedur, const LocalUses& locals
     // procedure.
     const bool isConst = prozedur.DatenTyp().starts_with("const");
     for (const clsVariable* variable : prozedur.MyVars) {
-        BaumNode* node = tree.Item(variable->CodePath());
+        BaumNode* node = tree.Item(NodeKeyOf(*variable));
         if (!node)
             continue;
         if (locals.CountOf(*variable) != 0) {

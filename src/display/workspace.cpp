@@ -53,14 +53,14 @@ LibrarySearch* Workspace::SearchOfLibraries() {
 bool Workspace::Open(const std::string& path) {
     EndGeneration();
     SetActiveCodePage(CodePage(settings_.CodePage));
-    gAbort = false;
     NewProject(files_, path);
     projekt_->CondComps_Win32_Win16(settings_.Win32 == 1);
     Timer_Reset(gTimerProjektOeffnen);
     Timer_Start(gTimerProjektOeffnen);
-    ports_.run("Projekt_Laden", true, [this] { Projekt_Laden(*projekt_, SearchOfLibraries()); });
+    const bool isWhole =
+        ports_.run("Projekt_Laden", true, [this] { Projekt_Laden(*projekt_, SearchOfLibraries()); });
     Timer_Stop(gTimerProjektOeffnen);
-    if (gAbort) {
+    if (!isWhole) {
         Close();
         return false;
     }
@@ -83,21 +83,21 @@ void Workspace::Close() {
     CloseProject();
 }
 
-// Drops everything that refers to objects. Checked objects are found again by their paths.
+// Drops everything that refers to objects.
 void Workspace::ForgetObjects() {
     selection_ = {};
-    last_ = {};
     neighbours_ = {};
     code_ = {};
     calledBy_.Clear();
     calls_.Clear();
-    if (projekt_)
-        checked_.Renew(*projekt_);
+    checked_ = {};
     ports_.ends();
 }
 
 void Workspace::EndGeneration() {
-    checked_.Clear();
+    current_.reset();
+    localsShown_.clear();
+    groupShown_ = false;
     navigation_.Clear();
     tree_.Clear();
     collected_.Clear();
@@ -106,14 +106,13 @@ void Workspace::EndGeneration() {
 
 std::optional<Workspace::CallCounts> Workspace::ReadCalls() {
     ports_.run("Remove_All_Calls", false, [this] { Remove_All_Calls(*projekt_); });
-    ports_.run("Who_Calls_Who", true, [this] { Who_Calls_Who(*projekt_); });
+    const bool isWhole = ports_.run("Who_Calls_Who", true, [this] { Who_Calls_Who(*projekt_); });
     code_.Forget();
-    code_.ForgetLocals();
-    last_ = {};
-    if (gAbort)
-        return {};
-    Tote_Untote_Kennzeichnen(*projekt_);
+    if (isWhole)
+        Tote_Untote_Kennzeichnen(*projekt_);
     Tote_Objekte_Markieren(*projekt_, tree_);
+    if (!isWhole)
+        return {};
     CallCounts counts;
     projekt_->calls.ForEach(
         [&](const clsCall& call) { ++(call.Type() == CallType::MayBe ? counts.possible : counts.certain); });
@@ -138,16 +137,15 @@ Workspace::Place Workspace::Here() const {
 
 void Workspace::OptionsApplied() {
     code_.Forget();
-    last_ = {};
-    if (projekt_ && localsShown_ != (settings_.ProcVars != 0))
+    if (projekt_ && treeHasLocals_ != (settings_.ProcVars != 0))
         RefillTree();
 }
 
 void Workspace::FillTree() {
-    localsShown_ = settings_.ProcVars != 0;
+    treeHasLocals_ = settings_.ProcVars != 0;
     ports_.run("ProjektStruktur_Anzeigen", false, [this] {
         gProgress().Label(gText.TextNr(Text::BuildingTree));
-        ProjektStruktur_Anzeigen(*projekt_, tree_, localsShown_);
+        ProjektStruktur_Anzeigen(*projekt_, tree_, treeHasLocals_);
     });
 }
 
@@ -158,40 +156,58 @@ void Workspace::RefillTree() {
         tree_.Clear();
         FillTree();
         Tote_Objekte_Markieren(*projekt_, tree_);
+        for (const std::string& path : localsShown_)
+            if (const CodeObject* object = ObjectOfNode(*projekt_, path);
+                object && object->Class() == ObjectClass::Prozedur)
+                MarkLocals(static_cast<const clsProzedur&>(*object));
         for (const NodeId& id : place.checked)
             if (BaumNode* node = tree_.Find(id))
                 tree_.SetChecked(*node, true);
     }
+    RenewChecked();
     for (const NodeId& id : place.expanded)
         if (BaumNode* node = tree_.Find(id))
             tree_.SetExpanded(*node, true);
-    if (BaumNode* node = tree_.Find(place.selected))
-        tree_.Select(node);
+    BaumNode* selected = tree_.Find(place.selected);
+    // A local may have no node any more; its procedure has.
+    if (!selected && ObjectOfNode(*projekt_, place.selected))
+        selected = tree_.Item(std::string_view(place.selected.key).substr(0, place.selected.key.rfind('.')));
+    if (selected)
+        tree_.Select(selected);
 }
 
 std::optional<Workspace::Shown> Workspace::Activate(const NodeId& id) {
-    BaumNode* const node = projekt_ ? tree_.Find(id) : nullptr;
+    BaumNode* const node = projekt_ && id.kind == NodeKind::Object ? tree_.Find(id) : nullptr;
     if (!node)
         return {};
-    tree_.EnsureVisible(*node);
-    tree_.Select(node);
-    Set_GlobalObjects_fromNode(*projekt_, selection_, node->Id());
+    const LastCodePaths last = Set_LastObjects(selection_);
+    Shown shown = MakeCurrent(*node);
+    if (groupShown_ || NeedsDependencies(selection_, last))
+        ShowDependencies();
+    return shown;
+}
+
+Workspace::Shown Workspace::MakeCurrent(BaumNode& node) {
+    tree_.EnsureVisible(node);
+    tree_.Select(&node);
+    current_ = node.Id();
+    Set_GlobalObjects_fromNode(*projekt_, selection_, *current_);
+    navigation_.AddNavCodeKey(*current_);
+    return ShowCurrent();
+}
+
+Workspace::Shown Workspace::ShowCurrent() {
     Shown shown;
     shown.code = code_.Show_Structure(*projekt_, selection_);
-    MarkLocals(shown.code);
+    MarkLocalsShown(shown.code);
     neighbours_ = Activate_Dependencies(*projekt_, selection_.CurObject);
     if (selection_.CurObject)
         shown.properties = Anzeigen_Eigenschaften(*selection_.CurObject);
-    if (!selection_.CurObject) {
-        calledBy_.Clear();
-        calls_.Clear();
-    } else if (NeedsDependencies(selection_, last_)) {
-        ShowDependencies();
-    }
     shown.path = CodePath_Anzeigen(selection_);
-    shown.image = node->Image();
-    last_ = Set_LastObjects(selection_);
-    navigation_.AddNavCodeKey(node->Id());
+    if (const BaumNode* node = tree_.Find(*current_))
+        shown.image = node->Image();
+    else if (selection_.CurObject)
+        shown.image = selection_.CurObject->GetImageKey();
     return shown;
 }
 
@@ -199,17 +215,26 @@ std::optional<Workspace::Shown> Workspace::ShowAgain() {
     if (!projekt_)
         return {};
     std::optional<Shown> shown;
-    if (const BaumNode* node = tree_.Selected())
-        shown = Activate(node->Id());
-    if (!checked_.Objects().empty())
-        ShowGroup();
+    if (current_ && ObjectOfNode(*projekt_, *current_)) {
+        Set_GlobalObjects_fromNode(*projekt_, selection_, *current_);
+        shown = ShowCurrent();
+    }
+    ShowNeighbours();
     return shown;
 }
 
-// Uses of locals are determined when a procedure is shown, so its locals get their marks in the tree only now.
-void Workspace::MarkLocals(const CodePane::Change& change) {
-    if (change.newText && code_.Text().localsChecked && selection_.CurProc)
-        Tote_Objekte_Markieren(*selection_.CurProc, code_.Locals(), tree_);
+// Uses of locals are determined when a procedure is shown, so its locals get their marks in the tree only now. The text
+// need not be that of the current object: a caller's text comes up too.
+void Workspace::MarkLocalsShown(const CodePane::Change& change) {
+    const CodeObject* const owner =
+        change.newText && code_.Text().localsChecked ? ObjectOfNode(*projekt_, code_.ShownPath()) : nullptr;
+    if (owner && owner->Class() == ObjectClass::Prozedur && localsShown_.insert(code_.ShownPath()).second)
+        MarkLocals(static_cast<const clsProzedur&>(*owner));
+}
+
+void Workspace::MarkLocals(const clsProzedur& prozedur) {
+    if (treeHasLocals_)
+        Tote_Objekte_Markieren(prozedur, code_.LookAtLocals(prozedur), tree_);
 }
 
 CodeObject* Workspace::ProcedureOrCurrent() const {
@@ -220,19 +245,31 @@ CallType Workspace::TypeShown(bool isCaller) const {
     return MayBe(!isCaller) ? CallType::MayBe : CallType::Really;
 }
 
+// The object that has this neighbour: the current one, or the first such of the group.
+const CodeObject* Workspace::OwnerOfNeighbour(const CodeObject& neighbour, bool isCaller) const {
+    const auto isNeighbourOf = [&](const CodeObject& own) {
+        const CallType type = TypeShown(isCaller);
+        return !(isCaller ? CallsText(neighbour, own, type) : CallsText(own, neighbour, type)).empty();
+    };
+    if (groupShown_)
+        for (const CodeObject* checked : checked_.Objects())
+            if (isNeighbourOf(*checked))
+                return checked;
+    return ProcedureOrCurrent();
+}
+
 std::optional<CodePane::Change> Workspace::SelectCallsOfObject(const BaumNode& node, bool isCaller) {
-    if (!projekt_ || !ObjectOf(node) || !selection_.CurObject)
+    const CodeObject* const clicked = ObjectOf(node);
+    const CodeObject* const own = clicked ? OwnerOfNeighbour(*clicked, isCaller) : nullptr;
+    if (!own)
         return {};
     SetCalledObject(*projekt_, selection_, node.Id());
-    const CodeObject& clicked = *selection_.CalledObject;
-    const CodeObject* const caller =
-        selection_.CurProc ? static_cast<const CodeObject*>(selection_.CurProc) : selection_.CurModule;
-    if (!isCaller && !caller)
+    const CodeObject& caller = isCaller ? *clicked : *own;
+    if (caller.Class() != ObjectClass::Prozedur && caller.Class() != ObjectClass::Modul)
         return {};
     const CodePane::Change change =
-        isCaller ? code_.SelectCallsOfObject(*projekt_, *ProcedureOrCurrent(), clicked, TypeShown(true))
-                 : code_.SelectCallsOfObject(*projekt_, clicked, *caller, TypeShown(false));
-    MarkLocals(change);
+        code_.SelectCallsOfObject(*projekt_, isCaller ? *own : *clicked, caller, TypeShown(isCaller));
+    MarkLocalsShown(change);
     return change;
 }
 
@@ -240,49 +277,79 @@ std::string Workspace::KeyClicked(Pos selStart, Pos selLength) {
     navigation_.NoteSelection(selStart, selLength);
     const CodeObject* const object =
         projekt_ ? code_.ObjectClicked(*projekt_, selection_, selStart, selLength) : nullptr;
-    return object ? object->CodePath() : std::string();
+    return object ? NodeKeyOf(*object) : std::string();
+}
+
+void Workspace::SetCheckBoxes(bool shown) {
+    checkBoxes_ = shown;
+    RenewChecked();
+    ShowNeighbours();
+}
+
+void Workspace::RenewChecked() {
+    checked_ = checkBoxes_ && projekt_ ? CheckedIn(*projekt_, tree_) : CheckedObjects();
+    groupShown_ = groupShown_ && !checked_.Empty();
 }
 
 std::optional<Workspace::Shown> Workspace::NodeChecked(BaumNode& node) {
     if (!projekt_)
         return {};
+    NodeCheck(*projekt_, tree_, node);
+    RenewChecked();
     std::optional<Shown> shown;
-    const CheckAnswer answer = NodeCheck(*projekt_, tree_, node, settings_.Content, checked_);
-    if (answer.current) {
-        Set_GlobalObjects_fromNode(*projekt_, selection_, node.Id());
-        shown.emplace();
-        shown->path = CodePath_Anzeigen(selection_);
-        shown->image = node.Image();
+    // The charts show the checked modules themselves; there the current object stays.
+    if (settings_.Content != ContentMode::Chart) {
+        if (ObjectOf(node))
+            shown = MakeCurrent(node);
+        groupShown_ = !checked_.Empty();
     }
-    if (answer.effect == CheckEffect::ShowGroup)
-        ShowGroup();
+    ShowNeighbours();
     return shown;
 }
 
 void Workspace::CheckAll(bool checked) {
-    if (projekt_)
-        Check_All_Modules(*projekt_, tree_, checked);
+    if (!projekt_)
+        return;
+    Check_All_Modules(tree_, checked);
+    RenewChecked();
+    groupShown_ = !checked_.Empty();
+    ShowNeighbours();
+}
+
+Text Workspace::FilterText() const {
+    return checked_.Empty() ? Text::None : groupShown_ ? Text::OfChecked : Text::CheckedLeftOut;
+}
+
+Text Workspace::WhyEmpty(bool calls) const {
+    if (!selection_.CurObject && !groupShown_)
+        return calls ? Text::EmptyCallsTree : Text::EmptyCalledByTree;
+    if (!CallsRead())
+        return Text::ReadCallsFirst;
+    if (!checked_.Empty())
+        return Text::NothingBesidesChecked;
+    if (calls)
+        return mayBeCalls_ ? Text::NoPossibleCalls : Text::NoCalls;
+    return mayBeCalledBy_ ? Text::NoPossibleCallers : Text::NoCallers;
 }
 
 void Workspace::SetMayBe(bool calls, bool mayBe) {
     (calls ? mayBeCalls_ : mayBeCalledBy_) = mayBe;
-    if (!projekt_ || !selection_.CurObject)
-        return;
-    if (calls)
-        Show_Dependencies_AllCalls(*projekt_, checked_, selection_.CurObject, calls_, mayBe);
-    else
-        Show_Dependencies_AllCalledBy(*projekt_, checked_, selection_.CurObject, calledBy_, mayBe);
+    if (selection_.CurObject)
+        ShowDependencies();
 }
 
 void Workspace::ShowDependencies() {
-    if (!projekt_)
-        return;
-    Show_Dependencies_AllCalledBy(*projekt_, checked_, selection_.CurObject, calledBy_, mayBeCalledBy_);
-    Show_Dependencies_AllCalls(*projekt_, checked_, selection_.CurObject, calls_, mayBeCalls_);
+    groupShown_ = false;
+    ShowNeighbours();
 }
 
-void Workspace::ShowGroup() {
-    Show_Dependencies_Group(*projekt_, checked_, calledBy_, calls_, mayBeCalledBy_, mayBeCalls_);
+void Workspace::ShowNeighbours() {
+    if (!projekt_)
+        return;
+    if (groupShown_)
+        return Show_Dependencies_Group(*projekt_, checked_, calledBy_, calls_, mayBeCalledBy_, mayBeCalls_);
+    Show_Dependencies_AllCalledBy(*projekt_, checked_, selection_.CurObject, calledBy_, mayBeCalledBy_);
+    Show_Dependencies_AllCalls(*projekt_, checked_, selection_.CurObject, calls_, mayBeCalls_);
 }
 
 void Workspace::Collect(std::string_view key) {
@@ -293,10 +360,9 @@ void Workspace::Collect(std::string_view key) {
 std::optional<PropertyRows> Workspace::PropertiesAt(Pos selStart, Pos selLength) const {
     if (!projekt_ || !selection_.CurObject)
         return {};
-    auto rows = Anzeigen_Eigenschaften(*selection_.CurObject);
-    if (rows)
-        for (PropertyRow& row : Anzeigen_TextPos(code_.Text(), selStart, selLength))
-            rows->push_back(std::move(row));
+    PropertyRows rows = Anzeigen_Eigenschaften(*selection_.CurObject);
+    for (PropertyRow& row : Anzeigen_TextPos(code_.Text(), selStart, selLength))
+        rows.push_back(std::move(row));
     return rows;
 }
 
@@ -312,11 +378,10 @@ std::vector<std::string> Workspace::HoverText(const BaumNode& node) const {
 std::vector<std::string> Workspace::DependencyHoverText(const BaumNode& node, bool isCaller) const {
     std::vector<std::string> lines = HoverText(node);
     const CodeObject* const object = ObjectOf(node);
-    const CodeObject* const own = ProcedureOrCurrent();
-    if (object && own) {
+    const CodeObject* const own = object ? OwnerOfNeighbour(*object, isCaller) : nullptr;
+    if (own) {
         const CallType type = TypeShown(isCaller);
-        std::string calls =
-            isCaller ? CallsText(*projekt_, *object, *own, type) : CallsText(*projekt_, *own, *object, type);
+        std::string calls = isCaller ? CallsText(*object, *own, type) : CallsText(*own, *object, type);
         if (!calls.empty())
             lines.push_back(std::move(calls));
     }

@@ -8,6 +8,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,6 +18,7 @@
 #include "display/selection.h"
 #include "display/tree_checks.h"
 #include "shell/settings.h"
+#include "shell/text_numbers.h"
 
 class Files;
 class LibrarySearch;
@@ -24,8 +26,8 @@ class clsProjekt;
 
 class Workspace {
 public:
-    /// Runs a long operation under its name; returns when it is over.
-    using Runner = std::function<void(const std::string& name, bool canCancel, const std::function<void()>& operation)>;
+    /// Runs a long operation under its name by RunOperation; returns false if it was cancelled.
+    using Runner = std::function<bool(const std::string& name, bool canCancel, const std::function<void()>& operation)>;
     struct Ports {
         Runner run;
         std::function<void()> ends;  // called when a generation ends: nothing of it may stay on the screen
@@ -46,7 +48,7 @@ public:
         int certain = 0;
         int possible = 0;
     };
-    /// Reads all calls. Nothing if the user cancelled; the calls found so far stay.
+    /// Reads all calls. Nothing if the user cancelled: the calls found so far stay, but nothing counts as dead.
     std::optional<CallCounts> ReadCalls();
 
     /// Reads the modules again whose files have changed; keeps the selection, folds and check marks. Returns their
@@ -65,15 +67,27 @@ public:
     };
     /// Makes the object of a node of the project tree the current one. Nothing without such a node.
     std::optional<Shown> Activate(const NodeId& id);
-    /// Shows the current node again, and the checked objects. Nothing if no node is selected.
+    /// Shows the current object again, and what the dependency trees showed. Nothing if there is none.
     std::optional<Shown> ShowAgain();
     /// A node of a dependency tree was clicked: the places of its calls, in the caller's text.
     std::optional<CodePane::Change> SelectCallsOfObject(const BaumNode& node, bool isCaller);
     /// The key of the object that a click into the code leads to; empty for none.
     [[nodiscard]] std::string KeyClicked(Pos selStart, Pos selLength);
-    /// The user has set or cleared a check mark. Returns the path line if it changes.
+
+    // Check boxes. The objects whose boxes are on form a group, whose neighbours the dependency trees show; they are
+    // left out as neighbours of other objects. While the boxes are hidden there is no group.
+    void SetCheckBoxes(bool shown);
+    /// The user has set or cleared a check mark. The object of the node becomes the current one, unless the charts are
+    /// showing.
     std::optional<Shown> NodeChecked(BaumNode& node);
     void CheckAll(bool checked);
+    [[nodiscard]] std::size_t CheckedCount() const { return checked_.Objects().size(); }
+    /// What the check boxes do to the dependency trees, as a text with the number of objects; None while they do
+    /// nothing.
+    [[nodiscard]] Text FilterText() const;
+    /// Why a dependency tree is empty, if it is.
+    [[nodiscard]] Text WhyEmpty(bool calls) const;
+
     /// Chooses between certain and possible calls of one tree.
     void SetMayBe(bool calls, bool mayBe);
     /// Fills the dependency trees for the current object.
@@ -115,10 +129,15 @@ private:
     void FillTree();
     void RefillTree();
     [[nodiscard]] CodeObject* ProcedureOrCurrent() const;
+    [[nodiscard]] const CodeObject* OwnerOfNeighbour(const CodeObject& neighbour, bool isCaller) const;
     [[nodiscard]] CallType TypeShown(bool isCaller) const;
     [[nodiscard]] const CodeObject* ObjectOf(const BaumNode& node) const;
-    void MarkLocals(const CodePane::Change& change);
-    void ShowGroup();
+    [[nodiscard]] Shown MakeCurrent(BaumNode& node);
+    [[nodiscard]] Shown ShowCurrent();
+    void MarkLocalsShown(const CodePane::Change& change);
+    void MarkLocals(const clsProzedur& prozedur);
+    void RenewChecked();
+    void ShowNeighbours();
 
     std::unique_ptr<clsProjekt>& projekt_;
     Files& files_;
@@ -128,12 +147,15 @@ private:
 
     Baum tree_, calledBy_, calls_, collected_;
     Selection selection_;
-    LastCodePaths last_;
     CodePane code_;
     NavigationList navigation_;
-    CheckedObjects checked_;
-    DependencyButtons neighbours_;  // of the current object
+    std::optional<NodeId> current_;      // of the current object; survives a generation
+    std::set<std::string> localsShown_;  // paths of the procedures whose locals have their marks
+    CheckedObjects checked_;             // empty while the boxes are hidden
+    DependencyButtons neighbours_;       // of the current object
     bool mayBeCalledBy_ = false;
     bool mayBeCalls_ = false;
-    bool localsShown_ = false;  // in the tree
+    bool treeHasLocals_ = false;
+    bool checkBoxes_ = false;
+    bool groupShown_ = false;  // the dependency trees are about the checked objects
 };

@@ -36,6 +36,16 @@ PumpState& Pump() {
 
 }  // namespace
 
+bool RunOperation(const std::function<void()>& operation) {
+    struct Clear {
+        Clear() { gAbort = false; }
+        ~Clear() { gAbort = false; }
+    };
+    const Clear around;
+    operation();
+    return !gAbort;
+}
+
 Progress* SetProgress(Progress* progress) {
     return std::exchange(currentProgress, progress);
 }

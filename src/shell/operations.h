@@ -6,10 +6,15 @@
 #include <string>
 #include <string_view>
 
-/// Set when the user cancels; every long loop checks it between modules.
+/// Set when the user cancels; every long loop checks it between modules. It belongs to the operation that runs.
 extern bool gAbort;
 /// Name of the operation that is running or about to run.
 extern std::string gAction;
+
+/// Runs a long operation, for which gAbort is clear at first, and clears it again: a cancel must not stop what comes
+/// next.
+/// @return false if the operation was cancelled
+bool RunOperation(const std::function<void()>& operation);
 
 /// Receives the progress of a long operation. All calls come from the thread of the operation.
 class Progress {

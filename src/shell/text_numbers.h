@@ -208,4 +208,12 @@ enum class Text {
     LibraryMissing = 269,
     LibraryOtherVersion = 270,
     RegistryUnreadable = 271,
+    NoCallers = 272,
+    NoPossibleCallers = 273,
+    NoCalls = 274,
+    NoPossibleCalls = 275,
+    NothingBesidesChecked = 276,
+    OfChecked = 277,
+    CheckedLeftOut = 278,
+    ShowAll = 279,
 };

@@ -99,6 +99,8 @@ void BaumView::SetTexte(Text name, Text empty) {
 }
 
 void BaumView::SetEmptyText(const QString& text) {
+    if (emptyText_ == text)
+        return;
     emptyText_ = text;
     setAccessibleDescription(text);
     viewport()->update();

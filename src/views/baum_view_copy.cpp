@@ -7,6 +7,7 @@
 #include <QMimeData>
 #include <QPainter>
 
+#include "display/node_objects.h"
 #include "model/clsProjekt.h"
 #include "platform/code_page.h"
 #include "project/start.h"
@@ -25,7 +26,7 @@ QString AsText(const BaumNode& node, int depth) {
 
 // In the spelling of the source where the node is that of an object.
 QString CodePathOf(const BaumNode& node) {
-    const CodeObject* object = gProjekt ? gProjekt->GetObjectFromCodePath(node.Key()) : nullptr;
+    const CodeObject* object = gProjekt ? ObjectOfNode(*gProjekt, node.Id()) : nullptr;
     return ToQString(object ? object->CodePathOrg() : node.Key());
 }
 

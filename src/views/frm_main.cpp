@@ -73,7 +73,7 @@ frmMain::frmMain(Files& files, SettingsFile& file, Settings settings, std::strin
                  {.run =
                       [this](const std::string& name, bool canCancel, const std::function<void()>& operation) {
                           dialogs_.progress->SetCancelVisible(canCancel);
-                          dialogs_.progress->Run(name, operation);
+                          return dialogs_.progress->Run(name, operation);
                       },
                   .ends = [this] { GenerationEnds(); }}),
       menus_(new MainMenus(*this, *commands_, files, file)),
@@ -142,10 +142,13 @@ void frmMain::WireTrees() {
     connect(&BaumProjekt(), &BaumView::NodeActivated, this, goTo);
     connect(&BaumProjekt(), &BaumView::NodeChecked, this, [this](BaumNode& node) {
         if (const auto shown = workspace_.NodeChecked(node))
-            rtbCodePath_->Show(shown->path, IconFor(shown->image));
+            Show(*shown);
+        ShowNow();
     });
     for (const bool isCaller : {true, false}) {
-        BaumView& view = (isCaller ? calledByPane_ : callsPane_)->Tree();
+        const DependencyPane* pane = isCaller ? calledByPane_ : callsPane_;
+        connect(pane, &DependencyPane::ShowAllClicked, this, [this] { CheckAll(false); });
+        BaumView& view = pane->Tree();
         view.SetToolTips([this, isCaller](const BaumNode& node) {
             return ToolTipOf(workspace_.DependencyHoverText(node, isCaller));
         });
@@ -178,8 +181,7 @@ void frmMain::WireCode() {
         rtbCode().setFocus();
     });
     connect(&rtbCode(), &CodeView::PlaceChanged, this, [this](int index, int count) {
-        if (count > 1)
-            status_->Message(QStringLiteral("%1 %2 %3").arg(index).arg(TextNr(Text::Of)).arg(count));
+        status_->ShowPlace(index, count);
         ShowNow();
     });
 }
@@ -211,8 +213,8 @@ void frmMain::frmMainTexte() {
     toolbar_->Texte();
     start_->Texte();
     project_->Texte();
-    calledByPane_->Texte(Text::CalledBy, Text::EmptyCalledByTree);
-    callsPane_->Texte(Text::Calls, Text::EmptyCallsTree);
+    calledByPane_->Texte(Text::CalledBy);
+    callsPane_->Texte(Text::Calls);
     content_->Texte();
     rtbCodePath_->Texte();
     lower_->Texte();
@@ -264,11 +266,6 @@ void frmMain::Arrange(SplitMode mode) {
                 workspace_.Tree().EnsureVisible(*node);
         },
         Qt::QueuedConnection);
-}
-
-void frmMain::Split_For_Calls() {
-    Arrange(SplitMode::Calls);
-    workspace_.ShowDependencies();
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {

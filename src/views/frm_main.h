@@ -61,7 +61,7 @@ public:
     bool ActivateKey(const NodeId& node);
 
     void Split_For_Content() { Arrange(SplitMode::Content); }
-    void Split_For_Calls();
+    void Split_For_Calls() { Arrange(SplitMode::Calls); }
 
     /// Sets the texts of the language on every control.
     void frmMainTexte();
@@ -107,7 +107,6 @@ private:
     void Wire(Command command, std::function<void(bool)> function);
     void Files_Check();
     void WriteReports(const std::string& operation);
-    void RunCalls();
     void Diagnosis();
     void ShowKeys();
     void NameCommands();
@@ -125,6 +124,8 @@ private:
     void SetMayBe(bool calls, bool mayBe);
     void ShowMayBe(bool calls);
     void ToggleCheckBoxes(bool on);
+    void CheckAll(bool checked);
+    void ShowAboutNeighbours();
     void ShowNow();
 
     Files& files_;

@@ -60,7 +60,10 @@ void frmMain::WireCommands() {
                                       {Command::ContentCode, 13}})
         Wire(command, [this, number = nr](bool) { MainActions(number); });
     // Calls are always read for the whole project; for one module its dependencies are shown again.
-    Wire(Command::CallsOfModule, [this](bool) { workspace_.ShowDependencies(); });
+    Wire(Command::CallsOfModule, [this](bool) {
+        workspace_.ShowDependencies();
+        ShowNow();
+    });
     Wire(Command::CloseProject, [this](bool) { CloseTheProject(); });
     Wire(Command::ReportStructure, [this](bool) { WriteReports("AnalyseErgebnisStructure"); });
     Wire(Command::ReportCalls, [this](bool) { WriteReports("AnalyseErgebnisCalls"); });
@@ -76,7 +79,7 @@ void frmMain::WireCommands() {
     for (const bool on : {true, false})
         Wire(on ? Command::CheckBoxAll : Command::CheckBoxNone, [this, on](bool) {
             if (BaumProjekt().Model().CheckBoxes())
-                workspace_.CheckAll(on);
+                CheckAll(on);
         });
     Wire(Command::Search, [this](bool) { project_->Search().Focus(); });
     Wire(Command::NavPrev, [this](bool) { GoBackOrOn(true); });
@@ -110,7 +113,6 @@ void frmMain::MainActions(int nr) {
         Activate_Checked();
         return;
     }
-    gAbort = false;
     switch (nr) {
         case 1:
             Projekt_Oeffnen();
@@ -139,8 +141,7 @@ void frmMain::MainActions(int nr) {
         default:
             break;
     }
-    if (!gAbort)
-        Activate_Commands();
+    Activate_Commands();
 }
 
 void frmMain::Projekt_Oeffnen() {
@@ -203,18 +204,13 @@ void frmMain::CloseTheProject() {
 void frmMain::Projekt_Analyse() {
     if (!AskQuestion(this, TextNr(Text::AskReadCalls)))
         return;
-    RunCalls();
-    if (gAbort)
-        status_->Message(TextNr(Text::ReadingCallsCancelled));
-}
-
-void frmMain::RunCalls() {
-    if (const auto counts = workspace_.ReadCalls())
-        status_->Message(TextNr(Text::CallsRead, NumberText(counts->certain), NumberText(counts->possible)));
+    const auto counts = workspace_.ReadCalls();
     commands_->SetImage(Command::Calls, workspace_.CallsRead() ? "CallsRead" : "CallsReadNot");
     ShowAgain();
     status_->ShowCounts(gProjekt.get(), workspace_.CallsRead());
     status_->ShowProblemCount();
+    status_->Message(counts ? TextNr(Text::CallsRead, NumberText(counts->certain), NumberText(counts->possible))
+                            : TextNr(Text::ReadingCallsCancelled));
 }
 
 void frmMain::Files_Check() {

@@ -81,6 +81,7 @@ void frmMain::GoBackOrOn(bool back) {
 void frmMain::SetMayBe(bool calls, bool mayBe) {
     workspace_.SetMayBe(calls, mayBe);
     ShowMayBe(calls);
+    ShowNow();
     if (workspace_.Current().CurObject)
         // The button takes the focus, but arrow keys should go on in the tree.
         BaumProjekt().setFocus();
@@ -96,10 +97,30 @@ void frmMain::ShowMayBe(bool calls) {
 
 void frmMain::ToggleCheckBoxes(bool on) {
     BaumProjekt().SetCheckBoxes(on);
+    workspace_.SetCheckBoxes(on);
     commands_->SetImage(Command::CheckBoxOn, on ? "CheckBoxOn" : "CheckBoxOff");
     Activate_Commands();
 }
 
+void frmMain::CheckAll(bool checked) {
+    workspace_.CheckAll(checked);
+    ShowNow();
+}
+
+// What the dependency trees leave out, and why one of them is empty.
+void frmMain::ShowAboutNeighbours() {
+    const Text filter = workspace_.FilterText();
+    const QString text = filter == Text::None
+                             ? QString()
+                             : TextNr(filter, NumberText(static_cast<qlonglong>(workspace_.CheckedCount())));
+    for (const bool calls : {false, true}) {
+        DependencyPane& pane = calls ? *callsPane_ : *calledByPane_;
+        pane.ShowFilter(text);
+        pane.ShowWhyEmpty(workspace_.WhyEmpty(calls));
+    }
+}
+
 void frmMain::ShowNow() {
+    ShowAboutNeighbours();
     commands_->Activate(workspace_.Now(rtbCode().PlaceCount() > 0));
 }

@@ -100,11 +100,11 @@ void frmProgress::Reset() {
     cmdCancel_->setVisible(true);
 }
 
-void frmProgress::Run(const std::string& action, const std::function<void()>& operation) {
+bool frmProgress::Run(const std::string& action, const std::function<void()>& operation) {
     gAction = action;
     if (running_) {
         operation();
-        return;
+        return !gAbort;
     }
     struct Finish {
         frmProgress& form;
@@ -121,7 +121,7 @@ void frmProgress::Run(const std::string& action, const std::function<void()>& op
     elapsed_.start();
     const Finish finish{*this};
     const Connected connected(*this, [this] { Pump(); });
-    operation();
+    return RunOperation(operation);
 }
 
 void frmProgress::SetCancelVisible(bool visible) {

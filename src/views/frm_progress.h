@@ -21,7 +21,8 @@ public:
 
     /// Sets gAction, runs the operation and returns when it has ended. The window appears if that takes longer than
     /// `showAfter`; until then no input reaches any window either. A nested call only runs its operation.
-    void Run(const std::string& action, const std::function<void()>& operation);
+    /// @return false if the operation was cancelled
+    bool Run(const std::string& action, const std::function<void()>& operation);
     [[nodiscard]] bool IsRunning() const { return running_; }
 
     /// Whether the next operation, or the one that runs, can be cancelled. Reset to true after each operation.

@@ -13,6 +13,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 
+#include "display/node_objects.h"
 #include "model/clsModul.h"
 #include "model/clsProjekt.h"
 #include "project/start.h"
@@ -135,7 +136,7 @@ void HitsModel::SetHits(const std::vector<Hit>& hits) {
              .ranges = ShownRanges(object.myNameOrg(), hit.ranges),
              .about = About(object),
              .tip = ToQString(object.CodePathOrg()) + QStringLiteral(" \u00B7 ") + ToQString(ObjectKind(object)),
-             .codePath = object.CodePath()});
+             .nodeKey = NodeKeyOf(object)});
     }
     endResetModel();
 }
@@ -295,11 +296,11 @@ void SearchBar::Choose(const QModelIndex& index) {
     const HitsModel::Row* hit = model_->HitAt(index);
     if (!hit)
         return;
-    const std::string codePath = hit->codePath;
+    const std::string nodeKey = hit->nodeKey;
     Close();
     field_->setCursorPosition(0);  // in a narrow field the beginning is more useful than the end
     GiveFocusBack();
-    Q_EMIT ObjectChosen(codePath);
+    Q_EMIT ObjectChosen(nodeKey);
 }
 
 void SearchBar::MoveBy(int rows) {

@@ -27,7 +27,7 @@ public:
         QVariantList ranges;  // of the name, start and length in turn
         QString about;
         QString tip;
-        std::string codePath;
+        std::string nodeKey;
     };
     void SetHits(const std::vector<Hit>& hits);
     [[nodiscard]] const Row* HitAt(const QModelIndex& index) const;
@@ -52,8 +52,8 @@ public:
     void Texte();
 
 Q_SIGNALS:
-    /// CodePath of the chosen object; the list is already closed.
-    void ObjectChosen(const std::string& codePath);
+    /// Key of the node of the chosen object; the list is already closed.
+    void ObjectChosen(const std::string& nodeKey);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

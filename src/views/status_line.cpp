@@ -38,8 +38,17 @@ StatusLine::StatusLine(QStatusBar& bar)
 }
 
 void StatusLine::Message(const QString& text) {
+    showsPlace_ = false;
     message_->SetText(text);
     Fit(width_);
+}
+
+void StatusLine::ShowPlace(int index, int count) {
+    if (count > 1)
+        Message(QStringLiteral("%1 %2 %3").arg(index).arg(TextNr(Text::Of)).arg(count));
+    else if (showsPlace_)
+        Message({});
+    showsPlace_ = count > 1;
 }
 
 void StatusLine::Fit(int width) {

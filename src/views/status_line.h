@@ -16,6 +16,8 @@ public:
     explicit StatusLine(QStatusBar& bar);
 
     void Message(const QString& text);
+    /// Which of several places is shown: "1 of 4". The message goes when there are not several any more.
+    void ShowPlace(int index, int count);
     /// The message comes before the counts, but leaves some room to them in a window of this width.
     void Fit(int width);
     /// Counts of a project, which may be null, and how many problems were reported.
@@ -31,4 +33,5 @@ private:
     StatusFields* counts_;
     QToolButton* problemCount_;
     int width_ = 0;
+    bool showsPlace_ = false;
 };

@@ -1,15 +1,18 @@
 #include "views/tree_panes.h"
 
 #include <QEvent>
+#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLayout>
 #include <QToolBar>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "views/baum_view.h"
 #include "views/code_style.h"
 #include "views/commands.h"
+#include "views/elided_label.h"
 #include "views/qt_text.h"
 #include "views/search_bar.h"
 #include "views/window_style.h"
@@ -64,6 +67,9 @@ DependencyPane::DependencyPane(Baum& tree, const Settings& settings, Commands& c
     : QWidget(parent),
       caption_(new QLabel(this)),
       toolbar_(SmallToolbar(this)),
+      filter_(new QFrame(this)),
+      filterText_(new ElidedLabel(filter_)),
+      showAll_(new QToolButton(filter_)),
       tree_(new BaumView(tree, settings, this)) {
     toolbar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     toolbar_->addAction(&commands[really]);
@@ -80,8 +86,34 @@ DependencyPane::DependencyPane(Baum& tree, const Settings& settings, Commands& c
     top->addWidget(toolbar_);
     QVBoxLayout* column = Column(this);
     column->addLayout(top);
+    BuildFilter();
+    column->addWidget(filter_);
     column->addWidget(tree_, 1);
     tree_->SetRightClickTells(true);
+}
+
+// On the ground of a tool tip, so that it looks like a remark, not like a row of the tree.
+void DependencyPane::BuildFilter() {
+    filter_->setAutoFillBackground(true);
+    filter_->setBackgroundRole(QPalette::ToolTipBase);
+    filter_->setForegroundRole(QPalette::ToolTipText);
+    filterText_->setForegroundRole(QPalette::ToolTipText);
+    showAll_->setObjectName(QStringLiteral("ShowAll"));
+    auto* line = new QHBoxLayout(filter_);
+    line->setContentsMargins(6, 2, 2, 2);
+    line->addWidget(filterText_, 1);
+    line->addWidget(showAll_);
+    connect(showAll_, &QToolButton::clicked, this, &DependencyPane::ShowAllClicked);
+    filter_->hide();
+}
+
+void DependencyPane::ShowFilter(const QString& text) {
+    filterText_->SetText(text);
+    filter_->setVisible(!text.isEmpty());
+}
+
+void DependencyPane::ShowWhyEmpty(Text why) {
+    tree_->SetEmptyText(TextNr(why));
 }
 
 void DependencyPane::ShowCaption(const QString& text, bool mayBe) {
@@ -107,8 +139,9 @@ void DependencyPane::changeEvent(QEvent* event) {
         PaintCaption();
 }
 
-void DependencyPane::Texte(Text name, Text empty) {
-    tree_->SetTexte(name, empty);
+void DependencyPane::Texte(Text name) {
+    tree_->SetTexte(name, Text::None);
+    showAll_->setText(TextNr(Text::ShowAll));
     tree_->setToolTip(TextNr(Text::DependencyTreeTip));
     tree_->Texte();
 }

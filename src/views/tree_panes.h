@@ -10,8 +10,11 @@
 class Baum;
 class BaumView;
 class Commands;
+class ElidedLabel;
+class QFrame;
 class QLabel;
 class QToolBar;
+class QToolButton;
 class SearchBar;
 struct Settings;
 
@@ -40,15 +43,27 @@ public:
     [[nodiscard]] BaumView& Tree() const { return *tree_; }
     /// The caption, in the colour of what is shown.
     void ShowCaption(const QString& text, bool mayBe);
-    /// The accessible name of the tree and the text shown while it is empty.
-    void Texte(Text name, Text empty);
+    /// @param name  accessible name of the tree
+    void Texte(Text name);
+    /// The text shown while the tree is empty.
+    void ShowWhyEmpty(Text why);
+    /// The line that says what the check boxes do to the tree; hidden when `text` is empty.
+    void ShowFilter(const QString& text);
+
+Q_SIGNALS:
+    /// The way out of the filter.
+    void ShowAllClicked();
 
 private:
+    void BuildFilter();
     void PaintCaption();
     void changeEvent(QEvent* event) override;
 
     QLabel* caption_;
     QToolBar* toolbar_;
+    QFrame* filter_;
+    ElidedLabel* filterText_;
+    QToolButton* showAll_;
     BaumView* tree_;
     bool mayBe_ = false;
 };

@@ -130,7 +130,7 @@ TEST_F(DependencyTrees, TheGroupLeavesOutWhatIsChecked) {
     const auto group = [&](std::initializer_list<const char*> paths) {
         CheckedObjects checked;
         for (const char* path : paths)
-            checked.Add(ObjectAt(path), path);
+            checked.Add(ObjectAt(path));
         Show_Dependencies_Group(*gProjekt, checked, callers, calls, false, false);
         return Shown(callers) + "|" + Shown(calls);
     };

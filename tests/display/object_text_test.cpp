@@ -86,13 +86,13 @@ TEST_F(Hover, CallsBetweenTwoObjectsAreCounted) {
     Analyse();
     const CodeObject& caller = ObjectAt("m.s");
     const CodeObject& target = ObjectAt("m.t");
-    EXPECT_EQ(CallsText(*gProjekt, caller, target, CallType::Really), "2 certain, first in line: 2");
-    EXPECT_EQ(CallsText(*gProjekt, ModuleOf("m"), target, CallType::Really), "2 certain, first in line: 2");
-    EXPECT_EQ(CallsText(*gProjekt, caller, target, CallType::MayBe), "");
-    EXPECT_EQ(CallsText(*gProjekt, caller, ObjectAt("c.go"), CallType::MayBe), "1 possible, first in line: 4");
+    EXPECT_EQ(CallsText(caller, target, CallType::Really), "2 certain, first in line: 2");
+    EXPECT_EQ(CallsText(ModuleOf("m"), target, CallType::Really), "2 certain, first in line: 2");
+    EXPECT_EQ(CallsText(caller, target, CallType::MayBe), "");
+    EXPECT_EQ(CallsText(caller, ObjectAt("c.go"), CallType::MayBe), "1 possible, first in line: 4");
     // A use of the form's implicit instance counts as a call of the form.
     EXPECT_THAT(Of("f"), testing::HasSubstr("|Called by: 1 certain, 0 possible|"));
-    EXPECT_EQ(CallsText(*gProjekt, ModuleOf("m"), ModuleOf("f"), CallType::Really), "1 certain, first in line: 5");
+    EXPECT_EQ(CallsText(ModuleOf("m"), ModuleOf("f"), CallType::Really), "1 certain, first in line: 5");
 }
 
 TEST_F(Hover, IsUtf8WhateverTheSourceIsAndCutsLongLines) {

@@ -60,9 +60,9 @@ TEST_F(ProjectTree, LocalsAreShownWhenTheOptionSaysSo) {
     Shown(true);
     EXPECT_EQ(KeysBelow("clsbox.zeta"), "clsbox.zeta.a | clsbox.zeta.b | clsbox.zeta.zeta");
     EXPECT_EQ(tree.Item("clsbox.zeta.a")->Image(), "argument");
-    for (const char* key : {"clsbox", "clsbox.zeta", "clsbox.zeta.b", "clsbox.kind.ka", "clsbox.rate.v"}) {
+    for (const char* key : {"clsbox", "clsbox.zeta", "clsbox.zeta.b", "clsbox.kind.ka", "clsbox.rate [let].v"}) {
         const CodeObject* object = ObjectOfNode(*gProjekt, tree.Item(key)->Id());
-        EXPECT_TRUE(object && object->CodePath() == key) << key;
+        EXPECT_TRUE(object && NodeKeyOf(*object) == key) << key;
     }
     EXPECT_EQ(ObjectOfNode(*gProjekt, {NodeKind::Group, "clsbox.Public_Sub[]"}),
               ObjectOfNode(*gProjekt, "clsbox"));  // a group represents its module

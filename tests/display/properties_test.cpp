@@ -47,5 +47,5 @@ TEST_F(Properties, EachClassHasItsRows) {
         EXPECT_EQ(Of(path), rows) << path;
     EXPECT_EQ(Dump(Anzeigen_Eigenschaften(*gProjekt)), "Name=Project1");
     ReadModule("VERSION 5.00\nBegin VB.Form F\n  Begin VB.TextBox txt\n  End\nEnd\n", "F.frm");
-    EXPECT_EQ(Of("f.txt"), "as it was");
+    EXPECT_EQ(Of("f.txt"), "Name=txt; 80=vb.textbox; 79=form F");
 }

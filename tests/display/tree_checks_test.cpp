@@ -2,7 +2,6 @@
 
 #include "display/baum.h"
 #include "display/project_tree.h"
-#include "shell/settings.h"
 #include "support/baum_dump.h"
 #include "support/project_test.h"
 
@@ -20,40 +19,42 @@ protected:
                      {"C.cls", source}});
         ProjektStruktur_Anzeigen(*gProjekt, tree, true);
     }
-    CheckAnswer Click(std::string_view key) {
+    void Click(std::string_view key) {
         BaumNode& node = *tree.Item(key, key.ends_with("[]") ? NodeKind::Root : NodeKind::Object);
         tree.SetChecked(node, !node.Checked());
-        return NodeCheck(*gProjekt, tree, node, content, checked);
+        NodeCheck(*gProjekt, tree, node);
     }
     // Keys of the checked nodes in the order of the tree, then a "|" and the checked objects.
     std::string Checked() const {
         std::string keys = KeysWhere(tree, [](const BaumNode& node) { return node.Checked(); });
         keys += keys.empty() ? "|" : " |";
+        const CheckedObjects checked = CheckedIn(*gProjekt, tree);
         for (const CodeObject* object : checked.Objects())
             keys += " " + object->CodePath();
         return keys;
     }
     Baum tree;
-    CheckedObjects checked;
-    ContentMode content = ContentMode::Code;
 };
 
 }  // namespace
 
 TEST_F(TreeChecks, AKindChecksItsModules) {
-    const CheckAnswer answer = Click("module[]");
-    EXPECT_EQ(answer.current, nullptr);
-    EXPECT_EQ(Checked(), "module[] a b |");
     Click("module[]");
+    EXPECT_EQ(Checked(), "module[] a b | a b");
+    Click("a.one");
+    Click("module[]");
+    EXPECT_EQ(Checked(), "|") << "nothing stays on inside";
+    Check_All_Modules(tree, true);
+    EXPECT_EQ(Checked(), "reference[] stdole2 module[] a b class[] c | stdole2 a b c");
+    Check_ModulTyp(tree, 3, false);
+    EXPECT_EQ(Checked(), "reference[] stdole2 module[] a b class[] | stdole2 a b");
+    Click("c.one");
+    Check_All_Modules(tree, false);
     EXPECT_EQ(Checked(), "|");
-    Check_All_Modules(*gProjekt, tree, true);
-    EXPECT_EQ(Checked(), "reference[] stdole2 module[] a b class[] c |");
-    Check_ModulTyp(*gProjekt, tree, 3, false);
-    EXPECT_EQ(Checked(), "reference[] stdole2 module[] a b class[] |");
 }
 
-TEST_F(TreeChecks, AnObjectIsFiledAndItsParentsFollowItsSiblings) {
-    EXPECT_EQ(Click("a").current, &ModuleOf("a"));
+TEST_F(TreeChecks, ParentsFollowTheirChildren) {
+    Click("a");
     EXPECT_EQ(Checked(), "a | a");
     Click("b");
     EXPECT_EQ(Checked(), "module[] a b | a b");
@@ -62,16 +63,7 @@ TEST_F(TreeChecks, AnObjectIsFiledAndItsParentsFollowItsSiblings) {
     Click("c.one");
     EXPECT_EQ(Checked(), "b c.one | b c.one");
     Click("c.two");
-    EXPECT_EQ(Checked(), "b c c.Public_Sub[] c.one c.two | b c.one c.two") << "the grandparent follows the parent";
+    EXPECT_EQ(Checked(), "b c c.Public_Sub[] c.one c.two | b c c.one c.two") << "the grandparent follows the parent";
     Click("c.two");
     EXPECT_EQ(Checked(), "b c.one | b c.one");
-}
-
-TEST_F(TreeChecks, WithTheChartsShowingNothingIsFiled) {
-    content = ContentMode::Chart;
-    const CheckAnswer answer = Click("a");
-    EXPECT_EQ(answer.effect, CheckEffect::ShowChart);
-    EXPECT_EQ(Checked(), "a |");
-    content = ContentMode::Code;
-    EXPECT_EQ(Click("a").effect, CheckEffect::ShowGroup);
 }

@@ -1,28 +1,58 @@
 #include "display/workspace.h"
 
+#include "support/baum_dump.h"
 #include "support/project_test.h"
 
 namespace {
 
 class Workspaces : public ProgramState {
 protected:
-    void Write(std::string_view module) {
-        files_.WriteWhole("App.vbp", "Type=Exe\r\nModule=Reference; Reference.bas\r\n");
-        files_.WriteWhole("Reference.bas", "Attribute VB_Name = \"Reference\"\r\n" + std::string(module));
+    void Write(std::string_view module) { WriteAll({{"Reference.bas", module}}); }
+    void WriteAll(const std::vector<std::pair<std::string, std::string_view>>& modules) {
+        std::string project = "Type=Exe\r\n";
+        for (const auto& [file, text] : modules) {
+            const std::string name = file.substr(0, file.find('.'));
+            project += (file.ends_with(".cls") ? "Class=" : "Module=") + name + "; " + file + "\r\n";
+            files_.WriteWhole(file, "Attribute VB_Name = \"" + name + "\"\r\n" + Vb(text).text);
+        }
+        files_.WriteWhole("App.vbp", project);
+    }
+    void OpenAndRead(const std::vector<std::pair<std::string, std::string_view>>& modules) {
+        WriteAll(modules);
+        ASSERT_TRUE(workspace_.Open("App.vbp"));
+        ASSERT_TRUE(workspace_.ReadCalls());
+    }
+    void Check(std::string_view key, bool on, NodeKind kind = NodeKind::Object) {
+        BaumNode& node = *workspace_.Tree().Item(key, kind);
+        workspace_.Tree().SetChecked(node, on);
+        shown_ = workspace_.NodeChecked(node);
+    }
+    /// The objects in both dependency trees: "callers > callees".
+    [[nodiscard]] std::string Neighbours() {
+        const auto isLeaf = [](const BaumNode& node) { return node.Children() == 0; };
+        return KeysWhere(workspace_.CalledBy(), isLeaf) + " > " + KeysWhere(workspace_.Calls(), isLeaf);
+    }
+    [[nodiscard]] std::string Grey() {
+        return KeysWhere(workspace_.Tree(), [](const BaumNode& node) { return node.ForeColor() == NodeColour::Grey; });
+    }
+    [[nodiscard]] std::string CurrentPath() const {
+        return workspace_.Current().CurObject ? NodeKeyOf(*workspace_.Current().CurObject) : "";
     }
 
     MemoryFiles files_;
     Settings settings_;
     int ended_ = 0;
+    std::optional<Workspace::Shown> shown_;
     Workspace workspace_{gProjekt,
                          files_,
                          settings_,
-                         {.run = [](const std::string&, bool, const std::function<void()>& operation) { operation(); },
+                         {.run = [](const std::string&, bool,
+                                    const std::function<void()>& operation) { return RunOperation(operation); },
                           .ends = [this] { ++ended_; }}};
 };
 
 TEST_F(Workspaces, ShowingLeavesTheModelAsItIsAndTellsOfLocals) {
-    Write("Sub Go(a, b)\r\n  a = 1\r\nEnd Sub\r\n");
+    Write("Sub Go(a, b)\n  a = 1\nEnd Sub");
     ASSERT_TRUE(workspace_.Open("App.vbp"));
     ASSERT_TRUE(workspace_.ReadCalls());
     const std::size_t edges = gProjekt->calls.Count();
@@ -37,12 +67,12 @@ TEST_F(Workspaces, ShowingLeavesTheModelAsItIsAndTellsOfLocals) {
 }
 
 TEST_F(Workspaces, AGenerationEndsBeforeItsObjectsGo) {
-    Write("Sub Go()\r\nEnd Sub\r\n");
+    Write("Sub Go()\nEnd Sub");
     ASSERT_TRUE(workspace_.Open("App.vbp"));
     ASSERT_TRUE(workspace_.Activate("reference"));
     EXPECT_TRUE(workspace_.Now(false).hasModule);
     const int ended = ended_;
-    Write("Sub Gone()\r\nEnd Sub\r\n");
+    Write("Sub Gone()\nEnd Sub");
     ASSERT_TRUE(workspace_.Open("App.vbp"));
     EXPECT_EQ(ended_, ended + 1);
     EXPECT_FALSE(workspace_.Current().CurObject);
@@ -51,6 +81,205 @@ TEST_F(Workspaces, AGenerationEndsBeforeItsObjectsGo) {
     EXPECT_FALSE(workspace_.Now(true).hasProject);
     EXPECT_EQ(workspace_.Tree().Count(), 0);
     EXPECT_EQ(WhyDisabled(Command::Calls, workspace_.Now(false)), Text::OpenProjectFirst);
+}
+
+constexpr std::string_view kMain = R"(
+    Public Sub Main()
+        Fill
+        Save
+    End Sub
+)";
+constexpr std::string_view kStore = R"(
+    Public Sub Fill()
+        Save
+    End Sub
+    Public Sub Save()
+    End Sub
+    Public Sub Unused()
+    End Sub
+)";
+
+TEST_F(Workspaces, OnlyBoxesThatAreSeenFilter) {
+    OpenAndRead({{"Main.bas", kMain}, {"Store.bas", kStore}});
+    ASSERT_TRUE(workspace_.Activate("store.save"));
+    EXPECT_EQ(Neighbours(), "main.main store.fill > ");
+    workspace_.SetCheckBoxes(true);
+    Check("main", true);
+    EXPECT_EQ(workspace_.FilterText(), Text::OfChecked);
+    EXPECT_EQ(Neighbours(), " > store.fill store.save");
+    ASSERT_TRUE(workspace_.Activate("store.save"));
+    EXPECT_EQ(workspace_.FilterText(), Text::CheckedLeftOut);
+    EXPECT_EQ(Neighbours(), "store.fill > ");
+    for (const auto& change : std::initializer_list<std::function<void()>>{
+             [] {}, [this] { workspace_.OptionsApplied(); }, [this] { (void)workspace_.ReadCalls(); }}) {
+        change();
+        workspace_.SetCheckBoxes(false);
+        EXPECT_EQ(workspace_.FilterText(), Text::None);
+        (void)workspace_.ShowAgain();
+        EXPECT_EQ(Neighbours(), "main.main store.fill > ");
+        workspace_.SetCheckBoxes(true);
+        EXPECT_EQ(Neighbours(), "store.fill > ") << "the marks come back with the boxes";
+    }
+    workspace_.CheckAll(false);
+    EXPECT_EQ(workspace_.CheckedCount(), 0U);
+    EXPECT_EQ(Neighbours(), "main.main store.fill > ");
+    Check("store.fill", true);
+    Check("module[]", false, NodeKind::Root);
+    EXPECT_EQ(workspace_.FilterText(), Text::None);
+}
+
+TEST_F(Workspaces, ACheckedObjectBecomesTheCurrentOne) {
+    OpenAndRead({{"Main.bas", kMain}, {"Store.bas", kStore}});
+    workspace_.SetCheckBoxes(true);
+    ASSERT_TRUE(workspace_.Activate("main.main"));
+    Check("store.fill", true);
+    ASSERT_TRUE(shown_ && shown_->properties);
+    EXPECT_EQ(shown_->path, "Store.Fill   public sub");
+    EXPECT_EQ(shown_->properties->front().value.bytes, "Fill");
+    EXPECT_TRUE(workspace_.Code().Text().text.starts_with("Public Sub Fill"));
+    EXPECT_EQ(CurrentPath(), "store.fill");
+    EXPECT_EQ(workspace_.Tree().Selected()->Key(), "store.fill");
+    EXPECT_TRUE(workspace_.Now(false).neighbours.CalledByReally);
+    Check("store.fill", false);
+    EXPECT_EQ(Neighbours(), "main.main > store.save") << "its own neighbours, when there is no group";
+    ASSERT_TRUE(workspace_.Activate("main.main"));
+    Check("store.fill", true);
+    (void)workspace_.ReadCalls();
+    (void)workspace_.ShowAgain();
+    EXPECT_EQ(workspace_.FilterText(), Text::OfChecked) << "what was shown comes back";
+    EXPECT_EQ(Neighbours(), "main.main > store.save");
+    ASSERT_TRUE(workspace_.Activate("store.fill"));
+    EXPECT_EQ(workspace_.FilterText(), Text::CheckedLeftOut) << "a click leaves the group, on the current object too";
+}
+
+TEST_F(Workspaces, ACancelEndsWithItsOperation) {
+    OpenAndRead({{"Main.bas", kMain}, {"Store.bas", kStore}});
+    ASSERT_TRUE(workspace_.Activate("store.save"));
+    EXPECT_EQ(Grey(), "main.main store.fill store.save store.unused");
+    {
+        const RecordingProgress cancel("Main + ");
+        EXPECT_FALSE(workspace_.ReadCalls());
+    }
+    (void)workspace_.ShowAgain();
+    // Tree, model and commands agree: calls are not known, so nothing counts as dead.
+    EXPECT_EQ(Grey(), "");
+    EXPECT_EQ(ObjectAt("store.unused").IsDeath, 0);
+    EXPECT_FALSE(workspace_.Now(false).callsRead);
+    EXPECT_EQ(Neighbours(), "main.main > ");
+    const int nodes = workspace_.Tree().Count();
+    for (const std::int16_t locals : {0, 1}) {
+        settings_.ProcVars = locals;
+        workspace_.OptionsApplied();
+        EXPECT_EQ(workspace_.Tree().Count(), nodes);
+    }
+}
+
+TEST_F(Workspaces, MarksOfLocalsStayWithTheirProcedure) {
+    OpenAndRead({{"Main.bas", "Sub Main()\n  Dim unused\n  Save 1\nEnd Sub"},
+                 {"Store.bas", "Sub Save(a)\n  Dim b\nEnd Sub\nSub Other(c)\nEnd Sub"}});
+    ASSERT_TRUE(workspace_.Activate("store.save"));
+    // The text of the caller comes up, while the current object stays.
+    ASSERT_TRUE(workspace_.SelectCallsOfObject(*workspace_.CalledBy().Item("main.main"), true));
+    const std::string marked = "main.main main.main.unused store.other store.save store.save.a store.save.b";
+    EXPECT_EQ(Grey(), marked);
+    for (const std::int16_t locals : {0, 1}) {
+        settings_.ProcVars = locals;
+        workspace_.OptionsApplied();
+    }
+    EXPECT_EQ(Grey(), marked);
+    files_.WriteWhole("Store.bas", "Attribute VB_Name = \"Store\"\r\nSub Save(a, x)\r\n  a = 1\r\nEnd Sub\r\n");
+    ASSERT_EQ(workspace_.Refresh(), 1);
+    EXPECT_EQ(Grey(), "main.main main.main.unused store.save store.save.x");
+}
+
+TEST_F(Workspaces, AHighlightedGroupIsNotCurrent) {
+    OpenAndRead({{"Main.bas", kMain}, {"Store.bas", kStore}});
+    ASSERT_TRUE(workspace_.Activate("store.fill"));
+    BaumNode* const group = workspace_.Tree().Item("main.public_sub[]", NodeKind::Group);
+    workspace_.Tree().Select(group);
+    EXPECT_FALSE(workspace_.Activate(group->Id()));
+    for (const auto& change : std::initializer_list<std::function<void()>>{[this] { (void)workspace_.ReadCalls(); },
+                                                                           [this] { workspace_.OptionsApplied(); },
+                                                                           [this] {
+                                                                               settings_.ProcVars = 0;
+                                                                               workspace_.OptionsApplied();
+                                                                           }}) {
+        change();
+        ASSERT_TRUE(workspace_.ShowAgain());
+        EXPECT_EQ(CurrentPath(), "store.fill");
+        EXPECT_EQ(Neighbours(), "main.main > store.save");
+        EXPECT_EQ(workspace_.Tree().Selected()->Key(), "main.Public_Sub[]");
+    }
+}
+
+TEST_F(Workspaces, ALocalStaysCurrentWithoutANode) {
+    OpenAndRead({{"Main.bas", "Sub Main(a)\n  a = 1\nEnd Sub"}});
+    ASSERT_TRUE(workspace_.Activate("main.main.a"));
+    settings_.ProcVars = 0;
+    workspace_.OptionsApplied();
+    const auto shown = workspace_.ShowAgain();
+    ASSERT_TRUE(shown);
+    EXPECT_EQ(CurrentPath(), "main.main.a");
+    EXPECT_EQ(shown->code.places.size(), 1U);
+    EXPECT_EQ(workspace_.Tree().Selected()->Key(), "main.main");
+}
+
+TEST_F(Workspaces, CallsIntoAModuleAreMarked) {
+    OpenAndRead({{"Main.bas", kMain}, {"Store.bas", kStore}});
+    const auto places = [this](const Baum& tree, std::string_view key) {
+        const auto change = workspace_.SelectCallsOfObject(*tree.Item(key), &tree == &workspace_.CalledBy());
+        return workspace_.Code().ShownPath() + " " + std::to_string(change ? change->places.size() : 0);
+    };
+    ASSERT_TRUE(workspace_.Activate("store"));
+    EXPECT_EQ(places(workspace_.CalledBy(), "main.main"), "main.main 2");
+    EXPECT_EQ(places(workspace_.CalledBy(), "main"), "main.main 2") << "its declarations have none";
+    EXPECT_EQ(workspace_.DependencyHoverText(*workspace_.CalledBy().Item("main.main"), true).back(), "2 , : 3");
+    EXPECT_EQ(places(workspace_.Calls(), "store"), "store.fill 1");
+    ASSERT_TRUE(workspace_.Activate("main.main"));
+    EXPECT_EQ(places(workspace_.Calls(), "store"), "main.main 2");
+    EXPECT_EQ(places(workspace_.Calls(), "store.save"), "main.main 1");
+    workspace_.SetCheckBoxes(true);
+    Check("store.save", true);
+    Check("store.unused", true);
+    EXPECT_EQ(places(workspace_.CalledBy(), "store.fill"), "store.fill 1") << "a neighbour of another one of the group";
+}
+
+TEST_F(Workspaces, LocalsBelongToTheirAccessor) {
+    OpenAndRead({{"Thing.cls",
+                  "Property Get Size(i)\n  i = 1\nEnd Property\n"
+                  "Property Let Size(i, v)\n  i = v\nEnd Property"}});
+    EXPECT_TRUE(workspace_.Tree().Exist("thing.size [get].i"));
+    ASSERT_TRUE(workspace_.Activate("thing.size [let]"));
+    const auto inBody = static_cast<Pos>(workspace_.Code().Text().text.find("i = v"));
+    const std::string key = workspace_.KeyClicked(inBody, 0);
+    EXPECT_EQ(key, "thing.size [let].i");
+    const auto shown = workspace_.Activate(key);
+    ASSERT_TRUE(shown);
+    EXPECT_EQ(shown->path, "Thing.Size.i   variant") << "the path does not name the accessor";
+    EXPECT_EQ(workspace_.Code().ShownPath(), "thing.size [let]");
+    EXPECT_EQ(workspace_.Tree().Selected()->Parent()->Key(), "thing.size [let]");
+}
+
+TEST_F(Workspaces, AnEmptyTreeSaysWhy) {
+    WriteAll({{"Main.bas", kMain}, {"Store.bas", kStore}});
+    ASSERT_TRUE(workspace_.Open("App.vbp"));
+    EXPECT_EQ(workspace_.WhyEmpty(false), Text::EmptyCalledByTree);
+    ASSERT_TRUE(workspace_.Activate("main.main"));
+    EXPECT_EQ(workspace_.WhyEmpty(false), Text::ReadCallsFirst);
+    ASSERT_TRUE(workspace_.ReadCalls());
+    EXPECT_EQ(workspace_.WhyEmpty(false), Text::NoCallers);
+    workspace_.SetMayBe(true, true);
+    EXPECT_EQ(workspace_.WhyEmpty(true), Text::NoPossibleCalls);
+    workspace_.SetCheckBoxes(true);
+    Check("store", true);
+    EXPECT_EQ(workspace_.WhyEmpty(true), Text::NothingBesidesChecked);
+}
+
+TEST_F(Workspaces, TheStoredBitsHoldFromTheFirstProject) {
+    settings_.Win32 = 0;
+    OpenAndRead({{"Main.bas", "#If Win32 Then\nSub Wide()\nEnd Sub\n#Else\nSub Narrow()\nEnd Sub\n#End If"}});
+    EXPECT_TRUE(workspace_.Tree().Exist("main.narrow"));
+    EXPECT_FALSE(workspace_.Tree().Exist("main.wide"));
 }
 
 }  // namespace

@@ -230,6 +230,8 @@ TEST_F(MainWindow, DependencyTreesFollowTheObjectAndItsCertainty) {
     Command("PreviousPlace").trigger();
     Command("PreviousPlace").trigger();
     EXPECT_EQ(StatusText(), QStringLiteral("4 of 4"));
+    window_->ActivateKey("modmain.main");
+    EXPECT_EQ(StatusText(), QString());
     // A click on a caller shows its text and keeps the current object; a right click jumps.
     window_->ActivateKey("clshire.customer [set]");
     window_->ActivateKey("modstore");
@@ -260,8 +262,20 @@ TEST_F(MainWindow, CheckedModulesShowTheirCommonNeighbourhood) {
     check("modmain", true);  // now checked itself, so no neighbour
     EXPECT_FALSE(window_->TheWorkspace().CalledBy().Exist("modmain"));
     check("modmain", false);
-    check("modstore", false);
-    EXPECT_EQ(window_->TheWorkspace().CalledBy().Count() + window_->TheWorkspace().Calls().Count(), 0);
+    // Path line, code and properties follow; both panes say what they show, and offer a way out.
+    EXPECT_THAT(Find<PathLine>().Whole().toStdString(), HasSubstr("modMain.bas"));
+    EXPECT_THAT(Find<PropertiesGrid>().AsText().toStdString(), HasSubstr("modMain"));
+    EXPECT_THAT(Code().toStdString(), HasSubstr("MAX_HIRE_DAYS"));
+    const auto buttons = window_->findChildren<QToolButton*>(QStringLiteral("ShowAll"));
+    ASSERT_EQ(buttons.size(), 2);
+    EXPECT_TRUE(buttons[0]->isVisible() && buttons[1]->isVisible());
+    Command("CheckBoxOn").trigger();
+    EXPECT_FALSE(buttons[0]->isVisible() || buttons[1]->isVisible());
+    Command("CheckBoxOn").trigger();
+    EXPECT_TRUE(buttons[0]->isVisible());
+    QTest::mouseClick(buttons[0], Qt::LeftButton);
+    EXPECT_FALSE(buttons[0]->isVisible() || buttons[1]->isVisible());
+    EXPECT_FALSE(window_->TheWorkspace().Tree().Item("modstore")->Checked());
 }
 
 TEST_F(MainWindow, OptionsKeepFoldsChecksAndTheSelectedNode) {

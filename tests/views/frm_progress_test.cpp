@@ -103,7 +103,7 @@ TEST_F(ProgressWindow, EveryWayOfClosingAsksAndNoGoesOn) {
 
 TEST_F(ProgressWindow, YesSetsTheFlagAtOnceAndTheWindowWaitsForTheOperation) {
     qint64 waited = 0;
-    form_.Run("Who_Calls_Who", [&] {
+    const bool finished = form_.Run("Who_Calls_Who", [&] {
         gProgress().Range(0, 10);
         PumpUntil([&] { return form_.isVisible(); });
         QTimer::singleShot(0, &form_, [this] {
@@ -118,7 +118,8 @@ TEST_F(ProgressWindow, YesSetsTheFlagAtOnceAndTheWindowWaitsForTheOperation) {
     });
     EXPECT_EQ(questions_, 1);
     EXPECT_LT(waited, 250);
-    EXPECT_TRUE(gAbort);
+    EXPECT_FALSE(finished);
+    EXPECT_TRUE(form_.Run("next", [] { EXPECT_FALSE(gAbort); })) << "a cancel is not for the next operation";
     EXPECT_FALSE(form_.isVisible());
 }
 
