@@ -5,6 +5,7 @@
 #include <ostream>
 #include <unordered_set>
 
+#include "console/library_report.h"
 #include "findings/dead_objects.h"
 #include "model/clsControl.h"
 #include "model/clsEnum.h"
@@ -116,6 +117,10 @@ Json LibraryJson(const clsTypeLib& library, bool withFile) {
     for (const LibraryPlace& place : library.file.places)
         json["sought"].push_back(
             {{"step", TextOf(place.step)}, {"place", Utf8(place.place)}, {"outcome", TextOf(place.outcome)}});
+    if (!library.format.empty()) {
+        json["format"] = library.format;
+        AddContents(json, library);
+    }
     return json;
 }
 

@@ -34,7 +34,7 @@ Json ValueJson(const typelib::Constant& value) {
 Json ParameterJson(const TypeLibrary& library, const typelib::Parameter& parameter) {
     Json json = {{"name", parameter.name}, {"type", TypeText(library, parameter.type)}};
     constexpr std::pair<std::uint32_t, const char*> kWords[] = {
-        {param_flag::kIn, "in"},       {param_flag::kOut, "out"},           {param_flag::kRetVal, "retval"},
+        {param_flag::kIn, "in"},     {param_flag::kOut, "out"},           {param_flag::kRetVal, "retval"},
         {param_flag::kLcid, "lcid"}, {param_flag::kOptional, "optional"},
     };
     Json flags = Json::array();
@@ -71,8 +71,11 @@ Json MemberJson(const TypeLibrary& library, const typelib::Member& member) {
 }
 
 Json TypeJson(const TypeLibrary& library, const typelib::Type& type) {
-    Json json = {{"name", type.name},   {"kind", TextOf(type.kind)},        {"id", type.id},
-                 {"flags", type.flags}, {"description", type.description}};
+    Json json = {{"name", type.name},
+                 {"kind", TextOf(type.kind)},
+                 {"id", type.id},
+                 {"flags", type.flags},
+                 {"description", type.description}};
     if (type.aliasOf)
         json["aliasOf"] = TypeText(library, *type.aliasOf);
     if (!type.implemented.empty()) {
@@ -171,17 +174,24 @@ Json GroupsJson(const clsTypeLib& library, const clsCollection<Group>& groups) {
 
 }  // namespace
 
+void AddContents(Json& json, const clsTypeLib& library) {
+    json["classes"] = ClassesJson(library);
+    json["enums"] = GroupsJson(library, library.myEnums);
+    json["records"] = GroupsJson(library, library.myTypes);
+}
+
 void WriteLibraryJson(std::ostream& out, const TypeLibrary& library, const clsTypeLib& objects) {
-    Json json = {{"name", library.name},         {"id", library.id},
-                 {"version", library.Version()}, {"lcid", library.lcid},
-                 {"format", TextOf(library.format)}, {"description", library.description}};
+    Json json = {{"name", library.name},
+                 {"id", library.id},
+                 {"version", library.Version()},
+                 {"lcid", library.lcid},
+                 {"format", TextOf(library.format)},
+                 {"description", library.description}};
     Json types = Json::array();
     for (const typelib::Type& type : library.types)
         types.push_back(TypeJson(library, type));
     json["types"] = std::move(types);
-    json["classes"] = ClassesJson(objects);
-    json["enums"] = GroupsJson(objects, objects.myEnums);
-    json["records"] = GroupsJson(objects, objects.myTypes);
+    AddContents(json, objects);
     json["problems"] = library.problems;
     // A damaged text can hold any bytes; its page makes characters of all of them, and this of what is left.
     out << json.dump(1, ' ', false, Json::error_handler_t::replace) << '\n';

@@ -7,6 +7,7 @@
 
 #include "calls/driver.h"
 #include "console/json_report.h"
+#include "console/library_inventory.h"
 #include "console/library_report.h"
 #include "console/summary.h"
 #include "findings/calls_report.h"
@@ -46,6 +47,8 @@ struct Options {
     std::vector<std::string> registryFiles;
     std::string winePrefix;
     bool noLibraries = false;
+    bool inventory = false;
+    std::string csv;
     bool structure = false;
     bool calls = false;
     bool deaths = false;
@@ -55,7 +58,7 @@ struct Options {
     bool quiet = false;
 
     // Without a kind of report, all kinds are written: a plain call produces everything.
-    [[nodiscard]] bool AllKinds() const { return !structure && !calls && !deaths; }
+    [[nodiscard]] bool AllKinds() const { return !structure && !calls && !deaths && !inventory; }
     [[nodiscard]] bool WritesStructure() const { return !noReports && (structure || AllKinds()); }
     [[nodiscard]] bool WritesCalls() const { return !noReports && !noCalls && (calls || AllKinds()); }
     [[nodiscard]] bool WritesDeaths() const { return !noReports && !noCalls && (deaths || AllKinds()); }
@@ -132,7 +135,7 @@ bool WriteReports(DiskFiles& files, const Options& options, const clsProjekt& pr
     return true;
 }
 
-// Writes JSON to the file or stream of --json; false if that fails.
+// Writes to the file of an option, or to standard output for "-"; false if that fails.
 template <class Write>
 bool WriteTo(const std::string& path, const Write& write) {
     if (path == "-") {
@@ -152,6 +155,10 @@ bool WriteJsonFile(const Options& options, bool libraryFiles) {
         return true;
     const JsonParts parts{!options.noCalls, options.checkLocals, libraryFiles};
     return WriteTo(options.json, [&](std::ostream& out) { WriteJson(out, *gProjekt, parts); });
+}
+
+bool WriteLibraryTable(const Options& options) {
+    return options.csv.empty() || WriteTo(options.csv, [](std::ostream& out) { out << LibraryTable(*gProjekt); });
 }
 
 int PrintLibrary(const Options& options) {
@@ -248,6 +255,9 @@ int Run(const Options& options) {
     const bool reportsWritten = WriteReports(files, options, *gProjekt);
     const double callMilliseconds = options.noCalls ? -1 : callTimer.LastRun;
     const std::string summary = options.quiet ? std::string() : SummaryText(*gProjekt, timer.LastRun, callMilliseconds);
+    if (options.inventory)
+        (options.json == "-" ? std::cerr : std::cout) << LibraryInventory(*gProjekt);
+    const bool tableWritten = WriteLibraryTable(options);
     const bool jsonWritten = WriteJsonFile(options, search.Sources().isConfigured);
     bool hasProblems = false;
     for (const Problem& problem : gProjekt->problems.All()) {
@@ -261,7 +271,7 @@ int Run(const Options& options) {
         (options.json == "-" ? std::cerr : std::cout) << summary;
     if (gProjekt->OwnedModules().empty())
         std::cerr << options.project << ": lists no module\n";
-    const int status = !hasProblems && reportsWritten && jsonWritten ? AllWell : Reported;
+    const int status = !hasProblems && reportsWritten && tableWritten && jsonWritten ? AllWell : Reported;
     std::cout.flush();
     return status;
 }
@@ -307,6 +317,12 @@ int main(int argc, char** argv) {
     app.add_option("--wine-prefix", options.winePrefix, "Wine prefix that knows the libraries, or none")
         ->type_name("DIR");
     app.add_flag("--no-libraries", options.noLibraries, "Do not look for referenced libraries");
+    auto* inventory = app.add_flag("--libraries", options.inventory,
+                                   "Print each referenced library with what uses it, and no reports")
+                          ->excludes(library);
+    app.add_option("--csv", options.csv, "Write the libraries as a table to FILE (- is standard output)")
+        ->type_name("FILE")
+        ->needs(inventory);
     app.add_flag("--quiet", options.quiet, "Neither progress nor summary");
     app.footer(
         "Exit status: 0 all well; 1 analysed, but something was reported; 2 nothing analysed.\n"

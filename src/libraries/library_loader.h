@@ -1,5 +1,5 @@
-// Finds the libraries of a project and fills them with their contents. Each file is read once, also when it is looked at
-// to identify it, or when several libraries take types from it.
+// Finds the libraries of a project and fills them with their contents. Each file is read once, also when it is looked
+// at to identify it, or when several libraries take types from it.
 #pragma once
 
 #include <map>
