@@ -2,6 +2,7 @@
 // reads as zeros, so a caller checks once, by `Cut`, that a record is there. Numbers are little-endian.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -24,7 +25,7 @@ public:
     }
     /// Everything from `at` on; empty if that is outside.
     [[nodiscard]] ByteView From(std::size_t at) const {
-        return at <= bytes_.size() ? ByteView(bytes_.substr(at)) : ByteView();
+        return ByteView(bytes_.substr(std::min(at, bytes_.size())));
     }
 
     [[nodiscard]] std::uint8_t U8(std::size_t at) const { return static_cast<std::uint8_t>(Number(at, 1)); }

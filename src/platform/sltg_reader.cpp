@@ -122,8 +122,9 @@ private:
         typelib::ImportedLibrary library;
         if (text.starts_with("*\\G"))
             text.remove_prefix(3);
-        for (const char c : TakeField(text, '#'))
-            library.id += c >= 'a' && c <= 'f' ? static_cast<char>(c - 'a' + 'A') : c;
+        library.id = reading_.Text(TakeField(text, '#'));
+        for (char& c : library.id)
+            c = c >= 'a' && c <= 'f' ? static_cast<char>(c - 'a' + 'A') : c;
         std::string_view version = TakeField(text, '#');
         library.major = static_cast<int>(HexNumber(TakeField(version, '.')).value_or(0) & 0xFFFF);
         library.minor = static_cast<int>(HexNumber(version).value_or(0) & 0xFFFF);
