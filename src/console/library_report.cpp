@@ -34,7 +34,7 @@ Json ValueJson(const typelib::Constant& value) {
 Json ParameterJson(const TypeLibrary& library, const typelib::Parameter& parameter) {
     Json json = {{"name", parameter.name}, {"type", TypeText(library, parameter.type)}};
     constexpr std::pair<std::uint32_t, const char*> kWords[] = {
-        {param_flag::kIn, "in"},       {param_flag::kOut, "out"},           {param_flag::kRetVal, "retval"},
+        {param_flag::kIn, "in"},     {param_flag::kOut, "out"},           {param_flag::kRetVal, "retval"},
         {param_flag::kLcid, "lcid"}, {param_flag::kOptional, "optional"},
     };
     Json flags = Json::array();
@@ -71,8 +71,11 @@ Json MemberJson(const TypeLibrary& library, const typelib::Member& member) {
 }
 
 Json TypeJson(const TypeLibrary& library, const typelib::Type& type) {
-    Json json = {{"name", type.name},   {"kind", TextOf(type.kind)},        {"id", type.id},
-                 {"flags", type.flags}, {"description", type.description}};
+    Json json = {{"name", type.name},
+                 {"kind", TextOf(type.kind)},
+                 {"id", type.id},
+                 {"flags", type.flags},
+                 {"description", type.description}};
     if (type.aliasOf)
         json["aliasOf"] = TypeText(library, *type.aliasOf);
     if (!type.implemented.empty()) {
@@ -172,9 +175,12 @@ Json GroupsJson(const clsTypeLib& library, const clsCollection<Group>& groups) {
 }  // namespace
 
 void WriteLibraryJson(std::ostream& out, const TypeLibrary& library, const clsTypeLib& objects) {
-    Json json = {{"name", library.name},         {"id", library.id},
-                 {"version", library.Version()}, {"lcid", library.lcid},
-                 {"format", TextOf(library.format)}, {"description", library.description}};
+    Json json = {{"name", library.name},
+                 {"id", library.id},
+                 {"version", library.Version()},
+                 {"lcid", library.lcid},
+                 {"format", TextOf(library.format)},
+                 {"description", library.description}};
     Json types = Json::array();
     for (const typelib::Type& type : library.types)
         types.push_back(TypeJson(library, type));

@@ -1,5 +1,5 @@
-// A type is a block. Its members stand in the block's member data, chained by 16-bit offsets from the beginning of these
-// data; so do types that need more than one word. References to other types are a table of texts.
+// A type is a block. Its members stand in the block's member data, chained by 16-bit offsets from the beginning of
+// these data; so do types that need more than one word. References to other types are a table of texts.
 #include "platform/sltg_reader.h"
 
 #include <bit>
@@ -311,7 +311,8 @@ private:
     static std::uint32_t ParameterFlags(std::uint16_t word) {
         constexpr std::uint16_t kRetVal = 0x80;
         constexpr std::uint16_t kLcid = 0x2000;
-        constexpr std::uint32_t kDirections[] = {param_flag::kIn, param_flag::kOut, param_flag::kIn | param_flag::kOut, 0};
+        constexpr std::uint32_t kDirections[] = {param_flag::kIn, param_flag::kOut, param_flag::kIn | param_flag::kOut,
+                                                 0};
         return kDirections[word >> 14] | ((word & kRetVal) != 0 ? param_flag::kRetVal : 0) |
                ((word & kLcid) != 0 ? param_flag::kLcid : 0);
     }

@@ -252,3 +252,42 @@ TEST_F(ReportProgram, SettingsChooseLanguageAndCodePage) {
     EXPECT_THAT(Run("--settings o.ini P.vbp").out, HasSubstr("Klassenmodule"));
     EXPECT_THAT(Run("--settings o.ini --lang english P.vbp").out, HasSubstr("Class modules"));
 }
+
+TEST_F(ReportProgram, LibraryIsPrintedWithoutAProject) {
+    fs::copy(kSource / "fuzz/corpus/pe_resources/program32.dll", dir_.Path("Lib.dll"));
+    const Outcome text = Run("--library lib.DLL");
+    EXPECT_EQ(text.status, 0);
+    EXPECT_EQ(text.err, "");
+    EXPECT_THAT(text.out, testing::StartsWith("Library: Tiny\nDescription: Tiny test library\nFile: lib.DLL\n"));
+    EXPECT_THAT(text.out, HasSubstr("Class Thing\n    Property Get Value(ByVal i As Long) As String\n"
+                                    "    Sub Go(ByRef h As Hue, Optional ByVal n As Integer = 7)\n        ' Goes\n"));
+
+    const Outcome json = Run("--library 'Lib.dll\\3' --json -");
+    EXPECT_EQ(json.status, 0);
+    const Json old = Json::parse(json.out);
+    EXPECT_EQ(old["name"], "Old");
+    EXPECT_EQ(old["format"], "SLTG");
+    EXPECT_EQ(old["version"], "3.7");
+    EXPECT_EQ(old["types"][0]["kind"], "record");
+    EXPECT_EQ(old["types"][1]["members"][0]["parameters"][1]["flags"], Json({"in", "out"}));
+    EXPECT_EQ(old["classes"][0]["members"][0]["codePath"], "Old.IUnk.Ask");
+    EXPECT_EQ(old["records"][0]["members"][1]["type"], "Long(0 To 2)");
+}
+
+TEST_F(ReportProgram, LibraryThatIsDamagedOrNoneIsReported) {
+    dir_.Write("text.tlb", "no library");
+    const Outcome none = Run("--library text.tlb");
+    EXPECT_EQ(none.status, 2);
+    EXPECT_EQ(none.err, "text.tlb: The file is no type library.\n");
+    EXPECT_EQ(none.out, "");
+    EXPECT_EQ(Run("--library missing.tlb").status, 2);
+    EXPECT_EQ(Run("--library text.tlb P.vbp").status, 2);
+    EXPECT_EQ(Run("").status, 2);
+
+    fs::copy(kSource / "fuzz/corpus/msft/tiny.tlb", dir_.Path("torn.tlb"));
+    fs::resize_file(dir_.Path("torn.tlb"), 0x7F0);  // within the functions of the interface
+    const Outcome torn = Run("--library torn.tlb");
+    EXPECT_EQ(torn.status, 1);
+    EXPECT_THAT(torn.out, HasSubstr("Enum Hue"));
+    EXPECT_EQ(torn.err, "torn.tlb: The members of the type \"IThing\" are damaged.\n");
+}

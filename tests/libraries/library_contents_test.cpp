@@ -96,15 +96,17 @@ TEST(LibraryClasses, DefaultInterfacesAndEventSourcesAreNone) {
     EXPECT_THAT(Classes(ContentsOf(Library({Interface("_Grid", {Function("Draw")}),
                                             Interface("__Grid", {Function("Click")}), Interface("ICell", {}), control,
                                             MakeType("Tools", Kind::Module, {Function("Beep", Simple(I4))})}))),
-                ElementsAre("class ICell:", "usercontrol Grid: Sub Draw() Event Click", "module Tools: Function Beep() As Long"));
+                ElementsAre("class ICell:", "usercontrol Grid: Sub Draw() Event Click",
+                            "module Tools: Function Beep() As Long"));
 }
 
 TEST(LibraryClasses, AnInterfaceOfTwoClassesIsAClassItself) {
-    const TypeLibrary library = Library(
-        {Interface("IBoth", {Function("Twin", Simple(HResult), {In("other", Own(0, 1))})}), CoClass("A", 0), CoClass("B", 0)});
-    EXPECT_THAT(Classes(ContentsOf(library)), ElementsAre("class IBoth: Sub Twin(ByVal other As IBoth)",
-                                                          "class A: Sub Twin(ByVal other As IBoth)",
-                                                          "class B: Sub Twin(ByVal other As IBoth)"));
+    const TypeLibrary library =
+        Library({Interface("IBoth", {Function("Twin", Simple(HResult), {In("other", Own(0, 1))})}), CoClass("A", 0),
+                 CoClass("B", 0)});
+    EXPECT_THAT(Classes(ContentsOf(library)),
+                ElementsAre("class IBoth: Sub Twin(ByVal other As IBoth)", "class A: Sub Twin(ByVal other As IBoth)",
+                            "class B: Sub Twin(ByVal other As IBoth)"));
 }
 
 TEST(LibraryClasses, HaveTheInnermostOfMembersWithOnePath) {
@@ -113,16 +115,19 @@ TEST(LibraryClasses, HaveTheInnermostOfMembersWithOnePath) {
     unknown.members[0].flags = func_flag::kRestricted;
     Member hidden = Function("Secret");
     hidden.flags = func_flag::kRestricted;
-    EXPECT_THAT(Classes(ContentsOf(Library(
-                    {unknown, Interface("IBase", {Function("Go", Simple(I2)), Function("Stay"), hidden}, 0),
-                     Interface("IMore", {Function("go", Simple(I4)), Function("GO", Simple(R8))}, 1), CoClass("C", 2)}))),
-                ElementsAre("class IUnknown: Sub Open()", "class IBase: Function Go() As Integer Sub Stay() Sub Secret() Sub Open()",
-                            "class C: Function go() As Long Sub Stay() Sub Secret() Sub Open()"));
+    EXPECT_THAT(
+        Classes(ContentsOf(Library(
+            {unknown, Interface("IBase", {Function("Go", Simple(I2)), Function("Stay"), hidden}, 0),
+             Interface("IMore", {Function("go", Simple(I4)), Function("GO", Simple(R8))}, 1), CoClass("C", 2)}))),
+        ElementsAre("class IUnknown: Sub Open()",
+                    "class IBase: Function Go() As Integer Sub Stay() Sub Secret() Sub Open()",
+                    "class C: Function go() As Long Sub Stay() Sub Secret() Sub Open()"));
 }
 
 TEST(LibraryClasses, OfARingOfBasesHaveEachMemberOnce) {
-    EXPECT_THAT(Classes(ContentsOf(Library({Interface("IOne", {Function("A")}, 1), Interface("ITwo", {Function("B")}, 0)}))),
-                ElementsAre("class IOne: Sub A() Sub B()", "class ITwo: Sub B() Sub A()"));
+    EXPECT_THAT(
+        Classes(ContentsOf(Library({Interface("IOne", {Function("A")}, 1), Interface("ITwo", {Function("B")}, 0)}))),
+        ElementsAre("class IOne: Sub A() Sub B()", "class ITwo: Sub B() Sub A()"));
 }
 
 TEST(LibraryMembers, BecomeProceduresOfVisualBasic) {
@@ -145,14 +150,16 @@ TEST(LibraryMembers, BecomeProceduresOfVisualBasic) {
              {many, "Sub Many(ParamArray args() As Variant)"},
              {Function("_B_str_Left", Simple(Bstr)), "Function Left$() As String"},
              {Function("_B_var_Left", Simple(Variant)), "Function Left() As Variant"},
-             {Function("F", Simple(Void), {In("a", {{{Ptr, {}}, {SafeArray, {}}}, I4, {}})}), "Sub F(ByRef a() As Long)"}})
+             {Function("F", Simple(Void), {In("a", {{{Ptr, {}}, {SafeArray, {}}}, I4, {}})}),
+              "Sub F(ByRef a() As Long)"}})
         EXPECT_EQ(OneSignature(function), signature);
 }
 
 TEST(LibraryMembers, PassAnInterfaceByValueBehindOnePointer) {
     const std::vector<Type> others{Interface("IShape", {}), MakeType("Rec", Kind::Record), CoClass("Shape", 0)};
-    EXPECT_EQ(OneSignature(Function("F", Simple(Void), {In("a", Own(0, 1)), In("b", Own(0, 2)), In("c", Own(1, 1)),
-                                                        In("d", Simple(Unknown)), In("e", Simple(Unknown, 1))}),
+    EXPECT_EQ(OneSignature(Function("F", Simple(Void),
+                                    {In("a", Own(0, 1)), In("b", Own(0, 2)), In("c", Own(1, 1)),
+                                     In("d", Simple(Unknown)), In("e", Simple(Unknown, 1))}),
                            others),
               "Sub F(ByVal a As Shape, ByRef b As Shape, ByRef c As Rec, ByVal d As IUnknown, ByRef e As IUnknown)");
 }
@@ -167,9 +174,10 @@ TEST(LibraryMembers, VariablesOfADispatchInterfaceAreProperties) {
     Member font = speed;
     font.name = "Font";
     font.type = Simple(Dispatch);
-    EXPECT_THAT(Classes(ContentsOf(Library({MakeType("D", Kind::Dispatch, {speed, label, font})}))),
-                ElementsAre("class D: Property Get Speed() As Long Property Let Speed() As Long Property Get Label() As Long "
-                            "Property Get Font() As Object Property Set Font() As Object"));
+    EXPECT_THAT(
+        Classes(ContentsOf(Library({MakeType("D", Kind::Dispatch, {speed, label, font})}))),
+        ElementsAre("class D: Property Get Speed() As Long Property Let Speed() As Long Property Get Label() As Long "
+                    "Property Get Font() As Object Property Set Font() As Object"));
 }
 
 TEST(LibraryTypes, AnInventedNameGivesWayToItsAlias) {
@@ -179,9 +187,9 @@ TEST(LibraryTypes, AnInventedNameGivesWayToItsAlias) {
     second.aliasOf = Own(0);
     Type number = MakeType("OLE_LONG", Kind::Alias);
     number.aliasOf = Simple(UI4);
-    const TypeLibrary library = Library(
-        {MakeType("__MIDL_0001", Kind::Enum), alias, second, number,
-         Interface("I", {Function("F", Own(2), {In("a", Own(0)), In("b", Own(1)), In("c", Own(3))})})});
+    const TypeLibrary library =
+        Library({MakeType("__MIDL_0001", Kind::Enum), alias, second, number,
+                 Interface("I", {Function("F", Own(2), {In("a", Own(0)), In("b", Own(1)), In("c", Own(3))})})});
     const LibraryContents contents = ContentsOf(library);
     EXPECT_EQ(contents.enums.at(0).name, "Colours");
     ASSERT_EQ(contents.aliases.size(), 2U);

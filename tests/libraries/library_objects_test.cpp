@@ -56,8 +56,8 @@ TEST_F(LibraryOfProject, HasObjectsLikeThoseOfModules) {
     ASSERT_TRUE(modul);
     EXPECT_EQ(modul->CodePathOrg(), "Lib.Socket");
     EXPECT_EQ(modul->GetImageKey(), "control");
-    EXPECT_THAT(Paths(modul->MyProcs), ElementsAre("Lib.Socket.Connect", "Lib.Socket.Port [Get]", "Lib.Socket.Port [Let]",
-                                                   "Lib.Socket.Peek"));
+    EXPECT_THAT(Paths(modul->MyProcs),
+                ElementsAre("Lib.Socket.Connect", "Lib.Socket.Port [Get]", "Lib.Socket.Port [Let]", "Lib.Socket.Peek"));
     EXPECT_EQ(modul->Public_Property.Count(), 2);
     // A method and an event of one name are both there.
     ASSERT_EQ(modul->MyEvents.Count(), 1);
@@ -87,7 +87,8 @@ TEST_F(LibraryOfProject, HasObjectsLikeThoseOfModules) {
 TEST_F(LibraryOfProject, FirstOfEqualNamesWinsAndASecondNameFindsTheSame) {
     LibraryContents contents;
     const auto group = [](std::string name, std::string member) {
-        return LibraryGroup{std::move(name), "", "", false, {{std::move(member), {"Long", "long", ""}, "1", false, ""}}};
+        return LibraryGroup{
+            std::move(name), "", "", false, {{std::move(member), {"Long", "long", ""}, "1", false, ""}}};
     };
     contents.enums = {group("Color", "cRed"), group("COLOR", "cBlue")};
     contents.records = {group("Point", "x")};

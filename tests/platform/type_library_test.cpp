@@ -31,7 +31,8 @@ std::string MembersText(const TypeLibrary& library, const Type& type) {
         if (member.value)
             text += " = " + TextOf(*member.value);
         for (const Parameter& parameter : member.parameters) {
-            text += ", " + parameter.name + ' ' + TypeText(library, parameter.type) + ' ' + std::to_string(parameter.flags);
+            text +=
+                ", " + parameter.name + ' ' + TypeText(library, parameter.type) + ' ' + std::to_string(parameter.flags);
             if (parameter.defaultValue)
                 text += " = " + TextOf(*parameter.defaultValue);
         }
@@ -105,7 +106,8 @@ TEST(Msft, ValuesOfAllKindsAreRead) {
         const std::string table = LittleEndian(c.type) + c.data;
         const TypeLibrary library =
             Read(LibraryBytes("msft/tiny.tlb").SetTable(kValues, table, kTypes).Set32(kValueOfHueRed, 0));
-        const std::string_view expected = c.type == Bstr && c.data.size() > 4 ? std::string_view("\"a\0b\"", 5) : c.text;
+        const std::string_view expected =
+            c.type == Bstr && c.data.size() > 4 ? std::string_view("\"a\0b\"", 5) : c.text;
         EXPECT_EQ(TextOf(library.types.at(0).members.at(0).value.value()), expected);
         // A table that ends within the value.
         if (c.data.size() > 1) {
@@ -265,10 +267,11 @@ TEST(LibraryPaths, MayEndInTheNumberOfAResource) {
         std::string_view path, file;
         std::optional<std::uint32_t> resource;
     };
-    for (const Case& c : {Case{R"(C:\vbscript.dll\3)", R"(C:\vbscript.dll)", 3}, Case{"a/b.tlb", "a/b.tlb", std::nullopt},
-                          Case{"3", "3", std::nullopt}, Case{R"(a.dll\3x)", R"(a.dll\3x)", std::nullopt},
-                          Case{R"(a.dll\99999999999)", R"(a.dll\99999999999)", std::nullopt},
-                          Case{R"(a.dll\)", R"(a.dll\)", std::nullopt}}) {
+    for (const Case& c :
+         {Case{R"(C:\vbscript.dll\3)", R"(C:\vbscript.dll)", 3}, Case{"a/b.tlb", "a/b.tlb", std::nullopt},
+          Case{"3", "3", std::nullopt}, Case{R"(a.dll\3x)", R"(a.dll\3x)", std::nullopt},
+          Case{R"(a.dll\99999999999)", R"(a.dll\99999999999)", std::nullopt},
+          Case{R"(a.dll\)", R"(a.dll\)", std::nullopt}}) {
         SCOPED_TRACE(c.path);
         EXPECT_EQ(SplitLibraryPath(c.path).file, c.file);
         EXPECT_EQ(SplitLibraryPath(c.path).resource, c.resource);
