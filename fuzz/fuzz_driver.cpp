@@ -323,7 +323,8 @@ private:
 
     static bool IsBinary(const std::string& input) { return input.find('\0') != std::string::npos; }
 
-    /// Formats full of offsets fall apart at once when bytes are inserted, so most changes keep everything in its place.
+    /// Formats full of offsets fall apart at once when bytes are inserted, so most changes keep everything in its
+    /// place.
     void MutateNumber(std::string& input) {
         if (input.size() < 8)
             return;

@@ -6,6 +6,9 @@
 #include <string_view>
 
 #include "fuzz_driver.h"
+#include "libraries/library_objects.h"
+#include "libraries/library_page.h"
+#include "model/clsProjekt.h"
 #include "platform/code_page.h"
 #include "platform/type_library.h"
 
@@ -52,4 +55,29 @@ inline void RequireSound(const TypeLibrary& library, std::size_t fileBytes) {
     Require(members <= fileBytes / 16, "members are no more than the file has room for");
     Require(library.problems.size() <= 20, "a damaged library is described in a few sentences");
     Require(std::all_of(library.problems.begin(), library.problems.end(), IsValidUtf8), "problems are UTF-8");
+}
+
+inline void RequireSoundObjects(const LibraryContents& contents) {
+    MemoryFiles files;
+    clsProjekt projekt(files);
+    clsTypeLib& objects = projekt.NewLibrary();
+    objects.SetName(projekt.TheNames().Intern("lib"));
+    ReadInterfaces(projekt, objects, contents);
+    projekt.SetModules({});
+    for (clsModul* modul : objects.myCoClasses) {
+        Require(modul->Number() < projekt.ObjectCount(), "objects are numbered");
+        Require(projekt.GetObjectFromCodePath(modul->CodePath()) != nullptr || modul->MyName().empty(),
+                "a class is found by its path");
+    }
+}
+
+/// The same for what Visual Basic sees of it, and for the objects made of that.
+inline void RequireSoundContents(const TypeLibrary& library) {
+    const LibraryContents contents = ContentsOf(library);
+    Require(contents.classes.size() + contents.enums.size() + contents.records.size() <= library.types.size(),
+            "a type is one thing");
+    Require(IsValidUtf8(LibraryPage(library, contents, "file")), "the page is UTF-8");
+    // A project costs more than all the rest, so not every library gets one.
+    if ((contents.enums.size() + 3 * library.problems.size() + library.helpContext) % 16 == 5)
+        RequireSoundObjects(contents);
 }

@@ -5,6 +5,8 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     const std::string_view file(reinterpret_cast<const char*>(data), size);
-    RequireSound(ReadTypeLibrary(file), size);
+    const TypeLibrary library = ReadTypeLibrary(file);
+    RequireSound(library, size);
+    RequireSoundContents(library);
     return 0;
 }

@@ -169,6 +169,10 @@ int PrintLibrary(const Options& options) {
         return NothingAnalysed;
     }
     const TypeLibrary& library = read.library;
+    for (const std::string& problem : library.problems)
+        std::cerr << options.library << ": " << problem << '\n';
+    if (library.types.empty() && !library.problems.empty())
+        return NothingAnalysed;
     bool isWritten = true;
     const LibraryContents contents = ContentsOf(library);
     if (options.json != "-")
@@ -180,10 +184,6 @@ int PrintLibrary(const Options& options) {
         ReadInterfaces(projekt, objects, contents);
         isWritten = WriteTo(options.json, [&](std::ostream& out) { WriteLibraryJson(out, library, objects); });
     }
-    for (const std::string& problem : library.problems)
-        std::cerr << options.library << ": " << problem << '\n';
-    if (library.types.empty() && !library.problems.empty())
-        return NothingAnalysed;
     return library.problems.empty() && isWritten ? AllWell : Reported;
 }
 

@@ -158,7 +158,8 @@ private:
         return result;
     }
 
-    // Members of an interface, then those of its bases. Each is read by the reader of its own library, where its types are.
+    // Members of an interface, then those of its bases. Each is read by the reader of its own library, where its types
+    // are.
     template <class Use>
     void ForEachMember(FoundType interface, const Use& use) {
         present_.clear();
@@ -186,7 +187,8 @@ private:
 
     // One path is given once: the innermost interface comes first.
     void AddUnlessPresent(std::vector<LibraryProcedure>& procedures, LibraryProcedure procedure) {
-        if (present_.emplace(ascii::LowerCase(procedure.name), IsAccessor(procedure.kind) ? procedure.kind : ProcKind::Sub)
+        if (present_
+                .emplace(ascii::LowerCase(procedure.name), IsAccessor(procedure.kind) ? procedure.kind : ProcKind::Sub)
                 .second)
             procedures.push_back(std::move(procedure));
     }
@@ -266,7 +268,8 @@ private:
             if (i == result || parameter.Has(param_flag::kLcid))
                 continue;
             LibraryArgument argument;
-            argument.name = parameter.name.empty() ? "Arg" + std::to_string(procedure.arguments.size() + 1) : parameter.name;
+            argument.name =
+                parameter.name.empty() ? "Arg" + std::to_string(procedure.arguments.size() + 1) : parameter.name;
             argument.type = names_.TypeOf(parameter.type);
             argument.isOptional = parameter.Has(param_flag::kOptional | param_flag::kHasDefault);
             argument.isByRef = names_.IsByRef(parameter.type);

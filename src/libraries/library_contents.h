@@ -1,5 +1,5 @@
-// A type library as Visual Basic sees it: classes with properties, methods and events, enumerations, records, constants. A
-// plain value in UTF-8, made from the records of the file; the project model is filled from it.
+// A type library as Visual Basic sees it: classes with properties, methods and events, enumerations, records,
+// constants. A plain value in UTF-8, made from the records of the file; the project model is filled from it.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,5 @@
-// Fills a library of a project with code objects, which are resolved, called, shown and addressed like those of the project.
+// Fills a library of a project with code objects, which are resolved, called, shown and addressed like those of the
+// project.
 #pragma once
 
 #include <string>

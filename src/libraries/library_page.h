@@ -8,7 +8,8 @@
 
 /// In UTF-8, with LF at the line ends.
 /// @param file  path of the library as it is shown
-[[nodiscard]] std::string LibraryPage(const TypeLibrary& library, const LibraryContents& contents, std::string_view file);
+[[nodiscard]] std::string LibraryPage(const TypeLibrary& library, const LibraryContents& contents,
+                                      std::string_view file);
 
 /// "Property Get Item(ByVal Index As Variant, Optional ByRef Sub As Variant) As Shape"
 [[nodiscard]] std::string Signature(const LibraryProcedure& procedure);

@@ -67,7 +67,8 @@ public:
     clsCollection<clsType> Public_Type{Memory()}, Private_Type{Memory()}, myTypes{Memory()};
     clsCollection<clsEnum> Public_Enum{Memory()}, Private_Enum{Memory()}, myEnums{Memory()};
     clsCollection<clsControl> MyControls{Memory()};
-    /// Of a library's class. They stand apart from its procedures: a control may have a method and an event of one name.
+    /// Of a library's class. They stand apart from its procedures: a control may have a method and an event of one
+    /// name.
     clsCollection<clsProzedur> MyEvents{Memory()};
 
     /// What other modules can see of this one, in the order of reading: the module itself and its declarations with

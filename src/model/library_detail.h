@@ -1,5 +1,5 @@
-// What only objects of a library have beside their place in the model: the model shows and resolves them like those of the
-// project, and asks for this where a text about them is written.
+// What only objects of a library have beside their place in the model: the model shows and resolves them like those of
+// the project, and asks for this where a text about them is written.
 #pragma once
 
 #include <cstdint>

@@ -1,7 +1,8 @@
-// A bounded stretch of foreign bytes: a file, a segment of it, or one record. Every read stays inside; what lies outside
-// reads as zeros, so a caller checks once, by `Cut`, that a record is there. Numbers are little-endian.
+// A bounded stretch of foreign bytes: a file, a segment of it, or one record. Every read stays inside; what lies
+// outside reads as zeros, so a caller checks once, by `Cut`, that a record is there. Numbers are little-endian.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <optional>
@@ -23,9 +24,7 @@ public:
         return Holds(at, length) ? std::optional(ByteView(bytes_.substr(at, length))) : std::nullopt;
     }
     /// Everything from `at` on; empty if that is outside.
-    [[nodiscard]] ByteView From(std::size_t at) const {
-        return at <= bytes_.size() ? ByteView(bytes_.substr(at)) : ByteView();
-    }
+    [[nodiscard]] ByteView From(std::size_t at) const { return ByteView(bytes_.substr(std::min(at, bytes_.size()))); }
 
     [[nodiscard]] std::uint8_t U8(std::size_t at) const { return static_cast<std::uint8_t>(Number(at, 1)); }
     [[nodiscard]] std::uint16_t U16(std::size_t at) const { return static_cast<std::uint16_t>(Number(at, 2)); }

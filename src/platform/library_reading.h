@@ -23,10 +23,11 @@ public:
     /// Notes what is broken. The same thing once is enough, and a damaged library can have thousands.
     void Broken(std::string what);
 
-    /// Accounts for a record that exists once in the file. In a sound file records do not overlap, so all of them together
-    /// are no larger than the file; false beyond that.
+    /// Accounts for a record that exists once in the file. In a sound file records do not overlap, so all of them
+    /// together are no larger than the file; false beyond that.
     [[nodiscard]] bool TakeRecord(std::size_t bytes) { return Take(recordsLeft_, bytes); }
-    /// The same for tables that many records refer to, such as texts: a file stands for no more than a multiple of itself.
+    /// The same for tables that many records refer to, such as texts: a file stands for no more than a multiple of
+    /// itself.
     [[nodiscard]] bool TakeFromTable(std::size_t bytes) { return Take(tableUseLeft_, bytes); }
 
     /// Texts are in the code page of this language from now on.

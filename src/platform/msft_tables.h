@@ -1,5 +1,5 @@
-// The tables of a type library in the format MSFT: names, texts, identifiers, types, values. All of them are segments of
-// the file, and records refer to them by offsets; -1 is none.
+// The tables of a type library in the format MSFT: names, texts, identifiers, types, values. All of them are segments
+// of the file, and records refer to them by offsets; -1 is none.
 #pragma once
 
 #include <array>

@@ -1,5 +1,5 @@
-// A type is a block. Its members stand in the block's member data, chained by 16-bit offsets from the beginning of these
-// data; so do types that need more than one word. References to other types are a table of texts.
+// A type is a block. Its members stand in the block's member data, chained by 16-bit offsets from the beginning of
+// these data; so do types that need more than one word. References to other types are a table of texts.
 #include "platform/sltg_reader.h"
 
 #include <bit>
@@ -122,8 +122,9 @@ private:
         typelib::ImportedLibrary library;
         if (text.starts_with("*\\G"))
             text.remove_prefix(3);
-        for (const char c : TakeField(text, '#'))
-            library.id += c >= 'a' && c <= 'f' ? static_cast<char>(c - 'a' + 'A') : c;
+        library.id = reading_.Text(TakeField(text, '#'));
+        for (char& c : library.id)
+            c = c >= 'a' && c <= 'f' ? static_cast<char>(c - 'a' + 'A') : c;
         std::string_view version = TakeField(text, '#');
         library.major = static_cast<int>(HexNumber(TakeField(version, '.')).value_or(0) & 0xFFFF);
         library.minor = static_cast<int>(HexNumber(version).value_or(0) & 0xFFFF);
@@ -310,7 +311,8 @@ private:
     static std::uint32_t ParameterFlags(std::uint16_t word) {
         constexpr std::uint16_t kRetVal = 0x80;
         constexpr std::uint16_t kLcid = 0x2000;
-        constexpr std::uint32_t kDirections[] = {param_flag::kIn, param_flag::kOut, param_flag::kIn | param_flag::kOut, 0};
+        constexpr std::uint32_t kDirections[] = {param_flag::kIn, param_flag::kOut, param_flag::kIn | param_flag::kOut,
+                                                 0};
         return kDirections[word >> 14] | ((word & kRetVal) != 0 ? param_flag::kRetVal : 0) |
                ((word & kLcid) != 0 ? param_flag::kLcid : 0);
     }

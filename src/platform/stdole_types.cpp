@@ -75,7 +75,8 @@ constexpr std::array kIds = {
 
 const StdoleType* StdoleTypeOf(const TypeLibrary& library, const typelib::ImportedType& type) {
     if (!type.id.empty()) {
-        const auto* const known = std::find_if(kIds.begin(), kIds.end(), [&](const KnownId& id) { return id.id == type.id; });
+        const auto* const known =
+            std::find_if(kIds.begin(), kIds.end(), [&](const KnownId& id) { return id.id == type.id; });
         return known == kIds.end() ? nullptr : &kTypes[known->index];
     }
     if (type.library >= library.importedLibraries.size() || library.importedLibraries[type.library].id != kStdoleId ||

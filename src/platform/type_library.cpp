@@ -176,7 +176,8 @@ std::string ArrayText(const ValueType& type) {
 std::string TypeText(const TypeLibrary& library, const ValueType& type) {
     if (type.base == Void)
         return type.levels.empty() ? std::string() : "Any";
-    return (type.base == UserDefined ? ReferenceText(library, type.reference) : std::string(SimpleTypeText(type.base))) +
+    return (type.base == UserDefined ? ReferenceText(library, type.reference)
+                                     : std::string(SimpleTypeText(type.base))) +
            ArrayText(type);
 }
 

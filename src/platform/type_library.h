@@ -134,11 +134,11 @@ struct Member {
     std::string name;
     std::int32_t id = 0;
     bool isFunction = false;
-    InvokeKind invoke = InvokeKind::Func;                     // of a function
-    VariableKind variableKind = VariableKind::PerInstance;    // of a variable
-    bool hasParamArray = false;                               // the last parameter takes any number of values
-    std::uint32_t flags = 0;                                  // func_flag or var_flag
-    ValueType type;                                           // result of a function
+    InvokeKind invoke = InvokeKind::Func;                   // of a function
+    VariableKind variableKind = VariableKind::PerInstance;  // of a variable
+    bool hasParamArray = false;                             // the last parameter takes any number of values
+    std::uint32_t flags = 0;                                // func_flag or var_flag
+    ValueType type;                                         // result of a function
     std::vector<Parameter> parameters;
     std::optional<Constant> value;  // of a constant
     std::string entry;              // of a module's function: its name in the DLL, or "#" and its ordinal
@@ -191,7 +191,8 @@ struct TypeLibrary {
     std::vector<typelib::Type> types;  // in the order of the file
     std::vector<typelib::ImportedLibrary> importedLibraries;
     std::vector<typelib::ImportedType> importedTypes;
-    /// What is broken in the file, the first first; empty for a sound one. The rest of the library is what could be read.
+    /// What is broken in the file, the first first; empty for a sound one. The rest of the library is what could be
+    /// read.
     std::vector<std::string> problems;
 
     /// "2.5", both parts in decimal.

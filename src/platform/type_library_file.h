@@ -8,11 +8,12 @@
 
 #include "platform/type_library.h"
 
-/// Larger files are not taken for libraries; those known are below three megabytes, the programs around them below fifty.
+/// Larger files are not taken for libraries; those known are below three megabytes, the programs around them below
+/// fifty.
 inline constexpr std::size_t kMaxLibraryFileBytes = std::size_t{64} << 20;
 
-/// Reads the library that a file is (.tlb, .olb) or that is among its resources (.dll, .ocx, .exe, .oca); the ending says
-/// nothing about that. A library that cannot be found or read is empty and has a problem.
+/// Reads the library that a file is (.tlb, .olb) or that is among its resources (.dll, .ocx, .exe, .oca); the ending
+/// says nothing about that. A library that cannot be found or read is empty and has a problem.
 /// @param resource  which of several in the resources; without it number 1, else the lowest
 [[nodiscard]] TypeLibrary ReadTypeLibrary(std::string_view file, std::optional<std::uint32_t> resource = std::nullopt);
 
