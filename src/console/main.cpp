@@ -305,6 +305,7 @@ int main(int argc, char** argv) {
     app.add_option("--define", options.defines, "Conditional constant, as the project's own would be given")
         ->type_name("NAME=VALUE")
         ->take_all()
+        ->allow_extra_args(false)
         ->expected(1);
     app.add_option("--library-folder", options.libraryFolders, "Folder with files of referenced libraries")
         ->type_name("DIR")
