@@ -310,10 +310,12 @@ int main(int argc, char** argv) {
     app.add_option("--library-folder", options.libraryFolders, "Folder with files of referenced libraries")
         ->type_name("DIR")
         ->take_all()
+        ->allow_extra_args(false)
         ->expected(1);
     app.add_option("--registry", options.registryFiles, "Exported registry file (.reg) that knows the libraries")
         ->type_name("FILE")
         ->take_all()
+        ->allow_extra_args(false)
         ->expected(1);
     app.add_option("--wine-prefix", options.winePrefix, "Wine prefix that knows the libraries, or none")
         ->type_name("DIR");

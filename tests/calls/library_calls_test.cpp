@@ -61,7 +61,7 @@ TEST_F(LibraryCalls, ProceduresOfALibraryAreNoBareNames) {
 TEST_F(LibraryCalls, AControlLeadsToTheClassOfTheLastComponent) {
     ReadProject({{"F.frm",
                   "VERSION 5.00\nBegin VB.Form F\n  Begin Things.Thing tvw\n  End\nEnd\n"
-                  "Attribute VB_Name = \"F\"\nSub Go_()\n  tvw.Run\nEnd Sub\n"}});
+                  "Attribute VB_Name = \"F\"\nOption Explicit\nSub Go_()\n  tvw.Run\nEnd Sub\n"}});
     AddLibrary(LibraryKind::Component, "Older", Things());
     AddLibrary(LibraryKind::Component, "Things", Things());
     AddLibrary(LibraryKind::Reference, "Reference", Things());

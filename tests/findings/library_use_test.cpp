@@ -16,7 +16,7 @@ TEST_F(LibraryUses, ControlsTellWhichMissingComponentTheyAreOf) {
                  {"F.frm",
                   "VERSION 5.00\nObject = \"{aaaa-1}#1.0#0\"; \"TREE.OCX\"\n"
                   "Object = \"{AAAA-2}#1.0#0\"; \"GRID.OCX\"\nBegin VB.Form F\n  Begin TreeLib.Tree a\n  End\n"
-                  "  Begin GridLib.Grid b\n  End\nEnd\nAttribute VB_Name = \"F\"\n"
+                  "  Begin GridLib.Grid b\n  End\nEnd\nAttribute VB_Name = \"F\"\nOption Explicit\n"
                   "Sub Go_(n As TreeLib.Node)\n  a.Clear\nEnd Sub\n"},
                  {"G.frm",
                   "VERSION 5.00\nObject = \"{AAAA-1}#1.0#0\"; \"TREE.OCX\"\nBegin VB.Form G\n"
