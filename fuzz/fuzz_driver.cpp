@@ -210,12 +210,19 @@ std::vector<std::string> ReadDictionary(const fs::path& corpusDirectory) {
 class Mutator {
 public:
     Mutator(const std::vector<std::string>& corpus, const std::vector<std::string>& dictionary, std::uint64_t seed)
-        : corpus_(corpus), dictionary_(dictionary), random_(seed) {}
+        : corpus_(corpus),
+          dictionary_(dictionary),
+          isBinary_(std::all_of(corpus.begin(), corpus.end(), IsBinary)),
+          random_(seed) {}
 
     std::string Next() {
         std::string input = AnyOf(corpus_);
-        for (std::size_t count = 1 + Below(Below(2) ? 3 : 12); count > 0; --count)
-            Mutate(input);
+        for (std::size_t count = 1 + Below(Below(2) ? 3 : 12); count > 0; --count) {
+            if (isBinary_ && Below(8) != 0)
+                MutateNumber(input);
+            else
+                Mutate(input);
+        }
         if (input.size() > kMaxInput)
             input.resize(kMaxInput);
         return input;
@@ -314,8 +321,42 @@ private:
         }
     }
 
+    static bool IsBinary(const std::string& input) { return input.find('\0') != std::string::npos; }
+
+    /// Formats full of offsets fall apart at once when bytes are inserted, so most changes keep everything in its
+    /// place.
+    void MutateNumber(std::string& input) {
+        if (input.size() < 8)
+            return;
+        const std::size_t bytes = std::size_t{1} << Below(3);
+        const std::size_t at = Below((input.size() - bytes) / bytes + 1) * bytes;
+        std::uint32_t number = 0;
+        std::memcpy(&number, input.data() + at, bytes);
+        switch (Below(6)) {
+            case 0:
+                number += static_cast<std::uint32_t>(Below(65)) - 32;
+                break;
+            case 1:
+                number ^= std::uint32_t{1} << Below(8 * bytes);
+                break;
+            case 2:
+                std::memcpy(&number, input.data() + Below(input.size() - bytes + 1), bytes);
+                break;
+            case 3:
+                number = static_cast<std::uint32_t>(Below(input.size() + 1));
+                break;
+            case 4:
+                number = 0xFFFFFFFF >> Below(32);
+                break;
+            default:
+                number = static_cast<std::uint32_t>(random_());
+        }
+        std::memcpy(input.data() + at, &number, bytes);
+    }
+
     const std::vector<std::string>& corpus_;
     const std::vector<std::string>& dictionary_;
+    const bool isBinary_;
     std::mt19937_64 random_;
 };
 

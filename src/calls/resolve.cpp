@@ -79,11 +79,6 @@ CodeObject* OwnObject(std::span<CodeObject* const> holders, AccessMode mode) {
     return nullptr;
 }
 
-CodeObject* TypeOfControl(const clsProjekt& projekt, const clsControl& control) {
-    const Name key = LastPart(control.type, projekt.TheNames());
-    return key.Known() ? projekt.UserControls.Item(key) : nullptr;
-}
-
 }  // namespace
 
 bool MatchesMode(const clsProzedur& prozedur, AccessMode mode) {
@@ -162,4 +157,17 @@ CodeObject* modMain::Get_Child(const clsProjekt& projekt, CodeObject* object, Na
         default:
             return nullptr;
     }
+}
+
+clsModul* modMain::TypeOfControl(const clsProjekt& projekt, const clsControl& control) {
+    const Name key = LastPart(control.type, projekt.TheNames());
+    if (!key.Known())
+        return nullptr;
+    if (clsModul* userControl = projekt.UserControls.Item(key))
+        return userControl;
+    clsModul* found = nullptr;  // of several components the last one serves
+    for (const clsTypeLib* component : projekt.myProjectObjects)
+        if (clsModul* oneClass = component->myCoClasses.Item(key))
+            found = oneClass;
+    return found;
 }

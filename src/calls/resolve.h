@@ -8,6 +8,7 @@
 #include "model/names.h"
 
 class CodeObject;
+class clsControl;
 class clsModul;
 class clsProjekt;
 class clsProzedur;
@@ -33,5 +34,8 @@ namespace modMain {
 /// The member of an object's type, or of a module itself.
 [[nodiscard]] CodeObject* Get_Child(const clsProjekt& projekt, CodeObject* object, Name member, AccessMode mode,
                                     ModuleNames& names);
+
+/// The user control of the project or the class of a component that a control on a form is; null for any other.
+[[nodiscard]] clsModul* TypeOfControl(const clsProjekt& projekt, const clsControl& control);
 
 }  // namespace modMain

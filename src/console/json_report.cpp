@@ -5,6 +5,7 @@
 #include <ostream>
 #include <unordered_set>
 
+#include "console/library_report.h"
 #include "findings/dead_objects.h"
 #include "model/clsControl.h"
 #include "model/clsEnum.h"
@@ -100,6 +101,27 @@ std::vector<LocalUse> LocalUsesOf(const clsProjekt& projekt) {
         modul->text->ReleaseModulText();
     }
     return uses;
+}
+
+Json LibraryJson(const clsTypeLib& library, bool withFile) {
+    Json json = {{"kind", TextOf(library.LibTyp)},           {"name", Utf8(library.myNameOrg())},
+                 {"description", Utf8(library.Description)}, {"typeLibID", Utf8(library.TypeLibID)},
+                 {"version", Utf8(library.Version)},         {"entry", Utf8(library.ProjektEintrag)}};
+    if (!withFile || !library.file.IsSought())
+        return json;
+    json["project"] = library.isProject;
+    json["file"] = library.file.IsFound() ? Json(Utf8(library.file.path)) : Json();
+    json["fileVersion"] = Utf8(library.file.version);
+    json["class"] = Utf8(library.CLSID);
+    json["sought"] = Json::array();
+    for (const LibraryPlace& place : library.file.places)
+        json["sought"].push_back(
+            {{"step", TextOf(place.step)}, {"place", Utf8(place.place)}, {"outcome", TextOf(place.outcome)}});
+    if (!library.format.empty()) {
+        json["format"] = library.format;
+        AddContents(json, library);
+    }
+    return json;
 }
 
 Json ObjectJson(const CodeObject& object, std::string_view kind, std::string_view type) {
@@ -234,17 +256,14 @@ void WriteJson(std::ostream& out, clsProjekt& projekt, const JsonParts& parts) {
     {
         ArrayWriter libraries(out, "libraries");
         for (const auto& library : projekt.OwnedLibraries())
-            libraries.Add({{"kind", TextOf(library->LibTyp)},
-                           {"name", Utf8(library->myNameOrg())},
-                           {"description", Utf8(library->Description)},
-                           {"typeLibID", Utf8(library->TypeLibID)},
-                           {"version", Utf8(library->Version)},
-                           {"entry", Utf8(library->ProjektEintrag)}});
+            libraries.Add(LibraryJson(*library, parts.libraryFiles));
     }
     {
         ArrayWriter problems(out, "problems");
         for (const Problem& problem : projekt.problems.All())
-            problems.Add({{"tag", Utf8(problem.tag)}, {"text", Utf8(problem.text)}, {"path", Utf8(problem.subject)}});
+            if (!problem.isHint)
+                problems.Add(
+                    {{"tag", Utf8(problem.tag)}, {"text", Utf8(problem.text)}, {"path", Utf8(problem.subject)}});
     }
     out << "\n}\n";
 }

@@ -8,6 +8,7 @@ class clsProjekt;
 struct JsonParts {
     bool edges = false;          // calls were analysed
     bool localsChecked = false;  // the uses of arguments and locals are included
+    bool libraryFiles = false;   // where the libraries were sought is included
 };
 
 /// Writes `projekt` and the problems noted so far as one JSON object in UTF-8.

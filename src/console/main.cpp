@@ -7,11 +7,16 @@
 
 #include "calls/driver.h"
 #include "console/json_report.h"
+#include "console/library_inventory.h"
+#include "console/library_report.h"
 #include "console/overview_text.h"
 #include "console/summary.h"
 #include "findings/dead_objects.h"
 #include "findings/project_overview.h"
 #include "findings/report_files.h"
+#include "libraries/library_objects.h"
+#include "libraries/library_page.h"
+#include "libraries/library_search.h"
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
 #include "platform/code_page.h"
@@ -33,12 +38,19 @@ enum ExitStatus { AllWell = 0, Reported = 1, NothingAnalysed = 2 };
 
 struct Options {
     std::string project;
+    std::string library;
     std::string out;
     std::string json;
     std::string settings;
     std::string language;
     std::string codePage;
     std::vector<std::string> defines;
+    std::vector<std::string> libraryFolders;
+    std::vector<std::string> registryFiles;
+    std::string winePrefix;
+    bool noLibraries = false;
+    bool inventory = false;
+    std::string csv;
     bool structure = false;
     bool calls = false;
     bool deaths = false;
@@ -49,7 +61,7 @@ struct Options {
     bool overview = false;
 
     // Without a kind of report, all kinds are written: a plain call produces everything.
-    [[nodiscard]] bool AllKinds() const { return !structure && !calls && !deaths && !overview; }
+    [[nodiscard]] bool AllKinds() const { return !structure && !calls && !deaths && !overview && !inventory; }
     [[nodiscard]] bool WritesStructure() const { return !noReports && (structure || AllKinds()); }
     [[nodiscard]] bool WritesCalls() const { return !noReports && !noCalls && (calls || AllKinds()); }
     [[nodiscard]] bool WritesDeaths() const { return !noReports && !noCalls && (deaths || AllKinds()); }
@@ -104,19 +116,18 @@ bool WriteReports(DiskFiles& files, const Options& options, const clsProjekt& pr
     return true;
 }
 
-bool WriteJsonFile(const Options& options) {
-    if (options.json.empty())
-        return true;
-    const JsonParts parts{!options.noCalls, options.checkLocals};
-    if (options.json == "-") {
-        WriteJson(std::cout, *gProjekt, parts);
+// Writes to the file of an option, or to standard output for "-"; false if that fails.
+template <class Write>
+bool WriteTo(const std::string& path, const Write& write) {
+    if (path == "-") {
+        write(std::cout);
         return static_cast<bool>(std::cout.flush());
     }
-    std::ofstream file(options.json, std::ios::binary);
-    WriteJson(file, *gProjekt, parts);
+    std::ofstream file(path, std::ios::binary);
+    write(file);
     if (file.flush())
         return true;
-    std::cerr << options.json << ": could not be written\n";
+    std::cerr << path << ": could not be written\n";
     return false;
 }
 
@@ -141,6 +152,57 @@ void HintAtCodePage(const Files& files, const Options& options, std::string_view
                   << " reads its texts so\n";
 }
 
+bool WriteJsonFile(const Options& options, bool libraryFiles) {
+    if (options.json.empty())
+        return true;
+    const JsonParts parts{!options.noCalls, options.checkLocals, libraryFiles};
+    return WriteTo(options.json, [&](std::ostream& out) { WriteJson(out, *gProjekt, parts); });
+}
+
+bool WriteLibraryTable(const Options& options) {
+    return options.csv.empty() || WriteTo(options.csv, [](std::ostream& out) { out << LibraryTable(*gProjekt); });
+}
+
+int PrintLibrary(const Options& options) {
+    DiskFiles files;
+    const LibraryInFile read = ReadLibraryFile(files, options.library);
+    if (read.error != FileError::None) {
+        std::cerr << options.library << ": " << Describe(read.error) << '\n';
+        return NothingAnalysed;
+    }
+    const TypeLibrary& library = read.library;
+    for (const std::string& problem : library.problems)
+        std::cerr << options.library << ": " << problem << '\n';
+    if (library.types.empty() && !library.problems.empty())
+        return NothingAnalysed;
+    bool isWritten = true;
+    const LibraryContents contents = ContentsOf(library);
+    if (options.json != "-")
+        std::cout << LibraryPage(library, contents, options.library);
+    if (!options.json.empty()) {
+        clsProjekt projekt(files);
+        clsTypeLib& objects = projekt.NewLibrary();
+        objects.SetName(projekt.TheNames().Intern(projekt.TheNames().Page().FromUtf8(library.name)));
+        ReadInterfaces(projekt, objects, contents);
+        isWritten = WriteTo(options.json, [&](std::ostream& out) { WriteLibraryJson(out, library, objects); });
+    }
+    return library.problems.empty() && isWritten ? AllWell : Reported;
+}
+
+// The settings file's, with those of the command line in front or, where there is only one, in their place.
+Settings WithOptions(Settings settings, const Options& options) {
+    const auto putInFront = [](std::vector<std::string>& entries, const std::vector<std::string>& given) {
+        entries.insert(entries.begin(), given.begin(), given.end());
+    };
+    putInFront(settings.LibraryFolders, options.libraryFolders);
+    putInFront(settings.RegistryFiles, options.registryFiles);
+    if (!options.winePrefix.empty())
+        settings.WinePrefix = options.winePrefix;
+    if (options.noLibraries)
+        settings.LoadLibs = 0;
+    return settings;
+}
+
 int Run(const Options& options) {
     DiskFiles files;
     const std::string programDirectory = GetAppPathWithSlash();
@@ -150,7 +212,7 @@ int Run(const Options& options) {
         return NothingAnalysed;
     }
     SettingsFile settings(files, gIniFile);
-    const Settings stored = StartProgram(files, settings, nullptr, programDirectory);
+    const Settings stored = WithOptions(StartProgram(files, settings, nullptr, programDirectory), options);
     if (!options.language.empty()) {
         gText.Language = options.language;
         gText.SetLanguage(files, programDirectory);
@@ -184,7 +246,8 @@ int Run(const Options& options) {
     SetProgress(showsProgress ? &progress : nullptr);
     clsQueryTimer timer;
     timer.Start();
-    Projekt_Laden(*gProjekt);
+    LibrarySearch search(files, LibrarySourcesOf(stored, files));
+    Projekt_Laden(*gProjekt, stored.LoadLibs != 0 ? &search : nullptr);
     timer.Halt();
     clsQueryTimer callTimer;
     if (!options.noCalls) {
@@ -202,16 +265,24 @@ int Run(const Options& options) {
     const std::string summary = options.quiet      ? std::string()
                                 : options.overview ? OverviewText(OverviewOf(*gProjekt))
                                                    : SummaryText(*gProjekt, timer.LastRun, callMilliseconds);
-    const bool jsonWritten = WriteJsonFile(options);
-    for (const Problem& problem : gProjekt->problems.All())
+    if (options.inventory)
+        (options.json == "-" ? std::cerr : std::cout) << LibraryInventory(*gProjekt);
+    const bool tableWritten = WriteLibraryTable(options);
+    const bool jsonWritten = WriteJsonFile(options, search.Sources().isConfigured);
+    bool hasProblems = false;
+    for (const Problem& problem : gProjekt->problems.All()) {
+        if (problem.isHint)
+            continue;
+        hasProblems = true;
         std::cerr << Shown(problem.subject) << ": " << Shown(problem.text) << " (" << Shown(problem.tag) << ")\n";
+    }
     // With JSON on standard output, nothing else may be written there: another program reads it.
     if (!options.quiet)
         (options.json == "-" ? std::cerr : std::cout) << summary;
     HintAtCodePage(files, options, projectFile.text);
     if (gProjekt->OwnedModules().empty())
         std::cerr << options.project << ": lists no module\n";
-    const int status = gProjekt->problems.All().empty() && reportsWritten && jsonWritten ? AllWell : Reported;
+    const int status = !hasProblems && reportsWritten && tableWritten && jsonWritten ? AllWell : Reported;
     std::cout.flush();
     return status;
 }
@@ -222,7 +293,11 @@ int main(int argc, char** argv) {
     Options options;
     CLI::App app{"Reads a Visual Basic 6 project and reports what it is made of.", "ostrivane-report"};
     app.set_version_flag("--version", "ostrivane-report " + ProgramVersion());
-    app.add_option("PROJECT", options.project, "The project file (.vbp)")->required();
+    auto* project = app.add_option("PROJECT", options.project, "The project file (.vbp)");
+    auto* library =
+        app.add_option("--library", options.library, "Print the contents of a type library, without a project")
+            ->type_name("FILE")
+            ->excludes(project);
     auto* structure = app.add_flag("--structure", options.structure, "Write the structure report of each module");
     auto* calls = app.add_flag("--calls", options.calls, "Write the calls report of each module");
     auto* deaths = app.add_flag("--deaths", options.deaths, "Write the report of what nothing calls");
@@ -244,20 +319,42 @@ int main(int argc, char** argv) {
     app.add_option("--define", options.defines, "Conditional constant, as the project's own would be given")
         ->type_name("NAME=VALUE")
         ->take_all()
+        ->allow_extra_args(false)
         ->expected(1);
     auto* overview = app.add_flag("--summary", options.overview,
                                   "Print an overview in place of the counts; no reports unless a kind is named");
+    app.add_option("--library-folder", options.libraryFolders, "Folder with files of referenced libraries")
+        ->type_name("DIR")
+        ->take_all()
+        ->allow_extra_args(false)
+        ->expected(1);
+    app.add_option("--registry", options.registryFiles, "Exported registry file (.reg) that knows the libraries")
+        ->type_name("FILE")
+        ->take_all()
+        ->allow_extra_args(false)
+        ->expected(1);
+    app.add_option("--wine-prefix", options.winePrefix, "Wine prefix that knows the libraries, or none")
+        ->type_name("DIR");
+    app.add_flag("--no-libraries", options.noLibraries, "Do not look for referenced libraries");
+    auto* inventory = app.add_flag("--libraries", options.inventory,
+                                   "Print each referenced library with what uses it, and no reports")
+                          ->excludes(library);
+    app.add_option("--csv", options.csv, "Write the libraries as a table to FILE (- is standard output)")
+        ->type_name("FILE")
+        ->needs(inventory);
     app.add_flag("--quiet", options.quiet, "Neither progress nor summary")->excludes(overview);
     app.footer(
         "Exit status: 0 all well; 1 analysed, but something was reported; 2 nothing analysed.\n"
         "Without a kind of report named, all kinds are written.");
     try {
         app.parse(argc, argv);
+        if (project->empty() && library->empty())
+            throw CLI::RequiredError(project->get_name());
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? AllWell : NothingAnalysed;
     }
     try {
-        const int status = Run(options);
+        const int status = options.library.empty() ? Run(options) : PrintLibrary(options);
         std::cout.flush();
         std::cerr.flush();
         // Skips the destructors: freeing a large project takes time, and the system frees the memory anyway.

@@ -10,6 +10,7 @@
 #include "display/project_tree.h"
 #include "display/tree_marks.h"
 #include "findings/dead_objects.h"
+#include "libraries/library_search.h"
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
 #include "model/clsVariable.h"
@@ -53,6 +54,18 @@ CodeRange LineAt(std::string_view text, int line) {
 Workspace::Workspace(std::unique_ptr<clsProjekt>& projekt, Files& files, const Settings& settings, Ports ports)
     : projekt_(projekt), files_(files), settings_(settings), ports_(std::move(ports)) {}
 
+Workspace::~Workspace() = default;
+
+// Null if the settings leave out the libraries.
+LibrarySearch* Workspace::SearchOfLibraries() {
+    if (settings_.LoadLibs == 0)
+        return nullptr;
+    LibrarySources sources = LibrarySourcesOf(settings_, files_);
+    if (!search_ || search_->Sources() != sources)
+        search_ = std::make_unique<LibrarySearch>(files_, std::move(sources));
+    return search_.get();
+}
+
 bool Workspace::Open(const std::string& path, const std::string& codePage) {
     EndGeneration();
     SetActiveCodePage(CodePage(codePage.empty() ? settings_.CodePage : codePage));
@@ -60,7 +73,7 @@ bool Workspace::Open(const std::string& path, const std::string& codePage) {
     projekt_->CondComps_Win32_Win16(settings_.Win32 == 1);
     Timer_Reset(gTimerProjektOeffnen);
     Timer_Start(gTimerProjektOeffnen);
-    const bool isWhole = ports_.run("Projekt_Laden", true, [this] { Projekt_Laden(*projekt_); });
+    const bool isWhole = ports_.run("Projekt_Laden", true, [this] { Projekt_Laden(*projekt_, SearchOfLibraries()); });
     Timer_Stop(gTimerProjektOeffnen);
     if (!isWhole) {
         Close();
@@ -152,7 +165,7 @@ bool Workspace::LoadAgain() {
     loaded->FullPath = projekt_->FullPath;
     loaded->CondComps_Win32_Win16(settings_.Win32 == 1);
     ProblemList* const before = SetProblems(&loaded->problems);
-    if (!ports_.run("Projekt_Laden", true, [&loaded] { Projekt_Laden(*loaded); })) {
+    if (!ports_.run("Projekt_Laden", true, [&] { Projekt_Laden(*loaded, SearchOfLibraries()); })) {
         SetProblems(before);
         return false;
     }

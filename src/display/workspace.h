@@ -23,6 +23,7 @@
 #include "shell/text_numbers.h"
 
 class Files;
+class LibrarySearch;
 class clsProjekt;
 
 class Workspace {
@@ -35,6 +36,7 @@ public:
     };
     /// `projekt` holds the open project, null without one. All references must outlive the workspace.
     Workspace(std::unique_ptr<clsProjekt>& projekt, Files& files, const Settings& settings, Ports ports);
+    ~Workspace();
 
     [[nodiscard]] clsProjekt* Projekt() const { return projekt_.get(); }
     [[nodiscard]] bool CallsRead() const;
@@ -146,6 +148,7 @@ private:
         std::vector<NodeId> expanded, checked;
     };
     [[nodiscard]] Place Here() const;
+    [[nodiscard]] LibrarySearch* SearchOfLibraries();
     void EndGeneration();
     void ForgetObjects();
     void FillTree();
@@ -166,6 +169,7 @@ private:
     Files& files_;
     const Settings& settings_;
     Ports ports_;
+    std::unique_ptr<LibrarySearch> search_;  // stays from project to project, with the registry that it has read
 
     Baum tree_, calledBy_, calls_, collected_;
     Selection selection_;

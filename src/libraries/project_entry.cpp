@@ -1,9 +1,11 @@
 #include "libraries/project_entry.h"
 
+#include <charconv>
 #include <vector>
 
 #include "model/clsProjekt.h"
 #include "model/clsTypeLib.h"
+#include "platform/ascii.h"
 #include "shell/words.h"
 
 namespace {
@@ -29,7 +31,9 @@ std::string_view LibraryFileStem(std::string_view path) {
 
 std::string_view ValueOf(std::string_view line) {
     const auto equals = line.find('=');
-    return equals == std::string_view::npos ? std::string_view() : Trim(line.substr(equals + 1));
+    const std::string_view value =
+        equals == std::string_view::npos ? std::string_view() : Trim(line.substr(equals + 1));
+    return value.size() >= 2 && value.front() == '"' && value.back() == '"' ? value.substr(1, value.size() - 2) : value;
 }
 
 // Removes the leading "*\G" mark; the rest begins with the identifier or path.
@@ -42,15 +46,36 @@ void Name_From_File(clsProjekt& projekt, clsTypeLib& library, std::string_view p
     library.SetName(projekt.TheNames().Intern(LibraryFileStem(path)));
 }
 
+bool IsProjectMark(std::string_view value) {
+    return ascii::SameText(value.substr(0, 3), "*\\A");
+}
+
+bool IsProjectFile(std::string_view path) {
+    return path.size() > 4 && ascii::SameText(path.substr(path.size() - 4), ".vbp");
+}
+
+/// @param fields  identifier, version, language in hexadecimal
+void TakeIdentity(clsTypeLib& library, const std::vector<std::string_view>& fields) {
+    library.TypeLibID = std::string(fields[0]);
+    if (fields.size() >= 2)
+        library.Version = std::string(fields[1]);
+    if (fields.size() >= 3)
+        std::from_chars(fields[2].data(), fields[2].data() + fields[2].size(), library.lcid, 16);
+}
+
 }  // namespace
 
 void FillPropertysRef(clsProjekt& projekt, clsTypeLib& library, std::string_view line) {
     library.ProjektEintrag = std::string(line);
     library.LibTyp = LibraryKind::Reference;
-    const std::vector<std::string_view> fields = Fields(WithoutMark(ValueOf(line)), '#');
-    library.TypeLibID = std::string(fields[0]);
-    if (fields.size() >= 2)
-        library.Version = std::string(fields[1]);
+    const std::string_view value = ValueOf(line);
+    const std::vector<std::string_view> fields = Fields(WithoutMark(value), '#');
+    TakeIdentity(library, fields);
+    if (fields.size() >= 4)
+        library.LineFile = std::string(fields[3]);
+    else if (IsProjectMark(value))
+        library.LineFile = library.TypeLibID;
+    library.isProject = IsProjectMark(value) || IsProjectFile(library.LineFile);
     // A description can contain the separator: everything after the path belongs to it.
     if (fields.size() >= 5)
         library.Description = std::string(fields[4].data(), line.data() + line.size());
@@ -60,11 +85,15 @@ void FillPropertysRef(clsProjekt& projekt, clsTypeLib& library, std::string_view
 void FillPropertys(clsProjekt& projekt, clsTypeLib& library, std::string_view line) {
     library.ProjektEintrag = std::string(line);
     library.LibTyp = LibraryKind::Component;
-    const std::string_view value = WithoutMark(ValueOf(line));
-    const auto behind = value.find("; ");
-    const std::vector<std::string_view> fields = Fields(value.substr(0, behind), '#');
-    library.TypeLibID = std::string(fields[0]);
-    if (fields.size() >= 2)
-        library.Version = std::string(fields[1]);
-    Name_From_File(projekt, library, behind == std::string_view::npos ? fields[0] : value.substr(behind + 2));
+    const std::string_view marked = ValueOf(line);
+    const std::string_view value = WithoutMark(marked);
+    const auto semicolon = value.find(';');
+    const std::vector<std::string_view> fields = Fields(value.substr(0, semicolon), '#');
+    TakeIdentity(library, fields);
+    if (semicolon != std::string_view::npos)
+        library.LineFile = std::string(Trim(value.substr(semicolon + 1)));
+    else if (IsProjectMark(marked))
+        library.LineFile = library.TypeLibID;
+    library.isProject = IsProjectMark(marked) || IsProjectFile(library.LineFile);
+    Name_From_File(projekt, library, semicolon == std::string_view::npos ? fields[0] : library.LineFile);
 }

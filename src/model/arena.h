@@ -9,8 +9,12 @@
 
 class Arena final : public std::pmr::memory_resource {
 public:
+    static constexpr std::size_t kBlock = std::size_t{8} << 10;
+
     /// @param upstream  gives the blocks; must outlive the arena
-    explicit Arena(std::pmr::memory_resource* upstream = std::pmr::get_default_resource()) : upstream_(upstream) {}
+    /// @param block     bytes of a block, as many as the arena needs at least
+    explicit Arena(std::pmr::memory_resource* upstream = std::pmr::get_default_resource(), std::size_t block = kBlock)
+        : block_(block), upstream_(upstream) {}
     ~Arena() override {
         for (const Block& block : blocks_)
             upstream_->deallocate(block.begin, block.bytes);
@@ -25,16 +29,13 @@ public:
     }
 
 private:
-    static constexpr std::size_t kBlock = std::size_t{8} << 10;
-    static constexpr std::size_t kLarge = kBlock / 4;  // an allocation of this size or more gets its own block
-
     void* do_allocate(std::size_t bytes, std::size_t alignment) override {
-        if (bytes >= kLarge)
+        if (bytes >= block_ / 4)  // large ones get their own blocks
             return NewBlock(bytes);
         std::size_t skipped = (alignment - reinterpret_cast<std::size_t>(free_) % alignment) % alignment;
         if (bytes + skipped > left_) {
-            free_ = static_cast<char*>(NewBlock(kBlock));
-            left_ = kBlock;
+            free_ = static_cast<char*>(NewBlock(block_));
+            left_ = block_;
             skipped = 0;
         }
         char* const place = free_ + skipped;
@@ -57,6 +58,7 @@ private:
         void* begin;
         std::size_t bytes;
     };
+    std::size_t block_;
     std::pmr::memory_resource* upstream_;
     std::vector<Block> blocks_;
     char* free_ = nullptr;

@@ -5,5 +5,5 @@ CodeObject* clsModul::Get_Object_From_CodePath(std::string_view codePath) {
         for (CodeObject* object : entry->Objects())
             if (object->CodePath() == codePath)
                 return object;
-    return MyName() == codePath ? this : nullptr;
+    return CodePath() == codePath ? this : nullptr;
 }

@@ -20,8 +20,10 @@ class clsModul final : public CodeObject {
 public:
     /// @param names   of the project; they outlive the module
     /// @param memory  of the project, where the module's arena gets its blocks
-    explicit clsModul(Names& names, std::pmr::memory_resource* memory = std::pmr::get_default_resource())
-        : CodeObject(ObjectClass::Modul), names_(names), arena_(memory) {}
+    /// @param block   bytes of such a block
+    explicit clsModul(Names& names, std::pmr::memory_resource* memory = std::pmr::get_default_resource(),
+                      std::size_t block = Arena::kBlock)
+        : CodeObject(ObjectClass::Modul), names_(names), arena_(memory, block) {}
 
     [[nodiscard]] Names& TheNames() const { return names_; }
 
@@ -65,6 +67,9 @@ public:
     clsCollection<clsType> Public_Type{Memory()}, Private_Type{Memory()}, myTypes{Memory()};
     clsCollection<clsEnum> Public_Enum{Memory()}, Private_Enum{Memory()}, myEnums{Memory()};
     clsCollection<clsControl> MyControls{Memory()};
+    /// Of a library's class. They stand apart from its procedures: a control may have a method and an event of one
+    /// name.
+    clsCollection<clsProzedur> MyEvents{Memory()};
 
     /// What other modules can see of this one, in the order of reading: the module itself and its declarations with
     /// members and controls; the procedures are separate, as they join the public name space later.

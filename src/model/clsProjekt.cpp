@@ -43,7 +43,7 @@ void clsProjekt::CondComps_Win32_Win16(bool win32) {
 }
 
 clsTypeLib& clsProjekt::NewLibrary() {
-    return *libraries_.emplace_back(std::make_unique<clsTypeLib>());
+    return *libraries_.emplace_back(std::make_unique<clsTypeLib>(Memory()));
 }
 
 void clsProjekt::DropDerived() {
@@ -95,14 +95,27 @@ void clsProjekt::MakeIndex() {
     }
     for (const auto& library : libraries_) {
         library->graph = &calls;
-        library->number = objects_++;
+        library->number = objects_;
+        objects_ += library->ObjectCount();
         auto& libraries = library->LibTyp == LibraryKind::Reference ? myProjectReferences : myProjectObjects;
         libraries.AddUnlessPresent(library->NameKey(), library.get());
     }
     for (const clsModul* modul : AllModules())
         for (clsProzedur* prozedur : modul->publicProcedures)
             names.AddObject(*prozedur);
+    // After all names of the project, which win.
+    for (const auto& library : libraries_)
+        AddPublicNames(*library);
     SettleRedims(arrays);
+}
+
+void clsProjekt::AddPublicNames(clsTypeLib& library) {
+    if (library.ObjectCount() == 1)
+        return;
+    index_->names.AddObject(library);
+    for (const clsSpaceName* name : library.PrivNameSpace)
+        for (CodeObject* object : name->Objects())
+            index_->names.AddObject(name->NameKey(), *object);
 }
 
 void clsProjekt::SettleRedims(const clsCollection<clsVariable>& arrays) const {
@@ -194,7 +207,7 @@ CodeObject* clsProjekt::GetObjectFromCodePath(std::string_view codePath) const {
     for (const std::string_view key : {codePath, head}) {
         for (const auto* libraries : {&myProjectObjects, &myProjectReferences})
             if (clsTypeLib* library = libraries->Item(key))
-                return key == codePath ? library : nullptr;
+                return key == codePath ? library : library->Get_Object_From_CodePath(codePath);
         for (const auto* modules : {&Formulare, &Klassenmodule, &Modules, &UserControls})
             if (clsModul* modul = modules->Item(key))
                 return key == codePath ? modul : modul->Get_Object_From_CodePath(codePath);

@@ -107,6 +107,7 @@ private:
     };
     void DropDerived();
     void MakeIndex();
+    void AddPublicNames(clsTypeLib& library);
     void SettleRedims(const clsCollection<clsVariable>& arrays) const;
 
     Files& files_;

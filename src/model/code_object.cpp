@@ -46,7 +46,9 @@ std::string CodeObject::Path(NameOf nameOf) const {
     switch (class_) {
         case ObjectClass::Modul:
         case ObjectClass::TypeLib:
-            path = name(*this);
+            if (myLibrary)
+                path = name(*myLibrary);
+            Join(path, name(*this));
             break;
         case ObjectClass::Control:
             Join(path, name(*Modul));
@@ -153,6 +155,8 @@ std::string_view CodeObject::GetImageKey() const {
 }
 
 const CallGraph* CodeObject::Graph() const {
+    if (myLibrary)
+        return myLibrary->graph;
     if (Modul)
         return Modul->graph;
     if (class_ == ObjectClass::Modul)
@@ -161,6 +165,8 @@ const CallGraph* CodeObject::Graph() const {
 }
 
 std::uint32_t CodeObject::Number() const {
+    if (myLibrary)
+        return myLibrary->number + numberInModule;
     if (Modul)
         return Modul->firstNumber + numberInModule;
     if (class_ == ObjectClass::Modul)

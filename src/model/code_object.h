@@ -70,7 +70,7 @@ public:
     clsTypeLib* myLibrary = nullptr;  // set when the object belongs to a library
     Pos DeclareStart = 0;
     Pos DeclareEnd = 0;
-    std::uint32_t numberInModule = 0;  // among the objects of its module, the module itself being 0
+    std::uint32_t numberInModule = 0;  // among the objects of its module, or of its library; that itself is 0
     std::int16_t IsDeath = 0;          // 0 alive or not looked at, 1 dead, 2 undead
     Access Zugriff = Access::None;
 

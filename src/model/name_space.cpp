@@ -7,12 +7,15 @@
 #include "model/clsModul.h"
 #include "model/clsProzedur.h"
 #include "model/clsType.h"
+#include "model/clsTypeLib.h"
 #include "model/clsVariable.h"
 
 namespace {
 
 // The module or library name that an object's path begins with.
 Name HeadOf(const CodeObject& object) {
+    if (object.myLibrary)
+        return object.myLibrary->NameKey();
     return object.Modul ? object.Modul->NameKey() : object.NameKey();
 }
 
@@ -59,7 +62,7 @@ PathRest RestOf(const CodeObject& object) {
 bool SamePath(const CodeObject& one, const CodeObject& other) {
     if (&one == &other)
         return true;
-    if (!one.myLibrary && !other.myLibrary && !CanBeginOnePath(HeadOf(one), HeadOf(other)))
+    if (!CanBeginOnePath(HeadOf(one), HeadOf(other)))
         return false;
     if (one.Modul && one.Modul == other.Modul && !one.myLibrary && !other.myLibrary)
         return RestOf(one) == RestOf(other);  // only objects of the same name are compared
@@ -82,12 +85,11 @@ bool clsSpaceName::Add(CodeObject& object) {
     return true;
 }
 
-void NameSpace::AddObject(CodeObject& object) {
-    clsSpaceName* entry = Item(object.NameKey());
+void NameSpace::AddObject(Name name, CodeObject& object) {
+    clsSpaceName* entry = Item(name);
     if (!entry) {
-        entry = new (memory_->allocate(sizeof(clsSpaceName), alignof(clsSpaceName)))
-            clsSpaceName(object.NameKey(), memory_);
-        AddNew(object.NameKey(), entry);
+        entry = new (memory_->allocate(sizeof(clsSpaceName), alignof(clsSpaceName))) clsSpaceName(name, memory_);
+        AddNew(name.Lower(), entry);
     }
     entry->Add(object);
 }

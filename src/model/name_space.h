@@ -16,6 +16,7 @@ class clsSpaceName {
 public:
     clsSpaceName(Name name, std::pmr::memory_resource* memory) : name_(name.Lower()), others_(memory) {}
     [[nodiscard]] std::string_view MyName() const { return name_.View(); }
+    [[nodiscard]] Name NameKey() const { return name_; }
     [[nodiscard]] std::span<CodeObject* const> Objects() const {
         return others_.empty() ? std::span<CodeObject* const>(&first_, first_ ? 1 : 0)
                                : std::span<CodeObject* const>(others_);
@@ -36,7 +37,9 @@ public:
     explicit NameSpace(std::pmr::memory_resource* memory) : clsCollection(memory), memory_(memory) {}
 
     /// Enters `object` under its name, unless there is an object of the same code path.
-    void AddObject(CodeObject& object);
+    void AddObject(CodeObject& object) { AddObject(object.NameKey(), object); }
+    /// The same under another name that it has.
+    void AddObject(Name name, CodeObject& object);
 
 private:
     std::pmr::memory_resource* memory_;

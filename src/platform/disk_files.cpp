@@ -303,6 +303,30 @@ FileText DiskFiles::ReadText(std::string_view path) const {
     return file;
 }
 
+FileBytes DiskFiles::ReadBytes(std::string_view path, std::size_t most) const {
+    FileBytes file;
+    const int error = directories_->Try(path, [&](const std::string& systemPath) {
+        const FileHandle handle(systemPath.c_str(), O_RDONLY | O_NONBLOCK);
+        struct stat status {};
+        if (!handle.IsOpen() || fstat(handle.Number(), &status) != 0)
+            return errno;
+        if (!S_ISREG(status.st_mode))
+            return S_ISDIR(status.st_mode) ? EISDIR : EIO;
+        if (static_cast<std::uintmax_t>(status.st_size) > most)
+            return EFBIG;
+        const auto expected = static_cast<std::size_t>(status.st_size);
+        file.bytes.resize(expected);
+        const std::optional<std::size_t> count = ReadUpTo(handle.Number(), file.bytes.data(), expected, expected);
+        if (!count)
+            return errno;
+        file.bytes.resize(*count);
+        return 0;
+    });
+    if (error != 0)
+        file = {{}, ReadErrorOf(error)};
+    return file;
+}
+
 FileError DiskFiles::WriteWhole(std::string_view path, std::string_view bytes) {
     std::string target = directories_->Resolve(path).path;
     struct stat old {};
@@ -378,6 +402,21 @@ FileError DiskFiles::MakeDirectory(std::string_view path) {
             return FileError::NotWritable;
     }
     return FileError::None;
+}
+
+std::vector<std::string> DiskFiles::NamesIn(std::string_view directory) const {
+    std::vector<std::string> names;
+    directories_->Try(directory, [&](const std::string& systemPath) {
+        DIR* const stream = opendir(systemPath.c_str());
+        if (!stream)
+            return errno;
+        while (const dirent* entry = readdir(stream))
+            if (const std::string_view name = entry->d_name; name != "." && name != "..")
+                names.emplace_back(name);
+        closedir(stream);
+        return 0;
+    });
+    return names;
 }
 
 std::string DiskFiles::SystemPath(std::string_view path) const {

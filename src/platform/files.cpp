@@ -2,6 +2,8 @@
 #include "platform/path_names.h"
 #include "platform/text_bytes.h"
 
+#include <algorithm>
+
 std::string_view Describe(FileError error) {
     switch (error) {
         case FileError::None:
@@ -64,6 +66,14 @@ FileText MemoryFiles::ReadText(std::string_view path) const {
     return file;
 }
 
+FileBytes MemoryFiles::ReadBytes(std::string_view path, std::size_t most) const {
+    const auto found = files_.find(KeyOf(path));
+    if (found == files_.end())
+        return {{}, IsDirectory(path) ? FileError::IsDirectory : FileError::NotFound};
+    const std::string& bytes = found->second.bytes;
+    return bytes.size() > most ? FileBytes{{}, FileError::TooLarge} : FileBytes{bytes, FileError::None};
+}
+
 FileTime MemoryFiles::DateLastModified(std::string_view path) const {
     const Entry* found = Find(path);
     return found ? found->changed : 0;
@@ -93,6 +103,22 @@ FileError MemoryFiles::Append(std::string_view path, std::string_view bytes) {
 
 FileError MemoryFiles::MakeDirectory(std::string_view path) {
     return FileExists(path) ? FileError::NotWritable : FileError::None;
+}
+
+std::vector<std::string> MemoryFiles::NamesIn(std::string_view directory) const {
+    std::string inside = KeyOf(directory);
+    if (inside == ".")
+        inside.clear();
+    else if (!inside.ends_with('/'))
+        inside += '/';
+    std::vector<std::string> names;
+    for (auto file = files_.lower_bound(inside); file != files_.end() && file->first.starts_with(inside); ++file) {
+        std::string name = file->first.substr(inside.size());
+        name.resize(std::min(name.find('/'), name.size()));
+        if (names.empty() || names.back() != name)
+            names.push_back(std::move(name));
+    }
+    return names;
 }
 
 std::string MemoryFiles::SystemPath(std::string_view path) const {

@@ -3,6 +3,7 @@
 // Texts are returned as bytes with CR LF at every line end, whatever the file contains.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <initializer_list>
 #include <map>
@@ -10,6 +11,7 @@
 #include <string>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 enum class FileError { None, NotFound, IsDirectory, NoPermission, NotReadable, TooLarge, NoSpace, NotWritable };
 
@@ -27,6 +29,11 @@ struct FileText {
     bool hadOnlyLineFeeds = false;      // every line of the file ended in a lone LF
 };
 
+struct FileBytes {
+    std::string bytes;
+    FileError error = FileError::None;  // any value but None leaves `bytes` empty
+};
+
 // The const functions may be called from several threads at once.
 class Files {
 public:
@@ -36,6 +43,8 @@ public:
     [[nodiscard]] virtual bool FileExists(std::string_view path) const = 0;
     /// Reads a whole text file.
     [[nodiscard]] virtual FileText ReadText(std::string_view path) const = 0;
+    /// Reads a whole file as it is. A file of more than `most` bytes is not read: it is TooLarge.
+    [[nodiscard]] virtual FileBytes ReadBytes(std::string_view path, std::size_t most) const = 0;
     /// Time of the last change, or 0.
     [[nodiscard]] virtual FileTime DateLastModified(std::string_view path) const = 0;
     /// Replaces the content of the file by `bytes`. Writes a temporary file beside it and renames that, so that a crash
@@ -45,6 +54,8 @@ public:
     virtual FileError Append(std::string_view path, std::string_view bytes) = 0;
     /// Creates the directory and its parents; returns None if the directory exists already.
     virtual FileError MakeDirectory(std::string_view path) = 0;
+    /// Names of the files and directories in a directory, in no order; none if it does not exist.
+    [[nodiscard]] virtual std::vector<std::string> NamesIn(std::string_view directory) const = 0;
     /// The path as the operating system spells it, with the letter case found on disk. Parts that do not exist keep
     /// their spelling, with the system's separator.
     [[nodiscard]] virtual std::string SystemPath(std::string_view path) const = 0;
@@ -57,10 +68,12 @@ public:
     ~DiskFiles() override;
     [[nodiscard]] bool FileExists(std::string_view path) const override;
     [[nodiscard]] FileText ReadText(std::string_view path) const override;
+    [[nodiscard]] FileBytes ReadBytes(std::string_view path, std::size_t most) const override;
     [[nodiscard]] FileTime DateLastModified(std::string_view path) const override;
     FileError WriteWhole(std::string_view path, std::string_view bytes) override;
     FileError Append(std::string_view path, std::string_view bytes) override;
     FileError MakeDirectory(std::string_view path) override;
+    [[nodiscard]] std::vector<std::string> NamesIn(std::string_view directory) const override;
     [[nodiscard]] std::string SystemPath(std::string_view path) const override;
 
 private:
@@ -75,10 +88,12 @@ public:
     MemoryFiles(std::initializer_list<std::pair<const std::string, std::string>> files);
     [[nodiscard]] bool FileExists(std::string_view path) const override;
     [[nodiscard]] FileText ReadText(std::string_view path) const override;
+    [[nodiscard]] FileBytes ReadBytes(std::string_view path, std::size_t most) const override;
     [[nodiscard]] FileTime DateLastModified(std::string_view path) const override;
     FileError WriteWhole(std::string_view path, std::string_view bytes) override;
     FileError Append(std::string_view path, std::string_view bytes) override;
     FileError MakeDirectory(std::string_view path) override;
+    [[nodiscard]] std::vector<std::string> NamesIn(std::string_view directory) const override;
     [[nodiscard]] std::string SystemPath(std::string_view path) const override;
 
     void Remove(std::string_view path);

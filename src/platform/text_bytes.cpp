@@ -110,6 +110,10 @@ std::string Utf8FromUtf16(std::string_view bytes, bool isBigEndian, char32_t tor
     while (at + 1 < bytes.size()) {
         const char32_t unit = unitAt(at);
         at += 2;
+        if (unit < 0x80) {
+            utf8 += static_cast<char>(unit);
+            continue;
+        }
         if (unit < 0xD800 || unit > 0xDFFF) {
             AppendUtf8(utf8, unit);
             continue;

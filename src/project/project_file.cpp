@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <array>
 
+#include "libraries/library_loader.h"
 #include "libraries/project_entry.h"
 #include "model/clsProjekt.h"
 #include "platform/code_page.h"
 #include "project/replace.h"
+#include "project/start.h"
 #include "shell/clsText.h"
 #include "shell/errors.h"
 #include "shell/operations.h"
@@ -71,7 +73,15 @@ std::vector<ModuleLine> ModuleLines(std::string_view projektDir, std::string_vie
     return lines;
 }
 
-void LoadLibraries(clsProjekt& projekt, std::string_view projectText) {
+// The registry is read here, and not at the start of the program: it can be large, and many projects need none.
+void FindLibraries(clsProjekt& projekt, LibrarySearch& search) {
+    search.Begin(projekt.FullPath);
+    if (!search.TheRegistry().IsRead())
+        gCLSIDKeys = search.TheRegistry().SubKeys(RegistryRoot::ClassesRoot, "CLSID");
+    LibraryLoader(projekt, search).LoadAll();
+}
+
+void LoadLibraries(clsProjekt& projekt, std::string_view projectText, LibrarySearch* search) {
     ForEachLine(projectText, [&](std::string_view line) {
         const std::string key = KeyOf(line);
         if (key == "Reference")
@@ -82,6 +92,8 @@ void LoadLibraries(clsProjekt& projekt, std::string_view projectText) {
             return;
         gProgress().Progressiere_mal();
     });
+    if (search && !projekt.OwnedLibraries().empty())
+        FindLibraries(projekt, *search);
 }
 
 // Reports a file that could not be read. Asks about one that does not exist ("Laden abbrechen?"); Yes sets gAbort.
@@ -240,7 +252,7 @@ void CondComp_Init(clsProjekt& projekt, std::string_view projectText) {
     projekt.condComps.insert(projekt.condComps.end(), projekt.definedCondComps.begin(), projekt.definedCondComps.end());
 }
 
-void Projekt_Laden(clsProjekt& projekt) {
+void Projekt_Laden(clsProjekt& projekt, LibrarySearch* search) {
     const ErrorSubject subject(projekt.FullPath);
     clsQueryTimer timer;
     timer.Start();
@@ -260,7 +272,7 @@ void Projekt_Laden(clsProjekt& projekt) {
     gProgress().Caption(projekt.MyName);
     gProgress().Label(gText.TextNr(Text::LoadingProject));
     gProgress().Range(0, modules + GetAnzahlComponents(file.text) + GetAnzahlReferences(file.text));
-    LoadLibraries(projekt, file.text);
+    LoadLibraries(projekt, file.text, search);
     LoadModules(projekt, modMain::DirOrFileName(projekt.FullPath, 1), file.text);
     timer.Halt();
     projekt.TimeForStructure = timer.Get_TotalStr();

@@ -8,6 +8,7 @@
 #include "platform/files.h"
 #include "shell/text_numbers.h"
 
+class LibrarySearch;
 class clsProjekt;
 
 /// The text that says why a file that was read is no project, and what to do; None for a project. A project need not
@@ -15,7 +16,8 @@ class clsProjekt;
 [[nodiscard]] Text WhyNoProject(const FileText& file);
 
 /// Loads the project at projekt.FullPath. Once gAbort is set, no further module joins it.
-void Projekt_Laden(clsProjekt& projekt);
+/// @param search  finds the files of the libraries; without it they are not sought
+void Projekt_Laden(clsProjekt& projekt, LibrarySearch* search = nullptr);
 
 /// What has changed on disk since the project was read.
 struct ChangedFiles {

@@ -30,6 +30,7 @@ struct Problem {
     std::string text;
     std::string subject;
     std::vector<int> lines = {};  // of the subject, from 1, where it was found; empty if unknown
+    bool isHint = false;          // says what would give more; the analysis itself is whole
     bool operator==(const Problem&) const = default;
 };
 

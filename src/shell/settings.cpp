@@ -1,5 +1,6 @@
 #include "shell/settings.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdio>
 
@@ -71,7 +72,27 @@ std::string NumberText(double number) {
     return text;
 }
 
+constexpr std::size_t kMostListCharacters = 32767;
+
 }  // namespace
+
+std::vector<std::string> SplitList(std::string_view text) {
+    std::vector<std::string> entries;
+    for (std::size_t from = 0; from <= text.size();) {
+        const std::size_t end = std::min(text.find(';', from), text.size());
+        if (const std::string_view entry = Trim(text.substr(from, end - from)); !entry.empty())
+            entries.emplace_back(entry);
+        from = end + 1;
+    }
+    return entries;
+}
+
+std::string JoinList(const std::vector<std::string>& entries) {
+    std::string text;
+    for (const std::string& entry : entries)
+        text.append(text.empty() ? "" : ";").append(entry);
+    return text;
+}
 
 Settings Optionen_Ini_Load(SettingsFile& file) {
     Settings settings;
@@ -82,6 +103,12 @@ Settings Optionen_Ini_Load(SettingsFile& file) {
     if (file.ReadString(kGeneral, "Language", "english") == "german")
         settings.Language = "german";
     settings.CodePage = CodePage(file.ReadString(kGeneral, "CodePage", "auto")).Setting();
+    const auto readList = [&file](const char* key) {
+        return SplitList(file.ReadString(kGeneral, key, "", kMostListCharacters));
+    };
+    settings.LibraryFolders = readList("LibraryFolders");
+    settings.WinePrefix = file.ReadString(kGeneral, "WinePrefix", "", kMostListCharacters);
+    settings.RegistryFiles = readList("RegistryFiles");
 
     for (const FontKeys& keys : kFonts) {
         FontSetting& font = settings.*keys.font;
@@ -110,6 +137,9 @@ void Optionen_Ini_Save(SettingsFile& file, const Settings& settings) {
     file.WriteString(kGeneral, "ProcVarsInTreeView", std::to_string(settings.ProcVars));
     file.WriteString(kGeneral, "Language", settings.Language);
     file.WriteString(kGeneral, "CodePage", settings.CodePage);
+    file.WriteString(kGeneral, "LibraryFolders", JoinList(settings.LibraryFolders));
+    file.WriteString(kGeneral, "WinePrefix", settings.WinePrefix);
+    file.WriteString(kGeneral, "RegistryFiles", JoinList(settings.RegistryFiles));
     for (const FontKeys& keys : kFonts) {
         const FontSetting& font = settings.*keys.font;
         file.WriteString(kVisual, keys.size, NumberText(static_cast<double>(font.size)));

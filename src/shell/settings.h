@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -29,6 +30,10 @@ struct Settings {
     std::int16_t ProcVars = 1;         // 1: the project tree shows arguments and locals
     std::string Language = "english";  // or "german"
     std::string CodePage = "auto";     // or the number of a code page
+    // Where libraries are sought; directories and files of this system
+    std::vector<std::string> LibraryFolders;
+    std::string WinePrefix;  // "none", or empty for the one that the user has
+    std::vector<std::string> RegistryFiles;
 
     // Section "VISUALIZATION"; colours are 32-bit BGR values
     FontSetting CodeFont{10, "Courier New"};
@@ -49,6 +54,10 @@ struct Settings {
 
     bool operator==(const Settings&) const = default;
 };
+
+/// A list as the settings file holds it, "a;b", and back. Blanks around an entry and empty entries are dropped.
+[[nodiscard]] std::vector<std::string> SplitList(std::string_view text);
+[[nodiscard]] std::string JoinList(const std::vector<std::string>& entries);
 
 /// Path of the settings file.
 extern std::string gIniFile;

@@ -271,4 +271,12 @@ enum class Text {
     ProjectStructure = 332,
     CodeObjects = 333,
     ObjectInstances = 334,
+    LibraryFolders = 335,
+    WinePrefix = 336,
+    RegistryFiles = 337,
+    SeparatedBySemicolons = 338,
+    WinePrefixAutomatic = 339,
+    LibraryMissing = 340,
+    LibraryOtherVersion = 341,
+    RegistryUnreadable = 342,
 };

@@ -11,6 +11,7 @@
 #include "shell/vb_text.h"
 
 using testing::HasSubstr;
+using testing::Not;
 using Json = nlohmann::json;
 
 namespace {
@@ -284,4 +285,75 @@ TEST_F(ReportProgram, CodePageIsNamedOrHintedAt) {
     EXPECT_THAT(plain.err, HasSubstr("Windows-1251; --code-page 1251"));
     EXPECT_EQ(RunJson("--code-page windows-1251 P.vbp")["objects"][1]["codePath"], "окно.при");
     EXPECT_EQ(Run("--no-reports --code-page CP1251 P.vbp").err, "");
+}
+
+TEST_F(ReportProgram, LibrariesAreSoughtWhereTheOptionsSay) {
+    WriteProject("Dim a As Thing\n",
+                 "Object={a0000000-0000-0000-0000-000000000001}#1.2#0; TREE.OCX\n"
+                 "Reference=*\\G{1}#1.0#0#..\\absent.tlb#Absent\n");
+    fs::create_directory(dir_.Path("libs"));
+    fs::copy(kSource / "fuzz/corpus/pe_resources/program32.dll", dir_.Path("libs/tree.ocx"));
+    // Nothing is reported as long as nobody has said where libraries are.
+    const Json json = RunJson("P.vbp");
+    EXPECT_EQ(json["problems"].size(), 0U);
+    EXPECT_FALSE(json["libraries"][0].contains("file"));
+    EXPECT_EQ(RunJson("--library-folder libs --no-libraries P.vbp")["problems"].size(), 0U);
+
+    const Outcome run = Run("--quiet --no-reports --json j.json --library-folder other --library-folder libs P.vbp");
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.err, HasSubstr("absent.tlb into the project's folder or into a folder of LibraryFolders"));
+    const Json sought = Json::parse(dir_.Bytes("j.json"));
+    EXPECT_EQ(sought["libraries"][0]["file"], "libs/tree.ocx");
+    EXPECT_EQ(sought["libraries"][0]["sought"].back()["outcome"], "found");
+    EXPECT_TRUE(sought["libraries"][1]["file"].is_null());
+    EXPECT_EQ(sought["problems"].size(), 1U);
+    EXPECT_EQ(sought["libraries"][0]["classes"][0]["codePath"], "Tiny.Thing");
+    EXPECT_EQ(sought["edges"][0]["to"], "tiny.thing");
+    const Outcome inventory = Run("--quiet --libraries --csv t.csv --library-folder libs P.vbp");
+    EXPECT_THAT(inventory.out, HasSubstr("use         used by 1 module at 1 place\n"));
+    EXPECT_THAT(inventory.out, HasSubstr("project line: ..\\absent.tlb, missing\n"));
+    EXPECT_THAT(dir_.Bytes("t.csv"),
+                HasSubstr("\r\nTiny,Tiny test library,1.2,{a0000000-0000-0000-0000-000000000001},component,found,"));
+
+    dir_.Write("o.ini", "[ALLGEMEIN]\nLibraryFolders=none; libs\nLoadLibs=1\n");
+    EXPECT_THAT(Run("--settings o.ini --no-reports P.vbp").err, Not(HasSubstr("tree.ocx")));
+}
+
+TEST_F(ReportProgram, LibraryIsPrintedWithoutAProject) {
+    fs::copy(kSource / "fuzz/corpus/pe_resources/program32.dll", dir_.Path("Lib.dll"));
+    const Outcome text = Run("--library lib.DLL");
+    EXPECT_EQ(text.status, 0);
+    EXPECT_EQ(text.err, "");
+    EXPECT_THAT(text.out, testing::StartsWith("Library: Tiny\nDescription: Tiny test library\nFile: lib.DLL\n"));
+    EXPECT_THAT(text.out, HasSubstr("Class Thing\n    Property Get Value(ByVal i As Long) As String\n"
+                                    "    Sub Go(ByRef h As Hue, Optional ByVal n As Integer = 7)\n        ' Goes\n"));
+
+    const Outcome json = Run("--library 'Lib.dll\\3' --json -");
+    EXPECT_EQ(json.status, 0);
+    const Json old = Json::parse(json.out);
+    EXPECT_EQ(old["name"], "Old");
+    EXPECT_EQ(old["format"], "SLTG");
+    EXPECT_EQ(old["version"], "3.7");
+    EXPECT_EQ(old["types"][0]["kind"], "record");
+    EXPECT_EQ(old["types"][1]["members"][0]["parameters"][1]["flags"], Json({"in", "out"}));
+    EXPECT_EQ(old["classes"][0]["members"][0]["codePath"], "Old.IUnk.Ask");
+    EXPECT_EQ(old["records"][0]["members"][1]["type"], "Long(0 To 2)");
+}
+
+TEST_F(ReportProgram, LibraryThatIsDamagedOrNoneIsReported) {
+    dir_.Write("text.tlb", "no library");
+    const Outcome none = Run("--library text.tlb");
+    EXPECT_EQ(none.status, 2);
+    EXPECT_EQ(none.err, "text.tlb: The file is no type library.\n");
+    EXPECT_EQ(none.out, "");
+    EXPECT_EQ(Run("--library missing.tlb").status, 2);
+    EXPECT_EQ(Run("--library text.tlb P.vbp").status, 2);
+    EXPECT_EQ(Run("").status, 2);
+
+    fs::copy(kSource / "fuzz/corpus/msft/tiny.tlb", dir_.Path("torn.tlb"));
+    fs::resize_file(dir_.Path("torn.tlb"), 0x7F0);  // within the functions of the interface
+    const Outcome torn = Run("--library torn.tlb");
+    EXPECT_EQ(torn.status, 1);
+    EXPECT_THAT(torn.out, HasSubstr("Enum Hue"));
+    EXPECT_EQ(torn.err, "torn.tlb: The members of the type \"IThing\" are damaged.\n");
 }

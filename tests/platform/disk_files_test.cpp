@@ -49,6 +49,17 @@ TEST_F(DiskPaths, ExactSpellingGoesFirstThenByteOrder) {
     EXPECT_EQ(Read("fOrM1.frm"), "FORM1.frm");
 }
 
+TEST_F(DiskPaths, NamesOfADirectoryAreThoseOnDiskAndInMemory) {
+    MemoryFiles memory;
+    for (const char* name : {"Sub/a.txt", "Sub/B/c.txt", "Subs/d.txt"}) {
+        directory.Write(name, "x");
+        memory.WriteWhole(Path(name), "x");
+    }
+    EXPECT_THAT(files.NamesIn(Path("SUB")), testing::UnorderedElementsAre("a.txt", "B"));
+    EXPECT_THAT(memory.NamesIn(Path("SUB\\")), testing::UnorderedElementsAre("a.txt", "b"));
+    EXPECT_TRUE(files.NamesIn(Path("Sub/a.txt")).empty() && files.NamesIn(Path("none")).empty());
+}
+
 TEST_F(DiskPaths, AreMissingWhenNoFileExists) {
     directory.Write("a.txt", "x");
     const std::string longName(300, 'n');

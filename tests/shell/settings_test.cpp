@@ -25,6 +25,7 @@ protected:
 
 constexpr const char* kDefaults =
     "[ALLGEMEIN]\r\nwin32=1\r\nLoadLibs=1\r\nProcVarsInTreeView=1\r\nLanguage=english\r\nCodePage=auto\r\n"
+    "LibraryFolders=\r\nWinePrefix=\r\nRegistryFiles=\r\n"
     "[VISUALIZATION]\r\nFontSize=10\r\nFontName=Courier New\r\nFontBold=0\r\nFontItalic=0\r\n"
     "TreeFontSize=8\r\nTreeFontName=MS Sans Serif\r\nTreeFontBold=0\r\nTreeFontItalic=0\r\n"
     "Col Publics=255\r\nCol Privates=16744448\r\nCol CallLocal=16744448\r\nCol CallIn=8421631\r\n"
@@ -33,6 +34,7 @@ constexpr const char* kDefaults =
 
 constexpr const char* kOthers =
     "[ALLGEMEIN]\r\nwin32=0\r\nLoadLibs=0\r\nProcVarsInTreeView=-1\r\nLanguage=german\r\nCodePage=1251\r\n"
+    "LibraryFolders=/libs;/more libs\r\nWinePrefix=none\r\nRegistryFiles=/old.reg\r\n"
     "[VISUALIZATION]\r\nFontSize=10.5\r\nFontName=Consolas\r\nFontBold=1\r\nFontItalic=0\r\n"
     "TreeFontSize=9\r\nTreeFontName=Tahoma\r\nTreeFontBold=0\r\nTreeFontItalic=1\r\n"
     "Col Publics=1\r\nCol Privates=2\r\nCol CallLocal=3\r\nCol CallIn=4\r\nCol CallOut=5\r\nCol CallMayBe=6\r\n"
@@ -51,6 +53,7 @@ TEST_F(SettingsOfAFile, MissingFileGivesTheDefaultsAndTheFirstSaveCreatesIt) {
 TEST_F(SettingsOfAFile, WhatWasReadIsSavedAgain) {
     Load(kOthers);
     EXPECT_EQ(settings_.CodePage, "1251");
+    EXPECT_EQ(settings_.LibraryFolders, (std::vector<std::string>{"/libs", "/more libs"}));
     EXPECT_EQ(settings_.TreeFont, (FontSetting{9, "Tahoma", false, true}));
     EXPECT_EQ((std::vector<int>{settings_.Win32, settings_.LoadLibs, settings_.ProcVars, settings_.ColPublics,
                                 settings_.ColString}),

@@ -1,0 +1,76 @@
+#include "libraries/library_problems.h"
+
+#include "libraries/library_search.h"
+#include "libraries/library_version.h"
+#include "model/clsProjekt.h"
+#include "model/clsTypeLib.h"
+
+namespace {
+
+constexpr std::string_view kMissing = "clsTypeLib: FillPropertys (file)";
+constexpr std::string_view kVersion = "clsTypeLib: FillPropertys (version)";
+constexpr std::string_view kBroken = "clsTypeLib: ReadInterfaces";
+constexpr std::string_view kRegistry = "modRegistrySearch: GetAllKeys";
+
+// The file without its folder and the number of a resource.
+std::string FileNameOf(const clsTypeLib& library) {
+    std::string name = library.LineFile;
+    for (int part = 0; part < 2; ++part) {
+        const std::size_t separator = name.find_last_of("\\/");
+        if (separator == std::string::npos)
+            break;
+        if (name.find_first_not_of("0123456789", separator + 1) != std::string::npos)
+            return name.substr(separator + 1);
+        name.resize(separator);
+    }
+    return name;
+}
+
+bool HasWrongVersion(const clsTypeLib& library) {
+    const auto asked = VersionOf(library.Version);
+    const auto found = VersionOf(library.file.version);
+    return library.file.IsFound() && asked && found && FitOf(*found, *asked) == VersionFit::Other;
+}
+
+}  // namespace
+
+std::string MissingLibraryText(const clsTypeLib& library) {
+    if (library.isProject)
+        return "Project not found: " + library.LineFile;
+    std::string text = "Library not found: " + std::string(library.myNameOrg());
+    const std::string file = FileNameOf(library);
+    if (!file.empty())
+        text += ", " + file;
+    text += ", " + library.TypeLibID;
+    if (!library.Version.empty())
+        text += " version " + library.Version;
+    return text + ". Copy " + (file.empty() ? "its file" : "the file " + file) +
+           " into the project's folder or into a folder of LibraryFolders.";
+}
+
+void NoteLibraryProblems(clsProjekt& projekt, const LibrarySearch& search) {
+    const bool isHint = !search.Sources().isConfigured;
+    const auto add = [&](std::string_view tag, std::string text, const std::string& subject) {
+        projekt.problems.Add({std::string(tag), std::move(text), subject, {}, isHint});
+    };
+    for (const auto& library : projekt.OwnedLibraries()) {
+        if (!library->file.IsSought())
+            continue;
+        if (!library->file.IsFound())
+            add(kMissing, MissingLibraryText(*library), library->LineFile);
+        else if (HasWrongVersion(*library))
+            add(kVersion,
+                "Library " + std::string(library->myNameOrg()) + ": version " + library->Version +
+                    " was not found; version " + library->file.version + " is used.",
+                library->file.path);
+    }
+    if (!projekt.OwnedLibraries().empty())
+        for (const std::string& file : search.TheRegistry().Unreadable())
+            add(kRegistry, "The registry file cannot be read.", file);
+}
+
+void NoteBrokenLibrary(clsProjekt& projekt, const clsTypeLib& library, std::string what) {
+    projekt.problems.Add({std::string(kBroken),
+                          "Library " + std::string(library.myNameOrg()) + " is damaged: " + std::move(what),
+                          library.file.path});
+}

@@ -1,0 +1,18 @@
+// What is worth a report after the libraries of a project were sought.
+#pragma once
+
+#include <string>
+
+class LibrarySearch;
+class clsProjekt;
+class clsTypeLib;
+
+/// One sentence for a library that was not found, and another that says what to do.
+[[nodiscard]] std::string MissingLibraryText(const clsTypeLib& library);
+
+/// Adds a problem to the project for each library that was not found or is of a wrong version, and for each registry
+/// file that could not be read. As long as the user has named no source of libraries, they are hints.
+void NoteLibraryProblems(clsProjekt& projekt, const LibrarySearch& search);
+
+/// Adds what is broken in the file of a library; the library holds what could be read.
+void NoteBrokenLibrary(clsProjekt& projekt, const clsTypeLib& library, std::string what);

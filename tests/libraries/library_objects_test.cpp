@@ -1,0 +1,125 @@
+#include "libraries/library_objects.h"
+
+#include <gmock/gmock.h>
+
+#include "libraries/library_page.h"
+#include "model/clsProjekt.h"
+#include "platform/library_bytes.h"
+#include "platform/type_library_file.h"
+#include "support/golden.h"
+
+using testing::ElementsAre;
+
+namespace {
+
+LibraryProcedure Procedure(std::string name, ProcKind kind = ProcKind::Sub) {
+    LibraryProcedure procedure;
+    procedure.name = std::move(name);
+    procedure.kind = kind;
+    return procedure;
+}
+
+struct LibraryOfProject : testing::Test {
+    MemoryFiles files;
+    clsProjekt projekt{files};
+    clsTypeLib& library = projekt.NewLibrary();
+
+    void SetUp() override { library.SetName(projekt.TheNames().Intern("Lib")); }
+    // Joins the library to the project.
+    void Join() { projekt.SetModules({}); }
+};
+
+std::vector<std::string> Paths(const clsCollection<clsProzedur>& procedures) {
+    std::vector<std::string> paths;
+    for (const clsProzedur* prozedur : procedures)
+        paths.push_back(prozedur->CodePathOrg());
+    return paths;
+}
+
+}  // namespace
+
+TEST_F(LibraryOfProject, HasObjectsLikeThoseOfModules) {
+    LibraryContents contents;
+    LibraryClass socket;
+    socket.name = "Socket";
+    socket.kind = ModuleKind::UserControl;
+    socket.procedures = {Procedure("Connect"), Procedure("Port", ProcKind::PropertyGet),
+                         Procedure("Port", ProcKind::PropertyLet), Procedure("Peek", ProcKind::Function)};
+    socket.procedures[3].arguments = {{"Count", {"Long", "long", ""}, true, true, false, "7"}};
+    socket.procedures[3].type = {"Currency", "", ""};
+    socket.events = {Procedure("Connect")};
+    contents.classes = {socket};
+    ReadInterfaces(projekt, library, contents);
+    Join();
+
+    const clsModul* const modul = library.myCoClasses.Item("socket");
+    ASSERT_TRUE(modul);
+    EXPECT_EQ(modul->CodePathOrg(), "Lib.Socket");
+    EXPECT_EQ(modul->GetImageKey(), "control");
+    EXPECT_THAT(Paths(modul->MyProcs),
+                ElementsAre("Lib.Socket.Connect", "Lib.Socket.Port [Get]", "Lib.Socket.Port [Let]", "Lib.Socket.Peek"));
+    EXPECT_EQ(modul->Public_Property.Count(), 2);
+    // A method and an event of one name are both there.
+    ASSERT_EQ(modul->MyEvents.Count(), 1);
+    EXPECT_TRUE(modul->MyEvents.Item("connect")->IsEvent);
+    EXPECT_FALSE(modul->MyProcs.Item("connect")->IsEvent);
+
+    const clsProzedur& peek = *modul->MyProcs.Item("peek");
+    EXPECT_EQ(peek.DatenTyp(), "");
+    EXPECT_EQ(library.DetailOf(peek).shownType.View(), "Currency");
+    const clsVariable& count = *peek.MyVars.Item("count");
+    EXPECT_EQ(count.CodePath(), "lib.socket.peek.count");
+    EXPECT_EQ(count.DatenTyp(), "long");
+    EXPECT_TRUE(count.isOptional && count.isByRef);
+    EXPECT_EQ(library.DetailOf(count).value.View(), "7");
+
+    for (const CodeObject* object : std::initializer_list<const CodeObject*>{modul, &peek, &count}) {
+        EXPECT_EQ(object->myLibrary, &library);
+        EXPECT_GT(object->Number(), library.Number());
+        EXPECT_LT(object->Number(), projekt.ObjectCount());
+        EXPECT_EQ(object->CalledByAll().Count(), 0);
+    }
+    EXPECT_EQ(projekt.GetObjectFromCodePath("lib.socket"), modul);
+    EXPECT_EQ(projekt.GetObjectFromCodePath("lib.socket.port [let]"), modul->MyProcs.Item("port [let]"));
+    EXPECT_EQ(projekt.GetObjectFromCodePath("lib.socket.nothing"), nullptr);
+}
+
+TEST_F(LibraryOfProject, FirstOfEqualNamesWinsAndASecondNameFindsTheSame) {
+    LibraryContents contents;
+    const auto group = [](std::string name, std::string member) {
+        return LibraryGroup{
+            std::move(name), "", "", false, {{std::move(member), {"Long", "long", ""}, "1", false, ""}}};
+    };
+    contents.enums = {group("Color", "cRed"), group("COLOR", "cBlue")};
+    contents.records = {group("Point", "x")};
+    contents.aliases = {{"Hue", {"Color", "color", ""}}, {"OLE_LONG", {"Long", "long", ""}}};
+    ReadInterfaces(projekt, library, contents);
+    Join();
+
+    ASSERT_EQ(library.myEnums.Count(), 1);
+    clsEnum* const color = library.myEnums.Item("color");
+    EXPECT_TRUE(color->MyVars.Item("cred")->IsConst);
+    EXPECT_THAT(library.PrivNameSpace.Item("hue")->Objects(), ElementsAre(color));
+    EXPECT_EQ(library.PrivNameSpace.Item("ole_long"), nullptr);
+    EXPECT_EQ(projekt.GetObjectFromCodePath("lib.color [enum]"), color);
+    EXPECT_EQ(projekt.GetObjectFromCodePath("lib.color.cred"), color->MyVars.Item("cred"));
+    EXPECT_EQ(projekt.GetObjectFromCodePath("lib.point.x"), library.myTypes.Item("point")->MyVars.Item("x"));
+}
+
+TEST_F(LibraryOfProject, IsReadFromAFileOrAResourceOfOne) {
+    files.WriteWhole("libs/program.dll", LibraryBytes("pe_resources/program32.dll").Bytes());
+    EXPECT_EQ(ReadLibraryContents(projekt, library, R"(LIBS\Program.dll\3)"), "");
+    EXPECT_EQ(library.myTypes.Count(), 1);
+    EXPECT_EQ(library.myCoClasses.Count(), 1);
+
+    clsTypeLib& other = projekt.NewLibrary();
+    EXPECT_EQ(ReadLibraryContents(projekt, other, R"(libs\nothing.dll\3)"), Describe(FileError::NotFound));
+    EXPECT_EQ(ReadLibraryContents(projekt, other, R"(libs\program.dll\2)"), "The file has no type library number 2.");
+}
+
+TEST(LibraryPages, OfBothFormatsAreTheGoldenFiles) {
+    for (const std::string file : {"msft/demo.tlb", "sltg/fullold.tlb"}) {
+        const TypeLibrary library = ReadTypeLibrary(LibraryBytes(file).Bytes());
+        ExpectGolden(LibraryPage(library, ContentsOf(library), file), "libraries", file.substr(file.find('/') + 1));
+    }
+}
