@@ -79,20 +79,6 @@ CodeObject* OwnObject(std::span<CodeObject* const> holders, AccessMode mode) {
     return nullptr;
 }
 
-// The user control of the project or the class of a component. Of several components the last one serves.
-CodeObject* TypeOfControl(const clsProjekt& projekt, const clsControl& control) {
-    const Name key = LastPart(control.type, projekt.TheNames());
-    if (!key.Known())
-        return nullptr;
-    if (clsModul* userControl = projekt.UserControls.Item(key))
-        return userControl;
-    clsModul* found = nullptr;
-    for (const clsTypeLib* component : projekt.myProjectObjects)
-        if (clsModul* oneClass = component->myCoClasses.Item(key))
-            found = oneClass;
-    return found;
-}
-
 }  // namespace
 
 bool MatchesMode(const clsProzedur& prozedur, AccessMode mode) {
@@ -113,6 +99,19 @@ bool MatchesMode(const clsProzedur& prozedur, AccessMode mode) {
 CodeObject* modMain::Get_Objekt_AusName(const ModuleNames& names, WordMeaning& word, AccessMode mode) {
     CodeObject* object = OwnObject(Objects(names.Own(word)), mode);
     return object ? object : PublicObject(Objects(names.Everywhere(word)), mode);
+}
+
+CodeObject* modMain::Get_Typ_VonControl(const clsProjekt& projekt, const clsControl& control) {
+    const Name key = LastPart(control.type, projekt.TheNames());
+    if (!key.Known())
+        return nullptr;
+    if (clsModul* userControl = projekt.UserControls.Item(key))
+        return userControl;
+    clsModul* found = nullptr;
+    for (const clsTypeLib* component : projekt.myProjectObjects)
+        if (clsModul* oneClass = component->myCoClasses.Item(key))
+            found = oneClass;
+    return found;
 }
 
 CodeObject* modMain::Get_Typ_AusName(const CodeObject* context, Name typeName, ModuleNames& names) {
@@ -154,7 +153,7 @@ CodeObject* modMain::Get_Child(const clsProjekt& projekt, CodeObject* object, Na
             type = object;
             break;
         case ObjectClass::Control:
-            type = TypeOfControl(projekt, *static_cast<clsControl*>(object));
+            type = Get_Typ_VonControl(projekt, *static_cast<clsControl*>(object));
             break;
         default:
             break;

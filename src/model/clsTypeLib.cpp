@@ -3,11 +3,11 @@
 clsModul& clsTypeLib::NewClass(Names& names) {
     constexpr std::size_t kBlock = 512;  // most classes have few members, and a library can have thousands of classes
     clsModul& oneClass = *classes_.emplace_back(std::make_unique<clsModul>(names, Memory(), kBlock));
-    Number(oneClass);
+    GiveNumber(oneClass);
     return oneClass;
 }
 
-void clsTypeLib::Number(CodeObject& object) {
+void clsTypeLib::GiveNumber(CodeObject& object) {
     object.myLibrary = this;
     object.numberInModule = ObjectCount();
     details_.emplace_back();

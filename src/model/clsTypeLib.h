@@ -49,7 +49,7 @@ public:
     std::string VersionIndependentProgID;
     int IconIndex = 0;  // in the file, from 1; 0 for none
 
-    LibraryFile file;          // where it was sought
+    LibraryFile file;         // where it was sought
     std::string_view format;  // "MSFT", "SLTG"; empty if it was not read
 
     const CallGraph* graph = nullptr;  // of the project
@@ -71,7 +71,7 @@ public:
     [[nodiscard]] T& New(clsModul* ofClass = nullptr) {
         T& object = Make<T>(ofClass);
         object.Modul = ofClass;
-        Number(object);
+        GiveNumber(object);
         return object;
     }
     [[nodiscard]] clsModul& NewClass(Names& names);
@@ -92,7 +92,7 @@ private:
         else
             return arena_.New<T>();
     }
-    void Number(CodeObject& object);
+    void GiveNumber(CodeObject& object);
 
     std::vector<std::unique_ptr<clsModul>> classes_;
     std::pmr::vector<LibraryDetail> details_{1, Memory()};  // by number; that of the library itself is 0
