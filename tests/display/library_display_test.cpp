@@ -1,6 +1,7 @@
 #include "display/baum.h"
 #include "display/dependency_trees.h"
 #include "display/library_text.h"
+#include "display/object_search.h"
 #include "display/object_text.h"
 #include "display/project_tree.h"
 #include "display/selection.h"
@@ -162,6 +163,22 @@ TEST_F(LibraryDisplay, HoverAndPropertiesKnowTypeValueAndDescription) {
               "Name: Price|Access: public|Kind: property get|Belongs to: class Box|Data type: Currency");
     EXPECT_THAT(Properties("lib.limits.most"), HasSubstr("Data type: Long|Belongs to: module Limits|Value: 9"));
     EXPECT_EQ(Properties("lib.shape [enum]"), "Name: Shape|Access: public|Belongs to: reference Lib");
+}
+
+TEST_F(LibraryDisplay, SearchFindsTheProjectsObjectsFirst) {
+    ObjectSearch search;
+    search.Build(*gProjekt);
+    const auto hits = [&](std::string_view typed) {
+        std::string paths;
+        for (const Hit& hit : search.Find(typed, 9))
+            paths.append(paths.empty() ? "" : " ").append(NodeKeyOf(*hit.object));
+        return paths;
+    };
+    EXPECT_EQ(hits("pl"), "f.plain f.plain_fill");
+    EXPECT_EQ(hits("p"), "f.plain f.plain_fill lib.pair [type] lib.box.price [get] lib.shape [enum]");
+    EXPECT_EQ(hits("box.fill"), "lib.box.fill lib.box.fill [event]");
+    EXPECT_EQ(hits("shape.r"), "lib.shape.round");
+    EXPECT_EQ(hits("lib.limits"), "lib.limits");
 }
 
 TEST_F(LibraryDisplay, AHandlerNamesItsEvent) {
