@@ -142,6 +142,13 @@ int main(int argc, char** argv) {
     Click(window, "click on a random node, three trees shown", objects);
     Click(window, "click on every module, three trees shown", modules);
 
+    window.TheWorkspace().SetCheckBoxes(true);
+    timer.restart();
+    window.TheWorkspace().CheckAll(true);
+    Settle();
+    std::printf("%-58s %.0f ms, %zu objects\n", "checking all boxes", Milliseconds(timer),
+                window.TheWorkspace().CheckedCount());
+    window.TheWorkspace().CheckAll(false);
     Expand(window, "expanding a group of 500 and more", groups);
     Expand(window, "expanding a library", libraries);
     std::vector<double> typed;

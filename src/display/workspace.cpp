@@ -57,8 +57,7 @@ bool Workspace::Open(const std::string& path) {
     projekt_->CondComps_Win32_Win16(settings_.Win32 == 1);
     Timer_Reset(gTimerProjektOeffnen);
     Timer_Start(gTimerProjektOeffnen);
-    const bool isWhole =
-        ports_.run("Projekt_Laden", true, [this] { Projekt_Laden(*projekt_, SearchOfLibraries()); });
+    const bool isWhole = ports_.run("Projekt_Laden", true, [this] { Projekt_Laden(*projekt_, SearchOfLibraries()); });
     Timer_Stop(gTimerProjektOeffnen);
     if (!isWhole) {
         Close();
@@ -398,7 +397,7 @@ Situation Workspace::Now(bool hasPlaces) const {
         return {};
     return {.hasProject = true,
             .hasObject = selection_.CurObject != nullptr,
-            .hasModule = selection_.CurModule != nullptr,
+            .hasModule = selection_.CurModule && !selection_.CurModule->myLibrary,
             .callsRead = CallsRead(),
             .neighbours = neighbours_,
             .hasPlaces = hasPlaces,
