@@ -5,21 +5,6 @@
 #include "model/clsVariable.h"
 #include "platform/code_page.h"
 
-std::string ObjectPathOf(const NodeId& node) {
-    if (node.kind == NodeKind::Root)
-        return {};
-    return LowerCase(node.kind == NodeKind::Group ? node.key.substr(0, node.key.rfind('.')) : node.key);
-}
-
-std::string NodeKeyOf(const CodeObject& object) {
-    if (object.Class() == ObjectClass::Variable)
-        if (const clsProzedur* prozedur = static_cast<const clsVariable&>(object).Prozedur)
-            return JoinPath(prozedur->myLibrary ? NodeKeyOf(*prozedur) : prozedur->CodePath(), object.MyName());
-    const bool isLibraryEvent =
-        object.myLibrary && object.Class() == ObjectClass::Prozedur && static_cast<const clsProzedur&>(object).IsEvent;
-    return isLibraryEvent ? object.CodePath() + " [event]" : object.CodePath();
-}
-
 namespace {
 
 CodeObject* LocalOfModule(const clsModul& modul, std::string_view path) {
@@ -52,6 +37,21 @@ CodeObject* InnerOfLibrary(const clsTypeLib& library, std::string_view path) {
 }
 
 }  // namespace
+
+std::string ObjectPathOf(const NodeId& node) {
+    if (node.kind == NodeKind::Root)
+        return {};
+    return LowerCase(node.kind == NodeKind::Group ? node.key.substr(0, node.key.rfind('.')) : node.key);
+}
+
+std::string NodeKeyOf(const CodeObject& object) {
+    if (object.Class() == ObjectClass::Variable)
+        if (const clsProzedur* prozedur = static_cast<const clsVariable&>(object).Prozedur)
+            return JoinPath(prozedur->myLibrary ? NodeKeyOf(*prozedur) : prozedur->CodePath(), object.MyName());
+    const bool isLibraryEvent =
+        object.myLibrary && object.Class() == ObjectClass::Prozedur && static_cast<const clsProzedur&>(object).IsEvent;
+    return isLibraryEvent ? object.CodePath() + " [event]" : object.CodePath();
+}
 
 CodeObject* ObjectOfNode(const clsProjekt& projekt, const NodeId& node) {
     const std::string path = ObjectPathOf(node);
