@@ -53,6 +53,24 @@ void Click(frmMain& window, const char* what, const std::vector<std::string>& ke
     Report(what, times);
 }
 
+void Expand(frmMain& window, const char* what, const std::vector<NodeId>& nodes) {
+    Baum& tree = window.TheWorkspace().Tree();
+    std::vector<double> expand;
+    for (const NodeId& id : nodes) {
+        BaumNode& node = *tree.Find(id);
+        tree.EnsureVisible(node);
+        tree.SetExpanded(node, false);
+        Settle();
+        QElapsedTimer timer;
+        timer.start();
+        tree.SetExpanded(node, true);
+        Settle();
+        expand.push_back(Milliseconds(timer));
+    }
+    if (!expand.empty())
+        Report(what, expand);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -86,12 +104,15 @@ int main(int argc, char** argv) {
     std::printf("%-58s %.0f ms, of which the load %.0f ms\n", "opening to the painted tree", whole,
                 gTimerProjektOeffnen.Total * 1000);
 
-    std::vector<std::string> objects, groups, modules;
+    std::vector<std::string> objects, modules;
+    std::vector<NodeId> groups, libraries;
     ForEachNode(window.TheWorkspace().Tree(), [&](const BaumNode& node) {
         if (node.Children() >= 500 && node.Kind() == NodeKind::Group)
-            groups.push_back(node.Key());
+            groups.push_back(node.Id());
         if (node.Kind() == NodeKind::Object)
             objects.push_back(node.Key());
+        if (node.Parent() && (node.Parent()->Key() == "reference[]" || node.Parent()->Key() == "component[]"))
+            libraries.push_back(node.Id());
     });
     for (const clsModul* modul : gProjekt->AllModules())
         modules.push_back(modul->CodePath());
@@ -121,19 +142,15 @@ int main(int argc, char** argv) {
     Click(window, "click on a random node, three trees shown", objects);
     Click(window, "click on every module, three trees shown", modules);
 
-    std::vector<double> expand;
-    for (const std::string& key : groups) {
-        BaumNode& node = *window.TheWorkspace().Tree().Item(key, NodeKind::Group);
-        window.TheWorkspace().Tree().EnsureVisible(node);
-        window.TheWorkspace().Tree().SetExpanded(node, false);
-        Settle();
-        timer.restart();
-        window.TheWorkspace().Tree().SetExpanded(node, true);
-        Settle();
-        expand.push_back(Milliseconds(timer));
-    }
-    if (!expand.empty())
-        Report("expanding a group of 500 and more", expand);
+    window.TheWorkspace().SetCheckBoxes(true);
+    timer.restart();
+    window.TheWorkspace().CheckAll(true);
+    Settle();
+    std::printf("%-58s %.0f ms, %zu objects\n", "checking all boxes", Milliseconds(timer),
+                window.TheWorkspace().CheckedCount());
+    window.TheWorkspace().CheckAll(false);
+    Expand(window, "expanding a group of 500 and more", groups);
+    Expand(window, "expanding a library", libraries);
     std::vector<double> typed;
     for (const char* letters : {"f", "fr", "z", "zz", "qqq"}) {
         timer.restart();

@@ -101,6 +101,19 @@ CodeObject* modMain::Get_Objekt_AusName(const ModuleNames& names, WordMeaning& w
     return object ? object : PublicObject(Objects(names.Everywhere(word)), mode);
 }
 
+CodeObject* modMain::Get_Typ_VonControl(const clsProjekt& projekt, const clsControl& control) {
+    const Name key = LastPart(control.type, projekt.TheNames());
+    if (!key.Known())
+        return nullptr;
+    if (clsModul* userControl = projekt.UserControls.Item(key))
+        return userControl;
+    clsModul* found = nullptr;
+    for (const clsTypeLib* component : projekt.myProjectObjects)
+        if (clsModul* oneClass = component->myCoClasses.Item(key))
+            found = oneClass;
+    return found;
+}
+
 CodeObject* modMain::Get_Typ_AusName(const CodeObject* context, Name typeName, ModuleNames& names) {
     if (const clsModul* modul = ModuleOf(context))
         for (CodeObject* object : Objects(names.In(modul->PrivNameSpace, typeName)))
@@ -140,7 +153,7 @@ CodeObject* modMain::Get_Child(const clsProjekt& projekt, CodeObject* object, Na
             type = object;
             break;
         case ObjectClass::Control:
-            type = TypeOfControl(projekt, *static_cast<clsControl*>(object));
+            type = Get_Typ_VonControl(projekt, *static_cast<clsControl*>(object));
             break;
         default:
             break;

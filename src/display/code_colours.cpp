@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
+#include "display/library_text.h"
 #include "display/shown_text.h"
 #include "findings/dead_objects.h"
 #include "model/clsEnum.h"
@@ -91,6 +92,16 @@ CodeText Stretch(const ModuleText& text, Pos first, Pos ende) {
     shown.page = &PageOf(text.ModulTextOrg());
     shown.firstLine = LineOf(text.ModulTextOrg(), shown.first);
     return shown;
+}
+
+std::optional<CodeRange> NameInPage(const CodeObject& object, const CodeText& page) {
+    const clsProzedur* const prozedur =
+        object.Class() == ObjectClass::Variable ? static_cast<const clsVariable&>(object).Prozedur : nullptr;
+    const CodeObject* const named = prozedur ? static_cast<const CodeObject*>(prozedur) : &object;
+    for (const NamedObject& place : page.objects)
+        if (place.object == named)
+            return place.name;
+    return {};
 }
 
 std::string_view WordOf(Colour what) {
@@ -187,7 +198,7 @@ Colour ColourOfCall(const clsCall& call, const clsModul& caller) {
 
 CodeText ShowMe(const clsModul& modul) {
     if (modul.myLibrary)
-        return ShowMe(*modul.myLibrary);
+        return LibraryText(*modul.myLibrary);
     if (!modul.text)
         return {};
     CodeText shown = Stretch(*modul.text, modul.BeginnVarBereich, modul.BeginnProcBereich);
@@ -224,13 +235,13 @@ CodeText ShowWhole(const clsModul& modul, LocalUses& locals, bool withHeader) {
 
 CodeText ShowMe(const clsProzedur& prozedur, LocalUses& locals) {
     const clsModul& modul = *prozedur.Modul;
+    if (modul.myLibrary)
+        return LibraryText(*modul.myLibrary);
     if (!modul.text)
         return {};
     const Pos first = CommentAbove(modul.text->ModulTextOrg(), prozedur.DeclareStart);
     CodeText shown = Stretch(*modul.text, first, prozedur.DeclareEnd);
     shown.comment = prozedur.DeclareStart - shown.first;
-    if (prozedur.myLibrary)
-        return shown;
     shown.localsChecked = !prozedur.isDeclare && !locals.Known(prozedur);
     CodePaint paint(shown.first, Len(shown.text));
     SelectTextKinds(*modul.text, paint);
@@ -255,18 +266,9 @@ void ShowCalls(const clsProzedur& prozedur, const std::vector<LocalUse>& locals,
             SelectTarget(paint, *call, ColourOfCall(*call, modul));
 }
 
-CodeText ShowMe(const clsTypeLib& library) {
-    CodeText shown;
-    shown.text.append(library.InprocServer32).append(vbCrLf).append(vbCrLf);
-    for (const std::string_view line :
-         {library.myNameOrg(), std::string_view(library.Description), std::string_view(library.Version),
-          std::string_view(library.TypeLibID), std::string_view(library.ProjektEintrag)})
-        if (!line.empty())
-            shown.text.append(line).append(vbCrLf);
-    return shown;
-}
-
 std::optional<CodeRange> NameMarkieren(const CodeObject& object, const CodeText& shown) {
+    if (LibraryOf(object))
+        return NameInPage(object, shown);
     Pos pos = 0;
     switch (object.Class()) {
         case ObjectClass::Prozedur:

@@ -17,7 +17,6 @@
 class clsCall;
 class clsModul;
 class clsProzedur;
-class clsTypeLib;
 class CodeObject;
 class CodePage;
 struct Settings;
@@ -54,15 +53,22 @@ struct CodeSpan {
     bool operator==(const CodeSpan&) const = default;
 };
 
+/// Where a text names an object.
+struct NamedObject {
+    const CodeObject* object = nullptr;
+    CodeRange name;
+};
+
 struct CodeText {
-    std::string text;                // bytes as in the source
-    const CodePage* page = nullptr;  // in which they are shown; null for the active one
-    Pos first = 1;                   // position of the first character in its module
-    Pos comment = 0;                 // length of the comment that comes before the procedure
-    int firstLine = 0;               // line of the file at which the text begins; 0 if it is not part of a file
-    std::vector<CodeSpan> spans;     // rising, none over another
-    bool onGrey = false;             // a dead or undead procedure
-    bool localsChecked = false;      // the places of the procedure's locals were determined for this text
+    std::string text;                  // bytes as in the source
+    const CodePage* page = nullptr;    // in which they are shown; null for the active one
+    Pos first = 1;                     // position of the first character in its module
+    Pos comment = 0;                   // length of the comment that comes before the procedure
+    int firstLine = 0;                 // line of the file at which the text begins; 0 if it is not part of a file
+    std::vector<CodeSpan> spans;       // rising, none over another
+    std::vector<NamedObject> objects;  // named in the page of a library, rising
+    bool onGrey = false;               // a dead or undead procedure
+    bool localsChecked = false;        // the places of the procedure's locals were determined for this text
 
     [[nodiscard]] Pos InModule(Pos start) const { return start + first; }
     /// The part of a stretch of the module that is shown, or nothing.
@@ -87,7 +93,7 @@ private:
     std::string cells_;  // a Colour for each character
 };
 
-/// The declarations of a module; for a library's module, the facts about the library.
+/// The declarations of a module; for a class of a library, the page of the library.
 [[nodiscard]] CodeText ShowMe(const clsModul& modul);
 /// The whole text of a module, with or without the header of its file. All local variables are looked for;
 /// localsChecked says whether that was the first time for any procedure.
@@ -95,15 +101,13 @@ private:
 /// A procedure, with the comment lines directly above it. The first time its local variables are looked for;
 /// localsChecked says so.
 [[nodiscard]] CodeText ShowMe(const clsProzedur& prozedur, LocalUses& locals);
-/// The known facts about a library: first the path of its file.
-[[nodiscard]] CodeText ShowMe(const clsTypeLib& library);
-
 /// Colours the calls and uses of a module's declarations.
 void ShowUses(const clsModul& modul, CodePaint& paint);
 /// Colours the variables of a procedure and what it calls and uses.
 void ShowCalls(const clsProzedur& prozedur, const std::vector<LocalUse>& locals, CodePaint& paint);
 
-/// Place of the object's name in its declaration if the text shows it; nothing for other texts and for objects without
+/// Place of the object's name in its declaration if the text shows it, of an argument in a library that of its
+/// procedure; nothing for other texts and for objects without
 /// a name in the code.
 [[nodiscard]] std::optional<CodeRange> NameMarkieren(const CodeObject& object, const CodeText& shown);
 

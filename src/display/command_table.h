@@ -95,7 +95,7 @@ struct CommandRow {
 struct Situation {
     bool hasProject = false;
     bool hasObject = false;  // a current one
-    bool hasModule = false;  // that it lies in
+    bool hasModule = false;  // of the project, that it lies in
     bool callsRead = false;
     DependencyButtons neighbours;  // of the current object
     bool hasPlaces = false;

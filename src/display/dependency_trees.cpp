@@ -44,11 +44,14 @@ BaumNode* ObtainLibrary(const clsTypeLib& library, Baum& tree) {
 }
 
 BaumNode* ObtainModule(const clsModul& modul, Baum& tree) {
-    if (BaumNode* there = tree.Item(modul.MyName()))
+    std::string key = modul.CodePath();
+    if (BaumNode* there = tree.Item(key))
         return there;
     BaumNode* parent =
         modul.myLibrary ? ObtainLibrary(*modul.myLibrary, tree) : ObtainRoot(tree, TextOf(modul.ModulTyp));
-    return tree.Add(parent, std::string(modul.MyName()), std::string(modul.myNameOrg()), modul.GetImageKey());
+    BaumNode* node = tree.Add(parent, std::move(key), std::string(modul.myNameOrg()), modul.GetImageKey());
+    tree.SetForeColor(*node, NodeColourOf(modul));
+    return node;
 }
 
 bool IsPublic(const CodeObject& object) {
@@ -97,6 +100,20 @@ BaumNode* ObtainGroup(const CodeObject& object, TreeGroup group, Baum& tree) {
     return node;
 }
 
+BaumNode* ObtainLibraryGroup(const CodeObject& object, Baum& tree) {
+    BaumNode* library = ObtainLibrary(*object.myLibrary, tree);
+    const TreeGroupKind& kind = object.Class() == ObjectClass::Enum ? kLibraryEnums : kLibraryTypes;
+    std::string key = library->Key() + std::string(kind.suffix);
+    if (BaumNode* there = tree.Item(key, NodeKind::Group))
+        return there;
+    BaumNode* node = tree.Add(library, std::move(key), std::string(kind.text), kind.image, NodeKind::Group);
+    tree.SetSorted(*node, true);
+    tree.SetExpanded(*node, true);
+    tree.SetBold(*node, true);
+    tree.SetForeColor(*node, NodeColour::PublicGroup);
+    return node;
+}
+
 BaumNode* ObtainNode(const CodeObject& object, Baum& tree);
 
 // The parent of an object's node.
@@ -113,7 +130,7 @@ BaumNode* ObtainParent(const CodeObject& object, Baum& tree) {
     const std::optional<TreeGroup> group = GroupOf(object);
     if (group && object.Modul)
         return ObtainGroup(object, *group, tree);
-    return object.myLibrary ? ObtainLibrary(*object.myLibrary, tree) : nullptr;
+    return object.myLibrary ? ObtainLibraryGroup(object, tree) : nullptr;
 }
 
 BaumNode* ObtainNode(const CodeObject& object, Baum& tree) {
@@ -132,8 +149,7 @@ BaumNode* ObtainNode(const CodeObject& object, Baum& tree) {
     BaumNode* node = tree.Add(parent, std::move(key), NodeText(object), object.GetImageKey());
     if (!node)  // an object without a name has the path of its parent
         return parent;
-    if (object.IsDeath > 0)
-        tree.SetForeColor(*node, NodeColour::Grey);
+    tree.SetForeColor(*node, NodeColourOf(object));
     return node;
 }
 
@@ -245,12 +261,11 @@ private:
             return;
         const clsModul* modul =
             neighbour.Class() == ObjectClass::Modul ? static_cast<const clsModul*>(&neighbour) : neighbour.Modul;
-        if (!modul)
-            return;
-        if (BaumNode* of = tree_.Item(modul->MyName()))
-            tree_.SetExpanded(*of, true);
-        if (modul->myLibrary)
-            if (BaumNode* of = tree_.Item(modul->myLibrary->MyName()))
+        if (modul)
+            if (BaumNode* of = tree_.Item(modul->CodePath()))
+                tree_.SetExpanded(*of, true);
+        if (neighbour.myLibrary)
+            if (BaumNode* of = tree_.Item(neighbour.myLibrary->MyName()))
                 tree_.SetExpanded(*of, true);
     }
 

@@ -14,6 +14,9 @@
 
 namespace {
 
+// Bit of a score, above all lengths of names: users look for objects of the project first.
+constexpr std::uint64_t kOfLibrary = std::uint64_t{1} << 31;
+
 constexpr std::size_t kHumpBits = 64;
 
 bool IsUpper(char c) {
@@ -122,7 +125,7 @@ const CodeObject* OwnerOf(const CodeObject& object) {
         if (variable.MyEnum)
             return variable.MyEnum;
     }
-    return object.Modul;
+    return object.Modul ? static_cast<const CodeObject*>(object.Modul) : object.myLibrary;
 }
 
 // Compares as the paths of the owners would, without making them.
@@ -161,26 +164,42 @@ void ObjectSearch::Add(const CodeObject& object) {
     names_.append(lower);
 }
 
+template <class Owner>
+void ObjectSearch::AddWithMembers(const clsCollection<Owner>& owners) {
+    for (const Owner* owner : owners) {
+        Add(*owner);
+        for (const clsVariable* member : owner->MyVars)
+            Add(*member);
+    }
+}
+
+// Without arguments, of which there are more than of all else.
+void ObjectSearch::AddLibrary(const clsTypeLib& library) {
+    Add(library);
+    AddWithMembers(library.myTypes);
+    AddWithMembers(library.myEnums);
+    for (const clsModul* modul : library.myCoClasses) {
+        Add(*modul);
+        for (const clsVariable* constant : modul->MyVars)
+            Add(*constant);
+        for (const auto* procedures : {&modul->MyProcs, &modul->MyEvents})
+            for (const clsProzedur* prozedur : *procedures)
+                Add(*prozedur);
+    }
+}
+
 void ObjectSearch::Build(const clsProjekt& projekt) {
     Clear();
     projekt_ = &projekt;
     for (const auto* libraries : {&projekt.myProjectReferences, &projekt.myProjectObjects})
         for (const clsTypeLib* library : *libraries)
-            Add(*library);
+            AddLibrary(*library);
     for (const clsModul* modul : projekt.AllModules()) {
         Add(*modul);
         for (const clsControl* control : modul->MyControls)
             Add(*control);
-        for (const clsType* type : modul->myTypes) {
-            Add(*type);
-            for (const clsVariable* member : type->MyVars)
-                Add(*member);
-        }
-        for (const clsEnum* einEnum : modul->myEnums) {
-            Add(*einEnum);
-            for (const clsVariable* member : einEnum->MyVars)
-                Add(*member);
-        }
+        AddWithMembers(modul->myTypes);
+        AddWithMembers(modul->myEnums);
         // MyVars contains the members of enums as well, and Me is the module itself.
         for (const clsVariable* variable : modul->MyVars)
             if (!variable->MyEnum && variable->MyName() != "me")
@@ -251,7 +270,7 @@ std::vector<Hit> ObjectSearch::Find(std::string_view typed, std::size_t limit) {
         }
         fitting.push_back(nr);
         if (place.empty() || LowerCase(ObjectPlace(*entry.object)).find(place) != std::string::npos)
-            scored.push_back({rank << 32 | entry.length, nr});
+            scored.push_back({rank << 32 | (entry.object->myLibrary ? kOfLibrary : 0) | entry.length, nr});
     };
     if (!lastName_.empty() && name.starts_with(lastName_)) {
         for (const std::uint32_t nr : lastCandidates_)

@@ -10,8 +10,11 @@
 #include <string_view>
 #include <vector>
 
+template <class T>
+class clsCollection;
 class CodeObject;
 class clsProjekt;
+class clsTypeLib;
 
 /// How well a name fits, the best first.
 enum class HitRank : std::uint8_t { Exact, Prefix, Humps, Inside };
@@ -31,15 +34,17 @@ struct Hit {
 
 class ObjectSearch {
 public:
-    /// Reads the names of all modules, procedures, variables, members, locals, types, enums, controls and libraries.
+    /// Reads the names of all modules, procedures, variables, members, locals, types, enums, controls and libraries,
+    /// and of what libraries contain.
     void Build(const clsProjekt& projekt);
     /// To be called before objects become invalid: the project is closed, or modules are read again.
     void Clear();
     [[nodiscard]] bool Built() const { return projekt_ != nullptr; }
     [[nodiscard]] std::size_t Count() const { return entries_.size(); }
 
-    /// The best `limit` hits for what was typed, without regard to case: by rank, then the shorter name, then name and
-    /// path. Text before a point must be part of the path: "frmMain.load". Nothing typed finds nothing.
+    /// The best `limit` hits for what was typed, without regard to case: by rank, those of the project before those of
+    /// libraries, then the shorter name, then name and path. Text before a point must be part of the path:
+    /// "frmMain.load". Nothing typed finds nothing.
     [[nodiscard]] std::vector<Hit> Find(std::string_view typed, std::size_t limit);
     /// How many there were in all, at the last Find.
     [[nodiscard]] std::size_t Found() const { return found_; }
@@ -57,6 +62,9 @@ private:
     };
 
     void Add(const CodeObject& object);
+    void AddLibrary(const clsTypeLib& library);
+    template <class Owner>
+    void AddWithMembers(const clsCollection<Owner>& owners);
     [[nodiscard]] std::string_view NameOf(const Entry& entry) const {
         return {names_.data() + entry.name, entry.length};
     }

@@ -4,6 +4,8 @@
 #include <unordered_set>
 
 #include "calls/edges.h"
+#include "display/handled_event.h"
+#include "display/library_text.h"
 #include "display/local_uses.h"
 #include "display/object_search.h"
 #include "display/properties.h"
@@ -66,15 +68,18 @@ std::string KindWithAccess(const CodeObject& object) {
     }
 }
 
+// Declarations of procedures show their types.
 std::string_view DataTypeOf(const CodeObject& object) {
-    switch (object.Class()) {
-        case ObjectClass::Variable:
-            return static_cast<const clsVariable&>(object).DatenTyp();
-        case ObjectClass::Control:
-            return static_cast<const clsControl&>(object).DatenTyp();
-        default:
-            return {};
-    }
+    return object.Class() == ObjectClass::Prozedur ? std::string_view() : ShownTypeOf(object);
+}
+
+std::string DescriptionOf(const CodeObject& object) {
+    std::string text;
+    if (object.myLibrary)
+        text = object.myLibrary->DetailOf(object).description;
+    else if (object.Class() == ObjectClass::TypeLib)
+        text = static_cast<const clsTypeLib&>(object).Description;
+    return text.empty() ? text : Shortened(Labelled(Text::Description, Utf8Of(nullptr, text)));
 }
 
 // The default instance of a form: calls that name the form reach this variable, not the form's module.
@@ -121,7 +126,18 @@ Counts CallersOf(const clsProjekt& projekt, const LocalUses& locals, const CodeO
     return counts;
 }
 
+std::string HandledText(const clsProjekt& projekt, const clsProzedur& prozedur) {
+    const clsProzedur* const event = HandledEvent(projekt, prozedur);
+    if (!event)
+        return {};
+    const std::string declaration = event->myLibrary ? LibraryDeclaration(*event) : Declaration(*event);
+    return Shortened(Labelled(Text::HandlesEvent,
+                              Utf8Of(event->Modul, KindAndName(event->Modul->CodePathOrg() + ":", declaration))));
+}
+
 std::string LinesOf(const CodeObject& object) {
+    if (object.myLibrary)
+        return {};
     if (object.Class() == ObjectClass::Modul) {
         const auto& modul = static_cast<const clsModul&>(object);
         return Labelled(Text::Lines, Utf8Number(modul.LineCount)) + ", " +
@@ -217,7 +233,7 @@ void AddNeighbours(const clsProjekt& projekt, const LocalUses& locals, const Cod
         add(Labelled(Text::CalledBy, callers.Text()));
     if (object.CanBeUsed())
         add(Labelled(Text::UsedBy, Utf8Number(object.UsedByAll().Count())));
-    if (object.Class() != ObjectClass::Prozedur)
+    if (object.Class() != ObjectClass::Prozedur || object.myLibrary)
         return;
     const auto& prozedur = static_cast<const clsProzedur&>(object);
     Counts calls;
@@ -240,13 +256,16 @@ std::vector<std::string> ObjectText(const clsProjekt& projekt, const LocalUses& 
     const std::string_view path = object.Class() == ObjectClass::Variable ? object.myNameOrg() : std::string_view();
     add(KindAndName(KindWithAccess(object), Utf8Of(modul, path.empty() ? object.CodePathOrg() : std::string(path))));
     // A path is in the system's page, whatever the text of its file is in.
-    add(Shortened(Utf8Of(object.Modul, Declaration(object))));
+    add(Shortened(Utf8Of(object.Modul, object.myLibrary ? LibraryDeclaration(object) : Declaration(object))));
     if (const std::string owner = OwnerText(object); !owner.empty())
         add(Labelled(Text::BelongsTo, Utf8Of(modul, owner)));
     if (const std::string_view type = DataTypeOf(object); !type.empty())
         add(Labelled(Text::DataType, Shortened(Utf8Of(modul, type))));
 
     AddNeighbours(projekt, locals, object, add);
+    add(DescriptionOf(object));
+    if (object.Class() == ObjectClass::Prozedur)
+        add(HandledText(projekt, static_cast<const clsProzedur&>(object)));
     add(LinesOf(object));
     add(WhyDead(projekt, locals, object));
     add(StartUpText(projekt, object));

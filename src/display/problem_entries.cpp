@@ -53,7 +53,7 @@ std::vector<ProblemEntry> ProblemEntries(const clsProjekt& projekt) {
     const ModulesByPath modules = ModulesOf(projekt);
     std::vector<ProblemEntry> entries;
     std::unordered_map<std::string, std::size_t> known;  // place of an entry by what its problems share
-    for (const Problem& problem : projekt.problems.All()) {
+    const auto enter = [&](const Problem& problem) {
         const std::string key = std::string(ProblemKind(problem.tag)) + '\n' + problem.text;
         const auto [found, isNew] = known.try_emplace(key, entries.size());
         if (isNew)
@@ -61,6 +61,10 @@ std::vector<ProblemEntry> ProblemEntries(const clsProjekt& projekt) {
         std::vector<ProblemPlace>& places = entries[found->second].places;
         for (ProblemPlace& place : PlacesOf(projekt, modules, problem))
             places.push_back(std::move(place));
-    }
+    };
+    for (const bool isHint : {false, true})
+        for (const Problem& problem : projekt.problems.All())
+            if (problem.isHint == isHint)
+                enter(problem);
     return entries;
 }

@@ -37,5 +37,5 @@ private:
     std::size_t next_ = 0;  // in its places
 };
 
-/// The problems of a project in the order of their first reports.
+/// The problems of a project in the order of their first reports, hints after all others.
 [[nodiscard]] std::vector<ProblemEntry> ProblemEntries(const clsProjekt& projekt);

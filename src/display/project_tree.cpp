@@ -62,26 +62,17 @@ void AddRoots(const clsProjekt& projekt, Baum& tree) {
             AddRoot(kRoots[i], tree);
 }
 
-// A library has no contents to show yet: the classes, enumerations and types of one that does go below this node.
-void AddLibrary(const clsTypeLib& library, Baum& tree) {
-    BaumNode* root = tree.Item(std::string(TextOf(library.LibTyp)) + "[]", NodeKind::Root);
-    if (!root)
-        return;
-    BaumNode* node =
-        tree.Add(root, std::string(library.MyName()), std::string(library.myNameOrg()), LibraryImage(library));
-    if (node)
-        tree.SetSorted(*node, true);
-}
-
-void AddLibraries(const clsCollection<clsTypeLib>& libraries, std::string_view label, Baum& tree) {
-    gProgress().Label(label);
-    for (const clsTypeLib* library : libraries)
-        AddLibrary(*library, tree);
+// Null if the tree has a node for the object.
+BaumNode* AddObject(BaumNode* parent, const CodeObject& object, Baum& tree) {
+    BaumNode* made = tree.Add(parent, NodeKeyOf(object), NodeText(object), object.GetImageKey());
+    if (made && object.myLibrary)  // objects of the project get their colour when they are marked
+        tree.SetForeColor(*made, NodeColourOf(object));
+    return made;
 }
 
 void AddMembers(const clsCollection<clsVariable>& members, BaumNode* owner, Baum& tree) {
     for (const clsVariable* member : members)
-        tree.Add(owner, member->CodePath(), std::string(member->myNameOrg()), member->GetImageKey());
+        AddObject(owner, *member, tree);
 }
 
 std::string_view ImageOfLocal(const clsVariable& variable) {
@@ -99,12 +90,17 @@ void AddLocals(const clsProzedur& prozedur, BaumNode* owner, Baum& tree) {
 class clsModulAnzeige {
 public:
     clsModulAnzeige(const clsModul& modul, Baum& tree, bool withLocals)
-        : modul_(modul), tree_(tree), withLocals_(withLocals), nodeKey_(modul.MyName()) {}
+        : modul_(modul), tree_(tree), withLocals_(withLocals), nodeKey_(modul.CodePath()) {}
 
-    /// The root must be there.
+    /// The root, or the node of the library, must be there.
     void Anzeigen() {
-        if (BaumNode* root = tree_.Item(std::string(TextOf(modul_.ModulTyp)) + "[]", NodeKind::Root))
-            tree_.Add(root, nodeKey_, std::string(modul_.myNameOrg()), TextOf(modul_.ModulTyp));
+        BaumNode* const parent = modul_.myLibrary
+                                     ? tree_.Item(modul_.myLibrary->MyName())
+                                     : tree_.Item(std::string(TextOf(modul_.ModulTyp)) + "[]", NodeKind::Root);
+        if (!parent)
+            return;
+        if (BaumNode* made = tree_.Add(parent, nodeKey_, std::string(modul_.myNameOrg()), TextOf(modul_.ModulTyp)))
+            tree_.SetForeColor(*made, NodeColourOf(modul_));
         if (BaumNode* group = Group(TreeGroup::Controls, modul_.MyControls.Count()))
             for (const clsControl* control : modul_.MyControls)
                 Entry(group, *control);
@@ -120,6 +116,7 @@ public:
         Procedures(TreeGroup::PublicFunction, modul_.Public_Function);
         Procedures(TreeGroup::PrivateSub, modul_.Private_Sub);
         Procedures(TreeGroup::PublicSub, modul_.Public_Sub);
+        Procedures(TreeGroup::PublicSub, modul_.MyEvents);
     }
 
 private:
@@ -140,8 +137,8 @@ private:
 
     /// The object's node, whether it is new or not.
     BaumNode* Entry(BaumNode* parent, const CodeObject& object) {
-        BaumNode* made = tree_.Add(parent, object.CodePath(), NodeText(object), object.GetImageKey());
-        return made ? made : tree_.Item(object.CodePath());
+        BaumNode* made = AddObject(parent, object, tree_);
+        return made ? made : tree_.Item(NodeKeyOf(object));
     }
 
     void Procedures(TreeGroup group, const clsCollection<clsProzedur>& procedures) {
@@ -178,6 +175,43 @@ private:
     const std::string nodeKey_;
 };
 
+template <class Block>
+void AddBlocks(BaumNode* library, const TreeGroupKind& kind, const clsCollection<Block>& blocks, Baum& tree) {
+    if (blocks.Count() == 0)
+        return;
+    BaumNode* const group = tree.Add(library, library->Key() + std::string(kind.suffix), std::string(kind.text),
+                                     kind.image, NodeKind::Group);
+    if (!group)
+        return;
+    tree.SetSorted(*group, true);
+    tree.SetBold(*group, true);
+    for (const Block* block : blocks)
+        if (BaumNode* node = AddObject(group, *block, tree))
+            AddMembers(block->MyVars, node, tree);
+}
+
+void AddLibrary(const clsTypeLib& library, Baum& tree, bool withLocals) {
+    BaumNode* root = tree.Item(std::string(TextOf(library.LibTyp)) + "[]", NodeKind::Root);
+    BaumNode* const node =
+        root ? tree.Add(root, std::string(library.MyName()), std::string(library.myNameOrg()), LibraryImage(library))
+             : nullptr;
+    if (!node)
+        return;
+    tree.SetSorted(*node, true);
+    for (const clsModul* modul : library.myCoClasses)
+        clsModulAnzeige(*modul, tree, withLocals).Anzeigen();
+    AddBlocks(node, kLibraryEnums, library.myEnums, tree);
+    AddBlocks(node, kLibraryTypes, library.myTypes, tree);
+}
+
+void AddLibraries(const clsCollection<clsTypeLib>& libraries, std::string_view label, Baum& tree, bool withLocals) {
+    gProgress().Label(label);
+    for (const clsTypeLib* library : libraries) {
+        DoEvents();
+        AddLibrary(*library, tree, withLocals);
+    }
+}
+
 void AddModules(const clsCollection<clsModul>& modules, std::string_view label, Baum& tree, bool withLocals) {
     if (gAbort)
         return;
@@ -206,6 +240,12 @@ std::string NodeText(const CodeObject& object) {
     return text;
 }
 
+NodeColour NodeColourOf(const CodeObject& object) {
+    const LibraryDetail* const detail = object.myLibrary ? &object.myLibrary->DetailOf(object) : nullptr;
+    const bool isHidden = detail && (detail->isHidden || detail->isRestricted);
+    return object.IsDeath > 0 || isHidden ? NodeColour::Grey : NodeColour::Ordinary;
+}
+
 std::string_view LibraryImage(const clsTypeLib& library) {
     return library.LibTyp == LibraryKind::Reference ? "Library" : "Object";
 }
@@ -215,8 +255,8 @@ void ProjektStruktur_Anzeigen(const clsProjekt& projekt, Baum& tree, bool withLo
     gProgress().Range(0, std::max(1, projekt.CountAllModules()));
     const Baum::Filling filling(tree);
     AddRoots(projekt, tree);
-    AddLibraries(projekt.myProjectObjects, "Components...", tree);
-    AddLibraries(projekt.myProjectReferences, "References...", tree);
+    AddLibraries(projekt.myProjectObjects, "Components...", tree, withLocals);
+    AddLibraries(projekt.myProjectReferences, "References...", tree, withLocals);
     AddModules(projekt.Formulare, "Forms...", tree, withLocals);
     AddModules(projekt.Modules, "Modules...", tree, withLocals);
     AddModules(projekt.Klassenmodule, "Classes...", tree, withLocals);

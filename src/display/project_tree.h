@@ -7,7 +7,8 @@
 #include <string>
 #include <string_view>
 
-class Baum;
+#include "display/baum.h"
+
 class CodeObject;
 class clsProjekt;
 class clsTypeLib;
@@ -37,8 +38,15 @@ struct TreeGroupKind {
 };
 [[nodiscard]] const TreeGroupKind& KindOf(TreeGroup group);
 
+/// The groups of a library for its enumerations and records.
+inline constexpr TreeGroupKind kLibraryEnums{" enum []", "Enum...", "enum"};
+inline constexpr TreeGroupKind kLibraryTypes{" type []", "Type...", "type"};
+
 /// The text of an object's node: the name, with "()" after subs and functions and the accessor after properties.
 [[nodiscard]] std::string NodeText(const CodeObject& object);
+
+/// How a new node of an object looks: grey are the dead and undead, and what a library hides.
+[[nodiscard]] NodeColour NodeColourOf(const CodeObject& object);
 
 /// The icon of a library.
 [[nodiscard]] std::string_view LibraryImage(const clsTypeLib& library);

@@ -1,12 +1,15 @@
 #include "display/properties.h"
 
-#include "model/clsControl.h"
+#include "display/library_text.h"
 #include "display/shown_text.h"
+#include "model/clsControl.h"
 #include "model/clsEnum.h"
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
 #include "model/clsType.h"
+#include "model/clsTypeLib.h"
 #include "model/clsVariable.h"
+#include "shell/clsText.h"
 
 namespace {
 
@@ -21,6 +24,7 @@ public:
         rows_.push_back({{label, {}}, {Text::None, Utf8Number(count), true}});
         return *this;
     }
+    Rows& AddUnlessEmpty(Text label, std::string_view value) { return value.empty() ? *this : Add(label, value); }
     Rows& AddText(Text label, Text value) {
         rows_.push_back({{label, {}}, {value, {}}});
         return *this;
@@ -31,7 +35,21 @@ private:
     PropertyRows rows_;
 };
 
+// What a library says about one of its objects.
+PropertyRows WithLibraryFacts(Rows rows, const CodeObject& object) {
+    if (!object.myLibrary)
+        return rows.Take();
+    const LibraryDetail& detail = object.myLibrary->DetailOf(object);
+    return rows.AddUnlessEmpty(Text::ConstantValue, detail.value.View())
+        .AddUnlessEmpty(Text::Description, detail.description)
+        .Take();
+}
+
 PropertyRows OfModul(const clsModul& modul) {
+    if (modul.myLibrary)
+        return WithLibraryFacts(
+            Rows(modul.myNameOrg()).Add(Text::Kind, TextOf(modul.ModulTyp)).Add(Text::BelongsTo, OwnerText(modul)),
+            modul);
     return Rows(modul.myNameOrg())
         .Add(Text::Kind, TextOf(modul.ModulTyp))
         .AddCount(Text::CodeLines, modul.AnzLineCode)
@@ -44,8 +62,10 @@ PropertyRows OfProzedur(const clsProzedur& prozedur) {
         .Add(Text::Kind, prozedur.ProzedurTypText())
         .Add(Text::BelongsTo, OwnerText(prozedur));
     if (prozedur.ProzedurTyp == ProcKind::Function || prozedur.ProzedurTyp == ProcKind::PropertyGet)
-        rows.Add(Text::DataType, prozedur.DatenTyp());
-    return rows.Take();
+        rows.Add(Text::DataType, ShownTypeOf(prozedur));
+    else if (prozedur.myLibrary)
+        rows.AddUnlessEmpty(Text::DataType, ShownTypeOf(prozedur));
+    return WithLibraryFacts(std::move(rows), prozedur);
 }
 
 PropertyRows OfVariable(const clsVariable& variable) {
@@ -54,14 +74,13 @@ PropertyRows OfVariable(const clsVariable& variable) {
         rows.AddText(Text::Access, Text::Local);
     else
         rows.Add(Text::Access, TextOf(variable.Zugriff));
-    return rows.Add(Text::DataType, variable.DatenTyp()).Add(Text::BelongsTo, OwnerText(variable)).Take();
+    rows.Add(Text::DataType, ShownTypeOf(variable)).Add(Text::BelongsTo, OwnerText(variable));
+    return WithLibraryFacts(std::move(rows), variable);
 }
 
 PropertyRows OfBlock(const CodeObject& block) {
-    return Rows(block.myNameOrg())
-        .Add(Text::Access, TextOf(block.Zugriff))
-        .Add(Text::BelongsTo, OwnerText(block))
-        .Take();
+    return WithLibraryFacts(
+        Rows(block.myNameOrg()).Add(Text::Access, TextOf(block.Zugriff)).Add(Text::BelongsTo, OwnerText(block)), block);
 }
 
 PropertyRows OfControl(const clsControl& control) {
@@ -71,8 +90,53 @@ PropertyRows OfControl(const clsControl& control) {
         .Take();
 }
 
+Text LabelOf(LibraryStep step) {
+    switch (step) {
+        case LibraryStep::Registry:
+            return Text::SoughtRegistry;
+        case LibraryStep::ProjectLine:
+            return Text::SoughtProjectLine;
+        case LibraryStep::ProjectFolder:
+            return Text::SoughtProjectFolder;
+        case LibraryStep::LibraryFolder:
+            return Text::SoughtLibraryFolder;
+    }
+    return Text::None;
+}
+
+Text LabelOf(LibraryOutcome outcome) {
+    switch (outcome) {
+        case LibraryOutcome::Found:
+            return Text::PlaceFound;
+        case LibraryOutcome::Missing:
+            return Text::PlaceMissing;
+        case LibraryOutcome::NotRegistered:
+            return Text::PlaceNotRegistered;
+        case LibraryOutcome::OtherLibrary:
+            return Text::PlaceOtherLibrary;
+        case LibraryOutcome::WrongVersion:
+            return Text::PlaceWrongVersion;
+    }
+    return Text::None;
+}
+
 PropertyRows OfLibrary(const clsTypeLib& library) {
-    return Rows(library.myNameOrg()).Add(Text::Kind, TextOf(library.LibTyp)).Take();
+    const LibraryFile& file = library.file;
+    Rows rows(library.myNameOrg());
+    rows.Add(Text::Kind, TextOf(library.LibTyp)).AddUnlessEmpty(Text::Description, library.Description);
+    if (file.IsFound())
+        rows.Add(Text::FileMenu, file.path);
+    else if (file.IsSought())
+        rows.AddText(Text::FileMenu, Text::LibraryNotFound);
+    rows.AddUnlessEmpty(Text::LibraryVersion, file.version.empty() ? library.Version : file.version)
+        .AddUnlessEmpty(Text::LibraryIdentifier, library.isProject ? std::string() : library.TypeLibID);
+    for (const LibraryPlace& place : file.places) {
+        std::string outcome = gText.TextNr(LabelOf(place.outcome));
+        if (!place.place.empty())
+            outcome.append(": ").append(place.place);
+        rows.Add(LabelOf(place.step), outcome);
+    }
+    return rows.Take();
 }
 
 }  // namespace
@@ -91,6 +155,8 @@ std::string OwnerText(const CodeObject& object) {
         if (variable.MyEnum)
             return KindAndName("Enum", variable.MyEnum->myNameOrg());
     }
+    if (object.myLibrary && !object.Modul)
+        return KindAndName(TextOf(object.myLibrary->LibTyp), object.myLibrary->myNameOrg());
     return object.Modul ? KindAndName(TextOf(object.Modul->ModulTyp), object.Modul->myNameOrg()) : std::string();
 }
 

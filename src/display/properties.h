@@ -31,5 +31,6 @@ using PropertyRows = std::vector<PropertyRow>;
 
 /// "module modMain": kind and name, as objects name what they belong to.
 [[nodiscard]] std::string KindAndName(std::string_view kind, std::string_view name);
-/// What an object belongs to: a procedure, type, enumeration or module; empty for modules and libraries.
+/// What an object belongs to: a procedure, type, enumeration, module or library; empty for modules of
+/// the project and for libraries.
 [[nodiscard]] std::string OwnerText(const CodeObject& object);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "display/library_text.h"
 #include "display/shown_text.h"
 #include "model/clsControl.h"
 #include "model/clsEnum.h"
@@ -88,6 +89,14 @@ CodeObject* DeclaredAt(const clsModul& modul, Pos pos) {
     return DeclaredAt(modul.MyVars, pos);
 }
 
+// What the page of a library names at a place.
+const CodeObject* NamedAt(const CodeText& page, Pos selStart) {
+    for (const NamedObject& place : page.objects)
+        if (selStart >= place.name.start && selStart < place.name.start + place.name.length)
+            return place.object;
+    return nullptr;
+}
+
 // Whose text has the places: not one text shows all of a module.
 const CodeObject& OwnerOfPlaces(const CodeObject& object, CallType type, const CodeObject& caller) {
     if (caller.Class() != ObjectClass::Modul)
@@ -138,6 +147,7 @@ void Set_GlobalObjects_fromNode(const clsProjekt& projekt, Selection& selection,
         now.CurModule = projekt.GetModuleFromCodePath(path);
     } else {
         now.CurModule = object->Modul;
+        now.CurLib = object->myLibrary;
         switch (object->Class()) {
             case ObjectClass::Modul:
                 now.CurModule = As<clsModul>(object);
@@ -154,19 +164,15 @@ void Set_GlobalObjects_fromNode(const clsProjekt& projekt, Selection& selection,
                 break;
             case ObjectClass::Type:
                 now.CurType = As<clsType>(object);
-                now.CurLib = object->myLibrary;
                 break;
             case ObjectClass::Enum:
                 now.CurEnum = As<clsEnum>(object);
-                now.CurLib = object->myLibrary;
                 break;
             case ObjectClass::Control:
                 now.CurControl = As<clsControl>(object);
                 break;
         }
     }
-    if (now.CurModule)
-        now.CurLib = now.CurModule->myLibrary;
     selection = now;
 }
 
@@ -211,10 +217,8 @@ std::string CodePath_Anzeigen(const Selection& selection) {
             add(KindAndName(TextOf(selection.CurObject->Zugriff), "enum"));
             break;
         case ObjectClass::Variable:
-            add(static_cast<const clsVariable*>(selection.CurObject)->DatenTyp());
-            break;
         case ObjectClass::Control:
-            add(static_cast<const clsControl*>(selection.CurObject)->DatenTyp());
+            add(ShownTypeOf(*selection.CurObject));
             break;
         case ObjectClass::TypeLib:
             add(static_cast<const clsTypeLib*>(selection.CurObject)->InprocServer32);
@@ -364,10 +368,13 @@ CodePane::Change CodePane::Show_Structure(const clsProjekt& projekt, const Selec
         }
         return change;
     }
+    if (const clsTypeLib* const library = LibraryOf(*object)) {
+        change.newText = !IsShown(*library) && ShowText(projekt, *library, LibraryText(*library));
+        change.select = NameMarkieren(*object, text_);
+        return change;
+    }
     switch (object->Class()) {
         case ObjectClass::TypeLib:
-            change.newText =
-                !IsShown(*object) && ShowText(projekt, *object, ShowMe(static_cast<const clsTypeLib&>(*object)));
             return change;
         case ObjectClass::Modul:
             change.newText = ShowDeclarations(projekt, static_cast<const clsModul&>(*object));
@@ -378,7 +385,7 @@ CodePane::Change CodePane::Show_Structure(const clsProjekt& projekt, const Selec
         case ObjectClass::Variable: {
             auto& variable = static_cast<clsVariable&>(*object);
             CodeObject* const owner = variable.Prozedur ? static_cast<CodeObject*>(variable.Prozedur) : variable.Modul;
-            if (!owner || (!variable.Prozedur && variable.myLibrary))
+            if (!owner)
                 return change;
             change.newText = ShowOwner(projekt, *owner);
             change.places = SelectCallMe(variable, CallType::Really, *owner, text_, LocalsOf(*owner));
@@ -434,9 +441,11 @@ std::vector<const clsProzedur*> CodePane::Procedures(const clsProjekt& projekt) 
     return procedures;
 }
 
-CodeObject* CodePane::ObjectClicked(const clsProjekt& projekt, const Selection& selection, Pos selStart,
-                                    Pos selLength) const {
+const CodeObject* CodePane::ObjectClicked(const clsProjekt& projekt, const Selection& selection, Pos selStart,
+                                          Pos selLength) const {
     const CodeObject* const owner = Owner(projekt);
+    if (owner && owner->Class() == ObjectClass::TypeLib)
+        return NamedAt(text_, selStart);
     if (!owner || (owner->Class() != ObjectClass::Prozedur && owner->Class() != ObjectClass::Modul))
         return nullptr;
     const Pos pos = text_.InModule(selStart);
@@ -448,10 +457,12 @@ CodeObject* CodePane::ObjectClicked(const clsProjekt& projekt, const Selection& 
     return SelChanged(modul, pos - modul.BeginnVarBereich, selection.CurType);
 }
 
-CodeObject* CodePane::ObjectAt(const clsProjekt& projekt, Pos selStart) const {
+const CodeObject* CodePane::ObjectAt(const clsProjekt& projekt, Pos selStart) const {
     CodeObject* const owner = Owner(projekt);
     if (!owner)
         return nullptr;
+    if (owner->Class() == ObjectClass::TypeLib)
+        return NamedAt(text_, selStart);
     const Pos pos = text_.InModule(selStart);
     if (clsProzedur* const prozedur = BodyAt(*owner, pos)) {
         CodeObject* const named = SelChanged(*prozedur, LocalsOf(*prozedur), pos - prozedur->DeclareStart);

@@ -15,6 +15,7 @@
 class clsControl;
 class clsEnum;
 class clsType;
+class clsTypeLib;
 class clsVariable;
 
 /// The current objects, null where there is none.
@@ -93,8 +94,8 @@ public:
 
     /// Where a click leads, judged by the text that is shown: SelChanged of its procedure, for which nothing may be
     /// selected, or of its module.
-    [[nodiscard]] CodeObject* ObjectClicked(const clsProjekt& projekt, const Selection& selection, Pos selStart,
-                                            Pos selLength) const;
+    [[nodiscard]] const CodeObject* ObjectClicked(const clsProjekt& projekt, const Selection& selection, Pos selStart,
+                                                  Pos selLength) const;
     /// Whether the whole module of an object is shown, and the header of its file with it. The text shown is forgotten.
     void ShowWhole(bool whole, bool withHeader);
     [[nodiscard]] bool IsWhole() const { return whole_; }
@@ -106,7 +107,7 @@ public:
 
     /// The object whose name is at a place of the shown text, for its hover text: certainly called or used, else
     /// possibly, else declared there. Null outside of names.
-    [[nodiscard]] CodeObject* ObjectAt(const clsProjekt& projekt, Pos selStart) const;
+    [[nodiscard]] const CodeObject* ObjectAt(const clsProjekt& projekt, Pos selStart) const;
 
     [[nodiscard]] const CodeText& Text() const { return text_; }
     /// CodePath of the object whose text is shown; empty for none.

@@ -13,6 +13,8 @@ namespace {
 constexpr std::array<std::string_view, 6> kTypKeys{"form[]",        "module[]",    "class[]",
                                                    "usercontrol[]", "component[]", "reference[]"};
 
+constexpr int kFirstLibraryTyp = 5;
+
 int TypOf(std::string_view key) {
     for (std::size_t i = 0; i < kTypKeys.size(); ++i)
         if (kTypKeys[i] == key)
@@ -27,6 +29,18 @@ void CheckAllBelow(Baum& tree, const BaumNode& node, bool checked) {
         open.pop_back();
         tree.SetChecked(below, checked);
         open.insert(open.end(), below.ChildNodes().begin(), below.ChildNodes().end());
+    }
+}
+
+// The contents of a library: its classes, and the groups with its enumerations and records.
+void CheckLibrary(Baum& tree, const BaumNode& library, bool checked) {
+    if (!checked)
+        return CheckAllBelow(tree, library, false);
+    for (BaumNode* below : library.ChildNodes()) {
+        tree.SetChecked(*below, true);
+        if (below->Kind() == NodeKind::Group)
+            for (BaumNode* block : below->ChildNodes())
+                tree.SetChecked(*block, true);
     }
 }
 
@@ -76,7 +90,7 @@ void NodeCheck(const clsProjekt& projekt, Baum& tree, BaumNode& node) {
     } else if (node.Kind() == NodeKind::Object) {
         const CodeObject* const object = ObjectOfNode(projekt, node.Id());
         if (object && object->Class() == ObjectClass::TypeLib)
-            CheckAllBelow(tree, node, node.Checked());
+            CheckLibrary(tree, node, node.Checked());
     }
     CheckAbove(tree, node);
 }
@@ -91,8 +105,12 @@ void Check_ModulTyp(Baum& tree, int typ, bool checked) {
     // What is left on below would stay in the group, out of sight in a folded module.
     if (!checked)
         return CheckAllBelow(tree, *root, false);
-    for (BaumNode* modul : root->ChildNodes())
+    const bool areLibraries = typ >= kFirstLibraryTyp;
+    for (BaumNode* modul : root->ChildNodes()) {
         tree.SetChecked(*modul, true);
+        if (areLibraries)
+            CheckLibrary(tree, *modul, true);
+    }
 }
 
 void Check_All_Modules(Baum& tree, bool checked) {

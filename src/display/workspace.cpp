@@ -487,7 +487,7 @@ Situation Workspace::Now(bool hasPlaces) const {
         return {};
     return {.hasProject = true,
             .hasObject = selection_.CurObject != nullptr,
-            .hasModule = selection_.CurModule != nullptr,
+            .hasModule = selection_.CurModule && !selection_.CurModule->myLibrary,
             .callsRead = CallsRead(),
             .neighbours = neighbours_,
             .hasPlaces = hasPlaces,

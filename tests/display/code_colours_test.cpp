@@ -1,5 +1,6 @@
 #include "display/code_colours.h"
 
+#include "display/library_text.h"
 #include "model/clsTypeLib.h"
 #include "platform/code_page.h"
 #include "support/project_test.h"
@@ -127,7 +128,7 @@ TEST_F(CodeColours, LibraryShowsItsFileFirst) {
     library.SetName(names.Intern("MSComctlLib"));
     library.InprocServer32 = "C:\\Windows\\comctl.ocx";
     library.Version = "2.0";
-    EXPECT_EQ(ShowMe(library).text, "C:\\Windows\\comctl.ocx\r\n\r\nMSComctlLib\r\n2.0\r\n");
+    EXPECT_EQ(LibraryText(library).text, "C:\\Windows\\comctl.ocx\r\n\r\nLibrary: MSComctlLib\r\nVersion: 2.0\r\n");
 }
 
 TEST_F(CodeColours, LaterSelectionsCoverEarlierOnes) {

@@ -438,7 +438,8 @@ TEST_F(MainWindow, MissingModuleIsCountedAmongTheProblems) {
     Open();
     auto* count = window_->statusBar()->findChild<QToolButton*>();
     EXPECT_TRUE(count->isVisible());
-    EXPECT_EQ(count->text(), TextNr(Text::OneProblem));
+    // Each of the project's three libraries is missing as well.
+    EXPECT_EQ(count->text(), TextNr(Text::ProblemCount, QStringLiteral("4")));
     window_->CloseTheProject();
     EXPECT_FALSE(count->isVisible());
 }

@@ -1,0 +1,216 @@
+#include "display/library_text.h"
+
+#include "libraries/library_page.h"
+#include "model/clsControl.h"
+#include "model/clsTypeLib.h"
+
+namespace {
+
+// The model keeps the bounds of an array with its type.
+LibraryDataType TypeOf(const LibraryDetail& detail) {
+    LibraryDataType type;
+    type.shown = detail.shownType.View();
+    if (type.shown.ends_with(')')) {
+        const std::size_t bracket = type.shown.rfind('(');
+        type.array = type.shown.substr(bracket);
+        type.shown.resize(bracket);
+    }
+    return type;
+}
+
+LibraryArgument ArgumentOf(const clsTypeLib& library, const clsVariable& variable) {
+    const LibraryDetail& detail = library.DetailOf(variable);
+    return {.name = std::string(variable.myNameOrg()),
+            .type = TypeOf(detail),
+            .isOptional = variable.isOptional,
+            .isByRef = variable.isByRef,
+            .isParamArray = variable.isParamArray,
+            .defaultValue = std::string(detail.value.View())};
+}
+
+// Texts of a library are foreign: a line break in one would look like a line of the page.
+std::string OneLine(std::string_view text) {
+    std::string line(text);
+    for (char& c : line)
+        if (static_cast<unsigned char>(c) < ' ')
+            c = ' ';
+    return line;
+}
+
+std::string ProcedureLine(const clsTypeLib& library, const clsProzedur& prozedur) {
+    LibraryProcedure procedure;
+    procedure.name = prozedur.myNameOrg();
+    procedure.kind = prozedur.ProzedurTyp;
+    procedure.type = TypeOf(library.DetailOf(prozedur));
+    for (const clsVariable* variable : prozedur.MyVars)
+        procedure.arguments.push_back(ArgumentOf(library, *variable));
+    std::string line = Signature(procedure);
+    if (prozedur.IsEvent)
+        line.replace(0, line.find(' '), "Event");
+    return line;
+}
+
+std::string VariableLine(const clsTypeLib& library, const clsVariable& variable) {
+    const LibraryDataType type = TypeOf(library.DetailOf(variable));
+    const std::string_view value = library.DetailOf(variable).value.View();
+    std::string line = variable.IsConst && !variable.MyEnum ? "Const " : "";
+    line.append(variable.myNameOrg()).append(type.array);
+    if (!variable.MyEnum && !type.shown.empty())
+        line.append(" As ").append(type.shown);
+    if (!value.empty())
+        line.append(" = ").append(value);
+    return line;
+}
+
+std::string_view WordOf(const clsModul& modul) {
+    switch (modul.ModulTyp) {
+        case ModuleKind::Module:
+            return "Module ";
+        case ModuleKind::UserControl:
+            return "Control ";
+        default:
+            return "Class ";
+    }
+}
+
+std::string LineOf(const clsTypeLib& library, const CodeObject& object) {
+    switch (object.Class()) {
+        case ObjectClass::Modul:
+            return std::string(WordOf(static_cast<const clsModul&>(object))).append(object.myNameOrg());
+        case ObjectClass::Prozedur:
+            return ProcedureLine(library, static_cast<const clsProzedur&>(object));
+        case ObjectClass::Variable:
+            return VariableLine(library, static_cast<const clsVariable&>(object));
+        case ObjectClass::Enum:
+            return std::string("Enum ").append(object.myNameOrg());
+        case ObjectClass::Type:
+            return std::string("Type ").append(object.myNameOrg());
+        case ObjectClass::Control:
+        case ObjectClass::TypeLib:
+            return {};
+    }
+    return {};
+}
+
+class PageWriter {
+public:
+    explicit PageWriter(const clsTypeLib& library) : library_(library) {}
+
+    void Line(std::string_view text) { page_.text.append(text).append(vbCrLf); }
+    void Field(std::string_view label, std::string_view value) {
+        if (!value.empty())
+            Line(OneLine(std::string(label).append(": ").append(value)));
+    }
+    void Title(const CodeObject& library) {
+        Line("");
+        page_.objects.push_back({&library, {Here() + Len("Library: "), Len(library.MyName())}});
+        Field("Library", library.myNameOrg());
+    }
+    void Heading(const CodeObject& object) {
+        Line("");
+        Entry(object, "", "    ");
+    }
+    void Member(const CodeObject& object) { Entry(object, "    ", "        "); }
+
+    [[nodiscard]] CodeText Take() { return std::move(page_); }
+
+private:
+    [[nodiscard]] Pos Here() const { return Len(page_.text); }
+
+    void Entry(const CodeObject& object, std::string_view indent, std::string_view noteIndent) {
+        const LibraryDetail& detail = library_.DetailOf(object);
+        std::string line = OneLine(LineOf(library_, object));
+        const Pos name = Here() + Len(indent) + NameIn(line, object);
+        page_.objects.push_back({&object, {name, Len(object.MyName())}});
+        page_.spans.push_back({name, Len(object.MyName()), Colour::Public});
+        if (detail.isHidden || detail.isRestricted)
+            line.append(" (hidden)");
+        Line(std::string(indent).append(line));
+        if (detail.description.empty())
+            return;
+        const std::string note = OneLine(std::string("' ").append(detail.description));
+        page_.spans.push_back({Here() + Len(noteIndent), Len(note), Colour::Comment});
+        Line(std::string(noteIndent).append(note));
+    }
+
+    // Words before the name have no brackets and no "As".
+    static Pos NameIn(std::string_view line, const CodeObject& object) {
+        const std::size_t begin = object.Class() == ObjectClass::Variable ? 0 : line.find(' ') + 1;
+        const std::size_t name = line.find(OneLine(object.myNameOrg()), begin);
+        return name == std::string_view::npos ? 0 : static_cast<Pos>(name);
+    }
+
+    const clsTypeLib& library_;
+    CodeText page_;
+};
+
+void WriteClass(PageWriter& page, const clsModul& modul) {
+    page.Heading(modul);
+    for (const clsVariable* constant : modul.MyVars)
+        page.Member(*constant);
+    for (const clsProzedur* prozedur : modul.MyProcs)
+        page.Member(*prozedur);
+    for (const clsProzedur* event : modul.MyEvents)
+        page.Member(*event);
+}
+
+}  // namespace
+
+CodeText LibraryText(const clsTypeLib& library) {
+    PageWriter page(library);
+    page.Line(library.InprocServer32);
+    page.Title(library);
+    page.Field("Description", library.Description);
+    page.Field("Version", library.file.version.empty() ? library.Version : library.file.version);
+    page.Field("Identifier", library.TypeLibID);
+    page.Field("Format", library.format);
+    page.Field("Project file", library.ProjektEintrag);
+    if (!library.file.IsFound())
+        for (const LibraryPlace& place : library.file.places)
+            page.Field("Sought", PlaceText(place));
+    for (const clsModul* modul : library.myCoClasses)
+        WriteClass(page, *modul);
+    const auto write = [&page](const auto& blocks) {
+        for (const auto* block : blocks) {
+            page.Heading(*block);
+            for (const clsVariable* member : block->MyVars)
+                page.Member(*member);
+        }
+    };
+    write(library.myEnums);
+    write(library.myTypes);
+    return page.Take();
+}
+
+const clsTypeLib* LibraryOf(const CodeObject& object) {
+    return object.Class() == ObjectClass::TypeLib ? static_cast<const clsTypeLib*>(&object) : object.myLibrary;
+}
+
+std::string LibraryDeclaration(const CodeObject& object) {
+    const clsTypeLib* const library = object.myLibrary;
+    if (!library)
+        return {};
+    const LibraryDetail& detail = library->DetailOf(object);
+    return LineOf(*library, object) + (detail.isHidden || detail.isRestricted ? " (hidden)" : "");
+}
+
+std::string_view ShownTypeOf(const CodeObject& object) {
+    if (object.myLibrary)
+        return object.myLibrary->DetailOf(object).shownType.View();
+    switch (object.Class()) {
+        case ObjectClass::Variable:
+            return static_cast<const clsVariable&>(object).DatenTyp();
+        case ObjectClass::Control:
+            return static_cast<const clsControl&>(object).DatenTyp();
+        case ObjectClass::Prozedur:
+            return static_cast<const clsProzedur&>(object).DatenTyp();
+        default:
+            return {};
+    }
+}
+
+std::string PlaceText(const LibraryPlace& place) {
+    std::string text(TextOf(place.step));
+    text.append(": ").append(TextOf(place.outcome));
+    return place.place.empty() ? text : text.append(", ").append(place.place);
+}

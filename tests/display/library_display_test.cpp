@@ -1,0 +1,196 @@
+#include "display/baum.h"
+#include "display/dependency_trees.h"
+#include "display/library_text.h"
+#include "display/object_search.h"
+#include "display/object_text.h"
+#include "display/project_tree.h"
+#include "display/selection.h"
+#include "display/tree_checks.h"
+#include "shell/clsText.h"
+#include "support/baum_dump.h"
+#include "support/library_project.h"
+
+using testing::HasSubstr;
+
+namespace {
+
+class LibraryDisplay : public ProgramState {
+protected:
+    LibraryDisplay() {
+        DiskFiles files;
+        gText.SetLanguage(files, OSTRIVANE_SOURCE_DIR "/");
+        ReadProjectWithLib(R"(
+            Private WithEvents w_b As Lib.Box
+            Private plain As Lib.Box
+            Private Sub w_b_Fill(Cancel As Long)
+            End Sub
+            Private Sub plain_Fill(Cancel As Long)
+            End Sub
+            Sub Work(b As Lib.Box)
+                b.Fill "x"
+                y = Round
+            End Sub
+        )");
+        ProjektStruktur_Anzeigen(*gProjekt, tree, true);
+    }
+    static clsTypeLib& Library() { return *gProjekt->OwnedLibraries().front(); }
+    std::string Hover(std::string_view key) {
+        std::string text;
+        for (const std::string& line : ObjectText(*gProjekt, locals, *ObjectOfNode(*gProjekt, NodeId(key))))
+            text += (text.empty() ? "" : "|") + line;
+        return text;
+    }
+    static std::string Properties(std::string_view key) {
+        std::string text;
+        for (const PropertyRow& row : Anzeigen_Eigenschaften(*ObjectOfNode(*gProjekt, NodeId(key))))
+            text.append(text.empty() ? "" : "|")
+                .append(row.label.text == Text::None ? row.label.bytes : gText.TextNr(row.label.text))
+                .append(": ")
+                .append(row.value.text == Text::None ? row.value.bytes : gText.TextNr(row.value.text));
+        return text;
+    }
+    LocalUses locals;
+    Baum tree;
+};
+
+}  // namespace
+
+TEST_F(LibraryDisplay, TreeShowsTheContents) {
+    EXPECT_THAT(DumpBaum(tree), HasSubstr(R"(  Lib [Library]
+    Box [class]
+      Public Property... [procedure] bold
+        Price [Get] [property]
+      Public Function... [procedure] bold
+        Secret() [procedure] grey
+      Public Sub... [procedure] bold
+        Fill() [procedure]
+          Path [argument]
+        Fill() [event]
+          Cancel [argument]
+    Enum... [enum] bold
+      Shape [enum]
+        Round [enum]
+    Limits [module]
+      Public Variable... [variable] bold
+        Most [const]
+    Type... [type] bold
+      Pair [type]
+        First [type]
+)"));
+}
+
+TEST_F(LibraryDisplay, EachNodeLeadsToItsObject) {
+    const auto hasObject = [](const BaumNode& node) {
+        return node.Kind() == NodeKind::Object && !ObjectOfNode(*gProjekt, node.Id());
+    };
+    EXPECT_EQ(KeysWhere(tree, hasObject), "");
+    EXPECT_TRUE(static_cast<clsProzedur&>(*ObjectOfNode(*gProjekt, NodeId("lib.box.fill [event]"))).IsEvent);
+}
+
+TEST_F(LibraryDisplay, NeighboursHaveTheKeysOfTheProjectTree) {
+    Baum calls;
+    Show_Dependencies_AllCalls(*gProjekt, {}, &ObjectAt("f.work"), calls, false);
+    EXPECT_EQ(DumpBaum(calls), R"(REFERENCE [OrdnerZu] bold
+  Lib [Library]
+    Box [class]
+      Public Sub... [procedure] bold
+        Fill() [procedure]
+    Enum... [enum] bold
+      Shape [enum]
+        Round [enum]
+)");
+    const auto isNew = [this](const BaumNode& node) { return node.Kind() != NodeKind::Root && !tree.Find(node.Id()); };
+    EXPECT_EQ(KeysWhere(calls, isNew), "");
+    Show_Dependencies_AllCalledBy(*gProjekt, {}, &ObjectAt("lib.box"), calls, false);
+    EXPECT_THAT(DumpBaum(calls), HasSubstr("Work()"));
+}
+
+TEST_F(LibraryDisplay, ALibraryChecksItsClassesAndBlocks) {
+    const auto isChecked = [](const BaumNode& node) { return node.Checked(); };
+    const auto check = [&](std::string_view key, bool checked) {
+        BaumNode& node = *tree.Item(key);
+        tree.SetChecked(node, checked);
+        NodeCheck(*gProjekt, tree, node);
+    };
+    const std::string all =
+        "reference[] lib lib.box lib enum [] lib.shape [enum] lib.limits lib type [] lib.pair [type]";
+    check("lib", true);
+    EXPECT_EQ(KeysWhere(tree, isChecked), all);
+    Baum calls;
+    Show_Dependencies_AllCalls(*gProjekt, CheckedIn(*gProjekt, tree), &ObjectAt("f.work"), calls, false);
+    EXPECT_THAT(DumpBaum(calls), testing::Not(HasSubstr("Fill"))) << "it belongs to a checked class";
+    tree.SetChecked(*tree.Item("lib.box.fill"), true);
+    check("lib", false);
+    EXPECT_EQ(KeysWhere(tree, isChecked), "");
+    Check_ModulTyp(tree, 6, true);
+    EXPECT_EQ("reference[] " + KeysWhere(tree, isChecked), all);
+}
+
+TEST_F(LibraryDisplay, ThePageShowsEachObjectAtItsName) {
+    CodePane pane;
+    Selection selection;
+    const auto shown = [&](std::string_view key) {
+        Set_GlobalObjects_fromNode(*gProjekt, selection, NodeId(key));
+        const CodePane::Change change = pane.Show_Structure(*gProjekt, selection);
+        const std::string& text = pane.Text().text;
+        if (!change.select)
+            return std::string("nothing");
+        const auto start = static_cast<std::size_t>(change.select->start);
+        EXPECT_EQ(pane.ObjectAt(*gProjekt, change.select->start)->MyName(),
+                  LowerCase(text.substr(start, static_cast<std::size_t>(change.select->length))));
+        const std::size_t line = text.rfind('\n', start) + 1;
+        return text.substr(line, text.find('\r', start) - line);
+    };
+    EXPECT_EQ(shown("lib"), "Library: Lib");
+    EXPECT_EQ(shown("lib.box"), "Class Box");
+    EXPECT_EQ(shown("lib.box.price [get]"), "    Property Get Price() As Currency");
+    EXPECT_EQ(shown("lib.box.fill"), "    Sub Fill(ByVal Path As String)");
+    EXPECT_EQ(shown("lib.box.fill [event]"), "    Event Fill(ByRef Cancel As Long)");
+    EXPECT_EQ(shown("lib.box.fill [event].cancel"), "    Event Fill(ByRef Cancel As Long)");
+    EXPECT_EQ(shown("lib.limits.most"), "    Const Most As Long = 9");
+    EXPECT_EQ(shown("lib.shape.round"), "    Round = 3");
+    EXPECT_EQ(shown("lib.pair.first"), "    First(0 To 3) As Long");
+    EXPECT_EQ(selection.CurLib, &Library());
+    EXPECT_THAT(pane.Text().Dump(), HasSubstr("public:Box comment:' Holds things public:Price "));
+}
+
+TEST_F(LibraryDisplay, HoverAndPropertiesKnowTypeValueAndDescription) {
+    EXPECT_EQ(Hover("lib.box.fill"),
+              "public sub Lib.Box.Fill|Sub Fill(ByVal Path As String)|Belongs to: class Box|"
+              "Called by: 1 Really, 0 May be|Description: Fills it");
+    EXPECT_THAT(Hover("lib.box.secret"), HasSubstr("Function Secret() As Long (hidden)"));
+    EXPECT_EQ(Properties("lib.box.price [get]"),
+              "Name: Price|Access: public|Kind: property get|Belongs to: class Box|Data type: Currency");
+    EXPECT_THAT(Properties("lib.limits.most"), HasSubstr("Data type: Long|Belongs to: module Limits|Value: 9"));
+    EXPECT_EQ(Properties("lib.shape [enum]"), "Name: Shape|Access: public|Belongs to: reference Lib");
+}
+
+TEST_F(LibraryDisplay, SearchFindsTheProjectsObjectsFirst) {
+    ObjectSearch search;
+    search.Build(*gProjekt);
+    const auto hits = [&](std::string_view typed) {
+        std::string paths;
+        for (const Hit& hit : search.Find(typed, 9))
+            paths.append(paths.empty() ? "" : " ").append(NodeKeyOf(*hit.object));
+        return paths;
+    };
+    EXPECT_EQ(hits("pl"), "f.plain f.plain_fill");
+    EXPECT_EQ(hits("p"), "f.plain f.plain_fill lib.pair [type] lib.box.price [get] lib.shape [enum]");
+    EXPECT_EQ(hits("box.fill"), "lib.box.fill lib.box.fill [event]");
+    EXPECT_EQ(hits("shape.r"), "lib.shape.round");
+    EXPECT_EQ(hits("lib.limits"), "lib.limits");
+}
+
+TEST_F(LibraryDisplay, AHandlerNamesItsEvent) {
+    EXPECT_THAT(Hover("f.w_b_fill"), HasSubstr("|Handles: Lib.Box: Event Fill(ByRef Cancel As Long)"));
+    EXPECT_THAT(Hover("f.plain_fill"), testing::Not(HasSubstr("Handles")));
+}
+
+TEST_F(LibraryDisplay, AMissingLibrarySaysWhereItWasSought) {
+    Library().file.places = {{LibraryStep::Registry, LibraryOutcome::NotRegistered, ""},
+                             {LibraryStep::ProjectFolder, LibraryOutcome::Missing, "p"}};
+    EXPECT_EQ(Properties("lib"),
+              "Name: Lib|Kind: reference|Description: Lib|File: not found|Version: 2.0|Identifier: {1}|"
+              "Registry: not registered|Project folder: missing: p");
+    EXPECT_THAT(LibraryText(Library()).text, HasSubstr("\r\nSought: project folder: missing, p\r\n"));
+}
