@@ -59,7 +59,7 @@ public:
     }
     void Libraries(const clsProjekt& projekt, bool onlyMissing) {
         for (const auto& library : projekt.OwnedLibraries())
-            if (!onlyMissing || IsMissing(projekt, *library))
+            if (!onlyMissing || IsMissing(*library))
                 rows_.push_back(
                     {std::string(library->MyName()),
                      Utf8Of(nullptr, library->Description.empty() ? library->myNameOrg() : library->Description),

@@ -5,7 +5,6 @@
 #include "findings/object_counts.h"
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
-#include "shell/words.h"
 
 namespace {
 
@@ -50,23 +49,10 @@ std::vector<ProjectOverview::Module> LargestModules(const clsProjekt& projekt) {
     return largest;
 }
 
-// Without the number of a resource, which can follow the file: "vbscript.dll\2".
-std::string_view FileOf(std::string_view path) {
-    const auto separator = path.find_last_of("\\/");
-    const bool hasNumber = separator != std::string_view::npos && separator + 1 < path.size() &&
-                           path.find_first_not_of("0123456789", separator + 1) == std::string_view::npos;
-    return hasNumber ? path.substr(0, separator) : path;
-}
-
 }  // namespace
 
-bool IsMissing(const clsProjekt& projekt, const clsTypeLib& library) {
-    const std::string_view path = FileOf(library.InprocServer32);
-    const std::string beside =
-        std::string(modMain::DirOrFileName(projekt.FullPath, 1)).append(modMain::DirOrFileName(path, 0));
-    const std::string below = std::string(modMain::DirOrFileName(projekt.FullPath, 1)).append(path);
-    return !projekt.TheFiles().FileExists(path) && !projekt.TheFiles().FileExists(below) &&
-           !projekt.TheFiles().FileExists(beside);
+bool IsMissing(const clsTypeLib& library) {
+    return library.file.IsSought() && !library.file.IsFound();
 }
 
 ProjectOverview OverviewOf(const clsProjekt& projekt) {
@@ -96,8 +82,8 @@ ProjectOverview OverviewOf(const clsProjekt& projekt) {
     }
     overview.problems = static_cast<int>(projekt.problems.All().size());
     overview.libraries = static_cast<int>(projekt.OwnedLibraries().size());
-    overview.librariesMissing = static_cast<int>(std::ranges::count_if(
-        projekt.OwnedLibraries(), [&](const auto& library) { return IsMissing(projekt, *library); }));
+    overview.librariesMissing = static_cast<int>(
+        std::ranges::count_if(projekt.OwnedLibraries(), [](const auto& library) { return IsMissing(*library); }));
     overview.largest = LargestModules(projekt);
     return overview;
 }

@@ -48,5 +48,5 @@ struct ProjectOverview {
 
 [[nodiscard]] ProjectOverview OverviewOf(const clsProjekt& projekt);
 
-/// Whether the file of a library is neither where the project file says nor beside it.
-[[nodiscard]] bool IsMissing(const clsProjekt& projekt, const clsTypeLib& library);
+/// Whether the file of a library was sought and not found.
+[[nodiscard]] bool IsMissing(const clsTypeLib& library);

@@ -11,8 +11,7 @@ protected:
         const std::string lines = projectLines + "\r\nName=\"App\"\r\n";
         return OverviewOf(ReadProject({{"App.vbp", lines + "Module=M; M.bas\r\nForm=F.frm\r\nClass=C; gone.cls\r\n"},
                                        {"M.bas", "Public a\r\nSub Main()\r\n' says why\r\nEnd Sub\r\n"},
-                                       {"F.frm", "VERSION 5.00\r\nBegin VB.Form F\r\nEnd\r\n"},
-                                       {"own.tlb", ""}}));
+                                       {"F.frm", "VERSION 5.00\r\nBegin VB.Form F\r\nEnd\r\n"}}));
     }
 };
 
@@ -29,11 +28,15 @@ TEST_F(Overviews, StartIsTheObjectThatTheProjectFileNames) {
 }
 
 TEST_F(Overviews, WhatIsMissingIsCounted) {
-    const ProjectOverview overview =
-        Of("Reference=*\\G{0}#2.0#0#own.tlb#Beside\r\nReference=*\\G{1}#2.0#0#C:\\far\\own.tlb\\2#Found by its name\r\n"
-           "Reference=*\\G{2}#2.0#0#C:\\far\\gone.tlb#Gone\r\nObject={3}#1.0#0; gone.ocx");
-    EXPECT_EQ(overview.libraries, 4);
-    EXPECT_EQ(overview.librariesMissing, 2);
+    Of("Reference=*\\G{0}#2.0#0#found.tlb#Found\r\nReference=*\\G{1}#2.0#0#C:\\far\\gone.tlb#Gone\r\n"
+       "Object={2}#1.0#0; unsought.ocx");
+    clsTypeLib& found = *gProjekt->OwnedLibraries()[0];
+    found.file.path = "found.tlb";
+    for (const std::size_t sought : {0, 1})
+        gProjekt->OwnedLibraries()[sought]->file.places.emplace_back();
+    const ProjectOverview overview = OverviewOf(*gProjekt);
+    EXPECT_EQ(overview.libraries, 3);
+    EXPECT_EQ(overview.librariesMissing, 1);
     EXPECT_EQ(overview.filesMissing, 1);
     EXPECT_EQ(overview.problems, 1);
 }
