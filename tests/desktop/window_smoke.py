@@ -91,7 +91,9 @@ def main():
             time.sleep(0.5)
             if screen.colours(options.screenshot) < 50:
                 sys.exit("the window is nearly empty")
-            screen.keys("alt+f", "r", "c")  # the calls reports
+            screen.keys("alt+f", "r", "c")
+            wait_for("the question about the reports", lambda: screen.title() == "Calls reports")
+            screen.keys("alt+w")
             report = home / "samples/ToolHire/modMain.bas Calls.txt"
             wait_for("a calls report", lambda: report.exists() and b"modStore" in report.read_bytes())
             screen.keys("ctrl+q")
