@@ -45,7 +45,7 @@ std::string Shortened(std::string text) {
 
 // The word for the object with its access before it.
 std::string KindWithAccess(const CodeObject& object) {
-    const std::string kind = ObjectKind(object);
+    std::string kind = ObjectKind(object);
     switch (object.Class()) {
         case ObjectClass::Prozedur: {
             const auto& prozedur = static_cast<const clsProzedur&>(object);

@@ -248,6 +248,7 @@ void LibrarySearch::Find(clsTypeLib& library) const {
             if (attempt.IsDone())
                 return;
             std::vector<std::string> files;
+            files.reserve(names.size());
             for (const std::string& name : names)
                 files.push_back(FileIn(folder, name));
             attempt.Try(step, folder, files);

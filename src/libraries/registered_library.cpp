@@ -30,6 +30,10 @@ int LanguageRank(int offered, int asked) {
     return offered == 0 ? 2 : 3;
 }
 
+std::string KeyBelow(const std::string& key, std::string_view name) {
+    return std::string(key).append(1, '\\').append(name);
+}
+
 // The path below one version of a library; empty if there is none.
 std::string PathBelow(const Registry& registry, const std::string& key, int lcid) {
     struct Language {
@@ -39,7 +43,7 @@ std::string PathBelow(const Registry& registry, const std::string& key, int lcid
     std::vector<Language> languages;
     for (const std::string& name : registry.SubKeys(kClasses, key))
         if (const std::optional<int> language = LanguageOf(name))
-            languages.push_back({LanguageRank(*language, lcid), key + '\\' + name});
+            languages.push_back({LanguageRank(*language, lcid), KeyBelow(key, name)});
     std::stable_sort(languages.begin(), languages.end(),
                      [](const Language& a, const Language& b) { return a.rank < b.rank; });
     for (const Language& language : languages)
@@ -60,7 +64,7 @@ std::optional<RegisteredLibrary> FindRegistered(const Registry& registry, const 
     std::vector<Entry> entries;
     for (const std::string& name : registry.SubKeys(kClasses, libraryKey))
         if (const std::optional<LibraryVersion> version = VersionOf(name))
-            entries.push_back({*version, libraryKey + '\\' + name});
+            entries.push_back({*version, KeyBelow(libraryKey, name)});
     const LibraryVersion asked = VersionOf(library.Version).value_or(LibraryVersion());
     std::stable_sort(entries.begin(), entries.end(),
                      [&](const Entry& a, const Entry& b) { return IsBetter(a.version, b.version, asked); });

@@ -246,7 +246,7 @@ std::optional<Constant> MsftTables::Value(std::int32_t value) {
             constant.number = static_cast<std::int16_t>(payload);
             break;
         case typelib::I1:
-            constant.number = static_cast<std::int8_t>(payload);
+            constant.number = static_cast<std::int64_t>(payload & 0x7F) - static_cast<std::int64_t>(payload & 0x80);
             break;
         default:
             constant.number = payload;

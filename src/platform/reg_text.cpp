@@ -84,13 +84,14 @@ std::string TakeEscaped(std::string_view& rest, char end, RegFormat format) {
 
 // Position behind the quoted text that begins at `at`, which holds the opening quote.
 std::size_t BehindQuoted(std::string_view text, std::size_t at) {
-    for (++at; at < text.size(); ++at) {
+    ++at;
+    while (at < text.size()) {
         at = text.find_first_of("\\\"", at);
         if (at == std::string_view::npos)
-            return text.size();
+            break;
         if (text[at] == '"')
             return at + 1;
-        ++at;  // the escaped character
+        at += 2;  // with the escaped character
     }
     return text.size();
 }
@@ -164,9 +165,9 @@ std::optional<unsigned> TakeType(std::string_view& rest, unsigned usual) {
 
 std::optional<std::string> TakeHexText(std::string_view& rest, RegFormat format) {
     constexpr unsigned kBinary = 3;
-    const std::optional<unsigned> type = TakeType(rest, kBinary);
+    const unsigned type = TakeType(rest, kBinary).value_or(0);
     const std::string bytes = TakeHexBytes(rest);
-    if (type != 1U && type != 2U && type != 7U)
+    if (type != 1 && type != 2 && type != 7)
         return {};
     return format == RegFormat::Editor4 ? bytes : FromUtf16(bytes);
 }
