@@ -38,7 +38,8 @@ struct NodeId {
 /// The meaning of a node's colour; the settings and the palette define the colour.
 enum class NodeColour : std::uint8_t {
     Ordinary,
-    Grey,  // dead and undead objects
+    Grey,   // dead and undead objects
+    Faint,  // the same as far as the structure alone says, before the calls are known
     PublicGroup,
     PrivateGroup,
 };

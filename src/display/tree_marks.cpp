@@ -13,14 +13,14 @@ namespace {
 
 class Marker {
 public:
-    explicit Marker(Baum& tree) : tree_(tree) {}
+    Marker(Baum& tree, NodeColour ofDead) : tree_(tree), ofDead_(ofDead) {}
 
     void Mark(const CodeObject& object) {
         BaumNode* node = tree_.Item(object.CodePath());
         if (!node)
             return;
         tree_.SetImage(*node, object.GetImageKey());
-        tree_.SetForeColor(*node, object.IsDeath < 1 ? NodeColour::Ordinary : NodeColour::Grey);
+        tree_.SetForeColor(*node, object.IsDeath < 1 ? NodeColour::Ordinary : ofDead_);
     }
 
     void Mark(const clsModul& modul) {
@@ -46,20 +46,21 @@ private:
     }
 
     Baum& tree_;
+    NodeColour ofDead_;
 };
 
 }  // namespace
 
 void Tote_Objekte_Markieren(const clsProjekt& projekt, Baum& tree) {
     const Baum::Filling filling(tree);
-    Marker marker(tree);
+    Marker marker(tree, projekt.callsKnown ? NodeColour::Grey : NodeColour::Faint);
     for (const clsModul* modul : projekt.AllModules())
         marker.Mark(*modul);
 }
 
 void Tote_Objekte_Markieren(const clsModul& modul, Baum& tree) {
     const Baum::Filling filling(tree);
-    Marker(tree).Mark(modul);
+    Marker(tree, NodeColour::Grey).Mark(modul);
 }
 
 void Tote_Objekte_Markieren(const clsProzedur& prozedur, const LocalUses& locals, Baum& tree) {

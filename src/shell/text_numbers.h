@@ -294,4 +294,6 @@ enum class Text {
     PlaceOtherLibrary = 355,
     PlaceWrongVersion = 356,
     HandlesEvent = 357,
+    ReadCallsAtOpening = 358,
+    MarksArePreliminary = 359,
 };

@@ -148,9 +148,11 @@ QMimeData* BaumModel::mimeData(const QModelIndexList& indexes) const {
 
 const QIcon& BaumModel::IconOf(const BaumNode& node) const {
     const std::string_view key = node.Expanded() && !node.ExpandedImage().empty() ? node.ExpandedImage() : node.Image();
-    auto found = icons_.find(key);
-    if (found == icons_.end())
-        found = icons_.emplace(std::string(key), IconFor(key)).first;
+    const bool isFaint = node.ForeColor() == NodeColour::Faint;
+    auto& icons = isFaint ? faintIcons_ : icons_;
+    auto found = icons.find(key);
+    if (found == icons.end())
+        found = icons.emplace(std::string(key), isFaint ? FaintIconFor(key) : IconFor(key)).first;
     return found->second;
 }
 
@@ -160,6 +162,7 @@ QVariant BaumModel::ColorOf(const BaumNode& node) const {
         case NodeColour::Ordinary:
             return {};
         case NodeColour::Grey:
+        case NodeColour::Faint:
             return dimmed_;
         case NodeColour::PublicGroup:
             return QBrush(Readable(ColourFromBgr(settings_.ColPublics), ground_));

@@ -48,7 +48,10 @@ public:
     /// Sets the look of ordinary text; bold, italic and dimmed text are derived from it.
     void SetLooks(const QFont& font, const QPalette& palette);
     /// Renders all icons again, as after a change of the palette.
-    void ForgetIcons() { icons_.clear(); }
+    void ForgetIcons() {
+        icons_.clear();
+        faintIcons_.clear();
+    }
 
     [[nodiscard]] QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
     [[nodiscard]] QModelIndex parent(const QModelIndex& index) const override;
@@ -99,5 +102,5 @@ private:
     QFont fonts_[2][2];  // [bold][italic]
     QBrush dimmed_;
     QColor ground_;  // background of the texts
-    mutable std::map<std::string, QIcon, std::less<>> icons_;
+    mutable std::map<std::string, QIcon, std::less<>> icons_, faintIcons_;
 };

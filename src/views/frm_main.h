@@ -114,7 +114,7 @@ private:
     void ShowProblems();
     void ShowProjectCounts();
     void WriteReports(const std::string& operation);
-    void RunCalls();
+    QString RunCalls();
     void Diagnosis();
     void ShowKeys();
     void NameCommands();

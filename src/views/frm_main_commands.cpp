@@ -194,13 +194,15 @@ void frmMain::OpenProject(const std::string& path) {
     pages_->setCurrentWidget(panes_);
     lower_->Properties().Show(Anzeigen_Eigenschaften(*gProjekt));
     ShowContent();
-    Activate_Commands();
     BaumProjekt().setFocus();
+    const QString calls = settings_.ReadCalls != 0 ? RunCalls() : QString();
     const int modules = gProjekt->CountAllModules();
-    status_->Message(codePage != settings_.CodePage
-                         ? TextNr(Text::ModulesReadIn, NumberText(modules), ToQString(NameOfCodePage(codePage)))
-                     : modules == 1 ? TextNr(Text::OneModuleRead)
-                                    : TextNr(Text::ModulesRead, NumberText(modules)));
+    const QString read = codePage != settings_.CodePage
+                             ? TextNr(Text::ModulesReadIn, NumberText(modules), ToQString(NameOfCodePage(codePage)))
+                         : modules == 1 ? TextNr(Text::OneModuleRead)
+                                        : TextNr(Text::ModulesRead, NumberText(modules));
+    status_->Message(calls.isEmpty() ? read : read + QLatin1Char(' ') + calls);
+    Activate_Commands();
 }
 
 void frmMain::ShowTitle() {
@@ -231,18 +233,19 @@ void frmMain::CloseTheProject() {
 
 void frmMain::Projekt_Analyse() {
     if (AskQuestion(this, TextNr(Text::AskReadCalls)))
-        RunCalls();
+        status_->Message(RunCalls());
 }
 
-void frmMain::RunCalls() {
+// Returns what is to be said about it.
+QString frmMain::RunCalls() {
     const auto counts = workspace_.ReadCalls();
     commands_->SetImage(Command::Calls, workspace_.CallsRead() ? "CallsRead" : "CallsReadNot");
     ShowAgain();
     ShowContent();
     ShowProjectCounts();
-    status_->Message(counts ? TextNr(Text::CallsRead, NumberText(counts->really), NumberText(counts->mayBe),
-                                     NumberText(counts->uses))
-                            : TextNr(Text::ReadingCallsCancelled));
+    return counts ? TextNr(Text::CallsRead, NumberText(counts->really), NumberText(counts->mayBe),
+                           NumberText(counts->uses))
+                  : TextNr(Text::ReadingCallsCancelled);
 }
 
 void frmMain::Files_Check() {
@@ -279,7 +282,7 @@ void frmMain::WriteReports(const std::string& operation) {
         return;
     // What nobody calls, and who calls whom, is only known then.
     if (operation != "AnalyseErgebnisStructure" && !workspace_.CallsRead()) {
-        RunCalls();
+        status_->Message(RunCalls());
         if (!workspace_.CallsRead()) {
             status_->Message(TextNr(Text::ReportNeedsCalls));
             dialogs_.options->ShowReportResult(TextNr(Text::ReportNeedsCalls));

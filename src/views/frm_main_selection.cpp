@@ -164,5 +164,6 @@ void frmMain::ShowAboutNeighbours() {
 
 void frmMain::ShowNow() {
     ShowAboutNeighbours();
+    project_->ShowPreliminary(gProjekt && !workspace_.CallsRead());
     commands_->Activate(workspace_.Now(rtbCode().PlaceCount() > 0));
 }

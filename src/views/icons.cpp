@@ -176,13 +176,14 @@ QCache<Rendered, QPixmap>& Cache() {
 
 class DrawnIcon final : public QIconEngine {
 public:
-    DrawnIcon(QString name, Colours colours) : name_(std::move(name)), colours_(colours) {}
+    DrawnIcon(QString name, Colours colours, bool faint = false)
+        : name_(std::move(name)), colours_(colours), faint_(faint) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override {
         QRectF square(0, 0, std::min(rect.width(), rect.height()), std::min(rect.width(), rect.height()));
         square.moveTopLeft(rect.topLeft() + QPoint((rect.width() - static_cast<int>(square.width())) / 2,
                                                    (rect.height() - static_cast<int>(square.height())) / 2));
-        const Look look = LookFor(mode, painter->device());
+        const Look look = LookFor(ModeOf(mode), painter->device());
         const QTransform device = painter->deviceTransform();
         const int side = static_cast<int>(std::lround(square.width() * std::abs(device.m11())));
         // On paper, turned or enlarged beyond all icon sizes, lines are better than pixels.
@@ -196,7 +197,7 @@ public:
     }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State /*state*/) override {
-        return Pixels(std::min(size.width(), size.height()), LookFor(mode, nullptr));
+        return Pixels(std::min(size.width(), size.height()), LookFor(ModeOf(mode), nullptr));
     }
 
     QSize actualSize(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
@@ -208,6 +209,10 @@ public:
     [[nodiscard]] QString key() const override { return QStringLiteral("ostrivane-drawn"); }
 
 private:
+    [[nodiscard]] QIcon::Mode ModeOf(QIcon::Mode mode) const {
+        return faint_ && mode == QIcon::Normal ? QIcon::Disabled : mode;
+    }
+
     /// The drawing for this size: the one whose grid falls on whole pixels, or nearly so.
     [[nodiscard]] QString File(int side) const {
         const auto offGrid = [side](int grid) {
@@ -253,6 +258,7 @@ private:
 
     QString name_;
     Colours colours_;
+    bool faint_;
 };
 
 }  // namespace
@@ -270,6 +276,13 @@ QIcon IconFor(std::string_view key) {
     }();
     const auto found = icons.find(key);
     return found == icons.end() ? QIcon() : found->second;
+}
+
+QIcon FaintIconFor(std::string_view key) {
+    const auto* const found = std::ranges::find(drawings, key, &Drawing::key);
+    return found == std::end(drawings)
+               ? QIcon()
+               : QIcon(new DrawnIcon(QString::fromLatin1(found->file), Colours::FollowPalette, true));
 }
 
 QIcon ApplicationIcon() {

@@ -12,6 +12,8 @@
 /// An empty icon when no picture has the key. Keys are compared with their case: "module" is the tree's, "Module" the
 /// toolbar's.
 [[nodiscard]] QIcon IconFor(std::string_view key);
+/// The same picture in the colour of what is disabled.
+[[nodiscard]] QIcon FaintIconFor(std::string_view key);
 [[nodiscard]] QIcon ApplicationIcon();
 [[nodiscard]] std::span<const std::string_view> AllIconKeys();
 

@@ -75,6 +75,7 @@ GeneralPage::GeneralPage(Settings& values, QWidget* parent)
     optLanguage_ = {new QRadioButton(QStringLiteral("English")), new QRadioButton(QStringLiteral("Deutsch"))};
     optWin32_ = {new QRadioButton, new QRadioButton};
     loadLibs_ = new QCheckBox;
+    readCalls_ = new QCheckBox;
     procVars_ = new QCheckBox(QStringLiteral("ProcVars in Treeview"));
     codePageLabel_ = new QLabel;
     codePage_ = new QComboBox;
@@ -85,6 +86,7 @@ GeneralPage::GeneralPage(Settings& values, QWidget* parent)
     optWin32_[0]->setObjectName(QStringLiteral("optWin320"));
     optWin32_[1]->setObjectName(QStringLiteral("optWin321"));
     loadLibs_->setObjectName(QStringLiteral("LoadLibs"));
+    readCalls_->setObjectName(QStringLiteral("ReadCalls"));
     procVars_->setObjectName(QStringLiteral("ProcVars"));
     codePage_->setObjectName(QStringLiteral("CodePage"));
 
@@ -102,6 +104,7 @@ GeneralPage::GeneralPage(Settings& values, QWidget* parent)
     pageLine->addWidget(codePageLabel_);
     pageLine->addWidget(codePage_, 1);
     reading->addWidget(loadLibs_);
+    reading->addWidget(readCalls_);
     reading->addLayout(pageLine);
     reading->addWidget(note_);
     layout->addWidget(languageFrame_);
@@ -112,7 +115,7 @@ GeneralPage::GeneralPage(Settings& values, QWidget* parent)
 
     for (QRadioButton* button : {optLanguage_[0], optLanguage_[1], optWin32_[0], optWin32_[1]})
         connect(button, &QRadioButton::toggled, this, &GeneralPage::TakeValues);
-    for (QCheckBox* box : {loadLibs_, procVars_})
+    for (QCheckBox* box : {loadLibs_, readCalls_, procVars_})
         connect(box, &QCheckBox::toggled, this, &GeneralPage::TakeValues);
     connect(codePage_, &QComboBox::currentIndexChanged, this, &GeneralPage::TakeValues);
 }
@@ -124,6 +127,7 @@ void GeneralPage::Texte() {
     optWin32_[0]->setText(TextNr(Text::Bits, QStringLiteral("32")));
     optWin32_[1]->setText(TextNr(Text::Bits, QStringLiteral("16")));
     loadLibs_->setText(TextNr(Text::LoadLibraries));
+    readCalls_->setText(TextNr(Text::ReadCallsAtOpening));
     codePageLabel_->setText(TextNr(Text::CodePageOfSources) + QLatin1Char(':'));
     codePage_->setAccessibleName(TextNr(Text::CodePageOfSources));
     note_->setText(TextNr(Text::HoldsFromNextOpening));
@@ -155,6 +159,7 @@ void GeneralPage::ShowValues() {
     optLanguage_[values_.Language == "german" ? 1 : 0]->setChecked(true);
     optWin32_[values_.Win32 == 1 ? 0 : 1]->setChecked(true);
     loadLibs_->setChecked(values_.LoadLibs != 0);
+    readCalls_->setChecked(values_.ReadCalls != 0);
     procVars_->setChecked(values_.ProcVars != 0);
     FillCodePages();
     showing_ = false;
@@ -166,6 +171,7 @@ void GeneralPage::TakeValues() {
     values_.Language = optLanguage_[1]->isChecked() ? "german" : "english";
     values_.Win32 = optWin32_[0]->isChecked() ? 1 : 0;
     values_.LoadLibs = loadLibs_->isChecked() ? 1 : 0;
+    values_.ReadCalls = readCalls_->isChecked() ? 1 : 0;
     values_.ProcVars = procVars_->isChecked() ? 1 : 0;
     values_.CodePage = codePage_->currentData().toString().toStdString();
     Q_EMIT Changed();

@@ -1,19 +1,18 @@
 #include "views/tree_panes.h"
 
+#include <QAction>
 #include <QEvent>
-#include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLayout>
 #include <QToolBar>
-#include <QToolButton>
 #include <QVBoxLayout>
 
 #include "views/baum_view.h"
 #include "views/code_style.h"
 #include "views/commands.h"
-#include "views/elided_label.h"
 #include "views/qt_text.h"
+#include "views/remark_line.h"
 #include "views/search_bar.h"
 #include "views/window_style.h"
 
@@ -41,6 +40,7 @@ ProjectPane::ProjectPane(Baum& tree, const Settings& settings, Commands& command
     : QWidget(parent),
       search_(new SearchBar(this)),
       ToolbarPrTrw(SmallToolbar(this)),
+      preliminary_(new RemarkLine(QStringLiteral("ReadAllCalls"), this)),
       tree_(new BaumView(tree, settings, this)) {
     for (const Command command :
          {Command::CheckBoxOn, Command::CheckBoxAll, Command::CheckBoxNone, Command::CollapseAll})
@@ -52,10 +52,17 @@ ProjectPane::ProjectPane(Baum& tree, const Settings& settings, Commands& command
     top->addWidget(ToolbarPrTrw);
     QVBoxLayout* column = Column(this);
     column->addLayout(top);
+    column->addWidget(preliminary_);
     column->addWidget(tree_, 1);
+    connect(preliminary_, &RemarkLine::Clicked, &commands[Command::Calls], &QAction::trigger);
+}
+
+void ProjectPane::ShowPreliminary(bool preliminary) {
+    preliminary_->Show(preliminary ? TextNr(Text::MarksArePreliminary) : QString());
 }
 
 void ProjectPane::Texte() {
+    preliminary_->SetButtonText(TextNr(Text::ReadAllCalls));
     search_->Texte();
     tree_->SetTexte(Text::ProjectTree, Text::EmptyProjectTree);
     tree_->Texte();
@@ -67,9 +74,7 @@ DependencyPane::DependencyPane(Baum& tree, const Settings& settings, Commands& c
     : QWidget(parent),
       caption_(new QLabel(this)),
       toolbar_(SmallToolbar(this)),
-      filter_(new QFrame(this)),
-      filterText_(new ElidedLabel(filter_)),
-      showAll_(new QToolButton(filter_)),
+      filter_(new RemarkLine(QStringLiteral("ShowAll"), this)),
       tree_(new BaumView(tree, settings, this)) {
     toolbar_->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
     toolbar_->addAction(&commands[really]);
@@ -86,30 +91,14 @@ DependencyPane::DependencyPane(Baum& tree, const Settings& settings, Commands& c
     top->addWidget(toolbar_);
     QVBoxLayout* column = Column(this);
     column->addLayout(top);
-    BuildFilter();
+    connect(filter_, &RemarkLine::Clicked, this, &DependencyPane::ShowAllClicked);
     column->addWidget(filter_);
     column->addWidget(tree_, 1);
     tree_->SetRightClickTells(true);
 }
 
-// On the ground of a tool tip, so that it looks like a remark, not like a row of the tree.
-void DependencyPane::BuildFilter() {
-    filter_->setAutoFillBackground(true);
-    filter_->setBackgroundRole(QPalette::ToolTipBase);
-    filter_->setForegroundRole(QPalette::ToolTipText);
-    filterText_->setForegroundRole(QPalette::ToolTipText);
-    showAll_->setObjectName(QStringLiteral("ShowAll"));
-    auto* line = new QHBoxLayout(filter_);
-    line->setContentsMargins(6, 2, 2, 2);
-    line->addWidget(filterText_, 1);
-    line->addWidget(showAll_);
-    connect(showAll_, &QToolButton::clicked, this, &DependencyPane::ShowAllClicked);
-    filter_->hide();
-}
-
 void DependencyPane::ShowFilter(const QString& text) {
-    filterText_->SetText(text);
-    filter_->setVisible(!text.isEmpty());
+    filter_->Show(text);
 }
 
 void DependencyPane::ShowWhyEmpty(Text why) {
@@ -141,7 +130,7 @@ void DependencyPane::changeEvent(QEvent* event) {
 
 void DependencyPane::Texte(Text name) {
     tree_->SetTexte(name, Text::None);
-    showAll_->setText(TextNr(Text::ShowAll));
+    filter_->SetButtonText(TextNr(Text::ShowAll));
     tree_->setToolTip(TextNr(Text::DependencyTreeTip));
     tree_->Texte();
 }

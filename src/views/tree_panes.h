@@ -10,11 +10,9 @@
 class Baum;
 class BaumView;
 class Commands;
-class ElidedLabel;
-class QFrame;
 class QLabel;
 class QToolBar;
-class QToolButton;
+class RemarkLine;
 class SearchBar;
 struct Settings;
 
@@ -25,11 +23,14 @@ public:
     ProjectPane(Baum& tree, const Settings& settings, Commands& commands, QWidget* parent = nullptr);
     [[nodiscard]] BaumView& Tree() const { return *tree_; }
     [[nodiscard]] SearchBar& Search() const { return *search_; }
+    /// The line that says that the marks of dead objects come from the structure alone.
+    void ShowPreliminary(bool preliminary);
     void Texte();
 
 private:
     SearchBar* search_;
     QToolBar* ToolbarPrTrw;
+    RemarkLine* preliminary_;
     BaumView* tree_;
 };
 
@@ -55,15 +56,12 @@ Q_SIGNALS:
     void ShowAllClicked();
 
 private:
-    void BuildFilter();
     void PaintCaption();
     void changeEvent(QEvent* event) override;
 
     QLabel* caption_;
     QToolBar* toolbar_;
-    QFrame* filter_;
-    ElidedLabel* filterText_;
-    QToolButton* showAll_;
+    RemarkLine* filter_;
     BaumView* tree_;
     bool mayBe_ = false;
 };

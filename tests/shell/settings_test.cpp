@@ -24,7 +24,8 @@ protected:
 };
 
 constexpr const char* kDefaults =
-    "[ALLGEMEIN]\r\nwin32=1\r\nLoadLibs=1\r\nProcVarsInTreeView=1\r\nLanguage=english\r\nCodePage=auto\r\n"
+    "[ALLGEMEIN]\r\nwin32=1\r\nLoadLibs=1\r\nReadCalls=1\r\nProcVarsInTreeView=1\r\nLanguage=english\r\nCodePage="
+    "auto\r\n"
     "LibraryFolders=\r\nWinePrefix=\r\nRegistryFiles=\r\n"
     "[VISUALIZATION]\r\nFontSize=10\r\nFontName=Courier New\r\nFontBold=0\r\nFontItalic=0\r\n"
     "TreeFontSize=8\r\nTreeFontName=MS Sans Serif\r\nTreeFontBold=0\r\nTreeFontItalic=0\r\n"
@@ -33,7 +34,8 @@ constexpr const char* kDefaults =
     "Col String=9868950\r\n";
 
 constexpr const char* kOthers =
-    "[ALLGEMEIN]\r\nwin32=0\r\nLoadLibs=0\r\nProcVarsInTreeView=-1\r\nLanguage=german\r\nCodePage=1251\r\n"
+    "[ALLGEMEIN]\r\nwin32=0\r\nLoadLibs=0\r\nReadCalls=0\r\nProcVarsInTreeView=-1\r\nLanguage=german\r\nCodePage="
+    "1251\r\n"
     "LibraryFolders=/libs;/more libs\r\nWinePrefix=none\r\nRegistryFiles=/old.reg\r\n"
     "[VISUALIZATION]\r\nFontSize=10.5\r\nFontName=Consolas\r\nFontBold=1\r\nFontItalic=0\r\n"
     "TreeFontSize=9\r\nTreeFontName=Tahoma\r\nTreeFontBold=0\r\nTreeFontItalic=1\r\n"
@@ -55,9 +57,9 @@ TEST_F(SettingsOfAFile, WhatWasReadIsSavedAgain) {
     EXPECT_EQ(settings_.CodePage, "1251");
     EXPECT_EQ(settings_.LibraryFolders, (std::vector<std::string>{"/libs", "/more libs"}));
     EXPECT_EQ(settings_.TreeFont, (FontSetting{9, "Tahoma", false, true}));
-    EXPECT_EQ((std::vector<int>{settings_.Win32, settings_.LoadLibs, settings_.ProcVars, settings_.ColPublics,
-                                settings_.ColString}),
-              (std::vector<int>{0, 0, -1, 1, -2147483633}));
+    EXPECT_EQ((std::vector<int>{settings_.Win32, settings_.LoadLibs, settings_.ReadCalls, settings_.ProcVars,
+                                settings_.ColPublics, settings_.ColString}),
+              (std::vector<int>{0, 0, 0, -1, 1, -2147483633}));
     settings_.OpenSaveDir = "c:\\other\\";  // saved separately
     SettingsFile file(files_, "new.ini");
     Optionen_Ini_Save(file, settings_);

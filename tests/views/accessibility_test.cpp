@@ -37,7 +37,7 @@ protected:
         gIniFile = settings_.Path();
         AddRecentProject(settings_, directory_.Path("gone & lost.vbp"));
         AddRecentProject(settings_, kSample);
-        window_ = std::make_unique<frmMain>(files_, settings_, Settings(), ProgramDirectory());
+        window_ = std::make_unique<frmMain>(files_, settings_, WithoutCalls(), ProgramDirectory());
         window_->resize(1024, 700);
         window_->show();
         QApplication::processEvents();

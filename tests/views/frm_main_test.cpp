@@ -52,7 +52,7 @@ protected:
         const std::filesystem::path samples = OSTRIVANE_SOURCE_DIR "/samples";
         std::filesystem::copy(samples, directory_.Path("samples"), std::filesystem::copy_options::recursive);
         gIniFile = settings_.Path();
-        window_ = std::make_unique<frmMain>(files_, settings_, Settings(), ProgramDirectory());
+        window_ = std::make_unique<frmMain>(files_, settings_, WithoutCalls(), ProgramDirectory());
         window_->resize(1200, 800);
         window_->show();
     }
@@ -596,6 +596,28 @@ TEST_F(MainWindow, FailedConditionsGoToTheListOfProblemsFromWhichTheCodeIsReache
     EXPECT_EQ(window_->rtbCode().textCursor().selectedText(), QStringLiteral("#If x( Then"));
     window_->CloseTheProject();
     EXPECT_EQ(list.findChild<QTableView*>()->model()->rowCount(), 0);
+}
+
+TEST_F(MainWindow, CallsAreReadAtOpeningUnlessAnOptionSaysNo) {
+    const auto dead = [this] { return window_->TheWorkspace().Tree().Item("modmain.traceline")->ForeColor(); };
+    Open();
+    auto& remark = *window_->findChild<QToolButton*>(QStringLiteral("ReadAllCalls"));
+    EXPECT_TRUE(remark.isVisible());
+    EXPECT_EQ(dead(), NodeColour::Faint);
+    AnswerNext(QMessageBox::Yes);
+    QTest::mouseClick(&remark, Qt::LeftButton);
+    EXPECT_FALSE(remark.isVisible());
+    EXPECT_EQ(dead(), NodeColour::Grey);
+
+    window_->TheSettings().ReadCalls = 1;
+    asked_.clear();
+    Open();
+    EXPECT_TRUE(window_->TheWorkspace().CallsRead());
+    EXPECT_FALSE(remark.isVisible());
+    EXPECT_EQ(dead(), NodeColour::Grey);
+    EXPECT_TRUE(asked_.empty());
+    EXPECT_TRUE(StatusText().startsWith(TextNr(Text::ModulesRead, QStringLiteral("14"))));
+    EXPECT_TRUE(StatusText().contains(QStringLiteral("827")));
 }
 
 TEST_F(MainWindow, OverviewStandsWhereNothingIsSelected) {

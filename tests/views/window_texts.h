@@ -9,6 +9,7 @@
 
 #include "platform/files.h"
 #include "shell/clsText.h"
+#include "shell/settings.h"
 #include "support/program_state.h"
 #include "views/qt_text.h"
 
@@ -16,6 +17,12 @@ class WindowTest : public ProgramState {
 protected:
     WindowTest() { Speak("english"); }
 
+    /// Those of a window that opens a project without reading its calls.
+    static Settings WithoutCalls() {
+        Settings settings;
+        settings.ReadCalls = 0;
+        return settings;
+    }
     static std::string ProgramDirectory() { return OSTRIVANE_SOURCE_DIR "/"; }
     void Speak(const std::string& language) {
         gText.Language = language;

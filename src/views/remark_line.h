@@ -1,0 +1,26 @@
+// A line above a tree that says what is special about it, with a button that changes that. On the ground of a tool tip,
+// so that it looks like a remark, not like a row of the tree.
+#pragma once
+
+#include <QFrame>
+
+class ElidedLabel;
+class QToolButton;
+
+class RemarkLine final : public QFrame {
+    Q_OBJECT
+
+public:
+    /// @param button  object name of the button
+    RemarkLine(const QString& button, QWidget* parent);
+    /// Hidden when `text` is empty.
+    void Show(const QString& text);
+    void SetButtonText(const QString& text);
+
+Q_SIGNALS:
+    void Clicked();
+
+private:
+    ElidedLabel* text_;
+    QToolButton* button_;
+};
