@@ -11,7 +11,7 @@ int Count(const clsProjekt* projekt, clsCollection<clsModul> clsProjekt::*module
     return projekt ? (projekt->*modules).Count() : 0;
 }
 
-// In the language of the program; the word that is fixed stands in for one that the language lacks.
+// In the language of the program, or the fixed word if the language file lacks it.
 std::string Label(Text text, const char* fixed) {
     const std::string label = Utf8TextNr(text);
     return label.empty() ? fixed : label;

@@ -1,4 +1,4 @@
-// The lists behind the numbers of the overview.
+// The list that each number of the overview opens.
 #pragma once
 
 #include <cstdint>

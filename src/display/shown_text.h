@@ -27,7 +27,7 @@ class CodeObject;
 /// Where the comment lines directly above the line of `pos` begin; `pos` itself if there are none.
 [[nodiscard]] Pos CommentAbove(std::string_view text, Pos pos);
 
-/// Where the file of a module begins for its reader: behind the version, the properties of a form and its attributes.
+/// Where the code of a module begins: after the version, the properties of a form and its attributes.
 [[nodiscard]] Pos HeaderEnd(const clsModul& modul);
 
 /// Number of the physical line that holds `pos`, from 1.

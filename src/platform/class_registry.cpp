@@ -15,7 +15,7 @@
 
 namespace {
 
-// The branches of a registry that are told apart. Those of classes are in the order in which they are asked.
+// The branches of a registry, each stored separately. Those of classes are in the order of look-up.
 enum class Branch : std::uint8_t { UserClasses32, MachineClasses32, UserClasses, MachineClasses, User, Machine };
 constexpr std::size_t kBranches = 6;
 constexpr std::array kClassBranches{Branch::UserClasses32, Branch::MachineClasses32, Branch::UserClasses,
@@ -141,7 +141,7 @@ bool EndsLike(std::string_view path, std::string_view name) {
     return path.size() > name.size() && ascii::SameText(path.substr(path.size() - name.size()), name);
 }
 
-/// Position behind the values of a key in its text.
+/// Position after the values of a key in its text.
 std::size_t EndOf(const RegKey& key, std::string_view text) {
     return static_cast<std::size_t>(key.values.data() + key.values.size() - text.data());
 }

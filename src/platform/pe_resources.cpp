@@ -12,7 +12,7 @@ constexpr std::size_t kSectionBytes = 40;
 constexpr std::size_t kNodeBytes = 16;
 constexpr std::size_t kEntryBytes = 8;
 
-// The sections of a file, which say where an address in memory stands in it.
+// The sections of a file. They map addresses in memory to positions in the file.
 class PeFile {
 public:
     /// Sets `problem` if the file is none.

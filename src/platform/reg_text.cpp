@@ -82,7 +82,7 @@ std::string TakeEscaped(std::string_view& rest, char end, RegFormat format) {
     return text;
 }
 
-// Position behind the quoted text that begins at `at`, which holds the opening quote.
+// Position after the quoted text that begins at `at`, which holds the opening quote.
 std::size_t BehindQuoted(std::string_view text, std::size_t at) {
     ++at;
     while (at < text.size()) {
