@@ -51,10 +51,28 @@ bool AskQuestion(QWidget* window, const QString& text) {
 
 namespace {
 
+// Tabs stand between columns. In a proportional font only a table lines them up.
+QString AsTable(const QString& text) {
+    QString rows;
+    for (const QString& line : text.split(QLatin1Char('\n'))) {
+        rows += QStringLiteral("<tr>");
+        for (const QString& cell : line.split(QLatin1Char('\t'), Qt::SkipEmptyParts))
+            rows += QStringLiteral("<td style='padding-right: 2em'>%1</td>").arg(cell.toHtmlEscaped());
+        rows += QStringLiteral("<td>&nbsp;</td></tr>");
+    }
+    return QStringLiteral("<table>%1</table>").arg(rows);
+}
+
 void ShowWithOk(QWidget* window, QMessageBox::Icon icon, const QString& text) {
     QMessageBox box(DialogParent(window));
     Prepare(box, icon);
-    box.setText(text);
+    if (text.contains(QLatin1Char('\t'))) {
+        box.setTextFormat(Qt::RichText);
+        box.setText(AsTable(text));
+        box.setTextInteractionFlags(Qt::TextBrowserInteraction);
+    } else {
+        box.setText(text);
+    }
     if (const QString ok = TextNr(Text::Ok); !ok.isEmpty())
         box.addButton(QMessageBox::Ok)->setText(ok);
     Run(box);
