@@ -17,6 +17,7 @@
 
 #include "platform/code_page.h"
 #include "views/code_style.h"
+#include "views/library_options.h"
 #include "views/qt_text.h"
 
 namespace {
@@ -83,6 +84,7 @@ GeneralPage::GeneralPage(Settings& values, QWidget* parent)
     optLanguage_ = {new QRadioButton(QStringLiteral("English")), new QRadioButton(QStringLiteral("Deutsch"))};
     optWin32_ = {new QRadioButton, new QRadioButton};
     loadLibs_ = new QCheckBox;
+    libraries_ = new LibraryOptions;
     procVars_ = new QCheckBox(QStringLiteral("ProcVars in Treeview"));
     codePageLabel_ = new QLabel;
     codePage_ = new QComboBox;
@@ -110,6 +112,7 @@ GeneralPage::GeneralPage(Settings& values, QWidget* parent)
     pageLine->addWidget(codePageLabel_);
     pageLine->addWidget(codePage_, 1);
     reading->addWidget(loadLibs_);
+    reading->addWidget(libraries_);
     reading->addLayout(pageLine);
     reading->addWidget(note_);
     layout->addWidget(languageFrame_);
@@ -123,6 +126,8 @@ GeneralPage::GeneralPage(Settings& values, QWidget* parent)
     for (QCheckBox* box : {loadLibs_, procVars_})
         connect(box, &QCheckBox::toggled, this, &GeneralPage::TakeValues);
     connect(codePage_, &QComboBox::currentIndexChanged, this, &GeneralPage::TakeValues);
+    connect(libraries_, &LibraryOptions::Changed, this, &GeneralPage::TakeValues);
+    connect(loadLibs_, &QCheckBox::toggled, libraries_, &QWidget::setEnabled);
 }
 
 void GeneralPage::Texte() {
@@ -132,6 +137,7 @@ void GeneralPage::Texte() {
     optWin32_[0]->setText(TextNr(Text::Bits, QStringLiteral("32")));
     optWin32_[1]->setText(TextNr(Text::Bits, QStringLiteral("16")));
     loadLibs_->setText(TextNr(Text::LoadLibraries));
+    libraries_->Texte();
     codePageLabel_->setText(TextNr(Text::CodePageOfSources) + QLatin1Char(':'));
     codePage_->setAccessibleName(TextNr(Text::CodePageOfSources));
     note_->setText(TextNr(Text::HoldsFromNextOpening));
@@ -161,6 +167,8 @@ void GeneralPage::ShowValues() {
     optLanguage_[values_.Language == "german" ? 1 : 0]->setChecked(true);
     optWin32_[values_.Win32 == 1 ? 0 : 1]->setChecked(true);
     loadLibs_->setChecked(values_.LoadLibs != 0);
+    libraries_->setEnabled(values_.LoadLibs != 0);
+    libraries_->ShowValues(values_);
     procVars_->setChecked(values_.ProcVars != 0);
     FillCodePages();
     showing_ = false;
@@ -172,6 +180,7 @@ void GeneralPage::TakeValues() {
     values_.Language = optLanguage_[1]->isChecked() ? "german" : "english";
     values_.Win32 = optWin32_[0]->isChecked() ? 1 : 0;
     values_.LoadLibs = loadLibs_->isChecked() ? 1 : 0;
+    libraries_->TakeValues(values_);
     values_.ProcVars = procVars_->isChecked() ? 1 : 0;
     values_.CodePage = codePage_->currentData().toString().toStdString();
     Q_EMIT Changed();

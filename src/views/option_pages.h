@@ -6,6 +6,7 @@
 
 #include "shell/settings.h"
 
+class LibraryOptions;
 class QCheckBox;
 class QComboBox;
 class QGroupBox;
@@ -35,6 +36,7 @@ private:
     QGroupBox *languageFrame_, *win32Frame_, *readFrame_;
     std::array<QRadioButton*, 2> optLanguage_, optWin32_;
     QCheckBox *loadLibs_, *procVars_;
+    LibraryOptions* libraries_;
     QLabel* codePageLabel_;
     QComboBox* codePage_;
     QLabel* note_;

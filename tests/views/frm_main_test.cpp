@@ -369,12 +369,24 @@ TEST_F(MainWindow, CancelledLoadLeavesAnEmptyWindow) {
 TEST_F(MainWindow, MissingModuleIsCountedAmongTheProblems) {
     std::filesystem::remove(directory_.Path("samples/ToolHire/modStore.bas"));
     AnswerNext(QMessageBox::No);
+    window_->TheSettings().LoadLibs = 0;
     Open();
     auto* count = window_->statusBar()->findChild<QToolButton*>();
     EXPECT_TRUE(count->isVisible());
     EXPECT_EQ(count->text(), TextNr(Text::OneProblem));
     window_->CloseTheProject();
     EXPECT_FALSE(count->isVisible());
+}
+
+TEST_F(MainWindow, MissingLibrariesAreAmongTheProblems) {
+    directory_.Write("libs/mscomctl.ocx", "MZ");
+    window_->TheSettings().WinePrefix = "none";
+    Open();
+    auto* count = window_->statusBar()->findChild<QToolButton*>();
+    EXPECT_EQ(count->text(), TextNr(Text::ProblemCount, NumberText(3)));
+    window_->TheSettings().LibraryFolders = {directory_.Path("libs")};
+    Open();
+    EXPECT_EQ(count->text(), TextNr(Text::ProblemCount, NumberText(2)));
 }
 
 TEST_F(MainWindow, ReportsSayWhereTheyWereWritten) {
