@@ -10,10 +10,6 @@ std::string Utf8(std::string_view bytes) {
     return ActiveCodePage().ToUtf8(bytes);
 }
 
-std::string Counted(int number, std::string_view one, std::string_view many) {
-    return std::to_string(number).append(" ").append(number == 1 ? one : many);
-}
-
 std::string UseText(const LibraryUse& use, bool isFound) {
     if (!use.IsUsed())
         return isFound ? "no use found" : "no use found by its name";

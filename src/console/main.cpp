@@ -12,6 +12,7 @@
 #include "console/overview_text.h"
 #include "console/summary.h"
 #include "findings/dead_objects.h"
+#include "findings/library_use.h"
 #include "findings/project_overview.h"
 #include "findings/report_files.h"
 #include "libraries/library_objects.h"
@@ -254,6 +255,7 @@ int Run(const Options& options) {
         callTimer.Start();
         Who_Calls_Who(*gProjekt);
         Tote_Untote_Kennzeichnen(*gProjekt);
+        NoteCostsOfMissingLibraries(*gProjekt);
         callTimer.Halt();
     }
     if (showsProgress)

@@ -10,6 +10,7 @@
 #include "display/project_tree.h"
 #include "display/tree_marks.h"
 #include "findings/dead_objects.h"
+#include "findings/library_use.h"
 #include "libraries/library_search.h"
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
@@ -126,6 +127,7 @@ std::optional<CallCounts> Workspace::ReadCalls() {
     code_.Forget();
     if (isWhole)
         Tote_Untote_Kennzeichnen(*projekt_);
+    NoteCostsOfMissingLibraries(*projekt_);
     Tote_Objekte_Markieren(*projekt_, tree_);
     if (!isWhole)
         return {};
@@ -178,6 +180,7 @@ bool Workspace::LoadAgain() {
         ports_.run("Who_Calls_Who", false, [this] { Who_Calls_Who(*projekt_); });
     if (projekt_->callsKnown)
         Tote_Untote_Kennzeichnen(*projekt_);
+    NoteCostsOfMissingLibraries(*projekt_);
     return true;
 }
 

@@ -8,6 +8,7 @@
 
 #include "calls/resolve.h"
 #include "libraries/component_forms.h"
+#include "libraries/library_problems.h"
 #include "model/clsControl.h"
 #include "model/clsEnum.h"
 #include "model/clsProjekt.h"
@@ -53,19 +54,25 @@ public:
         }
     }
 
-    std::vector<LibraryUse> Count() {
+    void CountPlaces() {
         projekt_.calls.ForEach([this](const clsCall& call) {
             const CodeObject& target = *call.Parent;
             const CodeObject* library = target.Class() == ObjectClass::TypeLib ? &target : target.myLibrary;
             if (library)
                 Place(*library, call.CallerModule());
         });
+    }
+
+    void CountDeclarations() {
         for (const clsModul* modul : projekt_.AllModules())
             for (const CodeObject* object : modul->Owned())
                 Declaration(*modul, *object);
         for (const auto& [qualifier, dependents] : unknown_)
             if (const clsTypeLib* library = MissingLibrary(qualifier, dependents))
                 Depends(*library, dependents);
+    }
+
+    std::vector<LibraryUse> Take() {
         for (std::size_t i = 0; i < uses_.size(); ++i)
             uses_[i].modules = static_cast<int>(modules_[i].size());
         return std::move(uses_);
@@ -153,8 +160,47 @@ private:
     std::map<std::string, Dependents> unknown_;  // by qualifier
 };
 
+// "It is needed by 3 controls, 1 variable and 14 calls in 2 modules."
+std::string CostText(const LibraryUse& use) {
+    if (!use.IsUsed())
+        return "No use of it was found by its name.";
+    std::vector<std::string> parts;
+    if (use.controls > 0)
+        parts.push_back(Counted(use.controls, "control", "controls"));
+    if (use.variables > 0)
+        parts.push_back(Counted(use.variables, "variable", "variables"));
+    if (use.places > 0)
+        parts.push_back(Counted(use.places, "call", "calls"));
+    std::string text = "It is needed by " + parts[0];
+    for (std::size_t i = 1; i < parts.size(); ++i)
+        text += (i + 1 < parts.size() ? ", " : " and ") + parts[i];
+    return text + " in " + Counted(use.modules, "module", "modules") + ".";
+}
+
 }  // namespace
 
+std::string Counted(int number, std::string_view one, std::string_view many) {
+    return std::to_string(number).append(" ").append(number == 1 ? one : many);
+}
+
 std::vector<LibraryUse> UsesOfLibraries(const clsProjekt& projekt) {
-    return UseCounter(projekt).Count();
+    UseCounter counter(projekt);
+    counter.CountPlaces();
+    counter.CountDeclarations();
+    return counter.Take();
+}
+
+void NoteCostsOfMissingLibraries(clsProjekt& projekt) {
+    const auto isMissing = [](const auto& library) { return library->file.IsSought() && !library->file.IsFound(); };
+    if (std::ranges::none_of(projekt.OwnedLibraries(), isMissing))
+        return;
+    UseCounter counter(projekt);
+    counter.CountDeclarations();
+    std::vector<LibraryUse> uses = counter.Take();
+    for (std::size_t nr = 0; nr < uses.size(); ++nr)
+        if (const auto& library = projekt.OwnedLibraries()[nr]; isMissing(library)) {
+            if (!projekt.callsKnown)
+                uses[nr].places = 0;  // those of a reading that was cancelled
+            NoteCost(projekt, *library, CostText(uses[nr]));
+        }
 }

@@ -26,6 +26,19 @@ std::string FileNameOf(const clsTypeLib& library) {
     return name;
 }
 
+// Which library was not found: the sentence that its problem begins with.
+std::string MissingText(const clsTypeLib& library, const std::string& file) {
+    if (library.isProject)
+        return "Project not found: " + library.LineFile;
+    std::string text = "Library not found: " + std::string(library.myNameOrg());
+    if (!file.empty())
+        text += ", " + file;
+    text += ", " + library.TypeLibID;
+    if (!library.Version.empty())
+        text += " version " + library.Version;
+    return text + ".";
+}
+
 bool HasWrongVersion(const clsTypeLib& library) {
     const auto asked = VersionOf(library.Version);
     const auto found = VersionOf(library.file.version);
@@ -34,18 +47,20 @@ bool HasWrongVersion(const clsTypeLib& library) {
 
 }  // namespace
 
-std::string MissingLibraryText(const clsTypeLib& library) {
-    if (library.isProject)
-        return "Project not found: " + library.LineFile;
-    std::string text = "Library not found: " + std::string(library.myNameOrg());
+std::string MissingLibraryText(const clsTypeLib& library, std::string_view cost) {
     const std::string file = FileNameOf(library);
-    if (!file.empty())
-        text += ", " + file;
-    text += ", " + library.TypeLibID;
-    if (!library.Version.empty())
-        text += " version " + library.Version;
-    return text + ". Copy " + (file.empty() ? "its file" : "the file " + file) +
+    std::string text = MissingText(library, file);
+    if (library.isProject)
+        return text;
+    if (!cost.empty())
+        text.append(" ").append(cost);
+    return text + " Copy " + (file.empty() ? "its file" : "the file " + file) +
            " into the project's folder or into a folder of LibraryFolders.";
+}
+
+void NoteCost(clsProjekt& projekt, const clsTypeLib& library, std::string_view cost) {
+    projekt.problems.Rephrase(kMissing, library.LineFile, MissingText(library, FileNameOf(library)),
+                              MissingLibraryText(library, cost));
 }
 
 void NoteLibraryProblems(clsProjekt& projekt, const LibrarySearch& search) {

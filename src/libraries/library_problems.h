@@ -2,13 +2,18 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 class LibrarySearch;
 class clsProjekt;
 class clsTypeLib;
 
 /// One sentence for a library that was not found, and another that says what to do.
-[[nodiscard]] std::string MissingLibraryText(const clsTypeLib& library);
+/// @param cost  a sentence between them that says what depends on the library; may be empty
+[[nodiscard]] std::string MissingLibraryText(const clsTypeLib& library, std::string_view cost = {});
+
+/// Says in the problem of a library that was not found what depends on it.
+void NoteCost(clsProjekt& projekt, const clsTypeLib& library, std::string_view cost);
 
 /// Adds a problem to the project for each library that was not found or is of a wrong version, and for each registry
 /// file that could not be read. As long as the user has named no source of libraries, they are hints.

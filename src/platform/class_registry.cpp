@@ -131,10 +131,12 @@ bool HasFamiliesBelow(Branch branch, std::string_view path) {
     return path.empty() || (FamilyPathOf(branch, path) == path && path.find('\\') == std::string_view::npos);
 }
 
-/// Whether a key is below another that its text spells in the same letters.
+/// Whether a key is right below another, as its text spells them. A name with an escape is not seen through.
 bool IsBelowAsSpelled(std::string_view path, std::string_view parent, RegFormat format) {
     const std::string_view separator = format == RegFormat::Wine ? "\\\\" : "\\";
-    return !parent.empty() && path.starts_with(parent) && path.substr(parent.size()).starts_with(separator);
+    if (parent.empty() || !path.starts_with(parent) || !path.substr(parent.size()).starts_with(separator))
+        return false;
+    return path.find('\\', parent.size() + separator.size()) == std::string_view::npos;
 }
 
 bool EndsLike(std::string_view path, std::string_view name) {

@@ -4,6 +4,7 @@
 
 #include "calls/driver.h"
 #include "findings/dead_objects.h"
+#include "findings/library_use.h"
 #include "model/clsProjekt.h"
 #include "shell/errors.h"
 #include "shell/work_ahead.h"
@@ -55,5 +56,6 @@ void Replace(clsProjekt& projekt, const std::vector<ModuleChange>& changes, cons
         projekt.ClearMarks();  // without all edges everything would look dead
     else if (projekt.marksKnown)
         Tote_Untote_Kennzeichnen(projekt);
+    NoteCostsOfMissingLibraries(projekt);
     projekt.TellReplaced();
 }

@@ -165,6 +165,21 @@ void ProblemList::Add(Problem problem) {
 
 void ProblemList::ForgetOf(std::string_view subject) {
     std::erase_if(problems_, [&](const Problem& problem) { return problem.subject == subject; });
+    FindPlaces();
+}
+
+void ProblemList::Rephrase(std::string_view tag, std::string_view subject, std::string_view beginning,
+                           std::string text) {
+    const auto found = std::find_if(problems_.begin(), problems_.end(), [&](const Problem& problem) {
+        return problem.tag == tag && problem.subject == subject && problem.text.starts_with(beginning);
+    });
+    if (found == problems_.end() || found->text == text)
+        return;
+    found->text = std::move(text);
+    FindPlaces();
+}
+
+void ProblemList::FindPlaces() {
     places_.clear();
     for (std::size_t place = 0; place < problems_.size(); ++place)
         places_.emplace(KeyOf(problems_[place]), place);

@@ -39,10 +39,14 @@ class ProblemList {
 public:
     void Add(Problem problem);
     [[nodiscard]] const std::vector<Problem>& All() const { return problems_; }
+    /// Gives the problem of this tag and subject whose text begins so another text; it keeps its place.
+    void Rephrase(std::string_view tag, std::string_view subject, std::string_view beginning, std::string text);
     /// Removes the problems of one file, before it is read again.
     void ForgetOf(std::string_view subject);
 
 private:
+    void FindPlaces();
+
     std::vector<Problem> problems_;
     std::unordered_map<std::string, std::size_t> places_;  // in problems_, by what makes them equal
 };

@@ -20,6 +20,7 @@
 
 #include "platform/code_page.h"
 #include "views/code_style.h"
+#include "views/library_options.h"
 #include "views/qt_text.h"
 
 namespace {
@@ -75,6 +76,7 @@ GeneralPage::GeneralPage(Settings& values, QWidget* parent)
     optLanguage_ = {new QRadioButton(QStringLiteral("English")), new QRadioButton(QStringLiteral("Deutsch"))};
     optWin32_ = {new QRadioButton, new QRadioButton};
     loadLibs_ = new QCheckBox;
+    libraries_ = new LibraryOptions;
     readCalls_ = new QCheckBox;
     procVars_ = new QCheckBox(QStringLiteral("ProcVars in Treeview"));
     codePageLabel_ = new QLabel;
@@ -104,6 +106,7 @@ GeneralPage::GeneralPage(Settings& values, QWidget* parent)
     pageLine->addWidget(codePageLabel_);
     pageLine->addWidget(codePage_, 1);
     reading->addWidget(loadLibs_);
+    reading->addWidget(libraries_);
     reading->addWidget(readCalls_);
     reading->addLayout(pageLine);
     reading->addWidget(note_);
@@ -118,6 +121,8 @@ GeneralPage::GeneralPage(Settings& values, QWidget* parent)
     for (QCheckBox* box : {loadLibs_, readCalls_, procVars_})
         connect(box, &QCheckBox::toggled, this, &GeneralPage::TakeValues);
     connect(codePage_, &QComboBox::currentIndexChanged, this, &GeneralPage::TakeValues);
+    connect(libraries_, &LibraryOptions::Changed, this, &GeneralPage::TakeValues);
+    connect(loadLibs_, &QCheckBox::toggled, libraries_, &QWidget::setEnabled);
 }
 
 void GeneralPage::Texte() {
@@ -127,6 +132,7 @@ void GeneralPage::Texte() {
     optWin32_[0]->setText(TextNr(Text::Bits, QStringLiteral("32")));
     optWin32_[1]->setText(TextNr(Text::Bits, QStringLiteral("16")));
     loadLibs_->setText(TextNr(Text::LoadLibraries));
+    libraries_->Texte();
     readCalls_->setText(TextNr(Text::ReadCallsAtOpening));
     codePageLabel_->setText(TextNr(Text::CodePageOfSources) + QLatin1Char(':'));
     codePage_->setAccessibleName(TextNr(Text::CodePageOfSources));
@@ -159,6 +165,8 @@ void GeneralPage::ShowValues() {
     optLanguage_[values_.Language == "german" ? 1 : 0]->setChecked(true);
     optWin32_[values_.Win32 == 1 ? 0 : 1]->setChecked(true);
     loadLibs_->setChecked(values_.LoadLibs != 0);
+    libraries_->setEnabled(values_.LoadLibs != 0);
+    libraries_->ShowValues(values_);
     readCalls_->setChecked(values_.ReadCalls != 0);
     procVars_->setChecked(values_.ProcVars != 0);
     FillCodePages();
@@ -171,6 +179,7 @@ void GeneralPage::TakeValues() {
     values_.Language = optLanguage_[1]->isChecked() ? "german" : "english";
     values_.Win32 = optWin32_[0]->isChecked() ? 1 : 0;
     values_.LoadLibs = loadLibs_->isChecked() ? 1 : 0;
+    libraries_->TakeValues(values_);
     values_.ReadCalls = readCalls_->isChecked() ? 1 : 0;
     values_.ProcVars = procVars_->isChecked() ? 1 : 0;
     values_.CodePage = codePage_->currentData().toString().toStdString();

@@ -7,6 +7,7 @@
 
 #include "shell/settings.h"
 
+class LibraryOptions;
 class QCheckBox;
 class QComboBox;
 class QGroupBox;
@@ -36,6 +37,7 @@ private:
     QGroupBox *languageFrame_, *win32Frame_, *readFrame_;
     std::array<QRadioButton*, 2> optLanguage_, optWin32_;
     QCheckBox *loadLibs_, *readCalls_, *procVars_;
+    LibraryOptions* libraries_;
     QLabel* codePageLabel_;
     QComboBox* codePage_;
     QLabel* note_;

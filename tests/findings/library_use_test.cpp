@@ -1,11 +1,14 @@
 #include "findings/library_use.h"
 
+#include "libraries/library_problems.h"
+#include "libraries/library_search.h"
 #include "support/library_in_memory.h"
 #include "support/project_test.h"
 
 namespace {
 
 using LibraryUses = ProgramState;
+using testing::HasSubstr;
 
 constexpr const char* kProject =
     "Type=Exe\r\nReference=*\\G{1}#1.0#0#C:\\gone.dll#Gone\r\nObject={AAAA-1}#1.0#0; TREE.OCX\r\n"
@@ -21,7 +24,20 @@ TEST_F(LibraryUses, ControlsTellWhichMissingComponentTheyAreOf) {
                  {"G.frm",
                   "VERSION 5.00\nObject = \"{AAAA-1}#1.0#0\"; \"TREE.OCX\"\nBegin VB.Form G\n"
                   "  Begin TreeLib.Tree a\n  End\nEnd\nAttribute VB_Name = \"G\"\nDim x As Gone.Thing\n"}});
+    const MemoryFiles nothing;
+    const LibrarySearch search(nothing, {});
+    for (const auto& library : gProjekt->OwnedLibraries())
+        search.Find(*library);
+    NoteLibraryProblems(*gProjekt, search);
+    const auto problemOfTree = [] {
+        NoteCostsOfMissingLibraries(*gProjekt);
+        EXPECT_EQ(gProjekt->problems.All().size(), 3U) << "one for each library";
+        return gProjekt->problems.All()[1].text;
+    };
+    EXPECT_THAT(problemOfTree(), HasSubstr("1.0. It is needed by 2 controls and 1 variable in 2 modules. Copy the "));
     Who_Calls_Who(*gProjekt);
+    EXPECT_THAT(problemOfTree(), HasSubstr(" 2 controls, 1 variable and 1 call in 2 modules. Copy "));
+    EXPECT_THAT(gProjekt->problems.All()[2].text, HasSubstr("1.0. No use of it was found by its name. Copy "));
     const std::vector<LibraryUse> uses = UsesOfLibraries(*gProjekt);
     ASSERT_EQ(uses.size(), 3U);
     const auto as = [](const LibraryUse& use) {

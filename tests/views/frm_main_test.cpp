@@ -435,13 +435,30 @@ TEST_F(MainWindow, CancelledLoadLeavesAnEmptyWindow) {
 TEST_F(MainWindow, MissingModuleIsCountedAmongTheProblems) {
     std::filesystem::remove(directory_.Path("samples/ToolHire/modStore.bas"));
     AnswerNext(QMessageBox::No);
+    window_->TheSettings().LoadLibs = 0;
     Open();
     auto* count = window_->statusBar()->findChild<QToolButton*>();
     EXPECT_TRUE(count->isVisible());
-    // Each of the project's three libraries is missing as well.
-    EXPECT_EQ(count->text(), TextNr(Text::ProblemCount, QStringLiteral("4")));
+    EXPECT_EQ(count->text(), TextNr(Text::OneProblem));
     window_->CloseTheProject();
     EXPECT_FALSE(count->isVisible());
+}
+
+TEST_F(MainWindow, MissingLibrariesAreAmongTheProblems) {
+    const std::filesystem::path corpus = OSTRIVANE_SOURCE_DIR "/fuzz/corpus";
+    std::filesystem::create_directory(directory_.Path("libs"));
+    std::filesystem::copy(corpus / "pe_resources/program32.dll", directory_.Path("libs/mscomctl.ocx"));
+    std::string lines = directory_.Bytes("samples/ToolHire/ToolHire.vbp");
+    const std::string component = "{831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0";
+    lines.replace(lines.find(component), component.size(), "{a0000000-0000-0000-0000-000000000001}#1.2");
+    directory_.Write("samples/ToolHire/ToolHire.vbp", lines);
+    window_->TheSettings().WinePrefix = "none";
+    Open();
+    auto* count = window_->statusBar()->findChild<QToolButton*>();
+    EXPECT_EQ(count->text(), TextNr(Text::ProblemCount, NumberText(3)));
+    window_->TheSettings().LibraryFolders = {directory_.Path("libs")};
+    Open();
+    EXPECT_EQ(count->text(), TextNr(Text::ProblemCount, NumberText(2)));
 }
 
 TEST_F(MainWindow, ReportsSayWhereTheyWereWritten) {

@@ -119,6 +119,21 @@ TEST_F(OptionsWindow, TheCodePageWaitsForTheNextProject) {
     EXPECT_THAT(Written(), HasSubstr("CodePage=1251"));
 }
 
+TEST_F(OptionsWindow, PlacesOfLibrariesAreEdited) {
+    settings_.LibraryFolders = {"/a", "/b"};
+    form_.show();
+    auto& folders = Child<QLineEdit>("LibraryFolders");
+    EXPECT_EQ(folders.text(), QStringLiteral("/a;/b"));
+    folders.end(false);
+    QTest::keyClicks(&folders, QStringLiteral(";/c d;"));
+    QTest::keyClicks(&Child<QLineEdit>("WinePrefix"), QStringLiteral("none"));
+    Click({"LoadLibs"});
+    EXPECT_FALSE(folders.isEnabled());
+    Click({"LoadLibs", "cmdOK"});
+    EXPECT_EQ(settings_.LibraryFolders, (std::vector<std::string>{"/a", "/b", "/c d"}));
+    EXPECT_THAT(Written(), HasSubstr("LibraryFolders=/a;/b;/c d\r\nWinePrefix=none\r\nRegistryFiles=\r\n"));
+}
+
 TEST_F(OptionsWindow, ReportsNeedAProject) {
     const QSignalSpy structure(&form_, &frmOptionen::ReportStructure);
     const QSignalSpy calls(&form_, &frmOptionen::ReportCalls);
