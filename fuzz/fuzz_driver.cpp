@@ -3,9 +3,8 @@
 //     module_fuzz CORPUS_DIRECTORY [--runs N] [--seed S]
 //     module_fuzz FILE ...                                 (to investigate a failure)
 //
-// It feeds each file of the corpus, then prefixes of each (all prefixes of small files), then N mutations. Words for
-// these come from dictionary_NAME.txt beside the corpus directory NAME, one per line, if that file exists. An input
-// that crashes the program or takes a minute is saved as crash-HASH in the current directory.
+// It feeds each file of the corpus, then prefixes of each (all prefixes of small files), then N mutations. An input
+// that crashes the program or takes a minute is saved as crash-input in the current directory.
 
 #include "fuzz_driver.h"
 
@@ -13,15 +12,12 @@
 #include <unistd.h>
 
 #include <algorithm>
-#include <array>
-#include <charconv>
 #include <csignal>
 #include <cstring>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
 #include <memory>
-#include <optional>
 #include <random>
 #include <sstream>
 #include <string>
@@ -47,39 +43,27 @@ std::string_view currentInput;
 
 /// Only calls functions that a signal handler may call.
 void KeepInput() {
-    std::uint64_t hash = 14695981039346656037U;
-    for (const char c : currentInput)
-        hash = (hash ^ static_cast<unsigned char>(c)) * 1099511628211U;
-    std::array<char, 23> name{"crash-0000000000000000"};
-    for (std::size_t i = 21; i >= 6; --i, hash >>= 4)
-        name[i] = "0123456789abcdef"[hash & 15];
-    const int file = open(name.data(), O_WRONLY | O_CREAT | O_TRUNC, 0644);
-    for (const std::string_view part :
-         {std::string_view("The input is kept as "), std::string_view(name.data()), std::string_view("\n")})
-        (void)!write(STDERR_FILENO, part.data(), part.size());
+    constexpr std::string_view kText = "The input is kept as crash-input\n";
+    (void)!write(STDERR_FILENO, kText.data(), kText.size());
+    const int file = open("crash-input", O_WRONLY | O_CREAT | O_TRUNC, 0644);
     (void)!write(file, currentInput.data(), currentInput.size());
     close(file);
 }
 
 void OnSignal(int number) {
-    if (number == SIGALRM) {
-        constexpr std::string_view kText = "One input took a minute.\n";
-        (void)!write(STDERR_FILENO, kText.data(), kText.size());
-    }
     KeepInput();
     std::signal(number, SIG_DFL);
     std::raise(number);
 }
 
 void CatchFailures() {
-    std::signal(SIGABRT, OnSignal);
-    std::signal(SIGALRM, OnSignal);
-    if (__sanitizer_set_death_callback) {
+    std::vector<int> signals{SIGABRT, SIGALRM};
+    if (__sanitizer_set_death_callback)
         __sanitizer_set_death_callback(KeepInput);
-    } else {
-        for (const int number : {SIGSEGV, SIGBUS, SIGFPE, SIGILL})
-            std::signal(number, OnSignal);
-    }
+    else
+        signals.insert(signals.end(), {SIGSEGV, SIGBUS, SIGFPE, SIGILL});
+    for (const int number : signals)
+        std::signal(number, OnSignal);
 }
 
 void RunInput(std::string_view input) {
@@ -108,112 +92,40 @@ std::vector<std::string> ReadCorpus(const fs::path& directory) {
             paths.push_back(entry.path());
     std::sort(paths.begin(), paths.end());
     std::vector<std::string> corpus;
-    corpus.reserve(paths.size());
     for (const fs::path& path : paths)
         corpus.push_back(Read(path));
     return corpus;
 }
 
-std::vector<std::string> ReadDictionary(const fs::path& corpusDirectory) {
-    const fs::path directory = fs::absolute(corpusDirectory / "").parent_path();
-    const std::string own = Read(directory.parent_path() / ("dictionary_" + directory.filename().string() + ".txt"));
-    std::istringstream lines(own);
-    std::vector<std::string> words;
-    for (std::string line; std::getline(lines, line);)
-        if (!line.empty())
-            words.push_back(line);
-    if (!words.empty())
-        return words;
+/// Words that the readers know, and numbers at their limits.
+std::vector<std::string> Dictionary() {
     using std::string_literals::operator""s;
-    return {"\r\n",
-            "\n",
-            "\r",
-            " _\r\n",
-            "\"",
-            "\"\"",
-            "'",
-            "Rem ",
-            ":",
-            "(",
-            ")",
-            ",",
-            ";",
-            "=",
-            "[",
-            "]",
-            "{",
-            "}",
-            ".",
-            "!",
-            "#",
-            "&",
-            "\\",
-            "..\\",
-            "|",
-            "\t",
-            "\0"s,
-            "\xFF",
-            "\xFF\xFE",
-            "\xFE\xFF",
-            "\xEF\xBB\xBF",
-            "\xE4",
-            "0",
-            "1",
-            "-1",
-            "255",
-            "32768",
-            "65536",
-            "2147483647",
-            "2147483648",
-            "-2147483649",
-            "4294967296",
-            "99999999999999999999",
-            "1e999",
-            "&HFFFF",
-            "&O7&",
-            " And ",
-            " Or ",
-            " Not ",
-            " = ",
-            "#If ",
-            " Then",
-            "#Else",
-            "#End If",
-            "#Const ",
-            "Public ",
-            "Private ",
-            "Sub ",
-            "End Sub",
-            "Function ",
-            "Property Get ",
-            "Dim ",
-            " As ",
-            "New ",
-            "Type ",
-            "Enum ",
-            "Const ",
-            "Declare ",
-            "Begin ",
-            "End",
-            "Attribute ",
-            "With ",
-            "Me",
-            "Module=",
-            "Class=",
-            "Form=",
-            "Reference=",
-            "Object="};
+    std::istringstream parts(
+        "\r\n~\n~\r~ _\r\n~\"~\"\"~'~Rem ~:~(~)~,~;~=~[~]~{~}~.~!~#~&~\\~..\\~|~\t~\0~\xFF~\xFF\xFE~\xFE\xFF~"
+        "\xEF\xBB\xBF~\xE4~0~1~-1~255~32768~65536~2147483647~2147483648~-2147483649~4294967296~"
+        "99999999999999999999~1e999~&HFFFF~&O7&~ And ~ Or ~ Not ~ = ~#If ~ Then~#Else~#End If~#Const ~Public ~"
+        "Private ~Sub ~End Sub~Function ~Property Get ~Dim ~ As ~New ~Type ~Enum ~Const ~Declare ~Begin ~End~"
+        "Attribute ~With ~Me~Module=~Class=~Form=~Reference=~Object="s);
+    std::vector<std::string> words;
+    for (std::string word; std::getline(parts, word, '~');)
+        words.push_back(word);
+    return words;
 }
 
 // ---- Mutations
 
+void ReplaceAll(std::string& text, const std::string& word, const std::string& by) {
+    std::size_t found = text.find(word);
+    for (int count = 0; !word.empty() && found != std::string::npos && count < 100; ++count) {
+        text.replace(found, word.size(), by);
+        found = text.find(word, found + by.size());
+    }
+}
+
 class Mutator {
 public:
-    Mutator(const std::vector<std::string>& corpus, const std::vector<std::string>& dictionary, std::uint64_t seed)
-        : corpus_(corpus),
-          dictionary_(dictionary),
-          isBinary_(std::all_of(corpus.begin(), corpus.end(), IsBinary)),
-          random_(seed) {}
+    Mutator(const std::vector<std::string>& corpus, std::uint64_t seed)
+        : corpus_(corpus), isBinary_(std::all_of(corpus.begin(), corpus.end(), IsBinary)), random_(seed) {}
 
     std::string Next() {
         std::string input = AnyOf(corpus_);
@@ -238,87 +150,52 @@ private:
         std::size_t begin = 0;
         std::size_t length = 0;
     };
-    /// Usually short, sometimes of any length.
-    Range AnyBlock(const std::string& text) {
-        const std::size_t begin = Below(text.size() + 1);
-        const std::size_t rest = text.size() - begin;
-        return {begin, Below(std::min(rest, Below(4) ? std::size_t{32} : rest) + 1)};
+    /// Usually a short block or a line, sometimes a block of any length.
+    Range AnyRange(const std::string& text) {
+        const std::size_t at = Below(text.size() + 1);
+        if (Below(4) == 0) {
+            const std::size_t before = at == 0 ? std::string::npos : text.rfind('\n', at - 1);
+            const std::size_t begin = before == std::string::npos ? 0 : before + 1;
+            return {begin, std::min(text.find('\n', at), text.size() - 1) + 1 - begin};
+        }
+        const std::size_t rest = text.size() - at;
+        return {at, Below(std::min(rest, Below(4) ? std::size_t{32} : rest) + 1)};
     }
-    Range AnyLine(const std::string& text) {
-        const std::size_t at = Below(text.size());
-        const std::size_t before = at == 0 ? std::string::npos : text.rfind('\n', at - 1);
-        const std::size_t begin = before == std::string::npos ? 0 : before + 1;
-        const std::size_t end = text.find('\n', at);
-        return {begin, end == std::string::npos ? text.size() - begin : end + 1 - begin};
-    }
-    static std::string Part(const std::string& text, Range range) { return text.substr(range.begin, range.length); }
 
+    /// Puts something in the place of a part of the input, or in front of it.
     void Mutate(std::string& input) {
-        const std::size_t at = Below(input.size() + 1);
+        const Range range = AnyRange(input);
+        const std::string part = input.substr(range.begin, range.length);
         const std::string& other = AnyOf(corpus_);
-        switch (Below(12)) {
-            case 0:
-                if (!input.empty())
-                    input[at % input.size()] ^= static_cast<char>(1 << Below(8));
+        const Range fromOther = AnyRange(other);
+        std::string put;
+        switch (Below(8)) {
+            case 0:  // changes a byte
+                put = part;
+                if (!put.empty())
+                    put[Below(put.size())] ^= static_cast<char>(Below(2) ? 1 << Below(8) : Below(256));
                 break;
             case 1:
-                if (!input.empty())
-                    input[at % input.size()] = static_cast<char>(Below(256));
-                break;
             case 2:
-                input.insert(at, Part(input, AnyBlock(input)));
+                put = AnyOf(dictionary_);
                 break;
-            case 3: {
-                const Range block = AnyBlock(input);
-                input.erase(block.begin, block.length);
+            case 3:
+                put = other.substr(fromOther.begin, fromOther.length);
                 break;
-            }
-            case 4: {
-                const Range block = AnyBlock(input);
-                std::string repeated;
-                for (std::size_t count = Below(16); count > 0 && repeated.size() < kMaxInput; --count)
-                    repeated += Part(input, block);
-                input.insert(block.begin, repeated);
+            case 4:
+                for (std::size_t count = Below(16); count > 0 && put.size() < kMaxInput; --count)
+                    put += part;
                 break;
-            }
-            case 5:
-                input = input.substr(0, at) + Part(other, {Below(other.size() + 1), std::string::npos});
-                break;
+            case 5:  // goes on as the other input does
+                input.resize(range.begin);
+                input += other.substr(fromOther.begin);
+                return;
             case 6:
-                input.insert(at, Part(other, AnyBlock(other)));
+                return ReplaceAll(input, part.substr(0, 8), AnyOf(dictionary_));
+            default:
                 break;
-            case 7:
-                input.insert(at, AnyOf(dictionary_));
-                break;
-            case 8: {
-                const Range block = AnyBlock(input);
-                input.replace(block.begin, block.length, AnyOf(dictionary_));
-                break;
-            }
-            case 9: {
-                const Range line = AnyLine(input);
-                input.erase(line.begin, line.length);
-                break;
-            }
-            case 10: {  // insert a line of this or another input
-                const std::string line =
-                    Part(Below(2) ? input : other, AnyLine(other.size() < input.size() ? other : input));
-                input.insert(AnyLine(input).begin, line);
-                break;
-            }
-            default: {  // replace all occurrences of a word of the input
-                const Range block = AnyBlock(input);
-                const std::string word = Part(input, {block.begin, std::min(block.length, std::size_t{8})});
-                const std::string& by = AnyOf(dictionary_);
-                if (word.empty())
-                    break;
-                std::size_t found = input.find(word);
-                for (int count = 0; found != std::string::npos && count < 100; ++count) {
-                    input.replace(found, word.size(), by);
-                    found = input.find(word, found + by.size());
-                }
-            }
         }
+        input.replace(range.begin, Below(2) ? range.length : 0, put);
     }
 
     static bool IsBinary(const std::string& input) { return input.find('\0') != std::string::npos; }
@@ -330,93 +207,63 @@ private:
             return;
         const std::size_t bytes = std::size_t{1} << Below(3);
         const std::size_t at = Below((input.size() - bytes) / bytes + 1) * bytes;
-        std::uint32_t number = 0;
-        std::memcpy(&number, input.data() + at, bytes);
-        switch (Below(6)) {
-            case 0:
-                number += static_cast<std::uint32_t>(Below(65)) - 32;
-                break;
-            case 1:
-                number ^= std::uint32_t{1} << Below(8 * bytes);
-                break;
-            case 2:
-                std::memcpy(&number, input.data() + Below(input.size() - bytes + 1), bytes);
-                break;
-            case 3:
-                number = static_cast<std::uint32_t>(Below(input.size() + 1));
-                break;
-            case 4:
-                number = 0xFFFFFFFF >> Below(32);
-                break;
-            default:
-                number = static_cast<std::uint32_t>(random_());
-        }
-        std::memcpy(input.data() + at, &number, bytes);
+        const auto numberAt = [&](std::size_t place) {
+            std::uint32_t number = 0;
+            std::memcpy(&number, input.data() + place, bytes);
+            return number;
+        };
+        const std::uint32_t numbers[] = {numberAt(at) + static_cast<std::uint32_t>(Below(65)) - 32,
+                                         numberAt(at) ^ std::uint32_t{1} << Below(8 * bytes),
+                                         numberAt(Below(input.size() - bytes + 1)),
+                                         static_cast<std::uint32_t>(Below(input.size() + 1)),
+                                         0xFFFFFFFF >> Below(32),
+                                         static_cast<std::uint32_t>(random_())};
+        std::memcpy(input.data() + at, &numbers[Below(std::size(numbers))], bytes);
     }
 
     const std::vector<std::string>& corpus_;
-    const std::vector<std::string>& dictionary_;
+    const std::vector<std::string> dictionary_ = Dictionary();
     const bool isBinary_;
     std::mt19937_64 random_;
 };
 
-struct Arguments {
-    std::vector<fs::path> paths;
-    std::uint64_t runs = 1000;
-    std::uint64_t seed = 1;
-};
-
-std::optional<Arguments> Parse(const std::vector<std::string_view>& texts) {
-    Arguments arguments;
-    for (std::size_t i = 0; i < texts.size(); ++i) {
-        const std::string_view text = texts[i];
-        if (text != "--runs" && text != "--seed") {
-            arguments.paths.emplace_back(text);
-            continue;
-        }
-        const std::string_view number = ++i < texts.size() ? texts[i] : std::string_view();
-        std::uint64_t& value = text == "--runs" ? arguments.runs : arguments.seed;
-        const auto [end, error] = std::from_chars(number.data(), number.data() + number.size(), value);
-        if (error != std::errc() || end != number.data() + number.size())
-            return {};
-    }
-    return arguments.paths.empty() ? std::nullopt : std::optional(arguments);
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
-    const std::optional<Arguments> arguments = Parse({argv + 1, argv + argc});
-    if (!arguments) {
+    std::vector<fs::path> paths;
+    std::uint64_t runs = 1000;
+    std::uint64_t seed = 1;
+    for (int i = 1; i < argc; ++i) {
+        const std::string_view text = argv[i];
+        if ((text == "--runs" || text == "--seed") && i + 1 < argc)
+            (text == "--runs" ? runs : seed) = std::stoull(argv[++i]);
+        else
+            paths.emplace_back(text);
+    }
+    const bool isCorpus = !paths.empty() && fs::is_directory(paths.front());
+    std::vector<std::string> corpus;
+    if (isCorpus)
+        corpus = ReadCorpus(paths.front());
+    else
+        std::transform(paths.begin(), paths.end(), std::back_inserter(corpus), Read);
+    if (corpus.empty()) {
         std::cerr << "Use: " << argv[0] << " CORPUS_DIRECTORY [--runs N] [--seed S], or FILE ...\n";
         return 2;
     }
     CatchFailures();
-    if (!fs::is_directory(arguments->paths.front())) {
-        for (const fs::path& path : arguments->paths)
-            RunInput(Read(path));
-        std::cout << arguments->paths.size() << " inputs ran\n";
-        return 0;
-    }
-
-    const fs::path& directory = arguments->paths.front();
-    const std::vector<std::string> corpus = ReadCorpus(directory);
-    if (corpus.empty()) {
-        std::cerr << "There is no file in " << directory << '\n';
-        return 2;
-    }
     std::uint64_t prefixes = 0;
     for (const std::string& input : corpus) {
         RunInput(input);
         const std::size_t step = input.size() <= kSmallFile ? 1 : input.size() / kPrefixesOfOthers;
-        for (std::size_t length = 0; length < input.size(); length += step, ++prefixes)
+        for (std::size_t length = 0; isCorpus && length < input.size(); length += step, ++prefixes)
             RunInput(std::string_view(input).substr(0, length));
     }
-    const std::vector<std::string> dictionary = ReadDictionary(directory);
-    Mutator mutator(corpus, dictionary, arguments->seed);
-    for (std::uint64_t i = 0; i < arguments->runs; ++i)
+    std::cout << corpus.size() << " files and " << prefixes << " prefixes ran\n";
+    if (!isCorpus)
+        return 0;
+    Mutator mutator(corpus, seed);
+    for (std::uint64_t i = 0; i < runs; ++i)
         RunInput(mutator.Next());
-    std::cout << corpus.size() + prefixes + arguments->runs << " inputs ran: " << corpus.size() << " files, "
-              << prefixes << " prefixes, " << arguments->runs << " mutations with seed " << arguments->seed << '\n';
+    std::cout << runs << " mutations with seed " << seed << " ran\n";
     return 0;
 }

@@ -4,11 +4,8 @@
 #include <bit>
 
 #include "model/clsControl.h"
-#include "model/clsEnum.h"
 #include "model/clsProjekt.h"
-#include "model/clsProzedur.h"
-#include "model/clsType.h"
-#include "model/clsVariable.h"
+#include "model/module_walk.h"
 #include "platform/ascii.h"
 #include "platform/code_page.h"
 
@@ -164,20 +161,12 @@ void ObjectSearch::Add(const CodeObject& object) {
     names_.append(lower);
 }
 
-template <class Owner>
-void ObjectSearch::AddWithMembers(const clsCollection<Owner>& owners) {
-    for (const Owner* owner : owners) {
-        Add(*owner);
-        for (const clsVariable* member : owner->MyVars)
-            Add(*member);
-    }
-}
-
 // Without arguments, of which there are more than of all else.
 void ObjectSearch::AddLibrary(const clsTypeLib& library) {
+    const auto add = [this](const CodeObject& object) { Add(object); };
     Add(library);
-    AddWithMembers(library.myTypes);
-    AddWithMembers(library.myEnums);
+    ForEachWithMembers(library.myTypes, add);
+    ForEachWithMembers(library.myEnums, add);
     for (const clsModul* modul : library.myCoClasses) {
         Add(*modul);
         for (const clsVariable* constant : modul->MyVars)
@@ -198,18 +187,13 @@ void ObjectSearch::Build(const clsProjekt& projekt) {
         Add(*modul);
         for (const clsControl* control : modul->MyControls)
             Add(*control);
-        AddWithMembers(modul->myTypes);
-        AddWithMembers(modul->myEnums);
-        // MyVars contains the members of enums as well, and Me is the module itself.
-        for (const clsVariable* variable : modul->MyVars)
-            if (!variable->MyEnum && variable->MyName() != "me")
-                Add(*variable);
-        for (const clsProzedur* prozedur : modul->MyProcs) {
-            Add(*prozedur);
-            for (const clsVariable* variable : prozedur->MyVars)
-                if (!variable->isResult)
-                    Add(*variable);
-        }
+        ForEachDeclared(*modul, [this](const CodeObject& object) {
+            Add(object);
+            if (object.Class() == ObjectClass::Prozedur)
+                for (const clsVariable* variable : static_cast<const clsProzedur&>(object).MyVars)
+                    if (!variable->isResult)
+                        Add(*variable);
+        });
     }
 }
 

@@ -63,8 +63,6 @@ private:
 
     void Add(const CodeObject& object);
     void AddLibrary(const clsTypeLib& library);
-    template <class Owner>
-    void AddWithMembers(const clsCollection<Owner>& owners);
     [[nodiscard]] std::string_view NameOf(const Entry& entry) const {
         return {names_.data() + entry.name, entry.length};
     }

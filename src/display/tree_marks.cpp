@@ -3,64 +3,20 @@
 #include "display/baum.h"
 #include "display/local_uses.h"
 #include "display/node_objects.h"
-#include "model/clsEnum.h"
 #include "model/clsProjekt.h"
-#include "model/clsProzedur.h"
-#include "model/clsType.h"
-#include "model/clsVariable.h"
-
-namespace {
-
-class Marker {
-public:
-    Marker(Baum& tree, NodeColour ofDead) : tree_(tree), ofDead_(ofDead) {}
-
-    void Mark(const CodeObject& object) {
-        BaumNode* node = tree_.Item(object.CodePath());
-        if (!node)
-            return;
-        tree_.SetImage(*node, object.GetImageKey());
-        tree_.SetForeColor(*node, object.IsDeath < 1 ? NodeColour::Ordinary : ofDead_);
-    }
-
-    void Mark(const clsModul& modul) {
-        for (const clsProzedur* prozedur : modul.MyProcs)
-            Mark(*prozedur);
-        for (const clsVariable* variable : modul.MyVars) {
-            const bool isMe = modul.ModulTyp != ModuleKind::Module && variable->MyName() == "me";
-            if (!isMe && !variable->MyEnum)  // members come with their enumerations
-                Mark(*variable);
-        }
-        MarkWithMembers(modul.myTypes);
-        MarkWithMembers(modul.myEnums);
-    }
-
-private:
-    template <class Owner>
-    void MarkWithMembers(const clsCollection<Owner>& owners) {
-        for (const Owner* owner : owners) {
-            for (const clsVariable* member : owner->MyVars)
-                Mark(*member);
-            Mark(static_cast<const CodeObject&>(*owner));
-        }
-    }
-
-    Baum& tree_;
-    NodeColour ofDead_;
-};
-
-}  // namespace
+#include "model/module_walk.h"
 
 void Tote_Objekte_Markieren(const clsProjekt& projekt, Baum& tree) {
     const Baum::Filling filling(tree);
-    Marker marker(tree, projekt.callsKnown ? NodeColour::Grey : NodeColour::Faint);
+    const NodeColour ofDead = projekt.callsKnown ? NodeColour::Grey : NodeColour::Faint;
     for (const clsModul* modul : projekt.AllModules())
-        marker.Mark(*modul);
-}
-
-void Tote_Objekte_Markieren(const clsModul& modul, Baum& tree) {
-    const Baum::Filling filling(tree);
-    Marker(tree, NodeColour::Grey).Mark(modul);
+        ForEachDeclared(*modul, [&](const CodeObject& object) {
+            BaumNode* node = tree.Item(object.CodePath());
+            if (!node)
+                return;
+            tree.SetImage(*node, object.GetImageKey());
+            tree.SetForeColor(*node, object.IsDeath < 1 ? NodeColour::Ordinary : ofDead);
+        });
 }
 
 void Tote_Objekte_Markieren(const clsProzedur& prozedur, const LocalUses& locals, Baum& tree) {

@@ -3,14 +3,11 @@
 
 class Baum;
 class LocalUses;
-class clsModul;
 class clsProjekt;
 class clsProzedur;
 
-/// All marks of the project.
+/// All marks of the project. Objects without a node are passed over.
 void Tote_Objekte_Markieren(const clsProjekt& projekt, Baum& tree);
-/// Those of one module. Objects without a node are passed over.
-void Tote_Objekte_Markieren(const clsModul& modul, Baum& tree);
 /// The arguments and locals of a procedure, by whether anything calls them: to be called only after their uses were
 /// determined.
 void Tote_Objekte_Markieren(const clsProzedur& prozedur, const LocalUses& locals, Baum& tree);

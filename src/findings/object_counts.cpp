@@ -1,11 +1,8 @@
 #include "findings/object_counts.h"
 
 #include "model/clsControl.h"
-#include "model/clsEnum.h"
 #include "model/clsProjekt.h"
-#include "model/clsProzedur.h"
-#include "model/clsType.h"
-#include "model/clsVariable.h"
+#include "model/module_walk.h"
 
 void ModuleCounts::Add(const clsModul& modul) {
     procedures += modul.MyProcs.Count();
@@ -28,11 +25,7 @@ void ForEachMarked(const clsProjekt& projekt, const std::function<void(const Cod
         for (const clsVariable* variable : modul->MyVars)
             if (variable->MyName() != "me")
                 use(*variable);
-        for (const clsType* type : modul->myTypes) {
-            use(*type);
-            for (const clsVariable* member : type->MyVars)
-                use(*member);
-        }
+        ForEachWithMembers(modul->myTypes, use);
         // The members of enumerations stand among the module's variables.
         for (const clsEnum* einEnum : modul->myEnums)
             use(*einEnum);

@@ -163,10 +163,11 @@ std::string ArrayText(const ValueType& type) {
         if (level.kind == Ptr)
             continue;
         text += '(';
-        for (std::size_t i = 0; i < level.bounds.size(); ++i) {
-            const ArrayBound& bound = level.bounds[i];
-            text += (i == 0 ? "" : ", ") + std::to_string(bound.lower) + " To " +
-                    std::to_string(std::int64_t{bound.lower} + bound.elements - 1);
+        std::string_view separator;
+        for (const ArrayBound& bound : level.bounds) {
+            text.append(separator).append(std::to_string(bound.lower)).append(" To ");
+            text += std::to_string(std::int64_t{bound.lower} + bound.elements - 1);
+            separator = ", ";
         }
         text += ')';
     }

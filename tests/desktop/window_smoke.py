@@ -1,7 +1,9 @@
 #!/usr/bin/env python3
-"""Opens the sample in the built program by keyboard alone, reads its calls, writes a report, takes a screenshot, ends it."""
+"""window_smoke.py PROGRAM SOURCES SCREENSHOT
 
-import argparse
+Opens the sample in the built program by keyboard alone, reads its calls, writes a report, takes a screenshot, ends it.
+"""
+
 import os
 import pathlib
 import shutil
@@ -48,38 +50,46 @@ class Screen:
     def title(self):
         return self.tool("getactivewindow", "getwindowname").strip()
 
+    def settle(self):
+        """Waits until the screen stays as it is."""
+        pictures = [b""]
+
+        def is_still():
+            pictures.append(subprocess.run(["import", "-window", "root", "rgb:-"], env=self.environment,
+                                           capture_output=True, check=True).stdout)
+            return pictures[-1] == pictures.pop(0)
+
+        wait_for("a still screen", is_still)
+
     def keys(self, *keys):
-        time.sleep(0.4)
+        self.settle()
         self.tool("key", "--delay", "60", *keys)
 
     def colours(self, path):
+        self.settle()
         subprocess.run(["import", "-window", "root", str(path)], env=self.environment, check=True)
         found = subprocess.run(["identify", "-format", "%k", str(path)], capture_output=True, text=True, check=True)
         return int(found.stdout)
 
 
 def main():
-    parser = argparse.ArgumentParser(description=__doc__)
-    parser.add_argument("--program", type=pathlib.Path, required=True)
-    parser.add_argument("--source", type=pathlib.Path, required=True)
-    parser.add_argument("--screenshot", type=pathlib.Path, required=True)
-    options = parser.parse_args()
+    built, source, screenshot = map(pathlib.Path, sys.argv[1:])
 
     with tempfile.TemporaryDirectory() as directory, Screen() as screen:
         home = pathlib.Path(directory)
         # Beside its own copy of the program, so that the settings of nobody else are read or written.
-        shutil.copy(options.program, home)
-        shutil.copytree(options.source / "Languages", home / "Languages")
-        shutil.copytree(options.source / "samples", home / "samples")
+        shutil.copy(built, home)
+        shutil.copytree(source / "Languages", home / "Languages")
+        shutil.copytree(source / "samples", home / "samples")
         environment = dict(screen.environment, HOME=directory, XDG_CONFIG_HOME=directory, XDG_RUNTIME_DIR=directory,
                            ASAN_OPTIONS="detect_leaks=0")  # fonts and themes of the system are never given back
         environment.pop("QT_QPA_PLATFORM", None)  # a real screen, whatever the other tests run on
-        program = subprocess.Popen([home / options.program.name], env=environment)
+        program = subprocess.Popen([home / built.name], env=environment)
         try:
             wait_for("the window", lambda: "Ostrivane" in screen.title())
             screen.keys("ctrl+o")
             wait_for("the file dialog", lambda: "Open project" in screen.title())
-            time.sleep(0.5)
+            screen.settle()
             screen.tool("type", "--delay", "20", str(home / "samples/ToolHire/ToolHire.vbp"))
             screen.keys("Return")
             wait_for("the project", lambda: screen.title().startswith("ToolHire:"))
@@ -88,8 +98,7 @@ def main():
             screen.keys("alt+y")
             wait_for("the calls", lambda: screen.title().startswith("ToolHire:"))
             screen.keys("Down", "Down", "Right")
-            time.sleep(0.5)
-            if screen.colours(options.screenshot) < 50:
+            if screen.colours(screenshot) < 50:
                 sys.exit("the window is nearly empty")
             screen.keys("alt+f", "r", "c")
             wait_for("the question about the reports", lambda: screen.title() == "Calls reports")

@@ -1,7 +1,5 @@
 #include "display/code_colours.h"
 
-#include "display/library_text.h"
-#include "model/clsTypeLib.h"
 #include "platform/code_page.h"
 #include "support/project_test.h"
 
@@ -112,23 +110,10 @@ TEST_F(CodeColours, ProcedureIsShownWithItsPosition) {
 }
 
 TEST_F(CodeColours, DeadAndUndeadProceduresHaveAGreyBackground) {
-    for (const bool alive : {false, true}) {
-        ReadModule(alive ? "Sub Form_Load()\n    b\nEnd Sub\nSub b()\nEnd Sub\n"
-                         : "Sub a()\n    b\nEnd Sub\nSub b()\nEnd Sub\n",
-                   "F.frm");
-        Analyse();
-        EXPECT_EQ(Procedure(alive ? "f.form_load" : "f.a").onGrey, !alive);
-        EXPECT_EQ(Procedure("f.b").onGrey, !alive);
-    }
-}
-
-TEST_F(CodeColours, LibraryShowsItsFileFirst) {
-    Names names{CodePage()};
-    clsTypeLib library;
-    library.SetName(names.Intern("MSComctlLib"));
-    library.InprocServer32 = "C:\\Windows\\comctl.ocx";
-    library.Version = "2.0";
-    EXPECT_EQ(LibraryText(library).text, "C:\\Windows\\comctl.ocx\r\n\r\nLibrary: MSComctlLib\r\nVersion: 2.0\r\n");
+    ReadModule("Sub Form_Load()\n  b\nEnd Sub\nSub b()\nEnd Sub\nSub c()\n  d\nEnd Sub\nSub d()\nEnd Sub", "F.frm");
+    Analyse();
+    for (const auto& [path, isGrey] : {std::pair("f.form_load", false), {"f.b", false}, {"f.c", true}, {"f.d", true}})
+        EXPECT_EQ(Procedure(path).onGrey, isGrey) << path;
 }
 
 TEST_F(CodeColours, LaterSelectionsCoverEarlierOnes) {

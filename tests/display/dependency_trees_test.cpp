@@ -1,11 +1,8 @@
 #include "display/dependency_trees.h"
 
+#include "display/baum.h"
 #include "display/node_objects.h"
 #include "display/tree_checks.h"
-
-#include "display/baum.h"
-#include "display/tree_checks.h"
-#include "shell/settings.h"
 #include "support/baum_dump.h"
 #include "support/project_test.h"
 

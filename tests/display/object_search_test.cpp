@@ -120,14 +120,6 @@ TEST_F(Search, TypingOnAndBackFindsWhatAFreshSearchFinds) {
     }
 }
 
-TEST_F(Search, AnswersNothingOnceItIsCleared) {
-    ReadModule("Sub One()\r\nEnd Sub\r\n");
-    EXPECT_THAT(Paths("one"), ElementsAre("Module1.One"));
-    search_.Clear();
-    EXPECT_EQ(search_.Count(), 0U);
-    EXPECT_THAT(search_.Find("one", 10), IsEmpty());
-}
-
 TEST_F(Search, LongNamesAndStrangeLettersAreFoundToo) {
     const std::string name = "Very" + std::string(60, 'x') + "LongTail";
     ReadModule("Sub " + name + "()\r\nEnd Sub\r\nSub \xDCx()\r\nEnd Sub\r\nSub a_b()\r\nEnd Sub\r\n");

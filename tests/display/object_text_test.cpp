@@ -3,6 +3,7 @@
 #include "display/selection.h"
 #include "display/shown_text.h"
 #include "shell/clsText.h"
+#include "support/golden.h"
 #include "support/project_test.h"
 
 namespace {
@@ -43,25 +44,10 @@ TEST_F(Hover, ShowsKindDeclarationOwnerNeighboursAndLines) {
                  {"C.cls", "Sub Go()\nEnd Sub\n"}});
     Analyse();
     locals.Look(ProcedureAt("m.main"));
-    EXPECT_EQ(Of("m.work"),
-              "private function M.Work|Private Function Work(x As T, ByVal n As Long) As Long: End Function|"
-              "Belongs to: module M|Called by: 1 Really, 0 May be|Calls: 0 Really, 0 May be|Uses: 1|"
-              "Lines: 11\u201312 (2)|Undead: only dead code calls it: M.Main");
-    EXPECT_EQ(Of("m.main"),
-              "public sub M.Main|Sub Main()|Belongs to: module M|Called by: 0 Really, 0 May be|"
-              "Calls: 2 Really, 1 May be|Uses: 1|Lines: 5\u201310 (6)|Dead: nothing calls or uses it");
-    EXPECT_EQ(Of("m.c"),
-              "public const c|Public Const c As Long = 5|Belongs to: module M|Data type: long|"
-              "Called by: 1 Really, 0 May be|Line: 1");
-    EXPECT_EQ(Of("m.main.x"),
-              "local variable x|Dim x As T|Belongs to: sub Main()|Data type: t|Called by: 1 Really, 0 May be|Line: 6");
-    EXPECT_EQ(Of("m.t [type]"),
-              "public type M.T [Type]|Public Type T|Belongs to: module M|Used by: 2|Lines: 2\u20134 (3)|"
-              "Dead: nothing calls or uses it");
-    EXPECT_EQ(Of("c"), "class C|p/C.cls|Used by: 0|Lines: 3, Code lines: 2");
-    EXPECT_EQ(Of("c.go"),
-              "public sub C.Go|Sub Go()|Belongs to: class C|Called by: 0 Really, 1 May be|"
-              "Calls: 0 Really, 0 May be|Lines: 1\u20132 (2)");
+    std::string all;
+    for (const char* path : {"m.work", "m.main", "m.c", "m.main.x", "m.t [type]", "c", "c.go"})
+        all += Replace(Of(path), "|", "\r\n") + "\r\n\r\n";
+    ExpectGolden(all, "hover", "classes");
 }
 
 TEST_F(Hover, SaysWhyProceduresAreUndead) {

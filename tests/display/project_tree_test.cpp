@@ -46,15 +46,6 @@ constexpr const char* kClass = R"(
 
 }  // namespace
 
-TEST_F(ProjectTree, GroupsKeepTheirOrderAndSortByName) {
-    ReadModule(kClass, "clsBox.cls");
-    EXPECT_THAT(Shown(), testing::HasSubstr("\n    Private Function... [procedure] bold\n      Alpha() [procedure]\n"));
-    EXPECT_EQ(KeysBelow("clsbox"),
-              "clsbox.Public_Type[] | clsbox.Private_Enum[] | clsbox.Private_Variable[] | clsbox.Public_Property[] | "
-              "clsbox.Private_Function[] | clsbox.Public_Sub[]");
-    EXPECT_EQ(tree.Item("class[]", NodeKind::Root)->ExpandedImage(), "OrdnerAuf");
-}
-
 TEST_F(ProjectTree, LocalsAreShownWhenTheOptionSaysSo) {
     ReadModule(kClass, "clsBox.cls");
     Shown(true);

@@ -222,15 +222,6 @@ TEST_F(Selecting, PathLineEndsWithAccessKindOrType) {
     EXPECT_EQ(CodePath_Anzeigen(selection), "F.txt   vb.textbox");
 }
 
-TEST_F(Selecting, PlaceOfTheCursorIsKnownInTextAndModule) {
-    ReadModule("Option Explicit\nSub S()\n  a = 1\nEnd Sub\n", "M.bas");
-    (void)Show("m.s");
-    std::string dump;
-    for (const PropertyRow& row : Anzeigen_TextPos(pane.Text(), 11, 1))
-        dump += row.label.bytes + "=" + row.value.bytes + " ";
-    EXPECT_EQ(dump, "Zeile=3 SelStart=11 (29) SelEnd=12 (30) SelLength=1 ");
-}
-
 TEST(Navigation, GoesBackAndForwardAndDiscardsTheEntriesAhead) {
     NavigationList list;
     EXPECT_EQ(list.NavCodeKey_Prev(), nullptr);

@@ -19,12 +19,9 @@ TEST_F(ShownTexts, PathsHaveOneSeparatorWhateverTheProjectFileWrites) {
 
 TEST_F(ShownTexts, CountsHaveTheSeparatorsOfTheLanguage) {
     gText.Language = "english";
-    for (const auto& [number, text] : {std::pair{0LL, "0"},
-                                       {999LL, "999"},
-                                       {1000LL, "1,000"},
-                                       {-1234LL, "-1,234"},
-                                       {-123LL, "-123"},
-                                       {1234567LL, "1,234,567"}})
+    using Case = std::pair<long long, const char*>;
+    for (const auto& [number, text] : {Case{0, "0"}, Case{999, "999"}, Case{1000, "1,000"}, Case{-1234, "-1,234"},
+                                       Case{-123, "-123"}, Case{1234567, "1,234,567"}})
         EXPECT_EQ(Utf8Number(number), text);
     gText.Language = "german";
     EXPECT_EQ(Utf8Number(252711), "252.711");

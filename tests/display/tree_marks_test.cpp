@@ -35,7 +35,7 @@ TEST_F(TreeMarks, DeadHaveTheirImageAndUndeadAreGreyAlone) {
     EXPECT_EQ(Look("m.klost"), "ConstDeath grey");
     // Removing the calls resets the look of the nodes.
     Remove_All_Calls(*gProjekt);
-    Tote_Objekte_Markieren(ModuleOf("m"), tree);
+    Tote_Objekte_Markieren(*gProjekt, tree);
     EXPECT_EQ(Look("m.a"), "procedure");
     EXPECT_EQ(Look("m.klost"), "const");
 }

@@ -3,7 +3,6 @@
 
 #include "display/selection.h"
 #include "display/shown_text.h"
-#include "display/workspace.h"
 #include "support/golden.h"
 #include "support/project_test.h"
 
@@ -104,36 +103,6 @@ TEST_F(CodeWithComments, WholeModuleShowsEverythingBehindItsHeader) {
     ShowObject("c.b");
     EXPECT_EQ(Text(), "' last|Sub B()|End Sub");
     EXPECT_EQ(pane_.HeaderLines(*gProjekt), 0);
-}
-
-TEST_F(CodeWithComments, EveryModuleOfTheSampleIsWholeBehindItsHeader) {
-    ReadSample();
-    Analyse();
-    for (const clsModul* modul : gProjekt->AllModules()) {
-        SCOPED_TRACE(modul->FullPath);
-        const std::string_view text = modul->text->ModulTextOrg();
-        const std::string_view header = text.substr(0, static_cast<std::size_t>(HeaderEnd(*modul)) - 1);
-        EXPECT_TRUE(header.ends_with(vbCrLf));
-        const auto last = header.rfind(vbCrLf, header.size() - 3);
-        EXPECT_TRUE(header.substr(last == std::string_view::npos ? 0 : last + 2).starts_with("Attribute VB_"));
-        EXPECT_FALSE(text.substr(header.size()).starts_with("Attribute VB_"));
-    }
-}
-
-TEST_F(CodeWithComments, LocalsOfAllProceduresShownGetTheirMarks) {
-    MemoryFiles files{{"App.vbp", "Module=M; M.bas\r\n"},
-                      {"M.bas", "Attribute VB_Name = \"M\"\r\nSub A(x)\r\nEnd Sub\r\nSub B(y)\r\nEnd Sub\r\n"}};
-    Settings settings;
-    Workspace workspace(gProjekt, files, settings,
-                        {.run = [](const std::string&, bool, const auto& operation) { return RunOperation(operation); },
-                         .ends = [] {}});
-    ASSERT_TRUE(workspace.Open("App.vbp"));
-    ASSERT_TRUE(workspace.ReadCalls());
-    (void)workspace.ShowWholeModule(true, false);
-    ASSERT_TRUE(workspace.Activate("m.a"));
-    EXPECT_EQ(workspace.Tree().Item("m.b.y")->ForeColor(), NodeColour::Grey);
-    EXPECT_EQ(workspace.HeaderLines(), 1);
-    workspace.Close();
 }
 
 }  // namespace

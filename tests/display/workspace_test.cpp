@@ -192,6 +192,14 @@ TEST_F(Workspaces, MarksOfLocalsStayWithTheirProcedure) {
     EXPECT_EQ(Grey(), "main.main main.main.unused store.save store.save.x");
 }
 
+TEST_F(Workspaces, LocalsOfAllProceduresShownGetTheirMarks) {
+    OpenAndRead({{"M.bas", "Sub A(x)\nEnd Sub\nSub B(y)\nEnd Sub"}});
+    (void)workspace_.ShowWholeModule(true, false);
+    ASSERT_TRUE(workspace_.Activate("m.a"));
+    EXPECT_EQ(workspace_.Tree().Item("m.b.y")->ForeColor(), NodeColour::Grey);
+    EXPECT_EQ(workspace_.HeaderLines(), 1);
+}
+
 TEST_F(Workspaces, AHighlightedGroupIsNotCurrent) {
     OpenAndRead({{"Main.bas", kMain}, {"Store.bas", kStore}});
     ASSERT_TRUE(workspace_.Activate("store.fill"));

@@ -69,19 +69,6 @@ TEST_F(CallsReports, ListPossibleCallsAndJoinContinuedLines) {
     EXPECT_EQ(Of("Option Explicit\r\n", "C.cls"), "C|");  // Me is not listed
 }
 
-TEST_F(CallsReports, AreWrittenBesideTheSourcesAndReplaceOlderOnes) {
-    ReadProject({{"A.bas", "Dim x\n"},
-                 {"B.frm", "Dim x\n"},
-                 {"B.frm Calls.txt", "an older and longer report, to be replaced\n"}});
-    ProjectFiles().WriteWhole("p\\A.bas Calls.txt\\inside", "");  // makes the path a directory
-    Who_Calls_Who(*gProjekt);
-    RecordingErrors errors;
-    AnalyseErgebnisCalls(*gProjekt);
-    EXPECT_THAT(errors.tags, ElementsAre("clsModul: AnalyseErgebnisCalls"));
-    EXPECT_THAT(errors.subjects, ElementsAre("p\\A.bas"));
-    EXPECT_EQ(ProjectFiles().Bytes("p\\B.frm Calls.txt"), "B\r\n\r\n\r\n\r\nx\tPrivate Variable\r\n");
-}
-
 TEST_F(CallsReports, SampleProjectGivesTheGoldenFiles) {
     ReadSample();
     Who_Calls_Who(*gProjekt);

@@ -35,18 +35,6 @@ TEST_F(DeathsReports, ModuleInWhichAllIsCalledHasNoBlock) {
     EXPECT_EQ(Of("Sub A()\nB\nEnd Sub\nSub B()\nA\nEnd Sub"), "");  // any caller counts, dead or not
 }
 
-TEST_F(DeathsReports, FileIsReplacedAndOneThatCannotBeWrittenIsReported) {
-    ReadProject({{"A.bas", "Public a"}, {"Project1.vbp Deaths.txt", "an older report" + std::string(999, '.')}});
-    Who_Calls_Who(*gProjekt);
-    AnalyseErgebnisDeaths(*gProjekt, DeathsReportPath(*gProjekt));
-    EXPECT_EQ(OnOneLine(ProjectFiles().Bytes("p\\Project1.vbp Deaths.txt")),
-              Head("A", "A.bas") + "a>public Variable|||||");
-    ProjectFiles().WriteWhole("p\\there\\inside", "");
-    RecordingErrors errors;
-    AnalyseErgebnisDeaths(*gProjekt, "p\\there");
-    EXPECT_EQ(errors.tags.size(), 1U);
-}
-
 TEST_F(DeathsReports, SampleProjectGivesTheGoldenFile) {
     ReadSample();
     Who_Calls_Who(*gProjekt);

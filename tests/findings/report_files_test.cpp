@@ -1,5 +1,6 @@
 #include "findings/report_files.h"
 
+#include "support/golden.h"
 #include "support/project_test.h"
 
 namespace {
@@ -34,6 +35,26 @@ TEST_F(ReportsAsFiles, WhatIsWrittenIsWhatWasPlanned) {
     EXPECT_TRUE(ProjectFiles().FileExists("out\\001 A.bas Structure.txt"));
     EXPECT_TRUE(ProjectFiles().FileExists("out\\002 A.bas Calls.txt"));
     EXPECT_TRUE(ProjectFiles().FileExists("out\\App.vbp Deaths.txt"));
+}
+
+TEST_F(ReportsAsFiles, OlderOnesAreReplacedAndFailuresReported) {
+    const auto write = [](ReportKind kind, const std::string& older, const std::string& blocked) {
+        ProjectFiles().WriteWhole(older, std::string(999, '.'));
+        ProjectFiles().WriteWhole(blocked + "\\inside", "");  // makes the path a directory
+        const RecordingErrors errors;
+        WriteReportFiles(*gProjekt, kind, "");
+        return errors.tags.size() != 1
+                   ? "not one failure"
+                   : errors.tags.front() + " " + errors.subjects.front() + OnOneLine(ProjectFiles().Bytes(older));
+    };
+    EXPECT_EQ(write(ReportKind::Structure, "p\\sub\\C.cls Structure.txt", "p\\A.bas Structure.txt"),
+              "clsModul: AnalyseErgebnisStructure p\\A.bas|||a>private Variable as variant|");
+    EXPECT_EQ(write(ReportKind::Calls, "p\\sub\\C.cls Calls.txt", "p\\A.bas Calls.txt"),
+              "clsModul: AnalyseErgebnisCalls p\\A.basC||||a>Private Variable|");
+    ProjectFiles().WriteWhole("p\\App.vbp Deaths.txt", std::string(999, '.'));
+    WriteReportFiles(*gProjekt, ReportKind::Deaths, "");
+    EXPECT_TRUE(OnOneLine(ProjectFiles().Bytes("p\\App.vbp Deaths.txt")).ends_with("a>private Variable|||||"));
+    EXPECT_THAT(write(ReportKind::Deaths, "unrelated", "p\\App.vbp Deaths.txt"), testing::StartsWith("modMain"));
 }
 
 }  // namespace

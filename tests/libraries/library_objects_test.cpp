@@ -29,6 +29,35 @@ struct LibraryOfProject : testing::Test {
     void Join() { projekt.SetModules({}); }
 };
 
+// All that stands in a library's records, each thing on a line of its own.
+std::string Records(const TypeLibrary& library) {
+    std::ostringstream out;
+    out << TextOf(library.format) << '|' << library.name << '|' << library.id << '|' << library.Version() << '|'
+        << library.description << '|' << library.helpFile << '|' << library.helpContext << '|' << std::hex;
+    for (const typelib::ImportedLibrary& imported : library.importedLibraries)
+        out << imported.id << ' ' << imported.file;
+    for (const typelib::Type& type : library.types) {
+        out << "\r\n"
+            << TextOf(type.kind) << ' ' << type.name << '|' << type.id << '|' << type.flags << '|' << type.size << '|'
+            << type.dll << '|' << (type.isWrapper ? "wrapper" : "") << '|' << type.description << '|'
+            << (type.aliasOf ? TypeText(library, *type.aliasOf) : "");
+        for (const typelib::ImplementedType& implemented : type.implemented)
+            out << "\r\n  has " << ReferenceText(library, implemented.type) << '|' << implemented.flags;
+        for (const typelib::Member& member : type.members) {
+            out << "\r\n  " << (member.isFunction ? TextOf(member.invoke) : "variable") << ' ' << member.name << '|'
+                << member.id << '|' << TypeText(library, member.type) << '|' << member.flags << '|' << member.entry
+                << '|' << (member.hasParamArray ? "more" : "") << '|' << (member.value ? TextOf(*member.value) : "")
+                << '|' << member.description << '|' << member.helpContext;
+            for (const typelib::Parameter& parameter : member.parameters)
+                out << "\r\n    " << parameter.name << '|' << TypeText(library, parameter.type) << '|'
+                    << parameter.flags << '|' << (parameter.defaultValue ? TextOf(*parameter.defaultValue) : "");
+        }
+    }
+    for (const std::string& problem : library.problems)
+        out << "\r\nproblem " << problem;
+    return out.str() + "\r\n";
+}
+
 std::vector<std::string> Paths(const clsCollection<clsProzedur>& procedures) {
     std::vector<std::string> paths;
     for (const clsProzedur* prozedur : procedures)
@@ -117,9 +146,11 @@ TEST_F(LibraryOfProject, IsReadFromAFileOrAResourceOfOne) {
     EXPECT_EQ(ReadLibraryContents(projekt, other, R"(libs\program.dll\2)"), "The file has no type library number 2.");
 }
 
-TEST(LibraryPages, OfBothFormatsAreTheGoldenFiles) {
+TEST(LibraryPages, AndRecordsOfBothFormatsAreTheGoldenFiles) {
     for (const std::string file : {"msft/demo.tlb", "sltg/fullold.tlb"}) {
         const TypeLibrary library = ReadTypeLibrary(LibraryBytes(file).Bytes());
-        ExpectGolden(LibraryPage(library, ContentsOf(library), file), "libraries", file.substr(file.find('/') + 1));
+        const std::string name = file.substr(file.find('/') + 1);
+        ExpectGolden(Records(library), "libraries", name + " records");
+        ExpectGolden(LibraryPage(library, ContentsOf(library), file), "libraries", name);
     }
 }

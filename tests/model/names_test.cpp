@@ -33,19 +33,6 @@ TEST(Names, LongOddAndManyNamesStayApart) {
     EXPECT_EQ(early, longName) << "names stay where they are while the pool grows";
 }
 
-TEST(Names, FollowTheCodePageOfTheirProject) {
-    Names cyrillic{CodePage("1251")};
-    Names western{CodePage("1252")};
-    // 0x8A and 0x9A are capital and small in both pages, 0xA1 and 0xA2 in the first, 0xA8 and 0xB8 as well.
-    for (const auto& [upper, lower, inWestern] :
-         {std::tuple("\x8A", "\x9A", true), std::tuple("\xA1", "\xA2", false), std::tuple("\xA8", "\xB8", false)}) {
-        EXPECT_TRUE(cyrillic.Intern(upper).Lower() == cyrillic.Intern(lower));
-        EXPECT_EQ(western.Intern(upper).Lower() == western.Intern(lower), inWestern);
-    }
-    cyrillic.Intern("OnlyHere");
-    EXPECT_FALSE(western.Find("OnlyHere").Known());
-}
-
 TEST(Names, ThreadsThatMakeTheSameNamesGetTheSameHandles) {
     constexpr int kThreads = 4;
     constexpr int kNames = 100000;  // enough to make the tables grow

@@ -99,13 +99,10 @@ TEST(Utf8, KnowsWellFormedTexts) {
 }
 
 TEST(CodePageNames, AreThoseOfUsers) {
-    for (const auto& [name, setting] : std::initializer_list<std::array<const char*, 2>>{{"auto", "auto"},
-                                                                                         {"1256", "1256"},
-                                                                                         {"Windows-1256", "1256"},
-                                                                                         {"CP932", "932"},
-                                                                                         {"Shift-JIS", "932"},
-                                                                                         {"UTF-8", "65001"},
-                                                                                         {"koi8-r", "20866"}})
+    using Case = std::pair<const char*, const char*>;
+    for (const auto& [name, setting] :
+         {Case{"auto", "auto"}, Case{"1256", "1256"}, Case{"Windows-1256", "1256"}, Case{"CP932", "932"},
+          Case{"Shift-JIS", "932"}, Case{"UTF-8", "65001"}, Case{"koi8-r", "20866"}})
         EXPECT_EQ(CodePageNamed(name), setting) << name;
     for (const char* unknown : {"", "windows-", "1200", "99999", "klingon", "windows-koi8-r"})
         EXPECT_EQ(CodePageNamed(unknown), std::nullopt) << unknown;

@@ -23,60 +23,7 @@ TypeLibrary Read(const LibraryBytes& bytes) {
     return ReadTypeLibrary(bytes.Bytes());
 }
 
-std::string MembersText(const TypeLibrary& library, const Type& type) {
-    std::string text;
-    for (const Member& member : type.members) {
-        text += std::string(text.empty() ? "" : "; ") + member.name + ' ' + std::to_string(member.id) + ' ' +
-                TypeText(library, member.type);
-        if (member.value)
-            text += " = " + TextOf(*member.value);
-        for (const Parameter& parameter : member.parameters) {
-            text +=
-                ", " + parameter.name + ' ' + TypeText(library, parameter.type) + ' ' + std::to_string(parameter.flags);
-            if (parameter.defaultValue)
-                text += " = " + TextOf(*parameter.defaultValue);
-        }
-    }
-    return text;
-}
-
 }  // namespace
-
-TEST(Msft, LibraryIsReadAsItStands) {
-    const TypeLibrary library = Read(LibraryBytes("msft/demo.tlb"));
-    EXPECT_THAT(library.problems, testing::IsEmpty());
-    EXPECT_EQ(library.name, "DemoLib");
-    EXPECT_EQ(library.Version(), "2.5");
-    EXPECT_EQ(library.id, "{11111111-2222-3333-4444-555555555501}");
-    EXPECT_EQ(library.helpFile, "demo.hlp");
-    EXPECT_EQ(library.helpContext, 77U);
-    ASSERT_EQ(library.types.size(), 18U);
-    EXPECT_EQ(library.importedLibraries.at(0).file, "stdole2.tlb");
-
-    const Type& outer = library.types[2];
-    EXPECT_EQ(outer.size, 176U);
-    EXPECT_EQ(MembersText(library, outer),
-              "Inner 1073741824 Inner; name 1073741825 String; grid 1073741826 Double(0 To 2, 0 To 4); pl 1073741827 "
-              "Long; kind 1073741828 ShapeKind; v 1073741829 Variant; names 1073741830 String(); inners 1073741831 "
-              "Inner()");
-    EXPECT_EQ(library.types[8].dll, "demo.dll");
-    EXPECT_EQ(library.types[8].members[1].entry, "#17");
-    const Type& shape = library.types[9];
-    EXPECT_EQ(shape.flags, 0x11C0U);
-    EXPECT_EQ(ReferenceText(library, shape.implemented.at(0).type), "stdole.IDispatch");
-    EXPECT_TRUE(shape.members[8].IsHidden());
-    EXPECT_TRUE(shape.members[9].IsRestricted());
-    EXPECT_TRUE(shape.members[10].hasParamArray);
-    EXPECT_EQ(shape.members[5].invoke, InvokeKind::PropertyGet);
-    EXPECT_EQ(shape.members[6].helpContext, 99U);
-    EXPECT_THAT(MembersText(library, shape), HasSubstr("; Move 4 Long, dx Long 1, dy Long 49 = 7, label String 49 = "
-                                                       "\"abc\", flag Boolean 49 = True; "));
-    EXPECT_TRUE(library.types[15].isWrapper);
-    const Type& coclass = library.types[16];
-    ASSERT_EQ(coclass.implemented.size(), 4U);
-    EXPECT_EQ(coclass.implemented[2].type.own, 11U);
-    EXPECT_EQ(coclass.implemented[2].flags, impl_flag::kDefault | impl_flag::kSource);
-}
 
 TEST(Msft, ValuesOfAllKindsAreRead) {
     struct Case {
@@ -184,32 +131,6 @@ TEST(Msft, FunctionsThatShareOneRecordAreNoMoreThanTheFileHolds) {
     const TypeLibrary library = Read(bytes);
     EXPECT_LT(library.types.at(1).members.size(), bytes.Bytes().size() / 0x18);
     EXPECT_THAT(library.problems, testing::Contains(HasSubstr("More refers to the tables")));
-}
-
-TEST(Sltg, LibraryIsReadAsItStands) {
-    const TypeLibrary library = Read(LibraryBytes("sltg/fullold.tlb"));
-    EXPECT_THAT(library.problems, testing::IsEmpty());
-    EXPECT_EQ(library.format, Format::Sltg);
-    EXPECT_EQ(library.name, "OldFull");
-    EXPECT_EQ(library.Version(), "4.11");
-    EXPECT_EQ(library.helpContext, 123U);
-    ASSERT_EQ(library.types.size(), 8U);
-    EXPECT_EQ(MembersText(library, library.types[0]), "hueRed 1073741824 Long = 1; hueBig 1073741825 Long = 70000");
-    EXPECT_EQ(library.types[0].members[0].helpContext, 1007U);
-    EXPECT_EQ(library.types[0].members[1].description, "the colour");
-    EXPECT_EQ(TypeText(library, *library.types[2].aliasOf), "Hue");
-    const Type& module = library.types[4];
-    EXPECT_EQ(module.dll, "TOOLS.DLL");
-    EXPECT_EQ(module.members[0].entry, "#5");
-    EXPECT_EQ(module.members[0].description, "Adds two numbers");
-    EXPECT_EQ(module.members[0].helpContext, 1997U);
-    EXPECT_TRUE(module.members[1].parameters.at(1).Has(param_flag::kOptional));
-    EXPECT_TRUE(module.members[2].hasParamArray);
-    EXPECT_EQ(TextOf(*module.members[4].value), "\"Hi\"");
-    EXPECT_EQ(library.types[5].flags, 0x150U);
-    EXPECT_EQ(MembersText(library, library.types[5]),
-              "Name 0 Long, pName String 10; Name 0 Long,  String 1; Go 1610743810 Long, h Hue 3, n Integer 1");
-    EXPECT_EQ(library.types[7].implemented.at(1).type.own, 6U);
 }
 
 TEST(Sltg, OfADamagedLibraryTheRestIsRead) {

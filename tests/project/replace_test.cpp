@@ -7,6 +7,7 @@
 #include <memory_resource>
 #include <random>
 #include <set>
+#include <sstream>
 
 #include "project/project_file.h"
 #include "support/project_dump.h"
@@ -14,55 +15,29 @@
 
 namespace {
 
-const std::vector<ProjectFile> kFirstModules = {
-    {"Base.bas",
-     "Public gTable() As Long, gWorker As Worker\nPublic Const kLimit = 3\nPublic Enum Shade\n  red = kLimit\n"
-     "  green\nEnd Enum\nPublic Type Rec\n  part As Long\n  inner As Worker\nEnd Type\n"
-     "Public Sub Start()\n  Help red\n  gWorker.Size = Total(gTable)\n  Form1.Redraw\nEnd Sub\n"
-     "Public Function Total(x) As Rec\n  ReDim gTable(3), gOther(2), gSpare(1) As Byte\n  Total.part = gOther\n"
-     "End Function\n"},
-    {"Tools.bas",
-     "Public gOther() As Worker, gSelf As stdole2\nPrivate r As Rec\nDeclare Sub Sleep Lib \"k\" (ByVal a)\n"
-     "Public Sub Help(x)\n  ReDim gSpare(2), gTable(kLimit)\n  r.inner.Run\n  With gWorker: .Size = green\n"
-     "  End With\n  u.Run\nEnd Sub\nPrivate Sub Alone()\n  Alone\n  Sleep 1\nEnd Sub\n"},
-    {"Worker.cls",
-     "VERSION 1.0 CLASS\nBEGIN\n  MultiUse = -1\nEND\nAttribute VB_Name = \"Worker\"\n"
-     "Public Event Done(x As Rec)\nPublic Value As Shade\nPublic Property Get Size() As Long\n  Size = Value\n"
-     "End Property\nPublic Property Let Size(v)\n  RaiseEvent Done(v)\nEnd Property\n"
-     "Public Sub Run()\n  Me.Size = Total(1).part\nEnd Sub\n"},
-    {"Other.cls",
-     "Public Run As Long\nPublic Property Set Size(o)\n  Start\nEnd Property\nPublic Function Ask() As Other\n"
-     "  Ask.Run = kLimit\nEnd Function\n"},
-    {"Form1.frm",
-     "VERSION 5.00\nBegin VB.Form Form1\n  Begin VB.CommandButton cmd\n  End\n  Begin Project1.Dial Dial1\n  End\n"
-     "End\nAttribute VB_Name = \"Form1\"\nPrivate Sub cmd_Click()\n  Start\n  Dial1.Turn = 1\nEnd Sub\n"
-     "Public Sub Redraw()\n  Form2.cmd.Caption = \"\"\n  ReDim gTable(1), gFresh(2)\nEnd Sub\n"},
-    {"Form2.frm",
-     "Begin VB.Form Form2\n  Begin VB.Label cmd\n  End\nEnd\nDim o As Other\nPrivate Sub Form_Load()\n"
-     "  o.Ask.Run\n  Form1.Redraw\nEnd Sub\n"},
-    {"Dial.ctl",
-     "Begin VB.UserControl Dial\n  Begin VB.Label lbl\n  End\nEnd\nPublic Property Let Turn(v)\n  lbl.Top = v\n"
-     "  UserControl.Width = gSpare\nEnd Property\nPrivate Sub UserControl_Resize()\n  Start\nEnd Sub\n"},
-    {"Empty.bas", "\n"}};
+// The modules of the folder, in a fixed order.
+const std::vector<ProjectFile> kFirstModules = [] {
+    const std::string folder = OSTRIVANE_SOURCE_DIR "/tests/project/modules/";
+    std::vector<ProjectFile> modules;
+    for (const char* file :
+         {"Base.bas", "Tools.bas", "Worker.cls", "Other.cls", "Form1.frm", "Form2.frm", "Dial.ctl", "Empty.bas"})
+        modules.emplace_back(file, DiskFiles().ReadText(folder + file).text);
+    return modules;
+}();
 
 constexpr std::array kNames = {"Base",  "Tools",  "Worker", "Form1",  "Dial",   "Other", "Fresh",
                                "Start", "gTable", "gOther", "gSpare", "kLimit", "Run",   "Size"};
 
-constexpr std::array kLines = {"Public gSpare() As Long",
-                               "Public gFresh(3)",
-                               "Public Const gOther = 1",
-                               "  ReDim gTable(1), gFresh(2), gSpare(3)",
-                               "  Start: u.Run: x = u.Size",
-                               "Dim w As Worker, o As Base.Rec, d As stdole2",
-                               "Public Enum Shade",
-                               "End Enum",
-                               "End Sub",
-                               "Private Sub Start()",
-                               "Public Property Get Size() As Other",
-                               "' a comment",
-                               "",
-                               "#If Win16 Then",
-                               "#End If"};
+const std::vector<std::string> kLines = [] {
+    std::istringstream all(
+        "Public gSpare() As Long|Public gFresh(3)|Public Const gOther = 1|  ReDim gTable(1), gFresh(2), gSpare(3)|"
+        "  Start: u.Run: x = u.Size|Dim w As Worker, o As Base.Rec, d As stdole2|Public Enum Shade|End Enum|End Sub|"
+        "Private Sub Start()|Public Property Get Size() As Other|' a comment||#If Win16 Then|#End If");
+    std::vector<std::string> lines;
+    for (std::string line; std::getline(all, line, '|');)
+        lines.push_back(line);
+    return lines;
+}();
 
 struct Kind {
     const char* ending;
@@ -79,7 +54,7 @@ public:
     explicit EditedProject(unsigned seed) : random_(seed) {
         for (const auto& [file, text] : kFirstModules) {
             files_.push_back(file);
-            texts_[file] = Vb(text).text;
+            texts_[file] = text;
         }
         projekt_ = Open();
         projekt_->OnReplaced([this] { generationsTold_.push_back(projekt_->Generation()); });
@@ -214,7 +189,7 @@ private:
                 for (const auto& [name, source] : kFirstModules)
                     if (name == file)
                         first = source;
-                text = Vb(first).text;
+                text = first;
                 return "written again";
             }
             case 8:

@@ -23,37 +23,22 @@ protected:
     Settings settings_;
 };
 
-constexpr const char* kDefaults =
-    "[ALLGEMEIN]\r\nwin32=1\r\nLoadLibs=1\r\nReadCalls=1\r\nProcVarsInTreeView=1\r\nLanguage=english\r\nCodePage="
-    "auto\r\n"
-    "LibraryFolders=\r\nWinePrefix=\r\nRegistryFiles=\r\n"
-    "[VISUALIZATION]\r\nFontSize=10\r\nFontName=Courier New\r\nFontBold=0\r\nFontItalic=0\r\n"
-    "TreeFontSize=8\r\nTreeFontName=MS Sans Serif\r\nTreeFontBold=0\r\nTreeFontItalic=0\r\n"
-    "Col Publics=255\r\nCol Privates=16744448\r\nCol CallLocal=16744448\r\nCol CallIn=8421631\r\n"
-    "Col CallOut=255\r\nCol CallMayBe=8388736\r\nCol CondCompile=32896\r\nCol Comment=30720\r\n"
-    "Col String=9868950\r\n";
-
-constexpr const char* kOthers =
-    "[ALLGEMEIN]\r\nwin32=0\r\nLoadLibs=0\r\nReadCalls=0\r\nProcVarsInTreeView=-1\r\nLanguage=german\r\nCodePage="
-    "1251\r\n"
-    "LibraryFolders=/libs;/more libs\r\nWinePrefix=none\r\nRegistryFiles=/old.reg\r\n"
-    "[VISUALIZATION]\r\nFontSize=10.5\r\nFontName=Consolas\r\nFontBold=1\r\nFontItalic=0\r\n"
-    "TreeFontSize=9\r\nTreeFontName=Tahoma\r\nTreeFontBold=0\r\nTreeFontItalic=1\r\n"
-    "Col Publics=1\r\nCol Privates=2\r\nCol CallLocal=3\r\nCol CallIn=4\r\nCol CallOut=5\r\nCol CallMayBe=6\r\n"
-    "Col CondCompile=7\r\nCol Comment=8\r\nCol String=-2147483633\r\n";
+std::string OfCorpus(const std::string& name) {
+    return DiskFiles().ReadText(OSTRIVANE_SOURCE_DIR "/fuzz/corpus/settings/" + name).text;
+}
 
 TEST_F(SettingsOfAFile, MissingFileGivesTheDefaultsAndTheFirstSaveCreatesIt) {
-    Load(kOthers);
+    Load(OfCorpus("others.ini"));
     SettingsFile file(files_, "new.ini");
     settings_ = Optionen_Ini_Load(file);
     EXPECT_EQ(settings_.OpenSaveDir, "1");
     EXPECT_FALSE(files_.FileExists("new.ini"));
     Optionen_Ini_Save(file, settings_);
-    EXPECT_EQ(files_.Bytes("new.ini"), kDefaults);
+    EXPECT_EQ(files_.Bytes("new.ini"), OfCorpus("defaults.ini"));
 }
 
 TEST_F(SettingsOfAFile, WhatWasReadIsSavedAgain) {
-    Load(kOthers);
+    Load(OfCorpus("others.ini"));
     EXPECT_EQ(settings_.CodePage, "1251");
     EXPECT_EQ(settings_.LibraryFolders, (std::vector<std::string>{"/libs", "/more libs"}));
     EXPECT_EQ(settings_.TreeFont, (FontSetting{9, "Tahoma", false, true}));
@@ -63,7 +48,7 @@ TEST_F(SettingsOfAFile, WhatWasReadIsSavedAgain) {
     settings_.OpenSaveDir = "c:\\other\\";  // saved separately
     SettingsFile file(files_, "new.ini");
     Optionen_Ini_Save(file, settings_);
-    EXPECT_EQ(files_.Bytes("new.ini"), kOthers);
+    EXPECT_EQ(files_.Bytes("new.ini"), OfCorpus("others.ini"));
 }
 
 TEST_F(SettingsOfAFile, OddFontsFallBack) {

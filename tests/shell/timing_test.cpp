@@ -40,14 +40,10 @@ TEST(QueryTimer, LowHalfThatReadsAsNegativeComesOutOneTooHigh) {
 }
 
 TEST(QueryTimer, ShowsShortTimesInPartsOfASecond) {
+    using Case = std::pair<double, const char*>;
     for (const auto& [milliseconds, text] :
-         std::initializer_list<std::pair<double, const char*>>{{-1, "< 0.001 s"},
-                                                               {4.9, "0.004 s"},
-                                                               {99.9, "0.099 s"},
-                                                               {271, "0.27 s"},
-                                                               {999.9, "0.99 s"},
-                                                               {1000, "00:00:01"},
-                                                               {3661999, "01:01:01"}}) {
+         {Case{-1, "< 0.001 s"}, Case{4.9, "0.004 s"}, Case{99.9, "0.099 s"}, Case{271, "0.27 s"},
+          Case{999.9, "0.99 s"}, Case{1000, "00:00:01"}, Case{3661999, "01:01:01"}}) {
         clsQueryTimer timer;
         timer.Total = milliseconds;
         EXPECT_EQ(timer.Get_TotalStr(), text) << milliseconds;

@@ -1,14 +1,5 @@
 // The main window with a screen reader or without a mouse.
-#include <gmock/gmock.h>
 
-#include <QAbstractButton>
-#include <QAccessible>
-#include <QApplication>
-#include <QClipboard>
-#include <QLineEdit>
-#include <QMenuBar>
-#include <QTableWidget>
-#include <QTest>
 #include <set>
 
 #include "display/recent_projects.h"

@@ -196,20 +196,6 @@ TEST_F(CodeViews, ToolTipIsAskedForWhatIsUnderThePointer) {
     EXPECT_EQ(ToolTipOf({}), QString());
 }
 
-TEST_F(CodeViews, ColoursCanBeReadInLightAndDark) {
-    for (const QColor& ground :
-         {QColor(Qt::white), QColor(240, 240, 240), QColor(30, 30, 30), QColor(Qt::black), QColor(120, 120, 120)})
-        for (int what = 1; what <= static_cast<int>(Colour::FunctionResult); ++what) {
-            const QColor wanted = ColourFromBgr(ColourOf(static_cast<Colour>(what), settings));
-            const QColor shown = StyleOf(static_cast<Colour>(what), ground, settings).foreground().color();
-            EXPECT_GE(Contrast(shown, ground), 4.5 - 0.01) << what << ground.name().toStdString();
-            if (shown.saturation() > 20 && shown.lightness() < 240) {
-                EXPECT_NEAR(shown.hslHue(), wanted.hslHue(), 4) << what;
-            }
-        }
-    EXPECT_EQ(Readable(Qt::black, Qt::white), QColor(Qt::black));
-}
-
 TEST_F(CodeViews, DeadCodeHasAGreyBackgroundFromThePalette) {
     CodeText code = Code("x");
     code.onGrey = true;

@@ -1,19 +1,5 @@
 #include "views/frm_main.h"
 
-#include <gmock/gmock.h>
-
-#include <QApplication>
-#include <QDropEvent>
-#include <QLabel>
-#include <QMessageBox>
-#include <QMimeData>
-#include <QPushButton>
-#include <QStackedWidget>
-#include <QStatusBar>
-#include <QTest>
-#include <QTimer>
-#include <QToolButton>
-#include <QUrl>
 #include <filesystem>
 
 #include "display/baum_walk.h"
@@ -157,12 +143,10 @@ TEST_F(MainWindow, OpeningShowsTreeTitleCountsAndCommands) {
     EXPECT_FALSE(Command("CheckBoxAll").isVisible());
     Command("CheckBoxOn").trigger();
     EXPECT_TRUE(Command("CheckBoxAll").isVisible());
-    QApplication::processEvents();  // lays out the status bar
     QStringList shown;
     for (const QLabel* label : window_->statusBar()->findChildren<QLabel*>())
-        if (label->isVisible() && !label->text().isEmpty())
-            shown.append(label->text());
-    EXPECT_THAT(shown.join(QLatin1Char('|')).toStdString(), HasSubstr("Code lines: 2,096"));
+        shown.append(label->text());
+    EXPECT_TRUE(shown.contains(QStringLiteral("Code lines: 2,096")));
     EXPECT_EQ(window_->focusWidget(), &window_->BaumProjekt());
 }
 
@@ -179,29 +163,9 @@ TEST_F(MainWindow, ClickAndKeysShowTheObjectInEveryPane) {
     EXPECT_THAT(Code().toStdString(), HasSubstr("Sub Main()"));
     ASSERT_TRUE(window_->TheWorkspace().Current().CurProc);
     EXPECT_THAT(Find<PropertiesGrid>().AsText().toStdString(), HasSubstr("public"));
-    const std::string before = window_->TheWorkspace().Current().CurObject->CodePath();
-    QTest::keyClick(&window_->BaumProjekt(), Qt::Key_Up);
-    QTest::qWait(1);
-    QTest::keyClick(&window_->BaumProjekt(), Qt::Key_Up);
-    QTRY_VERIFY_WITH_TIMEOUT(window_->TheWorkspace().Current().CurObject->CodePath() != before, 2000);
-}
-
-TEST_F(MainWindow, BackAndForwardFollowTheSelection) {
-    Open();
-    window_->ActivateKey("modmain");
-    EXPECT_FALSE(Command("NavPrev").isEnabled());
-    window_->ActivateKey("modmain.main");
-    window_->ActivateKey("clshire");
-    EXPECT_TRUE(Command("NavPrev").isEnabled());
-    EXPECT_FALSE(Command("NavNext").isEnabled());
-    Command("NavPrev").trigger();
-    EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), "modmain.main");
-    EXPECT_TRUE(Command("NavNext").isEnabled());
-    Command("NavPrev").trigger();
-    EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), "modmain");
-    Command("NavNext").trigger();
-    window_->ActivateKey("modstore");  // discards the entries ahead
-    EXPECT_FALSE(Command("NavNext").isEnabled());
+    QTest::keyClick(&window_->BaumProjekt(), Qt::Key_Down);
+    EXPECT_NE(window_->TheWorkspace().Current().CurObject->CodePath(), "modmain.main");
+    EXPECT_FALSE(Code().contains(QStringLiteral("Sub Main()")));
 }
 
 TEST_F(MainWindow, ReadCallsAsksAndRightClickInTheCodeJumps) {
@@ -231,34 +195,26 @@ TEST_F(MainWindow, DependencyTreesFollowTheObjectAndItsCertainty) {
     EXPECT_GT(window_->TheWorkspace().Calls().Count(), 0);
     EXPECT_TRUE(Command("CallsReally").isEnabled());
     EXPECT_FALSE(Command("CalledByReally").isEnabled());  // has no caller
-    EXPECT_EQ(window_->TheWorkspace().CalledBy().Count(), 0);
-    // A second click on the same node does not change the trees.
-    const BaumNode* first = window_->TheWorkspace().Calls().Roots().front();
-    window_->ActivateKey("modmain.main");
-    EXPECT_EQ(window_->TheWorkspace().Calls().Roots().front(), first);
     // A click on a callee marks the places of its calls in the code, and the user can step through them.
     window_->ActivateKey("clshire.customer [set]");
     Q_EMIT ViewOf(window_->TheWorkspace().Calls()).NodeActivated("clscustomer.hirecount");
     EXPECT_EQ(window_->rtbCode().PlaceCount(), 4);
     EXPECT_EQ(StatusText(), QStringLiteral("1 of 4"));
-    Command("NextPlace").trigger();
-    EXPECT_EQ(StatusText(), QStringLiteral("2 of 4"));
-    Command("PreviousPlace").trigger();
-    Command("PreviousPlace").trigger();
-    EXPECT_EQ(StatusText(), QStringLiteral("4 of 4"));
-    window_->ActivateKey("modmain.main");
-    EXPECT_EQ(StatusText(), QString());
-    // A click on a caller shows its text and keeps the current object; a right click jumps.
-    window_->ActivateKey("clshire.customer [set]");
+    for (const auto& [command, place] : {std::pair{"NextPlace", "2 of 4"}, {"PreviousPlace", "1 of 4"}}) {
+        Command(command).trigger();
+        EXPECT_EQ(StatusText().toStdString(), place);
+    }
+    // A right click on a caller jumps.
     window_->ActivateKey("modstore");
+    EXPECT_EQ(StatusText(), QString());
     const std::string caller = AnyObject(window_->TheWorkspace().CalledBy());
     Q_EMIT ViewOf(window_->TheWorkspace().CalledBy()).NodeContext(caller);
     EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), caller);
+    Command("NavPrev").trigger();
+    EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), "modstore");
     window_->ActivateKey("modslip.printall");
-    EXPECT_TRUE(Command("CallsMaybe").isEnabled());
     EXPECT_FALSE(window_->TheWorkspace().Calls().Exist("clstool.printon"));
     Command("CallsMaybe").trigger();
-    EXPECT_TRUE(window_->TheWorkspace().MayBe(true));
     EXPECT_TRUE(window_->TheWorkspace().Calls().Exist("clstool.printon"));
     EXPECT_FALSE(Command("CallsReally").isChecked());
 }
@@ -268,48 +224,41 @@ TEST_F(MainWindow, CheckedModulesShowTheirCommonNeighbourhood) {
     ReadCalls();
     window_->Split_For_Calls();
     Command("CheckBoxOn").trigger();
-    const auto check = [this](const char* key, bool checked) {
-        BaumNode& node = *window_->TheWorkspace().Tree().Item(key);
-        window_->TheWorkspace().Tree().SetChecked(node, checked);
-        Q_EMIT window_->BaumProjekt().NodeChecked(node);
-    };
-    check("modstore", true);
+    BaumNode& node = *window_->TheWorkspace().Tree().Item("modstore");
+    window_->TheWorkspace().Tree().SetChecked(node, true);
+    Q_EMIT window_->BaumProjekt().NodeChecked(node);
     EXPECT_TRUE(window_->TheWorkspace().CalledBy().Exist("modmain"));
-    check("modmain", true);  // now checked itself, so no neighbour
-    EXPECT_FALSE(window_->TheWorkspace().CalledBy().Exist("modmain"));
-    check("modmain", false);
-    // Path line, code and properties follow; both panes say what they show, and offer a way out.
-    EXPECT_THAT(Find<PathLine>().Whole().toStdString(), HasSubstr("modMain.bas"));
-    EXPECT_THAT(Find<PropertiesGrid>().AsText().toStdString(), HasSubstr("modMain"));
-    EXPECT_THAT(Code().toStdString(), HasSubstr("MAX_HIRE_DAYS"));
+    EXPECT_THAT(Find<PathLine>().Whole().toStdString(), HasSubstr("modStore.bas"));
+    EXPECT_THAT(Find<PropertiesGrid>().AsText().toStdString(), HasSubstr("modStore"));
+    // Both panes say what they show, and offer a way out.
     const auto buttons = window_->findChildren<QToolButton*>(QStringLiteral("ShowAll"));
     ASSERT_EQ(buttons.size(), 2);
-    EXPECT_TRUE(buttons[0]->isVisible() && buttons[1]->isVisible());
+    for (const bool seen : {true, false, true}) {
+        EXPECT_TRUE(buttons[0]->isVisible() == seen && buttons[1]->isVisible() == seen);
+        Command("CheckBoxOn").trigger();
+    }
     Command("CheckBoxOn").trigger();
-    EXPECT_FALSE(buttons[0]->isVisible() || buttons[1]->isVisible());
-    Command("CheckBoxOn").trigger();
-    EXPECT_TRUE(buttons[0]->isVisible());
     QTest::mouseClick(buttons[0], Qt::LeftButton);
     EXPECT_FALSE(buttons[0]->isVisible() || buttons[1]->isVisible());
-    EXPECT_FALSE(window_->TheWorkspace().Tree().Item("modstore")->Checked());
+    EXPECT_FALSE(node.Checked());
 }
 
 TEST_F(MainWindow, OptionsKeepFoldsChecksAndTheSelectedNode) {
     Open();
     window_->ActivateKey("modmain.main");
-    BaumNode& modul = *window_->TheWorkspace().Tree().Item("modstore");
+    const Baum& tree = window_->TheWorkspace().Tree();
+    BaumNode& modul = *tree.Item("modstore");
     window_->TheWorkspace().Tree().SetChecked(modul, true);
     auto& options = *window_->findChild<frmOptionen*>();
     Q_EMIT options.Applied();
-    EXPECT_EQ(window_->TheWorkspace().Tree().Item("modstore"), &modul);  // colours and fonts do not rebuild the tree
-    const int withLocals = window_->TheWorkspace().Tree().Count();
+    EXPECT_EQ(tree.Item("modstore"), &modul);  // colours and fonts do not rebuild the tree
+    const int withLocals = tree.Count();
     window_->TheSettings().ProcVars = 0;
     Q_EMIT options.Applied();
-    EXPECT_LT(window_->TheWorkspace().Tree().Count(), withLocals);
-    EXPECT_TRUE(window_->TheWorkspace().Tree().Item("modstore")->Checked());
-    EXPECT_TRUE(window_->TheWorkspace().Tree().Item("modmain")->Expanded());
-    ASSERT_TRUE(window_->TheWorkspace().Tree().Selected());
-    EXPECT_EQ(window_->TheWorkspace().Tree().Selected()->Key(), "modmain.main");
+    EXPECT_LT(tree.Count(), withLocals);
+    EXPECT_TRUE(tree.Item("modstore")->Checked() && tree.Item("modmain")->Expanded());
+    ASSERT_TRUE(tree.Selected());
+    EXPECT_EQ(tree.Selected()->Key(), "modmain.main");
     EXPECT_THAT(Code().toStdString(), HasSubstr("Sub Main()"));
 }
 
@@ -367,13 +316,6 @@ TEST_F(MainWindow, SearchOpensThePanesThatHideItsField) {
     }
 }
 
-TEST_F(MainWindow, OneModuleIsNotCalledSeveral) {
-    directory_.Write("One.vbp", "Type=Exe\r\nModule=One; One.bas\r\nName=\"One\"\r\n");
-    directory_.Write("One.bas", "Attribute VB_Name = \"One\"\r\nSub Main()\r\nEnd Sub\r\n");
-    window_->OpenProject(directory_.Path("One.vbp"));
-    EXPECT_EQ(StatusText(), TextNr(Text::OneModuleRead));
-}
-
 TEST_F(MainWindow, ShiftF10OpensTheMenuOfWhatHasTheFocus) {
     Open();
     window_->ActivateKey("modmain.main");
@@ -408,19 +350,6 @@ TEST_F(MainWindow, WindowOfAScreenThatIsGoneComesBackVisible) {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
     EXPECT_TRUE(screen.contains(second.geometry().topLeft() + QPoint(1, 1)));
     EXPECT_LE(second.width(), std::max(screen.width(), second.minimumWidth()));
-}
-
-TEST_F(MainWindow, EveryTextChangesWithTheLanguage) {
-    Open();
-    const QString english = Command("Calls").text();
-    for (const char* language : {"german", "english"}) {
-        SCOPED_TRACE(language);
-        Speak(language);
-        window_->frmMainTexte();
-        for (QAction* action : window_->TheCommands().All())
-            EXPECT_FALSE(action->text().isEmpty()) << action->objectName().toStdString();
-        EXPECT_EQ(Command("Calls").text() == english, std::string(language) == "english");
-    }
 }
 
 TEST_F(MainWindow, CancelledLoadLeavesAnEmptyWindow) {
@@ -461,20 +390,7 @@ TEST_F(MainWindow, MissingLibrariesAreAmongTheProblems) {
     EXPECT_EQ(count->text(), TextNr(Text::ProblemCount, NumberText(2)));
 }
 
-TEST_F(MainWindow, ReportsSayWhereTheyWereWritten) {
-    Open();
-    const std::string path = directory_.Path("samples/ToolHire/ToolHire.vbp Deaths.txt");
-    InReports([&](frmReports& dialog) {
-        EXPECT_EQ(PlanOf(dialog), TextNr(Text::OneFileGoesTo, ToPath(directory_.Path("samples/ToolHire"))));
-        ChildOf<QPushButton>(dialog, "cmdWrite").click();
-    });
-    Command("ReportDeaths").trigger();
-    EXPECT_TRUE(std::filesystem::exists(path));
-    EXPECT_EQ(StatusText(), TextNr(Text::ReportsWritten, ToPath(path)));
-    EXPECT_TRUE(window_->TheWorkspace().CallsRead()) << "without its calls every object would look dead";
-}
-
-TEST_F(MainWindow, ReportsAskBeforeTheyAreWrittenAndOfferAFolder) {
+TEST_F(MainWindow, ReportsAskBeforeTheyAreWrittenAndSayWhere) {
     Open();
     const auto files = [this] {
         return std::distance(std::filesystem::recursive_directory_iterator(directory_.Path("samples")), {});
@@ -486,6 +402,11 @@ TEST_F(MainWindow, ReportsAskBeforeTheyAreWrittenAndOfferAFolder) {
     });
     Command("ReportStructure").trigger();
     EXPECT_EQ(files(), before);
+    InReports([&](frmReports& dialog) { ChildOf<QPushButton>(dialog, "cmdWrite").click(); });
+    Command("ReportDeaths").trigger();
+    EXPECT_EQ(StatusText(), TextNr(Text::ReportsWritten, ToPath(Project() + " Deaths.txt")));
+    EXPECT_EQ(files(), before + 1);
+    EXPECT_TRUE(window_->TheWorkspace().CallsRead()) << "without its calls every object would look dead";
 
     const QString folder = ToPath(directory_.Path("samples/new/reports"));
     InReports([&](frmReports& dialog) {
@@ -498,7 +419,7 @@ TEST_F(MainWindow, ReportsAskBeforeTheyAreWrittenAndOfferAFolder) {
         QTest::keyClick(&field, Qt::Key_Return);
     });
     Command("ReportStructure").trigger();
-    EXPECT_EQ(files(), before + 2 + 14);
+    EXPECT_EQ(files(), before + 1 + 2 + 14);
     EXPECT_EQ(StatusText(), TextNr(Text::ReportsWritten, folder));
     InReports([&](frmReports& dialog) {  // as it was left
         EXPECT_TRUE(ChildOf<QRadioButton>(dialog, "inFolder").isChecked());
@@ -507,18 +428,6 @@ TEST_F(MainWindow, ReportsAskBeforeTheyAreWrittenAndOfferAFolder) {
         dialog.reject();
     });
     Command("ReportStructure").trigger();
-}
-
-TEST_F(MainWindow, MenuAndOptionsNameReportsAlike) {
-    for (const char* language : {"english", "german"}) {
-        Speak(language);
-        window_->frmMainTexte();
-        for (const auto& [command, button] : {std::pair{"ReportStructure", "cmdReportStructure"},
-                                              {"ReportCalls", "cmdReportCalls"},
-                                              {"ReportDeaths", "cmdReportDeaths"}})
-            EXPECT_EQ(Command(command).text().remove(QLatin1Char('&')),
-                      window_->findChild<QPushButton*>(QString::fromLatin1(button))->text().remove(QLatin1Char('&')));
-    }
 }
 
 TEST_F(MainWindow, FixedTextsFollowTheLanguage) {
@@ -540,19 +449,16 @@ TEST_F(MainWindow, FixedTextsFollowTheLanguage) {
 
 TEST_F(MainWindow, RefreshReadsChangedFilesAndComesBackToThePlace) {
     Open();
-    ReadCalls();
     window_->ActivateKey("modmain.main");
     Command("Refresh").trigger();
     EXPECT_EQ(StatusText(), TextNr(Text::NoFileChanged));
-    const std::string path = directory_.Path("samples/ToolHire/modStore.bas");
-    std::string text = directory_.Bytes("samples/ToolHire/modStore.bas");
-    directory_.Write("samples/ToolHire/modStore.bas", text + "\r\nPublic Sub JustAdded()\r\nEnd Sub\r\n");
-    std::filesystem::last_write_time(path, std::filesystem::file_time_type::clock::now() + std::chrono::seconds(5));
+    const std::string path = "samples/ToolHire/modStore.bas";
+    directory_.Write(path, directory_.Bytes(path) + "\r\nPublic Sub JustAdded()\r\nEnd Sub\r\n");
+    std::filesystem::last_write_time(directory_.Path(path),
+                                     std::filesystem::file_time_type::clock::now() + std::chrono::seconds(5));
     Command("Refresh").trigger();
     EXPECT_EQ(StatusText(), TextNr(Text::FilesChanged, QStringLiteral("1")));
     EXPECT_TRUE(window_->TheWorkspace().Tree().Exist("modstore.justadded"));
-    EXPECT_GT(gProjekt->calls.Count(), 900U);
-    ASSERT_TRUE(window_->TheWorkspace().Current().CurObject);
     EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), "modmain.main");
 }
 
@@ -564,19 +470,17 @@ TEST_F(MainWindow, TakesADroppedProjectAndNothingElse) {
         QDragEnterEvent enter(QPoint(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(window_.get(), &enter);
         EXPECT_EQ(enter.isAccepted(), isProject);
-        if (isProject) {
-            QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
+        if (isProject)
             QApplication::sendEvent(window_.get(), &drop);
-            QApplication::processEvents();
-            EXPECT_TRUE(gProjekt);
-        }
+        QApplication::processEvents();
+        EXPECT_EQ(gProjekt != nullptr, isProject);
     }
 }
 
 TEST_F(MainWindow, SecondProjectReplacesTheFirst) {
     Open();
     window_->ActivateKey("modmain.main");
-    Command("Search").trigger();
     Open();
     EXPECT_FALSE(window_->TheWorkspace().Current().CurObject);
     EXPECT_TRUE(Code().isEmpty());
@@ -633,8 +537,7 @@ TEST_F(MainWindow, CallsAreReadAtOpeningUnlessAnOptionSaysNo) {
     EXPECT_FALSE(remark.isVisible());
     EXPECT_EQ(dead(), NodeColour::Grey);
     EXPECT_TRUE(asked_.empty());
-    EXPECT_TRUE(StatusText().startsWith(TextNr(Text::ModulesRead, QStringLiteral("14"))));
-    EXPECT_TRUE(StatusText().contains(QStringLiteral("827")));
+    EXPECT_THAT(StatusText().toStdString(), testing::ContainsRegex("^14 .*827"));
 }
 
 TEST_F(MainWindow, OverviewStandsWhereNothingIsSelected) {
@@ -668,14 +571,12 @@ TEST_F(MainWindow, OverviewStandsWhereNothingIsSelected) {
     EXPECT_TRUE(window_->rtbCode().isVisible());
 
     Command("Overview").trigger();
-    EXPECT_TRUE(table.isVisible());  // where it was left
-    EXPECT_TRUE(Command("Overview").isChecked());
+    EXPECT_TRUE(table.isVisible() && Command("Overview").isChecked());  // where it was left
     QTest::keyClick(&table, Qt::Key_Escape);
     QApplication::processEvents();
     EXPECT_TRUE(row("Dead objects").isVisible());
     Command("NavPrev").trigger();
-    EXPECT_TRUE(window_->rtbCode().isVisible());
-    EXPECT_TRUE(Command("ContentCode").isChecked());
+    EXPECT_TRUE(window_->rtbCode().isVisible() && Command("ContentCode").isChecked());
     Command("CloseProject").trigger();
     EXPECT_TRUE(overview.findChildren<OverviewRow*>().isEmpty());
 }
@@ -684,27 +585,22 @@ TEST_F(MainWindow, WholeModuleFoldsTheHeaderOfItsFile) {
     Open();
     EXPECT_FALSE(Command("WholeModule").isEnabled());
     window_->ActivateKey("clstool.init");
-    const QString alone = Code();
     auto& header = ChildOf<QPushButton>(*window_, "header");
     EXPECT_FALSE(header.isVisible());
     Command("WholeModule").trigger();
-    EXPECT_TRUE(Command("WholeModule").isChecked());
-    EXPECT_TRUE(Code().contains(alone));
-    EXPECT_TRUE(Code().startsWith(QStringLiteral("Option Explicit")));
+    const QString whole = Code();
+    EXPECT_TRUE(whole.startsWith(QStringLiteral("Option Explicit")));
     EXPECT_EQ(window_->rtbCode().textCursor().selectedText(), QStringLiteral("Init"));
     EXPECT_TRUE(header.isVisible());
     EXPECT_EQ(header.accessibleName(), QStringLiteral("Header of the file: 13 lines"));
-    const QString whole = Code();
     QTest::mouseClick(&header, Qt::LeftButton);
-    EXPECT_TRUE(Code().startsWith(QStringLiteral("VERSION 1.0 CLASS")));
-    EXPECT_TRUE(Code().endsWith(whole));
+    EXPECT_TRUE(Code().startsWith(QStringLiteral("VERSION 1.0 CLASS")) && Code().endsWith(whole));
     QTest::mouseClick(&header, Qt::LeftButton);
     EXPECT_EQ(Code(), whole);
     window_->ActivateKey("modmain.main");  // it holds for every module
     EXPECT_EQ(header.accessibleName(), QStringLiteral("Header of the file: 1 line"));
     Command("WholeModule").trigger();
     EXPECT_FALSE(header.isVisible());
-    EXPECT_TRUE(Code().startsWith(QStringLiteral("Public Sub Main")));
 }
 
 }  // namespace

@@ -50,15 +50,19 @@ TEST_F(OptionsWindow, NothingHoldsBeforeItIsApplied) {
     EXPECT_FALSE(form_.isVisible());
 }
 
-TEST_F(OptionsWindow, TheLanguageChangesAtOnce) {
+TEST_F(OptionsWindow, TheLanguageChangesAtOnceAndTheCodePageWaitsForTheNextProject) {
     form_.show();
     const QSignalSpy language(&form_, &frmOptionen::LanguageChanged);
     EXPECT_EQ(Child<QPushButton>("cmdOK").text(), TextNr(Text::Ok));
     Click({"optLanguage1"});
+    auto& pages = Child<QComboBox>("CodePage");
+    pages.setCurrentIndex(pages.findData(QStringLiteral("1251")));
     Click({"cmdApply"});
     EXPECT_EQ(language.count(), 1);
     EXPECT_EQ(TextNr(Text::OpenProject), QStringLiteral("D1"));
-    EXPECT_THAT(Written(), HasSubstr("Language=german"));
+    EXPECT_EQ(settings_.CodePage, "1251");
+    EXPECT_EQ(ActiveCodePage().Setting(), "auto");
+    EXPECT_THAT(Written(), testing::AllOf(HasSubstr("Language=german"), HasSubstr("CodePage=1251")));
 }
 
 TEST_F(OptionsWindow, ColoursAndFontsAreChosenInTheirDialogs) {
@@ -107,16 +111,6 @@ TEST_F(OptionsWindow, DefaultsAreShownAndHoldOnceApplied) {
     EXPECT_EQ(settings_.CodeFont, (FontSetting{10, "Courier New"}));
     EXPECT_EQ(settings_.CodePage, "auto");
     EXPECT_EQ(settings_.OpenSaveDir, "kept");
-}
-
-TEST_F(OptionsWindow, TheCodePageWaitsForTheNextProject) {
-    form_.show();
-    auto& pages = Child<QComboBox>("CodePage");
-    pages.setCurrentIndex(pages.findData(QStringLiteral("1251")));
-    Click({"cmdOK"});
-    EXPECT_EQ(settings_.CodePage, "1251");
-    EXPECT_EQ(ActiveCodePage().Setting(), "auto");
-    EXPECT_THAT(Written(), HasSubstr("CodePage=1251"));
 }
 
 TEST_F(OptionsWindow, PlacesOfLibrariesAreEdited) {

@@ -69,13 +69,20 @@ TEST_F(ProgressWindow, ShowsWhatIsDoneAndHowFarItIs) {
 }
 
 TEST_F(ProgressWindow, ShortOperationsShowNothingAndNestedOnesJustRun) {
-    form_.showAfter = 300;
+    form_.showAfter = 100000;
     int runs = 0;
     form_.Run("outer", [&] {
         form_.Run("inner", [&] { ++runs; });
         EXPECT_TRUE(form_.IsRunning());
-        QTest::qSleep(40);
-        DoEvents();
+        bool turned = false;
+        const EventPump pump = SetEventPump({});
+        SetEventPump([&] {
+            pump();
+            turned = true;
+        });
+        PumpUntil([&turned] { return turned; });
+        SetEventPump(pump);
+        EXPECT_TRUE(turned);
         EXPECT_FALSE(form_.isVisible());
         ++runs;
     });

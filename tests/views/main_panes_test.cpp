@@ -1,7 +1,5 @@
 #include "views/main_panes.h"
 
-#include <QToolButton>
-
 #include "views/fold_splitter.h"
 #include "views/twips.h"
 #include "window_texts.h"

@@ -1,7 +1,5 @@
 #include "views/window_style.h"
 
-#include <QListView>
-
 #include "views/code_style.h"
 #include "window_texts.h"
 
@@ -60,9 +58,12 @@ TEST_F(Colours, ThatViewsMixAreReadableInLightAndDark) {
                 ExpectReadable(Readable(ColourFromBgr(bgr), ground), ground, "groups, captions");
             for (int nr = 0; nr <= static_cast<int>(Colour::FunctionResult); ++nr) {
                 const auto what = static_cast<Colour>(nr);
+                const QColor shown = StyleOf(what, ground, settings).foreground().color();
                 if (what != Colour::None)
-                    ExpectReadable(StyleOf(what, ground, settings).foreground().color(), ground,
-                                   "meaning " + std::to_string(nr));
+                    ExpectReadable(shown, ground, "meaning " + std::to_string(nr));
+                if (what != Colour::None && shown.saturation() > 20 && shown.lightness() < 240) {
+                    EXPECT_NEAR(shown.hslHue(), ColourFromBgr(ColourOf(what, settings)).hslHue(), 4) << nr;
+                }
                 for (const bool isCurrent : {false, true}) {
                     const QTextCharFormat place = PlaceStyle(what, palette, ground, isCurrent, settings);
                     ExpectReadable(place.foreground().color(), place.background().color(),

@@ -1,4 +1,4 @@
-// The input is a type library in the format SLTG.
+// The input is a type library in either format.
 
 #include "library_promises.h"
 #include "platform/type_library_file.h"
