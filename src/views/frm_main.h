@@ -108,6 +108,8 @@ private:
 
     // frm_main_projects.cpp
     void ShowTitle();
+    void ShowAsLeft(const ProjectView& view);
+    void LeaveProject();
 
     // frm_main_commands.cpp
     void WireCommands();

@@ -3,6 +3,7 @@
 #include <QFileInfo>
 #include <QStackedWidget>
 
+#include "display/project_view.h"
 #include "display/recent_projects.h"
 #include "model/clsProjekt.h"
 #include "platform/code_page.h"
@@ -13,6 +14,7 @@
 #include "project/start.h"
 #include "shell/program.h"
 #include "views/baum_view.h"
+#include "views/code_view.h"
 #include "views/commands.h"
 #include "views/frm_error.h"
 #include "views/frm_main.h"
@@ -42,13 +44,9 @@ void frmMain::OpenProject(const std::string& path) {
     // A drop or a start with a file can arrive while an operation runs.
     if (dialogs_.progress->IsRunning())
         return;
-    if (!files_.FileExists(path)) {
-        status_->Message(TextNr(Text::ProjectGone, ToPath(path)));
-        ShowStartPage();
-        return;
-    }
     if (const Text why = WhyNoProject(files_.ReadText(path)); why != Text::None) {
         ShowFailure(this, TextNr(Text::CannotOpen, ToPath(path)) + QStringLiteral("\n\n") + TextNr(why));
+        ShowStartPage();  // the file may be among the recent ones
         return;
     }
     const QFileInfo file(ToPath(path));
@@ -57,6 +55,8 @@ void frmMain::OpenProject(const std::string& path) {
     dialogs_.missingFiles->Forget();
     settings_.OpenSaveDir = file.absolutePath().toStdString();
     Save_OpenDir(file_, settings_);
+    const std::optional<ProjectView> view = StoredView(file_, path);
+    LeaveProject();
     if (!workspace_.Open(path, codePage)) {
         CloseTheProject();
         status_->Message(TextNr(Text::LoadingCancelled));
@@ -67,11 +67,16 @@ void frmMain::OpenProject(const std::string& path) {
     commands_->SetImage(Command::CallsModule, "CallsReadNot");
     ShowTitle();
     ShowProjectCounts();
+    if (view)
+        ShowAsLeft(*view);
     pages_->setCurrentWidget(panes_);
     lower_->Properties().Show(Anzeigen_Eigenschaften(*gProjekt));
     ShowContent();
     BaumProjekt().setFocus();
     const QString calls = settings_.ReadCalls != 0 ? RunCalls() : QString();
+    // Now, as its neighbours are among what is shown of it.
+    if (view && ActivateKey(view->selected))
+        workspace_.ShowOpen(view->open);
     const int modules = gProjekt->CountAllModules();
     const QString read = codePage != settings_.CodePage
                              ? TextNr(Text::ModulesReadIn, NumberText(modules), ToQString(NameOfCodePage(codePage)))
@@ -81,6 +86,27 @@ void frmMain::OpenProject(const std::string& path) {
     Activate_Commands();
 }
 
+// What can be shown as it was before the calls are read.
+void frmMain::ShowAsLeft(const ProjectView& view) {
+    if (view.arrangement != settings_.Split)
+        Arrange(view.arrangement);
+    rtbCode().SetZoom(view.zoom);
+    workspace_.ShowOpen(view.open);
+}
+
+// Nothing of a project stays on the screen while the next one is read; how it was shown is kept.
+void frmMain::LeaveProject() {
+    if (gProjekt) {
+        ProjectView view = workspace_.View();
+        view.zoom = rtbCode().Zoom();
+        StoreView(file_, gProjekt->FullPath, view);
+    }
+    workspace_.Close();
+    setWindowTitle(ToQString(kProgramTitle));
+    ShowProjectCounts();
+    status_->Message({});
+}
+
 void frmMain::ShowTitle() {
     setWindowTitle(QStringLiteral("%1:   %2 (%3)")
                        .arg(ToQString(gProjekt->MyName), ToQString(kProgramTitle),
@@ -88,11 +114,8 @@ void frmMain::ShowTitle() {
 }
 
 void frmMain::CloseTheProject() {
-    workspace_.Close();
-    setWindowTitle(ToQString(kProgramTitle));
-    ShowProjectCounts();
+    LeaveProject();
     ShowStartPage();
     Activate_Commands();
-    status_->Message({});
     ReturnFreedMemory();
 }

@@ -77,6 +77,7 @@ GeneralPage::GeneralPage(Settings& values, QWidget* parent)
     loadLibs_ = new QCheckBox;
     readCalls_ = new QCheckBox;
     procVars_ = new QCheckBox(QStringLiteral("ProcVars in Treeview"));
+    askAtClosing_ = new QCheckBox;
     codePageLabel_ = new QLabel;
     codePage_ = new QComboBox;
     codePageLabel_->setBuddy(codePage_);
@@ -88,6 +89,7 @@ GeneralPage::GeneralPage(Settings& values, QWidget* parent)
     loadLibs_->setObjectName(QStringLiteral("LoadLibs"));
     readCalls_->setObjectName(QStringLiteral("ReadCalls"));
     procVars_->setObjectName(QStringLiteral("ProcVars"));
+    askAtClosing_->setObjectName(QStringLiteral("AskAtClosing"));
     codePage_->setObjectName(QStringLiteral("CodePage"));
 
     auto* layout = new QVBoxLayout(this);
@@ -111,11 +113,12 @@ GeneralPage::GeneralPage(Settings& values, QWidget* parent)
     layout->addWidget(win32Frame_);
     layout->addWidget(readFrame_);
     layout->addWidget(procVars_);
+    layout->addWidget(askAtClosing_);
     layout->addStretch();
 
     for (QRadioButton* button : {optLanguage_[0], optLanguage_[1], optWin32_[0], optWin32_[1]})
         connect(button, &QRadioButton::toggled, this, &GeneralPage::TakeValues);
-    for (QCheckBox* box : {loadLibs_, readCalls_, procVars_})
+    for (QCheckBox* box : {loadLibs_, readCalls_, procVars_, askAtClosing_})
         connect(box, &QCheckBox::toggled, this, &GeneralPage::TakeValues);
     connect(codePage_, &QComboBox::currentIndexChanged, this, &GeneralPage::TakeValues);
 }
@@ -128,6 +131,7 @@ void GeneralPage::Texte() {
     optWin32_[1]->setText(TextNr(Text::Bits, QStringLiteral("16")));
     loadLibs_->setText(TextNr(Text::LoadLibraries));
     readCalls_->setText(TextNr(Text::ReadCallsAtOpening));
+    askAtClosing_->setText(TextNr(Text::AskBeforeClosing));
     codePageLabel_->setText(TextNr(Text::CodePageOfSources) + QLatin1Char(':'));
     codePage_->setAccessibleName(TextNr(Text::CodePageOfSources));
     note_->setText(TextNr(Text::HoldsFromNextOpening));
@@ -161,6 +165,7 @@ void GeneralPage::ShowValues() {
     loadLibs_->setChecked(values_.LoadLibs != 0);
     readCalls_->setChecked(values_.ReadCalls != 0);
     procVars_->setChecked(values_.ProcVars != 0);
+    askAtClosing_->setChecked(values_.AskAtClosing != 0);
     FillCodePages();
     showing_ = false;
 }
@@ -173,6 +178,7 @@ void GeneralPage::TakeValues() {
     values_.LoadLibs = loadLibs_->isChecked() ? 1 : 0;
     values_.ReadCalls = readCalls_->isChecked() ? 1 : 0;
     values_.ProcVars = procVars_->isChecked() ? 1 : 0;
+    values_.AskAtClosing = askAtClosing_->isChecked() ? 1 : 0;
     values_.CodePage = codePage_->currentData().toString().toStdString();
     Q_EMIT Changed();
 }

@@ -24,7 +24,7 @@ protected:
 };
 
 constexpr const char* kDefaults =
-    "[ALLGEMEIN]\r\nwin32=1\r\nLoadLibs=1\r\nReadCalls=1\r\nProcVarsInTreeView=1\r\nLanguage=english\r\nCodePage="
+    "[ALLGEMEIN]\r\nwin32=1\r\nLoadLibs=1\r\nReadCalls=1\r\nAskAtClosing=0\r\nProcVarsInTreeView=1\r\nLanguage=english\r\nCodePage="
     "auto\r\n"
     "LibraryFolders=\r\nWinePrefix=\r\nRegistryFiles=\r\n"
     "[VISUALIZATION]\r\nFontSize=10\r\nFontName=Courier New\r\nFontBold=0\r\nFontItalic=0\r\n"
@@ -34,7 +34,7 @@ constexpr const char* kDefaults =
     "Col String=9868950\r\n";
 
 constexpr const char* kOthers =
-    "[ALLGEMEIN]\r\nwin32=0\r\nLoadLibs=0\r\nReadCalls=0\r\nProcVarsInTreeView=-1\r\nLanguage=german\r\nCodePage="
+    "[ALLGEMEIN]\r\nwin32=0\r\nLoadLibs=0\r\nReadCalls=0\r\nAskAtClosing=1\r\nProcVarsInTreeView=-1\r\nLanguage=german\r\nCodePage="
     "1251\r\n"
     "LibraryFolders=/libs;/more libs\r\nWinePrefix=none\r\nRegistryFiles=/old.reg\r\n"
     "[VISUALIZATION]\r\nFontSize=10.5\r\nFontName=Consolas\r\nFontBold=1\r\nFontItalic=0\r\n"
