@@ -1,5 +1,6 @@
 // The desktop program: the program-wide state, the window, and the loop of events.
 #include <QApplication>
+#include <QCommandLineParser>
 #include <QFileInfo>
 
 #include "platform/files.h"
@@ -22,6 +23,14 @@ int main(int argc, char** argv) {
     QApplication::setDesktopFileName(QStringLiteral("ostrivane"));
     QApplication::setWindowIcon(ApplicationIcon());
 
+    QApplication::setApplicationVersion(QString::fromStdString(ProgramVersion()));
+    QCommandLineParser commandLine;
+    commandLine.addPositionalArgument(QStringLiteral("PROJECT.vbp"), QStringLiteral("The project to open."),
+                                      QStringLiteral("[PROJECT.vbp]"));
+    commandLine.addHelpOption();
+    commandLine.addVersionOption();
+    commandLine.process(app);
+
     DiskFiles files;
     const std::string programDirectory = GetAppPathWithSlash();
     gIniFile = SettingsPath(programDirectory, kIniFileName);
@@ -34,5 +43,11 @@ int main(int argc, char** argv) {
 
     frmMain window(files, file, std::move(settings), programDirectory);
     window.show();
+    if (const QStringList projects = commandLine.positionalArguments(); !projects.isEmpty())
+        // In the loop of events, as the progress and questions of the window need it.
+        QMetaObject::invokeMethod(
+            &window,
+            [&window, path = QFileInfo(projects.front()).absoluteFilePath()] { window.OpenProject(FromPath(path)); },
+            Qt::QueuedConnection);
     return QApplication::exec();
 }

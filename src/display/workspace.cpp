@@ -189,6 +189,28 @@ Workspace::Place Workspace::Here() const {
             NodesWhere(tree_, &BaumNode::Checked)};
 }
 
+ProjectView Workspace::View() const {
+    return {.arrangement = settings_.Split,
+            .selected = current_.value_or(NodeId()),
+            .open = NodesWhere(tree_, &BaumNode::Expanded)};
+}
+
+void Workspace::ShowOpen(const std::vector<NodeId>& open) {
+    std::set<const BaumNode*> stay;
+    for (const NodeId& id : open)
+        stay.insert(tree_.Find(id));
+    for (const NodeId& id : NodesWhere(tree_, &BaumNode::Expanded))
+        if (BaumNode* node = tree_.Find(id); !stay.contains(node))
+            tree_.SetExpanded(*node, false);
+    Expand(open);
+}
+
+void Workspace::Expand(const std::vector<NodeId>& nodes) {
+    for (const NodeId& id : nodes)
+        if (BaumNode* node = tree_.Find(id))
+            tree_.SetExpanded(*node, true);
+}
+
 void Workspace::OptionsApplied() {
     code_.Forget();
     if (projekt_ && treeHasLocals_ != (settings_.ProcVars != 0))
@@ -219,9 +241,7 @@ void Workspace::RefillTree() {
                 tree_.SetChecked(*node, true);
     }
     RenewChecked();
-    for (const NodeId& id : place.expanded)
-        if (BaumNode* node = tree_.Find(id))
-            tree_.SetExpanded(*node, true);
+    Expand(place.expanded);
     BaumNode* selected = tree_.Find(place.selected);
     // A local may have no node any more; its procedure has.
     if (!selected && ObjectOfNode(*projekt_, place.selected))

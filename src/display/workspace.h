@@ -16,6 +16,7 @@
 
 #include "display/baum.h"
 #include "display/command_table.h"
+#include "display/project_view.h"
 #include "display/selection.h"
 #include "display/tree_checks.h"
 #include "findings/object_counts.h"
@@ -66,6 +67,11 @@ public:
     /// Reads the modules again whose files have changed, or the whole project if its own file has; keeps the selection,
     /// folds, check marks, and the places for back and forward.
     Refreshed Refresh();
+
+    /// How the project is shown, to come back to it; the zoom is up to the window.
+    [[nodiscard]] ProjectView View() const;
+    /// Opens these nodes of the project tree and closes all others. Those that do not exist any more are skipped.
+    void ShowOpen(const std::vector<NodeId>& open);
 
     /// Adapts the project tree to the settings; keeps folds, check marks and the selected node.
     void OptionsApplied();
@@ -153,6 +159,7 @@ private:
     void ForgetObjects();
     void FillTree();
     void RefillTree();
+    void Expand(const std::vector<NodeId>& nodes);
     bool LoadAgain();
     [[nodiscard]] CodeObject* ProcedureOrCurrent() const;
     [[nodiscard]] const CodeObject* OwnerOfNeighbour(const CodeObject& neighbour, bool isCaller) const;

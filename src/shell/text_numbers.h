@@ -176,7 +176,6 @@ enum class Text {
     OneProblem = 226,
     LaterVersion = 236,
     Toolbar = 237,
-    ProjectGone = 238,
     ReportsIncomplete = 241,
     ProblemCountTip = 242,
     ChooseObjectFirst = 243,
@@ -296,4 +295,5 @@ enum class Text {
     HandlesEvent = 357,
     ReadCallsAtOpening = 358,
     MarksArePreliminary = 359,
+    AskBeforeClosing = 360,
 };

@@ -28,10 +28,10 @@ public:
     /// Marks places, scrolls to the first and makes it the current one. An empty list removes the marks.
     void MarkPlaces(std::vector<CodeSpan> places);
 
+    [[nodiscard]] int Zoom() const { return zoom_; }
     [[nodiscard]] Pos SelStart() const;
     [[nodiscard]] Pos SelLength() const;
     [[nodiscard]] int PlaceCount() const { return static_cast<int>(places_.size()); }
-    /// From 1; 0 when no place is marked.
 
     /// Applies font, colours and tab size of the settings to the text shown.
     void ApplySettings();
@@ -47,6 +47,8 @@ public Q_SLOTS:
     void ZoomIn() { SetZoom(zoom_ + 1); }
     void ZoomOut() { SetZoom(zoom_ - 1); }
     void ZoomReset() { SetZoom(0); }
+    /// Points added to the font size of the settings.
+    void SetZoom(int zoom);
 
 Q_SIGNALS:
     /// Right click, context-menu key or Enter: lead from here to the object.
@@ -76,7 +78,6 @@ private:
     void LayOutGutter();
     void PaintGutter(QPaintEvent* event);
     void StepToPlace(int step);
-    void SetZoom(int zoom);
     void ScrollTo(int from, int to);
     /// Byte of the character under a point of the viewport, or -1 beside all text.
     [[nodiscard]] Pos ByteAt(QPoint point) const;

@@ -16,6 +16,7 @@
 #include "shell/clsText.h"
 #include "shell/errors.h"
 #include "shell/operations.h"
+#include "shell/program.h"
 #include "views/baum_view.h"
 #include "views/code_view.h"
 #include "views/commands.h"
@@ -82,6 +83,7 @@ frmMain::frmMain(Files& files, SettingsFile& file, Settings settings, std::strin
       menus_(new MainMenus(*this, *commands_, files, file)),
       toolbar_(new MainToolbar(*commands_, this)),
       status_(new StatusLine(*statusBar())) {
+    setWindowTitle(ToQString(kProgramTitle));
     setMinimumSize(kSmallestWindow);
     setWindowIcon(ApplicationIcon());
     setAcceptDrops(true);
@@ -298,7 +300,8 @@ void frmMain::Arrange(SplitMode mode) {
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
-    if (dialogs_.progress->IsRunning() || (gProjekt && !AskYesNo(gText.TextNr(Text::AskExit)))) {
+    if (dialogs_.progress->IsRunning() ||
+        (gProjekt && settings_.AskAtClosing != 0 && !AskYesNo(gText.TextNr(Text::AskExit)))) {
         event->ignore();
         return;
     }
@@ -306,7 +309,7 @@ void frmMain::closeEvent(QCloseEvent* event) {
     StorePlace(*this, size);
     panes_->Store(size);
     SizeSave_Write(file_, size);
-    workspace_.Close();
+    LeaveProject();
     event->accept();
 }
 

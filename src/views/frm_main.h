@@ -106,11 +106,15 @@ private:
     void ApplyFonts();
     void ShowStartPage();
 
+    // frm_main_projects.cpp
+    void ShowTitle();
+    void ShowAsLeft(const ProjectView& view);
+    void LeaveProject();
+
     // frm_main_commands.cpp
     void WireCommands();
     void Wire(Command command, std::function<void(bool)> function);
     void Files_Check();
-    void ShowTitle();
     void ShowProblems();
     void ShowProjectCounts();
     void WriteReports(const std::string& operation);

@@ -1,15 +1,10 @@
 // What the commands of the window do.
 #include <QApplication>
-#include <QFileDialog>
 #include <QFileInfo>
-#include <QStackedWidget>
 
 #include "display/diagnosis.h"
-#include "display/recent_projects.h"
 #include "model/clsProjekt.h"
-#include "platform/code_page.h"
 #include "platform/files.h"
-#include "platform/large_pages.h"
 #include "project/project_file.h"
 #include "project/project_page.h"
 #include "project/start.h"
@@ -149,68 +144,6 @@ void frmMain::MainActions(int nr) {
     Activate_Commands();
 }
 
-void frmMain::Projekt_Oeffnen() {
-    QFileDialog dialog(this, TextNr(Text::OpenProject).remove(QChar(0x2026)));
-    dialog.setFileMode(QFileDialog::ExistingFile);
-    // Both spellings: checkouts of old projects have suffixes in capitals.
-    dialog.setNameFilter(TextNr(Text::VbProjects) + QStringLiteral(" (*.vbp *.VBP *.Vbp)"));
-    dialog.setDefaultSuffix(QStringLiteral("vbp"));
-    if (settings_.OpenSaveDir.size() > 1)
-        dialog.setDirectory(ToPath(settings_.OpenSaveDir));
-    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
-        return;
-    OpenProject(FromPath(dialog.selectedFiles().front()));
-}
-
-void frmMain::OpenProject(const std::string& path) {
-    // A drop or a start with a file can arrive while an operation runs.
-    if (dialogs_.progress->IsRunning())
-        return;
-    if (!files_.FileExists(path)) {
-        status_->Message(TextNr(Text::ProjectGone, ToPath(path)));
-        ShowStartPage();
-        return;
-    }
-    if (const Text why = WhyNoProject(files_.ReadText(path)); why != Text::None) {
-        ShowFailure(this, TextNr(Text::CannotOpen, ToPath(path)) + QStringLiteral("\n\n") + TextNr(why));
-        return;
-    }
-    const QFileInfo file(ToPath(path));
-    const std::string codePage = ChooseCodePage(files_, file_, settings_, path);
-    dialogs_.error->ForgetIgnored();
-    dialogs_.missingFiles->Forget();
-    settings_.OpenSaveDir = file.absolutePath().toStdString();
-    Save_OpenDir(file_, settings_);
-    if (!workspace_.Open(path, codePage)) {
-        CloseTheProject();
-        status_->Message(TextNr(Text::LoadingCancelled));
-        return;
-    }
-    AddRecentProject(file_, file.absoluteFilePath().toStdString());
-    commands_->SetImage(Command::Calls, "CallsReadNot");
-    commands_->SetImage(Command::CallsModule, "CallsReadNot");
-    ShowTitle();
-    ShowProjectCounts();
-    pages_->setCurrentWidget(panes_);
-    lower_->Properties().Show(Anzeigen_Eigenschaften(*gProjekt));
-    ShowContent();
-    BaumProjekt().setFocus();
-    const QString calls = settings_.ReadCalls != 0 ? RunCalls() : QString();
-    const int modules = gProjekt->CountAllModules();
-    const QString read = codePage != settings_.CodePage
-                             ? TextNr(Text::ModulesReadIn, NumberText(modules), ToQString(NameOfCodePage(codePage)))
-                         : modules == 1 ? TextNr(Text::OneModuleRead)
-                                        : TextNr(Text::ModulesRead, NumberText(modules));
-    status_->Message(calls.isEmpty() ? read : read + QLatin1Char(' ') + calls);
-    Activate_Commands();
-}
-
-void frmMain::ShowTitle() {
-    setWindowTitle(QStringLiteral("%1:   %2 (%3)")
-                       .arg(ToQString(gProjekt->MyName), ToQString(kProgramTitle),
-                            QFileInfo(ToPath(gProjekt->FullPath)).fileName()));
-}
-
 void frmMain::ShowProblems() {
     status_->ShowProblemCount();
     dialogs_.problems->Refresh();
@@ -219,16 +152,6 @@ void frmMain::ShowProblems() {
 void frmMain::ShowProjectCounts() {
     status_->ShowCounts(gProjekt.get(), workspace_.CallsRead());
     ShowProblems();
-}
-
-void frmMain::CloseTheProject() {
-    workspace_.Close();
-    setWindowTitle(ToQString(kProgramTitle));
-    ShowProjectCounts();
-    ShowStartPage();
-    Activate_Commands();
-    status_->Message({});
-    ReturnFreedMemory();
 }
 
 void frmMain::Projekt_Analyse() {

@@ -79,6 +79,7 @@ GeneralPage::GeneralPage(Settings& values, QWidget* parent)
     libraries_ = new LibraryOptions;
     readCalls_ = new QCheckBox;
     procVars_ = new QCheckBox(QStringLiteral("ProcVars in Treeview"));
+    askAtClosing_ = new QCheckBox;
     codePageLabel_ = new QLabel;
     codePage_ = new QComboBox;
     codePageLabel_->setBuddy(codePage_);
@@ -90,6 +91,7 @@ GeneralPage::GeneralPage(Settings& values, QWidget* parent)
     loadLibs_->setObjectName(QStringLiteral("LoadLibs"));
     readCalls_->setObjectName(QStringLiteral("ReadCalls"));
     procVars_->setObjectName(QStringLiteral("ProcVars"));
+    askAtClosing_->setObjectName(QStringLiteral("AskAtClosing"));
     codePage_->setObjectName(QStringLiteral("CodePage"));
 
     auto* layout = new QVBoxLayout(this);
@@ -114,11 +116,12 @@ GeneralPage::GeneralPage(Settings& values, QWidget* parent)
     layout->addWidget(win32Frame_);
     layout->addWidget(readFrame_);
     layout->addWidget(procVars_);
+    layout->addWidget(askAtClosing_);
     layout->addStretch();
 
     for (QRadioButton* button : {optLanguage_[0], optLanguage_[1], optWin32_[0], optWin32_[1]})
         connect(button, &QRadioButton::toggled, this, &GeneralPage::TakeValues);
-    for (QCheckBox* box : {loadLibs_, readCalls_, procVars_})
+    for (QCheckBox* box : {loadLibs_, readCalls_, procVars_, askAtClosing_})
         connect(box, &QCheckBox::toggled, this, &GeneralPage::TakeValues);
     connect(codePage_, &QComboBox::currentIndexChanged, this, &GeneralPage::TakeValues);
     connect(libraries_, &LibraryOptions::Changed, this, &GeneralPage::TakeValues);
@@ -134,6 +137,7 @@ void GeneralPage::Texte() {
     loadLibs_->setText(TextNr(Text::LoadLibraries));
     libraries_->Texte();
     readCalls_->setText(TextNr(Text::ReadCallsAtOpening));
+    askAtClosing_->setText(TextNr(Text::AskBeforeClosing));
     codePageLabel_->setText(TextNr(Text::CodePageOfSources) + QLatin1Char(':'));
     codePage_->setAccessibleName(TextNr(Text::CodePageOfSources));
     note_->setText(TextNr(Text::HoldsFromNextOpening));
@@ -169,6 +173,7 @@ void GeneralPage::ShowValues() {
     libraries_->ShowValues(values_);
     readCalls_->setChecked(values_.ReadCalls != 0);
     procVars_->setChecked(values_.ProcVars != 0);
+    askAtClosing_->setChecked(values_.AskAtClosing != 0);
     FillCodePages();
     showing_ = false;
 }
@@ -182,6 +187,7 @@ void GeneralPage::TakeValues() {
     libraries_->TakeValues(values_);
     values_.ReadCalls = readCalls_->isChecked() ? 1 : 0;
     values_.ProcVars = procVars_->isChecked() ? 1 : 0;
+    values_.AskAtClosing = askAtClosing_->isChecked() ? 1 : 0;
     values_.CodePage = codePage_->currentData().toString().toStdString();
     Q_EMIT Changed();
 }

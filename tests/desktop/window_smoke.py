@@ -106,8 +106,6 @@ def main():
             report = home / "samples/ToolHire/modMain.bas Calls.txt"
             wait_for("a calls report", lambda: report.exists() and b"modStore" in report.read_bytes())
             screen.keys("ctrl+q")
-            wait_for("the question before the end", lambda: screen.title() == "Ostrivane")
-            screen.keys("alt+y")
             wait_for("the end", lambda: program.poll() is not None)
             if program.returncode != 0:
                 sys.exit(f"ended with {program.returncode}")

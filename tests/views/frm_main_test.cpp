@@ -292,8 +292,7 @@ TEST_F(MainWindow, ArrangementsKeepTheirOwnBarsAndAreStored) {
     EXPECT_NEAR(panes.picSplitX().Place(), 333, 2);
     EXPECT_NEAR(panes.picSplitX().sizes().front(), 333, 2);
 
-    AnswerNext(QMessageBox::Yes);
-    window_->close();
+    EXPECT_TRUE(window_->close());
     EXPECT_FALSE(gProjekt);
     const WindowSize stored = SizeSave_Read(settings_);
     EXPECT_NEAR(std::stoi(stored.SplitX_Content), 333 * 15, 30);
@@ -330,7 +329,8 @@ TEST_F(MainWindow, ShiftF10OpensTheMenuOfWhatHasTheFocus) {
     }
 }
 
-TEST_F(MainWindow, ClosingAsksAndNoKeepsEverything) {
+TEST_F(MainWindow, ClosingAsksWhomWantsItAndNoKeepsEverything) {
+    window_->TheSettings().AskAtClosing = 1;
     Open();
     AnswerNext(QMessageBox::No);
     EXPECT_FALSE(window_->close());
@@ -481,20 +481,81 @@ TEST_F(MainWindow, TakesADroppedProjectAndNothingElse) {
 TEST_F(MainWindow, SecondProjectReplacesTheFirst) {
     Open();
     window_->ActivateKey("modmain.main");
-    Open();
+    Command("Search").trigger();
+    directory_.Write("One.vbp", "Type=Exe\r\nModule=One; One.bas\r\nName=\"One\"\r\n");
+    directory_.Write("One.bas", "Attribute VB_Name = \"One\"\r\nSub Main()\r\nEnd Sub\r\n");
+    window_->OpenProject(directory_.Path("One.vbp"));
     EXPECT_FALSE(window_->TheWorkspace().Current().CurObject);
     EXPECT_TRUE(Code().isEmpty());
     EXPECT_FALSE(Command("NavPrev").isEnabled());
-    window_->OpenProject(directory_.Path("gone.vbp"));
-    EXPECT_TRUE(gProjekt);
-    EXPECT_EQ(StatusText(), TextNr(Text::ProjectGone, ToPath(directory_.Path("gone.vbp"))));
+}
+
+TEST_F(MainWindow, NothingOfTheOldProjectIsShownWhileTheNextOneIsRead) {
+    Open();
+    std::filesystem::remove(directory_.Path("samples/ToolHire/modStore.bas"));
+    QString title, counts;
+    bool asked = false;
+    SetMissingFilePort([&](std::string_view, int) {
+        asked = true;
+        title = window_->windowTitle();
+        for (const QLabel* label : window_->statusBar()->findChildren<QLabel*>())
+            counts += label->isVisible() ? label->text() : QString();
+        return false;
+    });
+    Open();
+    EXPECT_TRUE(asked);
+    EXPECT_EQ(title, QStringLiteral("Ostrivane"));
+    EXPECT_EQ(counts, QString());
+}
+
+TEST_F(MainWindow, ProjectComesBackAsItWasLeft) {
+    const auto isOpen = [this](const char* key) { return window_->TheWorkspace().Tree().Item(key)->Expanded(); };
+    const auto fontSize = [this] { return window_->rtbCode().font().pointSizeF(); };
+    directory_.Write("One.vbp", "Type=Exe\r\nModule=One; One.bas\r\nName=\"One\"\r\n");
+    directory_.Write("One.bas", "Attribute VB_Name = \"One\"\r\nSub Main()\r\nEnd Sub\r\n");
+    Open();
+    const double ordinary = fontSize();
+    window_->ActivateKey("modmain.main");
+    window_->ActivateKey("modstore");
+    Command("SplitForCalls").trigger();
+    Command("ZoomPlus").trigger();
+    Command("ZoomPlus").trigger();
+    window_->OpenProject(directory_.Path("One.vbp"));
+    Command("SplitForContent").trigger();
+    Command("ZoomNo").trigger();
+    Open();
+    EXPECT_EQ(window_->TheSettings().Split, SplitMode::Calls);
+    EXPECT_DOUBLE_EQ(fontSize(), ordinary + 2);
+    EXPECT_TRUE(isOpen("modmain"));
+    EXPECT_FALSE(isOpen("modstore"));
+    ASSERT_TRUE(window_->TheWorkspace().Current().CurObject);
+    EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), "modstore");
+    EXPECT_EQ(window_->BaumProjekt().currentIndex().data().toString(), QStringLiteral("modStore"));
+    EXPECT_FALSE(Command("NavPrev").isEnabled());
+
+    // In another process; what does not exist any more is left out.
+    EXPECT_TRUE(window_->close());
+    std::filesystem::remove(directory_.Path("samples/ToolHire/modStore.bas"));
+    SettingsFile stored(files_, settings_.Path());
+    window_ = std::make_unique<frmMain>(files_, stored, WithoutCalls(), ProgramDirectory());
+    window_->show();
+    AnswerNext(QMessageBox::No);
+    Open();
+    EXPECT_EQ(window_->TheSettings().Split, SplitMode::Calls);
+    EXPECT_TRUE(isOpen("modmain"));
+    EXPECT_FALSE(window_->TheWorkspace().Current().CurObject);
+    window_->OpenProject(directory_.Path("One.vbp"));
+    EXPECT_EQ(window_->TheSettings().Split, SplitMode::Content);
+    window_.reset();
 }
 
 TEST_F(MainWindow, ForeignProjectIsRefusedAndTheOpenOneStays) {
     Open();
     const QString title = window_->windowTitle();
-    for (const char* bytes : {"", "MZ\1\2", "<html>\n"}) {
+    for (const char* bytes : {"", "MZ\1\2", "<html>\n", "gone"}) {
         const std::string path = directory_.Write("foreign.vbp", bytes);
+        if (bytes == std::string("gone"))
+            std::filesystem::remove(path);
         AnswerNext(QMessageBox::Ok);
         window_->OpenProject(path);
         EXPECT_THAT(asked_.back().toStdString(), testing::StartsWith(path));
