@@ -296,4 +296,6 @@ enum class Text {
     HandlesEvent = 357,
     ReadCallsAtOpening = 358,
     MarksArePreliminary = 359,
+    GraphFileForeign = 360,
+    GraphFileTorn = 361,
 };
