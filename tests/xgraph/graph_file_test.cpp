@@ -80,7 +80,7 @@ TEST_F(GraphFiles, WhatIsNoDiagram) {
             << length;
 }
 
-TEST_F(GraphFiles, AFailureIsToldOnceAndChangesNothing) {
+TEST_F(GraphFiles, AFailureIsHeardOfOnceAndChangesNothing) {
     Put({"m.go"});
     files.WriteWhole("foreign.ovg", "Type=Exe\r\n");
     files.WriteWhole("torn.ovg", "Version=1\r\nBEGIN:\r\nCodePath=m.stay\r\nTop=1\r\n");
