@@ -1,5 +1,5 @@
-// Time of the diagram's work without a widget: which connectors there are, what is at a point, a chain of all callees.
-// On generated projects, or on the one whose file the environment variable OSTRIVANE_BENCHMARK_PROJECT names.
+// Time of the diagram's work without a widget: which connectors there are, what is at a point, files, a chain of all
+// callees. On generated projects, or on the one whose file the environment variable OSTRIVANE_BENCHMARK_PROJECT names.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
@@ -14,6 +14,7 @@
 #include "project/project_file.h"
 #include "project/start.h"
 #include "xgraph/call_chains.h"
+#include "xgraph/graph_file.h"
 #include "xgraph/pairs.h"
 #include "xgraph/routing.h"
 
@@ -79,6 +80,20 @@ void PairsAndHit(benchmark::State& state) {
     CloseProject();
 }
 
+void SaveAndOpen(benchmark::State& state) {
+    XGraph graph(kSizes);
+    Fill(graph, AnalysedProject(state.range(0)), 5000);
+    MemoryFiles files;
+    GraphOpened opened;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(GraphSave(graph, files, "a.ovg"));
+        opened = GraphOpen(graph, files, "a.ovg");
+    }
+    state.counters["symbols"] = opened.symbols;
+    state.counters["missing"] = opened.missing;
+    CloseProject();
+}
+
 // Of the procedure that reaches most others, among those with most calls.
 void ChainOfAllCallees(benchmark::State& state) {
     clsProjekt& projekt = AnalysedProject(state.range(0));
@@ -109,6 +124,7 @@ void ChainOfAllCallees(benchmark::State& state) {
 
 BENCHMARK(Discovery)->Unit(benchmark::kMillisecond)->Arg(10'000)->Arg(1'000'000);
 BENCHMARK(PairsAndHit)->Unit(benchmark::kMillisecond)->Arg(10'000)->Arg(1'000'000);
+BENCHMARK(SaveAndOpen)->Unit(benchmark::kMillisecond)->Arg(10'000)->Arg(1'000'000);
 BENCHMARK(ChainOfAllCallees)->Unit(benchmark::kMillisecond)->Arg(10'000)->Arg(100'000);
 
 }  // namespace
