@@ -296,4 +296,6 @@ enum class Text {
     ReadCallsAtOpening = 358,
     MarksArePreliminary = 359,
     AskBeforeClosing = 360,
+    GraphFileForeign = 361,
+    GraphFileTorn = 362,
 };
