@@ -296,4 +296,13 @@ enum class Text {
     HandlesEvent = 357,
     ReadCallsAtOpening = 358,
     MarksArePreliminary = 359,
+    FindCallers = 360,
+    References = 361,
+    EmptyReferences = 362,
+    Use = 363,
+    ReferenceKeys = 364,
+    ShownAbove = 365,
+    NothingToGoTo = 366,
+    FileNotRead = 367,
+    FileNotWritten = 368,
 };
