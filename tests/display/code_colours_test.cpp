@@ -117,8 +117,8 @@ TEST_F(CodeColours, DeadAndUndeadProceduresHaveAGreyBackground) {
                          : "Sub a()\n    b\nEnd Sub\nSub b()\nEnd Sub\n",
                    "F.frm");
         Analyse();
-        EXPECT_EQ(Procedure(alive ? "f.form_load" : "f.a").onGrey, !alive);
-        EXPECT_EQ(Procedure("f.b").onGrey, !alive);
+        EXPECT_EQ(Procedure(alive ? "f.form_load" : "f.a").shade == Shade::Grey, !alive);
+        EXPECT_EQ(Procedure("f.b").shade == Shade::Grey, !alive);
     }
 }
 
