@@ -138,7 +138,7 @@ struct Baum::State {
         node.expandedImage_ = {};
         node.children_.clear();
         node.foreColor_ = NodeColour::Ordinary;
-        node.sorted_ = node.waitsForSorting_ = node.bold_ = node.expanded_ = node.checked_ = false;
+        node.sorted_ = node.waitsForSorting_ = node.bold_ = node.expanded_ = node.checked_ = node.unfolds_ = false;
         free.push_back(&node);
     }
 

@@ -60,6 +60,8 @@ public:
     [[nodiscard]] bool Bold() const { return bold_; }
     [[nodiscard]] bool Expanded() const { return expanded_; }
     [[nodiscard]] bool Checked() const { return checked_; }
+    /// Has nodes below it that are added when it is unfolded.
+    [[nodiscard]] bool Unfolds() const { return unfolds_; }
 
     [[nodiscard]] BaumNode* Parent() const { return parent_; }  // null for roots
     [[nodiscard]] BaumNode* Child() const { return children_.empty() ? nullptr : children_.front(); }
@@ -88,6 +90,7 @@ private:
     bool bold_ = false;
     bool expanded_ = false;
     bool checked_ = false;
+    bool unfolds_ = false;
 };
 
 /// Is called for every change, before and after it where a widget needs both.
@@ -146,6 +149,8 @@ public:
     void SetSorted(BaumNode& node, bool sorted);
     void SetExpanded(BaumNode& node, bool expanded);
     void SetChecked(BaumNode& node, bool checked);
+    /// Before the node is shown, or after its children were added.
+    static void SetUnfolds(BaumNode& node, bool unfolds) { node.unfolds_ = unfolds; }
     void CollapseAll();
 
     [[nodiscard]] BaumNode* Selected() const;

@@ -248,7 +248,7 @@ CodeText ShowMe(const clsProzedur& prozedur, LocalUses& locals) {
     SelectTextKinds(*modul.text, paint);
     ShowCalls(prozedur, locals.Look(prozedur), paint);
     shown.spans = paint.Spans();
-    shown.onGrey = prozedur.IsDeath >= 1;
+    shown.shade = prozedur.IsDeath >= 1 ? Shade::Grey : Shade::Plain;
     return shown;
 }
 

@@ -39,6 +39,10 @@ enum class Colour : std::uint8_t {
 /// The colour of the settings for a meaning, 32-bit BGR; 0 for None.
 [[nodiscard]] std::int32_t ColourOf(Colour what, const Settings& settings);
 
+/// The ground that code is shown on: greyer for dead and undead procedures, faintly so as far as the structure alone
+/// says, before the calls are known.
+enum class Shade : std::uint8_t { Plain, Faint, Grey };
+
 /// A stretch of the shown text.
 struct CodeRange {
     Pos start = 0;  // 0-based
@@ -67,8 +71,8 @@ struct CodeText {
     int firstLine = 0;                 // line of the file at which the text begins; 0 if it is not part of a file
     std::vector<CodeSpan> spans;       // rising, none over another
     std::vector<NamedObject> objects;  // named in the page of a library, rising
-    bool onGrey = false;               // a dead or undead procedure
-    bool localsChecked = false;        // the places of the procedure's locals were determined for this text
+    Shade shade = Shade::Plain;
+    bool localsChecked = false;  // the places of the procedure's locals were determined for this text
 
     [[nodiscard]] Pos InModule(Pos start) const { return start + first; }
     /// The part of a stretch of the module that is shown, or nothing.

@@ -56,6 +56,8 @@ constexpr std::array kRows = std::to_array<CommandRow>({
     {CallsMaybe, "CallsMaybe", Text::MayBe, Text::None, "CallsMaybe", "", Needs::Neighbours, false, true, Text::Calls},
     {NextPlace, "NextPlace", Text::NextPlace, Text::None, "", "F3", Needs::Places},
     {PreviousPlace, "PreviousPlace", Text::PreviousPlace, Text::None, "", "Shift+F3", Needs::Places},
+    {GoTo, "GoTo", Text::ProblemGoTo, Text::GoToObject, "", "F12", Needs::Project},
+    {FindCallers, "FindCallers", Text::FindCallers, Text::None, "", "Shift+F12", Needs::Object},
     {WebPage, "WebPage", Text::WebPage, Text::None, "", "", Needs::Nothing},
     {Keys, "Keys", Text::KeyboardShortcuts, Text::None, "", "", Needs::Nothing, true},
     {Diagnosis, "Diagnosis", Text::Summary, Text::None, "", "Ctrl+D", Needs::Nothing, true},
@@ -95,6 +97,8 @@ bool IsEnabled(Command command, const Situation& now) {
                                               : now.neighbours.CallsMaybe;
         case Needs::Places:
             return now.hasPlaces;
+        case Needs::Object:
+            return now.hasObject;
         case Needs::PreviousPlace:
             return now.hasPrevious;
         case Needs::NextPlace:
@@ -115,6 +119,7 @@ Text WhyDisabled(Command command, const Situation& now) {
         return Text::OpenProjectFirst;
     switch (needs) {
         case Needs::Module:
+        case Needs::Object:
             return Text::ChooseObjectFirst;
         case Needs::Neighbours:
             return !now.hasObject ? Text::ChooseObjectFirst : !now.callsRead ? Text::ReadCallsFirst : Text::NoneOfThese;

@@ -54,6 +54,8 @@ enum class Command : std::uint8_t {
     CallsMaybe,
     NextPlace,
     PreviousPlace,
+    GoTo,
+    FindCallers,
     WebPage,
     Keys,
     Diagnosis,
@@ -66,7 +68,8 @@ enum class Needs : std::uint8_t {
     Project,
     Module,         // the current object lies in one
     Neighbours,     // the current object has some of the kind that the command shows
-    Places,         // marked in the code
+    Places,         // marked in the code, or a walk over some
+    Object,         // a current one
     PreviousPlace,  // in the list for back and forward
     NextPlace,
     LaterVersion,  // nothing does it yet

@@ -9,6 +9,7 @@
 
 #include "calls/edges.h"
 #include "display/baum.h"
+#include "display/call_places.h"
 #include "display/node_objects.h"
 #include "display/project_tree.h"
 #include "display/tree_checks.h"
@@ -19,6 +20,7 @@
 #include "model/clsProzedur.h"
 #include "model/clsType.h"
 #include "model/clsVariable.h"
+#include "shell/clsText.h"
 
 namespace {
 
@@ -153,111 +155,114 @@ BaumNode* ObtainNode(const CodeObject& object, Baum& tree) {
     return node;
 }
 
+CallType CertaintyOf(bool mayBe) {
+    return mayBe ? CallType::MayBe : CallType::Really;
+}
+
+// A use counts as certain.
+bool IsOfType(const clsCall& call, CallType type) {
+    return call.Type() == type || (type == CallType::Really && call.Type() == CallType::Use);
+}
+
+// Calls `use` for the edges that the tree of callees shows; the locals of a procedure are its own affair.
+template <class Use>
+void ForEachShown(const OutgoingEdges& edges, CallType type, Use use) {
+    for (const clsCall* call : edges)
+        if (IsOfType(*call, type) && call->Parent->Zugriff != Access::Argument &&
+            call->Parent->Zugriff != Access::Procedure)
+            use(*call);
+}
+
+template <class Use>
+void ForEachEdgeFrom(const clsProzedur& prozedur, CallType type, Use use) {
+    ForEachShown(prozedur.UsesAll(), type, use);
+    ForEachShown(prozedur.CallsAll(), type, use);
+}
+
+// Whose neighbours unfold below them: only procedures call something, and those of libraries are not read.
+const clsProzedur* AsUnfolding(const CodeObject& object) {
+    const bool isProzedur = object.Class() == ObjectClass::Prozedur && !object.myLibrary;
+    return isProzedur ? &static_cast<const clsProzedur&>(object) : nullptr;
+}
+
+// The objects that call a procedure, or that it calls, each once.
+std::vector<const CodeObject*> NeighboursOf(const clsProzedur& prozedur, Neighbourhood shown) {
+    std::vector<const CodeObject*> neighbours;
+    std::unordered_set<const CodeObject*> seen;
+    const auto add = [&](const CodeObject& neighbour) {
+        if (seen.insert(&neighbour).second)
+            neighbours.push_back(&neighbour);
+    };
+    const CallType type = CertaintyOf(shown.mayBe);
+    if (!shown.callers)
+        ForEachEdgeFrom(prozedur, type, [&](const clsCall& call) { add(*call.Parent); });
+    else
+        for (const clsCall* call : prozedur.CalledByAll())
+            if (IsOfType(*call, type))
+                add(call->Caller());
+    return neighbours;
+}
+
+bool HasNeighbours(const clsProzedur& prozedur, Neighbourhood shown) {
+    const CallType type = CertaintyOf(shown.mayBe);
+    bool has = false;
+    if (shown.callers)
+        has = Is_CalledBy(prozedur, type);
+    else
+        ForEachEdgeFrom(prozedur, type, [&has](const clsCall&) { has = true; });
+    return has;
+}
+
 // Shows objects as neighbours, and remembers those already shown.
 class Fill {
 public:
     /// @param opens  whether the modules shown are opened
-    Fill(const clsProjekt& projekt, const CheckedObjects& checked, Baum& tree, bool opens)
-        : projekt_(projekt), checked_(checked), tree_(tree), filling_(tree), opens_(opens) {
+    Fill(const clsProjekt& projekt, const CheckedObjects& checked, Baum& tree, bool opens, Neighbourhood shown)
+        : projekt_(projekt), checked_(checked), tree_(tree), filling_(tree), opens_(opens), shown_(shown) {
         tree.Clear();
     }
 
-    void CalledBy(const CodeObject& object, CallType type) {
-        if (object.Class() == ObjectClass::Modul)
-            return CalledByOfModule(static_cast<const clsModul&>(object), type);
-        if (object.Class() != ObjectClass::TypeLib)
-            Callers(object.CalledByAll(), type);
-        if (object.Class() == ObjectClass::Type)
-            CalledByOfMembers(static_cast<const clsType&>(object), type);
-        else if (object.Class() == ObjectClass::Enum)
-            CalledByOfMembers(static_cast<const clsEnum&>(object), type);
+    void Neighbours(const CodeObject& object) {
+        const CallType type = CertaintyOf(shown_.mayBe);
+        if (shown_.callers)
+            ForEachEdgeTo(projekt_, object, [&](const clsCall& call) {
+                // All that is known of a library is certain.
+                if (IsOfType(call, object.Class() == ObjectClass::TypeLib ? CallType::Really : type))
+                    Show(call.Caller(), call);
+            });
+        else if (object.Class() == ObjectClass::Prozedur)
+            CallsOfProcedure(static_cast<const clsProzedur&>(object), type);
+        else if (object.Class() == ObjectClass::Modul)
+            CallsOfModule(static_cast<const clsModul&>(object), type);
     }
 
-    void Calls(const CodeObject& object, CallType type) {
-        switch (object.Class()) {
-            case ObjectClass::Prozedur:
-                return CallsOfProcedure(static_cast<const clsProzedur&>(object), type);
-            case ObjectClass::Modul:
-                return CallsOfModule(static_cast<const clsModul&>(object), type);
-            default:
-                return;
-        }
-    }
-
-    void Uses(const CodeObject& object) {
-        if (object.Class() == ObjectClass::Prozedur)
-            Targets(static_cast<const clsProzedur&>(object).UsesAll(), CallType::Use);
-    }
-
-    void UsedBy(const CodeObject& object) { Callers(object.UsedByAll(), CallType::Use); }
+    /// Edges shown: calls and uses, not neighbours.
+    [[nodiscard]] int Count() const { return static_cast<int>(counted_.size()); }
 
 private:
-    void CalledByOfModule(const clsModul& modul, CallType type) {
-        Callers(modul.CalledByAll(), type);
-        if (modul.ModulTyp == ModuleKind::Form)
-            if (const clsVariable* instance = projekt_.FormVars.Item(modul.NameKey()))
-                CalledBy(*instance, type);
-        for (const clsProzedur* prozedur : modul.MyProcs)
-            CalledBy(*prozedur, type);
-        for (const clsVariable* variable : modul.MyVars)
-            CalledBy(*variable, type);
-        for (const clsType* einType : modul.myTypes)
-            CalledBy(*einType, type);
-        for (const clsEnum* einEnum : modul.myEnums)
-            CalledBy(*einEnum, type);
-        if (type == CallType::Really)
-            UsedBy(modul);
-    }
-
-    template <class Owner>
-    void CalledByOfMembers(const Owner& owner, CallType type) {
-        for (const clsVariable* member : owner.MyVars)
-            CalledBy(*member, type);
-        if (type == CallType::Really)
-            UsedBy(owner);
-    }
-
     void CallsOfProcedure(const clsProzedur& prozedur, CallType type) {
-        if (type == CallType::Really)
-            Uses(prozedur);
-        Targets(prozedur.CallsAll(), type);
+        ForEachEdgeFrom(prozedur, type, [this](const clsCall& call) { Show(*call.Parent, call); });
     }
 
     void CallsOfModule(const clsModul& modul, CallType type) {
         for (const clsProzedur* prozedur : modul.MyProcs)
             CallsOfProcedure(*prozedur, type);
-        Targets(modul.CallsInDeclarations(), type);
-        if (type == CallType::MayBe)
+        ForEachShown(modul.CallsInDeclarations(), type, [this](const clsCall& call) { Show(*call.Parent, call); });
+    }
+
+    void Show(const CodeObject& neighbour, const clsCall& call) {
+        if (checked_.Covers(neighbour))
             return;
-        Targets(modul.CallsInDeclarations(), CallType::Use);
-    }
-
-    void Callers(const IncomingEdges& edges, CallType type) {
-        for (const clsCall* call : edges) {
-            if (call->Type() != type)
-                continue;
-            if (call->CallProcedure())
-                Show(*call->CallProcedure());
-            else if (call->CallModule())
-                Show(*call->CallModule());
-        }
-    }
-
-    void Targets(const OutgoingEdges& edges, CallType type) {
-        for (const clsCall* call : edges)
-            if (call->Type() == type && call->Parent->Zugriff != Access::Argument &&
-                call->Parent->Zugriff != Access::Procedure)
-                Show(*call->Parent);
-    }
-
-    void Show(const CodeObject& neighbour) {
+        counted_.insert(&call);
         if (&neighbour == last_ || !seen_.insert(&neighbour).second)
             return;
         last_ = &neighbour;
-        if (checked_.Covers(neighbour))
+        BaumNode* node = ObtainNode(neighbour, tree_);
+        if (!node)
             return;
-        const BaumNode* node = ObtainNode(neighbour, tree_);
-        if (!node || !opens_)
+        const clsProzedur* const unfolding = AsUnfolding(neighbour);
+        Baum::SetUnfolds(*node, unfolding && HasNeighbours(*unfolding, shown_));
+        if (!opens_)
             return;
         const clsModul* modul =
             neighbour.Class() == ObjectClass::Modul ? static_cast<const clsModul*>(&neighbour) : neighbour.Modul;
@@ -274,7 +279,9 @@ private:
     Baum& tree_;
     const Baum::Filling filling_;
     bool opens_;
+    Neighbourhood shown_;
     std::unordered_set<const CodeObject*> seen_;
+    std::unordered_set<const clsCall*> counted_;
     const CodeObject* last_ = nullptr;
 };
 
@@ -285,8 +292,18 @@ const CodeObject& ProcedureOrItself(const CodeObject& object) {
     return object;
 }
 
-CallType CertaintyOf(bool mayBe) {
-    return mayBe ? CallType::MayBe : CallType::Really;
+// Whether an object stands above a node, or is that whose neighbours the tree shows.
+bool StandsAbove(const clsProjekt& projekt, const BaumNode& node, const CodeObject& object) {
+    for (const BaumNode* above = &node; above; above = above->Parent())
+        if (above->Kind() == NodeKind::Object && ObjectOfNode(projekt, above->Id()) == &object)
+            return true;
+    return false;
+}
+
+// Below a neighbour there are no modules and groups, so the text names the module.
+std::string TextBelow(const CodeObject& object) {
+    return object.Class() == ObjectClass::Prozedur ? JoinPath(object.Modul->CodePathOrg(), NodeText(object))
+                                                   : object.CodePathOrg();
 }
 
 template <class Objects, class Question>
@@ -341,42 +358,68 @@ bool HasCallees(const CodeObject& object, CallType type) {
 
 }  // namespace
 
-void Show_Dependencies_AllCalledBy(const clsProjekt& projekt, const CheckedObjects& checked, const CodeObject* current,
-                                   Baum& calledBy, bool mayBe) {
-    const Baum::Filling whole(calledBy);
-    Fill fill(projekt, checked, calledBy, true);
+namespace {
+
+int ShowNeighbours(const clsProjekt& projekt, const CheckedObjects& checked, const CodeObject* current, Baum& tree,
+                   Neighbourhood shown) {
+    const Baum::Filling whole(tree);
+    Fill fill(projekt, checked, tree, true, shown);
     if (!current)
-        return;
+        return 0;
     const CodeObject& object = ProcedureOrItself(*current);
-    if (object.Class() == ObjectClass::TypeLib)
-        fill.UsedBy(object);
-    else
-        fill.CalledBy(object, CertaintyOf(mayBe));
+    fill.Neighbours(object);
     if (object.Class() == ObjectClass::Modul)
-        Collapse_Module(calledBy);
+        Collapse_Module(tree);
+    return fill.Count();
 }
 
-void Show_Dependencies_AllCalls(const clsProjekt& projekt, const CheckedObjects& checked, const CodeObject* current,
-                                Baum& calls, bool mayBe) {
-    const Baum::Filling whole(calls);
-    Fill fill(projekt, checked, calls, true);
-    if (!current)
-        return;
-    const CodeObject& object = ProcedureOrItself(*current);
-    fill.Calls(object, CertaintyOf(mayBe));
-    if (object.Class() == ObjectClass::Modul)
-        Collapse_Module(calls);
+}  // namespace
+
+int Show_Dependencies_AllCalledBy(const clsProjekt& projekt, const CheckedObjects& checked, const CodeObject* current,
+                                  Baum& calledBy, bool mayBe) {
+    return ShowNeighbours(projekt, checked, current, calledBy, {true, mayBe});
 }
 
-void Show_Dependencies_Group(const clsProjekt& projekt, const CheckedObjects& checked, Baum& calledBy, Baum& calls,
-                             bool mayBeCalledBy, bool mayBeCalls) {
-    Fill callers(projekt, checked, calledBy, false);
-    Fill callees(projekt, checked, calls, false);
+int Show_Dependencies_AllCalls(const clsProjekt& projekt, const CheckedObjects& checked, const CodeObject* current,
+                               Baum& calls, bool mayBe) {
+    return ShowNeighbours(projekt, checked, current, calls, {false, mayBe});
+}
+
+EdgeCounts Show_Dependencies_Group(const clsProjekt& projekt, const CheckedObjects& checked, Baum& calledBy,
+                                   Baum& calls, bool mayBeCalledBy, bool mayBeCalls) {
+    Fill callers(projekt, checked, calledBy, false, {true, mayBeCalledBy});
+    Fill callees(projekt, checked, calls, false, {false, mayBeCalls});
     for (const CodeObject* object : checked.Objects()) {
         if (object->Class() == ObjectClass::TypeLib)
             continue;
-        callers.CalledBy(*object, CertaintyOf(mayBeCalledBy));
-        callees.Calls(*object, CertaintyOf(mayBeCalls));
+        callers.Neighbours(*object);
+        callees.Neighbours(*object);
+    }
+    return {callers.Count(), callees.Count()};
+}
+
+void Unfold(const clsProjekt& projekt, const CheckedObjects& checked, const CodeObject* current, Baum& tree,
+            BaumNode& node, Neighbourhood shown) {
+    Baum::SetUnfolds(node, false);
+    const CodeObject* const object = ObjectOfNode(projekt, node.Id());
+    const clsProzedur* const prozedur = object ? AsUnfolding(*object) : nullptr;
+    if (!prozedur)
+        return;
+    tree.SetSorted(node, true);
+    for (const CodeObject* neighbour : NeighboursOf(*prozedur, shown)) {
+        if (checked.Covers(*neighbour))
+            continue;
+        const bool isAbove = neighbour == current || StandsAbove(projekt, node, *neighbour);
+        std::string text = TextBelow(*neighbour);
+        if (isAbove)
+            text.append(" (").append(gText.TextNr(Text::ShownAbove)).append(")");
+        BaumNode* const below =
+            tree.Add(&node, NodeKeyBelow(node, *neighbour), std::move(text), neighbour->GetImageKey());
+        if (!below)
+            continue;
+        tree.SetForeColor(*below, NodeColourOf(*neighbour));
+        const clsProzedur* const further = isAbove ? nullptr : AsUnfolding(*neighbour);
+        Baum::SetUnfolds(*below, further && HasNeighbours(*further, shown));
     }
 }
 

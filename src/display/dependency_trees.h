@@ -14,15 +14,30 @@ class CodeObject;
 class clsModul;
 class clsProjekt;
 
+/// What a tree shows: who calls an object, or what it calls; for certain or possibly.
+struct Neighbourhood {
+    bool callers = true;
+    bool mayBe = false;
+};
+
 /// The whole tree for the current object, which may be null. A variable of a procedure shows its procedure, and a
-/// module is shown folded.
-void Show_Dependencies_AllCalledBy(const clsProjekt& projekt, const CheckedObjects& checked, const CodeObject* current,
-                                   Baum& calledBy, bool mayBe);
-void Show_Dependencies_AllCalls(const clsProjekt& projekt, const CheckedObjects& checked, const CodeObject* current,
-                                Baum& calls, bool mayBe);
+/// module is shown folded. Returns how many calls and uses the tree stands for.
+int Show_Dependencies_AllCalledBy(const clsProjekt& projekt, const CheckedObjects& checked, const CodeObject* current,
+                                  Baum& calledBy, bool mayBe);
+int Show_Dependencies_AllCalls(const clsProjekt& projekt, const CheckedObjects& checked, const CodeObject* current,
+                               Baum& calls, bool mayBe);
+/// Calls and uses that two trees stand for.
+struct EdgeCounts {
+    int calledBy = 0;
+    int calls = 0;
+};
 /// Both trees for all checked objects together.
-void Show_Dependencies_Group(const clsProjekt& projekt, const CheckedObjects& checked, Baum& calledBy, Baum& calls,
-                             bool mayBeCalledBy, bool mayBeCalls);
+EdgeCounts Show_Dependencies_Group(const clsProjekt& projekt, const CheckedObjects& checked, Baum& calledBy,
+                                   Baum& calls, bool mayBeCalledBy, bool mayBeCalls);
+/// Adds the neighbours of a neighbour below its node. One that stands above, or is the current object, says so and does
+/// not unfold, so that recursion ends.
+void Unfold(const clsProjekt& projekt, const CheckedObjects& checked, const CodeObject* current, Baum& tree,
+            BaumNode& node, Neighbourhood shown);
 
 /// Folds the modules below the roots.
 void Collapse_Module(Baum& tree);

@@ -7,6 +7,8 @@
 
 namespace {
 
+constexpr char kBelow = '\n';  // stands in no name
+
 CodeObject* LocalOfModule(const clsModul& modul, std::string_view path) {
     const auto point = path.rfind('.');
     const std::string_view ofProzedur = path.substr(0, point);
@@ -41,7 +43,8 @@ CodeObject* InnerOfLibrary(const clsTypeLib& library, std::string_view path) {
 std::string ObjectPathOf(const NodeId& node) {
     if (node.kind == NodeKind::Root)
         return {};
-    return LowerCase(node.kind == NodeKind::Group ? node.key.substr(0, node.key.rfind('.')) : node.key);
+    return LowerCase(node.kind == NodeKind::Group ? std::string_view(node.key).substr(0, node.key.rfind('.'))
+                                                  : OwnKeyOf(node.key));
 }
 
 std::string NodeKeyOf(const CodeObject& object) {
@@ -51,6 +54,14 @@ std::string NodeKeyOf(const CodeObject& object) {
     const bool isLibraryEvent =
         object.myLibrary && object.Class() == ObjectClass::Prozedur && static_cast<const clsProzedur&>(object).IsEvent;
     return isLibraryEvent ? object.CodePath() + " [event]" : object.CodePath();
+}
+
+std::string NodeKeyBelow(const BaumNode& above, const CodeObject& object) {
+    return above.Key() + kBelow + NodeKeyOf(object);
+}
+
+std::string_view OwnKeyOf(std::string_view nodeKey) {
+    return nodeKey.substr(nodeKey.rfind(kBelow) + 1);
 }
 
 CodeObject* ObjectOfNode(const clsProjekt& projekt, const NodeId& node) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "display/baum.h"
 
@@ -14,5 +15,10 @@ class clsProjekt;
 /// accessor, and would be the same for all accessors of a property. The key of a library's event says so, as a method
 /// can have its path.
 [[nodiscard]] std::string NodeKeyOf(const CodeObject& object);
+/// The key of a node for `object` below one of another object, where it is not at its place in the project: an object
+/// can stand at many such places of a tree. All keys above come before its own.
+[[nodiscard]] std::string NodeKeyBelow(const BaumNode& above, const CodeObject& object);
+/// The own key of such a node; that of any other node is returned as it is.
+[[nodiscard]] std::string_view OwnKeyOf(std::string_view nodeKey);
 /// The object of the project whose node has that key: arguments and local variables too, which no name space knows.
 [[nodiscard]] CodeObject* ObjectOfNode(const clsProjekt& projekt, const NodeId& node);

@@ -40,15 +40,6 @@ bool StandsFor(const CodeObject& target, const CodeObject& object) {
     return variable.MyType == &object || variable.MyEnum == &object;
 }
 
-Colour ColourOfPlace(const CodeObject& object, const clsCall& call, const clsModul& caller) {
-    if (call.Type() == CallType::MayBe)
-        return Colour::CallMayBe;
-    if (IsLocal(object))
-        return Colour::CallLocal;
-    const bool isInside = object.Modul == &caller || &object == &caller;
-    return isInside ? Colour::CallIn : Colour::CallOut;
-}
-
 bool IsNameAt(const CodeObject& object, Pos namePos, Pos pos) {
     return namePos > 0 && pos >= namePos && pos < namePos + Len(object.MyName());
 }
@@ -96,25 +87,6 @@ const CodeObject* NamedAt(const CodeText& page, Pos selStart) {
         if (selStart >= place.name.start && selStart < place.name.start + place.name.length)
             return place.object;
     return nullptr;
-}
-
-// Whose text has the places: not one text shows all of a module.
-const CodeObject& OwnerOfPlaces(const CodeObject& object, CallType type, const CodeObject& caller) {
-    if (caller.Class() != ObjectClass::Modul)
-        return caller;
-    const auto& modul = static_cast<const clsModul&>(caller);
-    const auto hasPlaces = [&](const OutgoingEdges& edges) {
-        for (const clsCall* call : edges)
-            if (Reaches(*call, object, type))
-                return true;
-        return false;
-    };
-    if (hasPlaces(modul.CallsInDeclarations()))
-        return modul;
-    for (const clsProzedur* prozedur : modul.MyProcs)
-        if (hasPlaces(prozedur->CallsAll()) || hasPlaces(prozedur->UsesAll()))
-            return *prozedur;
-    return modul;
 }
 
 template <class Block>
@@ -228,6 +200,15 @@ std::string CodePath_Anzeigen(const Selection& selection) {
     return line;
 }
 
+Colour ColourOfPlace(const CodeObject& target, CallType type, const clsModul& caller) {
+    if (type == CallType::MayBe)
+        return Colour::CallMayBe;
+    if (IsLocal(target))
+        return Colour::CallLocal;
+    const bool isInside = target.Modul == &caller || &target == &caller;
+    return isInside ? Colour::CallIn : Colour::CallOut;
+}
+
 bool Reaches(const clsCall& call, const CodeObject& object, CallType type) {
     const bool isOfType = call.Type() == type || (type == CallType::Really && call.Type() == CallType::Use);
     return isOfType && StandsFor(*call.Parent, object);
@@ -243,7 +224,7 @@ std::vector<CodeSpan> SelectCallMe(const CodeObject& object, CallType type, cons
             if (!Reaches(*call, object, type))
                 continue;
             if (const auto place = shown.Shown(call->CallPos, Len(call->Parent->MyName())))
-                places.push_back({place->start, place->length, ColourOfPlace(*call->Parent, *call, modul)});
+                places.push_back({place->start, place->length, ColourOfPlace(*call->Parent, call->Type(), modul)});
         }
     };
     if (isProzedur) {
@@ -305,6 +286,8 @@ bool CodePane::IsShown(const CodeObject& owner) const {
 
 bool CodePane::ShowText(const clsProjekt& projekt, const CodeObject& owner, CodeText text) {
     text_ = std::move(text);
+    if (text_.shade == Shade::Grey && !projekt.callsKnown)
+        text_.shade = Shade::Faint;
     shownPath_ = owner.CodePath();
     // Users stay in one module for a while: the map of the former module is freed, as it is quickly made again.
     std::string modul = owner.Modul ? owner.Modul->CodePath() : shownPath_;
@@ -405,11 +388,28 @@ CodePane::Change CodePane::Show_Structure(const clsProjekt& projekt, const Selec
 }
 
 CodePane::Change CodePane::SelectCallsOfObject(const clsProjekt& projekt, const CodeObject& object,
-                                               const CodeObject& caller, CallType type) {
-    const CodeObject& owner = OwnerOfPlaces(object, type, caller);
+                                               const clsProzedur& caller, CallType type) {
     Change change;
-    change.newText = ShowOwner(projekt, owner);
-    change.places = SelectCallMe(object, type, owner, text_, LocalsOf(owner));
+    change.newText = ShowOwner(projekt, caller);
+    change.places = SelectCallMe(object, type, caller, text_, LocalsOf(caller));
+    return change;
+}
+
+CodePane::Change CodePane::ShowPlace(const clsProjekt& projekt, const std::vector<CallPlace>& places, std::size_t at) {
+    Change change;
+    change.newText = ShowOwner(projekt, *places[at].owner);
+    for (const CallPlace& place : places)
+        if (&place.Modul() == &places[at].Modul())
+            if (const auto shown = text_.Shown(place.pos, place.Length()))
+                change.places.push_back({shown->start, shown->length, place.What()});
+    // An object can be called and used at one place, and a place can name several members of one name.
+    change.places.erase(std::unique(change.places.begin(), change.places.end(),
+                                    [](const CodeSpan& a, const CodeSpan& b) { return a.start == b.start; }),
+                        change.places.end());
+    const auto current = std::find_if(change.places.begin(), change.places.end(), [&](const CodeSpan& place) {
+        return text_.InModule(place.start) == places[at].pos;
+    });
+    change.currentPlace = static_cast<int>(current - change.places.begin()) + 1;
     return change;
 }
 

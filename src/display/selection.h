@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "display/call_places.h"
 #include "display/code_colours.h"
 #include "display/node_objects.h"
 #include "display/properties.h"
@@ -55,6 +56,8 @@ void SetCalledObject(const clsProjekt& projekt, Selection& selection, const Node
 /// Whether an edge of this kind counts as a call or use of `object`: members count as their type or enumeration, all
 /// that belongs to a module, locals excepted, as the module. A certain call includes uses.
 [[nodiscard]] bool Reaches(const clsCall& call, const CodeObject& object, CallType type);
+/// What a mark at a place means that calls or uses `target`.
+[[nodiscard]] Colour ColourOfPlace(const CodeObject& target, CallType type, const clsModul& caller);
 /// The places of a certain kind at which `caller`, a procedure or the declarations of a module, calls or uses `object`,
 /// rising; with their colours.
 [[nodiscard]] std::vector<CodeSpan> SelectCallMe(const CodeObject& object, CallType type, const CodeObject& caller,
@@ -82,15 +85,18 @@ public:
     struct Change {
         bool newText = false;             // Text() is another one; an empty one clears the view
         std::optional<CodeRange> select;  // to be selected and scrolled to
-        std::vector<CodeSpan> places;     // to be marked, the first one scrolled to when nothing is selected
+        std::vector<CodeSpan> places;     // to be marked
+        int currentPlace = 1;             // that of them to be scrolled to when nothing is selected, from 1
     };
 
     /// What rtbCode shows for the current object.
     [[nodiscard]] Change Show_Structure(const clsProjekt& projekt, const Selection& selection);
-    /// The places where `caller`, a procedure or a module, calls or uses `object`; its text comes up when it is not the
-    /// one shown. That of a module is its declarations, or its first procedure with such places if they have none.
+    /// The places where `caller` calls or uses `object`; its text comes up when it is not the one shown.
     [[nodiscard]] Change SelectCallsOfObject(const clsProjekt& projekt, const CodeObject& object,
-                                             const CodeObject& caller, CallType type);
+                                             const clsProzedur& caller, CallType type);
+    /// The text with the place of this number, and all of the places that it shows.
+    /// @param places  rising within a module
+    [[nodiscard]] Change ShowPlace(const clsProjekt& projekt, const std::vector<CallPlace>& places, std::size_t at);
 
     /// Where a click leads, judged by the text that is shown: SelChanged of its procedure, for which nothing may be
     /// selected, or of its module.

@@ -107,6 +107,8 @@ void Workspace::ForgetObjects() {
     calledBy_.Clear();
     calls_.Clear();
     checked_ = {};
+    edgesShown_ = {};
+    EndWalk();
     ports_.ends();
 }
 
@@ -125,6 +127,7 @@ std::optional<CallCounts> Workspace::ReadCalls() {
     ports_.run("Remove_All_Calls", false, [this] { Remove_All_Calls(*projekt_); });
     const bool isWhole = ports_.run("Who_Calls_Who", true, [this] { Who_Calls_Who(*projekt_); });
     code_.Forget();
+    EndWalk();
     if (isWhole)
         Tote_Untote_Kennzeichnen(*projekt_);
     NoteCostsOfMissingLibraries(*projekt_);
@@ -251,7 +254,7 @@ void Workspace::RefillTree() {
 }
 
 std::optional<Workspace::Shown> Workspace::Activate(const NodeId& id) {
-    BaumNode* const node = projekt_ && id.kind == NodeKind::Object ? tree_.Find(id) : nullptr;
+    BaumNode* const node = projekt_ && id.kind == NodeKind::Object ? tree_.Item(OwnKeyOf(id.key)) : nullptr;
     if (!node)
         return {};
     const LastCodePaths last = Set_LastObjects(selection_);
@@ -266,6 +269,7 @@ Workspace::Shown Workspace::MakeCurrent(BaumNode& node) {
     tree_.Select(&node);
     overviewAsked_ = false;
     current_ = node.Id();
+    EndWalk();
     Set_GlobalObjects_fromNode(*projekt_, selection_, *current_);
     navigation_.AddNavCodeKey(*current_);
     return ShowCurrent();
@@ -336,41 +340,6 @@ CallType Workspace::TypeShown(bool isCaller) const {
     return MayBe(!isCaller) ? CallType::MayBe : CallType::Really;
 }
 
-// The object that has this neighbour: the current one, or the first such of the group.
-const CodeObject* Workspace::OwnerOfNeighbour(const CodeObject& neighbour, bool isCaller) const {
-    const auto isNeighbourOf = [&](const CodeObject& own) {
-        const CallType type = TypeShown(isCaller);
-        return !(isCaller ? CallsText(neighbour, own, type) : CallsText(own, neighbour, type)).empty();
-    };
-    if (groupShown_)
-        for (const CodeObject* checked : checked_.Objects())
-            if (isNeighbourOf(*checked))
-                return checked;
-    return ProcedureOrCurrent();
-}
-
-std::optional<CodePane::Change> Workspace::SelectCallsOfObject(const BaumNode& node, bool isCaller) {
-    const CodeObject* const clicked = ObjectOf(node);
-    const CodeObject* const own = clicked ? OwnerOfNeighbour(*clicked, isCaller) : nullptr;
-    if (!own)
-        return {};
-    SetCalledObject(*projekt_, selection_, node.Id());
-    const CodeObject& caller = isCaller ? *clicked : *own;
-    if (caller.Class() != ObjectClass::Prozedur && caller.Class() != ObjectClass::Modul)
-        return {};
-    const CodePane::Change change =
-        code_.SelectCallsOfObject(*projekt_, isCaller ? *own : *clicked, caller, TypeShown(isCaller));
-    MarkLocalsShown(change);
-    return change;
-}
-
-std::string Workspace::KeyClicked(Pos selStart, Pos selLength) {
-    navigation_.NoteSelection(selStart, selLength);
-    const CodeObject* const object =
-        projekt_ ? code_.ObjectClicked(*projekt_, selection_, selStart, selLength) : nullptr;
-    return object ? NodeKeyOf(*object) : std::string();
-}
-
 void Workspace::SetCheckBoxes(bool shown) {
     checkBoxes_ = shown;
     RenewChecked();
@@ -437,10 +406,13 @@ void Workspace::ShowDependencies() {
 void Workspace::ShowNeighbours() {
     if (!projekt_)
         return;
-    if (groupShown_)
-        return Show_Dependencies_Group(*projekt_, checked_, calledBy_, calls_, mayBeCalledBy_, mayBeCalls_);
-    Show_Dependencies_AllCalledBy(*projekt_, checked_, selection_.CurObject, calledBy_, mayBeCalledBy_);
-    Show_Dependencies_AllCalls(*projekt_, checked_, selection_.CurObject, calls_, mayBeCalls_);
+    if (groupShown_) {
+        edgesShown_ = Show_Dependencies_Group(*projekt_, checked_, calledBy_, calls_, mayBeCalledBy_, mayBeCalls_);
+        return;
+    }
+    const CodeObject* const current = selection_.CurObject;
+    edgesShown_ = {Show_Dependencies_AllCalledBy(*projekt_, checked_, current, calledBy_, mayBeCalledBy_),
+                   Show_Dependencies_AllCalls(*projekt_, checked_, current, calls_, mayBeCalls_)};
 }
 
 std::optional<Workspace::Shown> Workspace::ShowWholeModule(bool whole, bool withHeader) {
@@ -485,7 +457,7 @@ std::vector<std::string> Workspace::HoverText(const BaumNode& node) const {
 std::vector<std::string> Workspace::DependencyHoverText(const BaumNode& node, bool isCaller) const {
     std::vector<std::string> lines = HoverText(node);
     const CodeObject* const object = ObjectOf(node);
-    const CodeObject* const own = object ? OwnerOfNeighbour(*object, isCaller) : nullptr;
+    const CodeObject* const own = object ? OwnerOfNeighbour(node, *object, isCaller) : nullptr;
     if (own) {
         const CallType type = TypeShown(isCaller);
         std::string calls = isCaller ? CallsText(*object, *own, type) : CallsText(*own, *object, type);

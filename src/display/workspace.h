@@ -15,6 +15,7 @@
 #include <vector>
 
 #include "display/baum.h"
+#include "display/call_places.h"
 #include "display/command_table.h"
 #include "display/project_view.h"
 #include "display/selection.h"
@@ -90,10 +91,31 @@ public:
     std::optional<Shown> ActivateLine(const std::string& modulKey, int line);
     /// Shows the current object again, and what the dependency trees showed. Nothing if there is none.
     std::optional<Shown> ShowAgain();
-    /// A node of a dependency tree was clicked: the places of its calls, in the caller's text.
+    /// A node of a dependency tree was clicked: the places of its calls, in the caller's text. Those of a module can
+    /// lie in several texts; the walk then leads over them.
     std::optional<CodePane::Change> SelectCallsOfObject(const BaumNode& node, bool isCaller);
-    /// The key of the object that a click into the code leads to; empty for none.
+    /// The key of the object that a click into the code leads to; empty for none. Notes the selection as that of the
+    /// current place.
     [[nodiscard]] std::string KeyClicked(Pos selStart, Pos selLength);
+    /// Whether there is such an object with a node.
+    [[nodiscard]] bool LeadsOn(Pos selStart, Pos selLength) const;
+    /// Whether the name at a place of the code leads there.
+    [[nodiscard]] bool NameLeadsOn(Pos position) const;
+
+    // References: all places that call or use the current object.
+    /// Nothing while it is not known.
+    [[nodiscard]] std::optional<int> ReferenceCount();
+    [[nodiscard]] std::vector<ReferenceRow> References();
+    /// Why there are none, or none are shown.
+    [[nodiscard]] Text WhyNoReferences() const;
+    /// Begins the walk over them.
+    void WalkReferences();
+    [[nodiscard]] bool WalksReferences() const { return walksReferences_; }
+    // The walk over places that may lie in several texts. Nothing without such a place.
+    [[nodiscard]] const PlaceWalk& Walk() const { return walk_; }
+    std::optional<CodePane::Change> WalkTo(int at);
+    std::optional<CodePane::Change> StepOn(int by);
+    void EndWalk();
 
     // Check boxes. The objects whose boxes are on form a group, whose neighbours the dependency trees show; they are
     // left out as neighbours of other objects. While the boxes are hidden there is no group.
@@ -109,6 +131,11 @@ public:
     /// Why a dependency tree is empty, if it is.
     [[nodiscard]] Text WhyEmpty(bool calls) const;
 
+    /// Adds what calls a neighbour, or what it calls, below its node in a dependency tree.
+    void UnfoldNeighbour(BaumNode& node, bool isCaller);
+    /// Calls and uses that a dependency tree stands for, counted as those of the project; nothing while they are not
+    /// known.
+    [[nodiscard]] std::optional<int> EdgesShown(bool calls) const;
     /// Chooses between certain and possible calls of one tree.
     void SetMayBe(bool calls, bool mayBe);
     /// Fills the dependency trees for the current object.
@@ -162,7 +189,9 @@ private:
     void Expand(const std::vector<NodeId>& nodes);
     bool LoadAgain();
     [[nodiscard]] CodeObject* ProcedureOrCurrent() const;
-    [[nodiscard]] const CodeObject* OwnerOfNeighbour(const CodeObject& neighbour, bool isCaller) const;
+    [[nodiscard]] const CodeObject* OwnerOfNeighbour(const BaumNode& node, const CodeObject& neighbour,
+                                                     bool isCaller) const;
+    [[nodiscard]] std::vector<CallPlace> FindReferences();
     [[nodiscard]] CallType TypeShown(bool isCaller) const;
     [[nodiscard]] const CodeObject* ObjectOf(const BaumNode& node) const;
     [[nodiscard]] Shown MakeCurrent(BaumNode& node);
@@ -182,6 +211,9 @@ private:
     Selection selection_;
     CodePane code_;
     NavigationList navigation_;
+    PlaceWalk walk_;
+    bool walksReferences_ = false;  // and not those of a neighbour
+    EdgeCounts edgesShown_;
     std::optional<NodeId> current_;      // of the current object; survives a generation
     std::set<std::string> localsShown_;  // paths of the procedures whose locals have their marks
     CheckedObjects checked_;             // empty while the boxes are hidden

@@ -298,4 +298,13 @@ enum class Text {
     AskBeforeClosing = 360,
     GraphFileForeign = 361,
     GraphFileTorn = 362,
+    FindCallers = 363,
+    References = 364,
+    EmptyReferences = 365,
+    Use = 366,
+    ReferenceKeys = 367,
+    ShownAbove = 368,
+    NothingToGoTo = 369,
+    FileNotRead = 370,
+    FileNotWritten = 371,
 };

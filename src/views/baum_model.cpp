@@ -2,6 +2,7 @@
 
 #include <QMimeData>
 
+#include "display/node_objects.h"
 #include "platform/code_page.h"
 #include "shell/settings.h"
 #include "views/code_style.h"
@@ -77,6 +78,20 @@ int BaumModel::rowCount(const QModelIndex& parent) const {
     return static_cast<int>(Below(parent).size());
 }
 
+bool BaumModel::hasChildren(const QModelIndex& parent) const {
+    return rowCount(parent) > 0 || canFetchMore(parent);
+}
+
+bool BaumModel::canFetchMore(const QModelIndex& parent) const {
+    const BaumNode* node = NodeAt(parent);
+    return node && node->Unfolds() && unfold_;
+}
+
+void BaumModel::fetchMore(const QModelIndex& parent) {
+    if (canFetchMore(parent))
+        unfold_(*NodeAt(parent));
+}
+
 int BaumModel::columnCount(const QModelIndex&) const {
     return 1;
 }
@@ -142,7 +157,7 @@ QMimeData* BaumModel::mimeData(const QModelIndexList& indexes) const {
     // A root has no object to drag.
     if (node->Kind() != NodeKind::Root)
         mime->setData(QString::fromLatin1(kKeyMimeType),
-                      QByteArray::fromStdString(ActiveCodePage().ToUtf8(node->Key())));
+                      QByteArray::fromStdString(ActiveCodePage().ToUtf8(OwnKeyOf(node->Key()))));
     return mime;
 }
 

@@ -45,6 +45,8 @@ public:
     void SetToolTips(std::function<QString(const BaumNode&)> toolTips) { toolTips_ = std::move(toolTips); }
     /// Sets the source of what screen readers say after the text of a node.
     void SetSpokenTexts(std::function<QString(const BaumNode&)> spokenTexts) { spokenTexts_ = std::move(spokenTexts); }
+    /// Sets what adds the nodes below one that Unfolds, when its user unfolds it.
+    void SetUnfold(std::function<void(BaumNode&)> unfold) { unfold_ = std::move(unfold); }
     /// Sets the look of ordinary text; bold, italic and dimmed text are derived from it.
     void SetLooks(const QFont& font, const QPalette& palette);
     /// Renders all icons again, as after a change of the palette.
@@ -56,6 +58,9 @@ public:
     [[nodiscard]] QModelIndex index(int row, int column, const QModelIndex& parent = {}) const override;
     [[nodiscard]] QModelIndex parent(const QModelIndex& index) const override;
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] bool hasChildren(const QModelIndex& parent = {}) const override;
+    [[nodiscard]] bool canFetchMore(const QModelIndex& parent) const override;
+    void fetchMore(const QModelIndex& parent) override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role = Qt::DisplayRole) const override;
     /// Takes check marks only.
@@ -99,6 +104,7 @@ private:
     bool hidden_ = false;
     bool checkBoxes_ = false;
     std::function<QString(const BaumNode&)> toolTips_, spokenTexts_;
+    std::function<void(BaumNode&)> unfold_;
     QFont fonts_[2][2];  // [bold][italic]
     QBrush dimmed_;
     QColor ground_;  // background of the texts

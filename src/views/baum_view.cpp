@@ -11,6 +11,7 @@
 #include <QStyleHints>
 #include <QToolTip>
 
+#include "display/node_objects.h"
 #include "platform/code_page.h"
 #include "shell/settings.h"
 #include "views/code_style.h"
@@ -30,6 +31,10 @@ bool BeginsWith(std::string_view text, std::string_view lowerStart) {
         if (lower[static_cast<unsigned char>(text[i])] != static_cast<unsigned char>(lowerStart[i]))
             return false;
     return true;
+}
+
+bool IsCtrlClick(const QMouseEvent& event) {
+    return event.button() == Qt::LeftButton && event.modifiers().testFlag(Qt::ControlModifier);
 }
 
 // The node in the line below, or null at the end.
@@ -139,6 +144,17 @@ void BaumView::Activate(const QModelIndex& index) {
         Q_EMIT NodeActivated(id.key);
 }
 
+std::string BaumView::ObjectAt(const QModelIndex& index) const {
+    const BaumNode* node = model_->NodeAt(index);
+    return node && node->Kind() == NodeKind::Object ? std::string(OwnKeyOf(node->Key())) : std::string();
+}
+
+void BaumView::GoTo(const QModelIndex& index) {
+    repeatedKeys_.stop();
+    if (const std::string key = ObjectAt(index); !key.empty())
+        Q_EMIT GoToAsked(key);
+}
+
 // Moves the current line to the selection of the Baum.
 void BaumView::ShowSelected() {
     const QModelIndex selected = model_->IndexOf(Tree().Selected());
@@ -204,6 +220,8 @@ void BaumView::keyPressEvent(QKeyEvent* event) {
     const QModelIndex before = currentIndex();
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     hasChecked_ = false;
+    if (isEnter && leadsOn_)
+        return GoTo(before);
     QTreeView::keyPressEvent(event);
     // Enter shows the current node again, such as after a click elsewhere.
     if (currentIndex() == before && !isEnter)
@@ -223,19 +241,19 @@ void BaumView::keyReleaseEvent(QKeyEvent* event) {
 
 void BaumView::mousePressEvent(QMouseEvent* event) {
     hasChecked_ = false;
-    // Qt would select the node on a right click, but the selection has to stay on the object shown.
-    if (event->button() == Qt::RightButton)
+    // Qt would select the node on a right click, but the selection has to stay on the object shown. With Ctrl it would
+    // take the selection away.
+    if (event->button() == Qt::RightButton || IsCtrlClick(*event))
         event->accept();
     else
         QTreeView::mousePressEvent(event);
 }
 
 void BaumView::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() == Qt::RightButton) {
+    if (event->button() == Qt::RightButton || IsCtrlClick(*event)) {
         event->accept();
-        const BaumNode* node = model_->NodeAt(indexAt(event->position().toPoint()));
-        if (node && node->Kind() == NodeKind::Object)
-            Q_EMIT NodeContext(std::string(node->Key()));
+        if (leadsOn_ || event->button() != Qt::RightButton)
+            GoTo(indexAt(event->position().toPoint()));
         return;
     }
     QTreeView::mouseReleaseEvent(event);
@@ -247,7 +265,7 @@ void BaumView::mouseReleaseEvent(QMouseEvent* event) {
 void BaumView::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
     const bool byMouse = event->reason() == QContextMenuEvent::Mouse;
-    if (byMouse && rightClickTells_)
+    if (byMouse && leadsOn_)
         return;
     const QModelIndex index = byMouse ? indexAt(event->pos()) : currentIndex();
     if (!index.isValid())

@@ -28,8 +28,10 @@ public:
     void SetTexte(Text name, Text empty);
     /// Shows another text in the empty pane, until the next SetTexte.
     void SetEmptyText(const QString& text);
-    /// A right click only emits NodeContext; the menu is then opened with the keyboard.
-    void SetRightClickTells(bool tells) { rightClickTells_ = tells; }
+    /// A right click and Enter go to the object, as a click does something else; the menu is then opened with the
+    /// keyboard.
+    void SetLeadsOn(bool leadsOn) { leadsOn_ = leadsOn; }
+    void SetUnfold(std::function<void(BaumNode&)> unfold) { model_->SetUnfold(std::move(unfold)); }
     /// Nodes of all trees may be dropped here, or copied there and pasted here.
     void SetAcceptsKeys(bool accepts);
 
@@ -43,14 +45,19 @@ public:
     void CopyCodePath() const { CopyNode(currentIndex(), PathOf); }
     void CopyAsText() const { CopyNode(currentIndex(), TreeOf); }
 
+    /// The key of the current node's object in the project tree; empty for none.
+    [[nodiscard]] std::string CurrentObject() const { return ObjectAt(currentIndex()); }
+
     void keyboardSearch(const QString& search) override;
 
 Q_SIGNALS:
-    // Only nodes of objects are activated or asked for their context.
+    // Only of nodes of objects.
     /// By a click, or by moving there with the keyboard.
     void NodeActivated(const std::string& key);
-    /// By a right click.
-    void NodeContext(const std::string& key);
+    /// By the menu, Ctrl+click, or what SetLeadsOn says. The key is that of the object's node in the project.
+    void GoToAsked(const std::string& key);
+    /// By the menu. The same key.
+    void CallersAsked(const std::string& key);
     void NodeChecked(BaumNode& node);
     void KeyDropped(const std::string& key);
 
@@ -71,6 +78,8 @@ protected:
 private:
     void Wire();
     void Activate(const QModelIndex& index);
+    void GoTo(const QModelIndex& index);
+    [[nodiscard]] std::string ObjectAt(const QModelIndex& index) const;
     void ShowSelected();
     void Restore();
     void UpdateLooks();
@@ -90,7 +99,7 @@ private:
     Text name_ = Text::None;
     Text empty_ = Text::None;
     QString emptyText_;
-    bool rightClickTells_ = false;
+    bool leadsOn_ = false;
     bool acceptsKeys_ = false;
     bool hasChecked_ = false;  // by the mouse click in progress, which then must not activate the node
     int scrollBeforeFill_ = 0;

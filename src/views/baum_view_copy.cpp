@@ -13,6 +13,7 @@
 #include "project/start.h"
 #include "views/baum_view.h"
 #include "views/commands.h"
+#include "views/context_ways.h"
 #include "views/qt_text.h"
 
 namespace {
@@ -72,6 +73,11 @@ void BaumView::ShowMenu(const QModelIndex& index, const QPoint& globalPos) {
     const auto copy = [this, id = node->Id()](QString (*what)(const BaumNode&)) {
         return [this, id, what] { CopyNode(model_->IndexOf(Tree().Find(id)), what); };
     };
+    const std::string object = ObjectAt(index);
+    using Way = std::function<void()>;
+    AddWays(
+        *menu, object.empty() ? Way() : [this, object] { Q_EMIT GoToAsked(object); },
+        object.empty() ? Way() : [this, object] { Q_EMIT CallersAsked(object); });
     menu->addAction(TextNr(Text::CopyName), this, copy(TextOf));
     menu->addAction(TextNr(Text::CopyCodePath), this, copy(PathOf))->setEnabled(HasCodePath(*node));
     menu->addAction(TextNr(Text::CopyAsText), this, copy(TreeOf));

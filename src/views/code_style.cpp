@@ -52,10 +52,12 @@ QColor Dimmed(const QPalette& palette, const QColor& ground) {
     return Readable(Mixed(ground, palette.color(QPalette::Text), 0.6), ground);
 }
 
-QColor CodeGround(const QPalette& palette, bool onGrey) {
+QColor CodeGround(const QPalette& palette, Shade shade) {
     const QColor base = palette.color(QPalette::Base);
-    // Black over white gives (240, 240, 240).
-    return onGrey ? Mixed(base, palette.color(QPalette::Text), 0.0588) : base;
+    if (shade == Shade::Plain)
+        return base;
+    // Black over white gives (240, 240, 240), and half of that.
+    return Mixed(base, palette.color(QPalette::Text), shade == Shade::Grey ? 0.0588 : 0.0294);
 }
 
 QTextCharFormat StyleOf(Colour what, const QColor& ground, const Settings& settings) {

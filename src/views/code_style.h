@@ -21,8 +21,8 @@
 [[nodiscard]] QColor Mixed(const QColor& ground, const QColor& top, double share);
 /// The ink of less important text on `ground`: paler than ordinary text, and still readable.
 [[nodiscard]] QColor Dimmed(const QPalette& palette, const QColor& ground);
-/// The background of code: the palette's base, and a greyer one for dead procedures.
-[[nodiscard]] QColor CodeGround(const QPalette& palette, bool onGrey);
+/// The background of code: the palette's base, or a greyer one.
+[[nodiscard]] QColor CodeGround(const QPalette& palette, Shade shade);
 
 /// Style of a meaning: possible calls have a dotted underline, results of functions are bold, inactive code is italic.
 [[nodiscard]] QTextCharFormat StyleOf(Colour what, const QColor& ground, const Settings& settings);

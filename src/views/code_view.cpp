@@ -1,26 +1,20 @@
 #include "views/code_view.h"
 
 #include <QApplication>
-#include <QContextMenuEvent>
 #include <QFontDatabase>
-#include <QHelpEvent>
 #include <QKeyEvent>
-#include <QMenu>
 #include <QMimeData>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QPlainTextDocumentLayout>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextLayout>
-#include <QToolTip>
 #include <QWheelEvent>
 #include <algorithm>
 #include <array>
 
 #include "platform/code_page.h"
 #include "views/code_style.h"
-#include "views/commands.h"
 #include "views/qt_text.h"
 
 namespace {
@@ -63,6 +57,7 @@ CodeView::CodeView(const Settings& settings, QWidget* parent)
     setLineWrapMode(NoWrap);
     // Read only, so Tab has nothing to insert: it leaves the widget as in a form.
     setTabChangesFocus(true);
+    viewport()->setMouseTracking(true);
     setCenterOnScroll(false);
     // A line that begins with a right-to-left word is still a line of code.
     QTextOption leftToRight = document()->defaultTextOption();
@@ -93,10 +88,11 @@ void CodeView::Show(const CodeText& code) {
         text_ = DecodedText(code.text, page, BoundsOfTexts(code.spans));
     spans_ = code.spans;
     firstLine_ = code.firstLine;
-    onGrey_ = code.onGrey;
+    shade_ = code.shade;
     const bool hadPlaces = !places_.empty();
     places_.clear();
     currentPlace_ = 0;
+    pointedAt_ = -1;
     setExtraSelections({});
     ApplyGround();
     setUpdatesEnabled(false);
@@ -140,7 +136,7 @@ void CodeView::ApplySpans() {
 }
 
 QColor CodeView::Ground() const {
-    return CodeGround(palette(), onGrey_);
+    return CodeGround(palette(), shade_);
 }
 
 void CodeView::ApplyGround() {
@@ -188,10 +184,10 @@ void CodeView::ScrollTo(int from, int to) {
         centerCursor();
 }
 
-void CodeView::MarkPlaces(std::vector<CodeSpan> places) {
+void CodeView::MarkPlaces(std::vector<CodeSpan> places, int current) {
     const bool hadPlaces = !places_.empty();
     places_ = std::move(places);
-    currentPlace_ = 0;
+    currentPlace_ = current - 1;
     if (!places_.empty())
         StepToPlace(+1);
     else
@@ -234,53 +230,6 @@ Pos CodeView::SelLength() const {
     return text_.ToByte(textCursor().selectionEnd()) - SelStart();
 }
 
-Pos CodeView::ByteAt(QPoint point) const {
-    QTextCursor cursor = cursorForPosition(point);
-    QRect place = cursorRect(cursor);
-    // cursorForPosition gives the nearest gap between characters, which can be the one after the character pointed at.
-    if (point.x() < place.left() && !cursor.atBlockStart()) {
-        cursor.movePosition(QTextCursor::PreviousCharacter);
-        place = cursorRect(cursor);
-    }
-    const bool isBesideText = point.x() < place.left() - kGutterGap || cursor.atBlockEnd() ||
-                              point.y() > place.bottom() || point.y() < place.top();
-    return isBesideText ? -1 : text_.ToByte(cursor.position());
-}
-
-void CodeView::mousePressEvent(QMouseEvent* event) {
-    if (event->button() != Qt::RightButton) {
-        QPlainTextEdit::mousePressEvent(event);
-        return;
-    }
-    // A right click refers to the text under the pointer, unless that is part of the selection, which the user wants to
-    // copy.
-    event->accept();
-    const QPoint point = event->position().toPoint();
-    const Pos byte = ByteAt(point);
-    const bool isInSelection = SelLength() > 0 && byte >= SelStart() && byte < SelStart() + SelLength();
-    if (!isInSelection) {
-        QTextCursor cursor = byte >= 0 ? textCursor() : cursorForPosition(point);
-        if (byte >= 0)
-            cursor.setPosition(text_.ToUtf16(byte));
-        setTextCursor(cursor);
-    }
-    setFocus(Qt::MouseFocusReason);
-    Q_EMIT PositionClicked(SelStart(), SelLength());
-}
-
-void CodeView::contextMenuEvent(QContextMenuEvent* event) {
-    event->accept();
-    if (event->reason() != QContextMenuEvent::Keyboard)
-        return;  // the right button goes to the object
-    auto* menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addAction(TextNr(Text::GoToObject), this, [this] { Q_EMIT PositionClicked(SelStart(), SelLength()); });
-    menu->addAction(TextNr(Text::Copy), this, &CodeView::copy)->setEnabled(textCursor().hasSelection());
-    menu->addAction(TextNr(Text::SelectAll), this, &CodeView::selectAll);
-    Commands::GiveLetters(menu->actions());
-    menu->popup(event->globalPos());
-}
-
 QMimeData* CodeView::createMimeDataFromSelection() const {
     const QTextCursor cursor = textCursor();
     auto* mime = new QMimeData;
@@ -316,19 +265,6 @@ void CodeView::wheelEvent(QWheelEvent* event) {
     event->accept();
     if (event->angleDelta().y() != 0)
         SetZoom(zoom_ + (event->angleDelta().y() > 0 ? 1 : -1));
-}
-
-bool CodeView::viewportEvent(QEvent* event) {
-    if (event->type() != QEvent::ToolTip)
-        return QPlainTextEdit::viewportEvent(event);
-    const auto* help = static_cast<QHelpEvent*>(event);
-    const Pos byte = toolTipSource_ ? ByteAt(help->pos()) : -1;
-    const QString tip = byte >= 0 ? toolTipSource_(byte) : QString();
-    if (tip.isEmpty())
-        QToolTip::hideText();
-    else
-        QToolTip::showText(help->globalPos(), tip, viewport());
-    return true;
 }
 
 void CodeView::changeEvent(QEvent* event) {

@@ -25,8 +25,8 @@ public:
     void Clear() { Show({}); }
     /// Selects a stretch and scrolls so that it can be seen.
     void Select(CodeRange range);
-    /// Marks places, scrolls to the first and makes it the current one. An empty list removes the marks.
-    void MarkPlaces(std::vector<CodeSpan> places);
+    /// Marks places and scrolls to the current one, counted from 1. An empty list removes the marks.
+    void MarkPlaces(std::vector<CodeSpan> places, int current = 1);
 
     [[nodiscard]] int Zoom() const { return zoom_; }
     [[nodiscard]] Pos SelStart() const;
@@ -40,6 +40,13 @@ public:
     /// Gives the tool tip of a position; without one, or with an empty answer, there is none.
     void SetToolTipSource(std::function<QString(Pos)> source) { toolTipSource_ = std::move(source); }
 
+    /// Where the code leads to objects.
+    struct Ways {
+        std::function<bool(Pos start, Pos length)> leadsOn;  // from a selection
+        std::function<bool(Pos)> isLink;                     // whether a name there leads on
+    };
+    void SetWays(Ways ways) { ways_ = std::move(ways); }
+
 public Q_SLOTS:
     /// Goes to the next or previous marked place, and from one end to the other.
     void NextPlace() { StepToPlace(+1); }
@@ -51,14 +58,17 @@ public Q_SLOTS:
     void SetZoom(int zoom);
 
 Q_SIGNALS:
-    /// Right click, context-menu key or Enter: lead from here to the object.
+    /// Right click, Ctrl+click, Enter or menu: lead from here to the object.
     void PositionClicked(int selStart, int selLength);
+    /// Menu: the callers of the object that this place leads to, or of the current one.
+    void CallersAsked();
     /// A place became the current one, from 1; 0 of 0 after the marks were removed.
     void PlaceChanged(int index, int count);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
@@ -81,6 +91,9 @@ private:
     void ScrollTo(int from, int to);
     /// Byte of the character under a point of the viewport, or -1 beside all text.
     [[nodiscard]] Pos ByteAt(QPoint point) const;
+    /// Moves the cursor to the text under a point, unless that is part of the selection.
+    void PointTo(QPoint point);
+    [[nodiscard]] bool LeadsOn() const;
     [[nodiscard]] QColor Ground() const;
 
     const Settings& settings_;
@@ -89,9 +102,12 @@ private:
     std::vector<CodeSpan> places_;
     int currentPlace_ = 0;
     int firstLine_ = 0;
-    bool onGrey_ = false;
+    Shade shade_ = Shade::Plain;
     int zoom_ = 0;
     QWidget* gutter_ = nullptr;
     QString emptyText_;
     std::function<QString(Pos)> toolTipSource_;
+    Ways ways_;
+    Pos pointedAt_ = -1;      // the byte under the pointer
+    bool hasJumped_ = false;  // by the right click in progress, which then opens no menu
 };

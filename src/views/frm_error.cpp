@@ -29,6 +29,28 @@ QString TextOr(Text number, const QString& word) {
     return text.isEmpty() ? word : text;
 }
 
+bool IsOfWriting(const ErrorReport& report) {
+    return report.file == FileError::NoSpace || report.file == FileError::NotWritable ||
+           ProblemMeaning(report.tag) == Text::ReportIncomplete;
+}
+
+QString WhatHappened(const ErrorReport& report, const QString& file) {
+    if (file.isEmpty())
+        return TextNr(Text::ErrorOccurred);
+    if (report.file == FileError::None)
+        return TextNr(Text::ErrorInFile, file);
+    return TextNr(IsOfWriting(report) ? Text::FileNotWritten : Text::FileNotRead, file);
+}
+
+// What can be done about it, what it means for the results, and that one may go on.
+QString Advice(const ErrorReport& report) {
+    QStringList sentences;
+    for (const Text text : {CauseAndRemedy(report.file), ProblemMeaning(report.tag), Text::ErrorAdvice})
+        if (text != Text::None)
+            sentences.append(TextNr(text));
+    return sentences.join(QLatin1Char(' '));
+}
+
 }  // namespace
 
 QString frmError::SupportAddress() {
@@ -129,7 +151,7 @@ frmError::frmError(QWidget* parent, const QString& supportAddress)
 void frmError::Texte() {
     setWindowTitle(ToQString(kProgramTitle));
     ShowHeading();
-    advice_->setText(TextNr(report_.file == FileError::None ? Text::ErrorAdvice : CauseAndRemedy(report_.file)));
+    advice_->setText(Advice(report_));
     details_->setText(TextNr(Text::TechnicalDetails));
     txtError_->setAccessibleName(TextNr(Text::TechnicalDetails));
     cmdCopy_->setText(TextNr(Text::Copy));
@@ -146,7 +168,7 @@ void frmError::Texte() {
 
 void frmError::ShowHeading() {
     const QString file = ToQString(modMain::DirOrFileName(report_.subject, 0));
-    heading_->setText(file.isEmpty() ? TextNr(Text::ErrorOccurred) : TextNr(Text::ErrorInFile, file));
+    heading_->setText(WhatHappened(report_, file));
     subject_->SetText(ToQString(ShownPath(report_.subject)));
     subject_->setVisible(!file.isEmpty());
 }

@@ -94,6 +94,7 @@ frmMain::frmMain(Files& files, SettingsFile& file, Settings settings, std::strin
     BuildPanes();
     WireTrees();
     WireCode();
+    WireWays();
     WireOverview();
     WireDialogs();
     WireCommands();
@@ -146,12 +147,14 @@ void frmMain::BuildPanes() {
 
 void frmMain::WireTrees() {
     const auto hover = [this](const BaumNode& node) { return ToolTipOf(workspace_.HoverText(node)); };
-    const auto goTo = [this](const std::string& key) { ActivateKey(key); };
-    for (BaumView* tree : {&BaumProjekt(), &calledByPane_->Tree(), &callsPane_->Tree(), &lower_->BaumDLL()})
+    for (BaumView* tree : {&BaumProjekt(), &calledByPane_->Tree(), &callsPane_->Tree(), &lower_->BaumDLL()}) {
         tree->SetSpokenTexts(
             [this](const BaumNode& node) { return QString::fromStdString(workspace_.SpokenText(node)); });
+        connect(tree, &BaumView::GoToAsked, this, &frmMain::GoTo);
+        connect(tree, &BaumView::CallersAsked, this, &frmMain::FindCallersOf);
+    }
     BaumProjekt().SetToolTips(hover);
-    connect(&BaumProjekt(), &BaumView::NodeActivated, this, goTo);
+    connect(&BaumProjekt(), &BaumView::NodeActivated, this, [this](const std::string& key) { ActivateKey(key); });
     connect(&BaumProjekt(), &BaumView::NodeChecked, this, [this](BaumNode& node) {
         if (const auto shown = workspace_.NodeChecked(node))
             Show(*shown);
@@ -169,10 +172,9 @@ void frmMain::WireTrees() {
         });
         connect(&view, &BaumView::NodeActivated, this,
                 [this, isCaller](const std::string& key) { SelectCallsOfObject(key, isCaller); });
-        connect(&view, &BaumView::NodeContext, this, goTo);
+        view.SetUnfold([this, isCaller](BaumNode& node) { workspace_.UnfoldNeighbour(node, isCaller); });
     }
     lower_->BaumDLL().SetToolTips(hover);
-    connect(&lower_->BaumDLL(), &BaumView::NodeContext, this, goTo);
     connect(&lower_->BaumDLL(), &BaumView::KeyDropped, this,
             [this](const std::string& key) { workspace_.Collect(key); });
     connect(&project_->Search(), &SearchBar::ObjectChosen, this, [this](const std::string& path) {
@@ -258,6 +260,7 @@ void frmMain::frmMainTexte() {
     dialogs_.problems->Texte();
     ShowMayBe(false);
     ShowMayBe(true);
+    RenewReferences();
     status_->Message({});
     status_->ShowCounts(gProjekt.get(), workspace_.CallsRead());
     ShowProblems();

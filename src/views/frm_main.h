@@ -5,6 +5,7 @@
 #include <QMainWindow>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "display/workspace.h"
@@ -125,6 +126,16 @@ private:
     void Activate_Checked();
     void OptionsApplied();
     [[nodiscard]] BaumView& TreeInUse() const;
+
+    // frm_main_places.cpp
+    void WireWays();
+    [[nodiscard]] std::string KeyInFocus();
+    void GoTo(const std::string& key);
+    void FindCallersOf(const std::string& key);
+    void RenewReferences();
+    void StepPlace(int by);
+    void ShowReference(int row, bool stays);
+    void ShowWalk(const std::optional<CodePane::Change>& change);
 
     // frm_main_selection.cpp
     void GenerationEnds();

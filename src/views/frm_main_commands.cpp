@@ -89,8 +89,6 @@ void frmMain::WireCommands() {
     Wire(Command::ZoomPlus, [this](bool) { rtbCode().ZoomIn(); });
     Wire(Command::ZoomMinus, [this](bool) { rtbCode().ZoomOut(); });
     Wire(Command::ZoomNo, [this](bool) { rtbCode().ZoomReset(); });
-    Wire(Command::NextPlace, [this](bool) { rtbCode().NextPlace(); });
-    Wire(Command::PreviousPlace, [this](bool) { rtbCode().PreviousPlace(); });
     Wire(Command::CalledByReally, [this](bool) { SetMayBe(false, false); });
     Wire(Command::CalledByMaybe, [this](bool) { SetMayBe(false, true); });
     Wire(Command::CallsReally, [this](bool) { SetMayBe(true, false); });

@@ -12,6 +12,7 @@
 #include "views/path_line.h"
 #include "views/properties_grid.h"
 #include "views/qt_text.h"
+#include "views/references_list.h"
 #include "views/search_bar.h"
 #include "views/tree_panes.h"
 
@@ -21,6 +22,7 @@ void frmMain::GenerationEnds() {
     content_->Clear();
     rtbCodePath_->Show({});
     lower_->Properties().Clear();
+    RenewReferences();
     ShowNow();
 }
 
@@ -51,6 +53,7 @@ void frmMain::Show(const Workspace::Shown& shown) {
     ShowCode(shown.code);
     if (shown.properties)
         lower_->Properties().Show(*shown.properties);
+    RenewReferences();
     rtbCodePath_->Show(shown.path, IconFor(shown.image));
     commands_->SetImage(Command::CallsModule, workspace_.CallsRead() ? "CallsRead" : "CallsReadNot");
     ShowContent();
@@ -89,7 +92,7 @@ void frmMain::ShowCode(const CodePane::Change& change) {
         rtbCode().Show(workspace_.Code().Text());
         code_->ShowHeaderLine(workspace_.HeaderLines(), workspace_.Code().HasHeader());
     }
-    rtbCode().MarkPlaces(change.places);
+    rtbCode().MarkPlaces(change.places, change.currentPlace);
     if (change.select)
         rtbCode().Select(*change.select);
 }
@@ -99,8 +102,13 @@ void frmMain::SelectCallsOfObject(const std::string& key, bool isCaller) {
     const BaumNode* node = (isCaller ? workspace_.CalledBy() : workspace_.Calls()).Item(key);
     if (!node)
         return;
-    if (const auto change = workspace_.SelectCallsOfObject(*node, isCaller))
+    const std::optional<CodePane::Change> change = workspace_.SelectCallsOfObject(*node, isCaller);
+    if (workspace_.Walk().Count() > 0) {
+        ShowWalk(change);
+    } else if (change) {
+        ShowContent();
         ShowCode(*change);
+    }
 }
 
 void frmMain::GoBackOrOn(bool back) {
@@ -122,7 +130,6 @@ void frmMain::GoBackOrOn(bool back) {
 
 void frmMain::SetMayBe(bool calls, bool mayBe) {
     workspace_.SetMayBe(calls, mayBe);
-    ShowMayBe(calls);
     ShowNow();
     if (workspace_.Current().CurObject)
         // The button takes the focus, but arrow keys should go on in the tree.
@@ -134,7 +141,8 @@ void frmMain::ShowMayBe(bool calls) {
     Commands& command = *commands_;
     command[calls ? Command::CallsReally : Command::CalledByReally].setChecked(!mayBe);
     command[calls ? Command::CallsMaybe : Command::CalledByMaybe].setChecked(mayBe);
-    (calls ? callsPane_ : calledByPane_)->ShowCaption(TextNr(calls ? Text::Calls : Text::CalledBy), mayBe);
+    (calls ? callsPane_ : calledByPane_)
+        ->ShowCaption(WithCount(TextNr(calls ? Text::Calls : Text::CalledBy), workspace_.EdgesShown(calls)), mayBe);
 }
 
 void frmMain::ToggleCheckBoxes(bool on) {
@@ -159,11 +167,13 @@ void frmMain::ShowAboutNeighbours() {
         DependencyPane& pane = calls ? *callsPane_ : *calledByPane_;
         pane.ShowFilter(text);
         pane.ShowWhyEmpty(workspace_.WhyEmpty(calls));
+        ShowMayBe(calls);
     }
 }
 
 void frmMain::ShowNow() {
     ShowAboutNeighbours();
     project_->ShowPreliminary(gProjekt && !workspace_.CallsRead());
-    commands_->Activate(workspace_.Now(rtbCode().PlaceCount() > 0));
+    const bool hasReferences = lower_->References().isVisible() && lower_->References().Count() > 0;
+    commands_->Activate(workspace_.Now(rtbCode().PlaceCount() > 0 || workspace_.Walk().Count() > 0 || hasReferences));
 }

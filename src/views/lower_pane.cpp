@@ -5,19 +5,25 @@
 #include "views/baum_view.h"
 #include "views/properties_grid.h"
 #include "views/qt_text.h"
+#include "views/references_list.h"
 
 LowerPane::LowerPane(Baum& collected, const Settings& settings, QWidget* parent)
-    : QTabWidget(parent), properties_(new PropertiesGrid(this)), collected_(new BaumView(collected, settings, this)) {
+    : QTabWidget(parent),
+      properties_(new PropertiesGrid(this)),
+      references_(new ReferencesList(this)),
+      collected_(new BaumView(collected, settings, this)) {
     setDocumentMode(true);
     properties_->HideHeading();  // its tab says the same
     collected_->SetAcceptsKeys(true);
     addTab(properties_, QString());
+    addTab(references_, QString());
     addTab(collected_, QString());
     tabBar()->setChangeCurrentOnDrag(true);
     tabBar()->setExpanding(false);
-    // In a narrow pane names are shortened, so that both tabs stay visible as targets for a drop.
+    // In a narrow pane names are shortened, so that all tabs stay visible as targets for a drop; in the middle, as the
+    // number of references comes last.
     tabBar()->setUsesScrollButtons(false);
-    setElideMode(Qt::ElideRight);
+    setElideMode(Qt::ElideMiddle);
     // The tab bar takes the focus itself. As QTabWidget's focus proxy it would get the focus back each time Tab leaves
     // it.
     setFocusProxy(nullptr);
@@ -26,11 +32,23 @@ LowerPane::LowerPane(Baum& collected, const Settings& settings, QWidget* parent)
 
 void LowerPane::Texte() {
     setAccessibleName(TextNr(Text::Properties));
-    setTabText(0, TextNr(Text::Properties));
-    setTabText(1, TextNr(Text::CollectedModules));
-    for (int tab = 0; tab < count(); ++tab)
-        setTabToolTip(tab, tabText(tab));
+    NameTabs();
     properties_->Texte();
+    references_->Texte();
     collected_->SetTexte(Text::CollectedModules, Text::EmptyCollectedTree);
     collected_->Texte();
+}
+
+void LowerPane::RenewReferences(std::optional<int> count, const QString& whyNone) {
+    referenceCount_ = count;
+    references_->Renew(count.value_or(0), whyNone);
+    NameTabs();
+}
+
+void LowerPane::NameTabs() {
+    setTabText(indexOf(properties_), TextNr(Text::Properties));
+    setTabText(indexOf(references_), WithCount(TextNr(Text::References), referenceCount_));
+    setTabText(indexOf(collected_), TextNr(Text::CollectedModules));
+    for (int tab = 0; tab < count(); ++tab)
+        setTabToolTip(tab, tabText(tab));
 }

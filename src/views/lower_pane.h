@@ -1,11 +1,14 @@
-// The tabs with the properties of the current object and with the modules collected by dragging.
+// The tabs with the properties of the current object, with all places that call or use it, and with the modules
+// collected by dragging.
 #pragma once
 
 #include <QTabWidget>
+#include <optional>
 
 class Baum;
 class BaumView;
 class PropertiesGrid;
+class ReferencesList;
 struct Settings;
 
 class LowerPane final : public QTabWidget {
@@ -15,10 +18,17 @@ public:
     /// @param collected  the tree that takes what is dropped
     LowerPane(Baum& collected, const Settings& settings, QWidget* parent = nullptr);
     [[nodiscard]] PropertiesGrid& Properties() const { return *properties_; }
+    [[nodiscard]] ReferencesList& References() const { return *references_; }
+    /// The rows of the list are others now; its tab says how many, if that is known.
+    void RenewReferences(std::optional<int> count, const QString& whyNone);
     [[nodiscard]] BaumView& BaumDLL() const { return *collected_; }
     void Texte();
 
 private:
+    void NameTabs();
+
     PropertiesGrid* properties_;
+    ReferencesList* references_;
     BaumView* collected_;
+    std::optional<int> referenceCount_;
 };

@@ -83,6 +83,8 @@ void MainMenus::Fill() {
                             Command::CallsReally,
                             Command::CallsMaybe,
                             {},
+                            Command::GoTo,
+                            Command::FindCallers,
                             Command::NextPlace,
                             Command::PreviousPlace});
 

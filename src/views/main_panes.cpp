@@ -208,6 +208,11 @@ void MainPanes::ShowTree() {
     picSplitY().SetFolded(false);
 }
 
+void MainPanes::ShowLower() {
+    if (!IsCalls())
+        contentX_->SetFolded(false);
+}
+
 void MainPanes::Restore(const WindowSize& size) {
     stored_ = size;
     placed_ = false;

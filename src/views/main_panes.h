@@ -35,8 +35,9 @@ public:
     [[nodiscard]] FoldSplitter& picSplitX() const;
     [[nodiscard]] FoldSplitter& picSplitY() const;
 
-    /// Unfolds what hides the project tree.
+    /// Unfold what hides the project tree, or the pane below it.
     void ShowTree();
+    void ShowLower();
 
     /// Places in twips and folds, of both arrangements; values never stored keep their defaults.
     void Restore(const WindowSize& size);

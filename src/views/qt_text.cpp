@@ -42,6 +42,10 @@ QString NumberText(qlonglong number) {
     return QString::fromStdString(Utf8Number(number));
 }
 
+QString WithCount(const QString& caption, std::optional<int> count) {
+    return count ? QStringLiteral("%1 (%2)").arg(caption, NumberText(*count)) : caption;
+}
+
 QString ShareText(qlonglong part, qlonglong whole) {
     if (whole == 0)
         return {};

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -20,6 +21,9 @@
 
 /// A number with the separators of the program's language.
 [[nodiscard]] QString NumberText(qlonglong number);
+
+/// A caption and how many it stands for: "Called by (132)"; the caption alone while that is not known.
+[[nodiscard]] QString WithCount(const QString& caption, std::optional<int> count);
 
 /// A part of a whole with one decimal: "4.3%"; empty for a whole of 0.
 [[nodiscard]] QString ShareText(qlonglong part, qlonglong whole);

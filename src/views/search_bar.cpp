@@ -7,9 +7,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListView>
-#include <QPainter>
-#include <QStyledItemDelegate>
-#include <QTextLayout>
 #include <QToolButton>
 #include <QVBoxLayout>
 
@@ -18,16 +15,14 @@
 #include "model/clsProjekt.h"
 #include "project/start.h"
 #include "shell/words.h"
-#include "views/code_style.h"
 #include "views/icons.h"
 #include "views/qt_text.h"
+#include "views/two_line_delegate.h"
 
 namespace {
 
 constexpr std::size_t kMostHits = 200;
 constexpr int kMargin = 6;
-
-using Formats = QList<QTextLayout::FormatRange>;
 
 // Ranges of bytes as ranges of the characters they are shown as.
 QVariantList ShownRanges(std::string_view name, const std::vector<MatchedRange>& ranges) {
@@ -49,79 +44,6 @@ QString About(const CodeObject& object) {
         place = ToQString(static_cast<const clsTypeLib&>(object).Description);
     return place.isEmpty() ? about : about + QStringLiteral(" \u00B7 ") + place;
 }
-
-// Two lines: the name with the typed letters bold, below it what the object is and where.
-class HitDelegate final : public QStyledItemDelegate {
-public:
-    using QStyledItemDelegate::QStyledItemDelegate;
-
-    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex&) const override {
-        return {0, option.fontMetrics.lineSpacing() + QFontMetrics(Small(option.font)).lineSpacing() + 2 * kMargin};
-    }
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& item, const QModelIndex& index) const override {
-        QStyleOptionViewItem option(item);
-        initStyleOption(&option, index);
-        option.text.clear();
-        option.icon = QIcon();
-        option.state |= QStyle::State_Active;  // keys of the field move the selection
-        const QStyle& style = *option.widget->style();
-        style.drawControl(QStyle::CE_ItemViewItem, &option, painter, option.widget);
-        painter->save();
-        const bool selected = option.state & QStyle::State_Selected;
-        const QColor text = option.palette.color(selected ? QPalette::HighlightedText : QPalette::Text);
-        const int iconSize = style.pixelMetric(QStyle::PM_SmallIconSize, nullptr, option.widget);
-        QRect rest = option.rect.adjusted(kMargin, kMargin, -kMargin, -kMargin);
-        const QRect iconPlace =
-            QStyle::alignedRect(option.direction, Qt::AlignLeft | Qt::AlignTop, QSize(iconSize, iconSize), rest);
-        qvariant_cast<QIcon>(index.data(Qt::DecorationRole))
-            .paint(painter, iconPlace, Qt::AlignCenter, selected ? QIcon::Selected : QIcon::Normal);
-        rest.adjust(iconSize + kMargin, 0, 0, 0);
-
-        painter->setPen(text);
-        DrawName(*painter, option, rest, index);
-        painter->setPen(selected ? text : Dimmed(option.palette, option.palette.color(QPalette::Base)));
-        painter->setFont(Small(option.font));
-        const QRect below = rest.adjusted(0, option.fontMetrics.lineSpacing(), 0, 0);
-        painter->drawText(below, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
-                          painter->fontMetrics().elidedText(index.data(HitsModel::AboutRole).toString(),
-                                                            Qt::ElideMiddle, below.width()));
-        painter->restore();
-    }
-
-private:
-    [[nodiscard]] static QFont Small(QFont font) {
-        if (font.pointSizeF() > 0)
-            font.setPointSizeF(font.pointSizeF() * 0.9);
-        return font;
-    }
-
-    static void DrawName(QPainter& painter, const QStyleOptionViewItem& option, const QRect& place,
-                         const QModelIndex& index) {
-        const QString name = index.data(HitsModel::NameRole).toString();
-        Formats formats;
-        const QVariantList ranges = index.data(HitsModel::RangesRole).toList();
-        for (qsizetype i = 0; i + 1 < ranges.size(); i += 2) {
-            QTextLayout::FormatRange range;
-            range.start = ranges[i].toInt();
-            range.length = ranges[i + 1].toInt();
-            range.format.setFontWeight(QFont::Bold);
-            formats.append(range);
-        }
-        QTextLayout layout(name, option.font);
-        layout.setFormats(formats);
-        layout.beginLayout();
-        const QTextLine line = layout.createLine();
-        layout.endLayout();
-        if (line.naturalTextWidth() > place.width()) {
-            painter.setFont(option.font);
-            painter.drawText(place, Qt::AlignLeft | Qt::AlignTop | Qt::TextSingleLine,
-                             option.fontMetrics.elidedText(name, Qt::ElideRight, place.width()));
-        } else {
-            layout.draw(&painter, place.topLeft());
-        }
-    }
-};
 
 }  // namespace
 
@@ -155,14 +77,14 @@ QVariant HitsModel::data(const QModelIndex& index, int role) const {
     if (!hit)
         return {};
     switch (role) {
-        case NameRole:
+        case TwoLineDelegate::NameRole:
         case Qt::DisplayRole:
             return hit->name;
         case Qt::DecorationRole:
             return IconFor(hit->image);
-        case RangesRole:
+        case TwoLineDelegate::RangesRole:
             return hit->ranges;
-        case AboutRole:
+        case TwoLineDelegate::AboutRole:
             return hit->about;
         case Qt::ToolTipRole:
         case Qt::AccessibleTextRole:
@@ -196,7 +118,7 @@ SearchBar::SearchBar(QWidget* parent)
     list_->hide();
     view_->setObjectName(QStringLiteral("hits"));
     view_->setModel(model_);
-    view_->setItemDelegate(new HitDelegate(view_));
+    view_->setItemDelegate(new TwoLineDelegate(true, view_));
     view_->setUniformItemSizes(true);
     view_->setFrameShape(QFrame::NoFrame);
     view_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);

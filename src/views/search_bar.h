@@ -17,8 +17,6 @@ class QListView;
 class HitsModel final : public QAbstractListModel {
     Q_OBJECT
 public:
-    enum Role { NameRole = Qt::UserRole, RangesRole, AboutRole };
-
     using QAbstractListModel::QAbstractListModel;
     /// The data shown for a hit; stays valid without the object.
     struct Row {

@@ -94,7 +94,7 @@ DependencyPane::DependencyPane(Baum& tree, const Settings& settings, Commands& c
     connect(filter_, &RemarkLine::Clicked, this, &DependencyPane::ShowAllClicked);
     column->addWidget(filter_);
     column->addWidget(tree_, 1);
-    tree_->SetRightClickTells(true);
+    tree_->SetLeadsOn(true);
 }
 
 void DependencyPane::ShowFilter(const QString& text) {

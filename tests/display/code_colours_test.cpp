@@ -113,7 +113,7 @@ TEST_F(CodeColours, DeadAndUndeadProceduresHaveAGreyBackground) {
     ReadModule("Sub Form_Load()\n  b\nEnd Sub\nSub b()\nEnd Sub\nSub c()\n  d\nEnd Sub\nSub d()\nEnd Sub", "F.frm");
     Analyse();
     for (const auto& [path, isGrey] : {std::pair("f.form_load", false), {"f.b", false}, {"f.c", true}, {"f.d", true}})
-        EXPECT_EQ(Procedure(path).onGrey, isGrey) << path;
+        EXPECT_EQ(Procedure(path).shade == Shade::Grey, isGrey) << path;
 }
 
 TEST_F(CodeColours, LaterSelectionsCoverEarlierOnes) {

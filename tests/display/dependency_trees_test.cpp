@@ -138,6 +138,35 @@ TEST_F(DependencyTrees, TheGroupLeavesOutWhatIsChecked) {
     EXPECT_EQ(group({}), "|");
 }
 
+TEST_F(DependencyTrees, CallersOfCallersUnfoldUntilTheyRepeat) {
+    ReadProject({{"M.bas",
+                  "Sub A()\n  B\nEnd Sub\nSub B()\n  C\nEnd Sub\nSub C()\n  A\n  B\n  late.B\nEnd Sub\n"
+                  "Sub Start()\n  A\nEnd Sub"}});
+    Analyse();
+    Baum tree;
+    const CodeObject* current = &ObjectAt("m.c");
+    const auto texts = [&](std::string_view key, bool callers) {
+        BaumNode& node = *tree.Item(key);
+        EXPECT_TRUE(node.Unfolds());
+        Unfold(*gProjekt, {}, current, tree, node, {callers, false});
+        std::string text;
+        for (const BaumNode* below : node.ChildNodes()) {
+            EXPECT_EQ(ObjectPathOf(below->Id()), OwnKeyOf(below->Key()));
+            text.append(below->Text()).append(below->Unfolds() ? "+ " : " ");
+        }
+        return text;
+    };
+    Show_Dependencies_AllCalledBy(*gProjekt, {}, &ObjectAt("m.c"), tree, false);
+    EXPECT_EQ(texts("m.b", true), "M.A()+ M.C() () ") << "the current object stands above, too";
+    EXPECT_EQ(texts("m.b\nm.a", true), "M.C() () M.Start() ");
+    EXPECT_EQ(ObjectOfNode(*gProjekt, tree.Item("m.b\nm.a\nm.start")->Id()), &ObjectAt("m.start"));
+    current = &ObjectAt("m.start");
+    Show_Dependencies_AllCalls(*gProjekt, {}, current, tree, false);
+    EXPECT_EQ(texts("m.a", false), "M.B()+ ");
+    EXPECT_EQ(texts("m.a\nm.b", false), "M.C()+ ");
+    EXPECT_EQ(texts("m.a\nm.b\nm.c", false), "M.A() () M.B() () ");
+}
+
 // Roots of a dependency tree are named like their kinds.
 TEST_F(DependencyTrees, ModulesNamedLikeKindsHaveNodesOfTheirOwn) {
     const std::string calls = "Sub Go()\n  Target\nEnd Sub\n";

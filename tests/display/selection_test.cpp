@@ -140,14 +140,13 @@ TEST_F(Selecting, CodeFollowsTheObjectAndIsMadeOnce) {
 TEST_F(Selecting, PlacesOfACallAreInTheTextOfTheCaller) {
     ReadBoth();
     const auto places = [this](std::string_view object, std::string_view from, CallType type) {
-        return Dump(pane.SelectCallsOfObject(*gProjekt, ObjectAt(object), ObjectAt(from), type));
+        return Dump(pane.SelectCallsOfObject(*gProjekt, ObjectAt(object), ProcedureAt(from), type));
     };
     EXPECT_EQ(places("m.v", "m.s", CallType::Really), "text m.s callIn:v callIn:v");
     EXPECT_EQ(places("m.other", "m.s", CallType::Really), " callIn:Other");
     EXPECT_EQ(places("m.other", "m.s", CallType::MayBe), "");
     EXPECT_EQ(places("c.member", "m.other", CallType::MayBe), "text m.other maybe:Member");
     EXPECT_EQ(places("m.e [enum]", "m.p [get]", CallType::Really), "text m.p [get] callIn:One");
-    EXPECT_EQ(places("m.t2 [type]", "m", CallType::Really), "text m callIn:T2");
     // The name of a form refers to its implicit instance.
     ReadProject({{"M.bas", "Sub S()\n  F.Show\n  Dim g As New F\nEnd Sub\n"}, {"F.frm", "Sub X()\nEnd Sub\n"}});
     Analyse();

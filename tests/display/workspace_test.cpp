@@ -252,6 +252,70 @@ TEST_F(Workspaces, CallsIntoAModuleAreMarked) {
     EXPECT_EQ(places(workspace_.CalledBy(), "store.fill"), "store.fill 1") << "a neighbour of another one of the group";
 }
 
+TEST_F(Workspaces, TheWalkOverPlacesCrossesProcedures) {
+    OpenAndRead(
+        {{"Main.bas", "Sub Main()\n  Fill\n  Save\nEnd Sub\nSub Other()\n  Save\nEnd Sub"}, {"Store.bas", kStore}});
+    ASSERT_TRUE(workspace_.Activate("main"));
+    const auto shown = [this](const std::optional<CodePane::Change>& change) {
+        return workspace_.Code().ShownPath() + " " + std::to_string(change ? change->currentPlace : 0) + " of " +
+               std::to_string(change ? change->places.size() : 0);
+    };
+    // All places of a neighbour, one text after the other.
+    EXPECT_EQ(shown(workspace_.SelectCallsOfObject(*workspace_.Calls().Item("store"), false)), "main.main 1 of 2");
+    EXPECT_EQ(workspace_.Walk().Count(), 3);
+    EXPECT_EQ(shown(workspace_.StepOn(+1)), "main.main 2 of 2");
+    EXPECT_EQ(shown(workspace_.StepOn(+1)), "main.other 1 of 1");
+    EXPECT_EQ(shown(workspace_.StepOn(+1)), "main.main 1 of 2");
+    EXPECT_FALSE(workspace_.WalksReferences());
+    // In the whole module they are all in one text.
+    workspace_.ShowWholeModule(true, false);
+    EXPECT_EQ(shown(workspace_.StepOn(-1)), "main 3 of 3");
+    workspace_.ShowWholeModule(false, false);
+    // References replace them, and keep the current object.
+    ASSERT_TRUE(workspace_.Activate("store.save"));
+    EXPECT_EQ(workspace_.Walk().Count(), 0);
+    EXPECT_EQ(workspace_.ReferenceCount(), 3);
+    workspace_.WalkReferences();
+    EXPECT_EQ(shown(workspace_.StepOn(-1)), "store.fill 1 of 1");
+    EXPECT_EQ(shown(workspace_.StepOn(+1)), "main.main 1 of 1");
+    EXPECT_EQ(CurrentPath(), "store.save");
+    // A click on a neighbour ends that walk; so do calls that are read again.
+    EXPECT_EQ(shown(workspace_.SelectCallsOfObject(*workspace_.CalledBy().Item("main.other"), true)),
+              "main.other 1 of 1");
+    EXPECT_EQ(workspace_.Walk().Count(), 0);
+    workspace_.WalkReferences();
+    ASSERT_TRUE(workspace_.ReadCalls());
+    EXPECT_FALSE(workspace_.StepOn(+1));
+}
+
+TEST_F(Workspaces, ANeighbourBelowAnotherShowsTheCallsOfThatOne) {
+    OpenAndRead({{"Main.bas", kMain}, {"Store.bas", kStore}});
+    ASSERT_TRUE(workspace_.Activate("store.save"));
+    BaumNode& fill = *workspace_.CalledBy().Item("store.fill");
+    workspace_.UnfoldNeighbour(fill, true);
+    ASSERT_EQ(fill.Children(), 1);
+    const auto change = workspace_.SelectCallsOfObject(*fill.Child(), true);
+    ASSERT_TRUE(change && change->places.size() == 1);
+    EXPECT_EQ(workspace_.Code().Text().text.substr(static_cast<std::size_t>(change->places[0].start), 4), "Fill");
+    EXPECT_EQ(workspace_.DependencyHoverText(*fill.Child(), true).back(), "1 , : 3");
+    ASSERT_TRUE(workspace_.Activate(fill.Child()->Key()));
+    EXPECT_EQ(CurrentPath(), "main.main");
+}
+
+TEST_F(Workspaces, DeadCodeIsFaintUntilTheCallsAreKnown) {
+    WriteAll({{"Main.bas", kMain}});
+    ASSERT_TRUE(workspace_.Open("App.vbp"));
+    ASSERT_TRUE(workspace_.Activate("main.main"));
+    EXPECT_EQ(workspace_.Code().Text().shade, Shade::Faint);
+    EXPECT_EQ(workspace_.ReferenceCount(), std::nullopt);
+    EXPECT_EQ(workspace_.EdgesShown(false), std::nullopt);
+    ASSERT_TRUE(workspace_.ReadCalls());
+    workspace_.ShowAgain();
+    EXPECT_EQ(workspace_.Code().Text().shade, Shade::Grey);
+    EXPECT_EQ(workspace_.ReferenceCount(), 0);
+    EXPECT_EQ(workspace_.EdgesShown(true), 0);
+}
+
 TEST_F(Workspaces, LocalsBelongToTheirAccessor) {
     OpenAndRead({{"Thing.cls",
                   "Property Get Size(i)\n  i = 1\nEnd Property\n"

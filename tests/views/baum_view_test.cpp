@@ -20,7 +20,7 @@ protected:
         BaumView* all = view.get();
         QObject::connect(all, &BaumView::NodeActivated, all,
                          [this](const std::string& key) { recorded.push_back(key); });
-        QObject::connect(all, &BaumView::NodeContext, all,
+        QObject::connect(all, &BaumView::GoToAsked, all,
                          [this](const std::string& key) { recorded.push_back("right " + key); });
         QObject::connect(all, &BaumView::NodeChecked, all, [this](const BaumNode& node) {
             recorded.push_back((node.Checked() ? "check " : "uncheck ") + node.Key());
@@ -114,6 +114,7 @@ TEST_F(BaumViewTest, ClickAndKeysSelectAlike) {
     tree.Select(tree.Item("m.alpha"));
     EXPECT_EQ(CurrentKey(), "m.alpha");
     EXPECT_THAT(Recorded(), ElementsAre()) << "the program knows what it selects itself";
+    view->SetLeadsOn(true);
     Click("m.beta", Qt::RightButton);
     EXPECT_THAT(Recorded(), ElementsAre("right m.beta"));
     EXPECT_EQ(CurrentKey(), "m.alpha");
@@ -200,13 +201,65 @@ TEST_F(BaumViewTest, MenuCopiesNamePathAndText) {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return QApplication::clipboard()->text().toStdString();
     };
-    EXPECT_EQ(copied("m", 0), "mMain");
-    EXPECT_EQ(copied("m", 1), "m");
-    EXPECT_EQ(copied("m", 2), "mMain\n\tAlpha\n\tBeta\n\tbravo\n\tCharly\n");
-    EXPECT_EQ(copied("module[]", 1), "") << "a group has no path";
+    EXPECT_EQ(copied("m", 3), "mMain");
+    EXPECT_EQ(copied("m", 4), "m");
+    EXPECT_EQ(copied("m", 5), "mMain\n\tAlpha\n\tBeta\n\tbravo\n\tCharly\n");
+    EXPECT_EQ(copied("module[]", 4), "") << "a group has no path";
     EXPECT_THAT(Recorded(), ElementsAre());
-    view->SetRightClickTells(true);
+    const QSignalSpy callers(view.get(), &BaumView::CallersAsked);
+    copied("m", 0);
+    copied("m", 1);
+    copied("module[]", 0);
+    EXPECT_THAT(Recorded(), ElementsAre("right m"));
+    EXPECT_EQ(callers.count(), 1);
+    view->SetLeadsOn(true);
     EXPECT_EQ(copied("m", 0), "no menu");
+}
+
+TEST_F(BaumViewTest, EnterAndCtrlClickGoToTheObject) {
+    tree.SetExpanded(*tree.Item("m"), true);
+    const auto ctrlClick = [this](std::string_view key) {
+        QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::ControlModifier, At(key));
+        return Recorded();
+    };
+    Click("m.beta");
+    QTest::keyClick(view.get(), Qt::Key_Return);
+    EXPECT_THAT(Recorded(), ElementsAre("m.beta", "m.beta")) << "shows it again";
+    EXPECT_THAT(ctrlClick("m.alpha"), ElementsAre("right m.alpha"));
+    EXPECT_THAT(ctrlClick("module[]"), ElementsAre());
+    EXPECT_TRUE(view->selectionModel()->hasSelection());
+    view->SetLeadsOn(true);
+    QTest::keyClick(view.get(), Qt::Key_Return);
+    EXPECT_THAT(Recorded(), ElementsAre("right m.beta"));
+}
+
+TEST_F(BaumViewTest, NodesBelowAreAddedWhenTheirNodeUnfolds) {
+    QAbstractItemModelTester tester(&view->Model());
+    tree.SetExpanded(*tree.Item("m"), true);
+    BaumNode& alpha = *tree.Item("m.alpha");
+    Baum::SetUnfolds(alpha, true);
+    int asked = 0;
+    view->SetUnfold([&](BaumNode& node) {
+        ++asked;
+        Baum::SetUnfolds(node, false);
+        tree.Add(&node, node.Key() + "\nm.beta", "m.Beta()", "procedure");
+    });
+    const QModelIndex index = view->Model().IndexOf(&alpha);
+    EXPECT_TRUE(view->Model().hasChildren(index));
+    EXPECT_EQ(asked, 0);
+    for (int time = 0; time < 2; ++time) {
+        view->expand(index);
+        ASSERT_EQ(view->Model().rowCount(index), 1);
+        view->collapse(index);
+    }
+    EXPECT_EQ(asked, 1);
+    // The object below is the one that its own key names.
+    view->expand(index);
+    QTest::mouseClick(view->viewport(), Qt::LeftButton, Qt::ControlModifier, At("m.alpha\nm.beta"));
+    EXPECT_THAT(Recorded(), ElementsAre("right m.beta"));
+    const std::unique_ptr<QMimeData> mime(
+        view->Model().mimeData({view->Model().IndexOf(tree.Item("m.alpha\nm.beta"))}));
+    EXPECT_EQ(mime->data(QString::fromLatin1(kKeyMimeType)).toStdString(), "m.beta");
 }
 
 TEST_F(BaumViewTest, KeysTravelAsUtf8AndAreTakenWhereTheyMay) {

@@ -95,13 +95,48 @@ TEST_F(CodeViews, RightClickAndKeysReportThePosition) {
     EXPECT_EQ(last(), (QVariantList{15, 1}));
     QTest::mouseClick(view.viewport(), Qt::RightButton, {}, PointAt(9 + 5));  // into the selection
     EXPECT_EQ(last(), (QVariantList{15, 1}));
-    QContextMenuEvent key(QContextMenuEvent::Keyboard, {}, {});
-    QApplication::sendEvent(view.viewport(), &key);
-    auto* menu = view.findChild<QMenu*>();
+    EXPECT_EQ(clicked.count(), 6);
+}
+
+TEST_F(CodeViews, WhatLeadsOnIsShownAndFollowed) {
+    Show(Code("Call Foo\r\nCall Bar\r\n"));
+    view.SetWays({[](Pos start, Pos length) { return start == 5 && length == 0; },
+                  [](Pos position) { return position >= 5 && position < 8; }});
+    const auto pointer = [this](int place) {
+        QMouseEvent move(QEvent::MouseMove, PointAt(place), view.viewport()->mapToGlobal(PointAt(place)), Qt::NoButton,
+                         Qt::NoButton, {});
+        QApplication::sendEvent(view.viewport(), &move);
+        return view.viewport()->cursor().shape();
+    };
+    EXPECT_EQ(pointer(0), Qt::IBeamCursor);
+    EXPECT_EQ(pointer(6), Qt::PointingHandCursor);
+    EXPECT_EQ(pointer(9 + 5), Qt::IBeamCursor);
+    const QSignalSpy clicked(&view, &CodeView::PositionClicked);
+    const QSignalSpy callers(&view, &CodeView::CallersAsked);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::ControlModifier, PointAt(6));
+    EXPECT_EQ(clicked.count(), 1);
+    QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::ControlModifier, PointAt(9 + 5));
+    EXPECT_EQ(clicked.count(), 1);
+    // After a jump there is no menu; where nothing leads on there is, without the way.
+    const auto menuAt = [this](int place, QContextMenuEvent::Reason reason) {
+        if (reason == QContextMenuEvent::Mouse)
+            QTest::mousePress(view.viewport(), Qt::RightButton, {}, PointAt(place));
+        QContextMenuEvent event(reason, PointAt(place), {});
+        QApplication::sendEvent(view.viewport(), &event);
+        return view.findChild<QMenu*>();
+    };
+    EXPECT_FALSE(menuAt(5, QContextMenuEvent::Mouse));
+    QMenu* menu = menuAt(9 + 5, QContextMenuEvent::Mouse);
     ASSERT_TRUE(menu);
-    menu->actions().front()->trigger();
-    menu->close();
-    EXPECT_EQ(clicked.count(), 7);
+    EXPECT_FALSE(menu->actions().at(0)->isEnabled());
+    menu->actions().at(1)->trigger();
+    EXPECT_EQ(callers.count(), 1);
+    delete menu;
+    view.Select({5, 0});
+    menu = menuAt(5, QContextMenuEvent::Keyboard);
+    ASSERT_TRUE(menu);
+    EXPECT_TRUE(menu->actions().at(0)->isEnabled());
+    delete menu;
 }
 
 TEST_F(CodeViews, RightToLeftWordsKeepTheOrderOfTheLine) {
@@ -198,7 +233,7 @@ TEST_F(CodeViews, ToolTipIsAskedForWhatIsUnderThePointer) {
 
 TEST_F(CodeViews, DeadCodeHasAGreyBackgroundFromThePalette) {
     CodeText code = Code("x");
-    code.onGrey = true;
+    code.shade = Shade::Grey;
     QPalette palette(view.palette());
     palette.setColor(QPalette::Base, Qt::white);
     palette.setColor(QPalette::Text, Qt::black);
@@ -206,6 +241,11 @@ TEST_F(CodeViews, DeadCodeHasAGreyBackgroundFromThePalette) {
     Show(code);
     const auto ground = [this] { return view.viewport()->palette().color(QPalette::Base); };
     EXPECT_EQ(ground().name(), QStringLiteral("#f0f0f0"));
+    code.shade = Shade::Faint;
+    view.Show(code);
+    EXPECT_TRUE(ground().lightness() > 0xf0 && ground().lightness() < 0xff);
+    code.shade = Shade::Grey;
+    view.Show(code);
     palette.setColor(QPalette::Base, Qt::black);
     palette.setColor(QPalette::Text, Qt::white);
     view.setPalette(palette);

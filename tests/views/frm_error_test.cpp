@@ -57,6 +57,22 @@ TEST_F(ErrorWindow, ShowsWhatHappenedAndWhere) {
     }));
 }
 
+TEST_F(ErrorWindow, AFileThatCannotBeUsedIsNamedWithCauseAndRemedy) {
+    const ErrorReport reading{70, "no", "clsModul: Read_MyCodeName", "Form1.frm", FileError::NoPermission};
+    const ErrorReport writing{70, "no", "modMain: AnalyseErgebnisDeaths", "a.txt", FileError::NoPermission};
+    for (const auto& [report, heading, file] :
+         {std::tuple{reading, Text::FileNotRead, "Form1.frm"}, {writing, Text::FileNotWritten, "a.txt"}})
+        Report(report, [&, what = heading, name = file] {
+            QStringList texts;
+            for (const QLabel* label : form_.findChildren<QLabel*>())
+                texts.append(label->text());
+            const QString all = texts.join(QLatin1Char('|'));
+            EXPECT_TRUE(all.contains(TextNr(what, QString::fromLatin1(name))));
+            EXPECT_TRUE(all.contains(TextNr(Text::CauseNoPermission)));
+            Click("cmdIgnore");
+        });
+}
+
 TEST_F(ErrorWindow, EnterAndEscIgnoreAndTheOtherButtonEnds) {
     for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Escape}) {
         form_.Tag.clear();

@@ -24,6 +24,7 @@
 #include "views/problems_list.h"
 #include "views/properties_grid.h"
 #include "views/qt_text.h"
+#include "views/references_list.h"
 #include "views/start_page.h"
 #include "window_texts.h"
 
@@ -187,6 +188,64 @@ TEST_F(MainWindow, ReadCallsAsksAndRightClickInTheCodeJumps) {
     EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), target);
 }
 
+TEST_F(MainWindow, ReferencesAreListedAndWalkedThrough) {
+    Open();
+    ReferencesList& list = Find<ReferencesList>();
+    window_->ActivateKey("texttools.isblank");
+    Command("FindCallers").trigger();
+    EXPECT_EQ(list.Count(), 0) << "the calls are not read";
+    ReadCalls();
+    window_->Split_For_Calls();
+    EXPECT_EQ(list.model()->rowCount(), 5);
+    EXPECT_TRUE(list.isVisible());
+    bool named = false;
+    for (const QLabel* label : window_->findChildren<QLabel*>())
+        named |= label->text() == QStringLiteral("Called by (5)");
+    EXPECT_TRUE(named) << "as many as in the list: all are certain";
+    EXPECT_TRUE(Command("NextPlace").isEnabled()) << "the list can be seen";
+    for (const char* status : {"1 of 5", "2 of 5", "3 of 5"}) {
+        Command("NextPlace").trigger();
+        EXPECT_EQ(StatusText(), QString::fromLatin1(status));
+    }
+    EXPECT_EQ(list.CurrentRow(), 2);
+    EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), "texttools.isblank");
+    // From a row that was gone to in the list.
+    list.setCurrentIndex(list.model()->index(4, 0));
+    Command("NextPlace").trigger();
+    EXPECT_EQ(StatusText(), QStringLiteral("5 of 5"));
+    Command("PreviousPlace").trigger();
+    EXPECT_EQ(StatusText(), QStringLiteral("4 of 5"));
+    // A neighbour is the last thing asked for now; then references again, after options too.
+    Q_EMIT ViewOf(window_->TheWorkspace().CalledBy()).NodeActivated("modstore.loadbook");
+    EXPECT_EQ(window_->rtbCode().PlaceCount(), 1);
+    Command("FindCallers").trigger();
+    window_->TheSettings().CodeFont.size = 14;
+    Q_EMIT Find<frmOptionen>().Applied();
+    Command("PreviousPlace").trigger();
+    EXPECT_EQ(StatusText(), QStringLiteral("5 of 5"));
+    // F12 in the code goes to what is named there, in the list to the caller.
+    list.SetCurrentRow(0);
+    QTest::keyClick(&list, Qt::Key_Return);
+    EXPECT_EQ(window_->focusWidget(), &window_->rtbCode());
+    window_->ActivateKey("modmain");
+    window_->rtbCode().setFocus();
+    window_->rtbCode().Select({0, 0});
+    Command("GoTo").trigger();
+    EXPECT_EQ(StatusText(), TextNr(Text::NothingToGoTo));
+    window_->ActivateKey("texttools.isblank");
+    list.setFocus();
+    const std::string caller = list.CurrentObject();
+    Command("GoTo").trigger();
+    EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), caller);
+    // Of what the code names at the cursor.
+    window_->rtbCode().setFocus();
+    window_->rtbCode().Select({static_cast<Pos>(window_->TheWorkspace().Code().Text().text.find("IsBlank")), 0});
+    Command("FindCallers").trigger();
+    EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), "texttools.isblank");
+    window_->CloseTheProject();
+    EXPECT_EQ(list.Count(), 0);
+}
+
 TEST_F(MainWindow, DependencyTreesFollowTheObjectAndItsCertainty) {
     Open();
     ReadCalls();
@@ -208,7 +267,7 @@ TEST_F(MainWindow, DependencyTreesFollowTheObjectAndItsCertainty) {
     window_->ActivateKey("modstore");
     EXPECT_EQ(StatusText(), QString());
     const std::string caller = AnyObject(window_->TheWorkspace().CalledBy());
-    Q_EMIT ViewOf(window_->TheWorkspace().CalledBy()).NodeContext(caller);
+    Q_EMIT ViewOf(window_->TheWorkspace().CalledBy()).GoToAsked(caller);
     EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), caller);
     Command("NavPrev").trigger();
     EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), "modstore");

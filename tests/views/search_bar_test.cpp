@@ -3,6 +3,7 @@
 #include <QAbstractItemModelTester>
 
 #include "support/read_project.h"
+#include "views/two_line_delegate.h"
 #include "window_texts.h"
 
 namespace {
@@ -51,8 +52,8 @@ TEST_F(SearchField, FindsWhileOneTypesAndJumpsOnEnter) {
     EXPECT_EQ(Hits().model()->rowCount(), 2);
     const QModelIndex first = Hits().currentIndex();
     EXPECT_EQ(first.data().toString(), QStringLiteral("GetCode"));
-    EXPECT_EQ(first.data(HitsModel::AboutRole).toString(), QStringLiteral("sub \u00B7 Module1"));
-    EXPECT_EQ(first.data(HitsModel::RangesRole).toList(), QVariantList({0, 1, 3, 1}));
+    EXPECT_EQ(first.data(TwoLineDelegate::AboutRole).toString(), QStringLiteral("sub \u00B7 Module1"));
+    EXPECT_EQ(first.data(TwoLineDelegate::RangesRole).toList(), QVariantList({0, 1, 3, 1}));
     EXPECT_FALSE(Hits().grab().isNull());
     Press(Qt::Key_Up);
     Press(Qt::Key_Down);

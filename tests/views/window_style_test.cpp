@@ -49,8 +49,8 @@ TEST_F(Colours, OfThePaletteAreReadableInLightAndDark) {
 TEST_F(Colours, ThatViewsMixAreReadableInLightAndDark) {
     const Settings settings;
     for (const QPalette& palette : Palettes())
-        for (const bool isDead : {false, true}) {
-            const QColor ground = CodeGround(palette, isDead);
+        for (const Shade shade : {Shade::Plain, Shade::Faint, Shade::Grey}) {
+            const QColor ground = CodeGround(palette, shade);
             ExpectReadable(Dimmed(palette, ground), ground, "hints, line numbers, dead names");
             ExpectReadable(Dimmed(palette, Mixed(ground, palette.color(QPalette::Highlight), 0.28)),
                            Mixed(ground, palette.color(QPalette::Highlight), 0.28), "project pointed at");

@@ -1,0 +1,30 @@
+#include "views/context_ways.h"
+
+#include <QMenu>
+
+#include "display/command_table.h"
+#include "views/qt_text.h"
+
+namespace {
+
+void Add(QMenu& menu, Command command, std::function<void()> function) {
+    const CommandRow& row = RowOf(command);
+    QAction* const action = menu.addAction(TextNr(row.text));
+    // Shown beside the text; the key itself belongs to the command of the window.
+    action->setShortcut(QKeySequence::fromString(QString::fromLatin1(row.keys), QKeySequence::PortableText));
+    action->setShortcutContext(Qt::WidgetShortcut);
+    action->setShortcutVisibleInContextMenu(true);
+    action->setEnabled(function != nullptr);
+    QObject::connect(action, &QAction::triggered, &menu, [function = std::move(function)] {
+        if (function)
+            function();
+    });
+}
+
+}  // namespace
+
+void AddWays(QMenu& menu, std::function<void()> goTo, std::function<void()> findCallers) {
+    Add(menu, Command::GoTo, std::move(goTo));
+    Add(menu, Command::FindCallers, std::move(findCallers));
+    menu.addSeparator();
+}

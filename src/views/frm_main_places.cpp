@@ -1,0 +1,97 @@
+// Ways through the code: to an object, to its callers, and from place to place.
+#include "views/baum_view.h"
+#include "views/code_view.h"
+#include "views/commands.h"
+#include "views/frm_main.h"
+#include "views/lower_pane.h"
+#include "views/main_panes.h"
+#include "views/qt_text.h"
+#include "views/references_list.h"
+#include "views/status_line.h"
+
+void frmMain::WireWays() {
+    Wire(Command::GoTo, [this](bool) { GoTo(KeyInFocus()); });
+    Wire(Command::FindCallers, [this](bool) { FindCallersOf(KeyInFocus()); });
+    Wire(Command::NextPlace, [this](bool) { StepPlace(+1); });
+    Wire(Command::PreviousPlace, [this](bool) { StepPlace(-1); });
+    rtbCode().SetWays({[this](Pos start, Pos length) { return workspace_.LeadsOn(start, length); },
+                       [this](Pos position) { return workspace_.NameLeadsOn(position); }});
+    connect(&rtbCode(), &CodeView::CallersAsked, this, [this] { FindCallersOf(KeyInFocus()); });
+    ReferencesList& list = lower_->References();
+    list.SetSource([this] { return workspace_.References(); });
+    connect(&list, &ReferencesList::RowChosen, this, &frmMain::ShowReference);
+    connect(&list, &ReferencesList::GoToAsked, this, &frmMain::GoTo);
+    connect(&list, &ReferencesList::CallersAsked, this, &frmMain::FindCallersOf);
+    connect(lower_, &LowerPane::currentChanged, this, [this] { ShowNow(); });
+}
+
+// The object that the place with the focus leads to, also while a menu has the focus; empty for none.
+std::string frmMain::KeyInFocus() {
+    const QWidget* const focus = focusWidget();
+    if (focus == &rtbCode())
+        return workspace_.KeyClicked(rtbCode().SelStart(), rtbCode().SelLength());
+    if (focus == &lower_->References())
+        return lower_->References().CurrentObject();
+    const auto* const tree = qobject_cast<const BaumView*>(focus);
+    return tree ? tree->CurrentObject() : std::string();
+}
+
+void frmMain::GoTo(const std::string& key) {
+    if (key.empty() || !ActivateKey(key))
+        status_->Message(TextNr(Text::NothingToGoTo));
+}
+
+// Of the current object, if there is no key.
+void frmMain::FindCallersOf(const std::string& key) {
+    if (!key.empty() && !ActivateKey(key))
+        return status_->Message(TextNr(Text::NothingToGoTo));
+    panes_->ShowLower();
+    lower_->setCurrentWidget(&lower_->References());
+    lower_->References().setFocus();
+    workspace_.WalkReferences();
+    ShowNow();
+}
+
+void frmMain::RenewReferences() {
+    lower_->RenewReferences(workspace_.ReferenceCount(), TextNr(workspace_.WhyNoReferences()));
+    if (workspace_.WalksReferences())
+        lower_->References().SetCurrentRow(std::max(workspace_.Walk().At(), 0));
+}
+
+// What was asked for last: references, the places of a neighbour, or those of the current object in its code. Without
+// any, the references that can be seen.
+void frmMain::StepPlace(int by) {
+    ReferencesList& list = lower_->References();
+    if (workspace_.Walk().Count() == 0) {
+        if (rtbCode().PlaceCount() > 0 || !list.isVisible())
+            return by > 0 ? rtbCode().NextPlace() : rtbCode().PreviousPlace();
+        workspace_.WalkReferences();
+    }
+    // A row that the user went to in the list is the next place, or the one after the previous.
+    const int row = list.CurrentRow();
+    const bool hasMoved = workspace_.WalksReferences() && row >= 0 && row != workspace_.Walk().At();
+    if (hasMoved && by > 0)
+        return ShowWalk(workspace_.WalkTo(row));
+    if (hasMoved)
+        static_cast<void>(workspace_.WalkTo(row));
+    ShowWalk(workspace_.StepOn(by));
+}
+
+void frmMain::ShowReference(int row, bool stays) {
+    if (!workspace_.WalksReferences())
+        workspace_.WalkReferences();
+    ShowWalk(workspace_.WalkTo(row));
+    if (!stays)
+        rtbCode().setFocus();
+}
+
+void frmMain::ShowWalk(const std::optional<CodePane::Change>& change) {
+    if (!change)
+        return;
+    ShowContent();
+    ShowCode(*change);
+    if (workspace_.WalksReferences())
+        lower_->References().SetCurrentRow(workspace_.Walk().At());
+    status_->ShowPlace(workspace_.Walk().At() + 1, workspace_.Walk().Count());
+    Activate_Commands();
+}
