@@ -13,6 +13,7 @@
 #include "display/project_tree.h"
 #include "display/tree_checks.h"
 #include "display/tree_marks.h"
+#include "libraries/component_forms.h"
 #include "model/clsControl.h"
 #include "model/clsEnum.h"
 #include "model/clsProjekt.h"
@@ -191,6 +192,13 @@ public:
 
     void UsedBy(const CodeObject& object) { Callers(object.UsedByAll(), CallType::Use); }
 
+    void UsedByOfLibrary(const clsTypeLib& library) {
+        UsedBy(library);
+        if (library.LibTyp == LibraryKind::Component)
+            for (const clsModul* modul : Who_Uses_Me(projekt_, library))
+                Show(*modul);
+    }
+
 private:
     void CalledByOfModule(const clsModul& modul, CallType type) {
         Callers(modul.CalledByAll(), type);
@@ -226,6 +234,9 @@ private:
     void CallsOfModule(const clsModul& modul, CallType type) {
         for (const clsProzedur* prozedur : modul.MyProcs)
             CallsOfProcedure(*prozedur, type);
+        if (type == CallType::Really)
+            for (const clsTypeLib* component : Ref_ProjectObjects(projekt_, modul))
+                Show(*component);
         Targets(modul.CallsInDeclarations(), type);
         if (type == CallType::MayBe)
             return;
@@ -315,12 +326,17 @@ bool HasCallers(const clsProjekt& projekt, const CodeObject& object, CallType ty
                    AnyOf(modul.MyVars, hasCallers) || AnyOf(modul.myTypes, hasCallers) ||
                    AnyOf(modul.myEnums, hasCallers);
         }
+        case ObjectClass::TypeLib: {
+            const auto& library = static_cast<const clsTypeLib&>(object);
+            return type == CallType::Really && library.LibTyp == LibraryKind::Component &&
+                   !Who_Uses_Me(projekt, library).empty();
+        }
         default:
             return false;
     }
 }
 
-bool HasCallees(const CodeObject& object, CallType type) {
+bool HasCallees(const clsProjekt& projekt, const CodeObject& object, CallType type) {
     const bool really = type == CallType::Really;
     switch (object.Class()) {
         case ObjectClass::Prozedur:
@@ -330,6 +346,8 @@ bool HasCallees(const CodeObject& object, CallType type) {
             for (const clsCall* call : modul.CallsInDeclarations())
                 if ((call->Type() != CallType::MayBe) == really)
                     return true;
+            if (really && !Ref_ProjectObjects(projekt, modul).empty())
+                return true;
             return AnyOf(modul.MyProcs, [&](const clsProzedur& prozedur) {
                 return Is_Calls(prozedur, type) || (really && prozedur.UsesAll().Count() > 0);
             });
@@ -349,7 +367,7 @@ void Show_Dependencies_AllCalledBy(const clsProjekt& projekt, const CheckedObjec
         return;
     const CodeObject& object = ProcedureOrItself(*current);
     if (object.Class() == ObjectClass::TypeLib)
-        fill.UsedBy(object);
+        fill.UsedByOfLibrary(static_cast<const clsTypeLib&>(object));
     else
         fill.CalledBy(object, CertaintyOf(mayBe));
     if (object.Class() == ObjectClass::Modul)
@@ -393,11 +411,20 @@ DependencyButtons Activate_Dependencies(const clsProjekt& projekt, const CodeObj
     const CodeObject& object = ProcedureOrItself(*current);
     return {.CalledByReally = HasCallers(projekt, object, CallType::Really),
             .CalledByMaybe = HasCallers(projekt, object, CallType::MayBe),
-            .CallsReally = HasCallees(object, CallType::Really),
-            .CallsMaybe = HasCallees(object, CallType::MayBe)};
+            .CallsReally = HasCallees(projekt, object, CallType::Really),
+            .CallsMaybe = HasCallees(projekt, object, CallType::MayBe)};
 }
 
 BaumNode* Drop_Module(const clsProjekt& projekt, Baum& tree, std::string_view key) {
+    for (const clsTypeLib* component : projekt.myProjectObjects)
+        if (component->MyName() == key) {
+            BaumNode* first = nullptr;
+            for (const clsModul* modul : Who_Uses_Me(projekt, *component)) {
+                BaumNode* const node = ObtainModule(*modul, tree);
+                first = first ? first : node;
+            }
+            return first;
+        }
     const clsModul* modul = projekt.GetModuleFromCodePath(key);
     return modul ? ObtainModule(*modul, tree) : nullptr;
 }

@@ -4,6 +4,8 @@
 #include "libraries/library_version.h"
 #include "model/clsProjekt.h"
 #include "model/clsTypeLib.h"
+#include "platform/picture_resource.h"
+#include "platform/type_library_file.h"
 
 namespace {
 
@@ -44,6 +46,10 @@ void LibraryLoader::Load(clsTypeLib& library) {
         library.Description = page.FromUtf8(read.description);
     library.format = TextOf(read.format);
     ReadInterfaces(projekt_, library, ContentsOf(read, [this](const auto& imported) { return Imported(imported); }));
+    if (library.LibTyp == LibraryKind::Component && library.IconIndex > 0)
+        library.picture =
+            PictureFileOf(projekt_.TheFiles().ReadBytes(search_.PictureFile(library), kMaxLibraryFileBytes).bytes,
+                          static_cast<std::uint32_t>(library.IconIndex));
     if (!read.problems.empty())
         NoteBrokenLibrary(projekt_, library, read.problems.front());
 }
