@@ -37,6 +37,10 @@ void LibraryLoader::LoadAll() {
     NoteLibraryProblems(projekt_, search_);
 }
 
+ImportedLibraryFinder LibraryLoader::Finder() {
+    return [this](const typelib::ImportedLibrary& imported) { return Imported(imported); };
+}
+
 void LibraryLoader::Load(clsTypeLib& library) {
     const TypeLibrary& read = Read(library.file.path, library.file.resource).library;
     const CodePage& page = projekt_.TheNames().Page();
@@ -45,7 +49,7 @@ void LibraryLoader::Load(clsTypeLib& library) {
     if (!read.description.empty())
         library.Description = page.FromUtf8(read.description);
     library.format = TextOf(read.format);
-    ReadInterfaces(projekt_, library, ContentsOf(read, [this](const auto& imported) { return Imported(imported); }));
+    ReadInterfaces(projekt_, library, ContentsOf(read, Finder()));
     if (library.LibTyp == LibraryKind::Component && library.IconIndex > 0)
         library.picture =
             PictureFileOf(projekt_.TheFiles().ReadBytes(search_.PictureFile(library), kMaxLibraryFileBytes).bytes,
