@@ -2,6 +2,7 @@
 
 #include "library_promises.h"
 #include "platform/pe_resources.h"
+#include "platform/picture_resource.h"
 #include "platform/type_library_file.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -14,6 +15,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                         resource.bytes.data() + resource.bytes.size() <= file.data() + file.size(),
                     "a resource is a part of the file");
     }
+    for (const std::uint32_t number : {1U, 2U})
+        Require(PictureFileOf(file, number).size() <= (std::size_t{1} << 20) + 1024, "a picture has a bound");
     RequireSound(ReadTypeLibrary(file, 2), size);
     return 0;
 }

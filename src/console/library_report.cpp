@@ -120,7 +120,7 @@ Json ProcedureJson(const clsTypeLib& library, const clsProzedur& prozedur) {
             argument["paramArray"] = true;
         arguments.push_back(std::move(argument));
     }
-    return {{"codePath", Utf8(prozedur.CodePathOrg())},
+    return {{"codePath", Utf8(prozedur.CodePath())},
             {"name", Utf8(prozedur.myNameOrg())},
             {"kind", prozedur.IsEvent ? "event" : TextOf(prozedur.ProzedurTyp)},
             {"datenTyp", Utf8(prozedur.DatenTyp())},
@@ -138,13 +138,16 @@ Json ProceduresJson(const clsTypeLib& library, const clsCollection<clsProzedur>&
 
 Json VariablesJson(const clsTypeLib& library, const clsCollection<clsVariable>& variables) {
     Json json = Json::array();
-    for (const clsVariable* variable : variables)
-        json.push_back(VariableJson(library, *variable));
+    for (const clsVariable* variable : variables) {
+        Json one = {{"codePath", Utf8(variable->CodePath())}};
+        one.update(VariableJson(library, *variable));
+        json.push_back(std::move(one));
+    }
     return json;
 }
 
 Json HeadJson(const CodeObject& object) {
-    return {{"codePath", Utf8(object.CodePathOrg())}, {"name", Utf8(object.myNameOrg())}};
+    return {{"codePath", Utf8(object.CodePath())}, {"name", Utf8(object.myNameOrg())}};
 }
 
 Json ClassesJson(const clsTypeLib& library) {

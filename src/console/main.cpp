@@ -15,6 +15,7 @@
 #include "findings/library_use.h"
 #include "findings/project_overview.h"
 #include "findings/report_files.h"
+#include "libraries/library_loader.h"
 #include "libraries/library_objects.h"
 #include "libraries/library_page.h"
 #include "libraries/library_search.h"
@@ -164,32 +165,6 @@ bool WriteLibraryTable(const Options& options) {
     return options.csv.empty() || WriteTo(options.csv, [](std::ostream& out) { out << LibraryTable(*gProjekt); });
 }
 
-int PrintLibrary(const Options& options) {
-    DiskFiles files;
-    const LibraryInFile read = ReadLibraryFile(files, options.library);
-    if (read.error != FileError::None) {
-        std::cerr << options.library << ": " << Describe(read.error) << '\n';
-        return NothingAnalysed;
-    }
-    const TypeLibrary& library = read.library;
-    for (const std::string& problem : library.problems)
-        std::cerr << options.library << ": " << problem << '\n';
-    if (library.types.empty() && !library.problems.empty())
-        return NothingAnalysed;
-    bool isWritten = true;
-    const LibraryContents contents = ContentsOf(library);
-    if (options.json != "-")
-        std::cout << LibraryPage(library, contents, options.library);
-    if (!options.json.empty()) {
-        clsProjekt projekt(files);
-        clsTypeLib& objects = projekt.NewLibrary();
-        objects.SetName(projekt.TheNames().Intern(projekt.TheNames().Page().FromUtf8(library.name)));
-        ReadInterfaces(projekt, objects, contents);
-        isWritten = WriteTo(options.json, [&](std::ostream& out) { WriteLibraryJson(out, library, objects); });
-    }
-    return library.problems.empty() && isWritten ? AllWell : Reported;
-}
-
 // The settings file's, with those of the command line in front or, where there is only one, in their place.
 Settings WithOptions(Settings settings, const Options& options) {
     const auto putInFront = [](std::vector<std::string>& entries, const std::vector<std::string>& given) {
@@ -204,20 +179,61 @@ Settings WithOptions(Settings settings, const Options& options) {
     return settings;
 }
 
-int Run(const Options& options) {
-    DiskFiles files;
+// Starts the program; nothing if the settings file of an option does not exist.
+std::optional<Settings> StartWith(const Options& options, Files& files) {
     const std::string programDirectory = GetAppPathWithSlash();
     gIniFile = options.settings.empty() ? SettingsPath(programDirectory, kIniFileName) : options.settings;
     if (!options.settings.empty() && !files.FileExists(gIniFile)) {
         std::cerr << gIniFile << ": " << Describe(FileError::NotFound) << '\n';
-        return NothingAnalysed;
+        return {};
     }
     SettingsFile settings(files, gIniFile);
-    const Settings stored = WithOptions(StartProgram(files, settings, nullptr, programDirectory), options);
+    Settings stored = WithOptions(StartProgram(files, settings, nullptr, programDirectory), options);
     if (!options.language.empty()) {
         gText.Language = options.language;
         gText.SetLanguage(files, programDirectory);
     }
+    return stored;
+}
+
+int PrintLibrary(const Options& options) {
+    DiskFiles files;
+    const std::optional<Settings> settings = StartWith(options, files);
+    if (!settings)
+        return NothingAnalysed;
+    const LibraryInFile read = ReadLibraryFile(files, options.library);
+    if (read.error != FileError::None) {
+        std::cerr << options.library << ": " << Describe(read.error) << '\n';
+        return NothingAnalysed;
+    }
+    const TypeLibrary& library = read.library;
+    for (const std::string& problem : library.problems)
+        std::cerr << options.library << ": " << problem << '\n';
+    if (library.types.empty() && !library.problems.empty())
+        return NothingAnalysed;
+    bool isWritten = true;
+    clsProjekt projekt(files);
+    LibrarySearch search(files, LibrarySourcesOf(*settings, files));
+    search.Begin(options.library);
+    LibraryLoader loader(projekt, search);
+    const LibraryContents contents = ContentsOf(library, loader.Finder());
+    if (options.json != "-")
+        std::cout << LibraryPage(library, contents, options.library);
+    if (!options.json.empty()) {
+        clsTypeLib& objects = projekt.NewLibrary();
+        objects.SetName(projekt.TheNames().Intern(projekt.TheNames().Page().FromUtf8(library.name)));
+        ReadInterfaces(projekt, objects, contents);
+        isWritten = WriteTo(options.json, [&](std::ostream& out) { WriteLibraryJson(out, library, objects); });
+    }
+    return library.problems.empty() && isWritten ? AllWell : Reported;
+}
+
+int Run(const Options& options) {
+    DiskFiles files;
+    const std::optional<Settings> settings = StartWith(options, files);
+    if (!settings)
+        return NothingAnalysed;
+    const Settings& stored = *settings;
 
     const FileText projectFile = files.ReadText(options.project);
     if (projectFile.error != FileError::None) {

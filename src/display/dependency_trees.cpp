@@ -14,6 +14,7 @@
 #include "display/project_tree.h"
 #include "display/tree_checks.h"
 #include "display/tree_marks.h"
+#include "libraries/component_forms.h"
 #include "model/clsControl.h"
 #include "model/clsEnum.h"
 #include "model/clsProjekt.h"
@@ -225,11 +226,7 @@ public:
     void Neighbours(const CodeObject& object) {
         const CallType type = CertaintyOf(shown_.mayBe);
         if (shown_.callers)
-            ForEachEdgeTo(projekt_, object, [&](const clsCall& call) {
-                // All that is known of a library is certain.
-                if (IsOfType(call, object.Class() == ObjectClass::TypeLib ? CallType::Really : type))
-                    Show(call.Caller(), call);
-            });
+            CallersOf(object, type);
         else if (object.Class() == ObjectClass::Prozedur)
             CallsOfProcedure(static_cast<const clsProzedur&>(object), type);
         else if (object.Class() == ObjectClass::Modul)
@@ -240,6 +237,21 @@ public:
     [[nodiscard]] int Count() const { return static_cast<int>(counted_.size()); }
 
 private:
+    void CallersOf(const CodeObject& object, CallType type) {
+        const bool isLibrary = object.Class() == ObjectClass::TypeLib;
+        ForEachEdgeTo(projekt_, object, [&](const clsCall& call) {
+            // All that is known of a library is certain.
+            if (IsOfType(call, isLibrary ? CallType::Really : type))
+                Show(call.Caller(), call);
+        });
+        if (!isLibrary)
+            return;
+        const auto& library = static_cast<const clsTypeLib&>(object);
+        if (library.LibTyp == LibraryKind::Component)
+            for (const clsModul* modul : Who_Uses_Me(projekt_, library))
+                Show(*modul);
+    }
+
     void CallsOfProcedure(const clsProzedur& prozedur, CallType type) {
         ForEachEdgeFrom(prozedur, type, [this](const clsCall& call) { Show(*call.Parent, call); });
     }
@@ -247,6 +259,9 @@ private:
     void CallsOfModule(const clsModul& modul, CallType type) {
         for (const clsProzedur* prozedur : modul.MyProcs)
             CallsOfProcedure(*prozedur, type);
+        if (type == CallType::Really)
+            for (const clsTypeLib* component : Ref_ProjectObjects(projekt_, modul))
+                Show(*component);
         ForEachShown(modul.CallsInDeclarations(), type, [this](const clsCall& call) { Show(*call.Parent, call); });
     }
 
@@ -254,6 +269,12 @@ private:
         if (checked_.Covers(neighbour))
             return;
         counted_.insert(&call);
+        Show(neighbour);
+    }
+
+    void Show(const CodeObject& neighbour) {
+        if (checked_.Covers(neighbour))
+            return;
         if (&neighbour == last_ || !seen_.insert(&neighbour).second)
             return;
         last_ = &neighbour;
@@ -332,12 +353,17 @@ bool HasCallers(const clsProjekt& projekt, const CodeObject& object, CallType ty
                    AnyOf(modul.MyVars, hasCallers) || AnyOf(modul.myTypes, hasCallers) ||
                    AnyOf(modul.myEnums, hasCallers);
         }
+        case ObjectClass::TypeLib: {
+            const auto& library = static_cast<const clsTypeLib&>(object);
+            return type == CallType::Really && library.LibTyp == LibraryKind::Component &&
+                   !Who_Uses_Me(projekt, library).empty();
+        }
         default:
             return false;
     }
 }
 
-bool HasCallees(const CodeObject& object, CallType type) {
+bool HasCallees(const clsProjekt& projekt, const CodeObject& object, CallType type) {
     const bool really = type == CallType::Really;
     switch (object.Class()) {
         case ObjectClass::Prozedur:
@@ -347,6 +373,8 @@ bool HasCallees(const CodeObject& object, CallType type) {
             for (const clsCall* call : modul.CallsInDeclarations())
                 if ((call->Type() != CallType::MayBe) == really)
                     return true;
+            if (really && !Ref_ProjectObjects(projekt, modul).empty())
+                return true;
             return AnyOf(modul.MyProcs, [&](const clsProzedur& prozedur) {
                 return Is_Calls(prozedur, type) || (really && prozedur.UsesAll().Count() > 0);
             });
@@ -436,11 +464,20 @@ DependencyButtons Activate_Dependencies(const clsProjekt& projekt, const CodeObj
     const CodeObject& object = ProcedureOrItself(*current);
     return {.CalledByReally = HasCallers(projekt, object, CallType::Really),
             .CalledByMaybe = HasCallers(projekt, object, CallType::MayBe),
-            .CallsReally = HasCallees(object, CallType::Really),
-            .CallsMaybe = HasCallees(object, CallType::MayBe)};
+            .CallsReally = HasCallees(projekt, object, CallType::Really),
+            .CallsMaybe = HasCallees(projekt, object, CallType::MayBe)};
 }
 
 BaumNode* Drop_Module(const clsProjekt& projekt, Baum& tree, std::string_view key) {
+    for (const clsTypeLib* component : projekt.myProjectObjects)
+        if (component->MyName() == key) {
+            BaumNode* first = nullptr;
+            for (const clsModul* modul : Who_Uses_Me(projekt, *component)) {
+                BaumNode* const node = ObtainModule(*modul, tree);
+                first = first ? first : node;
+            }
+            return first;
+        }
     const clsModul* modul = projekt.GetModuleFromCodePath(key);
     return modul ? ObtainModule(*modul, tree) : nullptr;
 }

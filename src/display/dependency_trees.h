@@ -52,6 +52,6 @@ struct DependencyButtons {
 };
 [[nodiscard]] DependencyButtons Activate_Dependencies(const clsProjekt& projekt, const CodeObject* current);
 
-/// What is dropped onto the third tree: the module that `key` of a node in another tree belongs to. Returns its node,
-/// or null when there is no such module.
+/// What is dropped onto the third tree: the module that `key` of a node in another tree belongs to, or those that name
+/// a component. Returns the node of the first, or null when there is no such module.
 BaumNode* Drop_Module(const clsProjekt& projekt, Baum& tree, std::string_view key);

@@ -62,21 +62,10 @@ std::string VariableLine(const clsTypeLib& library, const clsVariable& variable)
     return line;
 }
 
-std::string_view WordOf(const clsModul& modul) {
-    switch (modul.ModulTyp) {
-        case ModuleKind::Module:
-            return "Module ";
-        case ModuleKind::UserControl:
-            return "Control ";
-        default:
-            return "Class ";
-    }
-}
-
 std::string LineOf(const clsTypeLib& library, const CodeObject& object) {
     switch (object.Class()) {
         case ObjectClass::Modul:
-            return std::string(WordOf(static_cast<const clsModul&>(object))).append(object.myNameOrg());
+            return std::string(KindText(static_cast<const clsModul&>(object).ModulTyp)).append(object.myNameOrg());
         case ObjectClass::Prozedur:
             return ProcedureLine(library, static_cast<const clsProzedur&>(object));
         case ObjectClass::Variable:

@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <set>
+#include <string>
 
 #include "display/baum.h"
 #include "display/node_objects.h"
@@ -247,7 +249,10 @@ NodeColour NodeColourOf(const CodeObject& object) {
 }
 
 std::string_view LibraryImage(const clsTypeLib& library) {
-    return library.LibTyp == LibraryKind::Reference ? "Library" : "Object";
+    if (library.picture.empty())
+        return library.LibTyp == LibraryKind::Reference ? "Library" : "Object";
+    static std::set<std::string> keys;  // trees can outlive a library
+    return *keys.insert(library.TypeLibID).first;
 }
 
 void ProjektStruktur_Anzeigen(const clsProjekt& projekt, Baum& tree, bool withLocals) {

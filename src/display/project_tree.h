@@ -48,7 +48,7 @@ inline constexpr TreeGroupKind kLibraryTypes{" type []", "Type...", "type"};
 /// How a new node of an object looks: grey are the dead and undead, and what a library hides.
 [[nodiscard]] NodeColour NodeColourOf(const CodeObject& object);
 
-/// The icon of a library.
+/// The icon of a library: the identifier of a component that has a picture of its own.
 [[nodiscard]] std::string_view LibraryImage(const clsTypeLib& library);
 
 /// Fills the tree with the whole project, with progress. A cancel keeps the nodes added so far.

@@ -32,6 +32,15 @@ bool Who_Uses_ProjectObject(const clsModul& modul, const clsTypeLib& component) 
     return ascii::SameText(modMain::GetWortNrAusString(line, 1), "object");
 }
 
+std::vector<const clsTypeLib*> Ref_ProjectObjects(const clsProjekt& projekt, const clsModul& modul) {
+    std::vector<const clsTypeLib*> found;
+    if (modul.ModulTyp != ModuleKind::UserControl)
+        for (const clsTypeLib* component : projekt.myProjectObjects)
+            if (Who_Uses_ProjectObject(modul, *component))
+                found.push_back(component);
+    return found;
+}
+
 std::vector<clsModul*> Who_Uses_Me(const clsProjekt& projekt, const clsTypeLib& component) {
     std::vector<clsModul*> found;
     for (const auto* modules : {&projekt.Modules, &projekt.Formulare, &projekt.Klassenmodule})

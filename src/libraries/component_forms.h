@@ -13,3 +13,6 @@ class clsTypeLib;
 /// The modules, forms and class modules that name the component. Visual Basic writes the line into user controls as
 /// well, but those are not counted.
 [[nodiscard]] std::vector<clsModul*> Who_Uses_Me(const clsProjekt& projekt, const clsTypeLib& component);
+
+/// The components of the project that the header of a module names; none for a user control.
+[[nodiscard]] std::vector<const clsTypeLib*> Ref_ProjectObjects(const clsProjekt& projekt, const clsModul& modul);

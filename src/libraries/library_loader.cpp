@@ -4,6 +4,8 @@
 #include "libraries/library_version.h"
 #include "model/clsProjekt.h"
 #include "model/clsTypeLib.h"
+#include "platform/picture_resource.h"
+#include "platform/type_library_file.h"
 
 namespace {
 
@@ -35,6 +37,10 @@ void LibraryLoader::LoadAll() {
     NoteLibraryProblems(projekt_, search_);
 }
 
+ImportedLibraryFinder LibraryLoader::Finder() {
+    return [this](const typelib::ImportedLibrary& imported) { return Imported(imported); };
+}
+
 void LibraryLoader::Load(clsTypeLib& library) {
     const TypeLibrary& read = Read(library.file.path, library.file.resource).library;
     const CodePage& page = projekt_.TheNames().Page();
@@ -43,7 +49,11 @@ void LibraryLoader::Load(clsTypeLib& library) {
     if (!read.description.empty())
         library.Description = page.FromUtf8(read.description);
     library.format = TextOf(read.format);
-    ReadInterfaces(projekt_, library, ContentsOf(read, [this](const auto& imported) { return Imported(imported); }));
+    ReadInterfaces(projekt_, library, ContentsOf(read, Finder()));
+    if (library.LibTyp == LibraryKind::Component && library.IconIndex > 0)
+        library.picture =
+            PictureFileOf(projekt_.TheFiles().ReadBytes(search_.PictureFile(library), kMaxLibraryFileBytes).bytes,
+                          static_cast<std::uint32_t>(library.IconIndex));
     if (!read.problems.empty())
         NoteBrokenLibrary(projekt_, library, read.problems.front());
 }

@@ -22,6 +22,9 @@ public:
     /// Seeks each library of the project and reads what is found. What is wrong joins the project's problems.
     void LoadAll();
 
+    /// Finds the libraries that others import, in the same places.
+    [[nodiscard]] ImportedLibraryFinder Finder();
+
 private:
     void Load(clsTypeLib& library);
     const LibraryInFile& Read(const std::string& file, int resource);

@@ -17,17 +17,6 @@ std::string_view KindText(ProcKind kind) {
     }
 }
 
-std::string_view KindText(ModuleKind kind) {
-    switch (kind) {
-        case ModuleKind::Module:
-            return "Module ";
-        case ModuleKind::UserControl:
-            return "Control ";
-        default:
-            return "Class ";
-    }
-}
-
 // " As String"; empty without a type.
 std::string AsType(const LibraryDataType& type) {
     return type.shown.empty() ? std::string() : " As " + type.shown;
@@ -102,6 +91,17 @@ void WriteClass(PageWriter& page, const LibraryClass& oneClass) {
 }
 
 }  // namespace
+
+std::string_view KindText(ModuleKind kind) {
+    switch (kind) {
+        case ModuleKind::Module:
+            return "Module ";
+        case ModuleKind::UserControl:
+            return "Control ";
+        default:
+            return "Class ";
+    }
+}
 
 std::string Signature(const LibraryProcedure& procedure) {
     return std::string(KindText(procedure.kind)) + procedure.name + Arguments(procedure) + AsType(procedure.type) +

@@ -11,5 +11,8 @@
 [[nodiscard]] std::string LibraryPage(const TypeLibrary& library, const LibraryContents& contents,
                                       std::string_view file);
 
+/// "Class ", "Control " or "Module ": what stands before the name of a class.
+[[nodiscard]] std::string_view KindText(ModuleKind kind);
+
 /// "Property Get Item(ByVal Index As Variant, Optional ByRef Sub As Variant) As Shape"
 [[nodiscard]] std::string Signature(const LibraryProcedure& procedure);

@@ -10,6 +10,7 @@
 #include "platform/files.h"
 #include "platform/path_names.h"
 #include "shell/settings.h"
+#include "shell/vb_text.h"
 
 namespace {
 
@@ -190,6 +191,14 @@ std::vector<std::string> LibrarySearch::PlacesOfLine(const clsTypeLib& library) 
     for (std::string& place : paths_.SystemPlacesOf(name.substr(LastSeparator(file) + 1)))
         places.push_back(std::move(place));
     return places;
+}
+
+std::string LibrarySearch::PictureFile(const clsTypeLib& library) const {
+    const std::string_view registered = library.ToolboxBitmap32;
+    for (const std::string& place : paths_.PlacesOf(Trim(registered.substr(0, registered.rfind(',')))))
+        if (FileExists(place))
+            return files_.SystemPath(place);
+    return library.file.path;
 }
 
 void LibrarySearch::FindProject(clsTypeLib& library) const {

@@ -45,6 +45,9 @@ public:
     /// Seeks the library's file, and sets what the registry knows of it.
     void Find(clsTypeLib& library) const;
 
+    /// The file that has the picture of a library that was found: the registered one, else that of the library.
+    [[nodiscard]] std::string PictureFile(const clsTypeLib& library) const;
+
     [[nodiscard]] const ClassRegistry& TheRegistry() const { return registry_; }
     [[nodiscard]] const LibrarySources& Sources() const { return sources_; }
 

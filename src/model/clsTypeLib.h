@@ -47,7 +47,8 @@ public:
     std::string ToolboxBitmap32;
     std::string ProgID;
     std::string VersionIndependentProgID;
-    int IconIndex = 0;  // in the file, from 1; 0 for none
+    int IconIndex = 0;    // in the file, from 1; 0 for none
+    std::string picture;  // of a component for the toolbox: a whole BMP or ICO file; empty for none
 
     LibraryFile file;         // where it was sought
     std::string_view format;  // "MSFT", "SLTG"; empty if it was not read

@@ -51,6 +51,18 @@ bool MeansForbidden(int error) {
     return error == EACCES || error == EPERM;
 }
 
+// Takes the status of a file that was opened for reading. Returns 0, or why it is not read.
+int CheckForReading(const FileHandle& handle, std::uintmax_t most, struct stat& status) {
+    if (!handle.IsOpen() || fstat(handle.Number(), &status) != 0)
+        return errno;
+    if (!S_ISREG(status.st_mode))
+        return S_ISDIR(status.st_mode) ? EISDIR : EIO;
+    return static_cast<std::uintmax_t>(status.st_size) > most ? EFBIG : 0;
+}
+
+// Without O_NONBLOCK, opening a pipe would wait for its writer.
+constexpr int kReading = O_RDONLY | O_NONBLOCK;
+
 FileError ReadErrorOf(int error) {
     if (MeansMissing(error))
         return FileError::NotFound;
@@ -261,15 +273,10 @@ FileText DiskFiles::ReadText(std::string_view path) const {
     thread_local const std::unique_ptr<char[]> buffer = std::make_unique_for_overwrite<char[]>(kBufferBytes);
     FileText file;
     const int error = directories_->Try(path, [&](const std::string& systemPath) {
-        // Without O_NONBLOCK, opening a pipe would wait for its writer.
-        const FileHandle handle(systemPath.c_str(), O_RDONLY | O_NONBLOCK);
+        const FileHandle handle(systemPath.c_str(), kReading);
         struct stat status {};
-        if (!handle.IsOpen() || fstat(handle.Number(), &status) != 0)
-            return errno;
-        if (!S_ISREG(status.st_mode))
-            return S_ISDIR(status.st_mode) ? EISDIR : EIO;
-        if (static_cast<std::uintmax_t>(status.st_size) > kMaxTextBytes)
-            return EFBIG;
+        if (const int why = CheckForReading(handle, kMaxTextBytes, status); why != 0)
+            return why;
 
         const auto expected = static_cast<std::size_t>(status.st_size);
         std::optional<std::size_t> count = ReadUpTo(handle.Number(), buffer.get(), kBufferBytes, expected);
@@ -306,14 +313,10 @@ FileText DiskFiles::ReadText(std::string_view path) const {
 FileBytes DiskFiles::ReadBytes(std::string_view path, std::size_t most) const {
     FileBytes file;
     const int error = directories_->Try(path, [&](const std::string& systemPath) {
-        const FileHandle handle(systemPath.c_str(), O_RDONLY | O_NONBLOCK);
+        const FileHandle handle(systemPath.c_str(), kReading);
         struct stat status {};
-        if (!handle.IsOpen() || fstat(handle.Number(), &status) != 0)
-            return errno;
-        if (!S_ISREG(status.st_mode))
-            return S_ISDIR(status.st_mode) ? EISDIR : EIO;
-        if (static_cast<std::uintmax_t>(status.st_size) > most)
-            return EFBIG;
+        if (const int why = CheckForReading(handle, most, status); why != 0)
+            return why;
         const auto expected = static_cast<std::size_t>(status.st_size);
         file.bytes.resize(expected);
         const std::optional<std::size_t> count = ReadUpTo(handle.Number(), file.bytes.data(), expected, expected);

@@ -7,12 +7,23 @@
 #include "shell/settings.h"
 #include "views/code_style.h"
 #include "views/icons.h"
+#include "views/library_picture.h"
 #include "views/qt_text.h"
 
 namespace {
 
 bool IsDimmed(const BaumNode& node) {
     return node.ForeColor() == NodeColour::Grey;
+}
+
+bool IsLibraryPicture(std::string_view key) {
+    return key.starts_with('{');
+}
+
+QIcon MakeIcon(std::string_view key, bool isFaint) {
+    if (IsLibraryPicture(key))
+        return LibraryPicture(key);
+    return isFaint ? FaintIconFor(key) : IconFor(key);
 }
 
 }  // namespace
@@ -167,7 +178,7 @@ const QIcon& BaumModel::IconOf(const BaumNode& node) const {
     auto& icons = isFaint ? faintIcons_ : icons_;
     auto found = icons.find(key);
     if (found == icons.end())
-        found = icons.emplace(std::string(key), isFaint ? FaintIconFor(key) : IconFor(key)).first;
+        found = icons.emplace(std::string(key), MakeIcon(key, isFaint)).first;
     return found->second;
 }
 
@@ -189,6 +200,8 @@ QVariant BaumModel::ColorOf(const BaumNode& node) const {
 
 void BaumModel::BeginReset() {
     beginResetModel();
+    // Another project can have another version of a library.
+    std::erase_if(icons_, [](const auto& icon) { return IsLibraryPicture(icon.first); });
     hidden_ = true;
     endResetModel();
 }

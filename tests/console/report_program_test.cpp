@@ -259,7 +259,7 @@ TEST_F(ReportProgram, LibrariesAreSoughtWhereTheOptionsSay) {
     EXPECT_EQ(sought["libraries"][0]["sought"].back()["outcome"], "found");
     EXPECT_TRUE(sought["libraries"][1]["file"].is_null());
     EXPECT_EQ(sought["problems"].size(), 1U);
-    EXPECT_EQ(sought["libraries"][0]["classes"][0]["codePath"], "Tiny.Thing");
+    EXPECT_EQ(sought["libraries"][0]["classes"][0]["codePath"], "tiny.thing");
     EXPECT_EQ(sought["edges"][0]["to"], "tiny.thing");
     EXPECT_THAT(Run("--quiet --libraries --csv t.csv --library-folder libs P.vbp").out,
                 testing::AllOf(HasSubstr("use         used by 1 module at 1 place\n"),
@@ -282,7 +282,7 @@ TEST_F(ReportProgram, LibraryIsPrintedWithoutAProject) {
     EXPECT_EQ(old["format"], "SLTG");
     EXPECT_EQ(old["types"][0]["kind"], "record");
     EXPECT_EQ(old["types"][1]["members"][0]["parameters"][1]["flags"], Json({"in", "out"}));
-    EXPECT_EQ(old["classes"][0]["members"][0]["codePath"], "Old.IUnk.Ask");
+    EXPECT_EQ(old["classes"][0]["members"][0]["codePath"], "old.iunk.ask");
     EXPECT_EQ(old["records"][0]["members"][1]["type"], "Long(0 To 2)");
 }
 

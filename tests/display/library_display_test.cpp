@@ -178,3 +178,36 @@ TEST_F(LibraryDisplay, AMissingLibrarySaysWhereItWasSought) {
         testing::AllOf(testing::StartsWith("c:\\x\\lib.tlb\r\n\r\nLibrary: Lib\r\n"), HasSubstr("\r\nVersion: 2.0\r\n"),
                        HasSubstr("\r\nSought: project folder: missing, p\r\n")));
 }
+
+using Components = ProgramState;
+
+TEST_F(Components, LeadToTheModulesThatNameThem) {
+    const char* const header = "VERSION 5.00\nObject = \"{aa-1}#1.0#0\"; \"TREE.OCX\"\nBegin VB.Form F\nEnd\n";
+    ReadProject({{"P.vbp", "Object={AA-1}#1.0#0; TREE.OCX\nForm=F.frm\nForm=G.frm\nModule=M; M.bas\n"},
+                 {"F.frm", std::string(header) + "Attribute VB_Name = \"F\"\n"},
+                 {"G.frm", std::string(header) + "Attribute VB_Name = \"G\"\n"},
+                 {"M.bas", "' {AA-1}\nSub Go_()\nEnd Sub\n"}});
+    Analyse();
+    clsTypeLib& component = *gProjekt->OwnedLibraries().front();
+    Baum shown;
+    const auto keys = [&shown] {
+        return KeysWhere(shown, [](const BaumNode& node) { return node.Kind() == NodeKind::Object; });
+    };
+    const auto isShown = [&](const CodeObject& object) {
+        const DependencyButtons buttons = Activate_Dependencies(*gProjekt, &object);
+        return std::pair(buttons.CalledByReally, buttons.CallsReally);
+    };
+    Show_Dependencies_AllCalledBy(*gProjekt, {}, &component, shown, false);
+    EXPECT_EQ(keys(), "f g");
+    EXPECT_EQ(isShown(component), std::pair(true, false));
+    component.picture = "BM";
+    Show_Dependencies_AllCalls(*gProjekt, {}, &ObjectAt("f"), shown, false);
+    EXPECT_EQ(keys(), "tree");
+    EXPECT_EQ(shown.Item("tree")->Image(), "{AA-1}") << "its own picture";
+    EXPECT_EQ(isShown(ObjectAt("f")), std::pair(false, true));
+    EXPECT_EQ(isShown(ObjectAt("m")), std::pair(false, false));
+    shown.Clear();
+    const BaumNode* const first = Drop_Module(*gProjekt, shown, "tree");
+    EXPECT_EQ(first, shown.Item("f"));
+    EXPECT_EQ(keys(), "f g");
+}

@@ -2,6 +2,9 @@
 
 #include <set>
 
+#include "platform/library_bytes.h"
+#include "platform/picture_resource.h"
+#include "views/library_picture.h"
 #include "window_texts.h"
 
 using testing::Each;
@@ -92,6 +95,19 @@ TEST_F(Icons, FillTheMiddleOfTheRectangleAtThePaintersScale) {
     painter.end();
     EXPECT_EQ(canvas.copy(24, 4, 32, 32).convertToFormat(QImage::Format_ARGB32), Image(IconFor("form"), 16, 2));
     EXPECT_EQ(Covered(canvas.copy(0, 0, 24, 40)) + Covered(canvas.copy(56, 0, 24, 40)), 0.0);
+}
+
+TEST_F(Icons, PictureOfAComponentIsABitmapOrAnIconOfItsFile) {
+    const std::string program = LibraryBytes("pe_resources/pictures.dll").Bytes();
+    const QImage bitmap = Image(PictureOfFile(PictureFileOf(program, 1)), 16);
+    EXPECT_EQ(qAlpha(bitmap.pixel(0, 0)), 0) << "the colour of the lower left corner";
+    EXPECT_EQ(bitmap.pixel(4, 4), qRgb(200, 0, 0));
+    EXPECT_EQ(bitmap.pixel(8, 8), qRgb(255, 255, 255));
+    const QImage icon = Image(PictureOfFile(PictureFileOf(program, 2)), 16);
+    EXPECT_EQ(qAlpha(icon.pixel(0, 0)), 0) << "its mask";
+    EXPECT_EQ(icon.pixel(3, 3), qRgb(255, 0, 0));
+    EXPECT_EQ(PictureFileOf(program, 3), "");
+    EXPECT_TRUE(PictureOfFile("BM of nothing").isNull());
 }
 
 }  // namespace
