@@ -263,7 +263,8 @@ int Run(const Options& options) {
     SetProgress(showsProgress ? &progress : nullptr);
     clsQueryTimer timer;
     timer.Start();
-    LibrarySearch search(files, LibrarySourcesOf(stored, files));
+    // Lasts to the end of the process: freeing a large registry takes time.
+    static LibrarySearch& search = *new LibrarySearch(files, LibrarySourcesOf(stored, files));
     Projekt_Laden(*gProjekt, stored.LoadLibs != 0 ? &search : nullptr);
     timer.Halt();
     clsQueryTimer callTimer;

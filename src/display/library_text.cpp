@@ -28,15 +28,6 @@ LibraryArgument ArgumentOf(const clsTypeLib& library, const clsVariable& variabl
             .defaultValue = std::string(detail.value.View())};
 }
 
-// Texts of a library are foreign: a line break in one would look like a line of the page.
-std::string OneLine(std::string_view text) {
-    std::string line(text);
-    for (char& c : line)
-        if (static_cast<unsigned char>(c) < ' ')
-            c = ' ';
-    return line;
-}
-
 std::string ProcedureLine(const clsTypeLib& library, const clsProzedur& prozedur) {
     LibraryProcedure procedure;
     procedure.name = prozedur.myNameOrg();
@@ -51,15 +42,11 @@ std::string ProcedureLine(const clsTypeLib& library, const clsProzedur& prozedur
 }
 
 std::string VariableLine(const clsTypeLib& library, const clsVariable& variable) {
-    const LibraryDataType type = TypeOf(library.DetailOf(variable));
-    const std::string_view value = library.DetailOf(variable).value.View();
-    std::string line = variable.IsConst && !variable.MyEnum ? "Const " : "";
-    line.append(variable.myNameOrg()).append(type.array);
-    if (!variable.MyEnum && !type.shown.empty())
-        line.append(" As ").append(type.shown);
-    if (!value.empty())
-        line.append(" = ").append(value);
-    return line;
+    LibraryVariable line;
+    line.name = variable.myNameOrg();
+    line.type = TypeOf(library.DetailOf(variable));
+    line.value = library.DetailOf(variable).value.View();
+    return VariableLine(line, variable.IsConst && !variable.MyEnum);
 }
 
 std::string LineOf(const clsTypeLib& library, const CodeObject& object) {
@@ -125,7 +112,7 @@ private:
     // Words before the name have no brackets and no "As".
     static Pos NameIn(std::string_view line, const CodeObject& object) {
         const std::size_t begin = object.Class() == ObjectClass::Variable ? 0 : line.find(' ') + 1;
-        const std::size_t name = line.find(OneLine(object.myNameOrg()), begin);
+        const std::size_t name = line.find(OneLine(std::string(object.myNameOrg())), begin);
         return name == std::string_view::npos ? 0 : static_cast<Pos>(name);
     }
 

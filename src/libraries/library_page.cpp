@@ -38,14 +38,6 @@ std::string Arguments(const LibraryProcedure& procedure) {
     return text + ')';
 }
 
-// Texts of a library are foreign: a line break in one would look like a line of the page.
-std::string OneLine(std::string text) {
-    for (char& c : text)
-        if (static_cast<unsigned char>(c) < ' ')
-            c = ' ';
-    return text;
-}
-
 class PageWriter {
 public:
     void Line(std::string_view text) { page_.append(text).append("\n"); }
@@ -62,12 +54,9 @@ public:
         Line("    " + OneLine(text) + (isHidden ? " (hidden)" : ""));
         Note(description, 2);
     }
-    void Variables(const std::vector<LibraryVariable>& variables, std::string_view before) {
+    void Variables(const std::vector<LibraryVariable>& variables, bool isConst) {
         for (const LibraryVariable& variable : variables)
-            Entry(std::string(before) + variable.name + variable.type.array +
-                      (variable.value.empty() || !before.empty() ? AsType(variable.type) : "") +
-                      (variable.value.empty() ? "" : " = " + variable.value),
-                  variable.description, variable.isHidden);
+            Entry(VariableLine(variable, isConst), variable.description, variable.isHidden);
     }
     [[nodiscard]] std::string Take() { return std::move(page_); }
 
@@ -83,7 +72,7 @@ void WriteClass(PageWriter& page, const LibraryClass& oneClass) {
     page.Heading(std::string(KindText(oneClass.kind)) + oneClass.name, oneClass.description, oneClass.isHidden);
     if (!oneClass.dll.empty())
         page.Entry("Lib \"" + oneClass.dll + '"', "", false);
-    page.Variables(oneClass.constants, "Const ");
+    page.Variables(oneClass.constants, true);
     for (const LibraryProcedure& procedure : oneClass.procedures)
         page.Entry(Signature(procedure), procedure.description, procedure.isHidden || procedure.isRestricted);
     for (const LibraryProcedure& event : oneClass.events)
@@ -91,6 +80,20 @@ void WriteClass(PageWriter& page, const LibraryClass& oneClass) {
 }
 
 }  // namespace
+
+std::string OneLine(std::string text) {
+    for (char& c : text)
+        if (static_cast<unsigned char>(c) < ' ')
+            c = ' ';
+    return text;
+}
+
+std::string VariableLine(const LibraryVariable& variable, bool isConst) {
+    std::string line = (isConst ? "Const " : "") + variable.name + variable.type.array;
+    if (isConst || variable.value.empty())
+        line += AsType(variable.type);
+    return variable.value.empty() ? line : line + " = " + variable.value;
+}
 
 std::string_view KindText(ModuleKind kind) {
     switch (kind) {
@@ -122,11 +125,11 @@ std::string LibraryPage(const TypeLibrary& library, const LibraryContents& conte
         WriteClass(page, oneClass);
     for (const LibraryGroup& oneEnum : contents.enums) {
         page.Heading("Enum " + oneEnum.name, oneEnum.description, oneEnum.isHidden);
-        page.Variables(oneEnum.members, "");
+        page.Variables(oneEnum.members, false);
     }
     for (const LibraryGroup& record : contents.records) {
         page.Heading("Type " + record.name, record.description, record.isHidden);
-        page.Variables(record.members, "");
+        page.Variables(record.members, false);
     }
     for (const LibraryAlias& alias : contents.aliases)
         page.Heading("Alias " + alias.name + AsType(alias.type), "", false);

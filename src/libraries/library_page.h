@@ -11,6 +11,12 @@
 [[nodiscard]] std::string LibraryPage(const TypeLibrary& library, const LibraryContents& contents,
                                       std::string_view file);
 
+/// "Const Most As Long = 9", or "Round = 3" and "First(0 To 3) As Long" for a member of an enumeration or a record.
+[[nodiscard]] std::string VariableLine(const LibraryVariable& variable, bool isConst);
+
+/// Texts of a library are foreign: a line break in one would look like a line of the page.
+[[nodiscard]] std::string OneLine(std::string text);
+
 /// "Class ", "Control " or "Module ": what stands before the name of a class.
 [[nodiscard]] std::string_view KindText(ModuleKind kind);
 

@@ -374,10 +374,14 @@ void ClassRegistry::Index::AddSubKeys(Branch branch, const std::string& path, st
     const auto& ofBranch = byPath[static_cast<std::size_t>(branch)];
     if (const auto found = ofBranch.find(std::string(FamilyPathOf(branch, path))); found != ofBranch.end())
         addFamily(families[found->second], false);
-    if (HasFamiliesBelow(branch, path))
+    if (HasFamiliesBelow(branch, path)) {
+        there.reserve(families.size());  // a registry has tens of thousands of classes
+        seen.reserve(families.size());
+        own.reserve(families.size());
         for (const Family& family : families)
             if (family.branch == branch && Below(family.path, path))
                 addFamily(family, !family.hasDeletions);
+    }
     for (std::string& name : own)
         if (const std::string lower = ascii::LowerCase(name); there.contains(lower) && seen.insert(lower).second)
             names.push_back(std::move(name));
