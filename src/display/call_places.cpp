@@ -1,8 +1,10 @@
 #include "display/call_places.h"
 
 #include <algorithm>
+#include <cstdint>
 #include <set>
 #include <unordered_map>
+#include <utility>
 
 #include "display/node_objects.h"
 #include "display/project_tree.h"
@@ -75,12 +77,15 @@ std::vector<CallPlace> PlacesOfLocal(const LocalUses& locals, const clsVariable&
 }
 
 void SortByCode(std::vector<CallPlace>& places, const std::vector<clsModul*>& order) {
-    std::unordered_map<const clsModul*, std::size_t> ranks;
+    std::unordered_map<const clsModul*, std::uint64_t> ranks;
     for (const clsModul* modul : order)
         ranks.emplace(modul, ranks.size());
-    const auto place = [&ranks](const CallPlace& at) { return std::pair(ranks[&at.Modul()], at.pos); };
-    std::stable_sort(places.begin(), places.end(),
-                     [&place](const CallPlace& a, const CallPlace& b) { return place(a) < place(b); });
+    std::vector<std::pair<std::uint64_t, CallPlace>> ranked;
+    ranked.reserve(places.size());
+    for (const CallPlace& place : places)
+        ranked.emplace_back(ranks[&place.Modul()] << 32 | static_cast<std::uint32_t>(place.pos), place);
+    std::stable_sort(ranked.begin(), ranked.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
+    std::transform(ranked.begin(), ranked.end(), places.begin(), [](const auto& entry) { return entry.second; });
 }
 
 // Counts lines on from the place before, as the text of a module can be long and have thousands of places.
@@ -194,15 +199,21 @@ std::vector<ReferenceRow> RowsOf(const std::vector<CallPlace>& places, const Cod
     LineCounter lines;
     const clsModul* modul = nullptr;
     const CodePage* page = nullptr;
+    const CodeObject* owner = nullptr;
     for (const CallPlace& place : places) {
         if (&place.Modul() != modul) {
             modul = &place.Modul();
             page = modul->text ? &PageOf(modul->text->ModulTextOrg()) : &ActiveCodePage();
         }
         ReferenceRow row;
-        row.key = NodeKeyOf(*place.owner);
+        if (std::exchange(owner, place.owner) != place.owner) {
+            row.key = NodeKeyOf(*place.owner);
+            row.where = page->ToUtf8(place.owner->CodePathOrg());
+        } else {
+            row.key = rows.back().key;
+            row.where = rows.back().where;
+        }
         row.image = place.owner->GetImageKey();
-        row.where = page->ToUtf8(place.owner->CodePathOrg());
         row.kind = KindOf(place.type);
         const std::string_view text = modul->text ? modul->text->ModulTextOrg() : std::string_view();
         if (place.pos > 0 && place.pos <= Len(text)) {

@@ -7,11 +7,27 @@
 #include "views/qt_text.h"
 #include "views/references_list.h"
 
+namespace {
+
+// The references keep their number in the narrowest pane: the names of the other tabs are shortened.
+class Tabs final : public QTabBar {
+public:
+    using QTabBar::QTabBar;
+
+protected:
+    [[nodiscard]] QSize minimumTabSizeHint(int tab) const override {
+        return tab == 1 ? tabSizeHint(tab) : QTabBar::minimumTabSizeHint(tab);
+    }
+};
+
+}  // namespace
+
 LowerPane::LowerPane(Baum& collected, const Settings& settings, QWidget* parent)
     : QTabWidget(parent),
       properties_(new PropertiesGrid(this)),
       references_(new ReferencesList(this)),
       collected_(new BaumView(collected, settings, this)) {
+    setTabBar(new Tabs(this));
     setDocumentMode(true);
     properties_->HideHeading();  // its tab says the same
     collected_->SetAcceptsKeys(true);
@@ -20,10 +36,9 @@ LowerPane::LowerPane(Baum& collected, const Settings& settings, QWidget* parent)
     addTab(collected_, QString());
     tabBar()->setChangeCurrentOnDrag(true);
     tabBar()->setExpanding(false);
-    // In a narrow pane names are shortened, so that all tabs stay visible as targets for a drop; in the middle, as the
-    // number of references comes last.
+    // In a narrow pane names are shortened, so that all tabs stay visible as targets for a drop.
     tabBar()->setUsesScrollButtons(false);
-    setElideMode(Qt::ElideMiddle);
+    setElideMode(Qt::ElideRight);
     // The tab bar takes the focus itself. As QTabWidget's focus proxy it would get the focus back each time Tab leaves
     // it.
     setFocusProxy(nullptr);
