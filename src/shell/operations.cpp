@@ -30,8 +30,9 @@ struct PumpState {
     std::int64_t lastRun = 0;
 };
 
+// Only the thread that sets a pump has one: its helpers come here too, and must not run the loop of a window.
 PumpState& Pump() {
-    static PumpState state;
+    static thread_local PumpState state;
     return state;
 }
 

@@ -51,7 +51,7 @@ using MessagePort = std::function<void(std::string_view text)>;
 MessagePort SetMessagePort(MessagePort port);
 void Tell(std::string_view text);
 
-/// Processes window events during a long loop.
+/// Processes window events during a long loop. Other threads than the one that sets it have none.
 using EventPump = std::function<void()>;
 EventPump SetEventPump(EventPump pump);
 /// Runs the pump at most about thirty times a second, so every loop can afford to call it.

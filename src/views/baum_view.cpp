@@ -47,6 +47,15 @@ BaumNode* NextLine(const BaumNode& node) {
     return nullptr;
 }
 
+// The node in whose line the user sees a node: itself, or the folded one above it.
+const BaumNode* LineOf(const BaumNode& node) {
+    const BaumNode* line = &node;
+    for (const BaumNode* above = node.Parent(); above; above = above->Parent())
+        if (!above->Expanded())
+            line = above;
+    return line;
+}
+
 }  // namespace
 
 BaumView::BaumView(Baum& tree, const Settings& settings, QWidget* parent)
@@ -194,7 +203,8 @@ void BaumView::keyboardSearch(const QString& search) {
     if (!again)
         searched_ = goesOn ? searched_ + search : search;
     const std::string start = LowerCase(FromQString(searched_));
-    const BaumNode* current = model_->NodeAt(currentIndex());
+    const BaumNode* selected = model_->NodeAt(currentIndex());
+    const BaumNode* current = selected ? LineOf(*selected) : nullptr;
     // A single letter, also repeated, goes to the next match; a longer text may match the current line, as in Windows
     // trees.
     const bool leaves = searched_.size() == 1;

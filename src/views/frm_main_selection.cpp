@@ -43,10 +43,12 @@ void frmMain::ActivateLine(const std::string& modulKey, int line) {
         Show(*shown);
 }
 
-// Shows the current node again in every pane.
+// Shows the current object again in every pane; without one the properties are those of the project.
 void frmMain::ShowAgain() {
     if (const std::optional<Workspace::Shown> shown = workspace_.ShowAgain())
         Show(*shown);
+    else if (gProjekt)
+        lower_->Properties().Show(Anzeigen_Eigenschaften(*gProjekt));
 }
 
 void frmMain::Show(const Workspace::Shown& shown) {

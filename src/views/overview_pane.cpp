@@ -67,7 +67,7 @@ OverviewPane::OverviewPane(QWidget* parent)
       title_(new QLabel),
       columns_(new QBoxLayout(QBoxLayout::LeftToRight)),
       largestTitle_(new QLabel),
-      readCalls_(new QPushButton),
+      readCalls_(new QPushButton(this)),
       listPage_(new QWidget),
       back_(new QPushButton),
       listTitle_(new QLabel),
@@ -105,6 +105,7 @@ void OverviewPane::BuildPage() {
     largestTitle_->setMargin(6);
     readCalls_->setObjectName(QStringLiteral("readCalls"));
     readCalls_->setIcon(IconFor("CallsReadNot"));
+    readCalls_->hide();  // until there are numbers, among which it stands
     columns_->setSpacing(28);
     columns_->addWidget(left, 1);
     columns_->addWidget(right, 1);

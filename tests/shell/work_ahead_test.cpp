@@ -3,8 +3,11 @@
 #include <gmock/gmock.h>
 
 #include <atomic>
+#include <chrono>
 #include <stdexcept>
+#include <thread>
 
+#include "shell/operations.h"
 #include "support/ports.h"
 #include "support/program_state.h"
 
@@ -69,6 +72,24 @@ TEST_P(Ahead, WhatAnItemThrowsComesFromTheCallThatTakesIt) {
     EXPECT_EQ(work.Next(), 0);
     EXPECT_EQ(work.Next(), 1);
     EXPECT_THROW((void)work.Next(), std::runtime_error);
+}
+
+TEST_P(Ahead, HelpersLeaveTheEventPumpToTheThreadThatSetIt) {
+    std::atomic<int> foreign = 0;
+    const auto own = std::this_thread::get_id();
+    SetEventPump([&] { foreign += std::this_thread::get_id() != own; });
+    WorkAhead<int> work(
+        20,
+        [](std::size_t, std::size_t) {
+            std::this_thread::sleep_for(std::chrono::milliseconds(4));
+            DoEvents();
+            return 0;
+        },
+        GetParam());
+    for (int nr = 0; nr < 20; ++nr)
+        (void)work.Next();
+    SetEventPump({});
+    EXPECT_EQ(foreign, 0);
 }
 
 TEST_P(Ahead, LeftEarlyItBeginsNothingMore) {

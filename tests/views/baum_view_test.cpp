@@ -74,6 +74,14 @@ void Dump(const QAbstractItemModel& model, const QModelIndex& parent, int indent
 
 }  // namespace
 
+TEST_F(BaumViewTest, TypingEndsWhereverTheCurrentNodeIs) {
+    tree.SetExpanded(*tree.Item("m"), true);
+    Click("m.alpha");
+    tree.CollapseAll();
+    QTest::keyClick(view.get(), Qt::Key_X);  // nothing begins with it
+    EXPECT_EQ(CurrentKey(), "m.alpha");      // folded away
+}
+
 TEST_F(BaumViewTest, ModelKeepsTheRulesWhileTheTreeIsFilledAndChanged) {
     const QAbstractItemModelTester tester(&view->Model(), QAbstractItemModelTester::FailureReportingMode::Fatal);
     tree.Clear();
