@@ -9,6 +9,7 @@
 #include "shell/program.h"
 #include "shell/settings.h"
 #include "shell/timing.h"
+#include "source/tokens.h"
 
 std::unique_ptr<clsProjekt> gProjekt;
 std::vector<std::string> gCLSIDKeys;
@@ -24,6 +25,7 @@ clsProjekt& NewProject(Files& files, const std::string& path) {
 void CloseProject() {
     SetProblems(nullptr);
     gProjekt.reset();
+    ReleaseTokeniserArrays();
 }
 
 void InitGlobals() {

@@ -137,6 +137,13 @@ public:
         return TokenTable({first_, static_cast<std::size_t>(quick.next_ - first_)}, landmarks, memory);
     }
 
+    static void ReleaseArrays() {
+        // clear() would keep the megabytes that the largest module needed.
+        scratch = std::vector<TokenTable::Packed>();
+        stopsScratch = std::vector<std::uint8_t>();
+        landmarks = std::vector<int>();
+    }
+
 private:
     // The character at a position, or -1 after the end of the text.
     [[nodiscard]] ALWAYS_INLINE int At(Pos pos) const { return pos <= count_ ? text_[pos] : -1; }
@@ -519,6 +526,10 @@ private:
 
 TokenTable Analyse_Parsen(ModuleText& text, std::pmr::memory_resource* memory) {
     return Tokeniser(text).Run(memory);
+}
+
+void ReleaseTokeniserArrays() {
+    Tokeniser::ReleaseArrays();
 }
 
 std::vector<Token> TokenTable::All() const {

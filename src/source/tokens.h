@@ -83,3 +83,5 @@ class ModuleText;
 /// @param memory  where the tokens live
 [[nodiscard]] TokenTable Analyse_Parsen(ModuleText& text,
                                         std::pmr::memory_resource* memory = std::pmr::get_default_resource());
+/// Frees what this thread keeps from one text for the next.
+void ReleaseTokeniserArrays();
