@@ -13,6 +13,7 @@
 #include "model/clsVariable.h"
 #include "platform/code_page.h"
 #include "shell/settings.h"
+#include "source/lines.h"
 #include "source/module_text.h"
 
 namespace {

@@ -20,6 +20,7 @@
 #include "model/clsTypeLib.h"
 #include "model/clsVariable.h"
 #include "shell/clsText.h"
+#include "source/lines.h"
 #include "source/module_text.h"
 
 namespace {

@@ -12,6 +12,7 @@
 #include "model/clsType.h"
 #include "model/clsVariable.h"
 #include "shell/words.h"
+#include "source/lines.h"
 #include "source/module_text.h"
 
 namespace {

@@ -10,6 +10,7 @@
 #include "model/clsProzedur.h"
 #include "model/clsType.h"
 #include "model/clsVariable.h"
+#include "source/lines.h"
 #include "source/module_text.h"
 
 namespace {

@@ -126,11 +126,6 @@ Pos HeaderEnd(const clsModul& modul) {
     return static_cast<Pos>(line) + 1;
 }
 
-int LineOf(std::string_view text, Pos pos) {
-    const auto before = text.substr(0, static_cast<std::size_t>(std::max<Pos>(pos - 1, 0)));
-    return static_cast<int>(std::count(before.begin(), before.end(), '\n')) + 1;
-}
-
 std::string JoinedLine(std::string_view text, Pos pos, Pos from) {
     if (pos < 1 || pos > Len(text))
         return {};

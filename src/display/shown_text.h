@@ -30,9 +30,6 @@ class CodeObject;
 /// Where the code of a module begins: after the version, the properties of a form and its attributes.
 [[nodiscard]] Pos HeaderEnd(const clsModul& modul);
 
-/// Number of the physical line that holds `pos`, from 1.
-[[nodiscard]] int LineOf(std::string_view text, Pos pos);
-
 /// The logical line from its first character or `from`, whichever comes later, on one line and without its comment and
 /// its indentation.
 [[nodiscard]] std::string JoinedLine(std::string_view text, Pos pos, Pos from = 1);

@@ -87,8 +87,8 @@ public:
     };
     std::pmr::vector<RedimLocals> redims{Memory()};
 
-    /// The object of this module, or the module itself, whose CodePath equals `codePath`, or null. Walks the
-    /// whole name space: meant for a click, not for loops.
+    /// The object of this module, or the module itself, whose CodePath equals `codePath`, or null. Arguments and locals
+    /// come last: those of several accessors of a property can have the same path, and the first has it.
     [[nodiscard]] CodeObject* Get_Object_From_CodePath(std::string_view codePath);
 
     /// Creates an object of this module and lists it among its Owned.
@@ -117,6 +117,7 @@ public:
     std::uint32_t firstNumber = 0;     // number of the module itself among the objects of the project
 
 private:
+    [[nodiscard]] CodeObject* LocalAt(std::string_view codePath) const;
     template <class T>
     T& Make() {
         if constexpr (std::is_same_v<T, clsVariable>)

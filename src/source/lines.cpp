@@ -1,5 +1,6 @@
 #include "source/lines.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace modMain {
@@ -50,3 +51,8 @@ std::string Get_Clean_VBZeile(std::string_view text) {
 }
 
 }  // namespace modMain
+
+int LineOf(std::string_view text, Pos pos) {
+    const auto before = text.substr(0, static_cast<std::size_t>(std::max<Pos>(pos - 1, 0)));
+    return static_cast<int>(std::count(before.begin(), before.end(), '\n')) + 1;
+}

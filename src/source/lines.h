@@ -17,3 +17,6 @@ namespace modMain {
 [[nodiscard]] std::string Get_Clean_VBZeile(std::string_view text);
 
 }  // namespace modMain
+
+/// Number of the physical line that holds `pos`, from 1.
+[[nodiscard]] int LineOf(std::string_view text, Pos pos);

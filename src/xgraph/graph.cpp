@@ -78,26 +78,36 @@ const ctlGraphObj* XGraph::WithIndex(int index) const {
     return Find(index);
 }
 
+// Everything that follows from the object.
+void XGraph::Describe(ctlGraphObj& symbol, CodeObject& obj) const {
+    symbol.CodePath = obj.CodePath();
+    symbol.object = &obj;
+    symbol.modul = OwnerOf(obj);
+    symbol.MyModul = ModulCaptionOf(obj);
+    symbol.MyName = obj.myNameOrg();
+    symbol.image = obj.GetImageKey();
+    AlignObjects(symbol, sizes_);
+}
+
+GraphSize XGraph::SizeOf(CodeObject& obj) const {
+    ctlGraphObj symbol;
+    Describe(symbol, obj);
+    return symbol.layout.size;
+}
+
 const ctlGraphObj* XGraph::GraphObjCreate(CodeObject* obj, double Left, double Top, bool ToFront) {
     if (!obj)
         return nullptr;
-    std::string path = obj->CodePath();
-    if (byPath_.contains(path))
+    if (WithPath(obj->CodePath()))
         return nullptr;
     ctlGraphObj& symbol = *symbols_.emplace_back(std::make_unique<ctlGraphObj>());
     symbol.Index = ++GraphObjCount_;
-    symbol.CodePath = std::move(path);
-    symbol.object = obj;
-    symbol.modul = OwnerOf(*obj);
-    symbol.MyModul = ModulCaptionOf(*obj);
-    symbol.MyName = obj->myNameOrg();
-    symbol.image = obj->GetImageKey();
+    Describe(symbol, *obj);
     if (ToFront)
         symbol.zOrder = ++topmost_;
     byObject_.emplace(obj, &symbol);
     byPath_.emplace(symbol.CodePath, &symbol);
     byIndex_.emplace(symbol.Index, &symbol);
-    AlignObjects(symbol, sizes_);
     if (std::isfinite(Left) && std::isfinite(Top))
         Put(symbol, {Left, Top});
     else

@@ -54,6 +54,8 @@ public:
     /// The symbol of that index, or null.
     [[nodiscard]] const ctlGraphObj* WithIndex(int index) const;
 
+    /// Size of the symbol that an object has or would have.
+    [[nodiscard]] GraphSize SizeOf(CodeObject& obj) const;
     /// Puts a symbol of `obj` on the canvas, which grows to hold it. Returns null and does nothing if `obj` is null or
     /// its path has a symbol.
     /// @param ToFront  before all others; for what the user dropped
@@ -124,6 +126,7 @@ private:
     void SetSelected(ctlGraphObj& symbol, bool selected);
     void Put(ctlGraphObj& symbol, GraphPoint place);
     [[nodiscard]] ctlGraphObj* SymbolAt(const std::string& codePath);
+    void Describe(ctlGraphObj& symbol, CodeObject& obj) const;
     void PutOnCanvas(ctlGraphObj& symbol, GraphPoint place);
 
     const SymbolSizes& sizes_;

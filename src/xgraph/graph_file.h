@@ -34,9 +34,10 @@ struct GraphFile {
 [[nodiscard]] bool GraphSave(const XGraph& graph, Files& files, std::string_view path);
 
 struct GraphOpened {
-    Text whyNot = Text::None;  // None if it was opened; else the graph is unchanged, and the failure was reported
+    Text whyNot = Text::None;  // None if it was opened; else the graph is unchanged, and the user was told why
     int symbols = 0;           // on the graph now
     int missing = 0;           // records whose object the project does not have
 };
-/// Replaces the diagram by that of a file. Symbols that were there before go.
+/// Replaces the diagram by that of a file. Symbols that were there before go. Of a failure the user hears once: by the
+/// port for errors if the file cannot be read, by that for messages if it is no diagram.
 GraphOpened GraphOpen(XGraph& graph, const Files& files, std::string_view path);

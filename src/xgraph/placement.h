@@ -4,6 +4,7 @@
 // Only two corners of a place are tested, so a narrow symbol between them is not noticed, and a place may overlap it.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <unordered_map>
 #include <vector>
@@ -23,7 +24,16 @@ public:
     [[nodiscard]] const ctlGraphObj* Graph_PlaceOccupate(GraphPoint point) const;
 
 private:
-    std::unordered_map<std::uint64_t, std::vector<const ctlGraphObj*>> cells_;
+    struct Entry {
+        const ctlGraphObj* symbol;
+        std::size_t nr;  // in the order of creation
+    };
+    using Entries = std::vector<Entry>;
+    static void Look(const Entries& entries, GraphPoint point, Entry& last);
+
+    std::unordered_map<std::uint64_t, Entries> cells_;  // of a grid over the canvas
+    Entries large_;                                     // those that cover too many cells
+    std::size_t count_ = 0;
 };
 
 class Placement {
@@ -36,15 +46,18 @@ public:
     /// A symbol was created.
     void Add(const ctlGraphObj& symbol) { index_.Add(symbol); }
     /// Whether one of the two corners of a place is taken.
-    [[nodiscard]] bool IsTaken(GraphPoint place, GraphSize size) const;
-    /// The first free place from `start` on.
+    [[nodiscard]] bool IsTaken(GraphPoint place, GraphSize size) const { return SymbolAt(place, size) != nullptr; }
+    /// Whether a place is beyond the left or the right edge of the canvas.
+    [[nodiscard]] bool IsBeyond(GraphPoint place, GraphSize size) const;
+    /// The first free place from `start` on. A symbol wider than the canvas gets one in the first row.
     /// @param ref  frame of the symbol whose size counts, and from whose top the rows are counted
     [[nodiscard]] GraphPoint Graph_GetNextPlace_To_X(GraphPoint start, const GraphRect& ref);
     /// The first free point below `start`.
     [[nodiscard]] GraphPoint Graph_GetNextPlace_To_Y(GraphPoint start) const;
 
 private:
-    [[nodiscard]] double FreeInRow(GraphPoint at, GraphSize size) const;
+    [[nodiscard]] const ctlGraphObj* SymbolAt(GraphPoint place, GraphSize size) const;
+    [[nodiscard]] GraphPoint FreeInRow(GraphPoint start, GraphSize size) const;
 
     const XGraph& graph_;
     SymbolIndex index_;

@@ -3,6 +3,7 @@
 #include "display/selection.h"
 #include "display/shown_text.h"
 #include "shell/clsText.h"
+#include "source/lines.h"
 #include "support/project_test.h"
 
 namespace {

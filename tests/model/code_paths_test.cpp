@@ -30,6 +30,7 @@ TEST_F(CodePaths, LeadBackToTheirObject) {
           Case{"form1.command1", "control Form1.Command1"}, Case{"form1.t [type]", "type Form1.T [Type]"},
           Case{"form1.t.a", "variable Form1.T.a"}, Case{"form1.p [get]", "prozedur Form1.P [Get]"},
           Case{"form1.p [let]", "prozedur Form1.P [Let]"}, Case{"form1.form1", "prozedur Form1.Form1"},
+          Case{"form1.form1.q", "variable Form1.Form1.q"}, Case{"form1.p.v", "variable Form1.P.v"},
           Case{"bar.usercontrol", "control Bar.UserControl"}, Case{"stdole2", "lib stdole2"},
           Case{"tools", "lib Tools"}, Case{"tools.total", "none"},  // the component takes precedence over the module
           Case{"", "none"}, Case{"form1.", "none"}, Case{"form1.p", "none"}, Case{"form1.controls[]", "none"},
