@@ -1,6 +1,7 @@
 // The desktop program: the program-wide state, the window, and the loop of events.
 #include <QApplication>
 #include <QFileInfo>
+#include <algorithm>
 
 #include "platform/files.h"
 #include "platform/registry.h"
@@ -34,5 +35,12 @@ int main(int argc, char** argv) {
 
     frmMain window(files, file, std::move(settings), programDirectory);
     window.show();
+    // Projects first: a diagram belongs to one.
+    QStringList named = QApplication::arguments().mid(1);
+    std::stable_partition(named.begin(), named.end(), [](const QString& path) {
+        return !path.endsWith(QStringLiteral(".ovg"), Qt::CaseInsensitive);
+    });
+    for (const QString& path : named)
+        window.OpenFile(FromPath(QFileInfo(path).absoluteFilePath()));
     return QApplication::exec();
 }

@@ -275,6 +275,7 @@ void CodeView::contextMenuEvent(QContextMenuEvent* event) {
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     menu->addAction(TextNr(Text::GoToObject), this, [this] { Q_EMIT PositionClicked(SelStart(), SelLength()); });
+    menu->addAction(TextNr(Text::ShowInGraph), this, [this] { Q_EMIT GraphAsked(SelStart(), SelLength()); });
     menu->addAction(TextNr(Text::Copy), this, &CodeView::copy)->setEnabled(textCursor().hasSelection());
     menu->addAction(TextNr(Text::SelectAll), this, &CodeView::selectAll);
     Commands::GiveLetters(menu->actions());

@@ -51,6 +51,8 @@ public Q_SLOTS:
 Q_SIGNALS:
     /// Right click, context-menu key or Enter: lead from here to the object.
     void PositionClicked(int selStart, int selLength);
+    /// From the context menu: put the object at this place on the diagram.
+    void GraphAsked(int selStart, int selLength);
     /// A place became the current one, from 1; 0 of 0 after the marks were removed.
     void PlaceChanged(int index, int count);
 

@@ -26,6 +26,8 @@
 #include "views/frm_keys.h"
 #include "views/frm_optionen.h"
 #include "views/frm_progress.h"
+#include "views/graph_pane.h"
+#include "views/graph_wiring.h"
 #include "views/lower_pane.h"
 #include "views/main_menus.h"
 #include "views/main_panes.h"
@@ -48,13 +50,15 @@ namespace {
 
 constexpr QSize kSmallestWindow(720, 480);
 
-// The project file that is dragged, or an empty text.
-QString DroppedProject(const QMimeData* data) {
+// The project or diagram that is dragged, or an empty text.
+QString DroppedFile(const QMimeData* data) {
     const QList<QUrl> urls = data->urls();
     if (urls.size() != 1 || !urls.front().isLocalFile())
         return {};
     const QString path = urls.front().toLocalFile();
-    return path.endsWith(QStringLiteral(".vbp"), Qt::CaseInsensitive) ? path : QString();
+    const bool fits = path.endsWith(QStringLiteral(".vbp"), Qt::CaseInsensitive) ||
+                      path.endsWith(QStringLiteral(".ovg"), Qt::CaseInsensitive);
+    return fits ? path : QString();
 }
 
 }  // namespace
@@ -93,6 +97,7 @@ frmMain::frmMain(Files& files, SettingsFile& file, Settings settings, std::strin
     WireTrees();
     WireCode();
     WireOverview();
+    WireGraph();
     WireDialogs();
     WireCommands();
     ConnectPorts();
@@ -108,6 +113,7 @@ frmMain::~frmMain() {
     SetQuestionPort({});
     SetMissingFilePort({});
     SetMessagePort({});
+    graph_->ProjectGoes();
     workspace_.Close();
     // The panes still show objects, so the project closes while they exist.
     delete pages_;  // the views must be deleted before the trees that they listen to
@@ -134,6 +140,15 @@ void frmMain::BuildPanes() {
     content_->Add(code_);
     overview_ = new OverviewPane;
     content_->Add(overview_);
+    graph_ = new GraphWiring(*this, files_, file_,
+                             {.run =
+                                  [this](const std::string& name, const std::function<void()>& operation) {
+                                      dialogs_.progress->SetCancelVisible(true);
+                                      dialogs_.progress->Run(name, operation);
+                                  },
+                              .showContent = [this] { ShowContent(); },
+                              .showNow = [this] { ShowNow(); }});
+    content_->Add(&graph_->Pane());
     rtbCodePath_ = new PathLine(this);
     lower_ = new LowerPane(workspace_.Collected(), settings_, this);
     panes_ = new MainPanes({rtbCodePath_, project_, lower_, calledByPane_, callsPane_, content_}, pages_);
@@ -209,6 +224,16 @@ void frmMain::WireOverview() {
     });
     connect(overview_, &OverviewPane::ProblemsChosen, this, [this] { (*commands_)[Command::Problems].trigger(); });
     connect(overview_, &OverviewPane::ReadCallsChosen, this, [this] { (*commands_)[Command::Calls].trigger(); });
+}
+
+void frmMain::WireGraph() {
+    graph_->Follow({&BaumProjekt(), &calledByPane_->Tree(), &callsPane_->Tree(), &lower_->BaumDLL()}, rtbCode(),
+                   project_->Search());
+    graph_->WireCommands();
+    menus_->AddToGraphMenu(&graph_->Pane().ObjectTypes());
+    connect(menus_, &MainMenus::RecentGraphChosen, graph_, &GraphWiring::Open);
+    connect(graph_, &GraphWiring::Message, this, [this](const QString& text) { status_->Message(text); });
+    connect(graph_, &GraphWiring::TitleChanged, this, &frmMain::ShowTitle);
 }
 
 void frmMain::WireDialogs() {
@@ -297,8 +322,13 @@ void frmMain::Arrange(SplitMode mode) {
         Qt::QueuedConnection);
 }
 
+// One question: what is not saved names its file, and that says enough.
+bool frmMain::MayClose() {
+    return graph_->IsUnsaved() ? graph_->MayGo() : !gProjekt || AskYesNo(gText.TextNr(Text::AskExit));
+}
+
 void frmMain::closeEvent(QCloseEvent* event) {
-    if (dialogs_.progress->IsRunning() || (gProjekt && !AskYesNo(gText.TextNr(Text::AskExit)))) {
+    if (dialogs_.progress->IsRunning() || !MayClose()) {
         event->ignore();
         return;
     }
@@ -306,23 +336,24 @@ void frmMain::closeEvent(QCloseEvent* event) {
     StorePlace(*this, size);
     panes_->Store(size);
     SizeSave_Write(file_, size);
+    graph_->ProjectGoes();
     workspace_.Close();
     event->accept();
 }
 
 void frmMain::dragEnterEvent(QDragEnterEvent* event) {
-    if (!DroppedProject(event->mimeData()).isEmpty())
+    if (!DroppedFile(event->mimeData()).isEmpty())
         event->acceptProposedAction();
 }
 
 void frmMain::dropEvent(QDropEvent* event) {
-    const QString path = DroppedProject(event->mimeData());
+    const QString path = DroppedFile(event->mimeData());
     if (path.isEmpty())
         return;
     event->acceptProposedAction();
     // After the drop: the source of the drag, often a file manager, is blocked until this function returns.
     QMetaObject::invokeMethod(
-        this, [this, path] { OpenProject(FromPath(path)); }, Qt::QueuedConnection);
+        this, [this, path] { OpenFile(FromPath(path)); }, Qt::QueuedConnection);
 }
 
 void frmMain::changeEvent(QEvent* event) {

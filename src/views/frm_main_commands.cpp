@@ -30,6 +30,7 @@
 #include "views/frm_optionen.h"
 #include "views/frm_progress.h"
 #include "views/frm_reports.h"
+#include "views/graph_wiring.h"
 #include "views/lower_pane.h"
 #include "views/main_menus.h"
 #include "views/main_panes.h"
@@ -66,7 +67,10 @@ void frmMain::WireCommands() {
         workspace_.ShowDependencies();
         ShowNow();
     });
-    Wire(Command::CloseProject, [this](bool) { CloseTheProject(); });
+    Wire(Command::CloseProject, [this](bool) {
+        if (graph_->MayGo())
+            CloseTheProject();
+    });
     Wire(Command::ReportStructure, [this](bool) { WriteReports("AnalyseErgebnisStructure"); });
     Wire(Command::ReportCalls, [this](bool) { WriteReports("AnalyseErgebnisCalls"); });
     Wire(Command::ReportDeaths, [this](bool) { WriteReports("AnalyseErgebnisDeaths"); });
@@ -91,9 +95,6 @@ void frmMain::WireCommands() {
     });
     Wire(Command::NavPrev, [this](bool) { GoBackOrOn(true); });
     Wire(Command::NavNext, [this](bool) { GoBackOrOn(false); });
-    Wire(Command::ZoomPlus, [this](bool) { rtbCode().ZoomIn(); });
-    Wire(Command::ZoomMinus, [this](bool) { rtbCode().ZoomOut(); });
-    Wire(Command::ZoomNo, [this](bool) { rtbCode().ZoomReset(); });
     Wire(Command::NextPlace, [this](bool) { rtbCode().NextPlace(); });
     Wire(Command::PreviousPlace, [this](bool) { rtbCode().PreviousPlace(); });
     Wire(Command::CalledByReally, [this](bool) { SetMayBe(false, false); });
@@ -140,6 +141,9 @@ void frmMain::MainActions(int nr) {
         case 11:
             Files_Check();
             break;
+        case 12:
+            graph_->ShowGraph();
+            break;
         case 13:
             ShowOverview(false);
             break;
@@ -175,12 +179,15 @@ void frmMain::OpenProject(const std::string& path) {
         ShowFailure(this, TextNr(Text::CannotOpen, ToPath(path)) + QStringLiteral("\n\n") + TextNr(why));
         return;
     }
+    if (!graph_->MayGo())
+        return;
     const QFileInfo file(ToPath(path));
     const std::string codePage = ChooseCodePage(files_, file_, settings_, path);
     dialogs_.error->ForgetIgnored();
     dialogs_.missingFiles->Forget();
     settings_.OpenSaveDir = file.absolutePath().toStdString();
     Save_OpenDir(file_, settings_);
+    graph_->ProjectGoes();
     if (!workspace_.Open(path, codePage)) {
         CloseTheProject();
         status_->Message(TextNr(Text::LoadingCancelled));
@@ -203,12 +210,7 @@ void frmMain::OpenProject(const std::string& path) {
                                         : TextNr(Text::ModulesRead, NumberText(modules));
     status_->Message(calls.isEmpty() ? read : read + QLatin1Char(' ') + calls);
     Activate_Commands();
-}
-
-void frmMain::ShowTitle() {
-    setWindowTitle(QStringLiteral("%1:   %2 (%3)")
-                       .arg(ToQString(gProjekt->MyName), ToQString(kProgramTitle),
-                            QFileInfo(ToPath(gProjekt->FullPath)).fileName()));
+    graph_->ProjectOpened();
 }
 
 void frmMain::ShowProblems() {
@@ -222,8 +224,9 @@ void frmMain::ShowProjectCounts() {
 }
 
 void frmMain::CloseTheProject() {
+    graph_->ProjectGoes();
     workspace_.Close();
-    setWindowTitle(ToQString(kProgramTitle));
+    ShowTitle();
     ShowProjectCounts();
     ShowStartPage();
     Activate_Commands();
@@ -238,7 +241,9 @@ void frmMain::Projekt_Analyse() {
 
 // Returns what is to be said about it.
 QString frmMain::RunCalls() {
+    graph_->EdgesGo();
     const auto counts = workspace_.ReadCalls();
+    graph_->ModelChanged();
     commands_->SetImage(Command::Calls, workspace_.CallsRead() ? "CallsRead" : "CallsReadNot");
     ShowAgain();
     ShowContent();
@@ -252,6 +257,7 @@ void frmMain::Files_Check() {
     using enum Workspace::Refreshed::Outcome;
     dialogs_.missingFiles->Forget();
     const Workspace::Refreshed refreshed = workspace_.Refresh();
+    graph_->ModelChanged();
     if (refreshed.outcome == NothingChanged) {
         status_->Message(TextNr(Text::NoFileChanged));
         return;
@@ -381,17 +387,4 @@ void frmMain::NameCommands() {
     const QString deleteText =
         deletable ? TextNr(Text::DeleteNamed, ToQString(object->myNameOrg())) : TextNr(Text::DeleteObject);
     Commands::SetTexts(command[Command::DeleteObject], deleteText, deleteText);
-}
-
-// Qt toggles a checkable action on every click, also if the command changed nothing: set it to the actual state.
-void frmMain::Activate_Checked() {
-    Commands& command = *commands_;
-    const ContentMode shown = workspace_.ContentShown();
-    command[Command::ContentCode].setChecked(shown == ContentMode::Code);
-    command[Command::WholeModule].setChecked(workspace_.Code().IsWhole());
-    command[Command::Overview].setChecked(shown == ContentMode::Overview);
-    command[Command::ContentGraph].setChecked(shown == ContentMode::Graph);
-    command[Command::ContentChart].setChecked(shown == ContentMode::Chart);
-    command[Command::SplitForContent].setChecked(settings_.Split == SplitMode::Content);
-    command[Command::SplitForCalls].setChecked(settings_.Split == SplitMode::Calls);
 }

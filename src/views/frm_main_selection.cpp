@@ -1,11 +1,15 @@
 // Shows the workspace's answers in the panes.
+#include <QFileInfo>
+
 #include "model/clsProjekt.h"
 #include "project/start.h"
+#include "shell/program.h"
 #include "views/baum_view.h"
 #include "views/code_view.h"
 #include "views/commands.h"
 #include "views/content_stack.h"
 #include "views/frm_main.h"
+#include "views/graph_wiring.h"
 #include "views/lower_pane.h"
 #include "views/overview_pane.h"
 #include "views/path_line.h"
@@ -52,6 +56,7 @@ void frmMain::Show(const Workspace::Shown& shown) {
     if (shown.properties)
         lower_->Properties().Show(*shown.properties);
     rtbCodePath_->Show(shown.path, IconFor(shown.image));
+    graph_->ObjectChosen();
     commands_->SetImage(Command::CallsModule, workspace_.CallsRead() ? "CallsRead" : "CallsReadNot");
     ShowContent();
     Activate_Commands();
@@ -165,5 +170,39 @@ void frmMain::ShowAboutNeighbours() {
 void frmMain::ShowNow() {
     ShowAboutNeighbours();
     project_->ShowPreliminary(gProjekt && !workspace_.CallsRead());
-    commands_->Activate(workspace_.Now(rtbCode().PlaceCount() > 0));
+    Situation now = workspace_.Now(rtbCode().PlaceCount() > 0);
+    now.graph = graph_->Now();
+    commands_->Activate(now);
+}
+
+// The project first, then the diagram with a mark while it is not saved.
+void frmMain::ShowTitle() {
+    const QString program = ToQString(kProgramTitle);
+    const QString graph = graph_->TitlePart();
+    setWindowTitle(
+        !gProjekt ? program
+                  : QStringLiteral("%1:   %2 (%3)%4")
+                        .arg(ToQString(gProjekt->MyName), program, QFileInfo(ToPath(gProjekt->FullPath)).fileName(),
+                             graph.isEmpty() ? graph : QStringLiteral("  \u2013  ") + graph + QStringLiteral("[*]")));
+    setWindowModified(graph_->IsUnsaved());
+}
+
+void frmMain::OpenFile(const std::string& path) {
+    if (QFileInfo(ToPath(path)).suffix().compare(QStringLiteral("ovg"), Qt::CaseInsensitive) == 0)
+        graph_->Open(path);
+    else
+        OpenProject(path);
+}
+
+// Qt toggles a checkable action on every click, also if the command changed nothing: set it to the actual state.
+void frmMain::Activate_Checked() {
+    Commands& command = *commands_;
+    const ContentMode shown = workspace_.ContentShown();
+    command[Command::ContentCode].setChecked(shown == ContentMode::Code);
+    command[Command::WholeModule].setChecked(workspace_.Code().IsWhole());
+    command[Command::Overview].setChecked(shown == ContentMode::Overview);
+    command[Command::ContentGraph].setChecked(shown == ContentMode::Graph);
+    command[Command::ContentChart].setChecked(shown == ContentMode::Chart);
+    command[Command::SplitForContent].setChecked(settings_.Split == SplitMode::Content);
+    command[Command::SplitForCalls].setChecked(settings_.Split == SplitMode::Calls);
 }

@@ -215,6 +215,8 @@ SearchBar::SearchBar(QWidget* parent)
 
     connect(field_, &QLineEdit::textChanged, this, &SearchBar::Search);
     connect(view_, &QListView::clicked, this, &SearchBar::Choose);
+    view_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(view_, &QListView::customContextMenuRequested, this, &SearchBar::ShowMenu);
     Texte();
 }
 

@@ -111,6 +111,11 @@ constexpr auto drawings = std::to_array<Drawing>({
     {"ZoomMinus", "zoom-minus"},
     {"ZoomNo", "zoom-no"},
 
+    {"FetchSymbols", "fetch-symbols"},
+    {"FitGraph", "fit-graph"},
+    {"Legend", "legend"},
+    {"Undo", "undo"},
+    {"Redo", "redo"},
     {"Options", "options"},
     {"Reports", "reports"},
     {"Problems", "problems"},
