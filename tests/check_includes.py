@@ -8,7 +8,7 @@ import sys
 
 ANALYSIS = ["platform", "shell", "source", "model", "structure", "libraries", "calls", "findings", "xgraph",
             "project", "display"]
-WITH_QT = ["views", "canvas", "desktop"]
+WITH_QT = ["widgets", "canvas", "views", "desktop"]
 
 # Room to the rooms whose headers it may include besides its own.
 MAY_INCLUDE = {
@@ -23,10 +23,11 @@ MAY_INCLUDE = {
     "xgraph": ["findings", "calls", "structure", "libraries", "source", "model", "shell", "platform"],
     "project": ["findings", "calls", "structure", "libraries", "source", "model", "shell", "platform"],
     "display": [room for room in ANALYSIS if room != "display"],
-    "canvas": ANALYSIS,
-    "views": ANALYSIS + ["canvas"],
+    "widgets": ANALYSIS,
+    "canvas": ANALYSIS + ["widgets"],
+    "views": ANALYSIS + ["widgets", "canvas"],
     "console": ANALYSIS,
-    "desktop": ANALYSIS + ["views", "canvas", "console"],
+    "desktop": ANALYSIS + ["widgets", "canvas", "views", "console"],
 }
 SOURCES = {".h", ".hpp", ".cpp", ".cc", ".in"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')

@@ -2,6 +2,7 @@
 #include <QApplication>
 #include <QCommandLineParser>
 #include <QFileInfo>
+#include <algorithm>
 
 #include "platform/files.h"
 #include "platform/registry.h"
@@ -11,10 +12,10 @@
 #include "shell/program.h"
 #include "shell/settings.h"
 #include "views/frm_main.h"
-#include "views/icons.h"
-#include "views/qt_text.h"
 #include "views/questions.h"
-#include "views/window_style.h"
+#include "widgets/icons.h"
+#include "widgets/qt_text.h"
+#include "widgets/window_style.h"
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);
@@ -43,11 +44,15 @@ int main(int argc, char** argv) {
 
     frmMain window(files, file, std::move(settings), programDirectory);
     window.show();
-    if (const QStringList projects = commandLine.positionalArguments(); !projects.isEmpty())
+    // Projects first: a diagram belongs to one.
+    QStringList named = commandLine.positionalArguments();
+    std::stable_partition(named.begin(), named.end(), [](const QString& path) {
+        return !path.endsWith(QStringLiteral(".ovg"), Qt::CaseInsensitive);
+    });
+    for (const QString& path : named)
         // In the loop of events, as the progress and questions of the window need it.
         QMetaObject::invokeMethod(
-            &window,
-            [&window, path = QFileInfo(projects.front()).absoluteFilePath()] { window.OpenProject(FromPath(path)); },
+            &window, [&window, file = FromPath(QFileInfo(path).absoluteFilePath())] { window.OpenFile(file); },
             Qt::QueuedConnection);
     return QApplication::exec();
 }

@@ -10,6 +10,11 @@ using enum Command;
 constexpr std::array kRows = std::to_array<CommandRow>({
     {OpenProject, "OpenProject", Text::OpenProject, Text::None, "OpenProject", "Ctrl+O", Needs::Nothing},
     {CloseProject, "CloseProject", Text::CloseProject, Text::None, "Close", "", Needs::Project},
+    {OpenGraph, "OpenGraph", Text::OpenGraph, Text::None, "Open", "", Needs::Project, true},
+    {SaveGraph, "SaveGraph", Text::SaveGraph, Text::None, "Save", "Ctrl+S", Needs::Symbols},
+    {SaveGraphAs, "SaveGraphAs", Text::SaveGraphAs, Text::None, "", "Ctrl+Shift+S", Needs::Symbols, true},
+    {ExportGraph, "ExportGraph", Text::ExportGraph, Text::None, "Export", "", Needs::LaterVersion, true},
+    {PrintGraph, "PrintGraph", Text::PrintGraph, Text::None, "Print", "Ctrl+P", Needs::LaterVersion, true},
     {ReportStructure, "ReportStructure", Text::StructureReports, Text::None, "Reports", "", Needs::Project, true},
     {ReportCalls, "ReportCalls", Text::CallsReports, Text::None, "Reports", "", Needs::Project, true},
     {ReportDeaths, "ReportDeaths", Text::DeathsReport, Text::None, "Reports", "", Needs::Project, true},
@@ -17,7 +22,7 @@ constexpr std::array kRows = std::to_array<CommandRow>({
     {ContentCode, "ContentCode", Text::Code, Text::None, "ContentCode", "", Needs::Project, false, true},
     {Overview, "Overview", Text::Overview, Text::None, "Overview", "Alt+Home", Needs::Project, false, true},
     {WholeModule, "WholeModule", Text::WholeModule, Text::None, "WholeModule", "Ctrl+M", Needs::Module, false, true},
-    {ContentGraph, "ContentGraph", Text::XGraph, Text::None, "ContentGraph", "", Needs::LaterVersion, false, true},
+    {ContentGraph, "ContentGraph", Text::XGraph, Text::None, "ContentGraph", "", Needs::Project, false, true},
     {ContentChart, "ContentChart", Text::Chart, Text::None, "ContentChart", "", Needs::LaterVersion, false, true},
     {SplitForContent, "SplitForContent", Text::SplitForContent, Text::None, "SplitForContent", "", Needs::Project,
      false, true},
@@ -40,6 +45,7 @@ constexpr std::array kRows = std::to_array<CommandRow>({
     {CallsModule, "CallsModule", Text::ForCurrentModule, Text::None, "CallsModule", "", Needs::Never},
     {Refresh, "Refresh", Text::Refresh, Text::None, "Refresh", "F5", Needs::Project},
     {DeleteObject, "DeleteObject", Text::None, Text::None, "Delete", "", Needs::LaterVersion},
+    {ShowInGraph, "ShowInGraph", Text::ShowInGraph, Text::None, "ContentGraph", "Ctrl+G", Needs::Project},
     {CopyName, "CopyName", Text::CopyName, Text::None, "Copy", "", Needs::Project},
     {CopyCodePath, "CopyCodePath", Text::CopyCodePath, Text::None, "", "", Needs::Project},
     {CopyAsText, "CopyAsText", Text::CopyAsText, Text::None, "", "", Needs::Project},
@@ -58,6 +64,18 @@ constexpr std::array kRows = std::to_array<CommandRow>({
     {PreviousPlace, "PreviousPlace", Text::PreviousPlace, Text::None, "", "Shift+F3", Needs::Places},
     {GoTo, "GoTo", Text::ProblemGoTo, Text::GoToObject, "", "F12", Needs::Project},
     {FindCallers, "FindCallers", Text::FindCallers, Text::None, "", "Shift+F12", Needs::Object},
+    {UndoGraph, "UndoGraph", Text::UndoChange, Text::None, "Undo", "Ctrl+Z", Needs::UndoStep},
+    {RedoGraph, "RedoGraph", Text::RedoChange, Text::None, "Redo", "Ctrl+Shift+Z|Ctrl+Y", Needs::RedoStep},
+    {SelectAllSymbols, "SelectAllSymbols", Text::SelectAll, Text::None, "SelectAll", "", Needs::SymbolsShown},
+    {DeleteSymbols, "DeleteSymbols", Text::DeleteSelected, Text::None, "Delete", "", Needs::SelectedSymbol},
+    {CalledByChain, "CalledByChain", Text::CalledByChain, Text::None, "CalledByChain", "", Needs::ProcedureSymbol},
+    {CalledByChainAll, "CalledByChainAll", Text::CalledByChainAll, Text::None, "CalledByChainAll", "",
+     Needs::ProcedureSymbol},
+    {CallsChain, "CallsChain", Text::CallsChain, Text::None, "CallsChain", "", Needs::ProcedureSymbol},
+    {CallsChainAll, "CallsChainAll", Text::CallsChainAll, Text::None, "CallsChainAll", "", Needs::ProcedureSymbol},
+    {FetchSymbols, "cmdNoZoom", Text::FetchSymbols, Text::None, "FetchSymbols", "", Needs::SymbolsShown},
+    {FitGraph, "FitGraph", Text::FitGraph, Text::None, "FitGraph", "", Needs::SymbolsShown},
+    {ShowLegend, "ShowLegend", Text::Legend, Text::None, "Legend", "", Needs::Graph, false, true},
     {WebPage, "WebPage", Text::WebPage, Text::None, "", "", Needs::Nothing},
     {Keys, "Keys", Text::KeyboardShortcuts, Text::None, "", "", Needs::Nothing, true},
     {Diagnosis, "Diagnosis", Text::Summary, Text::None, "", "Ctrl+D", Needs::Nothing, true},
@@ -103,6 +121,20 @@ bool IsEnabled(Command command, const Situation& now) {
             return now.hasPrevious;
         case Needs::NextPlace:
             return now.hasNext;
+        case Needs::Graph:
+            return now.graph.isShown;
+        case Needs::Symbols:
+            return now.graph.hasSymbols;
+        case Needs::SymbolsShown:
+            return now.graph.isShown && now.graph.hasSymbols;
+        case Needs::SelectedSymbol:
+            return now.graph.isShown && now.graph.hasSelected;
+        case Needs::ProcedureSymbol:
+            return now.graph.isShown && now.graph.isProcedure && now.callsRead;
+        case Needs::UndoStep:
+            return now.graph.isShown && now.graph.canUndo;
+        case Needs::RedoStep:
+            return now.graph.isShown && now.graph.canRedo;
         case Needs::LaterVersion:
         case Needs::DoneByOpening:
         case Needs::Never:
@@ -110,6 +142,26 @@ bool IsEnabled(Command command, const Situation& now) {
     }
     return false;
 }
+
+namespace {
+
+Text WhyNotOnGraph(Needs needs, const Situation& now) {
+    if (!now.graph.isShown && needs != Needs::Symbols)
+        return Text::ShowGraphFirst;
+    switch (needs) {
+        case Needs::Symbols:
+        case Needs::SymbolsShown:
+            return Text::GraphIsEmpty;
+        case Needs::SelectedSymbol:
+            return Text::SelectSymbolFirst;
+        case Needs::ProcedureSymbol:
+            return now.callsRead ? Text::ClickProcedureFirst : Text::ReadCallsFirst;
+        default:
+            return Text::NothingToUndo;
+    }
+}
+
+}  // namespace
 
 Text WhyDisabled(Command command, const Situation& now) {
     const Needs needs = RowOf(command).needs;
@@ -128,6 +180,14 @@ Text WhyDisabled(Command command, const Situation& now) {
         case Needs::PreviousPlace:
         case Needs::NextPlace:
             return Text::NoFurtherObject;
+        case Needs::Graph:
+        case Needs::Symbols:
+        case Needs::SymbolsShown:
+        case Needs::SelectedSymbol:
+        case Needs::ProcedureSymbol:
+        case Needs::UndoStep:
+        case Needs::RedoStep:
+            return WhyNotOnGraph(needs, now);
         case Needs::DoneByOpening:
             return Text::DoneAtOpening;
         default:

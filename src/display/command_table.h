@@ -12,6 +12,11 @@
 enum class Command : std::uint8_t {
     OpenProject,
     CloseProject,
+    OpenGraph,
+    SaveGraph,
+    SaveGraphAs,
+    ExportGraph,
+    PrintGraph,
     ReportStructure,
     ReportCalls,
     ReportDeaths,
@@ -41,6 +46,7 @@ enum class Command : std::uint8_t {
     CallsModule,
     Refresh,
     DeleteObject,
+    ShowInGraph,
     CopyName,
     CopyCodePath,
     CopyAsText,
@@ -56,6 +62,17 @@ enum class Command : std::uint8_t {
     PreviousPlace,
     GoTo,
     FindCallers,
+    UndoGraph,
+    RedoGraph,
+    SelectAllSymbols,
+    DeleteSymbols,
+    CalledByChain,
+    CalledByChainAll,
+    CallsChain,
+    CallsChainAll,
+    FetchSymbols,
+    FitGraph,
+    ShowLegend,
     WebPage,
     Keys,
     Diagnosis,
@@ -72,6 +89,13 @@ enum class Needs : std::uint8_t {
     Object,         // a current one
     PreviousPlace,  // in the list for back and forward
     NextPlace,
+    Graph,            // the content shows it
+    Symbols,          // on the graph, shown or not
+    SymbolsShown,     // on the graph, which the content shows
+    SelectedSymbol,   // there, one or more
+    ProcedureSymbol,  // the active symbol is one
+    UndoStep,         // of the graph
+    RedoStep,
     LaterVersion,  // nothing does it yet
     DoneByOpening,
     Never,  // neither shown nor enabled
@@ -94,6 +118,16 @@ struct CommandRow {
 [[nodiscard]] std::span<const CommandRow> CommandTable();
 [[nodiscard]] const CommandRow& RowOf(Command command);
 
+/// What decides which commands of the diagram are enabled.
+struct GraphSituation {
+    bool isShown = false;  // by the content
+    bool hasSymbols = false;
+    bool hasSelected = false;
+    bool isProcedure = false;  // the active symbol
+    bool canUndo = false;
+    bool canRedo = false;
+};
+
 /// What decides which commands are enabled. Without a project all others are false as well.
 struct Situation {
     bool hasProject = false;
@@ -104,6 +138,7 @@ struct Situation {
     bool hasPlaces = false;
     bool hasPrevious = false;
     bool hasNext = false;
+    GraphSituation graph = {};
 };
 [[nodiscard]] bool IsEnabled(Command command, const Situation& now);
 /// What the user has to do first; None if there is nothing to say.

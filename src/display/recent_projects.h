@@ -1,4 +1,4 @@
-// The projects opened last, newest first, kept in the settings file.
+// The projects and diagrams opened last, newest first, kept in the settings file.
 #pragma once
 
 #include <string>
@@ -12,3 +12,7 @@ inline constexpr std::size_t kRecentProjects = 8;
 [[nodiscard]] std::vector<std::string> RecentProjects(SettingsFile& settings);
 /// Puts `path` first and writes the settings; the list contains it once.
 void AddRecentProject(SettingsFile& settings, std::string_view path);
+
+/// The same for diagrams.
+[[nodiscard]] std::vector<std::string> RecentGraphs(SettingsFile& settings);
+void AddRecentGraph(SettingsFile& settings, std::string_view path);

@@ -451,7 +451,11 @@ const CodeObject* Workspace::ObjectOf(const BaumNode& node) const {
 
 std::vector<std::string> Workspace::HoverText(const BaumNode& node) const {
     const CodeObject* const object = ObjectOf(node);
-    return object ? ObjectText(*projekt_, code_.Locals(), *object) : std::vector<std::string>();
+    return object ? HoverText(*object) : std::vector<std::string>();
+}
+
+std::vector<std::string> Workspace::HoverText(const CodeObject& object) const {
+    return ObjectText(*projekt_, code_.Locals(), object);
 }
 
 std::vector<std::string> Workspace::DependencyHoverText(const BaumNode& node, bool isCaller) const {
@@ -469,7 +473,11 @@ std::vector<std::string> Workspace::DependencyHoverText(const BaumNode& node, bo
 
 std::string Workspace::SpokenText(const BaumNode& node) const {
     const CodeObject* const object = ObjectOf(node);
-    return object ? SpokenAbout(*projekt_, code_.Locals(), *object) : std::string();
+    return object ? SpokenText(*object) : std::string();
+}
+
+std::string Workspace::SpokenText(const CodeObject& object) const {
+    return SpokenAbout(*projekt_, code_.Locals(), object);
 }
 
 std::vector<std::string> Workspace::CodeHoverText(Pos position) const {

@@ -157,10 +157,12 @@ public:
 
     // Hover texts, in UTF-8; empty for nothing.
     [[nodiscard]] std::vector<std::string> HoverText(const BaumNode& node) const;
+    [[nodiscard]] std::vector<std::string> HoverText(const CodeObject& object) const;
     /// The last line is the number of calls that the node represents.
     [[nodiscard]] std::vector<std::string> DependencyHoverText(const BaumNode& node, bool isCaller) const;
     /// For screen readers, after the text of the node.
     [[nodiscard]] std::string SpokenText(const BaumNode& node) const;
+    [[nodiscard]] std::string SpokenText(const CodeObject& object) const;
     [[nodiscard]] std::vector<std::string> CodeHoverText(Pos position) const;
 
     /// @param hasPlaces  whether places are marked in the code

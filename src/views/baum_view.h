@@ -60,6 +60,8 @@ Q_SIGNALS:
     void CallersAsked(const std::string& key);
     void NodeChecked(BaumNode& node);
     void KeyDropped(const std::string& key);
+    /// From the context menu: put the object of the node on the diagram.
+    void GraphAsked(const std::string& key);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -14,7 +14,7 @@
 #include "views/baum_view.h"
 #include "views/commands.h"
 #include "views/context_ways.h"
-#include "views/qt_text.h"
+#include "widgets/qt_text.h"
 
 namespace {
 
@@ -77,7 +77,8 @@ void BaumView::ShowMenu(const QModelIndex& index, const QPoint& globalPos) {
     using Way = std::function<void()>;
     AddWays(
         *menu, object.empty() ? Way() : [this, object] { Q_EMIT GoToAsked(object); },
-        object.empty() ? Way() : [this, object] { Q_EMIT CallersAsked(object); });
+        object.empty() ? Way() : [this, object] { Q_EMIT CallersAsked(object); },
+        HasCodePath(*node) ? [this, object] { Q_EMIT GraphAsked(object); } : Way());
     menu->addAction(TextNr(Text::CopyName), this, copy(TextOf));
     menu->addAction(TextNr(Text::CopyCodePath), this, copy(PathOf))->setEnabled(HasCodePath(*node));
     menu->addAction(TextNr(Text::CopyAsText), this, copy(TreeOf));

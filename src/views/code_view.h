@@ -62,6 +62,8 @@ Q_SIGNALS:
     void PositionClicked(int selStart, int selLength);
     /// Menu: the callers of the object that this place leads to, or of the current one.
     void CallersAsked();
+    /// Menu: put that object on the diagram.
+    void GraphAsked();
     /// A place became the current one, from 1; 0 of 0 after the marks were removed.
     void PlaceChanged(int index, int count);
 

@@ -8,7 +8,7 @@
 #include "views/code_view.h"
 #include "views/commands.h"
 #include "views/context_ways.h"
-#include "views/qt_text.h"
+#include "widgets/qt_text.h"
 
 namespace {
 
@@ -79,7 +79,8 @@ void CodeView::contextMenuEvent(QContextMenuEvent* event) {
     menu->setAttribute(Qt::WA_DeleteOnClose);
     using Way = std::function<void()>;
     AddWays(*menu, LeadsOn() ? [this] { Q_EMIT PositionClicked(SelStart(), SelLength()); } : Way(),
-            text_.ByteCount() > 0 ? [this] { Q_EMIT CallersAsked(); } : Way());
+            text_.ByteCount() > 0 ? [this] { Q_EMIT CallersAsked(); } : Way(),
+            text_.ByteCount() > 0 ? [this] { Q_EMIT GraphAsked(); } : Way());
     menu->addAction(TextNr(Text::Copy), this, &CodeView::copy)->setEnabled(textCursor().hasSelection());
     menu->addAction(TextNr(Text::SelectAll), this, &CodeView::selectAll);
     Commands::GiveLetters(menu->actions());

@@ -3,7 +3,7 @@
 #include <QMenu>
 
 #include "display/command_table.h"
-#include "views/qt_text.h"
+#include "widgets/qt_text.h"
 
 namespace {
 
@@ -23,8 +23,10 @@ void Add(QMenu& menu, Command command, std::function<void()> function) {
 
 }  // namespace
 
-void AddWays(QMenu& menu, std::function<void()> goTo, std::function<void()> findCallers) {
+void AddWays(QMenu& menu, std::function<void()> goTo, std::function<void()> findCallers,
+             std::function<void()> showInGraph) {
     Add(menu, Command::GoTo, std::move(goTo));
     Add(menu, Command::FindCallers, std::move(findCallers));
+    Add(menu, Command::ShowInGraph, std::move(showInGraph));
     menu.addSeparator();
 }

@@ -1,4 +1,4 @@
-// The first items of every context menu of objects: "Go to" and "Find callers".
+// The first items of every context menu of objects: "Go to", "Find callers" and "Show in X-Graph".
 #pragma once
 
 #include <functional>
@@ -6,5 +6,6 @@
 class QMenu;
 
 /// Adds them with their keys, and a separator. An empty function greys its item.
-/// @param goTo, findCallers  called when an item is chosen
-void AddWays(QMenu& menu, std::function<void()> goTo, std::function<void()> findCallers);
+/// @param goTo, findCallers, showInGraph  called when an item is chosen
+void AddWays(QMenu& menu, std::function<void()> goTo, std::function<void()> findCallers,
+             std::function<void()> showInGraph);

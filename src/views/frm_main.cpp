@@ -27,35 +27,39 @@
 #include "views/frm_keys.h"
 #include "views/frm_optionen.h"
 #include "views/frm_progress.h"
-#include "views/icons.h"
+#include "views/graph_pane.h"
+#include "views/graph_wiring.h"
 #include "views/lower_pane.h"
 #include "views/main_menus.h"
 #include "views/main_panes.h"
 #include "views/main_toolbar.h"
-#include "views/object_tip.h"
 #include "views/overview_pane.h"
 #include "views/path_line.h"
 #include "views/problems_list.h"
 #include "views/properties_grid.h"
-#include "views/qt_text.h"
 #include "views/questions.h"
 #include "views/search_bar.h"
 #include "views/start_page.h"
 #include "views/status_line.h"
 #include "views/tree_panes.h"
 #include "views/window_place.h"
+#include "widgets/icons.h"
+#include "widgets/object_tip.h"
+#include "widgets/qt_text.h"
 
 namespace {
 
 constexpr QSize kSmallestWindow(720, 480);
 
-// The project file that is dragged, or an empty text.
-QString DroppedProject(const QMimeData* data) {
+// The project or diagram that is dragged, or an empty text.
+QString DroppedFile(const QMimeData* data) {
     const QList<QUrl> urls = data->urls();
     if (urls.size() != 1 || !urls.front().isLocalFile())
         return {};
     const QString path = urls.front().toLocalFile();
-    return path.endsWith(QStringLiteral(".vbp"), Qt::CaseInsensitive) ? path : QString();
+    const bool fits = path.endsWith(QStringLiteral(".vbp"), Qt::CaseInsensitive) ||
+                      path.endsWith(QStringLiteral(".ovg"), Qt::CaseInsensitive);
+    return fits ? path : QString();
 }
 
 }  // namespace
@@ -96,6 +100,7 @@ frmMain::frmMain(Files& files, SettingsFile& file, Settings settings, std::strin
     WireCode();
     WireWays();
     WireOverview();
+    WireGraph();
     WireDialogs();
     WireCommands();
     ConnectPorts();
@@ -111,6 +116,7 @@ frmMain::~frmMain() {
     SetQuestionPort({});
     SetMissingFilePort({});
     SetMessagePort({});
+    graph_->ProjectGoes();
     workspace_.Close();
     // The panes still show objects, so the project closes while they exist.
     delete pages_;  // the views must be deleted before the trees that they listen to
@@ -137,6 +143,15 @@ void frmMain::BuildPanes() {
     content_->Add(code_);
     overview_ = new OverviewPane;
     content_->Add(overview_);
+    graph_ = new GraphWiring(*this, files_, file_,
+                             {.run =
+                                  [this](const std::string& name, const std::function<void()>& operation) {
+                                      dialogs_.progress->SetCancelVisible(true);
+                                      dialogs_.progress->Run(name, operation);
+                                  },
+                              .showContent = [this] { ShowContent(); },
+                              .showNow = [this] { ShowNow(); }});
+    content_->Add(&graph_->Pane());
     rtbCodePath_ = new PathLine(this);
     lower_ = new LowerPane(workspace_.Collected(), settings_, this);
     panes_ = new MainPanes({rtbCodePath_, project_, lower_, calledByPane_, callsPane_, content_}, pages_);
@@ -213,6 +228,16 @@ void frmMain::WireOverview() {
     });
     connect(overview_, &OverviewPane::ProblemsChosen, this, [this] { (*commands_)[Command::Problems].trigger(); });
     connect(overview_, &OverviewPane::ReadCallsChosen, this, [this] { (*commands_)[Command::Calls].trigger(); });
+}
+
+void frmMain::WireGraph() {
+    graph_->Follow({&BaumProjekt(), &calledByPane_->Tree(), &callsPane_->Tree(), &lower_->BaumDLL()},
+                   lower_->References(), rtbCode(), project_->Search());
+    graph_->WireCommands();
+    menus_->AddToGraphMenu(&graph_->Pane().ObjectTypes());
+    connect(menus_, &MainMenus::RecentGraphChosen, graph_, &GraphWiring::Open);
+    connect(graph_, &GraphWiring::Message, this, [this](const QString& text) { status_->Message(text); });
+    connect(graph_, &GraphWiring::TitleChanged, this, &frmMain::ShowTitle);
 }
 
 void frmMain::WireDialogs() {
@@ -302,9 +327,15 @@ void frmMain::Arrange(SplitMode mode) {
         Qt::QueuedConnection);
 }
 
+// One question: what is not saved names its file, and that says enough.
+bool frmMain::MayClose() {
+    if (graph_->IsUnsaved())
+        return graph_->MayGo();
+    return !gProjekt || settings_.AskAtClosing == 0 || AskYesNo(gText.TextNr(Text::AskExit));
+}
+
 void frmMain::closeEvent(QCloseEvent* event) {
-    if (dialogs_.progress->IsRunning() ||
-        (gProjekt && settings_.AskAtClosing != 0 && !AskYesNo(gText.TextNr(Text::AskExit)))) {
+    if (dialogs_.progress->IsRunning() || !MayClose()) {
         event->ignore();
         return;
     }
@@ -317,18 +348,18 @@ void frmMain::closeEvent(QCloseEvent* event) {
 }
 
 void frmMain::dragEnterEvent(QDragEnterEvent* event) {
-    if (!DroppedProject(event->mimeData()).isEmpty())
+    if (!DroppedFile(event->mimeData()).isEmpty())
         event->acceptProposedAction();
 }
 
 void frmMain::dropEvent(QDropEvent* event) {
-    const QString path = DroppedProject(event->mimeData());
+    const QString path = DroppedFile(event->mimeData());
     if (path.isEmpty())
         return;
     event->acceptProposedAction();
     // After the drop: the source of the drag, often a file manager, is blocked until this function returns.
     QMetaObject::invokeMethod(
-        this, [this, path] { OpenProject(FromPath(path)); }, Qt::QueuedConnection);
+        this, [this, path] { OpenFile(FromPath(path)); }, Qt::QueuedConnection);
 }
 
 void frmMain::changeEvent(QEvent* event) {

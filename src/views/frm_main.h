@@ -18,6 +18,7 @@ class Commands;
 class ContentStack;
 class DependencyPane;
 class Files;
+class GraphWiring;
 class LowerPane;
 class MainMenus;
 class MainPanes;
@@ -52,6 +53,8 @@ public:
     void Projekt_Oeffnen();
     /// Closes the open project and opens the project file at `path`.
     void OpenProject(const std::string& path);
+    /// Opens what is named on the command line or dropped on the window: a project, or a diagram of the open one.
+    void OpenFile(const std::string& path);
     /// Back to the empty window.
     void CloseTheProject();
     /// Reads the calls of the whole project, after a question.
@@ -100,10 +103,12 @@ private:
     void WireTrees();
     void WireCode();
     void WireOverview();
+    void WireGraph();
     void WireDialogs();
     void ConnectPorts();
     void Arrange(SplitMode mode);
     void Restore();
+    [[nodiscard]] bool MayClose();
     void ApplyFonts();
     void ShowStartPage();
 
@@ -175,6 +180,7 @@ private:
     ContentStack* content_ = nullptr;
     CodeContent* code_ = nullptr;  // in it
     OverviewPane* overview_ = nullptr;
+    GraphWiring* graph_ = nullptr;
     PathLine* rtbCodePath_ = nullptr;
     LowerPane* lower_ = nullptr;
 };

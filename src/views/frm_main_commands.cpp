@@ -25,17 +25,18 @@
 #include "views/frm_optionen.h"
 #include "views/frm_progress.h"
 #include "views/frm_reports.h"
+#include "views/graph_wiring.h"
 #include "views/lower_pane.h"
 #include "views/main_menus.h"
 #include "views/main_panes.h"
 #include "views/open_document.h"
 #include "views/problems_list.h"
 #include "views/properties_grid.h"
-#include "views/qt_text.h"
 #include "views/questions.h"
 #include "views/search_bar.h"
 #include "views/status_line.h"
 #include "views/tree_panes.h"
+#include "widgets/qt_text.h"
 
 void frmMain::Wire(Command command, std::function<void(bool)> function) {
     connect(&(*commands_)[command], &QAction::triggered, this, std::move(function));
@@ -61,7 +62,10 @@ void frmMain::WireCommands() {
         workspace_.ShowDependencies();
         ShowNow();
     });
-    Wire(Command::CloseProject, [this](bool) { CloseTheProject(); });
+    Wire(Command::CloseProject, [this](bool) {
+        if (graph_->MayGo())
+            CloseTheProject();
+    });
     Wire(Command::ReportStructure, [this](bool) { WriteReports("AnalyseErgebnisStructure"); });
     Wire(Command::ReportCalls, [this](bool) { WriteReports("AnalyseErgebnisCalls"); });
     Wire(Command::ReportDeaths, [this](bool) { WriteReports("AnalyseErgebnisDeaths"); });
@@ -86,9 +90,6 @@ void frmMain::WireCommands() {
     });
     Wire(Command::NavPrev, [this](bool) { GoBackOrOn(true); });
     Wire(Command::NavNext, [this](bool) { GoBackOrOn(false); });
-    Wire(Command::ZoomPlus, [this](bool) { rtbCode().ZoomIn(); });
-    Wire(Command::ZoomMinus, [this](bool) { rtbCode().ZoomOut(); });
-    Wire(Command::ZoomNo, [this](bool) { rtbCode().ZoomReset(); });
     Wire(Command::CalledByReally, [this](bool) { SetMayBe(false, false); });
     Wire(Command::CalledByMaybe, [this](bool) { SetMayBe(false, true); });
     Wire(Command::CallsReally, [this](bool) { SetMayBe(true, false); });
@@ -133,6 +134,9 @@ void frmMain::MainActions(int nr) {
         case 11:
             Files_Check();
             break;
+        case 12:
+            graph_->ShowGraph();
+            break;
         case 13:
             ShowOverview(false);
             break;
@@ -159,7 +163,9 @@ void frmMain::Projekt_Analyse() {
 
 // Returns what is to be said about it.
 QString frmMain::RunCalls() {
+    graph_->EdgesGo();
     const auto counts = workspace_.ReadCalls();
+    graph_->ModelChanged();
     commands_->SetImage(Command::Calls, workspace_.CallsRead() ? "CallsRead" : "CallsReadNot");
     ShowAgain();
     ShowContent();
@@ -173,6 +179,7 @@ void frmMain::Files_Check() {
     using enum Workspace::Refreshed::Outcome;
     dialogs_.missingFiles->Forget();
     const Workspace::Refreshed refreshed = workspace_.Refresh();
+    graph_->ModelChanged();
     if (refreshed.outcome == NothingChanged) {
         status_->Message(TextNr(Text::NoFileChanged));
         return;
@@ -302,17 +309,4 @@ void frmMain::NameCommands() {
     const QString deleteText =
         deletable ? TextNr(Text::DeleteNamed, ToQString(object->myNameOrg())) : TextNr(Text::DeleteObject);
     Commands::SetTexts(command[Command::DeleteObject], deleteText, deleteText);
-}
-
-// Qt toggles a checkable action on every click, also if the command changed nothing: set it to the actual state.
-void frmMain::Activate_Checked() {
-    Commands& command = *commands_;
-    const ContentMode shown = workspace_.ContentShown();
-    command[Command::ContentCode].setChecked(shown == ContentMode::Code);
-    command[Command::WholeModule].setChecked(workspace_.Code().IsWhole());
-    command[Command::Overview].setChecked(shown == ContentMode::Overview);
-    command[Command::ContentGraph].setChecked(shown == ContentMode::Graph);
-    command[Command::ContentChart].setChecked(shown == ContentMode::Chart);
-    command[Command::SplitForContent].setChecked(settings_.Split == SplitMode::Content);
-    command[Command::SplitForCalls].setChecked(settings_.Split == SplitMode::Calls);
 }

@@ -5,9 +5,9 @@
 #include "views/frm_main.h"
 #include "views/lower_pane.h"
 #include "views/main_panes.h"
-#include "views/qt_text.h"
 #include "views/references_list.h"
 #include "views/status_line.h"
+#include "widgets/qt_text.h"
 
 void frmMain::WireWays() {
     Wire(Command::GoTo, [this](bool) { GoTo(KeyInFocus()); });

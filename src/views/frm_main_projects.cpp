@@ -19,13 +19,14 @@
 #include "views/frm_error.h"
 #include "views/frm_main.h"
 #include "views/frm_progress.h"
+#include "views/graph_wiring.h"
 #include "views/lower_pane.h"
 #include "views/main_panes.h"
 #include "views/properties_grid.h"
-#include "views/qt_text.h"
 #include "views/questions.h"
 #include "views/start_page.h"
 #include "views/status_line.h"
+#include "widgets/qt_text.h"
 
 void frmMain::Projekt_Oeffnen() {
     QFileDialog dialog(this, TextNr(Text::OpenProject).remove(QChar(0x2026)));
@@ -49,6 +50,8 @@ void frmMain::OpenProject(const std::string& path) {
         ShowStartPage();  // the file may be among the recent ones
         return;
     }
+    if (!graph_->MayGo())
+        return;
     const QFileInfo file(ToPath(path));
     const std::string codePage = ChooseCodePage(files_, file_, settings_, path);
     dialogs_.error->ForgetIgnored();
@@ -84,6 +87,7 @@ void frmMain::OpenProject(const std::string& path) {
                                         : TextNr(Text::ModulesRead, NumberText(modules));
     status_->Message(calls.isEmpty() ? read : read + QLatin1Char(' ') + calls);
     Activate_Commands();
+    graph_->ProjectOpened();
 }
 
 // What can be shown as it was before the calls are read.
@@ -101,16 +105,11 @@ void frmMain::LeaveProject() {
         view.zoom = rtbCode().Zoom();
         StoreView(file_, gProjekt->FullPath, view);
     }
+    graph_->ProjectGoes();
     workspace_.Close();
-    setWindowTitle(ToQString(kProgramTitle));
+    ShowTitle();
     ShowProjectCounts();
     status_->Message({});
-}
-
-void frmMain::ShowTitle() {
-    setWindowTitle(QStringLiteral("%1:   %2 (%3)")
-                       .arg(ToQString(gProjekt->MyName), ToQString(kProgramTitle),
-                            QFileInfo(ToPath(gProjekt->FullPath)).fileName()));
 }
 
 void frmMain::CloseTheProject() {

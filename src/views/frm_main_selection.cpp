@@ -1,20 +1,24 @@
 // Shows the workspace's answers in the panes.
+#include <QFileInfo>
+
 #include "model/clsProjekt.h"
 #include "project/start.h"
+#include "shell/program.h"
 #include "views/baum_view.h"
 #include "views/code_view.h"
 #include "views/commands.h"
 #include "views/content_stack.h"
 #include "views/frm_main.h"
-#include "views/icons.h"
+#include "views/graph_wiring.h"
 #include "views/lower_pane.h"
 #include "views/overview_pane.h"
 #include "views/path_line.h"
 #include "views/properties_grid.h"
-#include "views/qt_text.h"
 #include "views/references_list.h"
 #include "views/search_bar.h"
 #include "views/tree_panes.h"
+#include "widgets/icons.h"
+#include "widgets/qt_text.h"
 
 // Objects become invalid now: clears every pane that shows one.
 void frmMain::GenerationEnds() {
@@ -57,6 +61,7 @@ void frmMain::Show(const Workspace::Shown& shown) {
         lower_->Properties().Show(*shown.properties);
     RenewReferences();
     rtbCodePath_->Show(shown.path, IconFor(shown.image));
+    graph_->ObjectChosen();
     commands_->SetImage(Command::CallsModule, workspace_.CallsRead() ? "CallsRead" : "CallsReadNot");
     ShowContent();
     Activate_Commands();
@@ -177,5 +182,39 @@ void frmMain::ShowNow() {
     ShowAboutNeighbours();
     project_->ShowPreliminary(gProjekt && !workspace_.CallsRead());
     const bool hasReferences = lower_->References().isVisible() && lower_->References().Count() > 0;
-    commands_->Activate(workspace_.Now(rtbCode().PlaceCount() > 0 || workspace_.Walk().Count() > 0 || hasReferences));
+    Situation now = workspace_.Now(rtbCode().PlaceCount() > 0 || workspace_.Walk().Count() > 0 || hasReferences);
+    now.graph = graph_->Now();
+    commands_->Activate(now);
+}
+
+// The project first, then the diagram with a mark while it is not saved.
+void frmMain::ShowTitle() {
+    const QString program = ToQString(kProgramTitle);
+    const QString graph = graph_->TitlePart();
+    setWindowTitle(
+        !gProjekt ? program
+                  : QStringLiteral("%1:   %2 (%3)%4")
+                        .arg(ToQString(gProjekt->MyName), program, QFileInfo(ToPath(gProjekt->FullPath)).fileName(),
+                             graph.isEmpty() ? graph : QStringLiteral("  \u2013  ") + graph + QStringLiteral("[*]")));
+    setWindowModified(graph_->IsUnsaved());
+}
+
+void frmMain::OpenFile(const std::string& path) {
+    if (QFileInfo(ToPath(path)).suffix().compare(QStringLiteral("ovg"), Qt::CaseInsensitive) == 0)
+        graph_->Open(path);
+    else
+        OpenProject(path);
+}
+
+// Qt toggles a checkable action on every click, also if the command changed nothing: set it to the actual state.
+void frmMain::Activate_Checked() {
+    Commands& command = *commands_;
+    const ContentMode shown = workspace_.ContentShown();
+    command[Command::ContentCode].setChecked(shown == ContentMode::Code);
+    command[Command::WholeModule].setChecked(workspace_.Code().IsWhole());
+    command[Command::Overview].setChecked(shown == ContentMode::Overview);
+    command[Command::ContentGraph].setChecked(shown == ContentMode::Graph);
+    command[Command::ContentChart].setChecked(shown == ContentMode::Chart);
+    command[Command::SplitForContent].setChecked(settings_.Split == SplitMode::Content);
+    command[Command::SplitForCalls].setChecked(settings_.Split == SplitMode::Calls);
 }

@@ -6,7 +6,7 @@
 #include <QLineEdit>
 #include <QToolButton>
 
-#include "views/qt_text.h"
+#include "widgets/qt_text.h"
 
 LibraryOptions::LibraryOptions(QWidget* parent) : QWidget(parent) {
     const char* const names[Fields] = {"LibraryFolders", "WinePrefix", "RegistryFiles"};

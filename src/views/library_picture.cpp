@@ -8,7 +8,7 @@
 #include "model/clsProjekt.h"
 #include "model/clsTypeLib.h"
 #include "project/start.h"
-#include "views/icons.h"
+#include "widgets/icons.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 
 #include "views/baum_view.h"
 #include "views/properties_grid.h"
-#include "views/qt_text.h"
 #include "views/references_list.h"
+#include "widgets/qt_text.h"
 
 namespace {
 

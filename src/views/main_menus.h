@@ -21,22 +21,26 @@ public:
     void Texte();
     /// Gives each menu, and each item of one menu, an underlined letter of its own.
     void AssignLetters();
+    /// At the end of the commands of the diagram.
+    void AddToGraphMenu(QMenu* menu);
     /// Menus whose items all need a project.
     void SetProjectOpen(bool open);
 
 Q_SIGNALS:
     void RecentChosen(const std::string& path);
+    void RecentGraphChosen(const std::string& path);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     void Fill();
-    void FillRecent();
+    void FillRecent(QMenu& menu, const std::vector<std::string>& paths, void (MainMenus::*chosen)(const std::string&));
 
     QMainWindow& window_;
     Commands& commands_;
     const Files& files_;
     SettingsFile& file_;
-    QMenu *mnuDatei_, *mnuRecent_, *mnuReports_, *mnuAnsicht_, *mnuStruktur_, *mnuCopy_, *mnuDependencies_, *mnuHelp_;
+    QMenu *mnuDatei_, *mnuRecent_, *mnuRecentGraphs_, *mnuReports_, *mnuAnsicht_, *mnuGraph_, *mnuStruktur_, *mnuCopy_,
+        *mnuDependencies_, *mnuHelp_;
 };

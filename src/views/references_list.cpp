@@ -6,12 +6,12 @@
 #include <QMenu>
 #include <QPainter>
 
-#include "views/code_style.h"
 #include "views/commands.h"
 #include "views/context_ways.h"
-#include "views/icons.h"
-#include "views/qt_text.h"
 #include "views/two_line_delegate.h"
+#include "widgets/code_style.h"
+#include "widgets/icons.h"
+#include "widgets/qt_text.h"
 
 namespace {
 
@@ -178,7 +178,8 @@ void ReferencesList::contextMenuEvent(QContextMenuEvent* event) {
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
     AddWays(
-        *menu, [this, key = row->key] { Q_EMIT GoToAsked(key); }, [this, key = row->key] { Q_EMIT CallersAsked(key); });
+        *menu, [this, key = row->key] { Q_EMIT GoToAsked(key); }, [this, key = row->key] { Q_EMIT CallersAsked(key); },
+        [this, key = row->key] { Q_EMIT GraphAsked(key); });
     menu->addAction(TextNr(Text::Copy), this, &ReferencesList::CopyRow);
     menu->addAction(TextNr(Text::CopyCodePath), this,
                     [where = Utf8(row->where)] { QApplication::clipboard()->setText(where); });

@@ -53,6 +53,7 @@ Q_SIGNALS:
     void RowChosen(int row, bool stays);
     void GoToAsked(const std::string& key);
     void CallersAsked(const std::string& key);
+    void GraphAsked(const std::string& key);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

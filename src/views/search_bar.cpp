@@ -15,9 +15,10 @@
 #include "model/clsProjekt.h"
 #include "project/start.h"
 #include "shell/words.h"
-#include "views/icons.h"
-#include "views/qt_text.h"
 #include "views/two_line_delegate.h"
+#include "widgets/code_style.h"
+#include "widgets/icons.h"
+#include "widgets/qt_text.h"
 
 namespace {
 
@@ -137,6 +138,8 @@ SearchBar::SearchBar(QWidget* parent)
 
     connect(field_, &QLineEdit::textChanged, this, &SearchBar::Search);
     connect(view_, &QListView::clicked, this, &SearchBar::Choose);
+    view_->setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(view_, &QListView::customContextMenuRequested, this, &SearchBar::ShowMenu);
     Texte();
 }
 

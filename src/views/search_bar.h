@@ -48,10 +48,14 @@ public:
     /// hits.
     void ProjectChanges();
     void Texte();
+    /// Key of the node of the selected hit; empty while the list is closed.
+    [[nodiscard]] std::string HitKey() const;
 
 Q_SIGNALS:
     /// Key of the node of the chosen object; the list is already closed.
     void ObjectChosen(const std::string& nodeKey);
+    /// From the context menu of a hit: put its object on the diagram.
+    void GraphAsked(const std::string& nodeKey);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -61,6 +65,7 @@ private:
     void Open();
     void Close();
     void PlaceList();
+    void ShowMenu(const QPoint& point);
     void Choose(const QModelIndex& index);
     void MoveBy(int rows);
     void Select(int row);

@@ -3,8 +3,8 @@
 #include <QPainter>
 #include <QTextLayout>
 
-#include "views/code_style.h"
-#include "views/window_style.h"
+#include "widgets/code_style.h"
+#include "widgets/window_style.h"
 
 namespace {
 

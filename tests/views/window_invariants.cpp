@@ -21,8 +21,8 @@
 #include "views/overview_pane.h"
 #include "views/path_line.h"
 #include "views/properties_grid.h"
-#include "views/qt_text.h"
 #include "views/start_page.h"
+#include "widgets/qt_text.h"
 
 namespace {
 

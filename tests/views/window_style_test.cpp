@@ -1,6 +1,7 @@
-#include "views/window_style.h"
+#include "widgets/window_style.h"
 
-#include "views/code_style.h"
+#include <QListView>
+#include "widgets/code_style.h"
 #include "window_texts.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "views/icons.h"
+#include "widgets/icons.h"
 
 #include <QApplication>
 #include <QCache>
@@ -16,7 +16,7 @@
 #include <memory>
 #include <unordered_map>
 
-#include "views/window_style.h"
+#include "widgets/window_style.h"
 
 namespace {
 
@@ -111,6 +111,11 @@ constexpr auto drawings = std::to_array<Drawing>({
     {"ZoomMinus", "zoom-minus"},
     {"ZoomNo", "zoom-no"},
 
+    {"FetchSymbols", "fetch-symbols"},
+    {"FitGraph", "fit-graph"},
+    {"Legend", "legend"},
+    {"Undo", "undo"},
+    {"Redo", "redo"},
     {"Options", "options"},
     {"Reports", "reports"},
     {"Problems", "problems"},

@@ -1,0 +1,40 @@
+// The connectors as they are painted below the symbols: all in one go, only those that cross what is to be painted.
+#pragma once
+
+#include <QPointF>
+#include <QRectF>
+#include <array>
+#include <vector>
+
+#include "xgraph/pairs.h"
+#include "xgraph/routing.h"
+
+class QPainter;
+class XGraph;
+struct GraphColours;
+
+class ConnectorLayer {
+public:
+    /// Finds the connectors of the graph again.
+    void Find(const XGraph& graph);
+    void Clear();
+    /// In paint order. They refer to symbols and edges, and last until those change.
+    [[nodiscard]] const std::vector<GraphPair>& Pairs() const { return pairs_; }
+
+    /// @param exposed  in scene units, as all coordinates of the painter
+    void Paint(QPainter& painter, const QRectF& exposed, const GraphColours& colours) const;
+
+private:
+    struct Painted {
+        QRectF bounds;
+        std::array<QPointF, 3> points;
+        bool isLine;
+        ConnectorLook look;
+    };
+    std::vector<GraphPair> pairs_;
+    std::vector<Painted> painted_;  // loops are left out
+};
+
+/// One connector, as the layer and the legend show it.
+void PaintConnector(QPainter& painter, const std::array<QPointF, 3>& points, bool isLine, const ConnectorLook& look,
+                    const GraphColours& colours);

@@ -1,0 +1,471 @@
+// What of the diagram is on the screen, and how it follows its XGraph.
+#include "canvas/graph_canvas.h"
+
+#include <QEvent>
+#include <QHelpEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QToolTip>
+#include <QUndoStack>
+#include <algorithm>
+#include <cmath>
+#include <unordered_set>
+
+#include "canvas/connector_layer.h"
+#include "canvas/graph_accessible.h"
+#include "canvas/graph_change.h"
+#include "canvas/graph_colours.h"
+#include "canvas/legend.h"
+#include "canvas/symbol_fonts.h"
+#include "canvas/symbol_item.h"
+#include "display/node_objects.h"
+#include "model/clsProjekt.h"
+#include "widgets/code_style.h"
+#include "widgets/qt_text.h"
+#include "xgraph/placement.h"
+
+namespace {
+
+constexpr int kUndoSteps = 200;
+constexpr double kZoomStep = 1.2;
+constexpr double kSmallestZoom = 0.04;
+constexpr double kLargestZoom = 6;
+constexpr int kHitPixels = 4;      // around a connector, in which it is hit
+constexpr int kSightMargin = 40;   // pixels between a symbol that is shown and the edge of the view
+constexpr double kFitMargin = 20;  // pixels around the whole diagram
+
+QRectF ToQt(const GraphRect& rect) {
+    return {rect.left, rect.top, rect.width, rect.height};
+}
+
+}  // namespace
+
+GraphCanvas::GraphCanvas(const Settings& settings, QWidget* parent)
+    : QGraphicsView(parent),
+      settings_(settings),
+      fonts_(std::make_unique<SymbolFonts>()),
+      colours_(std::make_unique<GraphColours>(ColoursOf(palette(), settings))),
+      graph_(*fonts_),
+      undo_(new QUndoStack(this)),
+      connectors_(std::make_unique<ConnectorLayer>()),
+      shpMoveObj_(new QGraphicsRectItem),
+      legend_(new GraphLegend(*colours_, this)) {
+    setObjectName(QStringLiteral("picGraphDraw"));
+    setScene(new QGraphicsScene(this));
+    scene()->addItem(shpMoveObj_);
+    shpMoveObj_->setZValue(1e9);
+    shpMoveObj_->hide();
+    // The connectors are the background: they are painted again when they change, and not when something moves above.
+    setCacheMode(CacheBackground);
+    setViewportUpdateMode(SmartViewportUpdate);
+    setOptimizationFlag(DontSavePainterState);
+    setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
+    setTransformationAnchor(AnchorUnderMouse);
+    setResizeAnchor(NoAnchor);
+    setFrameShape(QFrame::StyledPanel);
+    setFocusPolicy(Qt::StrongFocus);
+    setAcceptDrops(true);
+    viewport()->setMouseTracking(true);
+    undo_->setUndoLimit(kUndoSteps);
+    connect(undo_, &QUndoStack::cleanChanged, this, &GraphCanvas::Changed);
+    connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, &GraphCanvas::PlaceLegend);
+    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, &GraphCanvas::PlaceLegend);
+    InstallGraphAccessible();
+    SetZoom(1);
+    ApplySettings();
+    Refresh();
+}
+
+GraphCanvas::~GraphCanvas() = default;
+
+bool GraphCanvas::IsUnsaved() const {
+    return !undo_->isClean() && !(file_.isEmpty() && graph_.GraphObjects().empty());
+}
+
+void GraphCanvas::SetProject(clsProjekt* projekt) {
+    Forget();
+    graph_.SetProject(projekt);
+    file_.clear();
+    marked_.clear();
+    shown_.clear();
+    undo_->clear();
+    isPlaced_ = false;
+    Refresh();
+    if (isVisible())
+        Fit();
+}
+
+void GraphCanvas::ReplaceProject(clsProjekt* projekt) {
+    Forget();
+    graph_.SetProject(projekt);
+    Refresh();
+}
+
+void GraphCanvas::Forget() {
+    press_ = {};
+    isShown_ = false;
+    shpMoveObj_->hide();
+    connectors_->Clear();
+    for (const auto& [index, item] : items_)
+        delete item;
+    items_.clear();
+    resetCachedContent();
+    viewport()->update();
+}
+
+// From `before` to what is shown.
+std::unique_ptr<GraphChange> GraphCanvas::MakeChange(const QString& text, GraphState before) {
+    return std::make_unique<GraphChange>(text, std::move(before), GraphState{shown_, file_}, file_,
+                                         [this](const std::vector<SymbolPlace>& places) {
+                                             graph_.SetPlaces(places);
+                                             shown_ = graph_.Places();
+                                             Refresh();
+                                             FindSymbols();
+                                         });
+}
+
+bool GraphCanvas::Change(const QString& text, const std::function<void(XGraph&)>& change, ChangeKind kind) {
+    GraphState before{graph_.Places(), file_};
+    change(graph_);
+    shown_ = graph_.Places();
+    const bool isChange = before != GraphState{shown_, file_};
+    if (isChange) {
+        std::unique_ptr<GraphChange> made = MakeChange(text, std::move(before));
+        if (kind == ChangeKind::Step)
+            made->JoinSteps();
+        undo_->push(made.release());
+    }
+    Refresh();
+    return isChange;
+}
+
+void GraphCanvas::Refresh() {
+    // Modules that were read again take their symbols with them. Undo brings back those whose objects are still there.
+    std::vector<SymbolPlace> places = graph_.Places();
+    if (places != shown_) {
+        GraphState before{std::move(shown_), file_};
+        shown_ = std::move(places);
+        undo_->push(MakeChange(TextNr(Text::Refresh), std::move(before)).release());
+    }
+    isShown_ = true;
+    graph_.GraphSymbolsRefresh();
+    ShowSymbols();
+    ShowConnectors();
+    PlaceScene();
+    TellContentsChanged(*this);
+    Q_EMIT Changed();
+}
+
+void GraphCanvas::ShowSymbols() {
+    std::unordered_set<int> here;
+    for (const auto& symbol : graph_.GraphObjects()) {
+        here.insert(symbol->Index);
+        SymbolItem*& item = items_[symbol->Index];
+        if (!item) {
+            item = new SymbolItem(symbol->Index, *colours_);
+            scene()->addItem(item);
+        }
+    }
+    std::erase_if(items_, [&](const auto& entry) {
+        if (here.contains(entry.first))
+            return false;
+        delete entry.second;
+        return true;
+    });
+    ShowSelection();
+}
+
+void GraphCanvas::ShowSelection() {
+    const ctlGraphObj* const active = hasFocus() ? graph_.Active() : nullptr;
+    for (const auto& symbol : graph_.GraphObjects())
+        if (const auto item = items_.find(symbol->Index); item != items_.end())
+            item->second->Show(*symbol, symbol.get() == active || symbol->CodePath == marked_);
+}
+
+void GraphCanvas::ShowConnectors() {
+    connectors_->Find(graph_);
+    resetCachedContent();
+    viewport()->update();
+}
+
+// The canvas grows with the symbols and is never smaller than the view.
+void GraphCanvas::PlaceScene() {
+    const QSize view = viewport()->size();
+    const double unit = kTwipsPerPixel / zoom_;
+    const GraphRect canvas = graph_.CanvasFor({view.width() * unit, view.height() * unit});
+    if (ToQt(canvas) != sceneRect())
+        setSceneRect(ToQt(canvas));
+}
+
+void GraphCanvas::drawBackground(QPainter* painter, const QRectF& exposed) {
+    painter->fillRect(exposed, colours_->ground);
+    connectors_->Paint(*painter, exposed, *colours_);
+}
+
+void GraphCanvas::paintEvent(QPaintEvent* event) {
+    QGraphicsView::paintEvent(event);
+    if (!graph_.GraphObjects().empty())
+        return;
+    QPainter painter(viewport());
+    painter.setPen(Dimmed(palette(), colours_->ground));
+    const int margin = fontMetrics().height();
+    painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
+                     Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, TextNr(Text::EmptyGraph));
+}
+
+void GraphCanvas::resizeEvent(QResizeEvent* event) {
+    QGraphicsView::resizeEvent(event);
+    PlaceScene();
+    PlaceLegend();
+}
+
+void GraphCanvas::showEvent(QShowEvent* event) {
+    QGraphicsView::showEvent(event);
+    PlaceScene();
+    PlaceLegend();
+    if (isPlaced_)
+        return;
+    isPlaced_ = true;
+    if (graph_.GraphObjects().empty())
+        centerOn(sceneRect().center());
+    else
+        Fit();
+}
+
+void GraphCanvas::changeEvent(QEvent* event) {
+    QGraphicsView::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange || event->type() == QEvent::StyleChange) {
+        ForgetSymbolPictures();
+        ApplySettings();
+    }
+}
+
+void GraphCanvas::focusInEvent(QFocusEvent* event) {
+    QGraphicsView::focusInEvent(event);
+    ShowSelection();
+}
+
+void GraphCanvas::focusOutEvent(QFocusEvent* event) {
+    QGraphicsView::focusOutEvent(event);
+    isSpaceDown_ = false;
+    ShowSelection();
+}
+
+void GraphCanvas::ApplySettings() {
+    *colours_ = ColoursOf(palette(), settings_);
+    QPen frame(colours_->frame, 1, Qt::DotLine);
+    frame.setCosmetic(true);
+    shpMoveObj_->setPen(frame);
+    resetCachedContent();
+    viewport()->update();
+    legend_->update();
+}
+
+void GraphCanvas::Texte() {
+    setAccessibleName(TextNr(Text::XGraph));
+    setAccessibleDescription(TextNr(Text::GraphKeys));
+    legend_->Texte();
+    PlaceLegend();
+    viewport()->update();
+}
+
+// At the lower left, where it hides least of what is being worked on.
+void GraphCanvas::PlaceLegend() {
+    legend_->adjustSize();
+    const QRect view = viewport()->geometry();
+    constexpr int kMargin = 8;
+    legend_->move(view.left() + kMargin, view.bottom() - legend_->height() - kMargin);
+    legend_->raise();
+}
+
+void GraphCanvas::SetLegend(bool shown) {
+    legend_->setVisible(shown);
+}
+
+void GraphCanvas::SetZoom(double zoom) {
+    const double bounded = std::clamp(zoom, kSmallestZoom, kLargestZoom);
+    zoom_ = std::fabs(bounded - 1) < 0.05 ? 1 : bounded;
+    setTransform(QTransform::fromScale(zoom_ / kTwipsPerPixel, zoom_ / kTwipsPerPixel));
+    PlaceScene();
+}
+
+void GraphCanvas::ZoomIn() {
+    SetZoom(zoom_ * kZoomStep);
+}
+
+void GraphCanvas::ZoomOut() {
+    SetZoom(zoom_ / kZoomStep);
+}
+
+void GraphCanvas::ZoomReset() {
+    SetZoom(1);
+}
+
+void GraphCanvas::Fit() {
+    if (graph_.GraphObjects().empty()) {
+        SetZoom(1);
+        centerOn(sceneRect().center());
+        return;
+    }
+    const QRectF all = ToQt(graph_.SymbolBounds());
+    const double width = viewport()->width() - 2 * kFitMargin;
+    const double height = viewport()->height() - 2 * kFitMargin;
+    SetZoom(std::min({1.0, width * kTwipsPerPixel / all.width(), height * kTwipsPerPixel / all.height()}));
+    centerOn(all.center());
+}
+
+void GraphCanvas::FindSymbols() {
+    const GraphRect seen = VisiblePart();
+    const auto& symbols = graph_.GraphObjects();
+    if (symbols.empty() || std::any_of(symbols.begin(), symbols.end(), [&](const auto& symbol) {
+            return ToQt(seen).intersects(ToQt(symbol->Frame()));
+        }))
+        return;
+    centerOn(ToQt(graph_.SymbolBounds()).center());
+}
+
+void GraphCanvas::cmdNoZoom() {
+    Change(TextNr(Text::MoveSymbols), [this](XGraph& graph) { graph.MoveInto(VisiblePart()); });
+}
+
+GraphRect GraphCanvas::VisiblePart() const {
+    const QRectF seen = mapToScene(viewport()->rect()).boundingRect();
+    return {seen.left(), seen.top(), seen.width(), seen.height()};
+}
+
+// Of the symbol that it does not have yet.
+GraphSize GraphCanvas::SizeOf(const CodeObject& object) const {
+    ctlGraphObj symbol;
+    symbol.MyModul = ModulCaptionOf(object);
+    symbol.MyName = object.myNameOrg();
+    AlignObjects(symbol, *fonts_);
+    return symbol.layout.size;
+}
+
+void GraphCanvas::ShowObject(CodeObject& object) {
+    Change(TextNr(Text::AddSymbol), [&](XGraph& graph) {
+        const ctlGraphObj* symbol = graph.WithPath(object.CodePath());
+        if (!symbol) {
+            const GraphPoint place = FreePlaceNear(graph, VisiblePart().Center(), SizeOf(object));
+            symbol = graph.GraphObjCreate(&object, std::round(place.x), std::round(place.y), true);
+        }
+        graph.SetActive(symbol->Index);
+        graph.DeselectAll();
+        graph.Select(symbol->Index, true);
+    });
+    if (const ctlGraphObj* const symbol = graph_.Active())
+        GoTo(*symbol);
+}
+
+void GraphCanvas::GoTo(const ctlGraphObj& symbol) {
+    ensureVisible(ToQt(symbol.Frame()), kSightMargin, kSightMargin);
+}
+
+void GraphCanvas::Mark(const CodeObject* object) {
+    const ctlGraphObj* const symbol = object ? graph_.GraphObj(*object) : nullptr;
+    marked_ = symbol ? symbol->CodePath : std::string();
+    ShowSelection();
+    if (symbol && press_.gesture == Gesture::None)
+        GoTo(*symbol);
+}
+
+void GraphCanvas::SelectAll() {
+    graph_.GraphSelectAll();
+    ShowSelection();
+    Q_EMIT Changed();
+}
+
+void GraphCanvas::DeleteSelected() {
+    Change(TextNr(Text::DeleteSelected), [](XGraph& graph) { graph.GraphDeleteSelected(); });
+}
+
+const ctlGraphObj* GraphCanvas::SymbolAt(QPoint point) const {
+    for (QGraphicsItem* item : items(point))
+        if (item != shpMoveObj_)
+            return graph_.WithIndex(static_cast<const SymbolItem*>(item)->Index());
+    return nullptr;
+}
+
+const GraphPair* GraphCanvas::PairAt(QPoint point) const {
+    const QPointF at = mapToScene(point);
+    const std::vector<GraphPair>& pairs = connectors_->Pairs();
+    const std::size_t nr = ::PairAt(pairs, {at.x(), at.y()}, kHitPixels * kTwipsPerPixel / zoom_);
+    return nr == kNoPair ? nullptr : &pairs[nr];
+}
+
+QString GraphCanvas::NameOf(const ctlGraphObj& symbol) const {
+    const QString modul = ToQString(symbol.MyModul);
+    const QString name = ToQString(symbol.MyName);
+    return modul.isEmpty() || modul == name ? name : modul + QLatin1Char('.') + name;
+}
+
+// Both ends, and how many of its edges are certain: "Main.Start → Log.Write: 3 certain, 1 possible".
+QString GraphCanvas::NameOf(const GraphPair& pair) const {
+    QStringList counts;
+    const auto add = [&counts](int count, Text text) {
+        if (count > 0)
+            counts.append(TextNr(text, NumberText(count)));
+    };
+    add(pair.certain, Text::ConnectorCertain);
+    add(pair.possible, Text::ConnectorPossible);
+    add(pair.uses, Text::ConnectorUses);
+    return QStringLiteral("%1 \u2192 %2: %3")
+        .arg(NameOf(*pair.from), NameOf(*pair.to), counts.join(QStringLiteral(", ")));
+}
+
+QString GraphCanvas::TipAt(QPoint point) const {
+    if (const ctlGraphObj* const symbol = SymbolAt(point))
+        return texts_.hover ? texts_.hover(*symbol->object) : QString();
+    if (const GraphPair* const pair = PairAt(point))
+        return QStringLiteral("<b>%1</b><br>%2").arg(NameOf(*pair).toHtmlEscaped(), TextNr(Text::ConnectorTip));
+    return {};
+}
+
+bool GraphCanvas::viewportEvent(QEvent* event) {
+    if (event->type() != QEvent::ToolTip)
+        return QGraphicsView::viewportEvent(event);
+    const auto& help = static_cast<QHelpEvent&>(*event);
+    const QString tip = press_.gesture == Gesture::None ? TipAt(help.pos()) : QString();
+    if (tip.isEmpty())
+        QToolTip::hideText();
+    else
+        QToolTip::showText(help.globalPos(), tip, viewport());
+    return true;
+}
+
+int GraphCanvas::ListedCount() const {
+    return isShown_ ? static_cast<int>(graph_.GraphObjects().size() + connectors_->Pairs().size()) : 0;
+}
+
+GraphCanvas::Listed GraphCanvas::ListedAt(int nr) const {
+    const auto at = static_cast<std::size_t>(nr);
+    const auto& symbols = graph_.GraphObjects();
+    if (at < symbols.size()) {
+        const ctlGraphObj& symbol = *symbols[at];
+        return {.name = NameOf(symbol),
+                .about = texts_.spoken ? texts_.spoken(*symbol.object) : QString(),
+                .place = mapFromScene(ToQt(symbol.Frame())).boundingRect(),
+                .isSymbol = true,
+                .isSelected = symbol.Selected,
+                .isActive = &symbol == graph_.Active()};
+    }
+    const GraphPair& pair = connectors_->Pairs()[at - symbols.size()];
+    const QRectF between = ToQt(pair.from->Frame()).united(ToQt(pair.to->Frame()));
+    return {.name = NameOf(pair),
+            .about = {},
+            .place = mapFromScene(between).boundingRect(),
+            .isSymbol = false,
+            .isSelected = false,
+            .isActive = false};
+}
+
+void GraphCanvas::ChooseListed(int nr) {
+    const auto at = static_cast<std::size_t>(nr);
+    const auto& symbols = graph_.GraphObjects();
+    if (at < symbols.size()) {
+        setFocus();
+        Reach(symbols[at].get());
+    } else if (at - symbols.size() < connectors_->Pairs().size()) {
+        ShowLines(connectors_->Pairs()[at - symbols.size()], viewport()->mapToGlobal(ListedAt(nr).place.center()));
+    }
+}

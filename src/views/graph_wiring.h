@@ -1,0 +1,87 @@
+// The diagram in the window: which of its commands does what, and how it and the other panes follow each other.
+#pragma once
+
+#include <QObject>
+#include <functional>
+#include <string>
+
+#include "display/command_table.h"
+#include "xgraph/call_chains.h"
+
+class BaumView;
+class CodeView;
+class Files;
+class GraphCanvas;
+class GraphFiles;
+class GraphPane;
+class ReferencesList;
+class SearchBar;
+class SettingsFile;
+class frmMain;
+
+class GraphWiring final : public QObject {
+    Q_OBJECT
+
+public:
+    /// What the window does for it.
+    struct Ports {
+        /// Runs a long operation that can be cancelled.
+        std::function<void(const std::string& name, const std::function<void()>& operation)> run;
+        std::function<void()> showContent;
+        std::function<void()> showNow;  // enables commands
+    };
+    GraphWiring(frmMain& window, Files& files, SettingsFile& settings, Ports ports);
+
+    [[nodiscard]] GraphPane& Pane() const { return *pane_; }
+    /// The trees, the references, the code and the search from which objects come.
+    void Follow(std::initializer_list<BaumView*> trees, const ReferencesList& references, CodeView& code,
+                SearchBar& search);
+    /// Connects the commands; zoom is for what the content shows.
+    void WireCommands();
+
+    /// Whether the diagram may go, with the project or the window.
+    [[nodiscard]] bool MayGo();
+    [[nodiscard]] bool IsUnsaved() const;
+    /// Before another project opens, or none.
+    void ProjectGoes();
+    void ProjectOpened();
+    /// Before edges become invalid; objects stay.
+    void EdgesGo();
+    /// After a refresh, or after the calls were read.
+    void ModelChanged();
+    /// Marks the current object.
+    void ObjectChosen();
+
+    /// Opens a diagram, or does so with the next project.
+    void Open(const std::string& path);
+    [[nodiscard]] GraphSituation Now() const;
+    /// Name of the diagram with a place for the mark of what is not saved; empty without one.
+    [[nodiscard]] QString TitlePart() const;
+    /// Texts that name what undo takes back.
+    void NameCommands();
+    void ShowGraph();
+
+Q_SIGNALS:
+    void Message(const QString& text);
+    void TitleChanged();
+
+private:
+    void Wire(Command command, std::function<void(bool)> function);
+    void WireCanvas();
+    void ShowInGraph(const std::string& key);
+    [[nodiscard]] std::string KeyInUse() const;
+    void Zoom(void (GraphCanvas::*graph)(), void (CodeView::*code)());
+    void RunChain(GraphChain chain);
+    void CanvasChanged();
+    [[nodiscard]] bool IsShown() const;
+
+    frmMain& window_;
+    SettingsFile& settings_;
+    Ports ports_;
+    GraphPane* pane_;
+    GraphCanvas& canvas_;
+    GraphFiles* files_;
+    CodeView* code_ = nullptr;
+    SearchBar* search_ = nullptr;
+    std::string waiting_;  // file to be opened with the next project
+};

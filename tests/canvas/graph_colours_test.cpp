@@ -1,0 +1,37 @@
+#include "canvas/graph_colours.h"
+
+#include <gtest/gtest.h>
+
+#include <QApplication>
+
+#include "shell/settings.h"
+#include "widgets/code_style.h"
+
+namespace {
+
+TEST(GraphColours, OnPaperTheyAreThoseOfTheRule) {
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Text, Qt::black);
+    const GraphColours colours = ColoursOf(palette, Settings());
+    EXPECT_EQ(colours.Of(ConnectorFill::Idle), QColor(230, 230, 230));
+    EXPECT_EQ(colours.Of(ConnectorFill::Inside), QColor(0, 220, 220));
+    EXPECT_EQ(colours.Of(ConnectorLine::Idle), QColor(150, 150, 150));
+    EXPECT_EQ(colours.Of(ConnectorLine::Outside), QColor(255, 0, 0));
+    EXPECT_EQ(colours.selectedGround, QColor(255, 255, 192));
+    EXPECT_EQ(colours.selectedName, QColor(0, 0, 255));
+}
+
+TEST(GraphColours, OnADarkGroundLinesAndCaptionsCanBeSeen) {
+    QPalette palette;
+    palette.setColor(QPalette::Base, QColor(30, 30, 30));
+    palette.setColor(QPalette::Text, QColor(230, 230, 230));
+    const GraphColours colours = ColoursOf(palette, Settings());
+    for (const ConnectorLine line : {ConnectorLine::Idle, ConnectorLine::Inside, ConnectorLine::Outside})
+        EXPECT_GE(Contrast(colours.Of(line), colours.ground), 3) << static_cast<int>(line);
+    EXPECT_LT(Contrast(colours.Of(ConnectorFill::Idle), colours.ground), 3) << "a fill is fainter than its outline";
+    EXPECT_GE(Contrast(colours.modul, colours.ground), 4.5);
+    EXPECT_GE(Contrast(colours.selectedName, colours.selectedGround), 4.5);
+}
+
+}  // namespace
