@@ -176,6 +176,10 @@ void frmMain::ShowAboutNeighbours() {
 void frmMain::ShowNow() {
     ShowAboutNeighbours();
     project_->ShowPreliminary(gProjekt && !workspace_.CallsRead());
+    commands_->Activate(Now());
+}
+
+Situation frmMain::Now() const {
     const bool hasReferences = lower_->References().isVisible() && lower_->References().Count() > 0;
-    commands_->Activate(workspace_.Now(rtbCode().PlaceCount() > 0 || workspace_.Walk().Count() > 0 || hasReferences));
+    return workspace_.Now(rtbCode().PlaceCount() > 0 || workspace_.Walk().Count() > 0 || hasReferences);
 }
