@@ -76,6 +76,8 @@ public:
     [[nodiscard]] Workspace& TheWorkspace() { return workspace_; }
     [[nodiscard]] Settings& TheSettings() { return settings_; }
     [[nodiscard]] Commands& TheCommands() const { return *commands_; }
+    /// What decides which commands are enabled.
+    [[nodiscard]] Situation Now() const;
     [[nodiscard]] CodeView& rtbCode() const;
     [[nodiscard]] BaumView& BaumProjekt() const;
 

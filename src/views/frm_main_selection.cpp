@@ -181,10 +181,14 @@ void frmMain::ShowAboutNeighbours() {
 void frmMain::ShowNow() {
     ShowAboutNeighbours();
     project_->ShowPreliminary(gProjekt && !workspace_.CallsRead());
+    commands_->Activate(Now());
+}
+
+Situation frmMain::Now() const {
     const bool hasReferences = lower_->References().isVisible() && lower_->References().Count() > 0;
     Situation now = workspace_.Now(rtbCode().PlaceCount() > 0 || workspace_.Walk().Count() > 0 || hasReferences);
     now.graph = graph_->Now();
-    commands_->Activate(now);
+    return now;
 }
 
 // The project first, then the diagram with a mark while it is not saved.

@@ -160,7 +160,7 @@ private:
 
     void Commands_() {
         const Commands& commands = window_.TheCommands();
-        const Situation now = workspace_.Now(window_.rtbCode().PlaceCount() > 0);
+        const Situation now = window_.Now();
         for (const CommandRow& row : CommandTable()) {
             const QAction& action = commands[row.command];
             if (!action.isVisible())
