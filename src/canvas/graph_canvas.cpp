@@ -342,11 +342,23 @@ GraphSize GraphCanvas::SizeOf(const CodeObject& object) const {
     return symbol.layout.size;
 }
 
+// Where the user looks. A place may lie over a narrow symbol that has none of its corners: then beside that one.
+GraphPoint GraphCanvas::FreePlace(GraphSize size) const {
+    GraphPoint place = FreePlaceNear(graph_, VisiblePart().Center(), size);
+    const auto covered = [&](const auto& symbol) {
+        return QRectF(place.x, place.y, size.width, size.height).intersects(ToQt(symbol->Frame()));
+    };
+    const auto& symbols = graph_.GraphObjects();
+    for (auto hit = symbols.begin(); (hit = std::find_if(symbols.begin(), symbols.end(), covered)) != symbols.end();)
+        place.x = (*hit)->Frame().Right() + kPlaceGap;
+    return place;
+}
+
 void GraphCanvas::ShowObject(CodeObject& object) {
     Change(TextNr(Text::AddSymbol), [&](XGraph& graph) {
         const ctlGraphObj* symbol = graph.WithPath(object.CodePath());
         if (!symbol) {
-            const GraphPoint place = FreePlaceNear(graph, VisiblePart().Center(), SizeOf(object));
+            const GraphPoint place = FreePlace(SizeOf(object));
             symbol = graph.GraphObjCreate(&object, std::round(place.x), std::round(place.y), true);
         }
         graph.SetActive(symbol->Index);

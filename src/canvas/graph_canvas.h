@@ -162,6 +162,7 @@ private:
     [[nodiscard]] const GraphPair* PairAt(QPoint point) const;
     [[nodiscard]] GraphRect VisiblePart() const;
     [[nodiscard]] GraphSize SizeOf(const CodeObject& object) const;
+    [[nodiscard]] GraphPoint FreePlace(GraphSize size) const;
     [[nodiscard]] QString TipAt(QPoint point) const;
     [[nodiscard]] QString NameOf(const ctlGraphObj& symbol) const;
     [[nodiscard]] QString NameOf(const GraphPair& pair) const;
