@@ -307,11 +307,21 @@ void GraphCanvas::Fit() {
         centerOn(sceneRect().center());
         return;
     }
+    FitInto(viewport()->rect());
+    const QRect symbols = mapFromScene(ToQt(graph_.SymbolBounds())).boundingRect();
+    const QRect legend = legend_->geometry().translated(-viewport()->pos());
+    if (legend_->isVisible() && legend.intersects(symbols) && legend.top() > viewport()->height() / 2)
+        FitInto(viewport()->rect().adjusted(0, 0, 0, legend.top() - viewport()->height()));
+}
+
+// Shows the whole diagram in the middle of a part of the viewport.
+void GraphCanvas::FitInto(const QRect& part) {
     const QRectF all = ToQt(graph_.SymbolBounds());
-    const double width = viewport()->width() - 2 * kFitMargin;
-    const double height = viewport()->height() - 2 * kFitMargin;
+    const double width = part.width() - 2 * kFitMargin;
+    const double height = part.height() - 2 * kFitMargin;
     SetZoom(std::min({1.0, width * kTwipsPerPixel / all.width(), height * kTwipsPerPixel / all.height()}));
-    centerOn(all.center());
+    const QPointF aside = QRectF(viewport()->rect()).center() - QRectF(part).center();
+    centerOn(all.center() + aside * kTwipsPerPixel / zoom_);
 }
 
 void GraphCanvas::FindSymbols() {

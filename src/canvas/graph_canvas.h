@@ -157,6 +157,7 @@ private:
     void PlaceScene();
     void PlaceLegend();
     void SetZoom(double zoom);
+    void FitInto(const QRect& part);
     void GoTo(const ctlGraphObj& symbol);
     [[nodiscard]] const ctlGraphObj* SymbolAt(QPoint point) const;
     [[nodiscard]] const GraphPair* PairAt(QPoint point) const;
