@@ -1,5 +1,6 @@
 #include "canvas/connector_layer.h"
 
+#include <QPaintDevice>
 #include <QPainter>
 #include <algorithm>
 
@@ -7,15 +8,6 @@
 #include "xgraph/connectors.h"
 
 namespace {
-
-// A cosmetic line is as wide at every zoom.
-QPen PenOf(const ConnectorLook& look, const GraphColours& colours) {
-    QPen pen(colours.Of(look.line), 1);
-    pen.setCosmetic(true);
-    if (look.isDashed)
-        pen.setDashPattern({5, 4});
-    return pen;
-}
 
 QRectF BoundsOf(const std::array<QPointF, 3>& points, bool isLine) {
     const auto last = points.begin() + (isLine ? 2 : 3);
@@ -28,28 +20,40 @@ QRectF BoundsOf(const std::array<QPointF, 3>& points, bool isLine) {
     return QRectF(QPointF(left->x(), top->y()), QPointF(right->x(), bottom->y())).adjusted(-line, -line, line, line);
 }
 
-// A polygon with pen and brush is filled and outlined in one call, but edges that are made smooth twice cost most of
-// the time: the outline hides those of the fill.
-void FillWedge(QPainter& painter, const std::array<QPointF, 3>& points, const QColor& fill) {
-    painter.setRenderHint(QPainter::Antialiasing, false);
-    painter.setPen(Qt::NoPen);
-    painter.setBrush(fill);
-    painter.drawConvexPolygon(points.data(), 3);
-    painter.setRenderHint(QPainter::Antialiasing, true);
-    painter.setBrush(Qt::NoBrush);
-}
-
 }  // namespace
 
-void PaintConnector(QPainter& painter, const std::array<QPointF, 3>& points, bool isLine, const ConnectorLook& look,
-                    const GraphColours& colours) {
-    if (!isLine)
-        FillWedge(painter, points, colours.Of(look.fill));
-    painter.setPen(PenOf(look, colours));
-    if (isLine)
-        painter.drawLine(points[0], points[1]);
-    else
-        painter.drawConvexPolygon(points.data(), 3);
+ConnectorPainter::ConnectorPainter(QPainter& painter, const GraphColours& colours)
+    : painter_(painter), colours_(colours), ratio_(painter.device()->devicePixelRatioF()) {
+    painter.setRenderHint(QPainter::Antialiasing);
+}
+
+// Neighbours in paint order mostly look alike, and another pen is as dear as a line.
+void ConnectorPainter::Use(const ConnectorLook& look) {
+    if (used_ == look)
+        return;
+    used_ = look;
+    pen_ = QPen(colours_.Of(look.line), ratio_);
+    pen_.setCosmetic(true);  // as wide at every zoom
+    if (look.isDashed)
+        pen_.setDashPattern({5, 4});
+    painter_.setPen(pen_);
+    painter_.setBrush(colours_.Of(look.fill));
+}
+
+void ConnectorPainter::Paint(const std::array<QPointF, 3>& points, bool isLine, const ConnectorLook& look) {
+    Use(look);
+    if (isLine) {
+        painter_.drawLine(points[0], points[1]);
+        return;
+    }
+    // Qt takes more than ten times as long to fill with smooth edges; the outline hides those that are not.
+    painter_.setRenderHint(QPainter::Antialiasing, false);
+    painter_.setPen(Qt::NoPen);
+    painter_.drawConvexPolygon(points.data(), 3);
+    painter_.setRenderHint(QPainter::Antialiasing, true);
+    painter_.setPen(pen_);
+    const std::array<QPointF, 4> outline{points[0], points[1], points[2], points[0]};
+    painter_.drawPolyline(outline.data(), 4);
 }
 
 void ConnectorLayer::Find(const XGraph& graph) {
@@ -75,7 +79,8 @@ void ConnectorLayer::Clear() {
 }
 
 void ConnectorLayer::Paint(QPainter& painter, const QRectF& exposed, const GraphColours& colours) const {
+    ConnectorPainter connectors(painter, colours);
     for (const Painted& painted : painted_)
         if (painted.bounds.intersects(exposed))
-            PaintConnector(painter, painted.points, painted.isLine, painted.look, colours);
+            connectors.Paint(painted.points, painted.isLine, painted.look);
 }

@@ -1,9 +1,11 @@
 // The connectors as they are painted below the symbols: all in one go, only those that cross what is to be painted.
 #pragma once
 
+#include <QPen>
 #include <QPointF>
 #include <QRectF>
 #include <array>
+#include <optional>
 #include <vector>
 
 #include "xgraph/pairs.h"
@@ -12,6 +14,23 @@
 class QPainter;
 class XGraph;
 struct GraphColours;
+
+/// Paints connectors one by one, for the layer and the legend.
+class ConnectorPainter {
+public:
+    /// Nobody else may set pen and brush of the painter meanwhile.
+    ConnectorPainter(QPainter& painter, const GraphColours& colours);
+    void Paint(const std::array<QPointF, 3>& points, bool isLine, const ConnectorLook& look);
+
+private:
+    void Use(const ConnectorLook& look);
+
+    QPainter& painter_;
+    const GraphColours& colours_;
+    double ratio_;
+    std::optional<ConnectorLook> used_;
+    QPen pen_;  // of it
+};
 
 class ConnectorLayer {
 public:
@@ -34,7 +53,3 @@ private:
     std::vector<GraphPair> pairs_;
     std::vector<Painted> painted_;  // loops are left out
 };
-
-/// One connector, as the layer and the legend show it.
-void PaintConnector(QPainter& painter, const std::array<QPointF, 3>& points, bool isLine, const ConnectorLook& look,
-                    const GraphColours& colours);

@@ -307,11 +307,21 @@ void GraphCanvas::Fit() {
         centerOn(sceneRect().center());
         return;
     }
+    FitInto(viewport()->rect());
+    const QRect symbols = mapFromScene(ToQt(graph_.SymbolBounds())).boundingRect();
+    const QRect legend = legend_->geometry().translated(-viewport()->pos());
+    if (legend_->isVisible() && legend.intersects(symbols) && legend.top() > viewport()->height() / 2)
+        FitInto(viewport()->rect().adjusted(0, 0, 0, legend.top() - viewport()->height()));
+}
+
+// Shows the whole diagram in the middle of a part of the viewport.
+void GraphCanvas::FitInto(const QRect& part) {
     const QRectF all = ToQt(graph_.SymbolBounds());
-    const double width = viewport()->width() - 2 * kFitMargin;
-    const double height = viewport()->height() - 2 * kFitMargin;
+    const double width = part.width() - 2 * kFitMargin;
+    const double height = part.height() - 2 * kFitMargin;
     SetZoom(std::min({1.0, width * kTwipsPerPixel / all.width(), height * kTwipsPerPixel / all.height()}));
-    centerOn(all.center());
+    const QPointF aside = QRectF(viewport()->rect()).center() - QRectF(part).center();
+    centerOn(all.center() + aside * kTwipsPerPixel / zoom_);
 }
 
 void GraphCanvas::FindSymbols() {
@@ -342,11 +352,23 @@ GraphSize GraphCanvas::SizeOf(const CodeObject& object) const {
     return symbol.layout.size;
 }
 
+// Where the user looks. A place may lie over a narrow symbol that has none of its corners: then beside that one.
+GraphPoint GraphCanvas::FreePlace(GraphSize size) const {
+    GraphPoint place = FreePlaceNear(graph_, VisiblePart().Center(), size);
+    const auto covered = [&](const auto& symbol) {
+        return QRectF(place.x, place.y, size.width, size.height).intersects(ToQt(symbol->Frame()));
+    };
+    const auto& symbols = graph_.GraphObjects();
+    for (auto hit = symbols.begin(); (hit = std::find_if(symbols.begin(), symbols.end(), covered)) != symbols.end();)
+        place.x = (*hit)->Frame().Right() + kPlaceGap;
+    return place;
+}
+
 void GraphCanvas::ShowObject(CodeObject& object) {
     Change(TextNr(Text::AddSymbol), [&](XGraph& graph) {
         const ctlGraphObj* symbol = graph.WithPath(object.CodePath());
         if (!symbol) {
-            const GraphPoint place = FreePlaceNear(graph, VisiblePart().Center(), SizeOf(object));
+            const GraphPoint place = FreePlace(SizeOf(object));
             symbol = graph.GraphObjCreate(&object, std::round(place.x), std::round(place.y), true);
         }
         graph.SetActive(symbol->Index);

@@ -157,11 +157,13 @@ private:
     void PlaceScene();
     void PlaceLegend();
     void SetZoom(double zoom);
+    void FitInto(const QRect& part);
     void GoTo(const ctlGraphObj& symbol);
     [[nodiscard]] const ctlGraphObj* SymbolAt(QPoint point) const;
     [[nodiscard]] const GraphPair* PairAt(QPoint point) const;
     [[nodiscard]] GraphRect VisiblePart() const;
     [[nodiscard]] GraphSize SizeOf(const CodeObject& object) const;
+    [[nodiscard]] GraphPoint FreePlace(GraphSize size) const;
     [[nodiscard]] QString TipAt(QPoint point) const;
     [[nodiscard]] QString NameOf(const ctlGraphObj& symbol) const;
     [[nodiscard]] QString NameOf(const GraphPair& pair) const;

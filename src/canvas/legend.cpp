@@ -92,7 +92,7 @@ void GraphLegend::paintEvent(QPaintEvent*) {
                                                QPointF(left, middle + 50.0 / kTwipsPerPixel),
                                                QPointF(left + kSample, middle)};
             const std::array<QPointF, 3> straight{QPointF(left, middle), QPointF(left + kSample, middle), {}};
-            PaintConnector(painter, line.isLine ? straight : wedge, line.isLine, line.look, colours_);
+            ConnectorPainter(painter, colours_).Paint(line.isLine ? straight : wedge, line.isLine, line.look);
         }
         painter.setPen(palette().color(QPalette::Text));
         painter.drawText(QRectF(left + kSample + kGap, top, size.width(), size.height()), Qt::AlignVCenter,
