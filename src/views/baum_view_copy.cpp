@@ -72,12 +72,12 @@ void BaumView::ShowMenu(const QModelIndex& index, const QPoint& globalPos) {
     const auto copy = [this, id = node->Id()](QString (*what)(const BaumNode&)) {
         return [this, id, what] { CopyNode(model_->IndexOf(Tree().Find(id)), what); };
     };
-    menu->addAction(TextNr(Text::ShowInGraph), this, [this, key = std::string(node->Key())] { Q_EMIT GraphAsked(key); })
-        ->setEnabled(HasCodePath(*node));
-    menu->addSeparator();
     menu->addAction(TextNr(Text::CopyName), this, copy(TextOf));
     menu->addAction(TextNr(Text::CopyCodePath), this, copy(PathOf))->setEnabled(HasCodePath(*node));
     menu->addAction(TextNr(Text::CopyAsText), this, copy(TreeOf));
+    menu->addSeparator();
+    menu->addAction(TextNr(Text::ShowInGraph), this, [this, key = std::string(node->Key())] { Q_EMIT GraphAsked(key); })
+        ->setEnabled(HasCodePath(*node));
     Commands::GiveLetters(menu->actions());
     connect(menu, &QMenu::aboutToHide, this, &BaumView::ShowSelected);
     menu->popup(globalPos);
