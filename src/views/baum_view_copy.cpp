@@ -78,7 +78,7 @@ void BaumView::ShowMenu(const QModelIndex& index, const QPoint& globalPos) {
     AddWays(
         *menu, object.empty() ? Way() : [this, object] { Q_EMIT GoToAsked(object); },
         object.empty() ? Way() : [this, object] { Q_EMIT CallersAsked(object); },
-        HasCodePath(*node) ? [this, object] { Q_EMIT GraphAsked(object); } : Way());
+        object.empty() ? Way() : [this, object] { Q_EMIT GraphAsked(object); });
     menu->addAction(TextNr(Text::CopyName), this, copy(TextOf));
     menu->addAction(TextNr(Text::CopyCodePath), this, copy(PathOf))->setEnabled(HasCodePath(*node));
     menu->addAction(TextNr(Text::CopyAsText), this, copy(TreeOf));

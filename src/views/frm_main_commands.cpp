@@ -262,12 +262,18 @@ void frmMain::ShowKeys() {
     const auto key = [](QKeySequence::StandardKey standard) {
         return QKeySequence(standard).toString(QKeySequence::NativeText);
     };
+    const auto arrow = [](Qt::KeyboardModifiers modifiers) {
+        return QKeySequence(QKeyCombination(modifiers, Qt::Key_Left)).toString(QKeySequence::NativeText);
+    };
     dialogs_.keys->Fill(
         commands_->InUse(),
         {{TextNr(Text::GoToObject), QKeySequence(Qt::Key_Return).toString(QKeySequence::NativeText)},
          {TextNr(Text::Copy), key(QKeySequence::Copy)},
          {TextNr(Text::SelectAll), key(QKeySequence::SelectAll)},
          {TextNr(Text::PasteCollected), key(QKeySequence::Paste)},
+         {TextNr(Text::DeleteSelected), key(QKeySequence::Delete)},
+         {TextNr(Text::KeysOfGraph),
+          QStringLiteral("%1; %2; %3").arg(arrow({}), arrow(Qt::AltModifier), arrow(Qt::ShiftModifier))},
          {TextNr(Text::ContextMenu), QKeySequence(Qt::SHIFT | Qt::Key_F10).toString(QKeySequence::NativeText)}});
     dialogs_.keys->exec();
 }

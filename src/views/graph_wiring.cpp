@@ -98,7 +98,7 @@ void GraphWiring::WireCommands() {
                                          {Command::CalledByChainAll, GraphChain::CalledByAll},
                                          {Command::CallsChain, GraphChain::Calls},
                                          {Command::CallsChainAll, GraphChain::CallsAll}})
-        Wire(command, [this, which = chain](bool) { RunChain(which); });
+        Wire(command, [this, of = command, which = chain](bool) { RunChain(of, which); });
     Wire(Command::ZoomPlus, [this](bool) { Zoom(&GraphCanvas::ZoomIn, &CodeView::ZoomIn); });
     Wire(Command::ZoomMinus, [this](bool) { Zoom(&GraphCanvas::ZoomOut, &CodeView::ZoomOut); });
     Wire(Command::ZoomNo, [this](bool) { Zoom(&GraphCanvas::ZoomReset, &CodeView::ZoomReset); });
@@ -155,11 +155,11 @@ void GraphWiring::ShowGraph() {
     window_.Activate_Commands();
 }
 
-void GraphWiring::RunChain(GraphChain chain) {
+void GraphWiring::RunChain(Command command, GraphChain chain) {
     const ctlGraphObj* const start = canvas_.Graph().Active();
     if (!start)
         return;
-    canvas_.Change(window_.TheCommands()[Command::CallsChain].text().remove(QLatin1Char('&')), [&](XGraph& graph) {
+    canvas_.Change(TextNr(RowOf(command).text), [&](XGraph& graph) {
         ports_.run(std::string(ActionOf(chain)),
                    [&] { RunGraphChain(graph, *start, chain, {.type = pane_->gChainObjectType()}); });
     });

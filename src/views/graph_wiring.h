@@ -71,7 +71,7 @@ private:
     void ShowInGraph(const std::string& key);
     [[nodiscard]] std::string KeyInUse() const;
     void Zoom(void (GraphCanvas::*graph)(), void (CodeView::*code)());
-    void RunChain(GraphChain chain);
+    void RunChain(Command command, GraphChain chain);
     void CanvasChanged();
     [[nodiscard]] bool IsShown() const;
 
