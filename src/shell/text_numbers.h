@@ -7,6 +7,7 @@ enum class Text {
     CloseProject = 2,
     Exit = 3,
     ViewMenu = 4,
+    ProceduresAndVariables = 6,
     Chart = 7,
     CollapseAll = 8,
     CheckBoxes = 9,
@@ -296,4 +297,9 @@ enum class Text {
     HandlesEvent = 357,
     ReadCallsAtOpening = 358,
     MarksArePreliminary = 359,
+    BlankShort = 360,
+    DeadCode = 361,
+    DeadProcedures = 362,
+    UndeadProcedures = 363,
+    LivingProcedures = 364,
 };

@@ -81,7 +81,7 @@ TEST_F(JsonReports, ModulesLibrariesAndProblemsAreInTheOrderOfTheProjectFile) {
     EXPECT_EQ(json["modules"][0]["codePath"], "c");
     EXPECT_EQ(
         json["modules"][1].dump(),
-        R"({"codePath":"a","name":"A","kind":"module","path":"p\\sub\\..\\A.bas","code":1,"comment":1,"blank":1})");
+        R"({"codePath":"a","name":"A","kind":"module","path":"p\\sub\\..\\A.bas","code":1,"comment":1,"blank":1,"procedures":0,"variables":1})");
     EXPECT_THAT(Objects(json), ElementsAre("variable c.me", "variable c.c", "variable a.a"));
     EXPECT_EQ(json["objects"][2].dump(),
               R"({"codePath":"a.a","name":"a","kind":"variable","access":"private","type":"variant","module":"a",)"
