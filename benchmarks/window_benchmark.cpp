@@ -21,7 +21,7 @@
 #include "views/commands.h"
 #include "views/frm_main.h"
 #include "views/frm_progress.h"
-#include "views/window_style.h"
+#include "widgets/window_style.h"
 
 namespace {
 

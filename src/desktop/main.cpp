@@ -10,10 +10,10 @@
 #include "shell/program.h"
 #include "shell/settings.h"
 #include "views/frm_main.h"
-#include "views/icons.h"
-#include "views/qt_text.h"
 #include "views/questions.h"
-#include "views/window_style.h"
+#include "widgets/icons.h"
+#include "widgets/qt_text.h"
+#include "widgets/window_style.h"
 
 int main(int argc, char** argv) {
     QApplication app(argc, argv);

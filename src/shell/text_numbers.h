@@ -302,4 +302,6 @@ enum class Text {
     DeadProcedures = 362,
     UndeadProcedures = 363,
     LivingProcedures = 364,
+    GraphFileForeign = 365,
+    GraphFileTorn = 366,
 };

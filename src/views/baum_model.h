@@ -13,11 +13,9 @@
 #include <string>
 
 #include "display/baum.h"
+#include "widgets/key_mime.h"
 
 struct Settings;
-
-/// Drag and drop between the trees and onto the diagram: the key of the node, UTF-8.
-inline constexpr char kKeyMimeType[] = "application/x-ostrivane-key";
 
 class BaumModel : public QAbstractItemModel, private BaumListener {
     Q_OBJECT

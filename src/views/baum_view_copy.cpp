@@ -13,7 +13,7 @@
 #include "project/start.h"
 #include "views/baum_view.h"
 #include "views/commands.h"
-#include "views/qt_text.h"
+#include "widgets/qt_text.h"
 
 namespace {
 

@@ -19,9 +19,9 @@
 #include <array>
 
 #include "platform/code_page.h"
-#include "views/code_style.h"
 #include "views/commands.h"
-#include "views/qt_text.h"
+#include "widgets/code_style.h"
+#include "widgets/qt_text.h"
 
 namespace {
 

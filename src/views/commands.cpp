@@ -3,9 +3,9 @@
 #include <QWidget>
 #include <set>
 
-#include "views/icons.h"
 #include "views/mnemonics.h"
-#include "views/qt_text.h"
+#include "widgets/icons.h"
+#include "widgets/qt_text.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 #include <QVBoxLayout>
 
 #include "views/code_view.h"
-#include "views/qt_text.h"
+#include "widgets/qt_text.h"
 
 CodeContent::CodeContent(const Settings& settings, QWidget* parent)
     : ContentPane(parent), header_(new QPushButton(this)), view_(new CodeView(settings, this)) {

@@ -6,7 +6,7 @@
 #include <QPainter>
 #include <QToolButton>
 
-#include "views/icons.h"
+#include "widgets/icons.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 #include "views/deployment.h"
 #include "views/dialogs.h"
 #include "views/open_document.h"
-#include "views/qt_text.h"
+#include "widgets/qt_text.h"
 
 QString frmAbout::ProductPage() {
     return ToQString(kProductPage);

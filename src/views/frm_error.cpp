@@ -20,7 +20,7 @@
 #include "views/dialogs.h"
 #include "views/elided_label.h"
 #include "views/open_document.h"
-#include "views/qt_text.h"
+#include "widgets/qt_text.h"
 
 namespace {
 

@@ -10,7 +10,7 @@
 
 #include "views/copy_table.h"
 #include "views/dialogs.h"
-#include "views/qt_text.h"
+#include "widgets/qt_text.h"
 
 frmKeys::frmKeys(QWidget* parent)
     : QDialog(parent), table_(new QTableWidget(0, 2)), cmdCopy_(new QPushButton), cmdClose_(new QPushButton) {

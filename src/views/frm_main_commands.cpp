@@ -36,11 +36,11 @@
 #include "views/open_document.h"
 #include "views/problems_list.h"
 #include "views/properties_grid.h"
-#include "views/qt_text.h"
 #include "views/questions.h"
 #include "views/search_bar.h"
 #include "views/status_line.h"
 #include "views/tree_panes.h"
+#include "widgets/qt_text.h"
 
 void frmMain::Wire(Command command, std::function<void(bool)> function) {
     connect(&(*commands_)[command], &QAction::triggered, this, std::move(function));

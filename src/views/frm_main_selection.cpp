@@ -6,14 +6,14 @@
 #include "views/commands.h"
 #include "views/content_stack.h"
 #include "views/frm_main.h"
-#include "views/icons.h"
 #include "views/lower_pane.h"
 #include "views/overview_pane.h"
 #include "views/path_line.h"
 #include "views/properties_grid.h"
-#include "views/qt_text.h"
 #include "views/search_bar.h"
 #include "views/tree_panes.h"
+#include "widgets/icons.h"
+#include "widgets/qt_text.h"
 
 // Objects become invalid now: clears every pane that shows one.
 void frmMain::GenerationEnds() {

@@ -11,7 +11,7 @@
 #include "project/start.h"
 #include "views/dialogs.h"
 #include "views/option_pages.h"
-#include "views/qt_text.h"
+#include "widgets/qt_text.h"
 
 frmOptionen::frmOptionen(Files& files, SettingsFile& file, Settings& settings, std::string programDirectory,
                          QWidget* parent)

@@ -13,8 +13,8 @@
 #include "shell/timing.h"
 #include "views/dialogs.h"
 #include "views/elided_label.h"
-#include "views/qt_text.h"
 #include "views/questions.h"
+#include "widgets/qt_text.h"
 
 namespace {
 

@@ -12,7 +12,7 @@
 #include "model/clsProjekt.h"
 #include "platform/settings_file.h"
 #include "views/dialogs.h"
-#include "views/qt_text.h"
+#include "widgets/qt_text.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
 
 #include "views/baum_view.h"
 #include "views/properties_grid.h"
-#include "views/qt_text.h"
+#include "widgets/qt_text.h"
 
 LowerPane::LowerPane(Baum& collected, const Settings& settings, QWidget* parent)
     : QTabWidget(parent), properties_(new PropertiesGrid(this)), collected_(new BaumView(collected, settings, this)) {

@@ -11,8 +11,8 @@
 #include "platform/files.h"
 #include "views/commands.h"
 #include "views/deployment.h"
-#include "views/icons.h"
-#include "views/qt_text.h"
+#include "widgets/icons.h"
+#include "widgets/qt_text.h"
 
 MainMenus::MainMenus(QMainWindow& window, Commands& commands, const Files& files, SettingsFile& file)
     : QObject(&window), window_(window), commands_(commands), files_(files), file_(file) {

@@ -7,8 +7,8 @@
 
 #include "platform/settings_file.h"
 #include "views/fold_splitter.h"
-#include "views/qt_text.h"
 #include "views/twips.h"
+#include "widgets/qt_text.h"
 
 namespace {
 

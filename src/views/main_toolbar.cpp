@@ -4,7 +4,7 @@
 #include <QToolButton>
 
 #include "views/commands.h"
-#include "views/qt_text.h"
+#include "widgets/qt_text.h"
 
 MainToolbar::MainToolbar(Commands& commands, QWidget* parent) : QToolBar(parent), commands_(commands) {
     setObjectName(QStringLiteral("Toolbar1"));

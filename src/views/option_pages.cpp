@@ -19,8 +19,8 @@
 #include <utility>
 
 #include "platform/code_page.h"
-#include "views/code_style.h"
-#include "views/qt_text.h"
+#include "widgets/code_style.h"
+#include "widgets/qt_text.h"
 
 namespace {
 

@@ -7,9 +7,9 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "views/icons.h"
 #include "views/overview_table.h"
-#include "views/qt_text.h"
+#include "widgets/icons.h"
+#include "widgets/qt_text.h"
 
 namespace {
 

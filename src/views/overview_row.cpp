@@ -3,7 +3,7 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "views/code_style.h"
+#include "widgets/code_style.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <QSortFilterProxyModel>
 
 #include "views/copy_table.h"
-#include "views/qt_text.h"
+#include "widgets/qt_text.h"
 
 namespace {
 

@@ -5,8 +5,8 @@
 #include <QStyle>
 #include <QStyleOptionFrame>
 
-#include "views/qt_text.h"
-#include "views/window_style.h"
+#include "widgets/qt_text.h"
+#include "widgets/window_style.h"
 
 namespace {
 

@@ -21,7 +21,7 @@
 #include "shell/words.h"
 #include "views/copy_table.h"
 #include "views/dialogs.h"
-#include "views/qt_text.h"
+#include "widgets/qt_text.h"
 
 namespace {
 

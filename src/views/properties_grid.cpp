@@ -9,8 +9,8 @@
 #include <QTableWidget>
 #include <QVBoxLayout>
 
-#include "views/code_style.h"
-#include "views/qt_text.h"
+#include "widgets/code_style.h"
+#include "widgets/qt_text.h"
 
 namespace {
 

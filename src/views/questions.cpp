@@ -7,7 +7,7 @@
 #include "display/fixed_texts.h"
 #include "shell/program.h"
 #include "views/dialogs.h"
-#include "views/qt_text.h"
+#include "widgets/qt_text.h"
 
 namespace {
 

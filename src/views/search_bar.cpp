@@ -18,9 +18,9 @@
 #include "model/clsProjekt.h"
 #include "project/start.h"
 #include "shell/words.h"
-#include "views/code_style.h"
-#include "views/icons.h"
-#include "views/qt_text.h"
+#include "widgets/code_style.h"
+#include "widgets/icons.h"
+#include "widgets/qt_text.h"
 
 namespace {
 

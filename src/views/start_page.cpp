@@ -8,9 +8,9 @@
 #include <QStyleOption>
 #include <QVBoxLayout>
 
-#include "views/code_style.h"
-#include "views/icons.h"
-#include "views/qt_text.h"
+#include "widgets/code_style.h"
+#include "widgets/icons.h"
+#include "widgets/qt_text.h"
 
 namespace {
 

@@ -5,7 +5,7 @@
 #include <QPainter>
 #include <algorithm>
 
-#include "views/code_style.h"
+#include "widgets/code_style.h"
 
 StatusFields::StatusFields(QWidget* parent) : QWidget(parent) {
     setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Preferred);

@@ -9,9 +9,9 @@
 #include "shell/clsText.h"
 #include "shell/errors.h"
 #include "views/elided_label.h"
-#include "views/icons.h"
-#include "views/qt_text.h"
 #include "views/status_fields.h"
+#include "widgets/icons.h"
+#include "widgets/qt_text.h"
 
 namespace {
 

@@ -9,12 +9,12 @@
 #include <QVBoxLayout>
 
 #include "views/baum_view.h"
-#include "views/code_style.h"
 #include "views/commands.h"
-#include "views/qt_text.h"
 #include "views/remark_line.h"
 #include "views/search_bar.h"
-#include "views/window_style.h"
+#include "widgets/code_style.h"
+#include "widgets/qt_text.h"
+#include "widgets/window_style.h"
 
 namespace {
 

@@ -3,13 +3,13 @@
 
 #include <string>
 
-inline constexpr int kTwipsPerPixel = 15;
+inline constexpr int kTwipsPerWindowPixel = 15;
 
 [[nodiscard]] constexpr int ToTwips(int pixels) {
-    return pixels * kTwipsPerPixel;
+    return pixels * kTwipsPerWindowPixel;
 }
 [[nodiscard]] constexpr int ToPixels(double twips) {
-    return static_cast<int>(twips / kTwipsPerPixel);
+    return static_cast<int>(twips / kTwipsPerWindowPixel);
 }
 [[nodiscard]] inline std::string TwipsText(int pixels) {
     return std::to_string(ToTwips(pixels));

@@ -25,8 +25,8 @@
 #include "views/overview_row.h"
 #include "views/path_line.h"
 #include "views/properties_grid.h"
-#include "views/qt_text.h"
 #include "views/search_bar.h"
+#include "widgets/qt_text.h"
 #include "window_texts.h"
 
 namespace {

@@ -2,10 +2,10 @@
 
 #include "platform/code_page.h"
 #include "shell/settings.h"
-#include "views/code_style.h"
-#include "views/object_tip.h"
 #include "views/path_line.h"
 #include "views/properties_grid.h"
+#include "widgets/code_style.h"
+#include "widgets/object_tip.h"
 #include "window_texts.h"
 
 namespace {

@@ -37,8 +37,8 @@
 #include "views/path_line.h"
 #include "views/problems_list.h"
 #include "views/properties_grid.h"
-#include "views/qt_text.h"
 #include "views/start_page.h"
+#include "widgets/qt_text.h"
 #include "window_texts.h"
 
 using testing::HasSubstr;

@@ -1,4 +1,4 @@
-#include "views/icons.h"
+#include "widgets/icons.h"
 
 #include <set>
 

@@ -1,8 +1,8 @@
-#include "views/window_style.h"
+#include "widgets/window_style.h"
 
 #include <QListView>
 
-#include "views/code_style.h"
+#include "widgets/code_style.h"
 #include "window_texts.h"
 
 namespace {

@@ -11,7 +11,7 @@
 #include "shell/clsText.h"
 #include "shell/settings.h"
 #include "support/program_state.h"
-#include "views/qt_text.h"
+#include "widgets/qt_text.h"
 
 class WindowTest : public ProgramState {
 protected:

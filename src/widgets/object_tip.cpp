@@ -1,4 +1,4 @@
-#include "views/object_tip.h"
+#include "widgets/object_tip.h"
 
 QString ToolTipOf(const std::vector<std::string>& lines) {
     QString tip;

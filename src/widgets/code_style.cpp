@@ -1,10 +1,10 @@
-#include "views/code_style.h"
+#include "widgets/code_style.h"
 
 #include <QFontDatabase>
 #include <algorithm>
 #include <cmath>
 
-#include "views/qt_text.h"
+#include "widgets/qt_text.h"
 
 namespace {
 

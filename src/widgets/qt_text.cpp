@@ -1,4 +1,4 @@
-#include "views/qt_text.h"
+#include "widgets/qt_text.h"
 
 #include <QCoreApplication>
 #include <QFile>

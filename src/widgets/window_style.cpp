@@ -1,12 +1,12 @@
-#include "views/window_style.h"
+#include "widgets/window_style.h"
 
 #include <QAbstractItemView>
 #include <QPainter>
 #include <QStyleOptionViewItem>
 #include <algorithm>
 
-#include "views/code_style.h"
-#include "views/icons.h"
+#include "widgets/code_style.h"
+#include "widgets/icons.h"
 
 namespace {
 

@@ -1,4 +1,4 @@
-#include "views/icons.h"
+#include "widgets/icons.h"
 
 #include <QApplication>
 #include <QCache>
@@ -16,7 +16,7 @@
 #include <memory>
 #include <unordered_map>
 
-#include "views/window_style.h"
+#include "widgets/window_style.h"
 
 namespace {
 

@@ -1,0 +1,54 @@
+// Free places for symbols that a command adds. The symbols on the canvas are all there is to know about what is taken:
+// the search walks along a row in steps of a symbol and a gap, and goes on, in a zigzag, to rows two symbols further.
+//
+// Only two corners of a place are tested, so a narrow symbol between them is not noticed, and a place may overlap it.
+#pragma once
+
+#include <cstdint>
+#include <unordered_map>
+#include <vector>
+
+#include "xgraph/graph.h"
+
+/// Between two symbols of a row.
+inline constexpr double kPlaceGap = 13 * kTwipsPerPixel;
+
+/// Finds symbols by points: the same answers as a walk over all of them, from an index.
+class SymbolIndex {
+public:
+    explicit SymbolIndex(const XGraph& graph);
+    /// A symbol that was created after all those known.
+    void Add(const ctlGraphObj& symbol);
+    /// The last created symbol that holds the point, edges included; null if it is free.
+    [[nodiscard]] const ctlGraphObj* Graph_PlaceOccupate(GraphPoint point) const;
+
+private:
+    std::unordered_map<std::uint64_t, std::vector<const ctlGraphObj*>> cells_;
+};
+
+class Placement {
+public:
+    explicit Placement(const XGraph& graph) : graph_(graph), index_(graph) {}
+
+    int GraphPlaceDirX = 1;  // 1: the next place is to the right, -1: to the left; turns at the end of a row
+    int GraphPlaceDirY = 1;  // 1: new rows are below, else above
+
+    /// A symbol was created.
+    void Add(const ctlGraphObj& symbol) { index_.Add(symbol); }
+    /// Whether one of the two corners of a place is taken.
+    [[nodiscard]] bool IsTaken(GraphPoint place, GraphSize size) const;
+    /// The first free place from `start` on.
+    /// @param ref  frame of the symbol whose size counts, and from whose top the rows are counted
+    [[nodiscard]] GraphPoint Graph_GetNextPlace_To_X(GraphPoint start, const GraphRect& ref);
+    /// The first free point below `start`.
+    [[nodiscard]] GraphPoint Graph_GetNextPlace_To_Y(GraphPoint start) const;
+
+private:
+    [[nodiscard]] double FreeInRow(GraphPoint at, GraphSize size) const;
+
+    const XGraph& graph_;
+    SymbolIndex index_;
+};
+
+/// Where a symbol of this size goes that should be near a point: the first free place from there.
+[[nodiscard]] GraphPoint FreePlaceNear(const XGraph& graph, GraphPoint point, GraphSize size);
