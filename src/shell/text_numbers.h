@@ -304,4 +304,10 @@ enum class Text {
     LivingProcedures = 364,
     GraphFileForeign = 365,
     GraphFileTorn = 366,
+    SavePicture = 367,
+    CopyPicture = 368,
+    SaveTable = 369,
+    CopyTable = 370,
+    NoModuleChecked = 371,
+    FileNotWritten = 372,
 };
