@@ -8,7 +8,7 @@ import sys
 
 ANALYSIS = ["platform", "shell", "source", "model", "structure", "libraries", "calls", "findings", "xgraph",
             "project", "display"]
-WITH_QT = ["widgets", "canvas", "views", "desktop"]
+WITH_QT = ["widgets", "charts", "canvas", "views", "desktop"]
 
 # Room to the rooms whose headers it may include besides its own.
 MAY_INCLUDE = {
@@ -24,10 +24,11 @@ MAY_INCLUDE = {
     "project": ["findings", "calls", "structure", "libraries", "source", "model", "shell", "platform"],
     "display": [room for room in ANALYSIS if room != "display"],
     "widgets": ANALYSIS,
+    "charts": ANALYSIS + ["widgets"],
     "canvas": ANALYSIS + ["widgets"],
-    "views": ANALYSIS + ["widgets", "canvas"],
+    "views": ANALYSIS + ["widgets", "charts", "canvas"],
     "console": ANALYSIS,
-    "desktop": ANALYSIS + ["widgets", "canvas", "views", "console"],
+    "desktop": ANALYSIS + ["widgets", "charts", "canvas", "views", "console"],
 }
 SOURCES = {".h", ".hpp", ".cpp", ".cc", ".in"}
 INCLUDE = re.compile(r'^\s*#\s*include\s*([<"])([^>"]+)[>"]')

@@ -7,6 +7,7 @@
 
 #include "console/library_report.h"
 #include "findings/dead_objects.h"
+#include "findings/module_statistics.h"
 #include "model/clsControl.h"
 #include "model/clsEnum.h"
 #include "model/clsProjekt.h"
@@ -42,10 +43,26 @@ private:
     bool empty_ = true;
 };
 
-Json ModuleJson(const clsModul& modul) {
-    return {{"codePath", Utf8(modul.CodePath())}, {"name", Utf8(modul.myNameOrg())}, {"kind", TextOf(modul.ModulTyp)},
-            {"path", Utf8(modul.FullPath)},       {"code", modul.AnzLineCode},       {"comment", modul.AnzLineComment},
-            {"blank", modul.AnzLineBlank}};
+// Numbers that come from calls stand there only if those were looked for.
+Json ModuleJson(const clsProjekt& projekt, const clsModul& modul) {
+    const ModuleStatistics of = StatisticsOf(projekt, modul);
+    Json json{{"codePath", Utf8(modul.CodePath())},
+              {"name", Utf8(modul.myNameOrg())},
+              {"kind", TextOf(modul.ModulTyp)},
+              {"path", Utf8(modul.FullPath)},
+              {"code", of.code},
+              {"comment", of.comment},
+              {"blank", of.blank},
+              {"procedures", of.procedures},
+              {"variables", of.variables}};
+    if (of.life)
+        json.update({{"calledByOthers", of.calledBy},
+                     {"callsToOthers", of.calls},
+                     {"dead", of.life->dead},
+                     {"undead", of.life->undead},
+                     {"living", of.life->living},
+                     {"deadLines", of.life->deadLines}});
+    return json;
 }
 
 // Physical lines of positions. Edges are grouped by module, so the lines of one module at a time are enough.
@@ -241,7 +258,7 @@ void WriteJson(std::ostream& out, clsProjekt& projekt, const JsonParts& parts) {
     out << "{\n \"project\": " << head.dump();
     {
         ArrayWriter modules(out, "modules");
-        ForEachModule(projekt, [&](const clsModul& modul) { modules.Add(ModuleJson(modul)); });
+        ForEachModule(projekt, [&](const clsModul& modul) { modules.Add(ModuleJson(projekt, modul)); });
     }
     {
         ArrayWriter objects(out, "objects");

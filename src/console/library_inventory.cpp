@@ -3,6 +3,7 @@
 #include "findings/library_use.h"
 #include "model/clsProjekt.h"
 #include "platform/code_page.h"
+#include "shell/csv.h"
 
 namespace {
 
@@ -54,15 +55,6 @@ std::string Page(const clsTypeLib& library, const LibraryUse& use) {
     return page;
 }
 
-std::string Cell(const std::string& text) {
-    if (text.find_first_of(",\"\r\n") == std::string::npos)
-        return text;
-    std::string quoted = "\"";
-    for (const char c : text)
-        quoted.append(c == '"' ? 2 : 1, c);
-    return quoted + "\"";
-}
-
 }  // namespace
 
 std::string LibraryInventory(const clsProjekt& projekt) {
@@ -83,7 +75,7 @@ std::string LibraryTable(const clsProjekt& projekt) {
         for (const std::string& text :
              {Utf8(library.myNameOrg()), Utf8(library.Description), Utf8(library.Version), Utf8(library.TypeLibID),
               std::string(TextOf(library.LibTyp)), std::string(StateOf(library)), Utf8(library.file.path)})
-            table += Cell(text) + ",";
+            table += CsvCell(text) + ",";
         for (const int number : {use.classes, use.members, use.modules, use.places, use.controls})
             table += std::to_string(number) + ",";
         table += std::to_string(use.variables) + "\r\n";

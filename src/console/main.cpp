@@ -9,6 +9,7 @@
 #include "console/json_report.h"
 #include "console/library_inventory.h"
 #include "console/library_report.h"
+#include "console/module_tables.h"
 #include "console/overview_text.h"
 #include "console/summary.h"
 #include "findings/dead_objects.h"
@@ -52,6 +53,7 @@ struct Options {
     std::string winePrefix;
     bool noLibraries = false;
     bool inventory = false;
+    bool stats = false;
     std::string csv;
     bool structure = false;
     bool calls = false;
@@ -63,7 +65,7 @@ struct Options {
     bool overview = false;
 
     // Without a kind of report, all kinds are written: a plain call produces everything.
-    [[nodiscard]] bool AllKinds() const { return !structure && !calls && !deaths && !overview && !inventory; }
+    [[nodiscard]] bool AllKinds() const { return !structure && !calls && !deaths && !overview && !inventory && !stats; }
     [[nodiscard]] bool WritesStructure() const { return !noReports && (structure || AllKinds()); }
     [[nodiscard]] bool WritesCalls() const { return !noReports && !noCalls && (calls || AllKinds()); }
     [[nodiscard]] bool WritesDeaths() const { return !noReports && !noCalls && (deaths || AllKinds()); }
@@ -161,8 +163,10 @@ bool WriteJsonFile(const Options& options, bool libraryFiles) {
     return WriteTo(options.json, [&](std::ostream& out) { WriteJson(out, *gProjekt, parts); });
 }
 
-bool WriteLibraryTable(const Options& options) {
-    return options.csv.empty() || WriteTo(options.csv, [](std::ostream& out) { out << LibraryTable(*gProjekt); });
+bool WriteTable(const Options& options) {
+    return options.csv.empty() || WriteTo(options.csv, [&options](std::ostream& out) {
+               out << (options.stats ? StatisticsTable(*gProjekt) : LibraryTable(*gProjekt));
+           });
 }
 
 // The settings file's, with those of the command line in front or, where there is only one, in their place.
@@ -286,7 +290,9 @@ int Run(const Options& options) {
                                                    : SummaryText(*gProjekt, timer.LastRun, callMilliseconds);
     if (options.inventory)
         (options.json == "-" ? std::cerr : std::cout) << LibraryInventory(*gProjekt);
-    const bool tableWritten = WriteLibraryTable(options);
+    if (options.stats)
+        (options.json == "-" ? std::cerr : std::cout) << StatisticsText(*gProjekt);
+    const bool tableWritten = WriteTable(options);
     const bool jsonWritten = WriteJsonFile(options, search.Sources().isConfigured);
     bool hasProblems = false;
     for (const Problem& problem : gProjekt->problems.All()) {
@@ -358,9 +364,12 @@ int main(int argc, char** argv) {
     auto* inventory = app.add_flag("--libraries", options.inventory,
                                    "Print each referenced library with what uses it, and no reports")
                           ->excludes(library);
-    app.add_option("--csv", options.csv, "Write the libraries as a table to FILE (- is standard output)")
-        ->type_name("FILE")
-        ->needs(inventory);
+    app.add_flag("--stats", options.stats, "Print the tables of the charts for all modules, and no reports")
+        ->excludes(library)
+        ->excludes(inventory);
+    app.add_option("--csv", options.csv,
+                   "Write what --libraries or --stats prints as a table to FILE (- is standard output)")
+        ->type_name("FILE");
     app.add_flag("--quiet", options.quiet, "Neither progress nor summary")->excludes(overview);
     app.footer(
         "Exit status: 0 all well; 1 analysed, but something was reported; 2 nothing analysed.\n"
@@ -369,6 +378,8 @@ int main(int argc, char** argv) {
         app.parse(argc, argv);
         if (project->empty() && library->empty())
             throw CLI::RequiredError(project->get_name());
+        if (!options.csv.empty() && !options.inventory && !options.stats)
+            throw CLI::RequiresError("--csv", "--libraries or --stats");
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? AllWell : NothingAnalysed;
     }

@@ -4,6 +4,7 @@
 
 #include "display/object_search.h"
 #include "display/shown_text.h"
+#include "findings/module_statistics.h"
 #include "findings/object_counts.h"
 #include "findings/project_overview.h"
 #include "model/clsEnum.h"
@@ -12,20 +13,8 @@
 #include "model/clsType.h"
 #include "model/clsVariable.h"
 #include "shell/words.h"
-#include "source/lines.h"
-#include "source/module_text.h"
 
 namespace {
-
-// Counted within the object: the line numbers of its ends would be looked for from the top of the module.
-int LinesOf(const CodeObject& object) {
-    if (object.Class() == ObjectClass::Variable || !object.Modul || !object.Modul->text)
-        return 1;
-    const std::string_view text = object.Modul->text->ModulTextOrg();
-    const Pos from = std::clamp<Pos>(object.DeclareStart, 1, Len(text) + 1);
-    const Pos to = std::clamp<Pos>(object.DeclareEnd, from, Len(text) + 1);
-    return LineOf(text.substr(static_cast<std::size_t>(from) - 1, static_cast<std::size_t>(to - from)), to - from);
-}
 
 class List {
 public:

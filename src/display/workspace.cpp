@@ -431,6 +431,21 @@ ContentMode Workspace::ContentShown() const {
                                                                                  : settings_.Content;
 }
 
+Workspace::Chart Workspace::ChartOf(ChartType type) const {
+    if (!projekt_)
+        return {};
+    if (NeedsCalls(type) && !CallsRead())
+        return {{}, Text::ReadCallsFirst, Text::ReadAllCalls};
+    if (checkBoxes_) {
+        const std::vector<const clsModul*> checked = CheckedModules(*projekt_, tree_);
+        if (checked.empty())
+            return {{}, Text::NoModuleChecked, Text::CheckAllModules};
+        return {Anzeigen_Chart(*projekt_, type, checked)};
+    }
+    const std::vector<clsModul*> all = projekt_->ModulesInReportOrder();
+    return {Anzeigen_Chart(*projekt_, type, {all.begin(), all.end()})};
+}
+
 void Workspace::Collect(std::string_view key) {
     if (BaumNode* node = projekt_ ? Drop_Module(*projekt_, collected_, key) : nullptr)
         collected_.Select(node);

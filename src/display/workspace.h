@@ -16,6 +16,7 @@
 
 #include "display/baum.h"
 #include "display/call_places.h"
+#include "display/chart_table.h"
 #include "display/command_table.h"
 #include "display/project_view.h"
 #include "display/selection.h"
@@ -148,6 +149,13 @@ public:
     /// object is chosen.
     [[nodiscard]] ContentMode ContentShown() const;
     void ShowOverview(bool shown) { overviewAsked_ = shown; }
+    /// What the chart shows: that of the checked modules, or while the boxes are hidden of all.
+    struct Chart {
+        ChartTable table;
+        Text hint = Text::None;    // in place of a table
+        Text button = Text::None;  // of the command that helps
+    };
+    [[nodiscard]] Chart ChartOf(ChartType type) const;
     /// Puts the module of a node among the collected ones.
     void Collect(std::string_view key);
 

@@ -190,6 +190,17 @@ TEST_F(ReportProgram, SummaryIsTheOverviewAndWritesNoReportsOfItsOwn) {
     EXPECT_EQ(Files("samples").size(), before.size() + 1);
 }
 
+TEST_F(ReportProgram, StatisticsAreTheChartsOfAllModules) {
+    CopySample();
+    const Outcome run = Run("--quiet --stats --csv t.csv " + kSample);
+    EXPECT_EQ(run.status, 0);
+    EXPECT_THAT(run.out, testing::StartsWith("Code lines\n                   Code    Comment      Blank\n"
+                                             "frmDesk             570          2         59\n"));
+    EXPECT_THAT(dir_.Bytes("t.csv"), HasSubstr("\r\nmodMain,module,151,6,30,14,29,103,4,4,5,5,42\r\n"));
+    EXPECT_THAT(Run("--quiet --stats --no-calls " + kSample).out, Not(HasSubstr("Dead")));
+    EXPECT_EQ(Run("--csv t.csv " + kSample).status, 2);
+}
+
 TEST_F(ReportProgram, CheckLocalsReportsUnusedArguments) {
     WriteProject("Function F(a, b)\nF = a\nEnd Function\n");
     std::map<std::string, Json> objects;
