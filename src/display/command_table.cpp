@@ -23,7 +23,7 @@ constexpr std::array kRows = std::to_array<CommandRow>({
     {Overview, "Overview", Text::Overview, Text::None, "Overview", "Alt+Home", Needs::Project, false, true},
     {WholeModule, "WholeModule", Text::WholeModule, Text::None, "WholeModule", "Ctrl+M", Needs::Module, false, true},
     {ContentGraph, "ContentGraph", Text::XGraph, Text::None, "ContentGraph", "", Needs::Project, false, true},
-    {ContentChart, "ContentChart", Text::Chart, Text::None, "ContentChart", "", Needs::LaterVersion, false, true},
+    {ContentChart, "ContentChart", Text::Chart, Text::None, "ContentChart", "", Needs::Project, false, true},
     {SplitForContent, "SplitForContent", Text::SplitForContent, Text::None, "SplitForContent", "", Needs::Project,
      false, true},
     {SplitForCalls, "SplitForCalls", Text::SplitForCalls, Text::None, "SplitForCalls", "", Needs::Project, false, true},

@@ -17,3 +17,7 @@ void ChartContent::Texte() {
 void ChartContent::Clear() {
     board_->Clear();
 }
+
+void ChartContent::Zoom(int step) {
+    board_->Zoom(step);
+}

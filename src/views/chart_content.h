@@ -15,6 +15,7 @@ public:
     void Texte() override;
     void ApplySettings() override {}
     void Clear() override;
+    void Zoom(int step) override;
 
 private:
     ChartBoard* board_;

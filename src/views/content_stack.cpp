@@ -46,6 +46,10 @@ void CodeContent::Clear() {
     view_->Clear();
 }
 
+void CodeContent::Zoom(int step) {
+    step > 0 ? view_->ZoomIn() : step < 0 ? view_->ZoomOut() : view_->ZoomReset();
+}
+
 void ContentStack::Add(ContentPane* pane) {
     panes_.push_back(pane);
     addWidget(pane);
@@ -70,4 +74,10 @@ void ContentStack::ApplySettings() {
 void ContentStack::Clear() {
     for (ContentPane* pane : panes_)
         pane->Clear();
+}
+
+void ContentStack::Zoom(int step) {
+    for (ContentPane* pane : panes_)
+        if (pane == currentWidget())
+            pane->Zoom(step);
 }

@@ -21,6 +21,8 @@ public:
     virtual void ApplySettings() = 0;
     /// Shows nothing; called before objects become invalid.
     virtual void Clear() = 0;
+    /// Larger (1), smaller (-1), or as at first (0).
+    virtual void Zoom(int /*step*/) {}
 };
 
 /// The code; above that of a whole module a line that unfolds the header of its file.
@@ -36,6 +38,7 @@ public:
     void Texte() override;
     void ApplySettings() override;
     void Clear() override;
+    void Zoom(int step) override;
 
 Q_SIGNALS:
     void HeaderUnfolded(bool unfolded);
@@ -58,6 +61,8 @@ public:
     void Texte();
     void ApplySettings();
     void Clear();
+    /// Zooms the pane that is shown.
+    void Zoom(int step);
 
 private:
     std::vector<ContentPane*> panes_;

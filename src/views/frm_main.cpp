@@ -18,6 +18,7 @@
 #include "shell/operations.h"
 #include "shell/program.h"
 #include "views/baum_view.h"
+#include "views/chart_content.h"
 #include "views/code_view.h"
 #include "views/commands.h"
 #include "views/content_stack.h"
@@ -100,6 +101,7 @@ frmMain::frmMain(Files& files, SettingsFile& file, Settings settings, std::strin
     WireCode();
     WireWays();
     WireOverview();
+    WireChart();
     WireGraph();
     WireDialogs();
     WireCommands();
@@ -143,6 +145,8 @@ void frmMain::BuildPanes() {
     content_->Add(code_);
     overview_ = new OverviewPane;
     content_->Add(overview_);
+    chart_ = new ChartContent;
+    content_->Add(chart_);
     graph_ = new GraphWiring(*this, files_, file_,
                              {.run =
                                   [this](const std::string& name, const std::function<void()>& operation) {
@@ -173,6 +177,7 @@ void frmMain::WireTrees() {
     connect(&BaumProjekt(), &BaumView::NodeChecked, this, [this](BaumNode& node) {
         if (const auto shown = workspace_.NodeChecked(node))
             Show(*shown);
+        FillChart();
         ShowNow();
     });
     for (const bool isCaller : {true, false}) {

@@ -12,6 +12,7 @@
 #include "shell/settings.h"
 
 class BaumView;
+class ChartContent;
 class CodeContent;
 class CodeView;
 class Commands;
@@ -161,6 +162,11 @@ private:
     void ShowOverview(bool shown);
     void ShowWholeModule(bool whole, bool withHeader);
 
+    // frm_main_chart.cpp
+    void WireChart();
+    void ShowChart();
+    void FillChart();
+
     Files& files_;
     SettingsFile& file_;
     Settings settings_;
@@ -182,6 +188,7 @@ private:
     ContentStack* content_ = nullptr;
     CodeContent* code_ = nullptr;  // in it
     OverviewPane* overview_ = nullptr;
+    ChartContent* chart_ = nullptr;
     GraphWiring* graph_ = nullptr;
     PathLine* rtbCodePath_ = nullptr;
     LowerPane* lower_ = nullptr;

@@ -90,6 +90,9 @@ void frmMain::WireCommands() {
     });
     Wire(Command::NavPrev, [this](bool) { GoBackOrOn(true); });
     Wire(Command::NavNext, [this](bool) { GoBackOrOn(false); });
+    Wire(Command::ZoomPlus, [this](bool) { content_->Zoom(1); });
+    Wire(Command::ZoomMinus, [this](bool) { content_->Zoom(-1); });
+    Wire(Command::ZoomNo, [this](bool) { content_->Zoom(0); });
     Wire(Command::CalledByReally, [this](bool) { SetMayBe(false, false); });
     Wire(Command::CalledByMaybe, [this](bool) { SetMayBe(false, true); });
     Wire(Command::CallsReally, [this](bool) { SetMayBe(true, false); });
@@ -130,6 +133,9 @@ void frmMain::MainActions(int nr) {
             break;
         case 9:
             Split_For_Calls();
+            break;
+        case 10:
+            ShowChart();
             break;
         case 11:
             Files_Check();

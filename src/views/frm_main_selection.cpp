@@ -72,6 +72,7 @@ void frmMain::ShowContent() {
     const ContentMode shown = workspace_.ContentShown();
     if (shown == ContentMode::Overview && gProjekt)
         overview_->Show(OverviewOf(*gProjekt));
+    FillChart();
     content_->Show(shown);
 }
 
@@ -156,11 +157,13 @@ void frmMain::ToggleCheckBoxes(bool on) {
     BaumProjekt().SetCheckBoxes(on);
     workspace_.SetCheckBoxes(on);
     commands_->SetImage(Command::CheckBoxOn, on ? "CheckBoxOn" : "CheckBoxOff");
+    FillChart();
     Activate_Commands();
 }
 
 void frmMain::CheckAll(bool checked) {
     workspace_.CheckAll(checked);
+    FillChart();
     ShowNow();
 }
 

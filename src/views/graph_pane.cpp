@@ -115,6 +115,10 @@ void GraphPane::ApplySettings() {
     canvas_->ApplySettings();
 }
 
+void GraphPane::Zoom(int step) {
+    step > 0 ? canvas_->ZoomIn() : step < 0 ? canvas_->ZoomOut() : canvas_->ZoomReset();
+}
+
 void GraphPane::Clear() {
     canvas_->Forget();
 }

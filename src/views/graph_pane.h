@@ -24,6 +24,7 @@ public:
     void Texte() override;
     void ApplySettings() override;
     void Clear() override;
+    void Zoom(int step) override;
 
 private:
     void AddButtons(Commands& commands);

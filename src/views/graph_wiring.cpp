@@ -99,9 +99,6 @@ void GraphWiring::WireCommands() {
                                          {Command::CallsChain, GraphChain::Calls},
                                          {Command::CallsChainAll, GraphChain::CallsAll}})
         Wire(command, [this, of = command, which = chain](bool) { RunChain(of, which); });
-    Wire(Command::ZoomPlus, [this](bool) { Zoom(&GraphCanvas::ZoomIn, &CodeView::ZoomIn); });
-    Wire(Command::ZoomMinus, [this](bool) { Zoom(&GraphCanvas::ZoomOut, &CodeView::ZoomOut); });
-    Wire(Command::ZoomNo, [this](bool) { Zoom(&GraphCanvas::ZoomReset, &CodeView::ZoomReset); });
     QAction& legend = window_.TheCommands()[Command::ShowLegend];
     legend.setChecked(settings_.ReadString(kSection, kLegendKey, "1", 8) != "0");
     canvas_.SetLegend(legend.isChecked());
@@ -110,13 +107,6 @@ void GraphWiring::WireCommands() {
         settings_.WriteString(kSection, kLegendKey, shown ? "1" : "0");
         settings_.Save();
     });
-}
-
-void GraphWiring::Zoom(void (GraphCanvas::*graph)(), void (CodeView::*code)()) {
-    if (IsShown())
-        (canvas_.*graph)();
-    else
-        (code_->*code)();
 }
 
 // Of the object that has the focus: a hit of the search, a node of a tree, a word of the code; else the current one.

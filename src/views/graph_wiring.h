@@ -36,7 +36,7 @@ public:
     /// The trees, the references, the code and the search from which objects come.
     void Follow(std::initializer_list<BaumView*> trees, const ReferencesList& references, CodeView& code,
                 SearchBar& search);
-    /// Connects the commands; zoom is for what the content shows.
+    /// Connects the commands of the diagram.
     void WireCommands();
 
     /// Whether the diagram may go, with the project or the window.
@@ -70,7 +70,6 @@ private:
     void WireCanvas();
     void ShowInGraph(const std::string& key);
     [[nodiscard]] std::string KeyInUse() const;
-    void Zoom(void (GraphCanvas::*graph)(), void (CodeView::*code)());
     void RunChain(Command command, GraphChain chain);
     void CanvasChanged();
     [[nodiscard]] bool IsShown() const;
