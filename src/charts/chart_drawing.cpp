@@ -17,7 +17,8 @@ namespace {
 constexpr double kVisibleContrast = 3;  // what shapes need to be seen
 constexpr double kLongestName = 130;    // pixels
 constexpr double kBarShare = 0.8;       // of the width of a group
-constexpr std::array kHatches{Qt::SolidPattern, Qt::BDiagPattern, Qt::Dense5Pattern};
+constexpr double kNarrow = 8;           // pixels; hatches and borders of narrower groups would fill the bars
+constexpr std::array kHatches{Qt::SolidPattern, Qt::SolidPattern, Qt::BDiagPattern};
 
 QString NameShown(const QString& name, const QFontMetricsF& metrics) {
     return metrics.elidedText(name, Qt::ElideMiddle, kLongestName);
@@ -62,9 +63,10 @@ QBarSeries* Bars(const ChartTable& table, const ChartPart& part, const QPalette&
             values.append(table.rows[static_cast<std::size_t>(row)].values[static_cast<std::size_t>(series)]);
         set->append(values);
         const QColor colour = SeriesColour(table.type, series, ground);
-        set->setBrush(QBrush(colour, kHatches[static_cast<std::size_t>(series)]));
-        // A border of narrow bars would hide what they are filled with.
-        set->setPen(part.groupWidth < 8 ? QPen(Qt::NoPen) : QPen(Readable(colour, ground, kVisibleContrast), 1));
+        // In grey print the first series is dark, the second pale with a border, the third hatched.
+        const bool isNarrow = part.groupWidth < kNarrow;
+        set->setBrush(QBrush(colour, isNarrow ? Qt::SolidPattern : kHatches[static_cast<std::size_t>(series)]));
+        set->setPen(isNarrow ? QPen(Qt::NoPen) : QPen(Readable(colour, ground, kVisibleContrast), 1));
         bars->append(set);
     }
     return bars;

@@ -19,7 +19,7 @@ struct ChartPart {
 [[nodiscard]] QColor SeriesColour(ChartType type, int series, const QColor& ground);
 
 /// Replaces what the chart shows. The scale is that of the whole table, so that it stays while the user scrolls.
-/// Series differ by hatching as well as by colour.
+/// Series differ by shade, border and hatching as well as by colour.
 void DrawChart(QChart& chart, const ChartTable& table, const ChartPart& part, const QPalette& palette,
                const QFont& font);
 /// Writes the labels of the series again: those of the row marked have its values.

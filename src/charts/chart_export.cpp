@@ -2,6 +2,8 @@
 
 #include <QBuffer>
 #include <QChart>
+#include <QCoreApplication>
+#include <QGraphicsLayout>
 #include <QGraphicsScene>
 #include <QPainter>
 #include <QSaveFile>
@@ -22,6 +24,9 @@ void Paint(QPainter& painter, const ChartTable& table, int marked, QSize size, c
     chart->resize(size);
     const int rows = static_cast<int>(table.rows.size());
     DrawChart(*chart, table, {0, rows, rows > 0 ? static_cast<double>(size.width()) / rows : 0, marked}, paper, font);
+    // Axes and legend find their places when their layouts are asked to, which a shown view does in its event loop.
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::LayoutRequest);
+    chart->layout()->activate();
     const QRectF all(0, 0, size.width(), size.height());
     painter.fillRect(all, Qt::white);
     scene.render(&painter, all, all);

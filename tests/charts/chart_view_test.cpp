@@ -89,7 +89,7 @@ TEST_F(ChartViews, SeriesAreVisibleOnLightAndDarkGround) {
 TEST_F(ChartViews, PicturesAreWrittenWhole) {
     const QTemporaryDir dir;
     const QString svg = dir.filePath(QStringLiteral("c.svg")), png = dir.filePath(QStringLiteral("c.png"));
-    ASSERT_TRUE(SaveChartPicture(TableOf(3), 1, {400, 200}, view_.font(), svg));
+    ASSERT_TRUE(SaveChartPicture(TableOf(3), 1, {400, 400}, view_.font(), svg));
     ASSERT_TRUE(SaveChartPicture(TableOf(3), 1, {400, 200}, view_.font(), png));
     EXPECT_EQ(QImage(png).size(), QSize(800, 400));
     QFile file(svg);
