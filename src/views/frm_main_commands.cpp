@@ -166,6 +166,7 @@ QString frmMain::RunCalls() {
     ShowAgain();
     ShowContent();
     ShowProjectCounts();
+    ShowNow();
     return counts ? TextNr(Text::CallsRead, NumberText(counts->really), NumberText(counts->mayBe),
                            NumberText(counts->uses))
                   : TextNr(Text::ReadingCallsCancelled);
