@@ -74,6 +74,7 @@ void frmMain::WireCommands() {
     Wire(Command::SplitX, [this](bool shown) { panes_->picSplitX().SetFolded(!shown); });
     Wire(Command::SplitY, [this](bool shown) { panes_->picSplitY().SetFolded(!shown); });
     connect(panes_, &MainPanes::FoldsChanged, this, [this] {
+        project_->Search().Close();  // its list would stay where the field was
         (*commands_)[Command::SplitX].setChecked(!panes_->picSplitX().Folded());
         (*commands_)[Command::SplitY].setChecked(!panes_->picSplitY().Folded());
     });
@@ -176,6 +177,7 @@ QString frmMain::RunCalls() {
     ShowAgain();
     ShowContent();
     ShowProjectCounts();
+    ShowNow();
     return counts ? TextNr(Text::CallsRead, NumberText(counts->really), NumberText(counts->mayBe),
                            NumberText(counts->uses))
                   : TextNr(Text::ReadingCallsCancelled);

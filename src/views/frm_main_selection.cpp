@@ -126,13 +126,20 @@ void frmMain::GoBackOrOn(bool back) {
     }
     NavigationList& list = workspace_.Navigation();
     list.NoteSelection(rtbCode().SelStart(), rtbCode().SelLength());
-    if (const NavigationList::Record* found = back ? list.NavCodeKey_Prev() : list.NavCodeKey_Next()) {
+    const auto step = [&list](bool toPrevious) { return toPrevious ? list.NavCodeKey_Prev() : list.NavCodeKey_Next(); };
+    // A place can have no node any more, such as a local in a tree that leaves locals out: it is passed over.
+    int steps = 0;
+    bool isShown = false;
+    for (const NavigationList::Record* found = step(back); found; found = isShown ? nullptr : step(back)) {
         // A copy: ActivateKey changes the list that holds the record.
         const NavigationList::Record record = *found;
-        ActivateKey(record.node);
-        if (record.SelStart != 0 || record.SelLength != 0)
+        ++steps;
+        isShown = ActivateKey(record.node);
+        if (isShown && (record.SelStart != 0 || record.SelLength != 0))
             rtbCode().Select({record.SelStart, record.SelLength});
     }
+    for (; !isShown && steps > 0; --steps)
+        step(!back);
     ShowNow();
 }
 

@@ -202,13 +202,6 @@ void SearchBar::Close() {
     list_->hide();
 }
 
-// The list covers other panes: it follows its field, and goes with it when the pane is folded.
-void SearchBar::resizeEvent(QResizeEvent* event) {
-    QWidget::resizeEvent(event);
-    if (!list_->isHidden())
-        PlaceList();
-}
-
 void SearchBar::hideEvent(QHideEvent* event) {
     QWidget::hideEvent(event);
     Close();
@@ -218,8 +211,6 @@ void SearchBar::hideEvent(QHideEvent* event) {
 void SearchBar::PlaceList() {
     const QPoint corner = mapTo(window(), QPoint(0, height() + 2));
     const int roomRight = window()->width() - corner.x() - kMargin;
-    if (width() == 0 || roomRight < field_->minimumSizeHint().width())
-        return Close();  // its pane is folded
     const int width = std::min(std::max(this->width(), 50 * fontMetrics().averageCharWidth()), roomRight);
     const int roomBelow = window()->height() - corner.y() - kMargin;
     int needed = 2 + 2 * list_->frameWidth();

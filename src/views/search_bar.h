@@ -44,6 +44,8 @@ public:
 
     /// Focuses the field and selects its text.
     void Focus();
+    /// Closes the list of hits.
+    void Close();
     /// To be called before objects become invalid: a project is closed or opened, or modules are read again. Drops all
     /// hits.
     void ProjectChanges();
@@ -59,13 +61,11 @@ Q_SIGNALS:
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
 private:
     void Search();
     void Open();
-    void Close();
     void PlaceList();
     void ShowMenu(const QPoint& point);
     void Choose(const QModelIndex& index);

@@ -3,13 +3,13 @@
 #include <QAction>
 #include <QEvent>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLayout>
 #include <QToolBar>
 #include <QVBoxLayout>
 
 #include "views/baum_view.h"
 #include "views/commands.h"
+#include "views/elided_label.h"
 #include "views/remark_line.h"
 #include "views/search_bar.h"
 #include "widgets/code_style.h"
@@ -72,7 +72,7 @@ void ProjectPane::Texte() {
 DependencyPane::DependencyPane(Baum& tree, const Settings& settings, Commands& commands, Command really, Command mayBe,
                                QWidget* parent)
     : QWidget(parent),
-      caption_(new QLabel(this)),
+      caption_(new ElidedLabel(this)),
       toolbar_(SmallToolbar(this)),
       filter_(new RemarkLine(QStringLiteral("ShowAll"), this)),
       tree_(new BaumView(tree, settings, this)) {
@@ -82,8 +82,6 @@ DependencyPane::DependencyPane(Baum& tree, const Settings& settings, Commands& c
     QFont bold = caption_->font();
     bold.setBold(true);
     caption_->setFont(bold);
-    // The caption must not set a minimum width for the whole pane.
-    caption_->setMinimumWidth(1);
     auto* top = new QHBoxLayout;
     top->addStrut(HeadHeight(*this));
     top->setContentsMargins(4, 0, 0, 0);
@@ -106,7 +104,7 @@ void DependencyPane::ShowWhyEmpty(Text why) {
 }
 
 void DependencyPane::ShowCaption(const QString& text, bool mayBe) {
-    caption_->setText(text);
+    caption_->SetText(text);
     toolbar_->setAccessibleName(text);
     mayBe_ = mayBe;
     PaintCaption();

@@ -10,7 +10,7 @@
 class Baum;
 class BaumView;
 class Commands;
-class QLabel;
+class ElidedLabel;
 class QToolBar;
 class RemarkLine;
 class SearchBar;
@@ -59,7 +59,7 @@ private:
     void PaintCaption();
     void changeEvent(QEvent* event) override;
 
-    QLabel* caption_;
+    ElidedLabel* caption_;
     QToolBar* toolbar_;
     RemarkLine* filter_;
     BaumView* tree_;
