@@ -76,7 +76,10 @@ GraphCanvas::GraphCanvas(const Settings& settings, QWidget* parent)
     Refresh();
 }
 
-GraphCanvas::~GraphCanvas() = default;
+// The stack goes with the children, after this part of the canvas: what it says then has nobody to hear it.
+GraphCanvas::~GraphCanvas() {
+    undo_->disconnect(this);
+}
 
 bool GraphCanvas::IsUnsaved() const {
     return !undo_->isClean() && !(file_.isEmpty() && graph_.GraphObjects().empty());

@@ -79,6 +79,8 @@ public:
     [[nodiscard]] Commands& TheCommands() const { return *commands_; }
     /// What decides which commands are enabled.
     [[nodiscard]] Situation Now() const;
+    /// Key of the object that the place with the focus leads to, also while a menu has the focus; empty for none.
+    [[nodiscard]] std::string KeyInFocus();
     [[nodiscard]] CodeView& rtbCode() const;
     [[nodiscard]] BaumView& BaumProjekt() const;
 
@@ -137,7 +139,6 @@ private:
 
     // frm_main_places.cpp
     void WireWays();
-    [[nodiscard]] std::string KeyInFocus();
     void GoTo(const std::string& key);
     void FindCallersOf(const std::string& key);
     void RenewReferences();

@@ -25,7 +25,6 @@ void frmMain::WireWays() {
     connect(lower_, &LowerPane::currentChanged, this, [this] { ShowNow(); });
 }
 
-// The object that the place with the focus leads to, also while a menu has the focus; empty for none.
 std::string frmMain::KeyInFocus() {
     const QWidget* const focus = focusWidget();
     if (focus == &rtbCode())
@@ -88,7 +87,7 @@ void frmMain::ShowReference(int row, bool stays) {
 void frmMain::ShowWalk(const std::optional<CodePane::Change>& change) {
     if (!change)
         return;
-    ShowContent();
+    ShowOverview(false);
     ShowCode(*change);
     if (workspace_.WalksReferences())
         lower_->References().SetCurrentRow(workspace_.Walk().At());

@@ -43,6 +43,7 @@ bool frmMain::ActivateKey(const NodeId& node) {
 }
 
 void frmMain::ActivateLine(const std::string& modulKey, int line) {
+    ShowOverview(false);
     if (const std::optional<Workspace::Shown> shown = workspace_.ActivateLine(modulKey, line))
         Show(*shown);
 }

@@ -109,20 +109,13 @@ void GraphWiring::WireCommands() {
     });
 }
 
-// Of the object that has the focus: a hit of the search, a node of a tree, a word of the code; else the current one.
+// A hit of the search, what has the focus, or the current object.
 std::string GraphWiring::KeyInUse() const {
     if (std::string hit = search_->HitKey(); !hit.empty())
         return hit;
-    Workspace& workspace = window_.TheWorkspace();
-    const QWidget* const focus = window_.focusWidget();
-    if (const auto* const tree = qobject_cast<const BaumView*>(focus)) {
-        const BaumNode* const node = tree->Model().NodeAt(tree->currentIndex());
-        return node && node->Kind() == NodeKind::Object ? std::string(node->Key()) : std::string();
-    }
-    if (focus == code_)
-        if (std::string key = workspace.KeyClicked(code_->SelStart(), code_->SelLength()); !key.empty())
-            return key;
-    const CodeObject* const current = workspace.Current().CurObject;
+    if (std::string key = window_.KeyInFocus(); !key.empty())
+        return key;
+    const CodeObject* const current = window_.TheWorkspace().Current().CurObject;
     return current ? NodeKeyOf(*current) : std::string();
 }
 
@@ -136,6 +129,7 @@ void GraphWiring::ShowInGraph(const std::string& key) {
     canvas_.ShowObject(*object);
     canvas_.setFocus();
     window_.ActivateKey(key);
+    Q_EMIT Message(TextNr(Text::SymbolShown, ToQString(object->myNameOrg())));
 }
 
 void GraphWiring::ShowGraph() {

@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QStyle>
 #include <QWidget>
 #include <algorithm>
 
@@ -11,6 +12,7 @@
 namespace {
 
 constexpr QSize kDesignSize(1280, 800);
+constexpr int kFrame = 8;  // left and right, or above and below
 
 }  // namespace
 
@@ -21,7 +23,11 @@ void PlaceWindow(QWidget& window, const WindowSize& size) {
     if (!size.Left.empty() && !size.Top.empty())
         window.move(ToPixels(LeadingNumber(size.Left)), ToPixels(LeadingNumber(size.Top)));
     const QScreen* screen = QGuiApplication::screenAt(window.geometry().center());
-    const QRect room = (screen ? screen : QGuiApplication::primaryScreen())->availableGeometry();
+    // The frame comes with the window's first display; on a small screen it must not push the status bar out.
+    const int titleBar = window.style()->pixelMetric(QStyle::PM_TitleBarHeight);
+    const QRect room = (screen ? screen : QGuiApplication::primaryScreen())
+                           ->availableGeometry()
+                           .adjusted(0, 0, -kFrame, -titleBar - kFrame);
     window.resize(window.size().boundedTo(room.size()).expandedTo(window.minimumSize()));
     // The place may be from another screen, or from one that is no longer connected.
     if (!room.contains(window.geometry()))
