@@ -276,9 +276,11 @@ int Run(const Options& options) {
         callTimer.Start();
         Who_Calls_Who(*gProjekt);
         Tote_Untote_Kennzeichnen(*gProjekt);
-        NoteCostsOfMissingLibraries(*gProjekt);
         callTimer.Halt();
     }
+    // Without a place to seek libraries, what is missing is no more than a hint, which is not printed.
+    if (search.Sources().isConfigured)
+        NoteCostsOfMissingLibraries(*gProjekt);
     if (showsProgress)
         progress.Clear();
     SetProgress(nullptr);

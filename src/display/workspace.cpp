@@ -81,6 +81,7 @@ bool Workspace::Open(const std::string& path, const std::string& codePage) {
         return false;
     }
     projekt_->OnReplaced([this] { ForgetObjects(); });
+    NoteCostsOfMissingLibraries(*projekt_);
     FillTree();
     Tote_Untote_Kennzeichnen(*projekt_);
     Tote_Objekte_Markieren(*projekt_, tree_);
@@ -159,6 +160,7 @@ Workspace::Refreshed Workspace::Refresh() {
     }
     if (!projekt_->callsKnown)
         Tote_Untote_Kennzeichnen(*projekt_);  // the marks of a project just opened
+    NoteCostsOfMissingLibraries(*projekt_);
     RefillTree();
     const bool readNothing = !changed.project && again.unreadable == again.files;
     return {!isWhole ? Cancelled : readNothing ? NothingRead : Done, again.files, again.unreadable};
@@ -183,7 +185,6 @@ bool Workspace::LoadAgain() {
         ports_.run("Who_Calls_Who", false, [this] { Who_Calls_Who(*projekt_); });
     if (projekt_->callsKnown)
         Tote_Untote_Kennzeichnen(*projekt_);
-    NoteCostsOfMissingLibraries(*projekt_);
     return true;
 }
 

@@ -4,7 +4,6 @@
 
 #include "calls/driver.h"
 #include "findings/dead_objects.h"
-#include "findings/library_use.h"
 #include "model/clsProjekt.h"
 #include "shell/errors.h"
 #include "shell/work_ahead.h"
@@ -56,6 +55,5 @@ void Replace(clsProjekt& projekt, const std::vector<ModuleChange>& changes, cons
         projekt.ClearMarks();  // without all edges everything would look dead
     else if (projekt.marksKnown)
         Tote_Untote_Kennzeichnen(projekt);
-    NoteCostsOfMissingLibraries(projekt);
     projekt.TellReplaced();
 }
