@@ -7,7 +7,7 @@
 
 namespace {
 
-constexpr char kBelow = '\n';  // stands in no name
+constexpr char kBelow = '\n';  // no name contains it
 
 CodeObject* LocalOfModule(const clsModul& modul, std::string_view path) {
     const auto point = path.rfind('.');

@@ -55,7 +55,7 @@ struct ctlGraphObj {
     [[nodiscard]] GraphPoint Center() const { return Frame().Center(); }
 };
 
-/// First caption of an object: the module that it stands in; for a module that of its library, or its own name if it
+/// First caption of an object: the module that it belongs to; for a module that of its library, or its own name if it
 /// has none; empty for a library.
 [[nodiscard]] std::string_view ModulCaptionOf(const CodeObject& object);
 /// Sets the layout: picture and captions one below the other, centred in the widest of them.

@@ -29,7 +29,7 @@ struct LibraryOfProject : testing::Test {
     void Join() { projekt.SetModules({}); }
 };
 
-// All that stands in a library's records, each thing on a line of its own.
+// All records of a library, one on each line.
 std::string Records(const TypeLibrary& library) {
     std::ostringstream out;
     out << TextOf(library.format) << '|' << library.name << '|' << library.id << '|' << library.Version() << '|'

@@ -28,7 +28,7 @@ protected:
             throw std::invalid_argument("no symbol " + std::string(path));
         return *symbol;
     }
-    /// "m.a m.b*": the paths of all symbols, with a mark behind the selected ones.
+    /// "m.a m.b*": the paths of all symbols, with "*" after the selected ones.
     [[nodiscard]] std::string Symbols() const {
         std::string dump;
         for (const auto& symbol : graph.GraphObjects())
