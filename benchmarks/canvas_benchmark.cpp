@@ -3,8 +3,8 @@
 #include <QApplication>
 #include <QTest>
 #include <algorithm>
+#include <chrono>
 #include <cstdio>
-#include <ctime>
 #include <functional>
 #include <utility>
 #include <vector>
@@ -45,9 +45,9 @@ void Report(const char* what, std::vector<double> times) {
 }
 
 double Milliseconds(const std::function<void()>& work) {
-    const std::clock_t start = std::clock();
+    const auto start = std::chrono::steady_clock::now();
     work();
-    return 1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC;
+    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
 }
 
 std::vector<double> Times(int count, const std::function<void(int)>& work) {

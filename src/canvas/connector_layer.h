@@ -42,6 +42,8 @@ public:
 
     /// @param exposed  in scene units, as all coordinates of the painter
     void Paint(QPainter& painter, const QRectF& exposed, const GraphColours& colours) const;
+    /// The same on the ground of the diagram, in pixels and on all processors.
+    void PaintScreen(QPainter& painter, const QRectF& exposed, const GraphColours& colours) const;
 
 private:
     struct Painted {

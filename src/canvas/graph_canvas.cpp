@@ -201,8 +201,7 @@ void GraphCanvas::PlaceScene() {
 }
 
 void GraphCanvas::drawBackground(QPainter* painter, const QRectF& exposed) {
-    painter->fillRect(exposed, colours_->ground);
-    connectors_->Paint(*painter, exposed, *colours_);
+    connectors_->PaintScreen(*painter, exposed, *colours_);
 }
 
 void GraphCanvas::paintEvent(QPaintEvent* event) {
