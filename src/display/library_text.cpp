@@ -3,8 +3,25 @@
 #include "libraries/library_page.h"
 #include "model/clsControl.h"
 #include "model/clsTypeLib.h"
+#include "shell/clsText.h"
 
 namespace {
+
+Text LabelOf(LibraryOutcome outcome) {
+    switch (outcome) {
+        case LibraryOutcome::Found:
+            return Text::PlaceFound;
+        case LibraryOutcome::Missing:
+            return Text::PlaceMissing;
+        case LibraryOutcome::NotRegistered:
+            return Text::PlaceNotRegistered;
+        case LibraryOutcome::OtherLibrary:
+            return Text::PlaceOtherLibrary;
+        case LibraryOutcome::WrongVersion:
+            return Text::PlaceWrongVersion;
+    }
+    return Text::None;
+}
 
 // The model keeps the bounds of an array with its type.
 LibraryDataType TypeOf(const LibraryDetail& detail) {
@@ -68,19 +85,23 @@ std::string LineOf(const clsTypeLib& library, const CodeObject& object) {
     return {};
 }
 
+std::string Hidden() {
+    return " (" + gText.TextNr(Text::HiddenMember) + ")";
+}
+
 class PageWriter {
 public:
     explicit PageWriter(const clsTypeLib& library) : library_(library) {}
 
     void Line(std::string_view text) { page_.text.append(text).append(vbCrLf); }
-    void Field(std::string_view label, std::string_view value) {
+    void Field(Text label, std::string_view value) {
         if (!value.empty())
-            Line(OneLine(std::string(label).append(": ").append(value)));
+            Line(OneLine(LabelText(label).append(value)));
     }
     void Title(const CodeObject& library) {
         Line("");
-        page_.objects.push_back({&library, {Here() + Len("Library: "), Len(library.MyName())}});
-        Field("Library", library.myNameOrg());
+        page_.objects.push_back({&library, {Here() + Len(LabelText(Text::LibraryLabel)), Len(library.MyName())}});
+        Field(Text::LibraryLabel, library.myNameOrg());
     }
     void Heading(const CodeObject& object) {
         Line("");
@@ -91,6 +112,7 @@ public:
     [[nodiscard]] CodeText Take() { return std::move(page_); }
 
 private:
+    static std::string LabelText(Text label) { return gText.TextNr(label) + ": "; }
     [[nodiscard]] Pos Here() const { return Len(page_.text); }
 
     void Entry(const CodeObject& object, std::string_view indent, std::string_view noteIndent) {
@@ -100,7 +122,7 @@ private:
         page_.objects.push_back({&object, {name, Len(object.MyName())}});
         page_.spans.push_back({name, Len(object.MyName()), Colour::Public});
         if (detail.isHidden || detail.isRestricted)
-            line.append(" (hidden)");
+            line.append(Hidden());
         Line(std::string(indent).append(line));
         if (detail.description.empty())
             return;
@@ -136,14 +158,14 @@ CodeText LibraryText(const clsTypeLib& library) {
     PageWriter page(library);
     page.Line(library.InprocServer32);
     page.Title(library);
-    page.Field("Description", library.Description);
-    page.Field("Version", library.file.version.empty() ? library.Version : library.file.version);
-    page.Field("Identifier", library.TypeLibID);
-    page.Field("Format", library.format);
-    page.Field("Project file", library.ProjektEintrag);
+    page.Field(Text::Description, library.Description);
+    page.Field(Text::LibraryVersion, library.file.version.empty() ? library.Version : library.file.version);
+    page.Field(Text::LibraryIdentifier, library.TypeLibID);
+    page.Field(Text::LibraryFormat, library.format);
+    page.Field(Text::SoughtProjectLine, library.ProjektEintrag);
     if (!library.file.IsFound())
         for (const LibraryPlace& place : library.file.places)
-            page.Field("Sought", PlaceText(place));
+            page.Field(Text::LibrarySought, gText.TextNr(LabelOf(place.step)) + ": " + OutcomeText(place));
     for (const clsModul* modul : library.myCoClasses)
         WriteClass(page, *modul);
     const auto write = [&page](const auto& blocks) {
@@ -167,7 +189,7 @@ std::string LibraryDeclaration(const CodeObject& object) {
     if (!library)
         return {};
     const LibraryDetail& detail = library->DetailOf(object);
-    return LineOf(*library, object) + (detail.isHidden || detail.isRestricted ? " (hidden)" : "");
+    return LineOf(*library, object) + (detail.isHidden || detail.isRestricted ? Hidden() : "");
 }
 
 std::string_view ShownTypeOf(const CodeObject& object) {
@@ -185,8 +207,21 @@ std::string_view ShownTypeOf(const CodeObject& object) {
     }
 }
 
-std::string PlaceText(const LibraryPlace& place) {
-    std::string text(TextOf(place.step));
-    text.append(": ").append(TextOf(place.outcome));
-    return place.place.empty() ? text : text.append(", ").append(place.place);
+Text LabelOf(LibraryStep step) {
+    switch (step) {
+        case LibraryStep::Registry:
+            return Text::SoughtRegistry;
+        case LibraryStep::ProjectLine:
+            return Text::SoughtProjectLine;
+        case LibraryStep::ProjectFolder:
+            return Text::SoughtProjectFolder;
+        case LibraryStep::LibraryFolder:
+            return Text::SoughtLibraryFolder;
+    }
+    return Text::None;
+}
+
+std::string OutcomeText(const LibraryPlace& place) {
+    const std::string outcome = gText.TextNr(LabelOf(place.outcome));
+    return place.place.empty() ? outcome : outcome + ": " + place.place;
 }

@@ -6,13 +6,15 @@
 #include <string_view>
 
 #include "display/code_colours.h"
+#include "model/library_file.h"
+#include "shell/text_numbers.h"
 
 class CodeObject;
 class clsTypeLib;
-struct LibraryPlace;
 
 /// The readable page of a library: first the path of its file, then what it is, then all that it offers with
-/// signatures; of a missing library every place where it was sought. Knows where it names each object.
+/// signatures; of a missing library every place where it was sought. Its labels are in the user's language. Knows where
+/// it names each object.
 [[nodiscard]] CodeText LibraryText(const clsTypeLib& library);
 
 /// The library that an object is or belongs to, or null.
@@ -26,5 +28,7 @@ struct LibraryPlace;
 /// the model.
 [[nodiscard]] std::string_view ShownTypeOf(const CodeObject& object);
 
-/// One place where a library was sought: "project folder: missing, /home/me/OldProgram".
-[[nodiscard]] std::string PlaceText(const LibraryPlace& place);
+/// A step of the search for a library, in the user's language: "Project folder".
+[[nodiscard]] Text LabelOf(LibraryStep step);
+/// What came of it and where: "missing: /home/me/OldProgram".
+[[nodiscard]] std::string OutcomeText(const LibraryPlace& place);

@@ -90,36 +90,6 @@ PropertyRows OfControl(const clsControl& control) {
         .Take();
 }
 
-Text LabelOf(LibraryStep step) {
-    switch (step) {
-        case LibraryStep::Registry:
-            return Text::SoughtRegistry;
-        case LibraryStep::ProjectLine:
-            return Text::SoughtProjectLine;
-        case LibraryStep::ProjectFolder:
-            return Text::SoughtProjectFolder;
-        case LibraryStep::LibraryFolder:
-            return Text::SoughtLibraryFolder;
-    }
-    return Text::None;
-}
-
-Text LabelOf(LibraryOutcome outcome) {
-    switch (outcome) {
-        case LibraryOutcome::Found:
-            return Text::PlaceFound;
-        case LibraryOutcome::Missing:
-            return Text::PlaceMissing;
-        case LibraryOutcome::NotRegistered:
-            return Text::PlaceNotRegistered;
-        case LibraryOutcome::OtherLibrary:
-            return Text::PlaceOtherLibrary;
-        case LibraryOutcome::WrongVersion:
-            return Text::PlaceWrongVersion;
-    }
-    return Text::None;
-}
-
 PropertyRows OfLibrary(const clsTypeLib& library) {
     const LibraryFile& file = library.file;
     Rows rows(library.myNameOrg());
@@ -130,12 +100,8 @@ PropertyRows OfLibrary(const clsTypeLib& library) {
         rows.AddText(Text::FileMenu, Text::LibraryNotFound);
     rows.AddUnlessEmpty(Text::LibraryVersion, file.version.empty() ? library.Version : file.version)
         .AddUnlessEmpty(Text::LibraryIdentifier, library.isProject ? std::string() : library.TypeLibID);
-    for (const LibraryPlace& place : file.places) {
-        std::string outcome = gText.TextNr(LabelOf(place.outcome));
-        if (!place.place.empty())
-            outcome.append(": ").append(place.place);
-        rows.Add(LabelOf(place.step), outcome);
-    }
+    for (const LibraryPlace& place : file.places)
+        rows.Add(LabelOf(place.step), OutcomeText(place));
     return rows.Take();
 }
 

@@ -1,4 +1,5 @@
 #include "display/workspace.h"
+#include "display/library_text.h"
 
 #include <algorithm>
 
@@ -316,6 +317,13 @@ std::optional<Workspace::Shown> Workspace::ShowAgain() {
     }
     ShowNeighbours();
     return shown;
+}
+
+std::optional<Workspace::Shown> Workspace::LanguageChanged() {
+    if (!selection_.CurObject || !LibraryOf(*selection_.CurObject))
+        return {};
+    code_.Forget();
+    return ShowAgain();
 }
 
 // Uses of locals are determined when a procedure is shown, so its locals get their marks in the tree only now. The text

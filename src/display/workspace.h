@@ -92,6 +92,8 @@ public:
     std::optional<Shown> ActivateLine(const std::string& modulKey, int line);
     /// Shows the current object again, and what the dependency trees showed. Nothing if there is none.
     std::optional<Shown> ShowAgain();
+    /// The texts are in another language: writes the page of a library again, if that is shown.
+    std::optional<Shown> LanguageChanged();
     /// A node of a dependency tree was clicked: the places of its calls, in the caller's text. Those of a module can
     /// lie in several texts; the walk then leads over them.
     std::optional<CodePane::Change> SelectCallsOfObject(const BaumNode& node, bool isCaller);

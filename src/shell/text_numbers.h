@@ -392,4 +392,8 @@ enum class Text {
     SaveTable = 448,
     CopyTable = 449,
     NoModuleChecked = 450,
+    LibraryLabel = 451,
+    LibraryFormat = 452,
+    LibrarySought = 453,
+    HiddenMember = 454,
 };

@@ -294,6 +294,8 @@ void frmMain::frmMainTexte() {
     status_->Message({});
     status_->ShowCounts(gProjekt.get(), workspace_.CallsRead());
     ShowProblems();
+    if (const std::optional<Workspace::Shown> shown = workspace_.LanguageChanged())
+        Show(*shown);
     Activate_Commands();
     toolbar_->Fit(width());
 }

@@ -176,7 +176,7 @@ TEST_F(LibraryDisplay, AMissingLibrarySaysWhereItWasSought) {
     EXPECT_THAT(
         LibraryText(Library()).text,
         testing::AllOf(testing::StartsWith("c:\\x\\lib.tlb\r\n\r\nLibrary: Lib\r\n"), HasSubstr("\r\nVersion: 2.0\r\n"),
-                       HasSubstr("\r\nSought: project folder: missing, p\r\n")));
+                       HasSubstr("\r\nSought: Project folder: missing: p\r\n")));
 }
 
 using Components = ProgramState;
