@@ -355,16 +355,9 @@ GraphSize GraphCanvas::SizeOf(const CodeObject& object) const {
     return symbol.layout.size;
 }
 
-// Where the user looks. A place may lie over a narrow symbol that has none of its corners: then beside that one.
+// Where the user looks.
 GraphPoint GraphCanvas::FreePlace(GraphSize size) const {
-    GraphPoint place = FreePlaceNear(graph_, VisiblePart().Center(), size);
-    const auto covered = [&](const auto& symbol) {
-        return QRectF(place.x, place.y, size.width, size.height).intersects(ToQt(symbol->Frame()));
-    };
-    const auto& symbols = graph_.GraphObjects();
-    for (auto hit = symbols.begin(); (hit = std::find_if(symbols.begin(), symbols.end(), covered)) != symbols.end();)
-        place.x = (*hit)->Frame().Right() + kPlaceGap;
-    return place;
+    return WholeFreePlaceNear(graph_, VisiblePart().Center(), size);
 }
 
 void GraphCanvas::ShowObject(CodeObject& object) {
