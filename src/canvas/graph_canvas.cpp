@@ -1,7 +1,9 @@
 // What of the diagram is on the screen, and how it follows its XGraph.
 #include "canvas/graph_canvas.h"
 
+#include <QClipboard>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -283,6 +285,18 @@ void GraphCanvas::PlaceLegend() {
 
 void GraphCanvas::SetLegend(bool shown) {
     legend_->setVisible(shown);
+}
+
+void GraphCanvas::CopyPicture() {
+    if (!isShown_ || graph_.GraphObjects().empty())
+        return;
+    const GraphPicture picture(graph_, settings_);
+    QImage image = ImageOf(picture, devicePixelRatioF());
+    // Where nobody could paste it in full sharpness, in that of the screen's dots.
+    if (image.isNull())
+        image = ImageOf(picture, 1);
+    if (!image.isNull())
+        QGuiApplication::clipboard()->setImage(image);
 }
 
 void GraphCanvas::SetZoom(double zoom) {
