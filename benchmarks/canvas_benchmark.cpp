@@ -11,6 +11,7 @@
 
 #include "calls/driver.h"
 #include "canvas/graph_canvas.h"
+#include "canvas/graph_picture.h"
 #include "findings/dead_objects.h"
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
@@ -19,6 +20,7 @@
 #include "shell/settings.h"
 #include "widgets/window_style.h"
 #include "xgraph/connectors.h"
+#include "xgraph/graph_export.h"
 #include "xgraph/pairs.h"
 
 namespace {
@@ -102,6 +104,13 @@ void Measure(clsProjekt& projekt, std::size_t symbols, const QString& picture) {
     canvas.ZoomReset();
     canvas.centerOn(27000, 13000);
     Redraw(canvas, "full redraw at normal size");
+    for (const auto& [format, what] : {std::pair{PictureFormat::Svg, "the whole diagram as SVG"},
+                                       {PictureFormat::Pdf, "as PDF"},
+                                       {PictureFormat::Png, "as PNG"}})
+        Report(what, Times(3, [&](int) {
+                   static_cast<void>(PictureBytes(GraphPicture(canvas.Graph(), settings), format, 1));
+               }));
+    Report("as JSON", Times(3, [&](int) { static_cast<void>(GraphTextAs(GraphFormat::Json, canvas.Graph())); }));
 
     canvas.Fit();
     canvas.Change({}, [](XGraph& graph) {
@@ -137,7 +146,7 @@ int main(int argc, char** argv) {
     Projekt_Laden(projekt);
     Who_Calls_Who(projekt);
     Tote_Untote_Kennzeichnen(projekt);
-    for (const std::size_t symbols : {std::size_t{500}, std::size_t{5000}})
+    for (const std::size_t symbols : {std::size_t{500}, std::size_t{2000}, std::size_t{5000}})
         Measure(projekt, symbols, argc > 2 && symbols == 500 ? QString::fromLocal8Bit(argv[2]) : QString());
     CloseProject();
     return 0;

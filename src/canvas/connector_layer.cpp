@@ -26,8 +26,8 @@ QRectF BoundsOf(const std::array<QPointF, 3>& points, bool isLine) {
 
 }  // namespace
 
-ConnectorPainter::ConnectorPainter(QPainter& painter, const GraphColours& colours)
-    : painter_(painter), colours_(colours), ratio_(painter.device()->devicePixelRatioF()) {
+ConnectorPainter::ConnectorPainter(QPainter& painter, const GraphColours& colours, std::optional<double> lineWidth)
+    : painter_(painter), colours_(colours), lineWidth_(lineWidth) {
     painter.setRenderHint(QPainter::Antialiasing);
 }
 
@@ -36,8 +36,8 @@ void ConnectorPainter::Use(const ConnectorLook& look) {
     if (used_ == look)
         return;
     used_ = look;
-    pen_ = QPen(colours_.Of(look.line), ratio_);
-    pen_.setCosmetic(true);  // as wide at every zoom
+    pen_ = QPen(colours_.Of(look.line), lineWidth_.value_or(painter_.device()->devicePixelRatioF()));
+    pen_.setCosmetic(!lineWidth_);
     if (look.isDashed)
         pen_.setDashPattern({5, 4});
     painter_.setPen(pen_);
@@ -82,8 +82,9 @@ void ConnectorLayer::Clear() {
     painted_.clear();
 }
 
-void ConnectorLayer::Paint(QPainter& painter, const QRectF& exposed, const GraphColours& colours) const {
-    ConnectorPainter connectors(painter, colours);
+void ConnectorLayer::Paint(QPainter& painter, const QRectF& exposed, const GraphColours& colours,
+                           std::optional<double> lineWidth) const {
+    ConnectorPainter connectors(painter, colours, lineWidth);
     for (const Painted& painted : painted_)
         if (painted.bounds.intersects(exposed))
             connectors.Paint(painted.points, painted.isLine, painted.look);
@@ -123,4 +124,23 @@ void ConnectorLayer::PaintScreen(QPainter& painter, const QRectF& exposed, const
     painter.resetTransform();
     painter.drawImage(QPointF(place.topLeft()) / ratio, image);
     painter.restore();
+}
+
+// A wedge is narrow: its middle line stands for it.
+bool ConnectorLayer::Crosses(const Painted& painted, const QRectF& place) {
+    const QPointF start = painted.isLine ? painted.points[0] : (painted.points[0] + painted.points[1]) / 2;
+    const QLineF line(start, painted.points[painted.isLine ? 1 : 2]);
+    if (place.contains(line.p1()) || place.contains(line.p2()))
+        return true;
+    const std::array<QLineF, 2> diagonals{QLineF(place.topLeft(), place.bottomRight()),
+                                          QLineF(place.bottomLeft(), place.topRight())};
+    return std::any_of(diagonals.begin(), diagonals.end(), [&](const QLineF& diagonal) {
+        return line.intersects(diagonal, nullptr) == QLineF::BoundedIntersection;
+    });
+}
+
+bool ConnectorLayer::HasAnyAt(const QRectF& place) const {
+    return std::any_of(painted_.begin(), painted_.end(), [&](const Painted& painted) {
+        return painted.bounds.intersects(place) && Crosses(painted, place);
+    });
 }

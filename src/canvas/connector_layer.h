@@ -19,7 +19,8 @@ struct GraphColours;
 class ConnectorPainter {
 public:
     /// Nobody else may set pen and brush of the painter meanwhile.
-    ConnectorPainter(QPainter& painter, const GraphColours& colours);
+    /// @param lineWidth  in the units of the painter; nothing for a pixel of the screen at every zoom
+    ConnectorPainter(QPainter& painter, const GraphColours& colours, std::optional<double> lineWidth = {});
     void Paint(const std::array<QPointF, 3>& points, bool isLine, const ConnectorLook& look);
 
 private:
@@ -27,7 +28,7 @@ private:
 
     QPainter& painter_;
     const GraphColours& colours_;
-    double ratio_;
+    std::optional<double> lineWidth_;
     std::optional<ConnectorLook> used_;
     QPen pen_;  // of it
 };
@@ -41,9 +42,15 @@ public:
     [[nodiscard]] const std::vector<GraphPair>& Pairs() const { return pairs_; }
 
     /// @param exposed  in scene units, as all coordinates of the painter
-    void Paint(QPainter& painter, const QRectF& exposed, const GraphColours& colours) const;
+    void Paint(QPainter& painter, const QRectF& exposed, const GraphColours& colours,
+               std::optional<double> lineWidth = {}) const;
     /// The same on the ground of the diagram, in pixels and on all processors.
     void PaintScreen(QPainter& painter, const QRectF& exposed, const GraphColours& colours) const;
+=======
+    void Paint(QPainter& painter, const QRectF& exposed, const GraphColours& colours,
+               std::optional<double> lineWidth = {}) const;
+    /// Whether a connector crosses the rectangle.
+    [[nodiscard]] bool HasAnyAt(const QRectF& place) const;
 
 private:
     struct Painted {
@@ -52,6 +59,8 @@ private:
         bool isLine;
         ConnectorLook look;
     };
+    [[nodiscard]] static bool Crosses(const Painted& painted, const QRectF& place);
+
     std::vector<GraphPair> pairs_;
     std::vector<Painted> painted_;  // loops are left out
 };

@@ -1,7 +1,9 @@
 // What of the diagram is on the screen, and how it follows its XGraph.
 #include "canvas/graph_canvas.h"
 
+#include <QClipboard>
 #include <QEvent>
+#include <QGuiApplication>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QScrollBar>
@@ -284,6 +286,18 @@ void GraphCanvas::SetLegend(bool shown) {
     legend_->setVisible(shown);
 }
 
+void GraphCanvas::CopyPicture() {
+    if (!isShown_ || graph_.GraphObjects().empty())
+        return;
+    const GraphPicture picture(graph_, settings_);
+    QImage image = ImageOf(picture, devicePixelRatioF());
+    // Where nobody could paste it in full sharpness, in that of the screen's dots.
+    if (image.isNull())
+        image = ImageOf(picture, 1);
+    if (!image.isNull())
+        QGuiApplication::clipboard()->setImage(image);
+}
+
 void GraphCanvas::SetZoom(double zoom) {
     const double bounded = std::clamp(zoom, kSmallestZoom, kLargestZoom);
     zoom_ = std::fabs(bounded - 1) < 0.05 ? 1 : bounded;
@@ -354,16 +368,9 @@ GraphSize GraphCanvas::SizeOf(const CodeObject& object) const {
     return symbol.layout.size;
 }
 
-// Where the user looks. A place may lie over a narrow symbol that has none of its corners: then beside that one.
+// Where the user looks.
 GraphPoint GraphCanvas::FreePlace(GraphSize size) const {
-    GraphPoint place = FreePlaceNear(graph_, VisiblePart().Center(), size);
-    const auto covered = [&](const auto& symbol) {
-        return QRectF(place.x, place.y, size.width, size.height).intersects(ToQt(symbol->Frame()));
-    };
-    const auto& symbols = graph_.GraphObjects();
-    for (auto hit = symbols.begin(); (hit = std::find_if(symbols.begin(), symbols.end(), covered)) != symbols.end();)
-        place.x = (*hit)->Frame().Right() + kPlaceGap;
-    return place;
+    return WholeFreePlaceNear(graph_, VisiblePart().Center(), size);
 }
 
 void GraphCanvas::ShowObject(CodeObject& object) {

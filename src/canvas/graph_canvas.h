@@ -11,6 +11,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "canvas/graph_picture.h"
 #include "xgraph/graph.h"
 
 class CodeObject;
@@ -82,6 +83,8 @@ public:
     /// Scrolls to the diagram, if nothing of it can be seen.
     void FindSymbols();
     void SetLegend(bool shown);
+    /// To the clipboard, with symbols that are not selected and no legend.
+    void CopyPicture();
 
     void Texte();
     void ApplySettings();
@@ -176,6 +179,7 @@ private:
     void ShowLines(const GraphPair& pair, const QPoint& globalPos);
     void ShowMenu(const QPoint& globalPos);
     void FillLines(QMenu& menu, const GraphPair& pair);
+    void FillWholeDiagram(QMenu& menu);
     void TakeKeysOnly(QDropEvent& event) const;
     void DropKey(const std::string& key, QPoint point);
     // graph_canvas_keys.cpp

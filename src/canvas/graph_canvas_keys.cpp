@@ -95,6 +95,8 @@ void GraphCanvas::keyPressEvent(QKeyEvent* event) {
     }
     if (event->matches(QKeySequence::SelectAll))
         SelectAll();
+    else if (event->matches(QKeySequence::Copy))
+        CopyPicture();
     else if (event->matches(QKeySequence::ZoomIn) || (isCtrl && event->key() == Qt::Key_Equal))
         ZoomIn();
     else if (event->matches(QKeySequence::ZoomOut))

@@ -175,15 +175,20 @@ void GraphCanvas::contextMenuEvent(QContextMenuEvent* event) {
 void GraphCanvas::ShowMenu(const QPoint& globalPos) {
     const QPoint point = viewport()->mapFromGlobal(globalPos);
     const ctlGraphObj* symbol = SymbolAt(point);
-    if (!symbol && !PairAt(point))
-        symbol = graph_.Active();
-    if (!symbol) {
-        if (const GraphPair* const pair = PairAt(point))
-            ShowLines(*pair, globalPos);
+    const GraphPair* const pair = symbol ? nullptr : PairAt(point);
+    if (pair) {
+        ShowLines(*pair, globalPos);
         return;
     }
+    if (!symbol)
+        symbol = graph_.Active();
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
+    if (!symbol) {
+        FillWholeDiagram(*menu);
+        menu->popup(globalPos);
+        return;
+    }
     const std::string key = NodeKeyOf(*symbol->object);
     menu->addAction(TextNr(Text::GraphGoToCode), this, [this, key] { Q_EMIT CodeAsked(key); });
     const int index = symbol->Index;
@@ -196,15 +201,24 @@ void GraphCanvas::ShowMenu(const QPoint& globalPos) {
     });
     menu->addSeparator();
     bool hasLines = false;
-    for (const GraphPair& pair : connectors_->Pairs()) {
-        if (pair.from != symbol && pair.to != symbol)
+    for (const GraphPair& joined : connectors_->Pairs()) {
+        if (joined.from != symbol && joined.to != symbol)
             continue;
-        FillLines(*menu->addMenu(NameOf(pair).replace(QLatin1Char('&'), QStringLiteral("&&"))), pair);
+        FillLines(*menu->addMenu(NameOf(joined).replace(QLatin1Char('&'), QStringLiteral("&&"))), joined);
         hasLines = true;
     }
     if (!hasLines)
         menu->addAction(TextNr(Text::NoConnectors))->setEnabled(false);
+    menu->addSeparator();
+    FillWholeDiagram(*menu);
     menu->popup(globalPos);
+}
+
+// What concerns no single symbol: the actions that the window has given to the canvas.
+void GraphCanvas::FillWholeDiagram(QMenu& menu) {
+    menu.addAction(TextNr(Text::CopyPicture), QKeySequence::Copy, this, &GraphCanvas::CopyPicture)
+        ->setEnabled(!graph_.GraphObjects().empty());
+    menu.addActions(actions());
 }
 
 void GraphCanvas::ShowLines(const GraphPair& pair, const QPoint& globalPos) {

@@ -1,5 +1,6 @@
 #include "canvas/legend.h"
 
+#include <QFontMetricsF>
 #include <QPainter>
 #include <algorithm>
 #include <array>
@@ -37,6 +38,14 @@ constexpr std::array kLines{
     Line{.text = Text::LegendOutside, .look = kOutside},
 };
 
+QSizeF LineSize(const QFont& font) {
+    const QFontMetricsF metrics(font);
+    double widest = 0;
+    for (const Line& line : kLines)
+        widest = std::max(widest, metrics.boundingRect(TextNr(line.text)).width() + 2.0);
+    return {kSample + kGap + widest, metrics.height() + 4.0};
+}
+
 }  // namespace
 
 GraphLegend::GraphLegend(const GraphColours& colours, QWidget* parent) : QWidget(parent), colours_(colours) {
@@ -56,16 +65,13 @@ void GraphLegend::Texte() {
     update();
 }
 
-QSizeF GraphLegend::LineSize() const {
-    double widest = 0;
-    for (const Line& line : kLines)
-        widest = std::max(widest, fontMetrics().boundingRect(TextNr(line.text)).width() + 2.0);
-    return {kSample + kGap + widest, fontMetrics().height() + 4.0};
+QSizeF LegendSize(const QFont& font) {
+    const QSizeF line = LineSize(font);
+    return {line.width() + 3 * kGap, line.height() * static_cast<double>(kLines.size()) + 2 * kGap};
 }
 
 QSize GraphLegend::sizeHint() const {
-    const QSizeF line = LineSize();
-    return QSizeF(line.width() + 3 * kGap, line.height() * static_cast<double>(kLines.size()) + 2 * kGap).toSize();
+    return LegendSize(font()).toSize();
 }
 
 void GraphLegend::paintEvent(QPaintEvent*) {
@@ -73,28 +79,34 @@ void GraphLegend::paintEvent(QPaintEvent*) {
     painter.setRenderHint(QPainter::Antialiasing);
     QColor ground = colours_.ground;
     ground.setAlphaF(0.92F);
-    painter.setPen(Mixed(colours_.ground, palette().color(QPalette::Text), 0.3));
+    const QColor text = palette().color(QPalette::Text);
+    painter.setPen(Mixed(colours_.ground, text, 0.3));
     painter.setBrush(ground);
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
-    const QSizeF size = LineSize();
-    double top = kGap;
+    PaintLegend(painter, {}, {colours_, text, font(), IconFor("procedure"), {}});
+}
+
+void PaintLegend(QPainter& painter, QPointF at, const LegendLook& look) {
+    painter.setFont(look.font);
+    const QSizeF size = LineSize(look.font);
+    const double left = at.x() + kGap;
+    double top = at.y() + kGap;
     for (const Line& line : kLines) {
         const double middle = top + size.height() / 2;
-        const double left = kGap;
         if (line.isSymbol) {
             constexpr int kImage = 16;
-            IconFor("procedure")
-                .paint(&painter, QRect(static_cast<int>(left) + (kSample - kImage) / 2,
-                                       static_cast<int>(middle) - kImage / 2, kImage, kImage));
+            look.symbol.paint(&painter, QRect(static_cast<int>(left) + (kSample - kImage) / 2,
+                                              static_cast<int>(middle) - kImage / 2, kImage, kImage));
         } else {
             // As in the diagram: wide at the caller.
             const std::array<QPointF, 3> wedge{QPointF(left, middle - 50.0 / kTwipsPerPixel),
                                                QPointF(left, middle + 50.0 / kTwipsPerPixel),
                                                QPointF(left + kSample, middle)};
             const std::array<QPointF, 3> straight{QPointF(left, middle), QPointF(left + kSample, middle), {}};
-            ConnectorPainter(painter, colours_).Paint(line.isLine ? straight : wedge, line.isLine, line.look);
+            ConnectorPainter(painter, look.colours, look.lineWidth)
+                .Paint(line.isLine ? straight : wedge, line.isLine, line.look);
         }
-        painter.setPen(palette().color(QPalette::Text));
+        painter.setPen(look.text);
         painter.drawText(QRectF(left + kSample + kGap, top, size.width(), size.height()), Qt::AlignVCenter,
                          TextNr(line.text));
         top += size.height();

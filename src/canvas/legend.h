@@ -1,9 +1,23 @@
 // What the shapes and colours of the diagram mean, in a corner of it.
 #pragma once
 
+#include <QIcon>
 #include <QWidget>
+#include <optional>
 
 struct GraphColours;
+
+/// How the legend is painted where it is no widget.
+struct LegendLook {
+    const GraphColours& colours;
+    QColor text;
+    QFont font;
+    QIcon symbol;                     // of a procedure
+    std::optional<double> lineWidth;  // as that of connectors
+};
+[[nodiscard]] QSizeF LegendSize(const QFont& font);
+/// In pixels, from a point at its upper left.
+void PaintLegend(QPainter& painter, QPointF at, const LegendLook& look);
 
 class GraphLegend final : public QWidget {
     Q_OBJECT
@@ -18,7 +32,5 @@ protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
-    [[nodiscard]] QSizeF LineSize() const;
-
     const GraphColours& colours_;
 };

@@ -44,13 +44,17 @@ void ForgetSymbolPictures() {
     Pictures().clear();
 }
 
+SymbolItem::Content ContentOf(const ctlGraphObj& symbol, bool isMarked) {
+    return {.modul = ToQString(symbol.MyModul),
+            .name = ToQString(symbol.MyName),
+            .image = symbol.image,
+            .layout = symbol.layout,
+            .isSelected = symbol.Selected,
+            .isMarked = isMarked};
+}
+
 void SymbolItem::Show(const ctlGraphObj& symbol, bool isMarked) {
-    Content content{.modul = ToQString(symbol.MyModul),
-                    .name = ToQString(symbol.MyName),
-                    .image = symbol.image,
-                    .layout = symbol.layout,
-                    .isSelected = symbol.Selected,
-                    .isMarked = isMarked};
+    Content content = ContentOf(symbol, isMarked);
     if (content.layout != content_.layout)
         prepareGeometryChange();
     if (content != content_) {
@@ -99,7 +103,7 @@ void SymbolItem::paint(QPainter* painter, const QStyleOptionGraphicsItem*, QWidg
     }
     PaintImage(*painter, zoom);
     if (zoom >= kReadableZoom) {
-        PaintCaptions(*painter);
+        PaintCaptions(*painter, content_, colours_);
     } else {
         painter->fillRect(Pixels(content_.layout.name).adjusted(0, 3, 0, -3), colours_.modul);
     }
@@ -112,21 +116,29 @@ void SymbolItem::PaintImage(QPainter& painter, double pixels) const {
     painter.drawPixmap(place, Picture(content_.image, size), QRectF(0, 0, size, size));
 }
 
-void SymbolItem::PaintCaptions(QPainter& painter) const {
+void PaintGround(QPainter& painter, const QRectF& place, const GraphColours& colours) {
+    const QPainter::CompositionMode mode = painter.compositionMode();
+    if (colours.ground.alpha() == 0)
+        painter.setCompositionMode(QPainter::CompositionMode_Source);
+    painter.fillRect(place, colours.ground);
+    painter.setCompositionMode(mode);
+}
+
+void PaintCaptions(QPainter& painter, const SymbolItem::Content& content, const GraphColours& colours) {
     struct Caption {
         const QString& text;
         GraphRect place;
         SymbolLabel label;
         QColor colour;
     };
-    const bool isSelected = content_.isSelected;
-    for (const Caption& caption : {Caption{content_.modul, content_.layout.modul, SymbolLabel::Modul, colours_.modul},
-                                   Caption{content_.name, content_.layout.name, SymbolLabel::Name,
-                                           isSelected ? colours_.selectedName : colours_.name}}) {
+    const bool isSelected = content.isSelected;
+    for (const Caption& caption : {Caption{content.modul, content.layout.modul, SymbolLabel::Modul, colours.modul},
+                                   Caption{content.name, content.layout.name, SymbolLabel::Name,
+                                           isSelected ? colours.selectedName : colours.name}}) {
         const QRectF place = Pixels(caption.place);
         // Captions hide the connectors below them; those of a selected symbol let its ground show.
         if (!isSelected && !caption.text.isEmpty())
-            painter.fillRect(place, colours_.ground);
+            PaintGround(painter, place, colours);
         painter.setFont(FontOf(caption.label));
         painter.setPen(caption.colour);
         painter.drawText(place.adjusted(-1, 0, 1, 0), Qt::AlignCenter | Qt::TextDontClip | Qt::TextSingleLine,

@@ -35,12 +35,19 @@ public:
 
 private:
     void PaintImage(QPainter& painter, double pixels) const;
-    void PaintCaptions(QPainter& painter) const;
 
     int index_;
     const GraphColours& colours_;
     Content content_;
 };
+
+/// What the item of a symbol shows.
+[[nodiscard]] SymbolItem::Content ContentOf(const ctlGraphObj& symbol, bool isMarked);
+/// Paints the captions in the pixels that they are measured in. They hide what is below them; on clear ground they
+/// remove it.
+void PaintCaptions(QPainter& painter, const SymbolItem::Content& content, const GraphColours& colours);
+/// Removes what is below, in the colour of the ground, which can be clear.
+void PaintGround(QPainter& painter, const QRectF& place, const GraphColours& colours);
 
 /// Forgets the pictures of symbols: after a change of the palette.
 void ForgetSymbolPictures();

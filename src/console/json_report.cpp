@@ -14,6 +14,8 @@
 #include "model/clsProzedur.h"
 #include "model/clsType.h"
 #include "model/clsVariable.h"
+#include "model/kind_of.h"
+#include "model/line_numbers.h"
 #include "platform/code_page.h"
 #include "shell/errors.h"
 #include "source/module_text.h"
@@ -64,25 +66,6 @@ Json ModuleJson(const clsProjekt& projekt, const clsModul& modul) {
                      {"deadLines", of.life->deadLines}});
     return json;
 }
-
-// Physical lines of positions. Edges are grouped by module, so the lines of one module at a time are enough.
-class LineNumbers {
-public:
-    int Of(const clsModul& modul, Pos pos) {
-        if (modul_ != &modul) {
-            modul_ = &modul;
-            lineFeeds_.clear();
-            const std::string_view text = modul.text->ModulTextOrg();
-            for (std::size_t at = text.find('\n'); at != std::string_view::npos; at = text.find('\n', at + 1))
-                lineFeeds_.push_back(static_cast<Pos>(at) + 1);
-        }
-        return static_cast<int>(std::lower_bound(lineFeeds_.begin(), lineFeeds_.end(), pos) - lineFeeds_.begin()) + 1;
-    }
-
-private:
-    const clsModul* modul_ = nullptr;
-    std::vector<Pos> lineFeeds_;
-};
 
 // The uses of arguments and locals come after all edges of the project.
 void WriteEdges(std::ostream& out, const clsProjekt& projekt, const std::vector<LocalUse>& localUses) {
@@ -141,10 +124,10 @@ Json LibraryJson(const clsTypeLib& library, bool withFile) {
     return json;
 }
 
-Json ObjectJson(const CodeObject& object, std::string_view kind, std::string_view type) {
+Json ObjectJson(const CodeObject& object, std::string_view type) {
     Json json = {{"codePath", Utf8(object.CodePath())},
                  {"name", Utf8(object.myNameOrg())},
-                 {"kind", kind},
+                 {"kind", KindOf(object)},
                  {"access", TextOf(object.Zugriff)},
                  {"type", Utf8(type)}};
     if (object.Class() == ObjectClass::Prozedur)
@@ -168,7 +151,7 @@ public:
             switch (object->Class()) {
                 case ObjectClass::Control:
                     if (modul.MyControls.Item(object->NameKey()) == object)
-                        objects_.Add(ObjectJson(*object, "control", static_cast<clsControl*>(object)->DatenTyp()));
+                        objects_.Add(ObjectJson(*object, static_cast<clsControl*>(object)->DatenTyp()));
                     break;
                 case ObjectClass::Variable:
                     if (modul.MyVars.Item(object->NameKey()) == object)
@@ -177,7 +160,7 @@ public:
                 case ObjectClass::Type: {
                     const auto* type = static_cast<clsType*>(object);
                     if (modul.myTypes.Item(object->NameKey()) == object) {
-                        objects_.Add(ObjectJson(*object, "type", ""));
+                        objects_.Add(ObjectJson(*object, ""));
                         Variables(type->MyVars);
                     }
                     break;
@@ -186,7 +169,7 @@ public:
                     const auto* einEnum = static_cast<clsEnum*>(object);
                     const bool isFiled = modul.myEnums.Item(object->NameKey()) == object;
                     if (isFiled)
-                        objects_.Add(ObjectJson(*object, "enum", ""));
+                        objects_.Add(ObjectJson(*object, ""));
                     // Members of an enum that was dropped as a duplicate are still variables of the module.
                     for (const clsVariable* member : einEnum->MyVars)
                         if (isFiled || modul.MyVars.Item(member->NameKey()) == member)
@@ -206,7 +189,7 @@ public:
 
 private:
     void Prozedur(const clsProzedur& prozedur) {
-        Json json = ObjectJson(prozedur, "procedure", prozedur.DatenTyp());
+        Json json = ObjectJson(prozedur, prozedur.DatenTyp());
         json["event"] = prozedur.IsEvent;
         json["declare"] = prozedur.isDeclare;
         objects_.Add(json);
@@ -219,13 +202,7 @@ private:
     }
 
     void Variable(const clsVariable& variable) {
-        const std::string_view kind = variable.MyType                        ? "type member"
-                                      : variable.MyEnum                      ? "enum member"
-                                      : variable.Zugriff == Access::Argument ? "argument"
-                                      : variable.Prozedur                    ? "local"
-                                      : variable.IsConst                     ? "constant"
-                                                                             : "variable";
-        Json json = ObjectJson(variable, kind, variable.DatenTyp());
+        Json json = ObjectJson(variable, variable.DatenTyp());
         json["const"] = variable.IsConst;
         if (variable.isResult)
             json["result"] = true;

@@ -4,8 +4,10 @@
 #include <CLI/CLI.hpp>
 #include <fstream>
 #include <iostream>
+#include <sstream>
 
 #include "calls/driver.h"
+#include "console/graph_options.h"
 #include "console/json_report.h"
 #include "console/library_inventory.h"
 #include "console/library_report.h"
@@ -63,9 +65,12 @@ struct Options {
     bool checkLocals = false;
     bool quiet = false;
     bool overview = false;
+    GraphCommand graph;
 
     // Without a kind of report, all kinds are written: a plain call produces everything.
-    [[nodiscard]] bool AllKinds() const { return !structure && !calls && !deaths && !overview && !inventory && !stats; }
+    [[nodiscard]] bool AllKinds() const {
+        return !structure && !calls && !deaths && !overview && !inventory && !stats && graph.IsEmpty();
+    }
     [[nodiscard]] bool WritesStructure() const { return !noReports && (structure || AllKinds()); }
     [[nodiscard]] bool WritesCalls() const { return !noReports && !noCalls && (calls || AllKinds()); }
     [[nodiscard]] bool WritesDeaths() const { return !noReports && !noCalls && (deaths || AllKinds()); }
@@ -167,6 +172,16 @@ bool WriteTable(const Options& options) {
     return options.csv.empty() || WriteTo(options.csv, [&options](std::ostream& out) {
                out << (options.stats ? StatisticsTable(*gProjekt) : LibraryTable(*gProjekt));
            });
+}
+
+GraphOutcome MakeGraph(Files& files, const Options& options) {
+    if (options.graph.IsEmpty())
+        return GraphOutcome::Written;
+    std::ostringstream notes;
+    const GraphOutcome outcome = RunGraphCommand(*gProjekt, files, options.graph, notes, std::cerr);
+    if (!options.quiet)
+        (options.json == "-" ? std::cerr : std::cout) << notes.str();
+    return outcome;
 }
 
 // The settings file's, with those of the command line in front or, where there is only one, in their place.
@@ -285,6 +300,9 @@ int Run(const Options& options) {
         progress.Clear();
     SetProgress(nullptr);
 
+    const GraphOutcome graph = MakeGraph(files, options);
+    if (graph == GraphOutcome::Refused)
+        return NothingAnalysed;
     const bool reportsWritten = WriteReports(files, options, *gProjekt);
     const double callMilliseconds = options.noCalls ? -1 : callTimer.LastRun;
     const std::string summary = options.quiet      ? std::string()
@@ -309,7 +327,9 @@ int Run(const Options& options) {
     HintAtCodePage(files, options, projectFile.text);
     if (gProjekt->OwnedModules().empty())
         std::cerr << options.project << ": lists no module\n";
-    const int status = !hasProblems && reportsWritten && tableWritten && jsonWritten ? AllWell : Reported;
+    const int status = !hasProblems && reportsWritten && tableWritten && jsonWritten && graph == GraphOutcome::Written
+                           ? AllWell
+                           : Reported;
     std::cout.flush();
     return status;
 }
@@ -332,7 +352,8 @@ int main(int argc, char** argv) {
         ->excludes(structure)
         ->excludes(calls)
         ->excludes(deaths);
-    app.add_flag("--no-calls", options.noCalls, "Stop after the structure")->excludes(calls)->excludes(deaths);
+    auto* noCalls =
+        app.add_flag("--no-calls", options.noCalls, "Stop after the structure")->excludes(calls)->excludes(deaths);
     app.add_flag("--check-locals", options.checkLocals, "Look for the uses of each argument and local variable");
     app.add_option("--out", options.out, "Directory for the reports; without it they go beside the sources")
         ->type_name("DIR");
@@ -373,6 +394,8 @@ int main(int argc, char** argv) {
                    "Write what --libraries or --stats prints as a table to FILE (- is standard output)")
         ->type_name("FILE");
     app.add_flag("--quiet", options.quiet, "Neither progress nor summary")->excludes(overview);
+    GraphOptions graph(app);
+    app.get_option("--graph")->excludes(library)->excludes(noCalls);
     app.footer(
         "Exit status: 0 all well; 1 analysed, but something was reported; 2 nothing analysed.\n"
         "Without a kind of report named, all kinds are written.");
@@ -382,6 +405,7 @@ int main(int argc, char** argv) {
             throw CLI::RequiredError(project->get_name());
         if (!options.csv.empty() && !options.inventory && !options.stats)
             throw CLI::RequiresError("--csv", "--libraries or --stats");
+        options.graph = graph.Parsed();
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? AllWell : NothingAnalysed;
     }

@@ -17,6 +17,7 @@ enum class Command : std::uint8_t {
     SaveGraphAs,
     ExportGraph,
     PrintGraph,
+    CopyGraphPicture,
     ReportStructure,
     ReportCalls,
     ReportDeaths,

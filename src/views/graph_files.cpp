@@ -11,6 +11,7 @@
 #include "platform/files.h"
 #include "shell/program.h"
 #include "views/dialogs.h"
+#include "views/questions.h"
 #include "widgets/qt_text.h"
 #include "xgraph/graph_file.h"
 
@@ -24,15 +25,6 @@ QString Filter() {
 
 GraphFiles::GraphFiles(GraphCanvas& canvas, Files& files, SettingsFile& settings, QWidget* window)
     : QObject(window), canvas_(canvas), files_(files), settings_(settings), window_(window) {}
-
-bool GraphFiles::AskOkCancel(const QString& text) const {
-    QMessageBox box(QMessageBox::Question, ToQString(kProgramTitle), text, QMessageBox::Ok | QMessageBox::Cancel,
-                    DialogParent(window_));
-    box.setDefaultButton(QMessageBox::Cancel);
-    box.button(QMessageBox::Ok)->setText(TextNr(Text::Ok));
-    box.button(QMessageBox::Cancel)->setText(TextNr(Text::Cancel));
-    return box.exec() == QMessageBox::Ok;
-}
 
 void GraphFiles::GraphOpen() {
     QFileDialog dialog(window_, TextNr(Text::OpenGraph), gGraphDir_, Filter());
@@ -49,7 +41,8 @@ void GraphFiles::Open(const std::string& path) {
         if (!MayGo())
             return;
     } else if (!canvas_.Graph().GraphObjects().empty() &&
-               !AskOkCancel(TextNr(Text::OpeningDeletesGraph) + QLatin1Char('\n') + TextNr(Text::AskOpenGraph))) {
+               !AskOkCancel(window_,
+                            TextNr(Text::OpeningDeletesGraph) + QLatin1Char('\n') + TextNr(Text::AskOpenGraph))) {
         return;
     }
     gGraphDir_ = QFileInfo(name).absolutePath();
@@ -84,7 +77,7 @@ bool GraphFiles::SaveAs() {
         return false;
     const QString path = dialog.selectedFiles().front();
     if (QFileInfo::exists(path) &&
-        !AskOkCancel(TextNr(Text::GraphFileExists) + QLatin1Char('\n') + TextNr(Text::AskOverwrite)))
+        !AskOkCancel(window_, TextNr(Text::GraphFileExists) + QLatin1Char('\n') + TextNr(Text::AskOverwrite)))
         return false;
     return Save(path);
 }

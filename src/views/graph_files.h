@@ -32,7 +32,6 @@ Q_SIGNALS:
 
 private:
     bool Save(const QString& path);
-    [[nodiscard]] bool AskOkCancel(const QString& text) const;
 
     GraphCanvas& canvas_;
     Files& files_;

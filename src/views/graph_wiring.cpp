@@ -15,6 +15,7 @@
 #include "views/commands.h"
 #include "views/frm_main.h"
 #include "views/graph_files.h"
+#include "views/graph_output.h"
 #include "views/graph_pane.h"
 #include "views/references_list.h"
 #include "views/search_bar.h"
@@ -35,8 +36,10 @@ GraphWiring::GraphWiring(frmMain& window, Files& files, SettingsFile& settings, 
       ports_(std::move(ports)),
       pane_(new GraphPane(window.TheSettings(), window.TheCommands())),
       canvas_(pane_->Canvas()),
-      files_(new GraphFiles(canvas_, files, settings, &window)) {
+      files_(new GraphFiles(canvas_, files, settings, &window)),
+      output_(new GraphOutput(canvas_, files, settings, window.TheSettings(), &window)) {
     connect(files_, &GraphFiles::Message, this, &GraphWiring::Message);
+    connect(output_, &GraphOutput::Message, this, &GraphWiring::Message);
     WireCanvas();
 }
 
@@ -88,6 +91,11 @@ void GraphWiring::WireCommands() {
     });
     Wire(Command::SaveGraph, [this](bool) { files_->GraphSave(); });
     Wire(Command::SaveGraphAs, [this](bool) { files_->SaveAs(); });
+    Wire(Command::ExportGraph, [this](bool) { output_->GraphExport(); });
+    Wire(Command::PrintGraph, [this](bool) { output_->GraphPrint(); });
+    Wire(Command::CopyGraphPicture, [this](bool) { canvas_.CopyPicture(); });
+    for (const Command command : {Command::ExportGraph, Command::PrintGraph})
+        canvas_.addAction(&window_.TheCommands()[command]);
     Wire(Command::UndoGraph, [this](bool) { canvas_.Undo().undo(); });
     Wire(Command::RedoGraph, [this](bool) { canvas_.Undo().redo(); });
     Wire(Command::SelectAllSymbols, [this](bool) { canvas_.SelectAll(); });

@@ -13,6 +13,7 @@ class CodeView;
 class Files;
 class GraphCanvas;
 class GraphFiles;
+class GraphOutput;
 class GraphPane;
 class ReferencesList;
 class SearchBar;
@@ -80,6 +81,7 @@ private:
     GraphPane* pane_;
     GraphCanvas& canvas_;
     GraphFiles* files_;
+    GraphOutput* output_;
     CodeView* code_ = nullptr;
     SearchBar* search_ = nullptr;
     std::string waiting_;  // file to be opened with the next project

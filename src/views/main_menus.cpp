@@ -42,7 +42,7 @@ void MainMenus::Fill() {
     mnuRecent_ = mnuDatei_->addMenu(QString());
     fill(mnuDatei_, {{}, Command::OpenGraph, Command::SaveGraph, Command::SaveGraphAs});
     mnuRecentGraphs_ = mnuDatei_->addMenu(QString());
-    fill(mnuDatei_, {Command::ExportGraph, Command::PrintGraph, {}});
+    fill(mnuDatei_, {Command::ExportGraph, Command::CopyGraphPicture, Command::PrintGraph, {}});
     mnuReports_ = mnuDatei_->addMenu(IconFor("Reports"), QString());
     fill(mnuReports_, {Command::ReportStructure, Command::ReportCalls, Command::ReportDeaths});
     fill(mnuDatei_, {{}, Command::Exit});

@@ -49,6 +49,15 @@ bool AskQuestion(QWidget* window, const QString& text) {
     return Answer(box);
 }
 
+bool AskOkCancel(QWidget* window, const QString& text) {
+    QMessageBox box(QMessageBox::Question, ToQString(kProgramTitle), text, QMessageBox::Ok | QMessageBox::Cancel,
+                    DialogParent(window));
+    box.setDefaultButton(QMessageBox::Cancel);
+    box.button(QMessageBox::Ok)->setText(TextNr(Text::Ok));
+    box.button(QMessageBox::Cancel)->setText(TextNr(Text::Cancel));
+    return box.exec() == QMessageBox::Ok;
+}
+
 namespace {
 
 // Tabs stand between columns. In a proportional font only a table lines them up.

@@ -9,6 +9,9 @@ class QWidget;
 /// Asks over `window`, or over a dialog that is open above it.
 [[nodiscard]] bool AskQuestion(QWidget* window, const QString& text);
 
+/// Asks with OK and Cancel; Cancel is the default.
+[[nodiscard]] bool AskOkCancel(QWidget* window, const QString& text);
+
 /// Shows a message with an OK button.
 void ShowMessage(QWidget* window, const QString& text);
 

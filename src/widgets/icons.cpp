@@ -135,6 +135,8 @@ constexpr auto keys = [] {
 
 enum class Colours {
     FollowPalette,
+    Faint,    // of the palette, as disabled ones
+    OnPaper,  // black on white
     AsDrawn,  // for the mark of the program, whose layers would become one blot
 };
 
@@ -179,22 +181,27 @@ QCache<Rendered, QPixmap>& Cache() {
     return cache;
 }
 
+// A picture on paper has the same few drawings again and again.
+QCache<Rendered, QSvgRenderer>& PaperDrawings() {
+    static QCache<Rendered, QSvgRenderer> drawings(100);
+    return drawings;
+}
+
 class DrawnIcon final : public QIconEngine {
 public:
-    DrawnIcon(QString name, Colours colours, bool faint = false)
-        : name_(std::move(name)), colours_(colours), faint_(faint) {}
+    DrawnIcon(QString name, Colours colours) : name_(std::move(name)), colours_(colours) {}
 
     void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State /*state*/) override {
         QRectF square(0, 0, std::min(rect.width(), rect.height()), std::min(rect.width(), rect.height()));
         square.moveTopLeft(rect.topLeft() + QPoint((rect.width() - static_cast<int>(square.width())) / 2,
                                                    (rect.height() - static_cast<int>(square.height())) / 2));
-        const Look look = LookFor(ModeOf(mode), painter->device());
+        const Look look = LookOn(painter->device(), mode);
         const QTransform device = painter->deviceTransform();
         const int side = static_cast<int>(std::lround(square.width() * std::abs(device.m11())));
         // On paper, turned or enlarged beyond all icon sizes, lines are better than pixels.
         if (painter->paintEngine()->type() != QPaintEngine::Raster || device.type() > QTransform::TxScale ||
             side > 512) {
-            QSvgRenderer(Source(side, look)).render(painter, square);
+            PaperDrawing(side, look).render(painter, square);
             return;
         }
         const QPixmap pixels = Pixels(side, look);
@@ -202,7 +209,7 @@ public:
     }
 
     QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State /*state*/) override {
-        return Pixels(std::min(size.width(), size.height()), LookFor(ModeOf(mode), nullptr));
+        return Pixels(std::min(size.width(), size.height()), LookOn(nullptr, mode));
     }
 
     QSize actualSize(const QSize& size, QIcon::Mode /*mode*/, QIcon::State /*state*/) override {
@@ -214,8 +221,10 @@ public:
     [[nodiscard]] QString key() const override { return QStringLiteral("ostrivane-drawn"); }
 
 private:
-    [[nodiscard]] QIcon::Mode ModeOf(QIcon::Mode mode) const {
-        return faint_ && mode == QIcon::Normal ? QIcon::Disabled : mode;
+    [[nodiscard]] Look LookOn(const QPaintDevice* device, QIcon::Mode mode) const {
+        if (colours_ == Colours::OnPaper)
+            return {qRgb(0, 0, 0), false};
+        return LookFor(colours_ == Colours::Faint && mode == QIcon::Normal ? QIcon::Disabled : mode, device);
     }
 
     /// The drawing for this size: the one whose grid falls on whole pixels, or nearly so.
@@ -245,6 +254,15 @@ private:
         return QString::fromUtf8(drawn).replace(look.allInk ? anyColour : placeholder, ink).toUtf8();
     }
 
+    [[nodiscard]] QSvgRenderer& PaperDrawing(int side, const Look& look) const {
+        const Rendered key{File(side), 0, look};
+        if (QSvgRenderer* const known = PaperDrawings().object(key))
+            return *known;
+        auto* const drawing = new QSvgRenderer(Source(side, look));
+        PaperDrawings().insert(key, drawing);
+        return *drawing;
+    }
+
     [[nodiscard]] QPixmap Pixels(int side, const Look& look) const {
         if (side <= 0)
             return {};
@@ -263,8 +281,12 @@ private:
 
     QString name_;
     Colours colours_;
-    bool faint_;
 };
+
+QIcon IconInColours(std::string_view key, Colours colours) {
+    const auto* const found = std::ranges::find(drawings, key, &Drawing::key);
+    return found == std::end(drawings) ? QIcon() : QIcon(new DrawnIcon(QString::fromLatin1(found->file), colours));
+}
 
 }  // namespace
 
@@ -284,10 +306,11 @@ QIcon IconFor(std::string_view key) {
 }
 
 QIcon FaintIconFor(std::string_view key) {
-    const auto* const found = std::ranges::find(drawings, key, &Drawing::key);
-    return found == std::end(drawings)
-               ? QIcon()
-               : QIcon(new DrawnIcon(QString::fromLatin1(found->file), Colours::FollowPalette, true));
+    return IconInColours(key, Colours::Faint);
+}
+
+QIcon PaperIconFor(std::string_view key) {
+    return IconInColours(key, Colours::OnPaper);
 }
 
 QIcon ApplicationIcon() {
@@ -300,4 +323,5 @@ std::span<const std::string_view> AllIconKeys() {
 
 void IconsPaletteChanged() {
     Cache().clear();
+    PaperDrawings().clear();
 }

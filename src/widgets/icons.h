@@ -14,6 +14,8 @@
 [[nodiscard]] QIcon IconFor(std::string_view key);
 /// The same picture in the colour of what is disabled.
 [[nodiscard]] QIcon FaintIconFor(std::string_view key);
+/// The same picture for white paper, whatever the palette is.
+[[nodiscard]] QIcon PaperIconFor(std::string_view key);
 [[nodiscard]] QIcon ApplicationIcon();
 [[nodiscard]] std::span<const std::string_view> AllIconKeys();
 

@@ -53,6 +53,10 @@ QString ShareText(qlonglong part, qlonglong whole) {
     return share + (IsGerman() ? QStringLiteral("\u00A0%") : QStringLiteral("%"));
 }
 
+QString DateText(const QDate& date) {
+    return OwnLocale().toString(date, IsGerman() ? QStringLiteral("d. MMMM yyyy") : QStringLiteral("d MMMM yyyy"));
+}
+
 QString ToPath(std::string_view path) {
     return QFile::decodeName(QByteArray(path.data(), static_cast<qsizetype>(path.size())));
 }

@@ -1,6 +1,7 @@
 // Conversion of the program's texts to those of the window, and back; all views use these functions.
 #pragma once
 
+#include <QDate>
 #include <QString>
 #include <optional>
 #include <string>
@@ -27,6 +28,9 @@
 
 /// A part of a whole with one decimal: "4.3%"; empty for a whole of 0.
 [[nodiscard]] QString ShareText(qlonglong part, qlonglong whole);
+
+/// A day as the program's language writes it.
+[[nodiscard]] QString DateText(const QDate& date);
 
 /// A path of the program as Qt has it, and back: the bytes of the file system.
 [[nodiscard]] QString ToPath(std::string_view path);

@@ -131,7 +131,7 @@ int XGraph::GraphDeleteSelected() {
 
 void XGraph::Clear() {
     RemoveIf([](const ctlGraphObj&) { return true; });
-    canvas_ = {0, 0, kCanvasTwips, kCanvasTwips};
+    canvas_ = emptyCanvas_;
 }
 
 void XGraph::GraphSymbolsRefresh() {

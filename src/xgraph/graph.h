@@ -30,8 +30,10 @@ inline constexpr int kCtrl = 2;
 
 class XGraph {
 public:
-    /// @param sizes  must outlive the graph
-    explicit XGraph(const SymbolSizes& sizes) : sizes_(sizes) {}
+    /// @param sizes        must outlive the graph
+    /// @param canvasTwips  width and height of the canvas without symbols
+    explicit XGraph(const SymbolSizes& sizes, double canvasTwips = kCanvasTwips)
+        : sizes_(sizes), emptyCanvas_{0, 0, canvasTwips, canvasTwips} {}
     XGraph(const XGraph&) = delete;
     XGraph& operator=(const XGraph&) = delete;
 
@@ -136,7 +138,8 @@ private:
     std::unordered_map<const CodeObject*, ctlGraphObj*> byObject_;
     std::unordered_map<std::string_view, ctlGraphObj*> byPath_;  // the keys are the symbols' own paths
     std::map<int, ctlGraphObj*> byIndex_;
-    GraphRect canvas_{0, 0, kCanvasTwips, kCanvasTwips};
+    GraphRect emptyCanvas_;
+    GraphRect canvas_ = emptyCanvas_;
     GraphRect bounds_;
     int GraphObjCount_ = 0;  // only ever rises
     int active_ = 0;

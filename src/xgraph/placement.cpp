@@ -1,5 +1,6 @@
 #include "xgraph/placement.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace {
@@ -104,4 +105,17 @@ GraphPoint Placement::Graph_GetNextPlace_To_Y(GraphPoint start) const {
 GraphPoint FreePlaceNear(const XGraph& graph, GraphPoint point, GraphSize size) {
     const GraphPoint start{point.x - size.width / 2, point.y - size.height / 2};
     return Placement(graph).Graph_GetNextPlace_To_X(start, {start.x, start.y, size.width, size.height});
+}
+
+GraphPoint WholeFreePlaceNear(const XGraph& graph, GraphPoint point, GraphSize size) {
+    GraphPoint place = FreePlaceNear(graph, point, size);
+    const auto covered = [&](const auto& symbol) {
+        const GraphRect frame = symbol->Frame();
+        return place.x < frame.Right() && frame.left < place.x + size.width && place.y < frame.Bottom() &&
+               frame.top < place.y + size.height;
+    };
+    const auto& symbols = graph.GraphObjects();
+    for (auto hit = symbols.begin(); (hit = std::find_if(symbols.begin(), symbols.end(), covered)) != symbols.end();)
+        place.x = (*hit)->Frame().Right() + kPlaceGap;
+    return place;
 }

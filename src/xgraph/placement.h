@@ -65,3 +65,5 @@ private:
 
 /// Where a symbol of this size goes that should be near a point: the first free place from there.
 [[nodiscard]] GraphPoint FreePlaceNear(const XGraph& graph, GraphPoint point, GraphSize size);
+/// The same without an overlap: beside a narrow symbol that has none of the corners of that place.
+[[nodiscard]] GraphPoint WholeFreePlaceNear(const XGraph& graph, GraphPoint point, GraphSize size);

@@ -2,6 +2,7 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QClipboard>
 #include <QMenu>
 #include <QMimeData>
 #include <QScrollBar>
@@ -258,6 +259,16 @@ TEST_F(Canvas, WithoutItsProjectNothingIsLeft) {
     Press(Qt::Key_Tab);
     Click({100, 100});
     EXPECT_FALSE(canvas.grab().isNull());
+}
+
+TEST_F(Canvas, CtrlCCopiesThePicture) {
+    QGuiApplication::clipboard()->clear();
+    Press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_TRUE(QGuiApplication::clipboard()->image().isNull()) << "there is nothing to copy";
+    Put({"m.go", "m.stay"});
+    Press(Qt::Key_C, Qt::ControlModifier);
+    const double width = canvas.Graph().SymbolBounds().width / 15 + 4;
+    EXPECT_NEAR(QGuiApplication::clipboard()->image().width(), width * canvas.devicePixelRatioF(), 2);
 }
 
 }  // namespace

@@ -1,0 +1,108 @@
+#include "views/graph_output.h"
+
+#include <QDate>
+#include <QFileInfo>
+
+#include "canvas/graph_canvas.h"
+#include "model/clsProjekt.h"
+#include "platform/files.h"
+#include "platform/settings_file.h"
+#include "shell/errors.h"
+#include "shell/words.h"
+#include "views/dialogs.h"
+#include "views/graph_print.h"
+#include "views/questions.h"
+#include "widgets/qt_text.h"
+#include "xgraph/graph_export.h"
+
+namespace {
+
+constexpr std::string_view kSection = "ALLGEMEIN";
+constexpr std::string_view kKey = "GraphExport";
+
+// "ToolHire, 22 November 2026, 34 symbols".
+QString CaptionOf(const XGraph& graph) {
+    const clsProjekt* const projekt = graph.Projekt();
+    const std::string name = !projekt                   ? std::string()
+                             : !projekt->MyName.empty() ? projekt->MyName
+                                                        : std::string(modMain::DirOrFileName(projekt->FullPath, 0));
+    return TextNr(Text::GraphCaption, ToQString(name), DateText(QDate::currentDate()),
+                  NumberText(static_cast<qlonglong>(graph.GraphObjects().size())));
+}
+
+}  // namespace
+
+GraphOutput::GraphOutput(GraphCanvas& canvas, Files& files, SettingsFile& file, const Settings& settings,
+                         QWidget* window)
+    : QObject(window), canvas_(canvas), files_(files), file_(file), settings_(settings), window_(window) {}
+
+// As one text: "png 2 legend caption clear".
+ExportChoice GraphOutput::LastChoice() const {
+    const QStringList words =
+        QString::fromStdString(file_.ReadString(kSection, kKey, "bmp", 80)).split(QLatin1Char(' '));
+    ExportChoice choice;
+    choice.directory = gExportDir_;
+    choice.suffix = words.value(0);
+    if (const int scale = words.value(1).toInt(); scale > 0)
+        choice.scale = scale;
+    choice.hasLegend = words.contains(QLatin1String("legend"));
+    choice.hasCaption = words.contains(QLatin1String("caption"));
+    choice.hasClearGround = words.contains(QLatin1String("clear"));
+    return choice;
+}
+
+void GraphOutput::Remember(const ExportChoice& choice) {
+    gExportDir_ = choice.directory;
+    QString text = QStringLiteral("%1 %2").arg(choice.suffix).arg(choice.scale);
+    for (const auto& [isChosen, word] :
+         {std::pair{choice.hasLegend, " legend"}, {choice.hasCaption, " caption"}, {choice.hasClearGround, " clear"}})
+        if (isChosen)
+            text += QLatin1String(word);
+    file_.WriteString(kSection, kKey, text.toStdString());
+    file_.Save();
+}
+
+void GraphOutput::GraphExport() {
+    GraphExportDialog dialog(LastChoice(), window_);
+    if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
+        return;
+    const QString path = dialog.Path();
+    if (QFileInfo::exists(path) &&
+        !AskOkCancel(window_, TextNr(Text::GraphFileExists) + QLatin1Char('\n') + TextNr(Text::AskOverwrite)))
+        return;
+    Remember(dialog.Choice());
+    if (Export(path, dialog.Choice()))
+        Q_EMIT Message(TextNr(Text::GraphExported, path));
+}
+
+// The user has heard of a failure.
+bool GraphOutput::Export(const QString& path, const ExportChoice& choice) {
+    const XGraph& graph = canvas_.Graph();
+    std::string bytes;
+    if (const std::optional<PictureFormat> format = PictureFormatOf(path)) {
+        const GraphPicture picture(graph, settings_,
+                                   {.hasLegend = choice.hasLegend,
+                                    .caption = choice.hasCaption ? CaptionOf(graph) : QString(),
+                                    .hasClearGround = format == PictureFormat::Png && choice.hasClearGround,
+                                    .hasPaleModules = format == PictureFormat::Bmp});
+        bytes = PictureBytes(picture, *format, choice.scale).toStdString();
+        if (bytes.empty()) {
+            const QSizeF size = picture.Size() * (format == PictureFormat::Png ? choice.scale : 1);
+            ShowFailure(window_, TextNr(Text::PictureTooLarge, NumberText(std::llround(size.width())),
+                                        NumberText(std::llround(size.height()))));
+            return false;
+        }
+    } else {
+        bytes = GraphTextAs(GraphFormatOf(FromPath(path)).value_or(GraphFormat::Json), graph);
+    }
+    const FileError error = files_.WriteWhole(FromPath(path), bytes);
+    if (error != FileError::None)
+        ShowFileError("frmMain: GraphExport", error, FromPath(path));
+    return error == FileError::None;
+}
+
+void GraphOutput::GraphPrint() {
+    const GraphPicture picture(canvas_.Graph(), settings_);
+    if (!PreviewPicture(picture, window_))
+        ShowFailure(window_, TextNr(Text::GraphNotPrinted));
+}
