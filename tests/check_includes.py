@@ -6,8 +6,8 @@ import pathlib
 import re
 import sys
 
-ANALYSIS = ["platform", "shell", "source", "model", "structure", "libraries", "calls", "findings", "xgraph",
-            "project", "display"]
+ANALYSIS = ["platform", "shell", "source", "model", "structure", "libraries", "calls", "findings", "reach",
+            "xgraph", "project", "display"]
 WITH_QT = ["widgets", "charts", "canvas", "views", "desktop"]
 
 # Room to the rooms whose headers it may include besides its own.
@@ -20,8 +20,9 @@ MAY_INCLUDE = {
     "libraries": ["model", "source", "shell", "platform"],
     "calls": ["structure", "source", "model", "shell", "platform"],
     "findings": ["calls", "structure", "libraries", "source", "model", "shell", "platform"],
+    "reach": ["findings", "calls", "structure", "libraries", "source", "model", "shell", "platform"],
     "xgraph": ["findings", "calls", "structure", "libraries", "source", "model", "shell", "platform"],
-    "project": ["findings", "calls", "structure", "libraries", "source", "model", "shell", "platform"],
+    "project": ["reach", "findings", "calls", "structure", "libraries", "source", "model", "shell", "platform"],
     "display": [room for room in ANALYSIS if room != "display"],
     "widgets": ANALYSIS,
     "charts": ANALYSIS + ["widgets"],

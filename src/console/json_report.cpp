@@ -17,6 +17,7 @@
 #include "model/kind_of.h"
 #include "model/line_numbers.h"
 #include "platform/code_page.h"
+#include "reach/reasons.h"
 #include "shell/errors.h"
 #include "source/module_text.h"
 
@@ -139,11 +140,111 @@ Json ObjectJson(const CodeObject& object, std::string_view type) {
     return json;
 }
 
+std::string_view WordOf(ReachState state) {
+    return state == ReachState::Certain ? "certain" : state == ReachState::Possible ? "possible" : "none";
+}
+
+std::string_view WordOf(Grade grade) {
+    static constexpr std::string_view kWords[] = {"living", "sure", "likely", "cannot tell"};
+    return kWords[static_cast<std::size_t>(grade)];
+}
+
+std::string_view WordOf(ReasonKind kind) {
+    static constexpr std::string_view kWords[] = {"none",      "entry point",  "kept", "only possible",
+                                                  "no caller", "dead callers", "ring"};
+    return kWords[static_cast<std::size_t>(kind)];
+}
+
+std::string_view WordOf(DoubtKind kind) {
+    static constexpr std::string_view kWords[] = {"none", "variant",    "any object",   "unknown type",   "not in type",
+                                                  "with", "expression", "unknown name", "named in string"};
+    return kWords[static_cast<std::size_t>(kind)];
+}
+
+std::string_view WordOf(GradeReason reason) {
+    static constexpr std::string_view kWords[] = {"none",
+                                                  "shifts members",
+                                                  "changes layout",
+                                                  "interface member",
+                                                  "designer property",
+                                                  "foreign types",
+                                                  "used by likely",
+                                                  "possible calls",
+                                                  "named in string",
+                                                  "default member",
+                                                  "passed out",
+                                                  "not compiled",
+                                                  "named in code",
+                                                  "unread modules",
+                                                  "used by left alone",
+                                                  "used by uncertain"};
+    return kWords[static_cast<std::size_t>(reason)];
+}
+
+std::string_view WordOf(EntryKind kind) {
+    static constexpr std::string_view kWords[] = {
+        "start-up",       "module event",     "control event", "variable event", "interface member",
+        "exported class", "exported control", "addressof",     "declared",       "named in string"};
+    return kWords[static_cast<std::size_t>(kind)];
+}
+
+Json ReasonJson(const Reason& reason) {
+    Json json{{"kind", WordOf(reason.kind)}};
+    if (reason.chain.entry) {
+        json["entry"] = Utf8(reason.chain.entry->object->CodePath());
+        json["steps"] = Json::array();
+        for (const Link& link : reason.chain.links)
+            json["steps"].push_back({{"from", Utf8(link.from->CodePath())},
+                                     {"pos", link.pos},
+                                     {"certain", link.IsCertain()},
+                                     {"to", Utf8(link.to->CodePath())}});
+    }
+    if (reason.doubt.kind != DoubtKind::None) {
+        json["firstPossible"] = reason.firstPossible;
+        json["doubt"] = WordOf(reason.doubt.kind);
+        json["receiver"] = Utf8(reason.doubt.receiver);
+        json["type"] = Utf8(reason.doubt.type);
+    }
+    if (!reason.objects.empty()) {
+        json["objects"] = Json::array();
+        for (const CodeObject* object : reason.objects)
+            json["objects"].push_back(Utf8(object->CodePath()));
+    }
+    if (reason.keptByRule)
+        json["keptByRule"] = true;
+    return json;
+}
+
+void AddReach(Json& json, const Reasons& reasons, const CodeObject& object) {
+    if (!Reach::Covers(object) || &Answering(object) != &object)
+        return;
+    const Grading grading = reasons.GradeOf(object);
+    json["reach"] = WordOf(reasons.TheReach().StateOf(object));
+    json["reason"] = ReasonJson(reasons.ReasonOf(object));
+    json["grade"] = WordOf(grading.grade);
+    if (grading.reason != GradeReason::None)
+        json["gradeReason"] = WordOf(grading.reason);
+    if (grading.leftAlone)
+        json["leftAlone"] = Utf8(grading.leftAlone->comment);
+}
+
+void WriteEntryPoints(std::ostream& out, const Reach& reach) {
+    ArrayWriter entries(out, "entryPoints");
+    for (const EntryPoint& entry : reach.EntryPoints()) {
+        Json json{
+            {"codePath", Utf8(entry.object->CodePath())}, {"kind", WordOf(entry.kind)}, {"certain", entry.IsCertain()}};
+        if (entry.modul)
+            json.update({{"module", Utf8(entry.modul->CodePath())}, {"pos", entry.pos}});
+        entries.Add(json);
+    }
+}
+
 class ObjectWriter {
 public:
-    /// @param used  the arguments and locals that are used; null if their uses were not determined
-    ObjectWriter(ArrayWriter& objects, const std::unordered_set<const clsVariable*>* used)
-        : objects_(objects), used_(used) {}
+    /// @param used     the arguments and locals that are used; null if their uses were not determined
+    /// @param reasons  null if they are not included
+    ObjectWriter(ArrayWriter& objects, const std::unordered_set<const clsVariable*>* used, const Reasons* reasons)
+        : objects_(objects), used_(used), reasons_(reasons) {}
 
     // Objects of a module that its collections hold: of two with the same key the second is in none.
     void Modul(const clsModul& modul) {
@@ -160,7 +261,7 @@ public:
                 case ObjectClass::Type: {
                     const auto* type = static_cast<clsType*>(object);
                     if (modul.myTypes.Item(object->NameKey()) == object) {
-                        objects_.Add(ObjectJson(*object, ""));
+                        Add(*object, ObjectJson(*object, ""));
                         Variables(type->MyVars);
                     }
                     break;
@@ -169,7 +270,7 @@ public:
                     const auto* einEnum = static_cast<clsEnum*>(object);
                     const bool isFiled = modul.myEnums.Item(object->NameKey()) == object;
                     if (isFiled)
-                        objects_.Add(ObjectJson(*object, ""));
+                        Add(*object, ObjectJson(*object, ""));
                     // Members of an enum that was dropped as a duplicate are still variables of the module.
                     for (const clsVariable* member : einEnum->MyVars)
                         if (isFiled || modul.MyVars.Item(member->NameKey()) == member)
@@ -192,7 +293,7 @@ private:
         Json json = ObjectJson(prozedur, prozedur.DatenTyp());
         json["event"] = prozedur.IsEvent;
         json["declare"] = prozedur.isDeclare;
-        objects_.Add(json);
+        Add(prozedur, std::move(json));
         Variables(prozedur.MyVars);
     }
 
@@ -208,11 +309,18 @@ private:
             json["result"] = true;
         else if (used_ && variable.Prozedur && !variable.Prozedur->isDeclare)
             json["unused"] = !used_->contains(&variable);
+        Add(variable, std::move(json));
+    }
+
+    void Add(const CodeObject& object, Json json) {
+        if (reasons_)
+            AddReach(json, *reasons_, object);
         objects_.Add(json);
     }
 
     ArrayWriter& objects_;
     const std::unordered_set<const clsVariable*>* used_;
+    const Reasons* reasons_;
 };
 
 // Calls `use` for every module in the project's collections, in the order of the project file.
@@ -242,11 +350,13 @@ void WriteJson(std::ostream& out, clsProjekt& projekt, const JsonParts& parts) {
         std::unordered_set<const clsVariable*> used;
         for (const LocalUse& use : localUses)
             used.insert(use.variable);
-        ObjectWriter writer(objects, parts.localsChecked ? &used : nullptr);
+        ObjectWriter writer(objects, parts.localsChecked ? &used : nullptr, parts.reasons);
         ForEachModule(projekt, [&](const clsModul& modul) { writer.Modul(modul); });
     }
     if (parts.edges)
         WriteEdges(out, projekt, localUses);
+    if (parts.reasons)
+        WriteEntryPoints(out, parts.reasons->TheReach());
     {
         ArrayWriter libraries(out, "libraries");
         for (const auto& library : projekt.OwnedLibraries())

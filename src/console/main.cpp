@@ -13,6 +13,7 @@
 #include "console/library_report.h"
 #include "console/module_tables.h"
 #include "console/overview_text.h"
+#include "console/reach_answers.h"
 #include "console/summary.h"
 #include "findings/dead_objects.h"
 #include "findings/library_use.h"
@@ -66,11 +67,14 @@ struct Options {
     bool quiet = false;
     bool overview = false;
     GraphCommand graph;
+    ReachQuestion question;
+    bool reach = false;  // its data go into the JSON
 
     // Without a kind of report, all kinds are written: a plain call produces everything.
     [[nodiscard]] bool AllKinds() const {
-        return !structure && !calls && !deaths && !overview && !inventory && !stats && graph.IsEmpty();
+        return !structure && !calls && !deaths && !overview && !inventory && !stats && graph.IsEmpty() && !Asks();
     }
+    [[nodiscard]] bool Asks() const { return question.kind != ReachQuestion::Kind::None; }
     [[nodiscard]] bool WritesStructure() const { return !noReports && (structure || AllKinds()); }
     [[nodiscard]] bool WritesCalls() const { return !noReports && !noCalls && (calls || AllKinds()); }
     [[nodiscard]] bool WritesDeaths() const { return !noReports && !noCalls && (deaths || AllKinds()); }
@@ -161,16 +165,19 @@ void HintAtCodePage(const Files& files, const Options& options, std::string_view
                   << " reads its texts so\n";
 }
 
-bool WriteJsonFile(const Options& options, bool libraryFiles) {
+bool WriteJsonFile(const Options& options, bool libraryFiles, const ReachAnswers* answers) {
     if (options.json.empty())
         return true;
-    const JsonParts parts{!options.noCalls, options.checkLocals, libraryFiles};
+    const JsonParts parts{!options.noCalls, options.checkLocals, libraryFiles,
+                          answers ? &answers->TheReasons() : nullptr};
     return WriteTo(options.json, [&](std::ostream& out) { WriteJson(out, *gProjekt, parts); });
 }
 
-bool WriteTable(const Options& options) {
-    return options.csv.empty() || WriteTo(options.csv, [&options](std::ostream& out) {
-               out << (options.stats ? StatisticsTable(*gProjekt) : LibraryTable(*gProjekt));
+bool WriteTable(const Options& options, const ReachPage* answer) {
+    return options.csv.empty() || WriteTo(options.csv, [&](std::ostream& out) {
+               out << (answer          ? PageTable(*answer)
+                       : options.stats ? StatisticsTable(*gProjekt)
+                                       : LibraryTable(*gProjekt));
            });
 }
 
@@ -303,6 +310,13 @@ int Run(const Options& options) {
     const GraphOutcome graph = MakeGraph(files, options);
     if (graph == GraphOutcome::Refused)
         return NothingAnalysed;
+    std::unique_ptr<ReachAnswers> answers;
+    std::unique_ptr<ReachPage> answer;
+    if (options.Asks() || options.reach)
+        answers = std::make_unique<ReachAnswers>(*gProjekt, gIniFile);
+    if (options.Asks() && !(answer = answers->AnswerTo(options.question)))
+        return NothingAnalysed;
+
     const bool reportsWritten = WriteReports(files, options, *gProjekt);
     const double callMilliseconds = options.noCalls ? -1 : callTimer.LastRun;
     const std::string summary = options.quiet      ? std::string()
@@ -312,8 +326,10 @@ int Run(const Options& options) {
         (options.json == "-" ? std::cerr : std::cout) << LibraryInventory(*gProjekt);
     if (options.stats)
         (options.json == "-" ? std::cerr : std::cout) << StatisticsText(*gProjekt);
-    const bool tableWritten = WriteTable(options);
-    const bool jsonWritten = WriteJsonFile(options, search.Sources().isConfigured);
+    if (answer)
+        (options.json == "-" || options.csv == "-" ? std::cerr : std::cout) << PageText(*answer);
+    const bool tableWritten = WriteTable(options, answer.get());
+    const bool jsonWritten = WriteJsonFile(options, search.Sources().isConfigured, answers.get());
     bool hasProblems = false;
     for (const Problem& problem : gProjekt->problems.All()) {
         if (problem.isHint)
@@ -332,6 +348,49 @@ int Run(const Options& options) {
                            : Reported;
     std::cout.flush();
     return status;
+}
+
+// The questions about the reach: one at a time.
+void AddReachOptions(CLI::App& app, Options& options) {
+    using Kind = ReachQuestion::Kind;
+    const auto asks = [&options](Kind kind) {
+        return [&options, kind](const std::vector<std::string>& paths) {
+            options.question.kind = kind;
+            options.question.paths = paths;
+            return true;
+        };
+    };
+    const auto flag = [&options](Kind kind) {
+        return [&options, kind](std::int64_t) { options.question.kind = kind; };
+    };
+    CLI::Option* const dead = app.add_flag_function("--dead", flag(Kind::Dead),
+                                                    "Print what can go, with grade, lines and reason, and no reports");
+    const std::map<std::string, Grade> grades{
+        {"sure", Grade::Sure}, {"likely", Grade::Likely}, {"any", Grade::CannotTell}};
+    app.add_option("--grade", options.question.worst, "With --dead: sure, likely or any; any without this option")
+        ->transform(CLI::CheckedTransformer(grades))
+        ->type_name("GRADE")
+        ->needs(dead);
+    const std::vector<CLI::Option*> questions{
+        dead,
+        app.add_option("--why", asks(Kind::Why), "Print why the object at CODEPATH is alive or not")
+            ->type_name("CODEPATH")
+            ->expected(1),
+        app.add_option("--path", asks(Kind::Path), "Print the ways from one object to another")
+            ->type_name("FROM TO")
+            ->expected(2),
+        app.add_option("--impact", asks(Kind::Impact), "Print what depends on the object at CODEPATH")
+            ->type_name("CODEPATH")
+            ->expected(1),
+        app.add_flag_function("--entry-points", flag(Kind::EntryPoints), "Print where execution can begin"),
+        app.add_flag("--reach", options.reach,
+                     "Add reach, reason and grade of objects, and entry points, to the JSON")};
+    for (CLI::Option* question : questions) {
+        question->excludes("--no-calls")->excludes("--library")->excludes("--libraries")->excludes("--stats");
+        for (CLI::Option* other : questions)
+            if (other != question && other != questions.back() && question != questions.back())
+                question->excludes(other);
+    }
 }
 
 }  // namespace
@@ -390,8 +449,10 @@ int main(int argc, char** argv) {
     app.add_flag("--stats", options.stats, "Print the tables of the charts for all modules, and no reports")
         ->excludes(library)
         ->excludes(inventory);
+    AddReachOptions(app, options);
     app.add_option("--csv", options.csv,
-                   "Write what --libraries or --stats prints as a table to FILE (- is standard output)")
+                   "Write what --libraries, --stats or a question about the reach prints as a table to FILE (- is "
+                   "standard output)")
         ->type_name("FILE");
     app.add_flag("--quiet", options.quiet, "Neither progress nor summary")->excludes(overview);
     GraphOptions graph(app);
@@ -403,8 +464,8 @@ int main(int argc, char** argv) {
         app.parse(argc, argv);
         if (project->empty() && library->empty())
             throw CLI::RequiredError(project->get_name());
-        if (!options.csv.empty() && !options.inventory && !options.stats)
-            throw CLI::RequiresError("--csv", "--libraries or --stats");
+        if (!options.csv.empty() && !options.inventory && !options.stats && !options.Asks())
+            throw CLI::RequiresError("--csv", "--libraries, --stats or a question about the reach");
         options.graph = graph.Parsed();
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? AllWell : NothingAnalysed;

@@ -32,6 +32,8 @@ public:
     /// The procedure or module that the edge starts in.
     [[nodiscard]] CodeObject& Caller() const { return *caller_; }
     [[nodiscard]] CallType Type() const { return static_cast<CallType>(static_cast<int>(type_) - 1); }
+    /// Number() of the target, without a look at it.
+    [[nodiscard]] std::uint32_t TargetNumber() const { return targetNr_; }
 
     CodeObject* Parent;  // the target: what is called or used
     Pos CallPos;
@@ -39,7 +41,7 @@ public:
 private:
     friend class CallGraph;
     std::uint32_t type_ : 2;
-    std::uint32_t targetNr_ : 30;  // Number() of the target
+    std::uint32_t targetNr_ : 30;
     CodeObject* caller_;
 };
 static_assert(sizeof(void*) != 8 || sizeof(clsCall) == 24);
