@@ -5,9 +5,9 @@
 #include <unordered_map>
 #include <utility>
 
+#include "console/did_you_mean.h"
 #include "display/node_objects.h"
 #include "model/clsProjekt.h"
-#include "model/nearest_paths.h"
 #include "platform/basic_number.h"
 #include "platform/code_page.h"
 #include "platform/files.h"
@@ -17,8 +17,6 @@
 #include "xgraph/placement.h"
 
 namespace {
-
-constexpr std::size_t kNearest = 3;
 
 using Kind = GraphOperation::Kind;
 
@@ -187,11 +185,7 @@ private:
         const std::string codePath = LowerCase(InPage(operation.subject));
         if (CodeObject* const object = ObjectOfNode(projekt_, {NodeKind::Object, codePath}))
             return object;
-        std::string why = "the project has no " + operation.subject;
-        const std::vector<std::string> nearest = NearestCodePaths(projekt_, codePath, kNearest);
-        for (const std::string& path : nearest)
-            why.append(&path == nearest.data() ? "; did you mean " : " or ").append(Shown(path));
-        Refuse(operation, why);
+        Refuse(operation, "the project has no " + operation.subject + DidYouMean(projekt_, codePath));
         return nullptr;
     }
 

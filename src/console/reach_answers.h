@@ -34,6 +34,3 @@ private:
     Reach reach_;
     Reasons reasons_;
 };
-
-/// The code paths of a project that are most like a given one, the best first, at most five.
-[[nodiscard]] std::vector<std::string> NearestPaths(const Reach& reach, const std::string& path);

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "findings/module_statistics.h"
+#include "model/kind_of.h"
 #include "platform/code_page.h"
 #include "reach/reason_text.h"
 #include "shell/csv.h"
@@ -140,7 +141,7 @@ ReachPage DeadPage(const Reasons& reasons, Grade worst) {
     Places places;
     const std::vector<DeadObject> dead = DeadObjectsOf(reasons, worst);
     for (const DeadObject& one : dead)
-        page.rows.push_back({NameOf(*one.object), std::string(KindOf(*one.object)), TextOf(one.grading.grade),
+        page.rows.push_back({NameOf(*one.object), std::string(KindWord(*one.object)), TextOf(one.grading.grade),
                              std::to_string(one.lines), places.Of(*one.object),
                              SentenceOf(reasons.ReasonOf(*one.object)), SentenceOf(one.grading)});
     page.foot.push_back(TotalText(dead, Grade::Sure, "can go for sure"));
@@ -205,9 +206,9 @@ ReachPage ImpactPage(const Reach& reach, const CodeObject& object) {
     const auto add = [&](const Impact::Part& part, const std::string& certainty) {
         for (const Dependent& dependent : part.objects) {
             const EntryPoint* const entry = reach.EntryPointAt(*dependent.object);
-            page.rows.push_back({certainty, std::to_string(dependent.distance), std::string(KindOf(*dependent.object)),
-                                 NameOf(*dependent.object), places.Of(dependent.link),
-                                 entry ? TextOf(entry->kind) : std::string()});
+            page.rows.push_back({certainty, std::to_string(dependent.distance),
+                                 std::string(KindWord(*dependent.object)), NameOf(*dependent.object),
+                                 places.Of(dependent.link), entry ? TextOf(entry->kind) : std::string()});
         }
         const auto forms = std::ranges::count(part.modules, ModuleKind::Form, &clsModul::ModulTyp);
         page.foot.push_back(certainty + ": " + std::to_string(part.objects.size()) + " objects in " +
@@ -232,29 +233,11 @@ ReachPage EntryPointsPage(const Reach& reach) {
     return page;
 }
 
-std::string_view KindOf(const CodeObject& object) {
-    switch (object.Class()) {
-        case ObjectClass::Modul:
-            return TextOf(static_cast<const clsModul&>(object).ModulTyp);
-        case ObjectClass::Type:
-            return "type";
-        case ObjectClass::Enum:
-            return "enum";
-        case ObjectClass::Control:
-            return "control";
-        case ObjectClass::TypeLib:
-            return "library";
-        case ObjectClass::Prozedur: {
-            const auto& prozedur = static_cast<const clsProzedur&>(object);
-            return prozedur.isDeclare ? "declare" : IsEventDeclaration(prozedur) ? "event" : "procedure";
-        }
-        case ObjectClass::Variable:
-            break;
+std::string_view KindWord(const CodeObject& object) {
+    if (object.Class() == ObjectClass::Prozedur) {
+        const auto& prozedur = static_cast<const clsProzedur&>(object);
+        if (prozedur.isDeclare || IsEventDeclaration(prozedur))
+            return prozedur.isDeclare ? "declare" : "event";
     }
-    const auto& variable = static_cast<const clsVariable&>(object);
-    return variable.MyType     ? "type member"
-           : variable.MyEnum   ? "enum member"
-           : variable.Prozedur ? "local"
-           : variable.IsConst  ? "constant"
-                               : "variable";
+    return KindOf(object);
 }

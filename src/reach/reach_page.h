@@ -44,6 +44,5 @@ struct DeadTotals {
 [[nodiscard]] ReachPage ImpactPage(const Reach& reach, const CodeObject& object);
 [[nodiscard]] ReachPage EntryPointsPage(const Reach& reach);
 
-/// "procedure", "declare", "event", "variable", "constant", "type", "type member", "enum", "enum member", and the kind
-/// of a module.
-[[nodiscard]] std::string_view KindOf(const CodeObject& object);
+/// The kind of an object, with "declare" and "event" for such procedures.
+[[nodiscard]] std::string_view KindWord(const CodeObject& object);
