@@ -183,8 +183,8 @@ QCache<Rendered, QPixmap>& Cache() {
 
 // A picture on paper has the same few drawings again and again.
 QCache<Rendered, QSvgRenderer>& PaperDrawings() {
-    static QCache<Rendered, QSvgRenderer> drawings(100);
-    return drawings;
+    static QCache<Rendered, QSvgRenderer> cache(100);
+    return cache;
 }
 
 class DrawnIcon final : public QIconEngine {
