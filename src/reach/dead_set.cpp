@@ -2,6 +2,57 @@
 #include "reach/dead_set.h"
 
 #include <algorithm>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "reach/mentions.h"
+
+namespace {
+
+// The modules that classes implement.
+class InterfaceModules {
+public:
+    explicit InterfaceModules(const Reach& reach) {
+        for (const CodeMarks& marks : reach.Marks())
+            for (const NamePlace& place : marks.implements)
+                if (const clsModul* modul = reach.Projekt().Klassenmodule.Item(place.name))
+                    modules_.insert(modul);
+    }
+    [[nodiscard]] bool Contains(const clsModul& modul) const { return modules_.contains(&modul); }
+
+private:
+    std::unordered_set<const clsModul*> modules_;
+};
+
+// Whether all code of the project was read: property pages, documents and designers are not.
+bool IsWhole(const clsProjekt& projekt) {
+    if (std::ranges::any_of(projekt.OwnedModules(),
+                            [](const auto& modul) { return modul->fileError != FileError::None; }))
+        return false;
+    const FileText file = projekt.TheFiles().ReadText(projekt.FullPath);
+    for (const std::string_view key : {"PropertyPage=", "UserDocument=", "Designer="})
+        if (file.text.starts_with(key) || file.text.find(std::string(vbCrLf).append(key)) != std::string::npos)
+            return false;
+    return true;
+}
+
+bool IsDesignerProperty(const CodeObject& object) {
+    return object.Class() == ObjectClass::Prozedur && object.Modul->ModulTyp == ModuleKind::UserControl &&
+           object.Zugriff == Access::Public && static_cast<const clsProzedur&>(object).IsProperty();
+}
+
+// Whether a Declare statement takes the type.
+bool IsPassedOut(const Links& links, const clsType& type) {
+    bool isPassedOut = false;
+    links.ForEachTo(type, [&](const Link& link) {
+        isPassedOut |=
+            link.from->Class() == ObjectClass::Prozedur && static_cast<const clsProzedur*>(link.from)->isDeclare;
+    });
+    return isPassedOut;
+}
+
+}  // namespace
 
 DeadObjects::DeadObjects(const Reach& reach) : reach_(reach), placeOf_(reach.Projekt().ObjectCount()) {
     reach.ForEachObject([&](const CodeObject& object) {
@@ -67,7 +118,7 @@ void DeadObjects::FindRings() {
 std::vector<const CodeObject*> DeadObjects::CallersOf(const CodeObject& object) const {
     std::vector<const CodeObject*> callers;
     reach_.TheLinks().ForEachTo(object, [&](const Link& link) {
-        if (link.from != &object)
+        if (link.from != &object && link.kind != LinkKind::Member)
             callers.push_back(link.from);
     });
     std::vector<const CodeObject*> sorted = callers;
@@ -107,4 +158,119 @@ std::vector<const CodeObject*> DeadObjects::RingOf(const CodeObject& object) con
 
 void DeadObjects::Grades() {
     grades_.assign(objects_.size(), {Grade::Sure});
+    ByMentions();
+    ByStrings();
+    const bool isWhole = IsWhole(reach_.Projekt());
+    const InterfaceModules interfaces(reach_);
+    for (std::size_t place = 0; place < objects_.size(); ++place) {
+        const CodeObject& object = *objects_[place];
+        if (!isWhole && object.Zugriff != Access::Private)
+            Lower(object, {Grade::CannotTell, GradeReason::UnreadModules});
+        if (interfaces.Contains(*object.Modul) && object.Zugriff == Access::Public)
+            Lower(object, {Grade::Likely, GradeReason::InterfaceMember});
+        if (IsDesignerProperty(object))
+            Lower(object, {Grade::Likely, GradeReason::DesignerProperty});
+    }
+    for (const Declaration& declaration : reach_.TheDeclared().All())
+        if (declaration.kind == DeclaredKind::LeaveAlone)
+            if (const CodeObject* object = reach_.Projekt().GetObjectFromCodePath(LowerCase(declaration.codePath));
+                object && Contains(*object))
+                grades_[placeOf_[object->Number()] - 1].leftAlone = &declaration;
+    Spread();
+    // Only now it is known which types and enumerations stay.
+    for (const CodeObject* object : objects_)
+        if (object->Class() == ObjectClass::Variable)
+            ByOwner(static_cast<const clsVariable&>(*object));
+    Spread();
+}
+
+// The worse grade counts, and of equal ones the first reason.
+void DeadObjects::Lower(const CodeObject& object, const Grading& to) {
+    const std::uint32_t place = placeOf_[object.Number()];
+    if (place == 0 || grades_[place - 1].grade >= to.grade)
+        return;
+    const Declaration* const leftAlone = grades_[place - 1].leftAlone;
+    grades_[place - 1] = to;
+    grades_[place - 1].leftAlone = leftAlone;
+}
+
+void DeadObjects::ByMentions() {
+    for (const Mention& mention : MentionsOf(reach_.Projekt(), objects_)) {
+        const GradeReason reason = mention.kind == MentionKind::Code          ? GradeReason::NamedInCode
+                                   : mention.kind == MentionKind::NotCompiled ? GradeReason::NotCompiled
+                                                                              : GradeReason::DefaultMember;
+        Lower(*mention.object, {Grade::CannotTell, reason, nullptr, mention.modul, mention.pos});
+    }
+}
+
+// Procedures, and the variables that CallByName finds. A name of one object can stand in a literal of any module.
+void DeadObjects::ByStrings() {
+    std::unordered_map<std::string_view, std::pair<const clsModul*, Pos>> literals;
+    for (const CodeMarks& marks : reach_.Marks())
+        for (const NamePlace& place : marks.strings)
+            literals.emplace(place.name.View(), std::pair(marks.modul, place.pos));
+    if (literals.empty())
+        return;
+    for (const CodeObject* object : objects_) {
+        const bool isCallable = object->Class() == ObjectClass::Prozedur ||
+                                (object->Class() == ObjectClass::Variable && object->Zugriff == Access::Public &&
+                                 object->Modul->ModulTyp != ModuleKind::Module);
+        if (!isCallable)
+            continue;
+        if (const auto found = literals.find(object->MyName()); found != literals.end())
+            Lower(*object,
+                  {Grade::CannotTell, GradeReason::NamedInString, nullptr, found->second.first, found->second.second});
+    }
+}
+
+// A member of a type or an enumeration that does not go itself.
+void DeadObjects::ByOwner(const clsVariable& member) {
+    if (member.MyType && !GoesForSure(*member.MyType))
+        Lower(member, IsPassedOut(reach_.TheLinks(), *member.MyType)
+                          ? Grading{Grade::CannotTell, GradeReason::PassedOut}
+                          : Grading{Grade::Likely, GradeReason::ChangesLayout});
+    if (member.MyEnum && !GoesForSure(*member.MyEnum) && OthersCountOn(member))
+        Lower(member, {Grade::Likely, GradeReason::ShiftsMembers});
+}
+
+// Whether a member behind this one that stays gets its value from its place.
+bool DeadObjects::OthersCountOn(const clsVariable& member) const {
+    bool isBehind = false;
+    const std::string_view text = member.Modul->text->ModulTextOrg();
+    for (const clsVariable* other : member.MyEnum->MyVars) {
+        if (isBehind) {
+            const std::size_t at = text.find_first_not_of(" ]", static_cast<std::size_t>(other->DeclareEnd - 1));
+            if (at != std::string_view::npos && text[at] == '=')
+                return false;
+            if (!GoesForSure(*other))
+                return true;
+        }
+        isBehind |= other == &member;
+    }
+    return false;
+}
+
+// What something that may stay calls or uses has to stay as well.
+void DeadObjects::Spread() {
+    for (const Grade grade : {Grade::CannotTell, Grade::Likely}) {
+        std::vector<const CodeObject*> open;
+        for (std::size_t place = 0; place < objects_.size(); ++place)
+            if (grades_[place].grade == grade || (grade == Grade::CannotTell && grades_[place].leftAlone))
+                open.push_back(objects_[place]);
+        while (!open.empty()) {
+            const CodeObject& from = *open.back();
+            open.pop_back();
+            const bool isLeftAlone = GradeOf(from).leftAlone != nullptr;
+            const GradeReason reason = isLeftAlone                  ? GradeReason::UsedByLeftAlone
+                                       : grade == Grade::CannotTell ? GradeReason::UsedByUncertain
+                                                                    : GradeReason::UsedByLikely;
+            const auto lower = [&](const CodeObject& target) {
+                if (!Contains(target) || GradeOf(target).grade >= grade)
+                    return;
+                Lower(target, {grade, reason, &from});
+                open.push_back(&target);
+            };
+            reach_.TheLinks().ForEachFrom(from, [&](const Link& link, std::uint32_t) { lower(*link.to); });
+        }
+    }
 }

@@ -14,7 +14,8 @@ public:
     /// The members of the ring, itself first, that the object belongs to if nothing outside calls any of them; empty
     /// otherwise.
     [[nodiscard]] std::vector<const CodeObject*> RingOf(const CodeObject& object) const;
-    /// What calls or uses an object, each once, in the order of the code, without itself.
+    /// What calls or uses an object, each once, in the order of the code, without itself and
+    /// its members.
     [[nodiscard]] std::vector<const CodeObject*> CallersOf(const CodeObject& object) const;
     [[nodiscard]] const Grading& GradeOf(const CodeObject& object) const {
         return grades_[placeOf_[object.Number()] - 1];
@@ -23,6 +24,15 @@ public:
 private:
     void FindRings();
     void Grades();
+    void Lower(const CodeObject& object, const Grading& to);
+    void ByMentions();
+    void ByStrings();
+    void ByOwner(const clsVariable& member);
+    [[nodiscard]] bool OthersCountOn(const clsVariable& member) const;
+    [[nodiscard]] bool GoesForSure(const CodeObject& object) const {
+        return Contains(object) && GradeOf(object).grade == Grade::Sure;
+    }
+    void Spread();
 
     const Reach& reach_;
     std::vector<const CodeObject*> objects_;

@@ -1,7 +1,5 @@
 #include <algorithm>
 
-#include "calls/module_names.h"
-#include "calls/resolve.h"
 #include "model/clsControl.h"
 #include "model/clsProjekt.h"
 #include "platform/ascii.h"
@@ -103,10 +101,18 @@ private:
             return DoubtKind::Variant;
         if (type == "object" || type == "form" || type == "control" || type == "vb.form" || type == "vb.control")
             return DoubtKind::AnyObject;
-        const Name name = projekt_.TheNames().Find(type);
-        ModuleNames names(projekt_);
-        return name.Known() && modMain::Get_Typ_AusName(&modul_, name, names) ? DoubtKind::NotInType
-                                                                              : DoubtKind::UnknownType;
+        return IsTypeOf(projekt_.PublicNameSpace(), type) || IsTypeOf(modul_.PrivNameSpace, type)
+                   ? DoubtKind::NotInType
+                   : DoubtKind::UnknownType;
+    }
+    [[nodiscard]] static bool IsTypeOf(const NameSpace& nameSpace, std::string_view type) {
+        const auto point = type.rfind('.');
+        const clsSpaceName* const entry =
+            nameSpace.Item(point == std::string_view::npos ? type : type.substr(point + 1));
+        return entry && std::ranges::any_of(entry->Objects(), [](const CodeObject* object) {
+                   return object->Class() == ObjectClass::Type || object->Class() == ObjectClass::Enum ||
+                          object->Class() == ObjectClass::Modul;
+               });
     }
 
     const clsProjekt& projekt_;

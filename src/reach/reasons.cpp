@@ -6,6 +6,14 @@
 
 namespace {
 
+// Whether the objects of this call can be none of the project's: their type is a class of a library.
+bool IsForeign(const Reach& reach, const Link& link) {
+    if (link.kind != LinkKind::PossibleCall)
+        return false;
+    const Doubt doubt = DoubtOf(reach.Projekt(), link);
+    return doubt.kind == DoubtKind::UnknownType;
+}
+
 // Of a procedure whose mark says that it lives because of where it stands.
 bool LivesByRule(const CodeObject& object) {
     if (object.Class() != ObjectClass::Prozedur || object.IsDeath != 0)
@@ -60,11 +68,30 @@ Reason Reasons::ReasonOf(const CodeObject& given) const {
     return reason;
 }
 
+Grading Reasons::GradeOfPossible(const CodeObject& object) const {
+    const Declaration* const said =
+        reach_.TheDeclared().All().empty() ? nullptr : reach_.TheDeclared().Of(object.CodePath());
+    const Declaration* const leftAlone = said && said->kind == DeclaredKind::LeaveAlone ? said : nullptr;
+    if (const EntryPoint* entry = reach_.EntryPointAt(object))
+        return {Grade::CannotTell, GradeReason::NamedInString, nullptr, entry->modul, entry->pos, leftAlone};
+    Grading grading{Grade::Likely, GradeReason::OnlyForeignTypes};
+    reach_.TheLinks().ForEachTo(object, [&](const Link& link) {
+        if (reach_.StateOf(*link.from) == ReachState::None || grading.grade == Grade::CannotTell ||
+            IsForeign(reach_, link))
+            return;
+        const bool isCall = link.kind == LinkKind::PossibleCall;
+        grading = {Grade::CannotTell, isCall ? GradeReason::PossibleCalls : GradeReason::UsedByUncertain,
+                   isCall ? nullptr : link.from, ModuleOf(*link.from), link.pos};
+    });
+    grading.leftAlone = leftAlone;
+    return grading;
+}
+
 Grading Reasons::GradeOf(const CodeObject& given) const {
     const CodeObject& object = Answering(given);
     if (!Reach::Covers(object) || reach_.StateOf(object) == ReachState::Certain)
         return {};
     if (reach_.StateOf(object) == ReachState::Possible)
-        return {Grade::CannotTell, GradeReason::PossibleCalls};
+        return GradeOfPossible(object);
     return TheDead().Contains(object) ? TheDead().GradeOf(object) : Grading{Grade::Sure};
 }

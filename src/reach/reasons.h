@@ -56,7 +56,7 @@ enum class GradeReason : std::uint8_t {
     ChangesLayout,     // its type keeps other members, and its layout may matter
     InterfaceMember,   // classes implement it, so it goes with their procedures
     DesignerProperty,  // a property of a user control, which a form may set in its designer
-    OnlyForeignTypes,  // possible calls lead to it, but from objects that are none of the project
+    OnlyForeignTypes,  // possible calls lead to it, but from types that are none of the project
     UsedByLikely,      // used by an object of this grade, which is `of`
     // cannot tell
     PossibleCalls,    // possible calls lead to it
@@ -97,6 +97,7 @@ public:
 
 private:
     [[nodiscard]] const DeadObjects& TheDead() const;
+    [[nodiscard]] Grading GradeOfPossible(const CodeObject& object) const;
 
     const Reach& reach_;
     mutable std::unique_ptr<DeadObjects> dead_;

@@ -60,6 +60,8 @@ public:
     void Mark(Pos first, Pos last, CharFlag flag);
     /// Marks a stretch as left out by the compiler, and remembers it for the map's source.
     void Hide(Pos first, Pos last);
+    /// All stretches hidden so far, as first and last position.
+    [[nodiscard]] const std::pmr::vector<std::pair<Pos, Pos>>& Hidden() const { return hidden_; }
     /// Marks all stretches hidden so far.
     void HideAgain();
     /// The whole map, entry 0 unused. For passes over every character.

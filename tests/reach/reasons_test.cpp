@@ -1,5 +1,6 @@
 #include "reach/reasons.h"
 
+#include "support/golden.h"
 #include "support/project_test.h"
 
 namespace {
@@ -74,4 +75,170 @@ TEST_F(ReachOfObjects, EachReasonOfAProcedure) {
         SCOPED_TRACE(path);
         EXPECT_EQ(ReasonAt(path), reason);
     }
+}
+
+namespace {
+
+class GradesOfObjects : public ProgramState {
+protected:
+    // Reads a project of a standard module, a class and a user control.
+    static void Read(std::string_view standard, std::string_view type = "Exe", std::string_view classText = "",
+                     std::string_view control = "") {
+        ReadProject({{"P.vbp", "Type=" + std::string(type) +
+                                   "\nModule=M; M.bas\nClass=C; C.cls\nUserControl=U.ctl\nStartup=\"Sub Main\"\n"},
+                     {"M.bas", std::string(standard)},
+                     {"C.cls", std::string(classText)},
+                     {"U.ctl", std::string(control)}});
+        Analyse();
+    }
+    static Grading GradeAt(std::string_view codePath, Declared declared = {}) {
+        reach_ = std::make_unique<Reach>(*gProjekt, std::move(declared));
+        return Reasons(*reach_).GradeOf(ObjectAt(codePath));
+    }
+    static std::unique_ptr<Reach> reach_;
+    void TearDown() override {
+        reach_.reset();
+        ProgramState::TearDown();
+    }
+};
+std::unique_ptr<Reach> GradesOfObjects::reach_;
+
+}  // namespace
+
+TEST_F(GradesOfObjects, WhatTheCodeNamesWithoutACallIsNotSure) {
+    Read(R"(
+        Private Const Bound = 3, Alone = 4, Length = 5, Default = 6
+        Private list(1 To Bound) As Long
+        Public Enum Colour
+            red
+            green
+        End Enum
+        Sub Main()
+            x = list(1)
+            Dim s As String * Length
+            Read
+            x = Colour.red
+            #If Never Then
+                Hidden
+            #End If
+        End Sub
+        Sub Read(Optional ByVal n As Long = Default)
+            Shadow = 1
+            Read n:=Argument
+            Read Argument:=n
+        End Sub
+        Sub Hidden()
+            Below
+        End Sub
+        Sub Below()
+        End Sub
+        Sub Argument()
+        End Sub
+        Sub Shadowed()
+        End Sub
+        Sub Other()
+            Dim Shadowed
+            Shadowed = 1
+        End Sub
+    )");
+    using Case = std::tuple<const char*, Grade, GradeReason>;
+    for (const auto& [path, grade, reason] :
+         {Case{"m.main", Grade::Living, GradeReason::None}, Case{"m.alone", Grade::Sure, GradeReason::None},
+          Case{"m.bound", Grade::CannotTell, GradeReason::NamedInCode},
+          Case{"m.length", Grade::CannotTell, GradeReason::NamedInCode},
+          Case{"m.default", Grade::CannotTell, GradeReason::NamedInCode},
+          Case{"m.colour.red", Grade::CannotTell, GradeReason::NamedInCode},
+          Case{"m.colour.green", Grade::Sure, GradeReason::None},
+          Case{"m.hidden", Grade::CannotTell, GradeReason::NotCompiled},
+          Case{"m.below", Grade::CannotTell, GradeReason::UsedByUncertain},
+          Case{"m.shadowed", Grade::Sure, GradeReason::None}, Case{"m.other", Grade::Sure, GradeReason::None}}) {
+        SCOPED_TRACE(path);
+        EXPECT_EQ(GradeAt(path).grade, grade);
+        EXPECT_EQ(GradeAt(path).reason, reason);
+    }
+}
+
+TEST_F(GradesOfObjects, MembersGoWithoutHarmToTheOthersOnly) {
+    Read(R"(
+        Private Declare Sub Api Lib "x" (p As Passed)
+        Private Type Passed
+            used As Long
+            unused As Long
+        End Type
+        Private Type Kept
+            used As Long
+            unused As Long
+        End Type
+        Private Type Gone
+            a As Long
+        End Type
+        Private Enum Counted
+            first
+            unused
+            last
+        End Enum
+        Private Enum Numbered
+            one = 1
+            two
+            three = 3
+        End Enum
+        Sub Main()
+            Dim p As Passed, k As Kept
+            Api p
+            p.used = k.used + first + last + one + three
+        End Sub
+    )");
+    EXPECT_EQ(GradeAt("m.passed.unused").reason, GradeReason::PassedOut);
+    EXPECT_EQ(GradeAt("m.kept.unused").reason, GradeReason::ChangesLayout);
+    EXPECT_EQ(GradeAt("m.gone.a").grade, Grade::Sure);
+    EXPECT_EQ(GradeAt("m.counted.unused").reason, GradeReason::ShiftsMembers);
+    EXPECT_EQ(GradeAt("m.numbered.two").grade, Grade::Sure);
+}
+
+TEST_F(GradesOfObjects, MembersOfClassesByWhoMayUseThem) {
+    const char* const kClass =
+        "VERSION 1.0 CLASS\nBEGIN\n  MultiUse = -1  'True\nEND\nAttribute VB_Name = \"C\"\nAttribute VB_Exposed = "
+        "True\n"
+        "Option Explicit\nPublic Event Done()\nPublic Sub Open_()\nEnd Sub\nPrivate Sub Inner()\nEnd Sub\n"
+        "Public Property Get Item()\nAttribute Item.VB_UserMemId = 0\nEnd Property\n";
+    const char* const kControl = "Attribute VB_Name = \"U\"\nPublic Property Let Caption(x)\nEnd Property\n";
+    const char* const kMain = "Sub Main()\nEnd Sub\n";
+    Read(kMain, "Exe", kClass, kControl);
+    EXPECT_EQ(GradeAt("c.open_").grade, Grade::Sure);
+    EXPECT_EQ(GradeAt("c.item [get]").reason, GradeReason::DefaultMember);
+    EXPECT_EQ(GradeAt("u.caption [let]").reason, GradeReason::DesignerProperty);
+    Read(kMain, "OleDll", kClass, kControl);
+    EXPECT_EQ(GradeAt("c.open_").grade, Grade::Living);
+    EXPECT_EQ(GradeAt("c.done").grade, Grade::Living);
+    EXPECT_EQ(GradeAt("c.inner").grade, Grade::Sure);
+}
+
+TEST_F(GradesOfObjects, TheUsersWordCounts) {
+    Read("Sub Main()\nEnd Sub\nSub Job()\n Part\nEnd Sub\nSub Part()\nEnd Sub\n");
+    Declared declared;
+    declared.Set({DeclaredKind::EntryPoint, "M.Job", "scheduler"});
+    EXPECT_EQ(GradeAt("m.part", declared).grade, Grade::Living);
+    declared.Set({DeclaredKind::LeaveAlone, "m.job", "later"});
+    EXPECT_EQ(GradeAt("m.job", declared).leftAlone->comment, "later");
+    EXPECT_EQ(GradeAt("m.part", declared).reason, GradeReason::UsedByLeftAlone);
+}
+
+TEST_F(GradesOfObjects, CallersOfWhatIsSureAreSure) {
+    const auto check = [] {
+        const Reach reach(*gProjekt);
+        const Reasons reasons(reach);
+        int sure = 0;
+        reach.ForEachObject([&](const CodeObject& object) {
+            if (reasons.GradeOf(object).grade != Grade::Sure)
+                return;
+            ++sure;
+            reach.TheLinks().ForEachTo(object, [&](const Link& link) {
+                EXPECT_EQ(reasons.GradeOf(*link.from).grade, Grade::Sure) << object.CodePath();
+            });
+        });
+        return sure;
+    };
+    ReadSample();
+    Analyse();
+    EXPECT_GT(check(), 10);
 }

@@ -1,0 +1,25 @@
+// Places where the code names an object though no call was found there: in bounds of arrays and default values, which
+// the walk for calls passes over, in code left out by conditional compilation, in attributes.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "model/clsModul.h"
+
+class clsProjekt;
+
+enum class MentionKind : std::uint8_t { Code, NotCompiled, DefaultMember };
+
+struct Mention {
+    const CodeObject* object = nullptr;
+    MentionKind kind = MentionKind::Code;
+    const clsModul* modul = nullptr;
+    Pos pos = 0;
+};
+
+/// In the order of AllModules, those of a module by kind. A name that a local of the procedure has, or an argument
+/// behind which ":=" stands, means no object; behind a point it means one only if its module or enumeration stands
+/// before.
+/// @param objects  those that are looked for
+[[nodiscard]] std::vector<Mention> MentionsOf(const clsProjekt& projekt, const std::vector<const CodeObject*>& objects);
