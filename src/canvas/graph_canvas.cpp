@@ -100,9 +100,9 @@ void GraphCanvas::SetProject(clsProjekt* projekt) {
         Fit();
 }
 
-void GraphCanvas::ReplaceProject(clsProjekt* projekt) {
+void GraphCanvas::ReplaceProject(clsProjekt& projekt) {
     Forget();
-    graph_.SetProject(projekt);
+    graph_.ReplaceProject(projekt);
     Refresh();
 }
 
@@ -145,7 +145,7 @@ bool GraphCanvas::Change(const QString& text, const std::function<void(XGraph&)>
 }
 
 void GraphCanvas::Refresh() {
-    // Modules that were read again take their symbols with them. Undo brings back those whose objects are still there.
+    // Objects that have gone take their symbols with them. Undo brings back those that have come again.
     std::vector<SymbolPlace> places = graph_.Places();
     if (places != shown_) {
         GraphState before{std::move(shown_), file_};

@@ -58,7 +58,7 @@ public:
     /// An empty diagram of that project, or of none.
     void SetProject(clsProjekt* projekt);
     /// The same project was read again as a whole.
-    void ReplaceProject(clsProjekt* projekt);
+    void ReplaceProject(clsProjekt& projekt);
     /// Objects and edges become invalid: shows nothing until the next Refresh.
     void Forget();
     /// Shows the diagram as it is now: symbols that have gone, pictures, connectors.

@@ -114,6 +114,14 @@ void ChartBoard::Zoom(int step) {
     view_->Zoom(step);
 }
 
+int ChartBoard::ScrolledBy() const {
+    return view_->ScrolledBy();
+}
+
+void ChartBoard::ScrollTo(int pixels) {
+    view_->ScrollTo(pixels);
+}
+
 void ChartBoard::FitScroll() {
     const QSignalBlocker blocker(hScroll1_);
     hScroll1_->setRange(0, view_->ScrollRange());

@@ -29,6 +29,9 @@ public:
     /// Marks a module by the key of its node, if it takes part.
     void Mark(const std::string& key);
     void Zoom(int step);
+    /// How far the bars are moved to the right, in pixels.
+    [[nodiscard]] int ScrolledBy() const;
+    void ScrollTo(int pixels);
     [[nodiscard]] ChartView& View() const { return *view_; }
 
     void Texte();

@@ -13,3 +13,13 @@ void ForEachNode(const Baum& tree, Use use) {
         node = next;
     }
 }
+
+/// All nodes with this property, by identity that survives a refill.
+[[nodiscard]] inline std::vector<NodeId> NodesWhere(const Baum& tree, bool (BaumNode::*property)() const) {
+    std::vector<NodeId> nodes;
+    ForEachNode(tree, [&](const BaumNode& node) {
+        if ((node.*property)())
+            nodes.push_back(node.Id());
+    });
+    return nodes;
+}

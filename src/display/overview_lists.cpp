@@ -116,6 +116,8 @@ std::vector<ListedObject> ListOf(const clsProjekt& projekt, OverviewList list) {
         case OverviewList::LibrariesMissing:
             rows.Libraries(projekt, list == OverviewList::LibrariesMissing);
             break;
+        case OverviewList::Changes:
+            break;
     }
     return rows.Take();
 }

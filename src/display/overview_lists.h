@@ -22,14 +22,16 @@ enum class OverviewList : std::uint8_t {
     Undead,
     Libraries,
     LibrariesMissing,
+    Changes,  // of the last refresh: no list of a project by itself
 };
 
 struct ListedObject {
-    std::string key;    // of its node in the project tree; empty without one
-    std::string name;   // UTF-8, as spelled
-    std::string kind;   // UTF-8
-    std::string place;  // UTF-8: the file of a module or library, the module of any other object
-    int lines = 0;      // those that the list counts; for an object those of its declaration
+    std::string key;          // of its node in the project tree; empty without one
+    std::string name;         // UTF-8, as spelled
+    std::string kind;         // UTF-8
+    std::string place;        // UTF-8: the file of a module or library, the module of any other object
+    int lines = 0;            // those that the list counts; for an object those of its declaration
+    std::string change = {};  // UTF-8: what a refresh did to it
     bool operator==(const ListedObject&) const = default;
 };
 

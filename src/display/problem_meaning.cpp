@@ -23,6 +23,7 @@ Text ProblemMeaning(std::string_view tag) {
         {"clsTypeLib: FillPropertys (file)", Text::LibraryMissing},
         {"clsTypeLib: FillPropertys (version)", Text::LibraryOtherVersion},
         {"modRegistrySearch: GetAllKeys", Text::RegistryUnreadable},
+        {"clsProjekt: ChangedModule_Regenerieren", Text::ModuleStays},
         {"clsProjekt: Projekt_Laden", Text::NoResults},
         {"clsProjekt: Get_ProjektName", Text::NoResults},
         {"modMain: GetText", Text::NoEffect},

@@ -255,6 +255,10 @@ std::string_view LibraryImage(const clsTypeLib& library) {
     return *keys.insert(library.TypeLibID).first;
 }
 
+void ModulStruktur_Anzeigen(const clsModul& modul, Baum& tree, bool withLocals) {
+    clsModulAnzeige(modul, tree, withLocals).Anzeigen();
+}
+
 void ProjektStruktur_Anzeigen(const clsProjekt& projekt, Baum& tree, bool withLocals) {
     gProgress().Caption(gText.TextNr(Text::BuildingTree));
     gProgress().Range(0, std::max(1, projekt.CountAllModules()));

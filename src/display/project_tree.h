@@ -10,6 +10,7 @@
 #include "display/baum.h"
 
 class CodeObject;
+class clsModul;
 class clsProjekt;
 class clsTypeLib;
 
@@ -50,6 +51,9 @@ inline constexpr TreeGroupKind kLibraryTypes{" type []", "Type...", "type"};
 
 /// The icon of a library: the identifier of a component that has a picture of its own.
 [[nodiscard]] std::string_view LibraryImage(const clsTypeLib& library);
+
+/// Adds one module with all that it has.
+void ModulStruktur_Anzeigen(const clsModul& modul, Baum& tree, bool withLocals);
 
 /// Fills the tree with the whole project, with progress. A cancel keeps the nodes added so far.
 /// @param withLocals  whether procedures have their arguments and locals below them

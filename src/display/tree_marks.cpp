@@ -8,15 +8,21 @@
 
 void Tote_Objekte_Markieren(const clsProjekt& projekt, Baum& tree) {
     const Baum::Filling filling(tree);
-    const NodeColour ofDead = projekt.callsKnown ? NodeColour::Grey : NodeColour::Faint;
     for (const clsModul* modul : projekt.AllModules())
-        ForEachDeclared(*modul, [&](const CodeObject& object) {
-            BaumNode* node = tree.Item(object.CodePath());
-            if (!node)
-                return;
-            tree.SetImage(*node, object.GetImageKey());
-            tree.SetForeColor(*node, object.IsDeath < 1 ? NodeColour::Ordinary : ofDead);
-        });
+        Tote_Objekte_Markieren(projekt, *modul, tree);
+}
+
+void Tote_Objekte_Markieren(const clsProjekt& projekt, const clsModul& modul, Baum& tree) {
+    ForEachDeclared(modul, [&](const CodeObject& object) { Totes_Objekt_Markieren(projekt, object, tree); });
+}
+
+void Totes_Objekt_Markieren(const clsProjekt& projekt, const CodeObject& object, Baum& tree) {
+    BaumNode* node = tree.Item(object.CodePath());
+    if (!node)
+        return;
+    const NodeColour ofDead = projekt.callsKnown ? NodeColour::Grey : NodeColour::Faint;
+    tree.SetImage(*node, object.GetImageKey());
+    tree.SetForeColor(*node, object.IsDeath < 1 ? NodeColour::Ordinary : ofDead);
 }
 
 void Tote_Objekte_Markieren(const clsProzedur& prozedur, const LocalUses& locals, Baum& tree) {

@@ -28,16 +28,6 @@
 
 namespace {
 
-// All nodes with this property, by identity that survives a refill.
-std::vector<NodeId> NodesWhere(const Baum& tree, bool (BaumNode::*property)() const) {
-    std::vector<NodeId> nodes;
-    ForEachNode(tree, [&](const BaumNode& node) {
-        if ((node.*property)())
-            nodes.push_back(node.Id());
-    });
-    return nodes;
-}
-
 // A line of a text from 1, as its position in the text and its length; an empty one at the start if there is none.
 CodeRange LineAt(std::string_view text, int line) {
     std::size_t begin = 0;
@@ -139,61 +129,6 @@ std::optional<CallCounts> Workspace::ReadCalls() {
     return CountCalls(*projekt_);
 }
 
-Workspace::Refreshed Workspace::Refresh() {
-    using enum Refreshed::Outcome;
-    const ChangedFiles changed = Files_Check(*projekt_);
-    if (changed.whyNoProject != Text::None)
-        return {.outcome = NoProject, .whyNoProject = changed.whyNoProject};
-    if (!changed.project && changed.modules == 0)
-        return {};
-    FilesRead again;
-    bool isWhole = true;
-    if (changed.project) {
-        if (!LoadAgain())
-            return {.outcome = Cancelled};
-        const auto& modules = projekt_->OwnedModules();
-        again.files = changed.modules + 1;
-        again.unreadable = static_cast<int>(std::count_if(
-            modules.begin(), modules.end(), [](const auto& modul) { return modul->fileError != FileError::None; }));
-    } else {
-        isWhole =
-            ports_.run("ChangedModule_Regenerieren", false, [&] { again = ChangedModule_Regenerieren(*projekt_); });
-    }
-    if (!projekt_->callsKnown)
-        Tote_Untote_Kennzeichnen(*projekt_);  // the marks of a project just opened
-    NoteCostsOfMissingLibraries(*projekt_);
-    RefillTree();
-    const bool readNothing = !changed.project && again.unreadable == again.files;
-    return {!isWhole ? Cancelled : readNothing ? NothingRead : Done, again.files, again.unreadable};
-}
-
-// Loads the project as if it were opened, while what is shown stays. False after a cancel, which changes nothing.
-bool Workspace::LoadAgain() {
-    auto loaded = std::make_unique<clsProjekt>(files_);
-    loaded->FullPath = projekt_->FullPath;
-    loaded->CondComps_Win32_Win16(settings_.Win32 == 1);
-    ProblemList* const before = SetProblems(&loaded->problems);
-    if (!ports_.run("Projekt_Laden", true, [&] { Projekt_Laden(*loaded, SearchOfLibraries()); })) {
-        SetProblems(before);
-        return false;
-    }
-    const bool callsRead = CallsRead();
-    projekt_.swap(loaded);
-    ForgetObjects();
-    loaded.reset();
-    projekt_->OnReplaced([this] { ForgetObjects(); });
-    if (callsRead)
-        ports_.run("Who_Calls_Who", false, [this] { Who_Calls_Who(*projekt_); });
-    if (projekt_->callsKnown)
-        Tote_Untote_Kennzeichnen(*projekt_);
-    return true;
-}
-
-Workspace::Place Workspace::Here() const {
-    return {tree_.Selected() ? tree_.Selected()->Id() : NodeId(), NodesWhere(tree_, &BaumNode::Expanded),
-            NodesWhere(tree_, &BaumNode::Checked)};
-}
-
 ProjectView Workspace::View() const {
     return {.arrangement = settings_.Split,
             .selected = current_.value_or(NodeId()),
@@ -228,31 +163,6 @@ void Workspace::FillTree() {
         gProgress().Label(gText.TextNr(Text::BuildingTree));
         ProjektStruktur_Anzeigen(*projekt_, tree_, treeHasLocals_);
     });
-}
-
-void Workspace::RefillTree() {
-    const Place place = Here();
-    {
-        const Baum::Filling filling(tree_);
-        tree_.Clear();
-        FillTree();
-        Tote_Objekte_Markieren(*projekt_, tree_);
-        for (const std::string& path : localsShown_)
-            if (const CodeObject* object = ObjectOfNode(*projekt_, path);
-                object && object->Class() == ObjectClass::Prozedur)
-                MarkLocals(static_cast<const clsProzedur&>(*object));
-        for (const NodeId& id : place.checked)
-            if (BaumNode* node = tree_.Find(id))
-                tree_.SetChecked(*node, true);
-    }
-    RenewChecked();
-    Expand(place.expanded);
-    BaumNode* selected = tree_.Find(place.selected);
-    // A local may have no node any more; its procedure has.
-    if (!selected && ObjectOfNode(*projekt_, place.selected))
-        selected = tree_.Item(std::string_view(place.selected.key).substr(0, place.selected.key.rfind('.')));
-    if (selected)
-        tree_.Select(selected);
 }
 
 std::optional<Workspace::Shown> Workspace::Activate(const NodeId& id) {

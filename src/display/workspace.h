@@ -19,6 +19,7 @@
 #include "display/chart_table.h"
 #include "display/command_table.h"
 #include "display/project_view.h"
+#include "display/refresh_changes.h"
 #include "display/selection.h"
 #include "display/tree_checks.h"
 #include "findings/object_counts.h"
@@ -57,18 +58,35 @@ public:
         enum class Outcome : std::uint8_t {
             NothingChanged,
             Done,
-            NothingRead,  // files have changed, but none of them can be read
-            NoProject,    // the project file cannot be read any more; everything stays as it is
+            NothingRead,   // files have changed, but none of them can be read
+            BeingWritten,  // files are being written, and nothing else has changed
+            NoProject,     // the project file cannot be read any more; everything stays as it is
             Cancelled,
         };
         Outcome outcome = Outcome::NothingChanged;
         int files = 0;                   // that have changed
         int unreadable = 0;              // of them
         Text whyNoProject = Text::None;  // with NoProject
+        RefreshChanges changes = {};
     };
-    /// Reads the modules again whose files have changed, or the whole project if its own file has; keeps the selection,
-    /// folds, check marks, and the places for back and forward.
+    /// Reads the modules again whose files have changed, or the whole project if other libraries are listed; keeps the
+    /// selection, folds, check marks, and the places for back and forward.
     Refreshed Refresh();
+
+    /// What is shown beside the project tree and the current object, by keys that outlive a generation.
+    struct ShownPlace {
+        struct Neighbours {
+            std::vector<NodeId> open;
+            NodeId selected;
+        };
+        Neighbours calledBy, calls;
+        std::optional<bool> ofCaller;  // the code is that around the selected neighbour: of a caller, or of a callee
+        bool walksReferences = false;
+        int walkAt = 0;
+    };
+    [[nodiscard]] ShownPlace WhereShown() const;
+    /// To be called after ShowAgain. Returns what changes in the code.
+    std::optional<CodePane::Change> ComeBackTo(const ShownPlace& place);
 
     /// How the project is shown, to come back to it; the zoom is up to the window.
     [[nodiscard]] ProjectView View() const;
@@ -198,6 +216,10 @@ private:
     void ForgetObjects();
     void FillTree();
     void RefillTree();
+    void RefillTree(const std::function<void()>& fill);
+    [[nodiscard]] bool CanRefillModules(const GenerationRecord& before) const;
+    void RefillModules(const GenerationRecord& before);
+    void MarkLocalsAgain();
     void Expand(const std::vector<NodeId>& nodes);
     bool LoadAgain();
     [[nodiscard]] CodeObject* ProcedureOrCurrent() const;

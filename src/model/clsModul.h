@@ -37,7 +37,8 @@ public:
 
     ModuleKind ModulTyp = ModuleKind::Module;
     std::string FullPath;
-    FileError fileError = FileError::None;  // why there is no text
+    FileError fileError = FileError::None;     // why there is no text
+    FileError staleBecause = FileError::None;  // why the file could not be read again: the module stays as it was read
     FileTime DateLastModified = 0;
     int number = 0;  // running number among the module lines of the project file, from 1
 

@@ -16,6 +16,11 @@ std::int64_t PerformanceFrequency() {
     return Counter::period::den / Counter::period::num;
 }
 
+std::int64_t SystemTime() {
+    const auto now = std::chrono::system_clock::now().time_since_epoch();
+    return std::chrono::duration_cast<std::chrono::nanoseconds>(now).count();
+}
+
 float TimerOfDay() {
     timespec now{};
     tm local{};

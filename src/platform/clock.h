@@ -7,5 +7,7 @@
 [[nodiscard]] std::int64_t PerformanceCounter();
 /// Counter steps per second.
 [[nodiscard]] std::int64_t PerformanceFrequency();
+/// Nanoseconds since 1970, as files are dated.
+[[nodiscard]] std::int64_t SystemTime();
 /// Seconds since midnight, local time, in single precision.
 [[nodiscard]] float TimerOfDay();

@@ -117,29 +117,14 @@ void LoadModules(clsProjekt& projekt, std::string_view projektDir, std::string_v
         changes.push_back({{}, line.source});
     Replace(projekt, changes, [&](std::size_t nr, const clsModul& modul) {
         if (gAbort)
-            return false;
+            return Taken::NoMore;
         if (modul.fileError != FileError::None)
             TellUnreadable(projekt, modul, [&] { return missing.Count(lines[nr].line); });
         gProgress().Label(modul.myNameOrg());
         DoEvents();
         gProgress().Progressiere_mal();
-        return true;
+        return Taken::Yes;
     });
-}
-
-// A file that exists but could not be read is tried each time, because a change of its permissions has no date.
-bool HasChanged(const Files& files, const clsModul& modul) {
-    return modul.fileError != FileError::None ? files.FileExists(modul.FullPath)
-                                              : files.DateLastModified(modul.FullPath) != modul.DateLastModified;
-}
-
-// Indices in OwnedModules.
-std::vector<std::size_t> ChangedModules(const clsProjekt& projekt) {
-    std::vector<std::size_t> changed;
-    for (std::size_t place = 0; place < projekt.OwnedModules().size(); ++place)
-        if (HasChanged(projekt.TheFiles(), *projekt.OwnedModules()[place]))
-            changed.push_back(place);
-    return changed;
 }
 
 // Whether a line is one of those that Visual Basic writes into every project file, or lists a module.
@@ -152,15 +137,13 @@ bool IsProjectLine(std::string_view line) {
            std::find(kKeys.begin(), kKeys.end(), key) != kKeys.end();
 }
 
-// What the project becomes, and where it starts.
-void ReadTypeAndStartup(clsProjekt& projekt, std::string_view projectText) {
-    ForEachLine(projectText, [&projekt](std::string_view line) {
-        const std::string key = KeyOf(line);
-        if (key == "Type")
-            projekt.Type = Trim(line.substr(line.find('=') + 1));
-        else if (key == "Startup")
-            projekt.Startup = modMain::GetStringContent(line);
+std::string NameListed(std::string_view projectText) {
+    std::string name;
+    ForEachLine(projectText, [&](std::string_view line) {
+        if (KeyOf(line) == "Name")
+            name = modMain::GetStringContent(line);
     });
+    return name;
 }
 
 int CountLines(std::string_view text, const std::function<bool(std::string_view key)>& counts) {
@@ -209,17 +192,25 @@ std::string Get_Pfad_Aus_ModulEintrag(std::string_view projektDir, std::string_v
 }
 
 std::string Get_ProjektName(const clsProjekt& projekt) {
-    std::string name;
     if (!projekt.TheFiles().FileExists(projekt.FullPath))
-        return name;
+        return {};
     const FileText file = projekt.TheFiles().ReadText(projekt.FullPath);
     if (file.error != FileError::None)
         ShowFileError("clsProjekt: Get_ProjektName", file.error);
-    ForEachLine(file.text, [&](std::string_view line) {
-        if (KeyOf(line) == "Name")
-            name = modMain::GetStringContent(line);
+    return NameListed(file.text);
+}
+
+void ReadProjectLines(clsProjekt& projekt, std::string_view projectText) {
+    projekt.MyName = NameListed(projectText);
+    projekt.Type.clear();
+    projekt.Startup.clear();
+    ForEachLine(projectText, [&projekt](std::string_view line) {
+        const std::string key = KeyOf(line);
+        if (key == "Type")
+            projekt.Type = Trim(line.substr(line.find('=') + 1));
+        else if (key == "Startup")
+            projekt.Startup = modMain::GetStringContent(line);
     });
-    return name;
 }
 
 Text WhyNoProject(const FileText& file) {
@@ -239,17 +230,40 @@ Text WhyNoProject(const FileText& file) {
     return before.starts_with("VBGROUP") ? Text::ProjectGroup : Text::ProjectForeign;
 }
 
-void CondComp_Init(clsProjekt& projekt, std::string_view projectText) {
-    ForEachLine(projectText, [&projekt](std::string_view line) {
+std::vector<CondConstant> ConstantsListed(const clsProjekt& projekt, std::string_view projectText) {
+    std::vector<CondConstant> all = projekt.condComps;
+    all.resize(3);
+    ForEachLine(projectText, [&all](std::string_view line) {
         if (KeyOf(line) != "CondComp")
             return;
         const std::vector<CondConstant> constants = CondCompsOfLine(line);
         if (constants.empty())
             return;
-        projekt.condComps.resize(3);
-        projekt.condComps.insert(projekt.condComps.end(), constants.begin(), constants.end());
+        all.resize(3);
+        all.insert(all.end(), constants.begin(), constants.end());
     });
-    projekt.condComps.insert(projekt.condComps.end(), projekt.definedCondComps.begin(), projekt.definedCondComps.end());
+    all.insert(all.end(), projekt.definedCondComps.begin(), projekt.definedCondComps.end());
+    return all;
+}
+
+void CondComp_Init(clsProjekt& projekt, std::string_view projectText) {
+    projekt.condComps = ConstantsListed(projekt, projectText);
+}
+
+std::vector<ModuleSource> ModulesListed(const clsProjekt& projekt, std::string_view projectText) {
+    std::vector<ModuleSource> modules;
+    for (ModuleLine& line : ModuleLines(modMain::DirOrFileName(projekt.FullPath, 1), projectText))
+        modules.push_back(std::move(line.source));
+    return modules;
+}
+
+std::vector<std::string> LibraryLines(std::string_view projectText) {
+    std::vector<std::string> lines;
+    ForEachLine(projectText, [&lines](std::string_view line) {
+        if (const std::string key = KeyOf(line); key == "Reference" || key == "Object")
+            lines.emplace_back(line);
+    });
+    return lines;
 }
 
 void Projekt_Laden(clsProjekt& projekt, LibrarySearch* search) {
@@ -263,8 +277,7 @@ void Projekt_Laden(clsProjekt& projekt, LibrarySearch* search) {
         return;
     }
     projekt.DateLastModified = file.dateLastModified;
-    projekt.MyName = Get_ProjektName(projekt);
-    ReadTypeAndStartup(projekt, file.text);
+    ReadProjectLines(projekt, file.text);
     const int modules = GetAnzahlModule(file.text);
     if (modules == 0)
         return;
@@ -276,44 +289,4 @@ void Projekt_Laden(clsProjekt& projekt, LibrarySearch* search) {
     LoadModules(projekt, modMain::DirOrFileName(projekt.FullPath, 1), file.text);
     timer.Halt();
     projekt.TimeForStructure = timer.Get_TotalStr();
-}
-
-ChangedFiles Files_Check(const clsProjekt& projekt) {
-    ChangedFiles changed;
-    const FileText file = projekt.TheFiles().ReadText(projekt.FullPath);
-    changed.whyNoProject = WhyNoProject(file);
-    changed.project = file.dateLastModified != projekt.DateLastModified;
-    changed.modules = static_cast<int>(ChangedModules(projekt).size());
-    return changed;
-}
-
-FilesRead ChangedModule_Regenerieren(clsProjekt& projekt) {
-    gAbort = false;
-    FilesRead again;
-    std::vector<ModuleChange> changes;
-    for (const std::size_t place : ChangedModules(projekt)) {
-        const clsModul& modul = *projekt.OwnedModules()[place];
-        projekt.problems.ForgetOf(modul.FullPath);
-        changes.push_back({place, ModuleSource{modul.ModulTyp, modul.FullPath}});
-    }
-    const auto missingBehind = [&](std::size_t nr) {
-        return static_cast<int>(
-            std::count_if(changes.begin() + static_cast<std::ptrdiff_t>(nr) + 1, changes.end(),
-                          [&](const auto& change) { return !projekt.TheFiles().FileExists(change.source->path); }));
-    };
-    gProgress().Label(gText.TextNr(Text::LoadingProject));
-    gProgress().Range(0, static_cast<int>(changes.size()));
-    if (!changes.empty())
-        Replace(projekt, changes, [&](std::size_t nr, const clsModul& modul) {
-            if (modul.fileError != FileError::None) {
-                TellUnreadable(projekt, modul, [&] { return missingBehind(nr); });
-                if (gAbort)
-                    return false;
-                ++again.unreadable;
-            }
-            ++again.files;
-            gProgress().Progressiere_mal();
-            return true;
-        });
-    return again;
 }

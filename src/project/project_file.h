@@ -4,8 +4,10 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/files.h"
+#include "project/module_file.h"
 #include "shell/text_numbers.h"
 
 class LibrarySearch;
@@ -19,22 +21,14 @@ class clsProjekt;
 /// @param search  finds the files of the libraries; without it they are not sought
 void Projekt_Laden(clsProjekt& projekt, LibrarySearch* search = nullptr);
 
-/// What has changed on disk since the project was read.
-struct ChangedFiles {
-    Text whyNoProject = Text::None;  // why the project file cannot be read any more
-    bool project = false;            // the project file
-    int modules = 0;                 // files of modules; with those that were missing and exist now
-};
-[[nodiscard]] ChangedFiles Files_Check(const clsProjekt& projekt);
-
-struct FilesRead {
-    int files = 0;
-    int unreadable = 0;  // of them
-};
-/// Reads the modules again whose files have changed, and derives the rest again. Asks about a file that no longer
-/// exists, as loading does; once gAbort is set, the modules not yet taken stay as they are. A changed project file
-/// means loading the project again.
-FilesRead ChangedModule_Regenerieren(clsProjekt& projekt);
+/// The modules that a project file lists, in its order.
+[[nodiscard]] std::vector<ModuleSource> ModulesListed(const clsProjekt& projekt, std::string_view projectText);
+/// The constants that a project file gives its project, with those that the project has anyway.
+[[nodiscard]] std::vector<CondConstant> ConstantsListed(const clsProjekt& projekt, std::string_view projectText);
+/// The lines that name a library, in their order.
+[[nodiscard]] std::vector<std::string> LibraryLines(std::string_view projectText);
+/// Sets name, type and start-up object of a project.
+void ReadProjectLines(clsProjekt& projekt, std::string_view projectText);
 
 /// Text between the first two quotes of the last Name line of the project file.
 [[nodiscard]] std::string Get_ProjektName(const clsProjekt& projekt);

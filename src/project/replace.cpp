@@ -10,7 +10,8 @@
 
 namespace {
 
-// The modules read for the changes that have a source, in their order; fewer if `taken` returned false.
+// The modules read for the changes that have a source, in their order; null for one that was not taken, and fewer when
+// no more were.
 std::vector<std::unique_ptr<clsModul>> ReadChanged(clsProjekt& projekt, const std::vector<ModuleChange>& changes,
                                                    const ModuleRead& taken) {
     std::vector<std::size_t> reading;
@@ -25,28 +26,53 @@ std::vector<std::unique_ptr<clsModul>> ReadChanged(clsProjekt& projekt, const st
     for (const std::size_t change : reading) {
         const ErrorSubject subject(changes[change].source->path);
         std::unique_ptr<clsModul> modul = work.Next();
-        if (taken && !taken(change, *modul))
+        const Taken what = taken ? taken(change, *modul) : Taken::Yes;
+        if (what == Taken::NoMore)
             break;
+        if (what == Taken::No)
+            modul.reset();
         read.push_back(std::move(modul));
     }
     return read;
 }
 
+// Whether every module that was read was dropped, so that the project stays as it is.
+bool ChangesNothing(const std::vector<ModuleChange>& changes, const std::vector<std::unique_ptr<clsModul>>& read) {
+    return !changes.empty() &&
+           std::ranges::all_of(changes, [](const ModuleChange& change) { return change.source.has_value(); }) &&
+           std::ranges::all_of(read, [](const auto& modul) { return modul == nullptr; });
+}
+
+std::vector<std::unique_ptr<clsModul>> Ordered(std::vector<std::unique_ptr<clsModul>> modules,
+                                               const std::vector<std::size_t>& order) {
+    if (order.empty())
+        return modules;
+    std::vector<std::unique_ptr<clsModul>> ordered;
+    for (const std::size_t place : order)
+        if (place < modules.size())
+            ordered.push_back(std::move(modules[place]));
+    return ordered;
+}
+
 }  // namespace
 
-void Replace(clsProjekt& projekt, const std::vector<ModuleChange>& changes, const ModuleRead& taken) {
+void Replace(clsProjekt& projekt, const std::vector<ModuleChange>& changes, const ModuleRead& taken,
+             const std::vector<std::size_t>& order) {
     std::vector<std::unique_ptr<clsModul>> read = ReadChanged(projekt, changes, taken);
+    if (order.empty() && ChangesNothing(changes, read))
+        return;
     std::vector<std::unique_ptr<clsModul>> modules = projekt.TakeModules();
     auto next = read.begin();
     for (const ModuleChange& change : changes) {
         if (change.source && next == read.end())
             break;
         std::unique_ptr<clsModul> modul = change.source ? std::move(*next++) : nullptr;
-        if (change.place)
-            modules.at(*change.place) = std::move(modul);
-        else
+        if (!change.place)
             modules.push_back(std::move(modul));
+        else if (modul || !change.source)
+            modules.at(*change.place) = std::move(modul);
     }
+    modules = Ordered(std::move(modules), order);
     std::erase(modules, nullptr);
     projekt.SetModules(std::move(modules));
     if (projekt.callsKnown)

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <functional>
 #include <optional>
 #include <vector>
@@ -18,11 +19,18 @@ struct ModuleChange {
     std::optional<ModuleSource> source;
 };
 
-/// Called for each module read, in the order of the changes, before it joins the project. Returns false to omit this
-/// and all later changes.
-using ModuleRead = std::function<bool(std::size_t change, const clsModul& modul)>;
+/// What becomes of a module that was read: it joins the project, it is dropped and the one at its place stays, or this
+/// and all later changes are omitted.
+enum class Taken : std::uint8_t { Yes, No, NoMore };
+
+/// Called for each module read, in the order of the changes, before it joins the project.
+using ModuleRead = std::function<Taken(std::size_t change, const clsModul& modul)>;
 
 /// Reads the modules that change, on all processors, exchanges them, and derives the rest again: the index of names,
 /// and, where they were known, the graph of calls and the marks. Raises the generation and calls the project's
-/// listeners once. Pointers to objects of exchanged modules are invalid afterwards, and so is every clsCall.
-void Replace(clsProjekt& projekt, const std::vector<ModuleChange>& changes, const ModuleRead& taken = {});
+/// listeners once. Pointers to objects of exchanged modules are invalid afterwards, and so is every clsCall. Changes of
+/// which none was taken leave everything as it is.
+/// @param order  indices of all modules as the project is to have them: those of OwnedModules, and behind them those
+///               appended; empty if they stay in this order
+void Replace(clsProjekt& projekt, const std::vector<ModuleChange>& changes, const ModuleRead& taken = {},
+             const std::vector<std::size_t>& order = {});

@@ -100,6 +100,7 @@ Settings Optionen_Ini_Load(SettingsFile& file) {
     settings.Win32 = ReadSmall(file, "Win32", "1");
     settings.LoadLibs = ReadSmall(file, "LoadLibs", "1");
     settings.ReadCalls = ReadSmall(file, "ReadCalls", "1");
+    settings.RefreshAuto = ReadSmall(file, "RefreshAutomatically", "0");
     settings.AskAtClosing = ReadSmall(file, "AskAtClosing", "0");
     settings.ProcVars = ReadSmall(file, "ProcVarsInTreeView", "1");
     if (file.ReadString(kGeneral, "Language", "english") == "german")
@@ -137,6 +138,7 @@ void Optionen_Ini_Save(SettingsFile& file, const Settings& settings) {
     file.WriteString(kGeneral, "win32", std::to_string(settings.Win32));
     file.WriteString(kGeneral, "LoadLibs", std::to_string(settings.LoadLibs));
     file.WriteString(kGeneral, "ReadCalls", std::to_string(settings.ReadCalls));
+    file.WriteString(kGeneral, "RefreshAutomatically", std::to_string(settings.RefreshAuto));
     file.WriteString(kGeneral, "AskAtClosing", std::to_string(settings.AskAtClosing));
     file.WriteString(kGeneral, "ProcVarsInTreeView", std::to_string(settings.ProcVars));
     file.WriteString(kGeneral, "Language", settings.Language);

@@ -28,6 +28,7 @@ struct Settings {
     std::int16_t Win32 = 1;         // 1: conditional compilation for 32 bits
     std::int16_t LoadLibs = 1;
     std::int16_t ReadCalls = 1;        // 1: calls are read when a project opens
+    std::int16_t RefreshAuto = 0;      // 1: changed files are read again without being asked for
     std::int16_t AskAtClosing = 0;     // 1: a question before the window closes with a project open
     std::int16_t ProcVars = 1;         // 1: the project tree shows arguments and locals
     std::string Language = "english";  // or "german"

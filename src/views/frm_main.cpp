@@ -7,6 +7,7 @@
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QUrl>
+#include <QVBoxLayout>
 
 #include "display/problem_meaning.h"
 #include "display/recent_projects.h"
@@ -39,6 +40,7 @@
 #include "views/problems_list.h"
 #include "views/properties_grid.h"
 #include "views/questions.h"
+#include "views/refresh_notice.h"
 #include "views/search_bar.h"
 #include "views/start_page.h"
 #include "views/status_line.h"
@@ -133,6 +135,7 @@ CodeView& frmMain::rtbCode() const {
 }
 
 void frmMain::BuildPanes() {
+    BuildRefresh();
     pages_ = new QStackedWidget(this);
     start_ = new StartPage(pages_);
     project_ = new ProjectPane(workspace_.Tree(), settings_, *commands_, this);
@@ -161,7 +164,13 @@ void frmMain::BuildPanes() {
     panes_ = new MainPanes({rtbCodePath_, project_, lower_, calledByPane_, callsPane_, content_}, pages_);
     pages_->addWidget(start_);
     pages_->addWidget(panes_);
-    setCentralWidget(pages_);
+    auto* central = new QWidget(this);
+    auto* column = new QVBoxLayout(central);
+    column->setContentsMargins(0, 0, 0, 0);
+    column->setSpacing(0);
+    column->addWidget(&refresh_->Bar());
+    column->addWidget(pages_, 1);
+    setCentralWidget(central);
 }
 
 void frmMain::WireTrees() {
@@ -226,7 +235,7 @@ void frmMain::WireCode() {
 
 void frmMain::WireOverview() {
     connect(overview_, &OverviewPane::ListChosen, this,
-            [this](OverviewList list) { overview_->ShowList(list, ListOf(*gProjekt, list)); });
+            [this](OverviewList list) { overview_->ShowList(list, RowsOf(list)); });
     connect(overview_, &OverviewPane::ObjectChosen, this, [this](const std::string& key) {
         if (ActivateKey(key))
             BaumProjekt().setFocus();
@@ -282,6 +291,7 @@ void frmMain::frmMainTexte() {
     rtbCodePath_->Texte();
     lower_->Texte();
     panes_->Texte();
+    refresh_->Texte();
     dialogs_.progress->Texte();
     dialogs_.error->Texte();
     dialogs_.about->Texte();
@@ -373,6 +383,8 @@ void frmMain::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::PaletteChange)
         IconsPaletteChanged();
+    if (event->type() == QEvent::ActivationChange && isActiveWindow() && refresh_)
+        refresh_->Look();
     if (event->type() == QEvent::FontChange && panes_) {
         toolbar_->Fit(width());
         status_->Fit(width());

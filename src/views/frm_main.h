@@ -7,7 +7,9 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
+#include "display/overview_lists.h"
 #include "display/workspace.h"
 #include "shell/settings.h"
 
@@ -30,6 +32,7 @@ class PathLine;
 class ProblemsList;
 class ProjectPane;
 class QStackedWidget;
+class RefreshNotice;
 class SettingsFile;
 class StartPage;
 class StatusLine;
@@ -125,7 +128,6 @@ private:
     // frm_main_commands.cpp
     void WireCommands();
     void Wire(Command command, std::function<void(bool)> function);
-    void Files_Check();
     void ShowProblems();
     void ShowProjectCounts();
     void WriteReports(const std::string& operation);
@@ -163,6 +165,12 @@ private:
     void ShowOverview(bool shown);
     void ShowWholeModule(bool whole, bool withHeader);
 
+    // frm_main_refresh.cpp
+    void BuildRefresh();
+    [[nodiscard]] std::vector<ListedObject> RowsOf(OverviewList list) const;
+    Workspace::Refreshed RefreshFiles(bool isAsked);
+    void TellRefreshed(const Workspace::Refreshed& refreshed, bool isAsked);
+
     // frm_main_chart.cpp
     void WireChart();
     void ShowChart();
@@ -191,6 +199,7 @@ private:
     OverviewPane* overview_ = nullptr;
     ChartContent* chart_ = nullptr;
     GraphWiring* graph_ = nullptr;
+    RefreshNotice* refresh_ = nullptr;
     PathLine* rtbCodePath_ = nullptr;
     LowerPane* lower_ = nullptr;
 };

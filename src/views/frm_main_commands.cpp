@@ -5,7 +5,6 @@
 #include "display/diagnosis.h"
 #include "model/clsProjekt.h"
 #include "platform/files.h"
-#include "project/project_file.h"
 #include "project/project_page.h"
 #include "project/start.h"
 #include "shell/errors.h"
@@ -33,6 +32,7 @@
 #include "views/problems_list.h"
 #include "views/properties_grid.h"
 #include "views/questions.h"
+#include "views/refresh_notice.h"
 #include "views/search_bar.h"
 #include "views/status_line.h"
 #include "views/tree_panes.h"
@@ -139,7 +139,7 @@ void frmMain::MainActions(int nr) {
             ShowChart();
             break;
         case 11:
-            Files_Check();
+            refresh_->Refresh();
             break;
         case 12:
             graph_->ShowGraph();
@@ -181,36 +181,6 @@ QString frmMain::RunCalls() {
     return counts ? TextNr(Text::CallsRead, NumberText(counts->really), NumberText(counts->mayBe),
                            NumberText(counts->uses))
                   : TextNr(Text::ReadingCallsCancelled);
-}
-
-void frmMain::Files_Check() {
-    using enum Workspace::Refreshed::Outcome;
-    dialogs_.missingFiles->Forget();
-    const Workspace::Refreshed refreshed = workspace_.Refresh();
-    graph_->ModelChanged();
-    if (refreshed.outcome == NothingChanged) {
-        status_->Message(TextNr(Text::NoFileChanged));
-        return;
-    }
-    if (refreshed.outcome == NoProject) {
-        status_->Message(TextNr(Text::ProjectNotRead, ToPath(gProjekt->FullPath)));
-        ShowFailure(this, TextNr(Text::ProjectNotRead, ToPath(gProjekt->FullPath)) + QStringLiteral("\n\n") +
-                              TextNr(refreshed.whyNoProject));
-        return;
-    }
-    ShowAgain();
-    ShowTitle();
-    ShowContent();
-    ShowProjectCounts();
-    Activate_Commands();
-    const QString files = NumberText(refreshed.files);
-    status_->Message(refreshed.outcome == Cancelled     ? TextNr(Text::RefreshCancelled)
-                     : refreshed.outcome == NothingRead ? TextNr(Text::RefreshReadNothing)
-                     : refreshed.unreadable > 0
-                         ? TextNr(Text::RefreshIncomplete, files, NumberText(refreshed.unreadable))
-                         : TextNr(Text::FilesChanged, files));
-    if (refreshed.outcome == NothingRead)
-        ShowFailure(this, TextNr(Text::RefreshReadNothing));
 }
 
 void frmMain::WriteReports(const std::string& operation) {

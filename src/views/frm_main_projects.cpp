@@ -24,6 +24,7 @@
 #include "views/main_panes.h"
 #include "views/properties_grid.h"
 #include "views/questions.h"
+#include "views/refresh_notice.h"
 #include "views/start_page.h"
 #include "views/status_line.h"
 #include "widgets/qt_text.h"
@@ -88,6 +89,7 @@ void frmMain::OpenProject(const std::string& path) {
     status_->Message(calls.isEmpty() ? read : read + QLatin1Char(' ') + calls);
     Activate_Commands();
     graph_->ProjectOpened();
+    refresh_->ProjectChanged();
 }
 
 // What can be shown as it was before the calls are read.
@@ -107,6 +109,7 @@ void frmMain::LeaveProject() {
     }
     graph_->ProjectGoes();
     workspace_.Close();
+    refresh_->ProjectChanged();
     ShowTitle();
     ShowProjectCounts();
     status_->Message({});

@@ -185,7 +185,7 @@ void GraphWiring::EdgesGo() {
 
 void GraphWiring::ModelChanged() {
     if (canvas_.Graph().Projekt() != gProjekt.get())
-        canvas_.ReplaceProject(gProjekt.get());
+        canvas_.ReplaceProject(*gProjekt);
     else
         canvas_.Refresh();
 }

@@ -78,6 +78,7 @@ GeneralPage::GeneralPage(Settings& values, QWidget* parent)
     loadLibs_ = new QCheckBox;
     libraries_ = new LibraryOptions;
     readCalls_ = new QCheckBox;
+    refreshAuto_ = new QCheckBox;
     procVars_ = new QCheckBox(QStringLiteral("ProcVars in Treeview"));
     askAtClosing_ = new QCheckBox;
     codePageLabel_ = new QLabel;
@@ -90,6 +91,7 @@ GeneralPage::GeneralPage(Settings& values, QWidget* parent)
     optWin32_[1]->setObjectName(QStringLiteral("optWin321"));
     loadLibs_->setObjectName(QStringLiteral("LoadLibs"));
     readCalls_->setObjectName(QStringLiteral("ReadCalls"));
+    refreshAuto_->setObjectName(QStringLiteral("RefreshAuto"));
     procVars_->setObjectName(QStringLiteral("ProcVars"));
     askAtClosing_->setObjectName(QStringLiteral("AskAtClosing"));
     codePage_->setObjectName(QStringLiteral("CodePage"));
@@ -115,13 +117,14 @@ GeneralPage::GeneralPage(Settings& values, QWidget* parent)
     layout->addWidget(languageFrame_);
     layout->addWidget(win32Frame_);
     layout->addWidget(readFrame_);
+    layout->addWidget(refreshAuto_);
     layout->addWidget(procVars_);
     layout->addWidget(askAtClosing_);
     layout->addStretch();
 
     for (QRadioButton* button : {optLanguage_[0], optLanguage_[1], optWin32_[0], optWin32_[1]})
         connect(button, &QRadioButton::toggled, this, &GeneralPage::TakeValues);
-    for (QCheckBox* box : {loadLibs_, readCalls_, procVars_, askAtClosing_})
+    for (QCheckBox* box : {loadLibs_, readCalls_, refreshAuto_, procVars_, askAtClosing_})
         connect(box, &QCheckBox::toggled, this, &GeneralPage::TakeValues);
     connect(codePage_, &QComboBox::currentIndexChanged, this, &GeneralPage::TakeValues);
     connect(libraries_, &LibraryOptions::Changed, this, &GeneralPage::TakeValues);
@@ -137,6 +140,7 @@ void GeneralPage::Texte() {
     loadLibs_->setText(TextNr(Text::LoadLibraries));
     libraries_->Texte();
     readCalls_->setText(TextNr(Text::ReadCallsAtOpening));
+    refreshAuto_->setText(TextNr(Text::RefreshAutomatically));
     askAtClosing_->setText(TextNr(Text::AskBeforeClosing));
     codePageLabel_->setText(TextNr(Text::CodePageOfSources) + QLatin1Char(':'));
     codePage_->setAccessibleName(TextNr(Text::CodePageOfSources));
@@ -172,6 +176,7 @@ void GeneralPage::ShowValues() {
     libraries_->setEnabled(values_.LoadLibs != 0);
     libraries_->ShowValues(values_);
     readCalls_->setChecked(values_.ReadCalls != 0);
+    refreshAuto_->setChecked(values_.RefreshAuto != 0);
     procVars_->setChecked(values_.ProcVars != 0);
     askAtClosing_->setChecked(values_.AskAtClosing != 0);
     FillCodePages();
@@ -186,6 +191,7 @@ void GeneralPage::TakeValues() {
     values_.LoadLibs = loadLibs_->isChecked() ? 1 : 0;
     libraries_->TakeValues(values_);
     values_.ReadCalls = readCalls_->isChecked() ? 1 : 0;
+    values_.RefreshAuto = refreshAuto_->isChecked() ? 1 : 0;
     values_.ProcVars = procVars_->isChecked() ? 1 : 0;
     values_.AskAtClosing = askAtClosing_->isChecked() ? 1 : 0;
     values_.CodePage = codePage_->currentData().toString().toStdString();

@@ -36,7 +36,7 @@ private:
     bool showing_ = false;
     QGroupBox *languageFrame_, *win32Frame_, *readFrame_;
     std::array<QRadioButton*, 2> optLanguage_, optWin32_;
-    QCheckBox *loadLibs_, *readCalls_, *procVars_, *askAtClosing_;
+    QCheckBox *loadLibs_, *readCalls_, *refreshAuto_, *procVars_, *askAtClosing_;
     LibraryOptions* libraries_;
     QLabel* codePageLabel_;
     QComboBox* codePage_;

@@ -46,6 +46,8 @@ Text TitleOf(OverviewList list) {
             return Text::Libraries;
         case OverviewList::LibrariesMissing:
             return Text::LibrariesMissing;
+        case OverviewList::Changes:
+            return Text::ChangedByRefresh;
     }
     return Text::None;
 }
@@ -170,12 +172,28 @@ void OverviewPane::Show(const ProjectOverview& overview) {
 }
 
 void OverviewPane::ShowList(OverviewList list, std::vector<ListedObject> rows) {
-    list_ = list;
-    listed_ = static_cast<int>(rows.size());
-    NameList();
+    OpenTable(list, rows.size());
     table_->Show(std::move(rows));
+}
+
+void OverviewPane::OpenTable(OverviewList list, std::size_t rows) {
+    list_ = list;
+    listed_ = static_cast<int>(rows);
+    NameList();
     page_->hide();
     listPage_->show();
+}
+
+std::optional<OverviewPane::ListPlace> OverviewPane::OpenList() const {
+    return listPage_->isHidden() ? std::nullopt : std::optional(ListPlace{list_, table_->CurrentKey()});
+}
+
+void OverviewPane::ComeBackTo(const ListPlace& place, std::vector<ListedObject> rows) {
+    const bool hadFocus = page_->isAncestorOf(window()->focusWidget());
+    OpenTable(place.list, rows.size());
+    table_->ShowAgain(std::move(rows), place.key);
+    if (hadFocus)
+        table_->setFocus();
 }
 
 void OverviewPane::ShowPage() {

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <functional>
+#include <optional>
+#include <string>
 #include <vector>
 
 #include "display/overview_lists.h"
@@ -32,6 +34,15 @@ public:
     /// Shows the list behind a number.
     void ShowList(OverviewList list, std::vector<ListedObject> rows);
 
+    /// The list that is open, with the key of its current row.
+    struct ListPlace {
+        OverviewList list;
+        std::string key;
+    };
+    [[nodiscard]] std::optional<ListPlace> OpenList() const;
+    /// Opens the list again after the pane was cleared.
+    void ComeBackTo(const ListPlace& place, std::vector<ListedObject> rows);
+
     [[nodiscard]] ContentMode Mode() const override { return ContentMode::Overview; }
     void Texte() override;
     void ApplySettings() override {}
@@ -58,6 +69,7 @@ private:
     void AlignColumns();
     void ApplyFonts();
     void NameList();
+    void OpenTable(OverviewList list, std::size_t rows);
 
     ProjectOverview overview_;
     bool hasProject_ = false;

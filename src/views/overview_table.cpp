@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QSortFilterProxyModel>
+#include <algorithm>
 
 #include "views/copy_table.h"
 #include "widgets/qt_text.h"
@@ -48,6 +49,8 @@ QVariant OverviewModel::data(const QModelIndex& index, int role) const {
     if (role != Qt::DisplayRole && role != Qt::ToolTipRole && role != kSortRole)
         return {};
     switch (index.column()) {
+        case Change:
+            return FromUtf8(row->change);
         case Name:
             return FromUtf8(row->name);
         case Kind:
@@ -66,7 +69,7 @@ QVariant OverviewModel::headerData(int section, Qt::Orientation orientation, int
         return {};
     if (role == Qt::TextAlignmentRole)
         return static_cast<int>((section == Lines ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-    constexpr Text titles[] = {Text::NameColumn, Text::Kind, Text::Where, Text::Lines};
+    constexpr Text titles[] = {Text::ChangeColumn, Text::NameColumn, Text::Kind, Text::Where, Text::Lines};
     return role == Qt::DisplayRole ? QVariant(TextNr(titles[section])) : QVariant();
 }
 
@@ -94,16 +97,38 @@ OverviewTable::OverviewTable(QWidget* parent)
     connect(this, &QTableView::doubleClicked, this, &OverviewTable::Choose);
 }
 
+void OverviewTable::FitColumns(bool hasChanges) {
+    setColumnHidden(OverviewModel::Change, !hasChanges);
+    for (const int column : {OverviewModel::Change, OverviewModel::Kind, OverviewModel::Lines})
+        resizeColumnToContents(column);
+}
+
+std::string OverviewTable::CurrentKey() const {
+    const ListedObject* row = model_->RowAt(sorted_->mapToSource(currentIndex()));
+    return row ? row->key : std::string();
+}
+
+void OverviewTable::ShowAgain(std::vector<ListedObject> rows, const std::string& currentKey) {
+    const bool hasChanges = std::ranges::any_of(rows, [](const ListedObject& row) { return !row.change.empty(); });
+    model_->Show(std::move(rows));
+    FitColumns(hasChanges);
+    for (int row = 0; row < sorted_->rowCount(); ++row) {
+        const QModelIndex index = sorted_->index(row, OverviewModel::Name);
+        if (const ListedObject* listed = model_->RowAt(sorted_->mapToSource(index)); listed->key == currentKey)
+            return setCurrentIndex(index);
+    }
+}
+
 void OverviewTable::Show(std::vector<ListedObject> rows) {
+    const bool hasChanges = std::ranges::any_of(rows, [](const ListedObject& row) { return !row.change.empty(); });
     model_->Show(std::move(rows));
     // In the order of the list until the user clicks a heading.
     horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     sorted_->sort(-1);
-    resizeColumnToContents(OverviewModel::Kind);
-    resizeColumnToContents(OverviewModel::Lines);
+    FitColumns(hasChanges);
     scrollToTop();
     if (sorted_->rowCount() > 0)
-        setCurrentIndex(sorted_->index(0, 0));
+        setCurrentIndex(sorted_->index(0, OverviewModel::Name));
 }
 
 void OverviewTable::Texte() {

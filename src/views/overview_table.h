@@ -13,7 +13,7 @@ class OverviewModel final : public QAbstractTableModel {
     Q_OBJECT
 
 public:
-    enum Column { Name, Kind, Where, Lines, Columns };
+    enum Column { Change, Name, Kind, Where, Lines, Columns };
     using QAbstractTableModel::QAbstractTableModel;
 
     void Show(std::vector<ListedObject> rows);
@@ -35,6 +35,10 @@ public:
     explicit OverviewTable(QWidget* parent = nullptr);
 
     void Show(std::vector<ListedObject> rows);
+    /// Other rows of the same list: in the order that the user has chosen, with the same one current if it is there.
+    void ShowAgain(std::vector<ListedObject> rows, const std::string& currentKey);
+    /// Key of the current row; empty for none.
+    [[nodiscard]] std::string CurrentKey() const;
     void Texte();
 
 Q_SIGNALS:
@@ -50,6 +54,7 @@ protected:
 private:
     void Choose(const QModelIndex& index);
     void FitRows();
+    void FitColumns(bool hasChanges);
 
     OverviewModel* model_;
     QSortFilterProxyModel* sorted_;

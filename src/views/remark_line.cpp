@@ -25,6 +25,16 @@ void RemarkLine::Show(const QString& text) {
     setVisible(!text.isEmpty());
 }
 
+void RemarkLine::SetDismissText(const QString& text) {
+    if (!dismiss_) {
+        dismiss_ = new QToolButton(this);
+        dismiss_->setObjectName(button_->objectName() + QStringLiteral("Dismiss"));
+        layout()->addWidget(dismiss_);
+        connect(dismiss_, &QToolButton::clicked, this, &RemarkLine::Dismissed);
+    }
+    dismiss_->setText(text);
+}
+
 void RemarkLine::SetButtonText(const QString& text) {
     button_->setText(text);
 }

@@ -1,4 +1,5 @@
-// A line above a tree that says what is special about it, with a button that changes that. On the ground of a tool tip,
+// A line above a pane that says what is special about it, with a button that changes that, and perhaps one that hides
+// the line. On the ground of a tool tip,
 // so that it looks like a remark, not like a row of the tree.
 #pragma once
 
@@ -16,11 +17,15 @@ public:
     /// Hidden when `text` is empty.
     void Show(const QString& text);
     void SetButtonText(const QString& text);
+    /// A second button, which the line has once it has a text.
+    void SetDismissText(const QString& text);
 
 Q_SIGNALS:
     void Clicked();
+    void Dismissed();
 
 private:
     ElidedLabel* text_;
     QToolButton* button_;
+    QToolButton* dismiss_ = nullptr;
 };

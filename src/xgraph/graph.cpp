@@ -28,6 +28,15 @@ bool IsFar(const SymbolPlace& place, double farthest) {
 
 void XGraph::SetProject(clsProjekt* projekt) {
     Clear();
+    Follow(projekt);
+}
+
+void XGraph::ReplaceProject(clsProjekt& projekt) {
+    Follow(&projekt);
+    FindObjectsAgain([](const ctlGraphObj&) { return true; });
+}
+
+void XGraph::Follow(clsProjekt* projekt) {
     projekt_ = projekt;
     if (projekt)
         projekt->OnReplaced([this, projekt, exists = std::weak_ptr(exists_)] {
@@ -42,8 +51,26 @@ void XGraph::ProjectReplaced() {
     std::unordered_set<const clsModul*> modules;
     for (const std::unique_ptr<clsModul>& modul : projekt_->OwnedModules())
         modules.insert(modul.get());
-    RemoveIf([&](const ctlGraphObj& symbol) { return symbol.modul && !modules.contains(symbol.modul); });
+    FindObjectsAgain([&](const ctlGraphObj& symbol) { return symbol.modul && !modules.contains(symbol.modul); });
     GraphSymbolsRefresh();
+}
+
+template <class Lost>
+void XGraph::FindObjectsAgain(Lost hasLost) {
+    std::unordered_set<const ctlGraphObj*> gone;
+    for (const std::unique_ptr<ctlGraphObj>& symbol : symbols_) {
+        if (!hasLost(*symbol))
+            continue;
+        byObject_.erase(std::exchange(symbol->object, nullptr));
+        CodeObject* const object = projekt_->GetObjectFromCodePath(symbol->CodePath);
+        if (object && object->Class() == symbol->kind) {
+            TakeObject(*symbol, *object);
+            byObject_.emplace(object, symbol.get());
+        } else {
+            gone.insert(symbol.get());
+        }
+    }
+    RemoveIf([&](const ctlGraphObj& symbol) { return gone.contains(&symbol); });
 }
 
 template <class Goes>
@@ -78,15 +105,20 @@ const ctlGraphObj* XGraph::WithIndex(int index) const {
     return Find(index);
 }
 
-// Everything that follows from the object.
-void XGraph::Describe(ctlGraphObj& symbol, CodeObject& obj) const {
-    symbol.CodePath = obj.CodePath();
+// Everything that follows from the object, but its path: the keys of byPath_ look into that.
+void XGraph::TakeObject(ctlGraphObj& symbol, CodeObject& obj) const {
+    symbol.kind = obj.Class();
     symbol.object = &obj;
     symbol.modul = OwnerOf(obj);
     symbol.MyModul = ModulCaptionOf(obj);
     symbol.MyName = obj.myNameOrg();
     symbol.image = obj.GetImageKey();
     AlignObjects(symbol, sizes_);
+}
+
+void XGraph::Describe(ctlGraphObj& symbol, CodeObject& obj) const {
+    symbol.CodePath = obj.CodePath();
+    TakeObject(symbol, obj);
 }
 
 GraphSize XGraph::SizeOf(CodeObject& obj) const {

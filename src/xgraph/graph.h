@@ -2,7 +2,8 @@
 // of it: they follow from the symbols and the calls of the project (connectors.h).
 //
 // Symbols refer to objects of the project, which last for one generation. The graph listens to its project: a symbol
-// whose module was read again is removed before anybody can ask for it.
+// whose module was read again takes the object of the same kind and path, and goes if there is none, before anybody can
+// ask for it.
 #pragma once
 
 #include <cstddef>
@@ -40,6 +41,8 @@ public:
     /// Removes all symbols; those to come are of this project, which may be null. Call it before the project before
     /// goes. Graph and project may end in any order.
     void SetProject(clsProjekt* projekt);
+    /// The same project was read again as a whole: symbols take their objects from it, and go if they have none there.
+    void ReplaceProject(clsProjekt& projekt);
     [[nodiscard]] clsProjekt* Projekt() const { return projekt_; }
 
     // Symbols. Their addresses stay as long as they are on the graph.
@@ -121,13 +124,17 @@ public:
     [[nodiscard]] static double FarthestTwips(std::size_t symbols);
 
 private:
+    void Follow(clsProjekt* projekt);
     void ProjectReplaced();
+    template <class Lost>
+    void FindObjectsAgain(Lost hasLost);
     template <class Goes>
     int RemoveIf(Goes goes);
     [[nodiscard]] ctlGraphObj* Find(int index) const;
     void SetSelected(ctlGraphObj& symbol, bool selected);
     void Put(ctlGraphObj& symbol, GraphPoint place);
     [[nodiscard]] ctlGraphObj* SymbolAt(const std::string& codePath);
+    void TakeObject(ctlGraphObj& symbol, CodeObject& obj) const;
     void Describe(ctlGraphObj& symbol, CodeObject& obj) const;
     void PutOnCanvas(ctlGraphObj& symbol, GraphPoint place);
 

@@ -7,10 +7,10 @@
 #include <string>
 #include <string_view>
 
+#include "model/code_object.h"
 #include "xgraph/geometry.h"
 
 class clsModul;
-class CodeObject;
 
 /// The captions: that of the module or library in Arial 6.75 pt, grey; that of the object below it, bold.
 enum class SymbolLabel : std::uint8_t { Modul, Name };
@@ -36,9 +36,10 @@ struct SymbolLayout {
 };
 
 struct ctlGraphObj {
-    int Index = 0;                 // from 1; that of a symbol which was removed is never used again
-    std::string CodePath;          // of its object, lower case: the key of the symbol
-    CodeObject* object = nullptr;  // lasts for one generation of the project; XGraph removes the symbol before it goes
+    int Index = 0;         // from 1; that of a symbol which was removed is never used again
+    std::string CodePath;  // of its object, lower case: the key of the symbol
+    ObjectClass kind = ObjectClass::Modul;
+    CodeObject* object = nullptr;     // of this generation of the project; XGraph finds that of the next
     const clsModul* modul = nullptr;  // of the project, that the object belongs to; null for what libraries contain
     std::string MyModul;              // first caption: of the module or library of the object; bytes as in the source
     std::string MyName;               // second caption: name of the object

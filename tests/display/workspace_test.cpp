@@ -386,18 +386,22 @@ TEST_F(Workspaces, RefreshSaysWhatCouldNotBeRead) {
     files_.Remove("Reference.bas");
     EXPECT_EQ(workspace_.Refresh().outcome, NoProject);
     EXPECT_TRUE(workspace_.Tree().Item("reference.go")) << "what was read stays";
-    files_.WriteWhole("App.vbp", project);
     {
+        // Other libraries are read with the whole project, which asks about files that are missing.
+        files_.WriteWhole("App.vbp", project + "Reference=*\\G{1}#1.0#0#C:\\w\\x.tlb#X\r\n");
         const ScriptedQuestions cancel{true};
         EXPECT_EQ(workspace_.Refresh().outcome, Cancelled);
         EXPECT_TRUE(workspace_.Tree().Item("reference.go"));
     }
+    files_.WriteWhole("App.vbp", project);
     files_.WriteWhole("Reference.bas", module);
     EXPECT_EQ(workspace_.Refresh().outcome, Done);
     files_.Remove("Reference.bas");
-    const ScriptedQuestions goOn{};
-    EXPECT_EQ(workspace_.Refresh().outcome, NothingRead);
-    EXPECT_FALSE(workspace_.Tree().Item("reference.go"));
+    const Workspace::Refreshed refreshed = workspace_.Refresh();
+    EXPECT_EQ(refreshed.outcome, NothingRead);
+    EXPECT_EQ(refreshed.changes.unreadable, 1);
+    EXPECT_TRUE(workspace_.Tree().Item("reference.go"));
+    EXPECT_EQ(workspace_.Refresh().outcome, NothingChanged);
 }
 
 TEST_F(Workspaces, LineOfAModuleLeadsToItsProcedure) {

@@ -235,22 +235,3 @@ TEST_F(ProjectReading, ForeignFilesAreRefusedWithTheirReason) {
     EXPECT_EQ(why("<Project Type=\"Exe\"/>\nName of it\nname=x\n"), Text::ProjectForeign);
     EXPECT_EQ(WhyNoProject(MemoryFiles().ReadText("P.vbp")), Text::CauseNotFound);
 }
-
-TEST_F(ProjectReading, FilesThatComeAndGoHaveChanged) {
-    Read("Type=Exe\nModule=A; A.bas\nForm=B.frm\nClass=X; X.cls");
-    EXPECT_EQ(Files_Check(*gProjekt).modules, 0) << "a missing file that is still missing";
-    ProjectFiles().WriteWhole("p/X.cls", "Public x\r\n");
-    ProjectFiles().Remove("p/B.frm");
-    EXPECT_EQ(Files_Check(*gProjekt).modules, 2);
-    const ScriptedQuestions questions{};
-    const FilesRead read = ChangedModule_Regenerieren(*gProjekt);
-    EXPECT_EQ(read.files, 2);
-    EXPECT_EQ(read.unreadable, 1);
-    EXPECT_EQ(NamesIn(gProjekt->Klassenmodule) + NamesIn(gProjekt->Formulare), "X");
-    EXPECT_EQ(Files_Check(*gProjekt).modules, 0);
-    EXPECT_FALSE(Files_Check(*gProjekt).project);
-    ProjectFiles().WriteWhole("p/P.vbp", "Type=Exe\n");
-    EXPECT_TRUE(Files_Check(*gProjekt).project);
-    ProjectFiles().Remove("p/P.vbp");
-    EXPECT_EQ(Files_Check(*gProjekt).whyNoProject, Text::CauseNotFound);
-}

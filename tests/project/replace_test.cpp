@@ -284,7 +284,7 @@ TEST_F(Replacing, ChangesThatAreNotTakenLeaveTheirModulesAsTheyAre) {
     Replace(*gProjekt, {{0, source("p\\A.bas")}, {1, source("p\\B.bas")}, {2, {}}},
             [&asked](std::size_t change, const clsModul&) {
                 asked.push_back(change);
-                return change == 0;
+                return change == 0 ? Taken::Yes : Taken::NoMore;
             });
     EXPECT_THAT(asked, ElementsAre(0, 1));
     EXPECT_EQ(NamesIn(ModuleOf("a").MyVars) + NamesIn(ModuleOf("b").MyVars) + NamesIn(ModuleOf("c").MyVars),

@@ -12,6 +12,7 @@
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
 #include "model/clsType.h"
+#include "source/module_text.h"
 
 namespace {
 
@@ -19,6 +20,9 @@ namespace {
 class ProjectDump {
 public:
     explicit ProjectDump(const clsProjekt& projekt) {
+        Line("project", projekt.MyName, projekt.Type, projekt.Startup);
+        for (const CondConstant& constant : projekt.condComps)
+            Line("constant", constant.first, constant.second);
         Line("lines", projekt.AnzCodeZeilen, projekt.AnzCommentZeilen, projekt.AnzBlankZeilen);
         const ObjectCounts counts = projekt.Counts();
         Line("counts", counts.variable, counts.type, counts.einEnum, counts.prozedur, counts.modul, counts.call,
@@ -106,6 +110,8 @@ private:
         Line("modul", modul.number, TextOf(modul.ModulTyp), modul.FullPath, static_cast<int>(modul.fileError),
              modul.text != nullptr, modul.BeginnVarBereich, modul.BeginnProcBereich, modul.LineCount, modul.AnzLineCode,
              modul.AnzLineComment, modul.AnzLineBlank);
+        if (modul.text)
+            Line("  text", modul.text->ModulTextOrg());
         Object(modul);
         for (const clsCall* call : modul.CallsInDeclarations())
             Edge("  declares", *call);

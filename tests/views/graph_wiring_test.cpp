@@ -168,17 +168,29 @@ TEST_F(GraphWindow, ADiagramWaitsForItsProject) {
     EXPECT_EQ(Canvas().Graph().GraphObjects().front()->Left, 600);
 }
 
-TEST_F(GraphWindow, SymbolsOfModulesReadAgainGoAndComeBackByUndo) {
+TEST_F(GraphWindow, SymbolsOfObjectsThatHaveGoneComeBackByUndo) {
     Open();
     Show("modmain.main");
-    Show("modmain");
+    Show("modstore");
+    const std::vector<SymbolPlace> before = Canvas().Graph().Places();
     const std::string file = directory_.Path("samples/ToolHire/modMain.bas");
-    std::ofstream(file, std::ios::app | std::ios::binary) << "Private Sub Added()\r\nEnd Sub\r\n";
-    std::filesystem::last_write_time(file, std::filesystem::last_write_time(file) + std::chrono::seconds(10));
-    Command("Refresh").trigger();
-    EXPECT_TRUE(Canvas().Graph().GraphObjects().empty());
+    std::ostringstream text;
+    text << std::ifstream(file, std::ios::binary).rdbuf();
+    const auto save = [&](const std::string& bytes) {
+        const auto date = std::filesystem::last_write_time(file);
+        std::ofstream(file, std::ios::binary) << bytes;
+        std::filesystem::last_write_time(file, date + std::chrono::seconds(10));
+        Command("Refresh").trigger();
+    };
+    const int steps = Canvas().Undo().count();
+    save(text.str() + "Private Sub Added()\r\nEnd Sub\r\n");
+    EXPECT_EQ(Canvas().Graph().Places(), before);
+    EXPECT_EQ(Canvas().Undo().count(), steps) << "nothing to undo";
+    save("Attribute VB_Name = \"modMain\"\r\n");
+    EXPECT_EQ(Canvas().Graph().GraphObjects().size(), 1U);
+    save(text.str());
     Command("UndoGraph").trigger();
-    EXPECT_EQ(Canvas().Graph().GraphObjects().size(), 2U);
+    EXPECT_EQ(Canvas().Graph().Places(), before);
     EXPECT_FALSE(Canvas().grab().isNull());
 }
 

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "graph_support.h"
+#include "project/project_file.h"
 #include "project/replace.h"
 #include "support/library_project.h"
 #include "xgraph/steps.h"
@@ -112,17 +113,29 @@ TEST_F(Graphs, BoundsAreNeverSmallerThanTheView) {
     EXPECT_EQ(graph.GraphBoundsRefresh({}), view) << "nothing has changed them since";
 }
 
-TEST_F(Graphs, SymbolsOfModulesReadAgainLeave) {
+TEST_F(Graphs, SymbolsStayWhereTheirObjectsComeAgain) {
     ReadProject({{"M.bas", kThree}, {"N.bas", "Sub Here()\nEnd Sub\n"}});
-    Put({"m", "m.go", "n.here"});
+    Put({"m", "m.go", "n.here", "m.stay", "m.turn"});
     graph.GraphSelectAll();
     graph.SetActive(2);
+    const std::vector<SymbolPlace> before = graph.Places();
+    // The second is another kind of object now, the third has gone, and the first is spelled differently.
+    ProjectFiles().WriteWhole("p\\M.bas",
+                              "Attribute VB_Name = \"M\"\r\nPublic Stay\r\nPrivate Sub GO()\r\nEnd Sub\r\n");
     Replace(*gProjekt, {{0, ModuleSource{ModuleKind::Module, "p\\M.bas"}}});
-    EXPECT_EQ(Symbols(), "n.here*");
-    EXPECT_EQ(graph.GraphSelected().size(), 1U);
-    EXPECT_EQ(graph.Active(), nullptr);
-    EXPECT_EQ(graph.GraphObj(ObjectAt("n.here")), &At("n.here"));
-    EXPECT_NE(graph.Drop(&ObjectAt("m.go"), {}), nullptr);
+    EXPECT_EQ(Symbols(), "m* m.go* n.here*");
+    EXPECT_EQ(graph.GraphSelected().size(), 3U);
+    ASSERT_TRUE(graph.Active());
+    EXPECT_EQ(graph.Active()->MyName, "GO");
+    for (const char* path : {"m", "m.go", "n.here"})
+        EXPECT_EQ(graph.GraphObj(ObjectAt(path)), &At(path));
+    EXPECT_THAT(graph.Places(), ElementsAre(before[0], before[1], before[2]));
+    clsProjekt other(ProjectFiles());
+    other.FullPath = gProjekt->FullPath;
+    Projekt_Laden(other);
+    graph.ReplaceProject(other);
+    EXPECT_EQ(Symbols(), "m* m.go* n.here*");
+    EXPECT_EQ(graph.Active()->object, other.GetObjectFromCodePath("m.go"));
     graph.SetProject(nullptr);
     EXPECT_EQ(Symbols(), "");
     { XGraph(sizes).SetProject(gProjekt.get()); }

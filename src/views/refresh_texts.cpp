@@ -1,0 +1,69 @@
+#include "views/refresh_texts.h"
+
+#include <QStringList>
+
+#include "display/refresh_changes.h"
+#include "project/refresh.h"
+#include "shell/words.h"
+#include "widgets/qt_text.h"
+
+namespace {
+
+constexpr int kMostNames = 8;
+
+QString NameOf(const ChangedFile& file) {
+    const QString name = ToQString(modMain::DirOrFileName(file.path, 0));
+    return file.what == FileChange::Gone ? TextNr(Text::FileIsMissing, name) : name;
+}
+
+QString Joined(QStringList names) {
+    if (names.size() > kMostNames)
+        names = names.mid(0, kMostNames) << QString(QChar(0x2026));
+    return names.join(QStringLiteral(", "));
+}
+
+QString Counted(int count, Text one, Text many) {
+    return count == 1 ? TextNr(one) : TextNr(many, NumberText(count));
+}
+
+}  // namespace
+
+QString NoticeOf(const ChangedFiles& changed) {
+    QStringList names;
+    for (const ChangedFile& file : changed.files)
+        if (file.what != FileChange::BeingWritten)
+            names.append(NameOf(file));
+    if (names.isEmpty())
+        return {};
+    return names.size() == 1 ? TextNr(Text::OneFileChanged, names.front())
+                             : TextNr(Text::SomeFilesChanged, NumberText(names.size()), Joined(names));
+}
+
+QString StillWritten(const ChangedFiles& changed) {
+    QStringList names;
+    for (const ChangedFile& file : changed.files)
+        if (file.what == FileChange::BeingWritten)
+            names.append(NameOf(file));
+    return Joined(names);
+}
+
+QString SummaryOf(const RefreshChanges& changes) {
+    if (changes.rows.empty())
+        return {};
+    QStringList procedures;
+    procedures.append(changes.changed > 0 ? Counted(changes.changed, Text::OneProcedureChanged, Text::ProceduresChanged)
+                                          : TextNr(Text::NoProcedureChanged));
+    const auto add = [](QStringList& parts, int count, Text text) {
+        if (count > 0)
+            parts.append(TextNr(text, NumberText(count)));
+    };
+    add(procedures, changes.added, Text::CountNew);
+    add(procedures, changes.gone, Text::CountGone);
+    QStringList parts{procedures.join(QStringLiteral(", "))};
+    if (changes.others > 0)
+        parts.append(Counted(changes.others, Text::OneOtherChanged, Text::OthersChanged));
+    add(parts, changes.newlyDead, Text::CountNewlyDead);
+    add(parts, changes.noLongerDead, Text::CountNoLongerDead);
+    add(parts, changes.unreadable, Text::CountNotReadable);
+    return parts.join(QStringLiteral("; "));
+}

@@ -1,0 +1,14 @@
+// What the window says about files that have changed, and about what a refresh has changed.
+#pragma once
+
+#include <QString>
+
+struct ChangedFiles;
+struct RefreshChanges;
+
+/// "3 files changed: modStore.bas, modSlip.bas (missing), …"; empty while all that has changed is being written.
+[[nodiscard]] QString NoticeOf(const ChangedFiles& changed);
+/// "12 procedures changed, 2 new, 1 gone; 3 newly dead"; empty if nothing did.
+[[nodiscard]] QString SummaryOf(const RefreshChanges& changes);
+/// The names of the files that are being written.
+[[nodiscard]] QString StillWritten(const ChangedFiles& changed);
