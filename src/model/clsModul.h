@@ -39,6 +39,7 @@ public:
     std::string FullPath;
     FileError fileError = FileError::None;  // why there is no text
     FileTime DateLastModified = 0;
+    bool isEdited = false;  // the text differs from that of the file, from which something was deleted
     int number = 0;  // running number among the module lines of the project file, from 1
 
     std::unique_ptr<ModuleText> text;  // null for files that are empty or could not be read

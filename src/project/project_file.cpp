@@ -133,11 +133,12 @@ bool HasChanged(const Files& files, const clsModul& modul) {
                                               : files.DateLastModified(modul.FullPath) != modul.DateLastModified;
 }
 
-// Indices in OwnedModules.
-std::vector<std::size_t> ChangedModules(const clsProjekt& projekt) {
+// Indices in OwnedModules; edited modules stand apart, as their files would bring back what was deleted.
+std::vector<std::size_t> ChangedModules(const clsProjekt& projekt, bool edited = false) {
     std::vector<std::size_t> changed;
     for (std::size_t place = 0; place < projekt.OwnedModules().size(); ++place)
-        if (HasChanged(projekt.TheFiles(), *projekt.OwnedModules()[place]))
+        if (const clsModul& modul = *projekt.OwnedModules()[place];
+            modul.isEdited == edited && HasChanged(projekt.TheFiles(), modul))
             changed.push_back(place);
     return changed;
 }
@@ -284,6 +285,8 @@ ChangedFiles Files_Check(const clsProjekt& projekt) {
     changed.whyNoProject = WhyNoProject(file);
     changed.project = file.dateLastModified != projekt.DateLastModified;
     changed.modules = static_cast<int>(ChangedModules(projekt).size());
+    for (const std::size_t place : ChangedModules(projekt, true))
+        changed.edited.push_back(projekt.OwnedModules()[place]->FullPath);
     return changed;
 }
 

@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "platform/files.h"
 #include "shell/text_numbers.h"
@@ -21,9 +22,10 @@ void Projekt_Laden(clsProjekt& projekt, LibrarySearch* search = nullptr);
 
 /// What has changed on disk since the project was read.
 struct ChangedFiles {
-    Text whyNoProject = Text::None;  // why the project file cannot be read any more
-    bool project = false;            // the project file
-    int modules = 0;                 // files of modules; with those that were missing and exist now
+    Text whyNoProject = Text::None;   // why the project file cannot be read any more
+    bool project = false;             // the project file
+    int modules = 0;                  // files of modules; with those that were missing and exist now
+    std::vector<std::string> edited;  // files of modules from which something was deleted that is not saved
 };
 [[nodiscard]] ChangedFiles Files_Check(const clsProjekt& projekt);
 
@@ -32,8 +34,8 @@ struct FilesRead {
     int unreadable = 0;  // of them
 };
 /// Reads the modules again whose files have changed, and derives the rest again. Asks about a file that no longer
-/// exists, as loading does; once gAbort is set, the modules not yet taken stay as they are. A changed project file
-/// means loading the project again.
+/// exists, as loading does; once gAbort is set, the modules not yet taken stay as they are. Edited modules stay, too. A
+/// changed project file means loading the project again.
 FilesRead ChangedModule_Regenerieren(clsProjekt& projekt);
 
 /// Text between the first two quotes of the last Name line of the project file.
