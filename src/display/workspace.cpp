@@ -69,6 +69,7 @@ LibrarySearch* Workspace::SearchOfLibraries() {
 
 bool Workspace::Open(const std::string& path, const std::string& codePage) {
     EndGeneration();
+    deletions_.Clear();
     SetActiveCodePage(CodePage(codePage.empty() ? settings_.CodePage : codePage));
     NewProject(files_, path);
     projekt_->CondComps_Win32_Win16(settings_.Win32 == 1);
@@ -97,6 +98,7 @@ bool Workspace::CallsRead() const {
 
 void Workspace::Close() {
     EndGeneration();
+    deletions_.Clear();
     CloseProject();
 }
 
@@ -140,7 +142,9 @@ std::optional<CallCounts> Workspace::ReadCalls() {
 
 Workspace::Refreshed Workspace::Refresh() {
     using enum Refreshed::Outcome;
-    const ChangedFiles changed = Files_Check(*projekt_);
+    ChangedFiles changed = Files_Check(*projekt_);
+    if (MayReadAgain(changed.edited))
+        changed = Files_Check(*projekt_);
     if (changed.whyNoProject != Text::None)
         return {.outcome = NoProject, .whyNoProject = changed.whyNoProject};
     if (!changed.project && changed.modules == 0)
@@ -157,6 +161,7 @@ Workspace::Refreshed Workspace::Refresh() {
     } else {
         isWhole =
             ports_.run("ChangedModule_Regenerieren", false, [&] { again = ChangedModule_Regenerieren(*projekt_); });
+        deletions_.ModulesRead(*projekt_);
     }
     if (!projekt_->callsKnown)
         Tote_Untote_Kennzeichnen(*projekt_);  // the marks of a project just opened
@@ -176,6 +181,7 @@ bool Workspace::LoadAgain() {
         SetProblems(before);
         return false;
     }
+    deletions_.ModulesRead(*loaded);
     const bool callsRead = CallsRead();
     projekt_.swap(loaded);
     ForgetObjects();
@@ -389,12 +395,12 @@ Text Workspace::WhyEmpty(bool calls) const {
     if (!checked_.Empty())
         return Text::NothingBesidesChecked;
     if (calls)
-        return mayBeCalls_ ? Text::NoPossibleCalls : Text::NoCalls;
-    return mayBeCalledBy_ ? Text::NoPossibleCallers : Text::NoCallers;
+        return MayBe(true) ? Text::NoPossibleCalls : Text::NoCalls;
+    return MayBe(false) ? Text::NoPossibleCallers : Text::NoCallers;
 }
 
 void Workspace::SetMayBe(bool calls, bool mayBe) {
-    (calls ? mayBeCalls_ : mayBeCalledBy_) = mayBe;
+    mayBe_[calls ? 1 : 0] = mayBe;
     if (selection_.CurObject)
         ShowDependencies();
 }
@@ -408,12 +414,12 @@ void Workspace::ShowNeighbours() {
     if (!projekt_)
         return;
     if (groupShown_) {
-        edgesShown_ = Show_Dependencies_Group(*projekt_, checked_, calledBy_, calls_, mayBeCalledBy_, mayBeCalls_);
+        edgesShown_ = Show_Dependencies_Group(*projekt_, checked_, calledBy_, calls_, MayBe(false), MayBe(true));
         return;
     }
     const CodeObject* const current = selection_.CurObject;
-    edgesShown_ = {Show_Dependencies_AllCalledBy(*projekt_, checked_, current, calledBy_, mayBeCalledBy_),
-                   Show_Dependencies_AllCalls(*projekt_, checked_, current, calls_, mayBeCalls_)};
+    edgesShown_ = {Show_Dependencies_AllCalledBy(*projekt_, checked_, current, calledBy_, MayBe(false)),
+                   Show_Dependencies_AllCalls(*projekt_, checked_, current, calls_, MayBe(true))};
 }
 
 std::optional<Workspace::Shown> Workspace::ShowWholeModule(bool whole, bool withHeader) {
@@ -507,6 +513,9 @@ Situation Workspace::Now(bool hasPlaces) const {
     return {.hasProject = true,
             .hasObject = selection_.CurObject != nullptr,
             .hasModule = selection_.CurModule && !selection_.CurModule->myLibrary,
+            .canDelete = selection_.CurObject && CanBeDeleted(*selection_.CurObject),
+            .hasDeleted = !deletions_.All().empty(),
+            .hasUnsaved = !deletions_.Unsaved().empty(),
             .callsRead = CallsRead(),
             .neighbours = neighbours_,
             .hasPlaces = hasPlaces,

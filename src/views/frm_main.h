@@ -16,6 +16,7 @@ class ChartContent;
 class CodeContent;
 class CodeView;
 class Commands;
+class DeletedList;
 class ContentStack;
 class DependencyPane;
 class Files;
@@ -68,6 +69,9 @@ public:
     /// The same for what stands at a line of a module, which is selected in the code.
     void ActivateLine(const std::string& modulKey, int line);
 
+    /// Deletes the selected object from the text of its module, after a question.
+    void DeleteNode();
+
     void Split_For_Content() { Arrange(SplitMode::Content); }
     void Split_For_Calls() { Arrange(SplitMode::Calls); }
 
@@ -100,6 +104,7 @@ private:
         frmKeys* keys;
         frmOptionen* options;
         ProblemsList* problems;
+        DeletedList* deleted;
         std::unique_ptr<MissingFileQuestion> missingFiles;
     };
 
@@ -114,6 +119,7 @@ private:
     void Arrange(SplitMode mode);
     void Restore();
     [[nodiscard]] bool MayClose();
+    [[nodiscard]] bool MayLeave();
     void ApplyFonts();
     void ShowStartPage();
 
@@ -162,6 +168,16 @@ private:
     void ShowContent();
     void ShowOverview(bool shown);
     void ShowWholeModule(bool whole, bool withHeader);
+
+    // frm_main_deletion.cpp
+    void WireDeletions();
+    void DeleteObject(const std::string& key);
+    void DeleteDead();
+    bool Delete(const std::vector<DeletionRow>& rows);
+    void UndoDeletions(const std::vector<int>& numbers);
+    void ModulesChanged();
+    bool SaveModules();
+    [[nodiscard]] bool MayLeaveDeletions();
 
     // frm_main_chart.cpp
     void WireChart();
