@@ -45,7 +45,10 @@ constexpr std::array kRows = std::to_array<CommandRow>({
     {Structure, "Structure", Text::ReadStructure, Text::None, "Structure", "", Needs::DoneByOpening},
     {CallsModule, "CallsModule", Text::ForCurrentModule, Text::None, "CallsModule", "", Needs::Never},
     {Refresh, "Refresh", Text::Refresh, Text::None, "Refresh", "F5", Needs::Project},
-    {DeleteObject, "DeleteObject", Text::None, Text::None, "Delete", "", Needs::LaterVersion},
+    {DeleteObject, "DeleteObject", Text::DeleteObject, Text::None, "Delete", "", Needs::Deletable, true},
+    {DeleteDead, "DeleteDead", Text::DeleteDead, Text::None, "", "", Needs::CallsRead, true},
+    {DeletedHere, "DeletedHere", Text::DeletedHere, Text::None, "", "", Needs::Deletions, true},
+    {SaveModules, "SaveModules", Text::SaveModules, Text::None, "", "", Needs::EditedModule, true},
     {ShowInGraph, "ShowInGraph", Text::ShowInGraph, Text::None, "ContentGraph", "Ctrl+G", Needs::Project},
     {CopyName, "CopyName", Text::CopyName, Text::None, "Copy", "", Needs::Project},
     {CopyCodePath, "CopyCodePath", Text::CopyCodePath, Text::None, "", "", Needs::Project},
@@ -136,6 +139,14 @@ bool IsEnabled(Command command, const Situation& now) {
             return now.graph.isShown && now.graph.canUndo;
         case Needs::RedoStep:
             return now.graph.isShown && now.graph.canRedo;
+        case Needs::CallsRead:
+            return now.hasProject && now.callsRead;
+        case Needs::Deletable:
+            return now.canDelete;
+        case Needs::Deletions:
+            return now.hasDeleted;
+        case Needs::EditedModule:
+            return now.hasUnsaved;
         case Needs::LaterVersion:
         case Needs::DoneByOpening:
         case Needs::Never:
@@ -189,6 +200,14 @@ Text WhyDisabled(Command command, const Situation& now) {
         case Needs::UndoStep:
         case Needs::RedoStep:
             return WhyNotOnGraph(needs, now);
+        case Needs::CallsRead:
+            return Text::ReadCallsFirst;
+        case Needs::Deletable:
+            return Text::ChooseDeletable;
+        case Needs::Deletions:
+            return Text::NoDeletions;
+        case Needs::EditedModule:
+            return Text::NothingToSave;
         case Needs::DoneByOpening:
             return Text::DoneAtOpening;
         default:

@@ -47,6 +47,9 @@ enum class Command : std::uint8_t {
     CallsModule,
     Refresh,
     DeleteObject,
+    DeleteDead,
+    DeletedHere,
+    SaveModules,
     ShowInGraph,
     CopyName,
     CopyCodePath,
@@ -97,6 +100,10 @@ enum class Needs : std::uint8_t {
     ProcedureSymbol,  // the active symbol is one
     UndoStep,         // of the graph
     RedoStep,
+    CallsRead,
+    Deletable,     // a current object that can be deleted
+    Deletions,     // some since the project was opened
+    EditedModule,  // one that differs from its file
     LaterVersion,  // nothing does it yet
     DoneByOpening,
     Never,  // neither shown nor enabled
@@ -134,6 +141,9 @@ struct Situation {
     bool hasProject = false;
     bool hasObject = false;  // a current one
     bool hasModule = false;  // of the project, that it lies in
+    bool canDelete = false;  // the current object
+    bool hasDeleted = false;
+    bool hasUnsaved = false;  // a module that differs from its file
     bool callsRead = false;
     DependencyButtons neighbours;  // of the current object
     bool hasPlaces = false;

@@ -60,6 +60,7 @@ LibrarySearch* Workspace::SearchOfLibraries() {
 
 bool Workspace::Open(const std::string& path, const std::string& codePage) {
     EndGeneration();
+    deletions_.Clear();
     SetActiveCodePage(CodePage(codePage.empty() ? settings_.CodePage : codePage));
     NewProject(files_, path);
     projekt_->CondComps_Win32_Win16(settings_.Win32 == 1);
@@ -88,6 +89,7 @@ bool Workspace::CallsRead() const {
 
 void Workspace::Close() {
     EndGeneration();
+    deletions_.Clear();
     CloseProject();
 }
 
@@ -307,12 +309,12 @@ Text Workspace::WhyEmpty(bool calls) const {
     if (!checked_.Empty())
         return Text::NothingBesidesChecked;
     if (calls)
-        return mayBeCalls_ ? Text::NoPossibleCalls : Text::NoCalls;
-    return mayBeCalledBy_ ? Text::NoPossibleCallers : Text::NoCallers;
+        return MayBe(true) ? Text::NoPossibleCalls : Text::NoCalls;
+    return MayBe(false) ? Text::NoPossibleCallers : Text::NoCallers;
 }
 
 void Workspace::SetMayBe(bool calls, bool mayBe) {
-    (calls ? mayBeCalls_ : mayBeCalledBy_) = mayBe;
+    mayBe_[calls ? 1 : 0] = mayBe;
     if (selection_.CurObject)
         ShowDependencies();
 }
@@ -326,12 +328,12 @@ void Workspace::ShowNeighbours() {
     if (!projekt_)
         return;
     if (groupShown_) {
-        edgesShown_ = Show_Dependencies_Group(*projekt_, checked_, calledBy_, calls_, mayBeCalledBy_, mayBeCalls_);
+        edgesShown_ = Show_Dependencies_Group(*projekt_, checked_, calledBy_, calls_, MayBe(false), MayBe(true));
         return;
     }
     const CodeObject* const current = selection_.CurObject;
-    edgesShown_ = {Show_Dependencies_AllCalledBy(*projekt_, checked_, current, calledBy_, mayBeCalledBy_),
-                   Show_Dependencies_AllCalls(*projekt_, checked_, current, calls_, mayBeCalls_)};
+    edgesShown_ = {Show_Dependencies_AllCalledBy(*projekt_, checked_, current, calledBy_, MayBe(false)),
+                   Show_Dependencies_AllCalls(*projekt_, checked_, current, calls_, MayBe(true))};
 }
 
 std::optional<Workspace::Shown> Workspace::ShowWholeModule(bool whole, bool withHeader) {
@@ -425,6 +427,9 @@ Situation Workspace::Now(bool hasPlaces) const {
     return {.hasProject = true,
             .hasObject = selection_.CurObject != nullptr,
             .hasModule = selection_.CurModule && !selection_.CurModule->myLibrary,
+            .canDelete = selection_.CurObject && CanBeDeleted(*selection_.CurObject),
+            .hasDeleted = !deletions_.All().empty(),
+            .hasUnsaved = !deletions_.Unsaved().empty(),
             .callsRead = CallsRead(),
             .neighbours = neighbours_,
             .hasPlaces = hasPlaces,

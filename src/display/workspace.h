@@ -5,6 +5,7 @@
 // texts; the port `ends` is called before the objects of a generation become invalid.
 #pragma once
 
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <memory>
@@ -18,17 +19,20 @@
 #include "display/call_places.h"
 #include "display/chart_table.h"
 #include "display/command_table.h"
+#include "display/deletion_plan.h"
 #include "display/project_view.h"
 #include "display/refresh_changes.h"
 #include "display/selection.h"
 #include "display/tree_checks.h"
 #include "findings/object_counts.h"
+#include "project/deletions.h"
 #include "shell/settings.h"
 #include "shell/text_numbers.h"
 
 class Files;
 class LibrarySearch;
 class clsProjekt;
+struct ChangedFiles;
 
 class Workspace {
 public:
@@ -179,6 +183,20 @@ public:
     /// Puts the module of a node among the collected ones.
     void Collect(std::string_view key);
 
+    // Deletions.
+    /// What deleting the object of a node would take; for a module, its variables and procedures.
+    [[nodiscard]] std::vector<DeletionRow> RowsToDelete(const std::string& key);
+    /// The dead objects among the checked ones, or without any below the selected node.
+    [[nodiscard]] std::vector<DeletionRow> DeadRows() const;
+    /// Deletes them; what else is shown stays.
+    Deletions::Deleted Delete(const std::vector<DeletionRow>& rows);
+    /// Brings deleted objects back; false if there is nothing to bring.
+    bool UndoDeletions(const std::vector<int>& numbers);
+    /// Shows the place in its module where a deleted object stood.
+    std::optional<Shown> ShowDeleted(int nr);
+    std::vector<Deletions::Saved> SaveModules() { return deletions_.Save(*projekt_); }
+    [[nodiscard]] const Deletions& Deleted() const { return deletions_; }
+
     [[nodiscard]] NavigationList& Navigation() { return navigation_; }
     /// Properties of the current object, with the place of the cursor in the code after them.
     [[nodiscard]] std::optional<PropertyRows> PropertiesAt(Pos selStart, Pos selLength) const;
@@ -202,7 +220,7 @@ public:
     [[nodiscard]] Baum& Collected() { return collected_; }
     [[nodiscard]] const Selection& Current() const { return selection_; }
     [[nodiscard]] const CodePane& Code() const { return code_; }
-    [[nodiscard]] bool MayBe(bool calls) const { return calls ? mayBeCalls_ : mayBeCalledBy_; }
+    [[nodiscard]] bool MayBe(bool calls) const { return mayBe_[calls ? 1 : 0]; }
 
 private:
     // What the user sees of the tree, to restore it after the tree was filled again.
@@ -220,6 +238,9 @@ private:
     [[nodiscard]] bool CanRefillModules(const GenerationRecord& before) const;
     void RefillModules(const GenerationRecord& before);
     void MarkLocalsAgain();
+    void Exchange(const std::string& name, const std::function<void()>& change);
+    bool MayReadAgain(const ChangedFiles& changed);
+    std::optional<Shown> ShowInModule(const clsModul& modul, Pos pos);
     void Expand(const std::vector<NodeId>& nodes);
     bool LoadAgain();
     [[nodiscard]] CodeObject* ProcedureOrCurrent() const;
@@ -241,6 +262,7 @@ private:
     Ports ports_;
     std::unique_ptr<LibrarySearch> search_;  // stays from project to project, with the registry that it has read
 
+    Deletions deletions_;
     Baum tree_, calledBy_, calls_, collected_;
     Selection selection_;
     CodePane code_;
@@ -252,8 +274,7 @@ private:
     std::set<std::string> localsShown_;  // paths of the procedures whose locals have their marks
     CheckedObjects checked_;             // empty while the boxes are hidden
     DependencyButtons neighbours_;       // of the current object
-    bool mayBeCalledBy_ = false;
-    bool mayBeCalls_ = false;
+    std::array<bool, 2> mayBe_{};        // of the trees of callers and of calls
     bool treeHasLocals_ = false;
     bool checkBoxes_ = false;
     bool groupShown_ = false;  // the dependency trees are about the checked objects

@@ -47,7 +47,9 @@ void OpenAgain(Baum& tree, const Workspace::ShownPlace::Neighbours& place,
 
 Workspace::Refreshed Workspace::Refresh() {
     using enum Refreshed::Outcome;
-    const ChangedFiles changed = Files_Check(*projekt_);
+    ChangedFiles changed = Files_Check(*projekt_);
+    if (MayReadAgain(changed))
+        changed = Files_Check(*projekt_);
     if (changed.whyNoProject != Text::None)
         return {.outcome = NoProject, .whyNoProject = changed.whyNoProject};
     if (changed.files.empty())
@@ -67,10 +69,14 @@ Workspace::Refreshed Workspace::Refresh() {
         read.files = static_cast<int>(changed.files.size());
         for (const clsModul* modul : AllOf(*projekt_))
             read.unreadable += modul->fileError != FileError::None;
-    } else if (!ports_.run("ChangedModule_Regenerieren", false,
-                           [&] { read = ChangedModule_Regenerieren(*projekt_); })) {
-        RefillTree();
-        return {.outcome = Cancelled};
+    } else {
+        const bool isDone =
+            ports_.run("ChangedModule_Regenerieren", false, [&] { read = ChangedModule_Regenerieren(*projekt_); });
+        deletions_.ModulesRead(*projekt_);
+        if (!isDone) {
+            RefillTree();
+            return {.outcome = Cancelled};
+        }
     }
     Refreshed refreshed{.outcome = Done, .files = read.files, .unreadable = read.unreadable};
     if (!isWhole && projekt_->Generation() == generation) {
@@ -98,6 +104,7 @@ bool Workspace::LoadAgain() {
         SetProblems(before);
         return false;
     }
+    deletions_.ModulesRead(*loaded);
     const bool callsRead = CallsRead();
     projekt_.swap(loaded);
     ForgetObjects();

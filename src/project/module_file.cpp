@@ -139,7 +139,8 @@ std::unique_ptr<clsModul> Read_Module(const ReadingContext& context, const Modul
     clsModul& modul = *read;
     modul.ModulTyp = source.kind;
     modul.FullPath = source.path;
-    FileText file = context.files.ReadText(source.path);
+    modul.isEdited = source.isEdited;
+    const FileText file = source.text ? *source.text : context.files.ReadText(source.path);
     modul.fileError = file.error;
     if (file.error != FileError::None)
         return read;

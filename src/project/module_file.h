@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -21,6 +22,9 @@ struct ReadingContext {
 struct ModuleSource {
     ModuleKind kind = ModuleKind::Module;
     std::string path;
+    /// In place of what the file contains.
+    std::optional<FileText> text = {};
+    bool isEdited = false;  // the text differs from that of the file
 };
 
 /// Reads a file completely: text, tokens, controls, line counts, declarations, procedures. The result depends on the

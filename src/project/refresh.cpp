@@ -31,7 +31,9 @@ std::optional<ChangedFile> ChangeOf(const Files& files, const clsModul& modul, F
     if (isKnownBroken ? date == 0 || files.ReadText(modul.FullPath).error != FileError::None
                       : date == modul.DateLastModified)
         return {};
-    if (date == 0)
+    if (modul.isEdited)
+        changed.what = FileChange::Edited;
+    else if (date == 0)
         changed.what = FileChange::Gone;
     else if (IsBeingWritten(date, now))
         changed.what = FileChange::BeingWritten;
@@ -94,7 +96,9 @@ void AddReadAgain(const clsProjekt& projekt, ModulePlan& plan, bool all) {
         if (std::ranges::any_of(plan.removed, [&](std::size_t nr) { return plan.changes[nr].place == place; }))
             continue;
         const std::optional<ChangedFile> changed = ChangeOf(projekt.TheFiles(), modul, now);
-        if (changed ? changed->what != FileChange::BeingWritten : all && modul.fileError == FileError::None)
+        const bool isRead = changed && (changed->what == FileChange::Changed || changed->what == FileChange::Gone);
+        const bool isWhole = !changed || changed->what == FileChange::Edited;
+        if (isRead || (all && isWhole && modul.fileError == FileError::None))
             plan.changes.push_back({place, ModuleSource{modul.ModulTyp, modul.FullPath}});
     }
 }

@@ -18,6 +18,7 @@ enum class FileChange : std::uint8_t {
     Changed,
     BeingWritten,  // changed less than a second ago: it may not be whole yet
     Gone,          // does not exist any more
+    Edited,        // what was deleted from its module is not saved, and reading it would bring that back
 };
 
 struct ChangedFile {
@@ -67,6 +68,7 @@ struct FilesRead {
     std::vector<ProjectFileChange> project;
 };
 /// Reads the modules again whose files have changed, takes over what the project file lists now, and derives the rest
-/// again, all in one run. Files that are being written stay for the next time. A project file that cannot be read, or
+/// again, all in one run. Files that are being written stay for the next time, and those of
+/// edited modules for as long as these are not saved. A project file that cannot be read, or
 /// that NeedsWholeLoad, is left alone.
 FilesRead ChangedModule_Regenerieren(clsProjekt& projekt);

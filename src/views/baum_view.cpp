@@ -227,6 +227,11 @@ void BaumView::keyPressEvent(QKeyEvent* event) {
         return Copy();
     if (event == QKeySequence::Paste && acceptsKeys_)
         return TakeKeys(QApplication::clipboard()->mimeData());
+    if (event->key() == Qt::Key_Delete && event->modifiers() == Qt::NoModifier && deletes_) {
+        if (const std::string key = CurrentObject(); !key.empty())
+            Q_EMIT DeleteAsked(key);
+        return;
+    }
     const QModelIndex before = currentIndex();
     const bool isEnter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
     hasChecked_ = false;

@@ -31,6 +31,8 @@ public:
     /// A right click and Enter go to the object, as a click does something else; the menu is then opened with the
     /// keyboard.
     void SetLeadsOn(bool leadsOn) { leadsOn_ = leadsOn; }
+    /// The key Delete and the menu delete objects.
+    void SetDeletes(bool deletes) { deletes_ = deletes; }
     void SetUnfold(std::function<void(BaumNode&)> unfold) { model_->SetUnfold(std::move(unfold)); }
     /// Nodes of all trees may be dropped here, or copied there and pasted here.
     void SetAcceptsKeys(bool accepts);
@@ -58,6 +60,8 @@ Q_SIGNALS:
     void GoToAsked(const std::string& key);
     /// By the menu. The same key.
     void CallersAsked(const std::string& key);
+    /// By the key Delete, or by the menu.
+    void DeleteAsked(const std::string& key);
     void NodeChecked(BaumNode& node);
     void KeyDropped(const std::string& key);
     /// From the context menu: put the object of the node on the diagram.
@@ -102,6 +106,7 @@ private:
     Text empty_ = Text::None;
     QString emptyText_;
     bool leadsOn_ = false;
+    bool deletes_ = false;
     bool acceptsKeys_ = false;
     bool hasChecked_ = false;  // by the mouse click in progress, which then must not activate the node
     int scrollBeforeFill_ = 0;

@@ -82,6 +82,14 @@ void BaumView::ShowMenu(const QModelIndex& index, const QPoint& globalPos) {
     menu->addAction(TextNr(Text::CopyName), this, copy(TextOf));
     menu->addAction(TextNr(Text::CopyCodePath), this, copy(PathOf))->setEnabled(HasCodePath(*node));
     menu->addAction(TextNr(Text::CopyAsText), this, copy(TreeOf));
+    if (deletes_ && !object.empty()) {
+        menu->addSeparator();
+        QAction* const action = menu->addAction(TextNr(Text::DeleteNamed, TextOf(*node)) + QChar(0x2026), this,
+                                                [this, object] { Q_EMIT DeleteAsked(object); });
+        action->setShortcut(QKeySequence::Delete);
+        action->setShortcutContext(Qt::WidgetShortcut);  // the key itself belongs to the tree
+        action->setShortcutVisibleInContextMenu(true);
+    }
     Commands::GiveLetters(menu->actions());
     connect(menu, &QMenu::aboutToHide, this, &BaumView::ShowSelected);
     menu->popup(globalPos);

@@ -10,24 +10,16 @@
 
 #include "views/copy_table.h"
 #include "views/dialogs.h"
+#include "views/read_only_table.h"
 #include "widgets/qt_text.h"
 
 frmKeys::frmKeys(QWidget* parent)
     : QDialog(parent), table_(new QTableWidget(0, 2)), cmdCopy_(new QPushButton), cmdClose_(new QPushButton) {
     setObjectName(QStringLiteral("frmKeys"));
     setAttribute(Qt::WA_QuitOnClose, false);
-    table_->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table_->setTabKeyNavigation(false);
-    table_->setShowGrid(false);
-    table_->setAlternatingRowColors(true);
-    table_->verticalHeader()->hide();
-    table_->verticalHeader()->setDefaultSectionSize(fontMetrics().height() * 3 / 2);
+    MakeReadOnly(*table_);
     table_->horizontalHeader()->setSectionResizeMode(0, QHeaderView::Stretch);
     table_->horizontalHeader()->setSectionResizeMode(1, QHeaderView::ResizeToContents);
-    table_->horizontalHeader()->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
-    table_->horizontalHeader()->setHighlightSections(false);
-    CopyTableOnCtrlC(*table_);
     cmdCopy_->setAutoDefault(false);
     cmdClose_->setDefault(true);
     auto* buttons = new QHBoxLayout;

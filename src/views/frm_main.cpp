@@ -24,6 +24,7 @@
 #include "views/commands.h"
 #include "views/content_stack.h"
 #include "views/context_menu_key.h"
+#include "views/deleted_list.h"
 #include "views/frm_about.h"
 #include "views/frm_error.h"
 #include "views/frm_keys.h"
@@ -79,6 +80,7 @@ frmMain::frmMain(Files& files, SettingsFile& file, Settings settings, std::strin
                .keys = new frmKeys(this),
                .options = new frmOptionen(files, file, settings_, programDirectory_, this),
                .problems = new ProblemsList(this),
+               .deleted = new DeletedList(this),
                .missingFiles = std::make_unique<MissingFileQuestion>(this)},
       workspace_(gProjekt, files, settings_,
                  {.run =
@@ -106,6 +108,7 @@ frmMain::frmMain(Files& files, SettingsFile& file, Settings settings, std::strin
     WireChart();
     WireGraph();
     WireDialogs();
+    WireDeletions();
     WireCommands();
     ConnectPorts();
     Restore();
@@ -298,6 +301,7 @@ void frmMain::frmMainTexte() {
     dialogs_.keys->Texte();
     dialogs_.options->Texte();
     dialogs_.problems->Texte();
+    dialogs_.deleted->Texte();
     ShowMayBe(false);
     ShowMayBe(true);
     RenewReferences();
@@ -344,10 +348,10 @@ void frmMain::Arrange(SplitMode mode) {
         Qt::QueuedConnection);
 }
 
-// One question: what is not saved names its file, and that says enough.
+// What is not saved names its file, and that says enough.
 bool frmMain::MayClose() {
-    if (graph_->IsUnsaved())
-        return graph_->MayGo();
+    if (graph_->IsUnsaved() || !workspace_.Deleted().Unsaved().empty())
+        return MayLeave();
     return !gProjekt || settings_.AskAtClosing == 0 || AskYesNo(gText.TextNr(Text::AskExit));
 }
 

@@ -18,6 +18,7 @@ class ChartContent;
 class CodeContent;
 class CodeView;
 class Commands;
+class DeletedList;
 class ContentStack;
 class DependencyPane;
 class Files;
@@ -71,6 +72,9 @@ public:
     /// The same for what stands at a line of a module, which is selected in the code.
     void ActivateLine(const std::string& modulKey, int line);
 
+    /// Deletes the selected object from the text of its module, after a question.
+    void DeleteNode();
+
     void Split_For_Content() { Arrange(SplitMode::Content); }
     void Split_For_Calls() { Arrange(SplitMode::Calls); }
 
@@ -103,6 +107,7 @@ private:
         frmKeys* keys;
         frmOptionen* options;
         ProblemsList* problems;
+        DeletedList* deleted;
         std::unique_ptr<MissingFileQuestion> missingFiles;
     };
 
@@ -117,6 +122,7 @@ private:
     void Arrange(SplitMode mode);
     void Restore();
     [[nodiscard]] bool MayClose();
+    [[nodiscard]] bool MayLeave();
     void ApplyFonts();
     void ShowStartPage();
 
@@ -170,6 +176,16 @@ private:
     [[nodiscard]] std::vector<ListedObject> RowsOf(OverviewList list) const;
     Workspace::Refreshed RefreshFiles(bool isAsked);
     void TellRefreshed(const Workspace::Refreshed& refreshed, bool isAsked);
+
+    // frm_main_deletion.cpp
+    void WireDeletions();
+    void DeleteObject(const std::string& key);
+    void DeleteDead();
+    bool Delete(const std::vector<DeletionRow>& rows);
+    void UndoDeletions(const std::vector<int>& numbers);
+    void ModulesChanged();
+    bool SaveModules();
+    [[nodiscard]] bool MayLeaveDeletions();
 
     // frm_main_chart.cpp
     void WireChart();

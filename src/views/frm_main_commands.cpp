@@ -14,6 +14,7 @@
 #include "views/code_view.h"
 #include "views/commands.h"
 #include "views/content_stack.h"
+#include "views/deleted_list.h"
 #include "views/deployment.h"
 #include "views/dialogs.h"
 #include "views/fold_splitter.h"
@@ -63,7 +64,7 @@ void frmMain::WireCommands() {
         ShowNow();
     });
     Wire(Command::CloseProject, [this](bool) {
-        if (graph_->MayGo())
+        if (MayLeave())
             CloseTheProject();
     });
     Wire(Command::ReportStructure, [this](bool) { WriteReports("AnalyseErgebnisStructure"); });
@@ -288,9 +289,8 @@ void frmMain::NameCommands() {
         modul ? read + QStringLiteral(": ") + name : read + QLatin1Char(' ') + TextNr(Text::ForCurrentModule));
     Commands::SetTexts(command[Command::CallsOfModule], forModule, forModule);
     const CodeObject* object = workspace_.Current().CurObject;
-    const bool deletable = object && (object->Class() == ObjectClass::Prozedur ||
-                                      object->Class() == ObjectClass::Variable || object->Class() == ObjectClass::Type);
-    const QString deleteText =
-        deletable ? TextNr(Text::DeleteNamed, ToQString(object->myNameOrg())) : TextNr(Text::DeleteObject);
-    Commands::SetTexts(command[Command::DeleteObject], deleteText, deleteText);
+    const QString deleteText = object && CanBeDeleted(*object)
+                                   ? TextNr(Text::DeleteNamed, ToQString(object->myNameOrg()))
+                                   : TextNr(Text::DeleteObject);
+    Commands::SetTexts(command[Command::DeleteObject], deleteText + QChar(0x2026), deleteText);
 }

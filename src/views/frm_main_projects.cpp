@@ -16,6 +16,7 @@
 #include "views/baum_view.h"
 #include "views/code_view.h"
 #include "views/commands.h"
+#include "views/deleted_list.h"
 #include "views/frm_error.h"
 #include "views/frm_main.h"
 #include "views/frm_progress.h"
@@ -51,7 +52,7 @@ void frmMain::OpenProject(const std::string& path) {
         ShowStartPage();  // the file may be among the recent ones
         return;
     }
-    if (!graph_->MayGo())
+    if (!MayLeave())
         return;
     const QFileInfo file(ToPath(path));
     const std::string codePage = ChooseCodePage(files_, file_, settings_, path);
@@ -100,6 +101,11 @@ void frmMain::ShowAsLeft(const ProjectView& view) {
     workspace_.ShowOpen(view.open);
 }
 
+// Whether what is not saved may go with the project.
+bool frmMain::MayLeave() {
+    return graph_->MayGo() && MayLeaveDeletions();
+}
+
 // Nothing of a project stays on the screen while the next one is read; how it was shown is kept.
 void frmMain::LeaveProject() {
     if (gProjekt) {
@@ -110,6 +116,7 @@ void frmMain::LeaveProject() {
     graph_->ProjectGoes();
     workspace_.Close();
     refresh_->ProjectChanged();
+    dialogs_.deleted->Refresh();
     ShowTitle();
     ShowProjectCounts();
     status_->Message({});

@@ -6,6 +6,8 @@
 #include "project/start.h"
 #include "views/chart_content.h"
 #include "views/code_view.h"
+#include "views/deleted_list.h"
+#include "views/dialogs.h"
 #include "views/frm_main.h"
 #include "views/frm_progress.h"
 #include "views/graph_wiring.h"
@@ -48,6 +50,7 @@ Workspace::Refreshed frmMain::RefreshFiles(bool isAsked) {
     const int reference = lower_->References().CurrentRow();
     const int chart = chart_->Board().ScrolledBy();
     Workspace::Refreshed refreshed = workspace_.Refresh();
+    dialogs_.deleted->Refresh();
     const bool stays = refreshed.outcome == NothingChanged || refreshed.outcome == BeingWritten ||
                        refreshed.outcome == NoProject || refreshed.outcome == NothingRead;
     if (!stays) {

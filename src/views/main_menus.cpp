@@ -40,7 +40,7 @@ void MainMenus::Fill() {
     mnuDatei_ = window_.menuBar()->addMenu(QString());
     fill(mnuDatei_, {Command::OpenProject, Command::CloseProject});
     mnuRecent_ = mnuDatei_->addMenu(QString());
-    fill(mnuDatei_, {{}, Command::OpenGraph, Command::SaveGraph, Command::SaveGraphAs});
+    fill(mnuDatei_, {Command::SaveModules, {}, Command::OpenGraph, Command::SaveGraph, Command::SaveGraphAs});
     mnuRecentGraphs_ = mnuDatei_->addMenu(QString());
     fill(mnuDatei_, {Command::ExportGraph, Command::CopyGraphPicture, Command::PrintGraph, {}});
     mnuReports_ = mnuDatei_->addMenu(IconFor("Reports"), QString());
@@ -93,7 +93,7 @@ void MainMenus::Fill() {
     fill(mnuStruktur_, {Command::Structure, Command::Refresh, {}});
     mnuCopy_ = mnuStruktur_->addMenu(IconFor("Copy"), QString());
     fill(mnuCopy_, {Command::CopyName, Command::CopyCodePath, Command::CopyAsText});
-    fill(mnuStruktur_, {Command::ShowInGraph, {}, Command::DeleteObject});
+    fill(mnuStruktur_, {Command::ShowInGraph, {}, Command::DeleteObject, Command::DeleteDead, Command::DeletedHere});
 
     mnuDependencies_ = window_.menuBar()->addMenu(QString());
     fill(mnuDependencies_, {Command::Calls,

@@ -499,11 +499,11 @@ TEST_F(MainWindow, FixedTextsFollowTheLanguage) {
         return Find<PropertiesGrid>().AsText();
     };
     EXPECT_TRUE(firstLabel().contains(QStringLiteral("\nLine\t")));
-    EXPECT_EQ(Command("DeleteObject").text().remove(QLatin1Char('&')), QStringLiteral("Delete Main"));
+    EXPECT_EQ(Command("DeleteObject").text().remove(QLatin1Char('&')), QStringLiteral("Delete Main\u2026"));
     Speak("german");
     window_->frmMainTexte();
     EXPECT_TRUE(firstLabel().contains(QStringLiteral("\nZeile\t")));
-    EXPECT_EQ(Command("DeleteObject").text().remove(QLatin1Char('&')), QStringLiteral("Main l\u00f6schen"));
+    EXPECT_EQ(Command("DeleteObject").text().remove(QLatin1Char('&')), QStringLiteral("Main l\u00f6schen\u2026"));
 }
 
 TEST_F(MainWindow, RefreshReadsChangedFilesAndComesBackToThePlace) {

@@ -101,6 +101,8 @@ private:
         } else {
             const auto* dialog = qobject_cast<QDialog*>(&window);
             auto* write = window.findChild<QPushButton*>(QStringLiteral("cmdWrite"));
+            if (!write)
+                write = window.findChild<QPushButton*>(QStringLiteral("cmdDelete"));
             if (write && dice_.OneIn(2))
                 write->click();
             else if (dialog)
@@ -450,6 +452,16 @@ private:
         Add("overview", 3, [this] { Overview(); });
         Add("code", 2, [this] { Trigger("ContentCode"); });
         Add("in the code", 6, [this] { InCode(); });
+        Add("delete", 5, [this] {
+            mayChangeEdges_ = true;
+            const char* const buttons[] = {"cmdUndo", "cmdUndoAll"};
+            if (dice_.OneIn(2))
+                TriggerAny({"DeleteObject", "DeleteObject", "DeleteDead", "DeletedHere", "SaveModules"});
+            else
+                window_->findChild<QDialog*>(QStringLiteral("deletedList"))
+                    ->findChild<QPushButton*>(QLatin1String(buttons[dice_.Below(2)]))
+                    ->click();
+        });
         Add("places", 3, [this] { TriggerAny({"NextPlace", "PreviousPlace"}); });
         Add("zoom", 2, [this] { TriggerAny({"ZoomPlus", "ZoomMinus", "ZoomNo"}); });
         Add("find", 5, [this] { Find(); });

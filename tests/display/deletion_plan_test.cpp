@@ -1,0 +1,128 @@
+#include "display/deletion_plan.h"
+
+#include "display/local_uses.h"
+#include "display/workspace.h"
+#include "support/project_test.h"
+
+namespace {
+
+using PlanningDeletions = ProgramState;
+
+std::vector<DeletionRow> RowsFor(std::initializer_list<std::string_view> paths) {
+    std::vector<const CodeObject*> objects;
+    for (const std::string_view path : paths)
+        objects.push_back(&ObjectAt(path));
+    return DeletionRows(*gProjekt, LocalUses(), objects);
+}
+
+std::string PathsOf(const std::vector<DeletionRow>& rows) {
+    std::string paths;
+    for (const DeletionRow& row : rows)
+        paths.append(paths.empty() ? "" : " ").append(row.path);
+    return paths;
+}
+
+constexpr std::string_view kModule = R"(
+    Private Type Used
+        x As Long
+    End Type
+    Private Type OnlyByDead
+        x As Long
+    End Type
+    Private living As Used
+    Private dead As OnlyByDead, other As Long
+    Public Sub Main()
+        Called living
+    End Sub
+    Public Sub Called(v)
+        v.Called
+        Called v
+    End Sub
+    Public Sub Unused()
+        dim n
+    End Sub
+)";
+
+class DeletingInWorkspace : public ProgramState {
+protected:
+    DeletingInWorkspace() {
+        files_.WriteWhole("M.bas", "Attribute VB_Name = \"M\"\r\n" + Vb(kModule).text);
+        files_.WriteWhole("App.vbp", "Type=Exe\r\nStartup=\"Sub Main\"\r\nModule=M; M.bas\r\n");
+        EXPECT_TRUE(workspace_.Open("App.vbp") && workspace_.ReadCalls());
+    }
+    void ChangeFile() { files_.WriteWhole("M.bas", files_.Bytes("M.bas") + "Public Sub Added()\r\nEnd Sub\r\n"); }
+
+    MemoryFiles files_;
+    Settings settings_;
+    Workspace workspace_{gProjekt,
+                         files_,
+                         settings_,
+                         {[](const std::string&, bool, const auto& run) { return RunOperation(run); }, [] {}}};
+};
+
+}  // namespace
+
+TEST_F(PlanningDeletions, CallersThatStayAreNamedOnce) {
+    ReadProject({{"M.bas", std::string(kModule)}, {"C.cls", "Sub Called()\nEnd Sub\n"}});
+    Analyse();
+    const DeletionRow row = RowsFor({"m.called"}).front();
+    EXPECT_THAT(row.certain, ElementsAre("M.Main"));
+    EXPECT_EQ(row.lines, 4);
+    EXPECT_THAT(RowsFor({"c.called"}).front().possible, ElementsAre("M.Called"));
+    for (const DeletionRow& together : RowsFor({"m.called", "m.main"}))
+        EXPECT_THAT(together.certain, IsEmpty()) << together.path;
+}
+
+TEST_F(PlanningDeletions, AControlNamesThoseInIt) {
+    ReadProject({{"F.frm", "Begin VB.Form F\n Begin VB.Frame fra\n  Begin VB.TextBox txt\n  End\n End\nEnd\nDim a\n"}});
+    EXPECT_THAT(RowsFor({"f.fra"}).front().inside, ElementsAre("txt"));
+    EXPECT_THAT(RowsFor({"f.txt"}).front().inside, IsEmpty());
+}
+
+TEST_F(DeletingInWorkspace, TheDeadGoWithWhatOnlyTheyName) {
+    workspace_.Activate("m");
+    EXPECT_EQ(PathsOf(workspace_.DeadRows()), "M.OnlyByDead [Type] M.dead M.other M.Unused");
+    EXPECT_EQ(workspace_.Delete(workspace_.DeadRows()).objects, 4);
+    EXPECT_THAT(workspace_.DeadRows(), IsEmpty());
+    EXPECT_EQ(workspace_.Tree().Item("m.unused"), nullptr);
+    EXPECT_EQ(gProjekt->GetModuleFromCodePath("m")->text->ModulTextOrg().find("dead"), std::string_view::npos);
+    EXPECT_EQ(workspace_.Now(false).hasUnsaved, true);
+}
+
+TEST_F(DeletingInWorkspace, TheWholeModuleIsShownWhereTheObjectStood) {
+    workspace_.Activate("m.unused");
+    const std::vector<DeletionRow> rows = workspace_.RowsToDelete("m.unused");
+    workspace_.Delete(rows);
+    const auto shown = workspace_.ShowDeleted(workspace_.Deleted().All().back().nr);
+    ASSERT_TRUE(shown && shown->code.select);
+    EXPECT_TRUE(workspace_.Code().IsWhole());
+    EXPECT_EQ(workspace_.Current().CurObject, gProjekt->GetModuleFromCodePath("m"));
+    EXPECT_EQ(shown->code.select->start, Len(workspace_.Code().Text().text));
+    EXPECT_TRUE(workspace_.UndoDeletions({workspace_.Deleted().All().back().nr}));
+    EXPECT_NE(workspace_.Tree().Item("m.unused"), nullptr);
+}
+
+TEST_F(DeletingInWorkspace, RefreshingAsksBeforeItBringsTheTextBack) {
+    workspace_.Delete(workspace_.RowsToDelete("m.unused"));
+    EXPECT_EQ(workspace_.Refresh().outcome, Workspace::Refreshed::Outcome::NothingChanged);
+    ChangeFile();
+    {
+        const ScriptedQuestions no{false};
+        workspace_.Refresh();
+        EXPECT_EQ(no.texts.size(), 1U);
+        EXPECT_EQ(gProjekt->GetObjectFromCodePath("m.unused"), nullptr);
+        EXPECT_EQ(gProjekt->GetObjectFromCodePath("m.added"), nullptr);
+    }
+    files_.WriteWhole("App.vbp", "Type=Exe\r\nName=\"New\"\r\nModule=M; M.bas\r\n");
+    {
+        const ScriptedQuestions no{false};
+        workspace_.Refresh();
+        EXPECT_EQ(gProjekt->MyName, "New");
+        EXPECT_EQ(gProjekt->GetObjectFromCodePath("m.unused"), nullptr);
+    }
+    const ScriptedQuestions yes{true};
+    workspace_.Refresh();
+    EXPECT_NE(gProjekt->GetObjectFromCodePath("m.unused"), nullptr);
+    EXPECT_NE(gProjekt->GetObjectFromCodePath("m.added"), nullptr);
+    EXPECT_THAT(workspace_.Deleted().All(), IsEmpty());
+}

@@ -1,0 +1,116 @@
+#include "model/clsProjekt.h"
+#include "platform/settings_file.h"
+#include "platform/temp_directory.h"
+#include "views/baum_view.h"
+#include "views/code_view.h"
+#include "views/deleted_list.h"
+#include "views/frm_delete.h"
+#include "views/frm_main.h"
+#include "window_texts.h"
+
+namespace {
+
+const std::string kModule =
+    "Attribute VB_Name = \"M\"\nPublic count\nSub Main()\n  Help\nEnd Sub\nSub Help()\nEnd Sub\nSub Unused()\nEnd "
+    "Sub\n";
+
+/// The window with a small project on disk, and answers to what it asks.
+class DeletingInWindow : public WindowTest {
+protected:
+    DeletingInWindow() : settings_(files_, directory_.Path("Ostrivane.ini")) {
+        directory_.Write("P.vbp", "Type=Exe\r\nStartup=\"Sub Main\"\r\nModule=M; M.bas\r\nName=\"P\"\r\n");
+        directory_.Write("M.bas", kModule);
+        window_ = std::make_unique<frmMain>(files_, settings_, Settings(), ProgramDirectory());
+        window_->show();
+        QObject::connect(&look_, &QTimer::timeout, [this] { Answer(); });
+        look_.start(1);
+        window_->OpenProject(directory_.Path("P.vbp"));
+    }
+    ~DeletingInWindow() override {
+        look_.stop();
+        window_.reset();
+    }
+
+    void Answer() {
+        QWidget* const open = QApplication::activeModalWidget();
+        if (auto* dialog = qobject_cast<frmDelete*>(open)) {
+            const auto& table = ChildOf<QTableWidget>(*dialog);
+            asked_.append(table.item(0, 0)->text() + QStringLiteral(": ") + table.item(0, 2)->text());
+            ChildOf<QPushButton>(*dialog, confirms_ ? "cmdDelete" : "cmdCancel").click();
+        } else if (auto* box = qobject_cast<QMessageBox*>(open)) {
+            asked_.append(box->text());
+            box->button(answer_)->click();
+        }
+    }
+    void Delete(const std::string& key) {
+        window_->ActivateKey(key);
+        QTest::keyClick(&window_->BaumProjekt(), Qt::Key_Delete);
+    }
+    void Trigger(const char* name) { window_->findChild<QAction*>(QLatin1String(name))->trigger(); }
+    [[nodiscard]] DeletedList& List() const { return *window_->findChild<DeletedList*>(); }
+    [[nodiscard]] QString Code() const { return window_->rtbCode().toPlainText(); }
+
+    TempDirectory directory_;
+    SettingsFile settings_;
+    std::unique_ptr<frmMain> window_;
+    QTimer look_;
+    bool confirms_ = true;
+    QMessageBox::StandardButton answer_ = QMessageBox::Save;
+    QStringList asked_;
+};
+
+}  // namespace
+
+TEST_F(DeletingInWindow, TheQuestionSaysWhoCallsAndTheCodeShowsThePlace) {
+    confirms_ = false;
+    Delete("m.help");
+    EXPECT_EQ(asked_, QStringList{QStringLiteral("M.Help: certainly: M.Main")});
+    EXPECT_TRUE(gProjekt->GetObjectFromCodePath("m.help"));
+    confirms_ = true;
+    Delete("m.unused");
+    EXPECT_EQ(asked_.last(), QStringLiteral("M.Unused: nobody"));
+    EXPECT_FALSE(gProjekt->GetObjectFromCodePath("m.unused"));
+    EXPECT_TRUE(Code().endsWith(QStringLiteral("Sub Help()\nEnd Sub\n")));
+    EXPECT_EQ(window_->rtbCode().SelStart(), Code().size() + Code().count(QLatin1Char('\n')));
+    EXPECT_EQ(directory_.Bytes("M.bas"), kModule);
+}
+
+TEST_F(DeletingInWindow, TheListTakesBackAndTheFileIsWrittenOnDemand) {
+    Delete("m.unused");
+    Delete("m.count");
+    Trigger("DeletedHere");
+    auto& table = ChildOf<QTableWidget>(List(), "table");
+    ASSERT_EQ(table.rowCount(), 2);
+    QTest::keyClick(&table, Qt::Key_Delete);
+    ASSERT_EQ(table.rowCount(), 1);
+    EXPECT_TRUE(gProjekt->GetObjectFromCodePath("m.count"));
+    EXPECT_EQ(table.item(0, 3)->text(), TextNr(Text::StillInFile));
+    ChildOf<QPushButton>(List(), "cmdSave").click();
+    EXPECT_EQ(table.item(0, 3)->text(), TextNr(Text::GoneFromFile));
+    EXPECT_EQ(directory_.Bytes("M.bas"), kModule.substr(0, kModule.find("Sub Unused")));
+    EXPECT_EQ(directory_.Bytes("M.bas.bak"), kModule);
+    EXPECT_FALSE(window_->findChild<QAction*>(QStringLiteral("SaveModules"))->isEnabled());
+    ChildOf<QPushButton>(List(), "cmdUndoAll").click();
+    EXPECT_TRUE(gProjekt->GetObjectFromCodePath("m.unused"));
+    EXPECT_TRUE(window_->findChild<QAction*>(QStringLiteral("SaveModules"))->isEnabled());
+}
+
+TEST_F(DeletingInWindow, NothingIsLostByClosing) {
+    window_->ActivateKey("m");
+    Trigger("DeleteDead");
+    EXPECT_EQ(ChildOf<QTableWidget>(List(), "table").rowCount(), 2);
+    EXPECT_TRUE(List().isVisible());
+    answer_ = QMessageBox::Cancel;
+    Trigger("CloseProject");
+    EXPECT_TRUE(gProjekt);
+    EXPECT_TRUE(asked_.last().contains(QStringLiteral("M.bas")));
+    window_->OpenProject(directory_.Path("P.vbp"));
+    EXPECT_EQ(ChildOf<QTableWidget>(List(), "table").rowCount(), 2);
+    window_->close();
+    EXPECT_TRUE(window_->isVisible());
+    answer_ = QMessageBox::Discard;
+    Trigger("CloseProject");
+    EXPECT_FALSE(gProjekt);
+    EXPECT_EQ(ChildOf<QTableWidget>(List(), "table").rowCount(), 0);
+    EXPECT_EQ(directory_.Bytes("M.bas"), kModule);
+}
