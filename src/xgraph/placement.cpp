@@ -61,7 +61,7 @@ const ctlGraphObj* SymbolIndex::Graph_PlaceOccupate(GraphPoint point) const {
 }
 
 bool Placement::IsBeyond(GraphPoint place, GraphSize size) const {
-    return place.x < graph_.Canvas().left || place.x + size.width > graph_.Canvas().Right();
+    return place.x < area_.left || place.x + size.width > area_.Right();
 }
 
 // What takes the top left corner, else what takes the bottom right one.
@@ -80,17 +80,16 @@ GraphPoint Placement::FreeInRow(GraphPoint start, GraphSize size) const {
 
 GraphPoint Placement::Graph_GetNextPlace_To_X(GraphPoint start, const GraphRect& ref) {
     const GraphSize size{ref.width, ref.height};
-    const GraphRect& canvas = graph_.Canvas();
     const double rowHeight =
         2 * std::fmax(size.height, kTwipsPerPixel);  // without a height there would be one row only
     for (int row = 1;; ++row) {
         const GraphPoint at = FreeInRow(start, size);
         const bool isRight = GraphPlaceDirX == 1;
-        const bool isInside = isRight ? at.x + size.width <= canvas.Right() : at.x >= canvas.left;
-        if (isInside || size.width > canvas.width)
+        const bool isInside = isRight ? at.x + size.width <= area_.Right() : at.x >= area_.left;
+        if (isInside || size.width > area_.width)
             return at;
         GraphPlaceDirX = -GraphPlaceDirX;
-        start.x = isRight ? canvas.Right() - size.width : canvas.left;
+        start.x = isRight ? area_.Right() - size.width : area_.left;
         start.y = ref.top + (GraphPlaceDirY == 1 ? 1 : -1) * rowHeight * row;
     }
 }
