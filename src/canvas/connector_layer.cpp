@@ -93,13 +93,21 @@ void ConnectorLayer::Paint(QPainter& painter, const QRectF& exposed, const Graph
 // In bands, because the smooth edges of thousands of wedges take a processor some 30 ms: two do it in half the time.
 // The bands differ in what crosses them, so there are more of them than of processors. Without a clip Qt needs twice as
 // long for a smooth line.
-void ConnectorLayer::PaintScreen(QPainter& painter, const QRectF& exposed, const GraphColours& colours) const {
+void ConnectorLayer::PaintScreen(QPainter& painter, const QRectF& exposed, const GraphColours& colours,
+                                 const std::function<void(QPainter&)>& below) const {
     const double ratio = painter.device()->devicePixelRatioF();
     const QRect place = painter.deviceTransform().mapRect(exposed).toAlignedRect();
     QImage image(place.size(), QImage::Format_RGB32);
     if (image.isNull())
         return;
-    image.fill(colours.ground);
+    const QTransform toImage = painter.deviceTransform() * QTransform::fromTranslate(-place.x(), -place.y());
+    const QTransform toDots = QTransform::fromScale(1 / ratio, 1 / ratio);
+    image.setDevicePixelRatio(ratio);
+    {
+        QPainter belowPainter(&image);
+        belowPainter.setTransform(toImage * toDots);
+        below(belowPainter);
+    }
     uchar* const bits = image.bits();
     const int height = (image.height() + kBands - 1) / kBands;
     const auto paintBand = [&](std::size_t nr, std::size_t) {
@@ -108,18 +116,17 @@ void ConnectorLayer::PaintScreen(QPainter& painter, const QRectF& exposed, const
             return;
         QImage band(bits + top * image.bytesPerLine(), image.width(), std::min(height, image.height() - top),
                     image.bytesPerLine(), image.format());
-        const QTransform toBand = painter.deviceTransform() * QTransform::fromTranslate(-place.x(), -place.y() - top);
+        const QTransform toBand = toImage * QTransform::fromTranslate(0, -top);
         const QRectF seen = toBand.inverted().mapRect(QRectF(band.rect()));
         band.setDevicePixelRatio(ratio);
         QPainter bandPainter(&band);
         bandPainter.setClipRect(band.rect());
-        bandPainter.setTransform(toBand * QTransform::fromScale(1 / ratio, 1 / ratio));
+        bandPainter.setTransform(toBand * toDots);
         Paint(bandPainter, seen, colours);
     };
     AheadThreads threads(kBands, std::min<std::size_t>(AheadThreads::UsualHelpers(), kBands - 1), paintBand);
     for (std::size_t nr = 0; nr < kBands; ++nr)
         threads.Await(nr);
-    image.setDevicePixelRatio(ratio);
     painter.save();
     painter.resetTransform();
     painter.drawImage(QPointF(place.topLeft()) / ratio, image);

@@ -5,6 +5,7 @@
 #include <QPointF>
 #include <QRectF>
 #include <array>
+#include <functional>
 #include <optional>
 #include <vector>
 
@@ -44,8 +45,9 @@ public:
     /// @param exposed  in scene units, as all coordinates of the painter
     void Paint(QPainter& painter, const QRectF& exposed, const GraphColours& colours,
                std::optional<double> lineWidth = {}) const;
-    /// The same on the ground of the diagram, in pixels and on all processors.
-    void PaintScreen(QPainter& painter, const QRectF& exposed, const GraphColours& colours) const;
+    /// The same in pixels, on all processors, above what `below` paints in the coordinates of the painter.
+    void PaintScreen(QPainter& painter, const QRectF& exposed, const GraphColours& colours,
+                     const std::function<void(QPainter&)>& below) const;
 =======
     void Paint(QPainter& painter, const QRectF& exposed, const GraphColours& colours,
                std::optional<double> lineWidth = {}) const;

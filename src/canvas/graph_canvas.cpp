@@ -7,6 +7,7 @@
 #include <QHelpEvent>
 #include <QPainter>
 #include <QScrollBar>
+#include <QTimer>
 #include <QToolTip>
 #include <QUndoStack>
 #include <algorithm>
@@ -14,14 +15,17 @@
 #include <unordered_set>
 
 #include "canvas/connector_layer.h"
+#include "canvas/frame_layer.h"
 #include "canvas/graph_accessible.h"
 #include "canvas/graph_change.h"
 #include "canvas/graph_colours.h"
 #include "canvas/legend.h"
+#include "canvas/overview_map.h"
 #include "canvas/symbol_fonts.h"
 #include "canvas/symbol_item.h"
 #include "display/node_objects.h"
 #include "model/clsProjekt.h"
+#include "shell/settings.h"
 #include "widgets/code_style.h"
 #include "widgets/qt_text.h"
 #include "xgraph/placement.h"
@@ -32,9 +36,10 @@ constexpr int kUndoSteps = 200;
 constexpr double kZoomStep = 1.2;
 constexpr double kSmallestZoom = 0.04;
 constexpr double kLargestZoom = 6;
-constexpr int kHitPixels = 4;      // around a connector, in which it is hit
-constexpr int kSightMargin = 40;   // pixels between a symbol that is shown and the edge of the view
-constexpr double kFitMargin = 20;  // pixels around the whole diagram
+constexpr int kHitPixels = 4;                      // around a connector, in which it is hit
+constexpr int kSightMargin = 40;                   // pixels between a symbol that is shown and the edge of the view
+constexpr double kFitMargin = 20;                  // pixels around the whole diagram
+constexpr double kEdgeTwips = 8 * kTwipsPerPixel;  // around the canvas, for the rings of symbols at its edge
 
 QRectF ToQt(const GraphRect& rect) {
     return {rect.left, rect.top, rect.width, rect.height};
@@ -51,7 +56,10 @@ GraphCanvas::GraphCanvas(const Settings& settings, QWidget* parent)
       undo_(new QUndoStack(this)),
       connectors_(std::make_unique<ConnectorLayer>()),
       shpMoveObj_(new QGraphicsRectItem),
-      legend_(new GraphLegend(*colours_, this)) {
+      frames_(std::make_unique<FrameLayer>()),
+      legend_(new GraphLegend(*colours_, this)),
+      map_(new GraphMap(*colours_, this)),
+      edge_(new QTimer(this)) {
     setObjectName(QStringLiteral("picGraphDraw"));
     setScene(new QGraphicsScene(this));
     scene()->addItem(shpMoveObj_);
@@ -70,8 +78,10 @@ GraphCanvas::GraphCanvas(const Settings& settings, QWidget* parent)
     viewport()->setMouseTracking(true);
     undo_->setUndoLimit(kUndoSteps);
     connect(undo_, &QUndoStack::cleanChanged, this, &GraphCanvas::Changed);
-    connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, &GraphCanvas::PlaceLegend);
-    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, &GraphCanvas::PlaceLegend);
+    connect(horizontalScrollBar(), &QScrollBar::rangeChanged, this, &GraphCanvas::PlaceCorners);
+    connect(verticalScrollBar(), &QScrollBar::rangeChanged, this, &GraphCanvas::PlaceCorners);
+    connect(map_, &GraphMap::Moved, this, [this](QPointF centre) { centerOn(centre); });
+    connect(edge_, &QTimer::timeout, this, &GraphCanvas::ScrollAtEdge);
     InstallGraphAccessible();
     SetZoom(1);
     ApplySettings();
@@ -109,8 +119,11 @@ void GraphCanvas::ReplaceProject(clsProjekt& projekt) {
 void GraphCanvas::Forget() {
     press_ = {};
     isShown_ = false;
+    edge_->stop();
     shpMoveObj_->hide();
     connectors_->Clear();
+    frames_->Clear();
+    map_->hide();
     for (const auto& [index, item] : items_)
         delete item;
     items_.clear();
@@ -185,10 +198,13 @@ void GraphCanvas::ShowSelection() {
     for (const auto& symbol : graph_.GraphObjects())
         if (const auto item = items_.find(symbol->Index); item != items_.end())
             item->second->Show(*symbol, symbol.get() == active || symbol->CodePath == marked_);
+    PlaceMap();
 }
 
 void GraphCanvas::ShowConnectors() {
     connectors_->Find(graph_);
+    if (settings_.GraphFrames != 0)
+        frames_->Find(graph_);
     resetCachedContent();
     viewport()->update();
 }
@@ -198,12 +214,16 @@ void GraphCanvas::PlaceScene() {
     const QSize view = viewport()->size();
     const double unit = kTwipsPerPixel / zoom_;
     const GraphRect canvas = graph_.CanvasFor({view.width() * unit, view.height() * unit});
-    if (ToQt(canvas) != sceneRect())
-        setSceneRect(ToQt(canvas));
+    const QRectF scene = ToQt(canvas).adjusted(-kEdgeTwips, -kEdgeTwips, kEdgeTwips, kEdgeTwips);
+    if (scene != sceneRect())
+        setSceneRect(scene);
 }
 
 void GraphCanvas::drawBackground(QPainter* painter, const QRectF& exposed) {
-    connectors_->PaintScreen(*painter, exposed, *colours_);
+    connectors_->PaintScreen(*painter, exposed, *colours_, [&](QPainter& below) {
+        below.fillRect(exposed, colours_->ground);
+        frames_->Paint(below, exposed, *colours_);
+    });
 }
 
 void GraphCanvas::paintEvent(QPaintEvent* event) {
@@ -220,13 +240,13 @@ void GraphCanvas::paintEvent(QPaintEvent* event) {
 void GraphCanvas::resizeEvent(QResizeEvent* event) {
     QGraphicsView::resizeEvent(event);
     PlaceScene();
-    PlaceLegend();
+    PlaceCorners();
 }
 
 void GraphCanvas::showEvent(QShowEvent* event) {
     QGraphicsView::showEvent(event);
     PlaceScene();
-    PlaceLegend();
+    PlaceCorners();
     if (isPlaced_)
         return;
     isPlaced_ = true;
@@ -263,27 +283,16 @@ void GraphCanvas::ApplySettings() {
     resetCachedContent();
     viewport()->update();
     legend_->update();
+    PlaceMap();
 }
 
 void GraphCanvas::Texte() {
     setAccessibleName(TextNr(Text::XGraph));
     setAccessibleDescription(TextNr(Text::GraphKeys));
     legend_->Texte();
+    map_->Texte();
     PlaceLegend();
     viewport()->update();
-}
-
-// At the lower left, where it hides least of what is being worked on.
-void GraphCanvas::PlaceLegend() {
-    legend_->adjustSize();
-    const QRect view = viewport()->geometry();
-    constexpr int kMargin = 8;
-    legend_->move(view.left() + kMargin, view.bottom() - legend_->height() - kMargin);
-    legend_->raise();
-}
-
-void GraphCanvas::SetLegend(bool shown) {
-    legend_->setVisible(shown);
 }
 
 void GraphCanvas::CopyPicture() {
@@ -303,6 +312,7 @@ void GraphCanvas::SetZoom(double zoom) {
     zoom_ = std::fabs(bounded - 1) < 0.05 ? 1 : bounded;
     setTransform(QTransform::fromScale(zoom_ / kTwipsPerPixel, zoom_ / kTwipsPerPixel));
     PlaceScene();
+    PlaceMap();
 }
 
 void GraphCanvas::ZoomIn() {
@@ -368,17 +378,17 @@ GraphSize GraphCanvas::SizeOf(const CodeObject& object) const {
     return symbol.layout.size;
 }
 
-// Where the user looks.
-GraphPoint GraphCanvas::FreePlace(GraphSize size) const {
-    return WholeFreePlaceNear(graph_, VisiblePart().Center(), size);
+// In rows from the middle of what can be seen.
+GraphPoint GraphCanvas::FreePlace(const CodeObject& object) const {
+    return WholeFreePlace(graph_, VisiblePart(), SizeOf(object));
 }
 
 void GraphCanvas::ShowObject(CodeObject& object) {
     Change(TextNr(Text::AddSymbol), [&](XGraph& graph) {
         const ctlGraphObj* symbol = graph.WithPath(object.CodePath());
         if (!symbol) {
-            const GraphPoint place = FreePlace(SizeOf(object));
-            symbol = graph.GraphObjCreate(&object, std::round(place.x), std::round(place.y), true);
+            const GraphPoint place = FreePlace(object);
+            symbol = graph.GraphObjCreate(&object, place.x, place.y, true);
         }
         graph.SetActive(symbol->Index);
         graph.DeselectAll();

@@ -1,7 +1,7 @@
 // The diagram on the screen: symbols that are dragged about, and the connectors between them. All that a diagram is, is
 // in its XGraph; this is what one sees of it and does to it, by mouse and by keyboard. Scene units are twips.
 //
-// The room's one door: views use nothing else of it.
+// The room's one door: views use nothing else of it. Its context menu ends with the actions of the widget.
 #pragma once
 
 #include <QGraphicsView>
@@ -16,9 +16,12 @@
 
 class CodeObject;
 class ConnectorLayer;
+class FrameLayer;
 class GraphChange;
 class GraphLegend;
+class GraphMap;
 class QMenu;
+class QTimer;
 class QUndoStack;
 class SymbolFonts;
 class SymbolItem;
@@ -82,9 +85,14 @@ public:
     void Fit();
     /// Scrolls to the diagram, if nothing of it can be seen.
     void FindSymbols();
-    void SetLegend(bool shown);
     /// To the clipboard, with symbols that are not selected and no legend.
     void CopyPicture();
+    /// Shows or hides legend, frames of modules and overview map as the settings say; the map only while the diagram
+    /// is larger than the view.
+    void ShowExtras();
+
+    /// A free place for a symbol of the object, where the user looks.
+    [[nodiscard]] GraphPoint FreePlace(const CodeObject& object) const;
 
     void Texte();
     void ApplySettings();
@@ -123,6 +131,7 @@ protected:
     void changeEvent(QEvent* event) override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void scrollContentsBy(int dx, int dy) override;
     bool viewportEvent(QEvent* event) override;
     bool event(QEvent* event) override;
     // graph_canvas_mouse.cpp
@@ -158,7 +167,6 @@ private:
     void ShowConnectors();
     void ShowSelection();
     void PlaceScene();
-    void PlaceLegend();
     void SetZoom(double zoom);
     void FitInto(const QRect& part);
     void GoTo(const ctlGraphObj& symbol);
@@ -166,11 +174,17 @@ private:
     [[nodiscard]] const GraphPair* PairAt(QPoint point) const;
     [[nodiscard]] GraphRect VisiblePart() const;
     [[nodiscard]] GraphSize SizeOf(const CodeObject& object) const;
-    [[nodiscard]] GraphPoint FreePlace(GraphSize size) const;
     [[nodiscard]] QString TipAt(QPoint point) const;
     [[nodiscard]] QString NameOf(const ctlGraphObj& symbol) const;
     [[nodiscard]] QString NameOf(const GraphPair& pair) const;
+    // graph_canvas_corners.cpp
+    void PlaceCorners();
+    void PlaceLegend();
+    void PlaceMap();
+    void ShowMapView();
     // graph_canvas_mouse.cpp
+    void ShowGesture(QPoint point);
+    void ScrollAtEdge();
     void BeginPan(Qt::MouseButton button, QPoint point);
     void Pan(QPoint point);
     void ShowFrame(const QRectF& frame);
@@ -178,6 +192,7 @@ private:
     void ShowPointer(QPoint point);
     void ShowLines(const GraphPair& pair, const QPoint& globalPos);
     void ShowMenu(const QPoint& globalPos);
+    void FillMenu(QMenu& menu, const ctlGraphObj& symbol);
     void FillLines(QMenu& menu, const GraphPair& pair);
     void FillWholeDiagram(QMenu& menu);
     void TakeKeysOnly(QDropEvent& event) const;
@@ -198,7 +213,10 @@ private:
     std::vector<SymbolPlace> shown_;              // what is on the screen, and what undo would come back to
     std::string marked_;                          // path of the current object
     QGraphicsRectItem* shpMoveObj_;               // the frame while dragging, and the rubber band
+    std::unique_ptr<FrameLayer> frames_;
     GraphLegend* legend_;
+    GraphMap* map_;
+    QTimer* edge_;  // runs while the mouse drags at the edge of the view
     double zoom_ = 1;
     Press press_;
     bool isSpaceDown_ = false;

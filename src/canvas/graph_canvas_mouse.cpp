@@ -6,6 +6,8 @@
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QTimer>
+#include <algorithm>
 #include <cmath>
 
 #include "canvas/connector_layer.h"
@@ -24,10 +26,19 @@ namespace {
 constexpr int kMostLines = 40;        // of a connector in one menu
 constexpr int kLongestLine = 90;      // characters of the code in it
 constexpr double kWheelStep = 480.0;  // eighths of a degree that double the size
+constexpr int kEdge = 12;             // pixels at the edge of the view, where dragging scrolls
+constexpr int kEdgeTurn = 30;         // milliseconds between two steps of that
+constexpr int kFastest = 60;          // pixels of a step, however far the mouse is out
 
 int ShiftOf(Qt::KeyboardModifiers modifiers) {
     return (modifiers.testFlag(Qt::ShiftModifier) ? 1 : 0) | (modifiers.testFlag(Qt::ControlModifier) ? kCtrl : 0) |
            (modifiers.testFlag(Qt::AltModifier) ? 4 : 0);
+}
+
+// How far to scroll for a mouse beyond this side of the view, or near it: further for one that is further out.
+int StepBeyond(int low, int high, int at) {
+    const int out = at < low + kEdge ? at - low - kEdge : std::max(0, at - high + kEdge);
+    return std::clamp(out, -kFastest, kFastest);
 }
 
 GraphPoint ToGraph(QPointF point) {
@@ -70,14 +81,16 @@ void GraphCanvas::mouseMoveEvent(QMouseEvent* event) {
             Pan(point);
             break;
         case Gesture::Drag:
-            press_.hasMoved = true;
-            // Only the frame moves; the symbols follow when it is let go.
-            ShowFrame(press_.frame.translated(mapToScene(point) - press_.start));
-            ensureVisible(shpMoveObj_->rect(), 0, 0);
-            break;
         case Gesture::RubberBand:
             press_.hasMoved = true;
-            ShowFrame(QRectF(press_.start, mapToScene(point)).normalized());
+            press_.last = point;
+            ShowGesture(point);
+            if (!viewport()->rect().adjusted(kEdge, kEdge, -kEdge, -kEdge).contains(point)) {
+                if (!edge_->isActive())
+                    edge_->start(kEdgeTurn);
+            } else {
+                edge_->stop();
+            }
             break;
         case Gesture::None:
             ShowPointer(point);
@@ -85,11 +98,33 @@ void GraphCanvas::mouseMoveEvent(QMouseEvent* event) {
     }
 }
 
+// Only the frame moves; the symbols follow when it is let go.
+void GraphCanvas::ShowGesture(QPoint point) {
+    if (press_.gesture == Gesture::Drag)
+        ShowFrame(press_.frame.translated(mapToScene(point) - press_.start));
+    else
+        ShowFrame(QRectF(press_.start, mapToScene(point)).normalized());
+}
+
+// Goes on while the mouse rests there.
+void GraphCanvas::ScrollAtEdge() {
+    if (press_.gesture != Gesture::Drag && press_.gesture != Gesture::RubberBand) {
+        edge_->stop();
+        return;
+    }
+    const QRect view = viewport()->rect();
+    const auto scroll = [](QScrollBar& bar, int step) { bar.setValue(bar.value() + step); };
+    scroll(*horizontalScrollBar(), StepBeyond(view.left(), view.right(), press_.last.x()));
+    scroll(*verticalScrollBar(), StepBeyond(view.top(), view.bottom(), press_.last.y()));
+    ShowGesture(press_.last);
+}
+
 void GraphCanvas::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != press_.button || press_.gesture == Gesture::None)
         return;
     const QPoint point = event->position().toPoint();
     const Press press = std::exchange(press_, {});
+    edge_->stop();
     shpMoveObj_->hide();
     ShowPointer(point);
     if (press.gesture == Gesture::Drag) {
@@ -165,13 +200,16 @@ void GraphCanvas::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
     if (event->reason() == QContextMenuEvent::Mouse)
         return;
+    if (const ctlGraphObj* const symbol = graph_.Active())
+        GoTo(*symbol);
     const ctlGraphObj* const symbol = graph_.Active();
     const QPoint point =
         symbol ? mapFromScene(symbol->Left, symbol->Top + symbol->Height()) : viewport()->rect().center();
     ShowMenu(viewport()->mapToGlobal(point));
 }
 
-// For the symbol at that place: what Enter does, and each of its connectors with its lines.
+// For the symbol at that place, which the commands below then work on: what Enter does, and each of its connectors with
+// its lines.
 void GraphCanvas::ShowMenu(const QPoint& globalPos) {
     const QPoint point = viewport()->mapFromGlobal(globalPos);
     const ctlGraphObj* symbol = SymbolAt(point);
@@ -180,38 +218,44 @@ void GraphCanvas::ShowMenu(const QPoint& globalPos) {
         ShowLines(*pair, globalPos);
         return;
     }
-    if (!symbol)
-        symbol = graph_.Active();
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    if (!symbol) {
-        FillWholeDiagram(*menu);
-        menu->popup(globalPos);
-        return;
+    menu->setToolTipsVisible(true);
+    if (symbol) {
+        if (!symbol->Selected)
+            graph_.GraphObj_MouseDown(symbol->Index, 0);
+        graph_.SetActive(symbol->Index);
+        ShowConnectors();
+        ShowSelection();
+        Q_EMIT Changed();
+        FillMenu(*menu, *symbol);
+        menu->addSeparator();
     }
-    const std::string key = NodeKeyOf(*symbol->object);
-    menu->addAction(TextNr(Text::GraphGoToCode), this, [this, key] { Q_EMIT CodeAsked(key); });
-    const int index = symbol->Index;
-    menu->addAction(TextNr(Text::RemoveSymbol), this, [this, index] {
+    FillWholeDiagram(*menu);
+    menu->popup(globalPos);
+}
+
+void GraphCanvas::FillMenu(QMenu& menu, const ctlGraphObj& symbol) {
+    const std::string key = NodeKeyOf(*symbol.object);
+    menu.addAction(TextNr(Text::GraphGoToCode), this, [this, key] { Q_EMIT CodeAsked(key); });
+    const int index = symbol.Index;
+    menu.addAction(TextNr(Text::RemoveSymbol), this, [this, index] {
         Change(TextNr(Text::DeleteSelected), [index](XGraph& graph) {
             graph.DeselectAll();
             graph.Select(index, true);
             graph.GraphDeleteSelected();
         });
     });
-    menu->addSeparator();
+    menu.addSeparator();
     bool hasLines = false;
-    for (const GraphPair& joined : connectors_->Pairs()) {
-        if (joined.from != symbol && joined.to != symbol)
+    for (const GraphPair& pair : connectors_->Pairs()) {
+        if (pair.from != &symbol && pair.to != &symbol)
             continue;
-        FillLines(*menu->addMenu(NameOf(joined).replace(QLatin1Char('&'), QStringLiteral("&&"))), joined);
+        FillLines(*menu.addMenu(NameOf(pair).replace(QLatin1Char('&'), QStringLiteral("&&"))), pair);
         hasLines = true;
     }
     if (!hasLines)
-        menu->addAction(TextNr(Text::NoConnectors))->setEnabled(false);
-    menu->addSeparator();
-    FillWholeDiagram(*menu);
-    menu->popup(globalPos);
+        menu.addAction(TextNr(Text::NoConnectors))->setEnabled(false);
 }
 
 // What concerns no single symbol: the actions that the window has given to the canvas.

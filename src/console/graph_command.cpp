@@ -199,13 +199,9 @@ private:
                 graph_.MoveTo(known->Index, *operation.place);
             return known;
         }
-        const GraphPoint free = operation.place ? *operation.place : FreePlace(*object);
+        const GraphPoint free =
+            operation.place ? *operation.place : WholeFreePlace(graph_, graph_.Canvas(), graph_.SizeOf(*object));
         return graph_.GraphObjCreate(object, free.x, free.y, true);
-    }
-
-    [[nodiscard]] GraphPoint FreePlace(CodeObject& object) const {
-        const GraphPoint place = WholeFreePlaceNear(graph_, graph_.Canvas().Center(), graph_.SizeOf(object));
-        return {std::round(place.x), std::round(place.y)};
     }
 
     bool Chain(const GraphOperation& operation) {

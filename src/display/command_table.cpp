@@ -77,9 +77,26 @@ constexpr std::array kRows = std::to_array<CommandRow>({
      Needs::ProcedureSymbol},
     {CallsChain, "CallsChain", Text::CallsChain, Text::None, "CallsChain", "", Needs::ProcedureSymbol},
     {CallsChainAll, "CallsChainAll", Text::CallsChainAll, Text::None, "CallsChainAll", "", Needs::ProcedureSymbol},
+    {AddCallers, "AddCallers", Text::AddCallers, Text::None, "CalledByChain", "Ctrl+B", Needs::Procedure},
+    {AddAllCallers, "AddAllCallers", Text::AddAllCallers, Text::None, "CalledByChainAll", "Ctrl+Shift+B",
+     Needs::Procedure},
+    {AddCallees, "AddCallees", Text::AddCallees, Text::None, "CallsChain", "Ctrl+L", Needs::Procedure},
+    {AddAllCallees, "AddAllCallees", Text::AddAllCallees, Text::None, "CallsChainAll", "Ctrl+Shift+L",
+     Needs::Procedure},
+    {AddCallPath, "AddCallPath", Text::AddCallPath, Text::None, "", "Ctrl+J", Needs::TwoProcedures},
+    {ArrangeTop, "ArrangeTop", Text::ArrangeTop, Text::None, "", "Ctrl+Shift+A", Needs::Layout, false, false,
+     Text::Arrange},
+    {ArrangeLeft, "ArrangeLeft", Text::ArrangeLeft, Text::None, "", "", Needs::Layout, false, false, Text::Arrange},
+    {ArrangeBottom, "ArrangeBottom", Text::ArrangeBottom, Text::None, "", "", Needs::Layout, false, false,
+     Text::Arrange},
+    {ArrangeRight, "ArrangeRight", Text::ArrangeRight, Text::None, "", "", Needs::Layout, false, false, Text::Arrange},
+    {ArrangeModules, "ArrangeModules", Text::ArrangeModules, Text::None, "", "", Needs::Layout, false, false,
+     Text::Arrange},
     {FetchSymbols, "cmdNoZoom", Text::FetchSymbols, Text::None, "FetchSymbols", "", Needs::SymbolsShown},
     {FitGraph, "FitGraph", Text::FitGraph, Text::None, "FitGraph", "", Needs::SymbolsShown},
     {ShowLegend, "ShowLegend", Text::Legend, Text::None, "Legend", "", Needs::Graph, false, true},
+    {ShowMap, "ShowMap", Text::OverviewMap, Text::None, "", "", Needs::Graph, false, true},
+    {FrameModules, "FrameModules", Text::FrameModules, Text::None, "", "", Needs::Graph, false, true},
     {WebPage, "WebPage", Text::WebPage, Text::None, "", "", Needs::Nothing},
     {Keys, "Keys", Text::KeyboardShortcuts, Text::None, "", "", Needs::Nothing, true},
     {Diagnosis, "Diagnosis", Text::Summary, Text::None, "", "Ctrl+D", Needs::Nothing, true},
@@ -135,6 +152,12 @@ bool IsEnabled(Command command, const Situation& now) {
             return now.graph.isShown && now.graph.hasSelected;
         case Needs::ProcedureSymbol:
             return now.graph.isShown && now.graph.isProcedure && now.callsRead;
+        case Needs::Procedure:
+            return now.hasProject && now.graph.hasProcedure && now.callsRead;
+        case Needs::TwoProcedures:
+            return now.graph.isShown && now.graph.areTwo && now.callsRead;
+        case Needs::Layout:
+            return now.graph.isShown && now.graph.hasSeveral && now.graph.canArrange;
         case Needs::UndoStep:
             return now.graph.isShown && now.graph.canUndo;
         case Needs::RedoStep:
@@ -158,6 +181,8 @@ bool IsEnabled(Command command, const Situation& now) {
 namespace {
 
 Text WhyNotOnGraph(Needs needs, const Situation& now) {
+    if (needs == Needs::Layout && !now.graph.canArrange)
+        return Text::NeedsGraphviz;
     if (!now.graph.isShown && needs != Needs::Symbols)
         return Text::ShowGraphFirst;
     switch (needs) {
@@ -168,6 +193,10 @@ Text WhyNotOnGraph(Needs needs, const Situation& now) {
             return Text::SelectSymbolFirst;
         case Needs::ProcedureSymbol:
             return now.callsRead ? Text::ClickProcedureFirst : Text::ReadCallsFirst;
+        case Needs::TwoProcedures:
+            return now.callsRead ? Text::SelectTwoProcedures : Text::ReadCallsFirst;
+        case Needs::Layout:
+            return Text::NothingToArrange;
         default:
             return Text::NothingToUndo;
     }
@@ -187,6 +216,8 @@ Text WhyDisabled(Command command, const Situation& now) {
             return Text::ChooseObjectFirst;
         case Needs::Neighbours:
             return !now.hasObject ? Text::ChooseObjectFirst : !now.callsRead ? Text::ReadCallsFirst : Text::NoneOfThese;
+        case Needs::Procedure:
+            return now.callsRead ? Text::ChooseProcedureFirst : Text::ReadCallsFirst;
         case Needs::Places:
             return Text::ChooseNeighbourFirst;
         case Needs::PreviousPlace:
@@ -197,6 +228,8 @@ Text WhyDisabled(Command command, const Situation& now) {
         case Needs::SymbolsShown:
         case Needs::SelectedSymbol:
         case Needs::ProcedureSymbol:
+        case Needs::TwoProcedures:
+        case Needs::Layout:
         case Needs::UndoStep:
         case Needs::RedoStep:
             return WhyNotOnGraph(needs, now);

@@ -74,9 +74,21 @@ enum class Command : std::uint8_t {
     CalledByChainAll,
     CallsChain,
     CallsChainAll,
+    AddCallers,
+    AddAllCallers,
+    AddCallees,
+    AddAllCallees,
+    AddCallPath,
+    ArrangeTop,
+    ArrangeLeft,
+    ArrangeBottom,
+    ArrangeRight,
+    ArrangeModules,
     FetchSymbols,
     FitGraph,
     ShowLegend,
+    ShowMap,
+    FrameModules,
     WebPage,
     Keys,
     Diagnosis,
@@ -97,7 +109,10 @@ enum class Needs : std::uint8_t {
     Symbols,          // on the graph, shown or not
     SymbolsShown,     // on the graph, which the content shows
     SelectedSymbol,   // there, one or more
-    ProcedureSymbol,  // the active symbol is one
+    ProcedureSymbol,  // the active symbol is one, or a selected one
+    Procedure,        // there, or as the current object
+    TwoProcedures,    // selected there
+    Layout,           // symbols there, and the program that arranges them
     UndoStep,         // of the graph
     RedoStep,
     CallsRead,
@@ -131,7 +146,11 @@ struct GraphSituation {
     bool isShown = false;  // by the content
     bool hasSymbols = false;
     bool hasSelected = false;
-    bool isProcedure = false;  // the active symbol
+    bool isProcedure = false;   // the active symbol, or a selected one
+    bool hasProcedure = false;  // that, or the current object
+    bool areTwo = false;        // procedures selected
+    bool hasSeveral = false;    // symbols
+    bool canArrange = false;    // the program for it is there
     bool canUndo = false;
     bool canRedo = false;
 };

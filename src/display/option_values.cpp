@@ -8,6 +8,9 @@ Settings DefaultOptions(const Settings& settings) {
     defaults.OpenSaveDir = settings.OpenSaveDir;
     defaults.Split = settings.Split;
     defaults.Content = settings.Content;
+    defaults.GraphLegend = settings.GraphLegend;
+    defaults.GraphMap = settings.GraphMap;
+    defaults.GraphFrames = settings.GraphFrames;
     return defaults;
 }
 

@@ -103,6 +103,9 @@ Settings Optionen_Ini_Load(SettingsFile& file) {
     settings.RefreshAuto = ReadSmall(file, "RefreshAutomatically", "0");
     settings.AskAtClosing = ReadSmall(file, "AskAtClosing", "0");
     settings.ProcVars = ReadSmall(file, "ProcVarsInTreeView", "1");
+    settings.GraphLegend = ReadSmall(file, "GraphLegend", "1");
+    settings.GraphMap = ReadSmall(file, "GraphMap", "1");
+    settings.GraphFrames = ReadSmall(file, "GraphFrames", "0");
     if (file.ReadString(kGeneral, "Language", "english") == "german")
         settings.Language = "german";
     settings.CodePage = CodePage(file.ReadString(kGeneral, "CodePage", "auto")).Setting();
@@ -160,6 +163,13 @@ void Optionen_Ini_Save(SettingsFile& file, const Settings& settings) {
 
 void Save_OpenDir(SettingsFile& file, const Settings& settings) {
     file.WriteString(kGeneral, "OpenSaveDir", Trim(settings.OpenSaveDir));
+    file.Save();
+}
+
+void GraphExtras_Save(SettingsFile& file, const Settings& settings) {
+    file.WriteString(kGeneral, "GraphLegend", std::to_string(settings.GraphLegend));
+    file.WriteString(kGeneral, "GraphMap", std::to_string(settings.GraphMap));
+    file.WriteString(kGeneral, "GraphFrames", std::to_string(settings.GraphFrames));
     file.Save();
 }
 

@@ -31,6 +31,9 @@ struct Settings {
     std::int16_t RefreshAuto = 0;      // 1: changed files are read again without being asked for
     std::int16_t AskAtClosing = 0;     // 1: a question before the window closes with a project open
     std::int16_t ProcVars = 1;         // 1: the project tree shows arguments and locals
+    std::int16_t GraphLegend = 1;      // 1: the diagram has a legend
+    std::int16_t GraphMap = 1;         // 1: and an overview map, when it is larger than the view
+    std::int16_t GraphFrames = 0;      // 1: and frames around the symbols of each module
     std::string Language = "english";  // or "german"
     std::string CodePage = "auto";     // or the number of a code page
     // Where libraries are sought; directories and files of this system
@@ -71,6 +74,9 @@ extern std::string gIniFile;
 void Optionen_Ini_Save(SettingsFile& file, const Settings& settings);
 /// Writes the directory of the last project only.
 void Save_OpenDir(SettingsFile& file, const Settings& settings);
+
+/// Writes what the diagram shows beside its symbols only.
+void GraphExtras_Save(SettingsFile& file, const Settings& settings);
 
 /// Geometry of the main window and of its splitters in twips; an empty text is "not stored".
 struct WindowSize {

@@ -157,10 +157,11 @@ void frmMain::BuildPanes() {
                              {.run =
                                   [this](const std::string& name, const std::function<void()>& operation) {
                                       dialogs_.progress->SetCancelVisible(true);
-                                      dialogs_.progress->Run(name, operation);
+                                      return dialogs_.progress->Run(name, operation);
                                   },
                               .showContent = [this] { ShowContent(); },
-                              .showNow = [this] { ShowNow(); }});
+                              .showNow = [this] { ShowNow(); },
+                              .message = {}});
     content_->Add(&graph_->Pane());
     rtbCodePath_ = new PathLine(this);
     lower_ = new LowerPane(workspace_.Collected(), settings_, this);

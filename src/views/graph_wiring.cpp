@@ -9,7 +9,7 @@
 #include "model/clsProjekt.h"
 #include "platform/settings_file.h"
 #include "project/start.h"
-#include "shell/operations.h"
+#include "shell/settings.h"
 #include "views/baum_view.h"
 #include "views/code_view.h"
 #include "views/commands.h"
@@ -22,14 +22,7 @@
 #include "widgets/object_tip.h"
 #include "widgets/qt_text.h"
 
-namespace {
-
-constexpr std::string_view kSection = "ALLGEMEIN";
-constexpr std::string_view kLegendKey = "GraphLegend";
-
-}  // namespace
-
-GraphWiring::GraphWiring(frmMain& window, Files& files, SettingsFile& settings, Ports ports)
+GraphWiring::GraphWiring(frmMain& window, Files& files, SettingsFile& settings, GraphPorts ports)
     : QObject(&window),
       window_(window),
       settings_(settings),
@@ -37,7 +30,10 @@ GraphWiring::GraphWiring(frmMain& window, Files& files, SettingsFile& settings, 
       pane_(new GraphPane(window.TheSettings(), window.TheCommands())),
       canvas_(pane_->Canvas()),
       files_(new GraphFiles(canvas_, files, settings, &window)),
-      output_(new GraphOutput(canvas_, files, settings, window.TheSettings(), &window)) {
+      output_(new GraphOutput(canvas_, files, settings, window.TheSettings(), &window)),
+      chains_(canvas_, ports_, &window),
+      arrange_(canvas_, ports_, &window) {
+    ports_.message = [this](const QString& text) { Q_EMIT Message(text); };
     connect(files_, &GraphFiles::Message, this, &GraphWiring::Message);
     connect(output_, &GraphOutput::Message, this, &GraphWiring::Message);
     WireCanvas();
@@ -102,19 +98,96 @@ void GraphWiring::WireCommands() {
     Wire(Command::DeleteSymbols, [this](bool) { canvas_.DeleteSelected(); });
     Wire(Command::FetchSymbols, [this](bool) { canvas_.cmdNoZoom(); });
     Wire(Command::FitGraph, [this](bool) { canvas_.Fit(); });
-    for (const auto& [command, chain] : {std::pair{Command::CalledByChain, GraphChain::CalledBy},
-                                         {Command::CalledByChainAll, GraphChain::CalledByAll},
-                                         {Command::CallsChain, GraphChain::Calls},
-                                         {Command::CallsChainAll, GraphChain::CallsAll}})
-        Wire(command, [this, of = command, which = chain](bool) { RunChain(of, which); });
-    QAction& legend = window_.TheCommands()[Command::ShowLegend];
-    legend.setChecked(settings_.ReadString(kSection, kLegendKey, "1", 8) != "0");
-    canvas_.SetLegend(legend.isChecked());
-    Wire(Command::ShowLegend, [this](bool shown) {
-        canvas_.SetLegend(shown);
-        settings_.WriteString(kSection, kLegendKey, shown ? "1" : "0");
-        settings_.Save();
+    WireChains();
+    WireArrange();
+    WireExtra(Command::ShowLegend, &Settings::GraphLegend);
+    WireExtra(Command::ShowMap, &Settings::GraphMap);
+    WireExtra(Command::FrameModules, &Settings::GraphFrames);
+    canvas_.ShowExtras();
+    FillMenuOfCanvas();
+}
+
+void GraphWiring::WireExtra(Command command, std::int16_t Settings::*shown) {
+    QAction& action = window_.TheCommands()[command];
+    action.setChecked(window_.TheSettings().*shown != 0);
+    Wire(command, [this, shown](bool isShown) {
+        window_.TheSettings().*shown = isShown ? 1 : 0;
+        GraphExtras_Save(settings_, window_.TheSettings());
+        canvas_.ShowExtras();
     });
+}
+
+// The buttons above the diagram work on its symbols, the commands of the menu also on what is chosen elsewhere.
+void GraphWiring::WireChains() {
+    struct Way {
+        Command button, command;
+        GraphChain chain;
+    };
+    for (const Way& way : {Way{Command::CalledByChain, Command::AddCallers, GraphChain::CalledBy},
+                           Way{Command::CalledByChainAll, Command::AddAllCallers, GraphChain::CalledByAll},
+                           Way{Command::CallsChain, Command::AddCallees, GraphChain::Calls},
+                           Way{Command::CallsChainAll, Command::AddAllCallees, GraphChain::CallsAll}}) {
+        const Text name = RowOf(way.command).text;
+        Wire(way.button, [this, name, chain = way.chain](bool) {
+            chains_.Add(TextNr(name), chain, pane_->gChainObjectType(), chains_.Selected());
+        });
+        Wire(way.command, [this, name, chain = way.chain](bool) {
+            const std::vector<clsProzedur*> starts = ProceduresInUse();
+            if (starts.empty())
+                return Q_EMIT Message(TextNr(Text::ChooseProcedureFirst));
+            ShowGraph();
+            chains_.Add(TextNr(name), chain, pane_->gChainObjectType(), starts);
+        });
+    }
+    Wire(Command::AddCallPath, [this](bool) { chains_.AddPath(TextNr(Text::AddCallPath)); });
+}
+
+void GraphWiring::WireArrange() {
+    struct Way {
+        Command command;
+        LayoutOptions options;
+    };
+    for (const Way& way :
+         {Way{Command::ArrangeTop, {.from = LayoutSide::Top}}, Way{Command::ArrangeLeft, {.from = LayoutSide::Left}},
+          Way{Command::ArrangeBottom, {.from = LayoutSide::Bottom}},
+          Way{Command::ArrangeRight, {.from = LayoutSide::Right}},
+          Way{Command::ArrangeModules, {.from = LayoutSide::Top, .byModule = true}}})
+        Wire(way.command, [this, options = way.options](bool) { arrange_.Arrange(TextNr(Text::Arrange), options); });
+}
+
+// What the context menu of the diagram ends with.
+void GraphWiring::FillMenuOfCanvas() {
+    Commands& commands = window_.TheCommands();
+    const auto addGroup = [&](std::initializer_list<Command> group) {
+        for (const Command command : group)
+            canvas_.addAction(&commands[command]);
+        auto* separator = new QAction(this);
+        separator->setSeparator(true);
+        canvas_.addAction(separator);
+    };
+    addGroup({Command::AddCallers, Command::AddAllCallers, Command::AddCallees, Command::AddAllCallees,
+              Command::AddCallPath});
+    addGroup({Command::ArrangeTop, Command::ArrangeLeft, Command::ArrangeBottom, Command::ArrangeRight,
+              Command::ArrangeModules});
+    addGroup({Command::SelectAllSymbols, Command::FitGraph});
+    addGroup({Command::FrameModules, Command::ShowMap, Command::ShowLegend});
+}
+
+clsProzedur* GraphWiring::ProcedureWith(const std::string& key) const {
+    CodeObject* const object = gProjekt && !key.empty() ? ObjectOfNode(*gProjekt, NodeId(key)) : nullptr;
+    return object && object->Class() == ObjectClass::Prozedur ? static_cast<clsProzedur*>(object) : nullptr;
+}
+
+// Those selected in the diagram while it has the focus; else the one that is chosen where the focus is.
+std::vector<clsProzedur*> GraphWiring::ProceduresInUse() const {
+    const std::vector<clsProzedur*> selected = IsShown() ? chains_.Selected() : std::vector<clsProzedur*>();
+    if (window_.focusWidget() == &canvas_ && !selected.empty())
+        return selected;
+    const CodeObject* const current = window_.TheWorkspace().Current().CurObject;
+    for (const std::string& key : {KeyInUse(), current ? NodeKeyOf(*current) : std::string()})
+        if (clsProzedur* const prozedur = ProcedureWith(key))
+            return {prozedur};
+    return selected;
 }
 
 // A hit of the search, what has the focus, or the current object.
@@ -145,16 +218,6 @@ void GraphWiring::ShowGraph() {
     window_.TheSettings().Content = ContentMode::Graph;
     ports_.showContent();
     window_.Activate_Commands();
-}
-
-void GraphWiring::RunChain(Command command, GraphChain chain) {
-    const ctlGraphObj* const start = canvas_.Graph().Active();
-    if (!start)
-        return;
-    canvas_.Change(TextNr(RowOf(command).text), [&](XGraph& graph) {
-        ports_.run(std::string(ActionOf(chain)),
-                   [&] { RunGraphChain(graph, *start, chain, {.type = pane_->gChainObjectType()}); });
-    });
 }
 
 bool GraphWiring::IsShown() const {
@@ -206,12 +269,17 @@ void GraphWiring::Open(const std::string& path) {
 
 GraphSituation GraphWiring::Now() const {
     const XGraph& graph = canvas_.Graph();
-    const ctlGraphObj* const active = graph.Active();
+    // The objects of a diagram that shows nothing may have gone.
+    const std::size_t procedures = canvas_.ListedCount() > 0 ? chains_.Selected().size() : 0;
+    const CodeObject* const current = window_.TheWorkspace().Current().CurObject;
     return {.isShown = IsShown(),
             .hasSymbols = !graph.GraphObjects().empty(),
             .hasSelected = !graph.GraphSelected().empty(),
-            // The objects of a diagram that shows nothing may have gone.
-            .isProcedure = active && canvas_.ListedCount() > 0 && active->object->Class() == ObjectClass::Prozedur,
+            .isProcedure = procedures > 0,
+            .hasProcedure = (IsShown() && procedures > 0) || (current && current->Class() == ObjectClass::Prozedur),
+            .areTwo = procedures == 2,
+            .hasSeveral = graph.GraphObjects().size() > 1,
+            .canArrange = GraphArrange::IsThere(),
             .canUndo = canvas_.Undo().canUndo(),
             .canRedo = canvas_.Undo().canRedo()};
 }

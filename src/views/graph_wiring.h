@@ -4,9 +4,12 @@
 #include <QObject>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "display/command_table.h"
-#include "xgraph/call_chains.h"
+#include "views/graph_arrange.h"
+#include "views/graph_chains.h"
+#include "views/graph_ports.h"
 
 class BaumView;
 class CodeView;
@@ -18,20 +21,15 @@ class GraphPane;
 class ReferencesList;
 class SearchBar;
 class SettingsFile;
+class clsProzedur;
 class frmMain;
+struct Settings;
 
 class GraphWiring final : public QObject {
     Q_OBJECT
 
 public:
-    /// What the window does for it.
-    struct Ports {
-        /// Runs a long operation that can be cancelled.
-        std::function<void(const std::string& name, const std::function<void()>& operation)> run;
-        std::function<void()> showContent;
-        std::function<void()> showNow;  // enables commands
-    };
-    GraphWiring(frmMain& window, Files& files, SettingsFile& settings, Ports ports);
+    GraphWiring(frmMain& window, Files& files, SettingsFile& settings, GraphPorts ports);
 
     [[nodiscard]] GraphPane& Pane() const { return *pane_; }
     /// The trees, the references, the code and the search from which objects come.
@@ -71,17 +69,24 @@ private:
     void WireCanvas();
     void ShowInGraph(const std::string& key);
     [[nodiscard]] std::string KeyInUse() const;
-    void RunChain(Command command, GraphChain chain);
+    [[nodiscard]] std::vector<clsProzedur*> ProceduresInUse() const;
+    [[nodiscard]] clsProzedur* ProcedureWith(const std::string& key) const;
+    void WireChains();
+    void WireArrange();
+    void WireExtra(Command command, std::int16_t Settings::*shown);
+    void FillMenuOfCanvas();
     void CanvasChanged();
     [[nodiscard]] bool IsShown() const;
 
     frmMain& window_;
     SettingsFile& settings_;
-    Ports ports_;
+    GraphPorts ports_;
     GraphPane* pane_;
     GraphCanvas& canvas_;
     GraphFiles* files_;
     GraphOutput* output_;
+    GraphChains chains_;
+    GraphArrange arrange_;
     CodeView* code_ = nullptr;
     SearchBar* search_ = nullptr;
     std::string waiting_;  // file to be opened with the next project

@@ -81,11 +81,14 @@ void MainMenus::Fill() {
                      Command::DeleteSymbols,
                      Command::FetchSymbols,
                      {},
-                     Command::CalledByChain,
-                     Command::CalledByChainAll,
-                     Command::CallsChain,
-                     Command::CallsChainAll,
+                     Command::ArrangeTop,
+                     Command::ArrangeLeft,
+                     Command::ArrangeBottom,
+                     Command::ArrangeRight,
+                     Command::ArrangeModules,
                      {},
+                     Command::FrameModules,
+                     Command::ShowMap,
                      Command::ShowLegend});
     fill(mnuAnsicht_, {{}, Command::Problems, Command::Options});
 
@@ -93,7 +96,17 @@ void MainMenus::Fill() {
     fill(mnuStruktur_, {Command::Structure, Command::Refresh, {}});
     mnuCopy_ = mnuStruktur_->addMenu(IconFor("Copy"), QString());
     fill(mnuCopy_, {Command::CopyName, Command::CopyCodePath, Command::CopyAsText});
-    fill(mnuStruktur_, {Command::ShowInGraph, {}, Command::DeleteObject, Command::DeleteDead, Command::DeletedHere});
+    fill(mnuStruktur_, {Command::ShowInGraph,
+                        {},
+                        Command::AddCallers,
+                        Command::AddAllCallers,
+                        Command::AddCallees,
+                        Command::AddAllCallees,
+                        Command::AddCallPath,
+                        {},
+                        Command::DeleteObject,
+                        Command::DeleteDead,
+                        Command::DeletedHere});
 
     mnuDependencies_ = window_.menuBar()->addMenu(QString());
     fill(mnuDependencies_, {Command::Calls,

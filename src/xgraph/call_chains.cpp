@@ -2,6 +2,7 @@
 // stack of its own: a project's calls can be deeper than the stack of the process.
 #include "xgraph/call_chains.h"
 
+#include <string>
 #include <unordered_set>
 #include <vector>
 
@@ -17,10 +18,6 @@ bool IsUpwards(GraphChain chain) {
     return chain == GraphChain::CalledBy || chain == GraphChain::CalledByAll;
 }
 
-bool IsClosure(GraphChain chain) {
-    return chain == GraphChain::CalledByAll || chain == GraphChain::CallsAll;
-}
-
 // Where the symbols of a chain go.
 class Canvas {
 public:
@@ -34,7 +31,11 @@ public:
 // Takes note of what would be made.
 class CountingCanvas final : public Canvas {
 public:
-    explicit CountingCanvas(const XGraph& graph) : graph_(graph) {}
+    /// @param starts  are there as well
+    CountingCanvas(const XGraph& graph, std::span<clsProzedur* const> starts) : graph_(graph) {
+        for (const clsProzedur* start : starts)
+            made_.insert(start->CodePath());
+    }
     [[nodiscard]] bool Has(const CodeObject& object) const override {
         const std::string path = object.CodePath();
         return graph_.WithPath(path) || made_.contains(path);
@@ -51,8 +52,9 @@ private:
 // row costs nothing more; the places are the same, as nothing is made in between.
 class RowCanvas final : public Canvas {
 public:
-    RowCanvas(XGraph& graph, const ctlGraphObj& start, bool isUpwards)
-        : graph_(graph), placement_(graph), left_(start.Left), isUpwards_(isUpwards) {}
+    RowCanvas(XGraph& graph, bool isUpwards) : graph_(graph), placement_(graph), isUpwards_(isUpwards) {}
+    /// The rows of a command begin at the left edge of its symbol.
+    void BeginCommand(const ctlGraphObj& start) { left_ = start.Left; }
 
     [[nodiscard]] bool Has(const CodeObject& object) const override {
         return graph_.WithPath(object.CodePath()) != nullptr;
@@ -89,7 +91,7 @@ private:
 
     XGraph& graph_;
     Placement placement_;
-    double left_;
+    double left_ = 0;
     bool isUpwards_;
     const ctlGraphObj* prozedur_ = nullptr;
     const ctlGraphObj* last_ = nullptr;  // made for this procedure
@@ -98,8 +100,10 @@ private:
 
 class ChainWalk {
 public:
-    ChainWalk(GraphChain chain, const ChainOptions& options, Canvas& canvas)
-        : chain_(chain), options_(options), canvas_(canvas) {}
+    /// Paths of the procedures whose neighbours were looked at: of a path, one is.
+    using Visited = std::unordered_set<std::string>;
+    ChainWalk(GraphChain chain, const ChainOptions& options, Canvas& canvas, Visited& visited)
+        : chain_(chain), options_(options), canvas_(canvas), visited_(visited) {}
 
     ChainOutcome Run(clsProzedur& start) {
         start_ = &start;
@@ -131,7 +135,7 @@ private:
     void Enter(clsProzedur& prozedur) {
         if (IsStopped())
             return;
-        visited_.insert(&prozedur);
+        visited_.insert(prozedur.CodePath());
         canvas_.Begin(prozedur);
         std::vector<CodeObject*> neighbours = NeighboursOf(prozedur);
         for (CodeObject* object : neighbours) {
@@ -148,7 +152,7 @@ private:
         if (object.Class() != ObjectClass::Prozedur || !IsTaken(object) || !canvas_.Has(object))
             return;
         auto& prozedur = static_cast<clsProzedur&>(object);
-        if (!visited_.contains(&prozedur))
+        if (!visited_.contains(prozedur.CodePath()))
             Enter(prozedur);
     }
 
@@ -197,19 +201,42 @@ private:
     GraphChain chain_;
     const ChainOptions& options_;
     Canvas& canvas_;
+    Visited& visited_;
     const clsProzedur* start_ = nullptr;
-    std::unordered_set<const clsProzedur*> visited_;
     std::vector<Frame> stack_;
     ChainOutcome outcome_;
 };
 
-ChainOutcome Walk(const ctlGraphObj& start, GraphChain chain, const ChainOptions& options, Canvas& canvas) {
-    if (start.object->Class() != ObjectClass::Prozedur)
-        return {};
-    return ChainWalk(chain, options, canvas).Run(static_cast<clsProzedur&>(*start.object));
+// Runs the walks of several commands as one. What an earlier one has looked at has all its neighbours.
+class ChainWalks {
+public:
+    ChainWalks(GraphChain chain, const ChainOptions& options) : chain_(chain), rest_(options) {}
+    void Walk(clsProzedur& start, Canvas& canvas) {
+        if (!outcome_.isWhole)
+            return;
+        const ChainOutcome outcome = ChainWalk(chain_, rest_, canvas, visited_).Run(start);
+        rest_.limit -= outcome.created;
+        outcome_.created += outcome.created;
+        outcome_.isWhole = outcome.isWhole;
+    }
+    [[nodiscard]] ChainOutcome Outcome() const { return outcome_; }
+
+private:
+    GraphChain chain_;
+    ChainOptions rest_;
+    ChainWalk::Visited visited_;
+    ChainOutcome outcome_;
+};
+
+clsProzedur* ProzedurOf(const ctlGraphObj& symbol) {
+    return symbol.object->Class() == ObjectClass::Prozedur ? static_cast<clsProzedur*>(symbol.object) : nullptr;
 }
 
 }  // namespace
+
+bool IsClosure(GraphChain chain) {
+    return chain == GraphChain::CalledByAll || chain == GraphChain::CallsAll;
+}
 
 std::string_view ActionOf(GraphChain chain) {
     switch (chain) {
@@ -254,13 +281,37 @@ bool Takes(ChainObjectType type, const CodeObject& object) {
     return false;
 }
 
+ChainOutcome RunGraphChain(XGraph& graph, std::span<const ctlGraphObj* const> starts, GraphChain chain,
+                           const ChainOptions& options) {
+    std::vector<clsProzedur*> procedures;
+    for (const ctlGraphObj* start : starts)
+        if (clsProzedur* const prozedur = ProzedurOf(*start))
+            procedures.push_back(prozedur);
+    gProgress().Range(0, CountGraphChain(graph, procedures, chain, options));
+    RowCanvas canvas(graph, IsUpwards(chain));
+    ChainWalks walks(chain, options);
+    for (clsProzedur* prozedur : procedures) {
+        canvas.BeginCommand(*graph.WithPath(prozedur->CodePath()));
+        walks.Walk(*prozedur, canvas);
+    }
+    return walks.Outcome();
+}
+
 ChainOutcome RunGraphChain(XGraph& graph, const ctlGraphObj& start, GraphChain chain, const ChainOptions& options) {
-    gProgress().Range(0, CountGraphChain(graph, start, chain, options));
-    RowCanvas canvas(graph, start, IsUpwards(chain));
-    return Walk(start, chain, options, canvas);
+    const ctlGraphObj* const starts[] = {&start};
+    return RunGraphChain(graph, starts, chain, options);
 }
 
 int CountGraphChain(const XGraph& graph, const ctlGraphObj& start, GraphChain chain, const ChainOptions& options) {
-    CountingCanvas canvas(graph);
-    return Walk(start, chain, options, canvas).created;
+    clsProzedur* const procedures[] = {ProzedurOf(start)};
+    return procedures[0] ? CountGraphChain(graph, procedures, chain, options) : 0;
+}
+
+int CountGraphChain(const XGraph& graph, std::span<clsProzedur* const> starts, GraphChain chain,
+                    const ChainOptions& options) {
+    CountingCanvas canvas(graph, starts);
+    ChainWalks walks(chain, options);
+    for (clsProzedur* start : starts)
+        walks.Walk(*start, canvas);
+    return walks.Outcome().created;
 }

@@ -62,7 +62,7 @@ const ctlGraphObj* SymbolIndex::Graph_PlaceOccupate(GraphPoint point) const {
 }
 
 bool Placement::IsBeyond(GraphPoint place, GraphSize size) const {
-    return place.x < graph_.Canvas().left || place.x + size.width > graph_.Canvas().Right();
+    return place.x < area_.left || place.x + size.width > area_.Right();
 }
 
 // What takes the top left corner, else what takes the bottom right one.
@@ -81,17 +81,16 @@ GraphPoint Placement::FreeInRow(GraphPoint start, GraphSize size) const {
 
 GraphPoint Placement::Graph_GetNextPlace_To_X(GraphPoint start, const GraphRect& ref) {
     const GraphSize size{ref.width, ref.height};
-    const GraphRect& canvas = graph_.Canvas();
     const double rowHeight =
         2 * std::fmax(size.height, kTwipsPerPixel);  // without a height there would be one row only
     for (int row = 1;; ++row) {
         const GraphPoint at = FreeInRow(start, size);
         const bool isRight = GraphPlaceDirX == 1;
-        const bool isInside = isRight ? at.x + size.width <= canvas.Right() : at.x >= canvas.left;
-        if (isInside || size.width > canvas.width)
+        const bool isInside = isRight ? at.x + size.width <= area_.Right() : at.x >= area_.left;
+        if (isInside || size.width > area_.width)
             return at;
         GraphPlaceDirX = -GraphPlaceDirX;
-        start.x = isRight ? canvas.Right() - size.width : canvas.left;
+        start.x = isRight ? area_.Right() - size.width : area_.left;
         start.y = ref.top + (GraphPlaceDirY == 1 ? 1 : -1) * rowHeight * row;
     }
 }
@@ -102,20 +101,21 @@ GraphPoint Placement::Graph_GetNextPlace_To_Y(GraphPoint start) const {
     return start;
 }
 
-GraphPoint FreePlaceNear(const XGraph& graph, GraphPoint point, GraphSize size) {
-    const GraphPoint start{point.x - size.width / 2, point.y - size.height / 2};
-    return Placement(graph).Graph_GetNextPlace_To_X(start, {start.x, start.y, size.width, size.height});
-}
-
-GraphPoint WholeFreePlaceNear(const XGraph& graph, GraphPoint point, GraphSize size) {
-    GraphPoint place = FreePlaceNear(graph, point, size);
+GraphPoint WholeFreePlace(const XGraph& graph, const GraphRect& area, GraphSize size) {
+    Placement placement(graph, area);
+    GraphPoint place{area.Center().x - size.width / 2, area.Center().y - size.height / 2};
     const auto covered = [&](const auto& symbol) {
         const GraphRect frame = symbol->Frame();
         return place.x < frame.Right() && frame.left < place.x + size.width && place.y < frame.Bottom() &&
                frame.top < place.y + size.height;
     };
     const auto& symbols = graph.GraphObjects();
-    for (auto hit = symbols.begin(); (hit = std::find_if(symbols.begin(), symbols.end(), covered)) != symbols.end();)
-        place.x = (*hit)->Frame().Right() + kPlaceGap;
-    return place;
+    for (;;) {
+        place = placement.Graph_GetNextPlace_To_X(place, {place.x, place.y, size.width, size.height});
+        const auto hit = std::find_if(symbols.begin(), symbols.end(), covered);
+        if (hit == symbols.end())
+            return {std::round(place.x), std::round(place.y)};
+        const GraphRect frame = (*hit)->Frame();
+        place.x = placement.GraphPlaceDirX == 1 ? frame.Right() + kPlaceGap : frame.left - size.width - kPlaceGap;
+    }
 }

@@ -38,7 +38,10 @@ private:
 
 class Placement {
 public:
-    explicit Placement(const XGraph& graph) : graph_(graph), index_(graph) {}
+    /// Places are sought between the left and the right edge of the canvas as it is now, however it grows meanwhile.
+    explicit Placement(const XGraph& graph) : Placement(graph, graph.Canvas()) {}
+    /// The same between the edges of another area.
+    Placement(const XGraph& graph, const GraphRect& area) : area_(area), index_(graph) {}
 
     int GraphPlaceDirX = 1;  // 1: the next place is to the right, -1: to the left; turns at the end of a row
     int GraphPlaceDirY = 1;  // 1: new rows are below, else above
@@ -47,7 +50,7 @@ public:
     void Add(const ctlGraphObj& symbol) { index_.Add(symbol); }
     /// Whether one of the two corners of a place is taken.
     [[nodiscard]] bool IsTaken(GraphPoint place, GraphSize size) const { return SymbolAt(place, size) != nullptr; }
-    /// Whether a place is beyond the left or the right edge of the canvas.
+    /// Whether a place is beyond the left or the right edge.
     [[nodiscard]] bool IsBeyond(GraphPoint place, GraphSize size) const;
     /// The first free place from `start` on. A symbol wider than the canvas gets one in the first row.
     /// @param ref  frame of the symbol whose size counts, and from whose top the rows are counted
@@ -59,11 +62,10 @@ private:
     [[nodiscard]] const ctlGraphObj* SymbolAt(GraphPoint place, GraphSize size) const;
     [[nodiscard]] GraphPoint FreeInRow(GraphPoint start, GraphSize size) const;
 
-    const XGraph& graph_;
+    GraphRect area_;
     SymbolIndex index_;
 };
 
-/// Where a symbol of this size goes that should be near a point: the first free place from there.
-[[nodiscard]] GraphPoint FreePlaceNear(const XGraph& graph, GraphPoint point, GraphSize size);
-/// The same without an overlap: beside a narrow symbol that has none of the corners of that place.
-[[nodiscard]] GraphPoint WholeFreePlaceNear(const XGraph& graph, GraphPoint point, GraphSize size);
+/// Where a symbol of this size goes that has no place yet: in rows from the middle of an area, beside a narrow symbol
+/// that has none of the corners of a place.
+[[nodiscard]] GraphPoint WholeFreePlace(const XGraph& graph, const GraphRect& area, GraphSize size);

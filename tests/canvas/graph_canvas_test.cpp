@@ -203,6 +203,82 @@ TEST_F(Canvas, ShownObjectsGoToFreePlacesInView) {
     EXPECT_EQ(Selected(), "m.go");
 }
 
+TEST_F(Canvas, ManyShownObjectsFillRowsOfTheView) {
+    std::string code;
+    constexpr int kProcs = 24;
+    for (int nr = 0; nr < kProcs; ++nr)
+        code += "Sub P" + std::to_string(nr) + "()\nEnd Sub\n";
+    ReadProject({{"M.bas", code}});
+    canvas.SetProject(gProjekt.get());
+    canvas.show();
+    for (int nr = 0; nr < kProcs; ++nr)
+        canvas.ShowObject(ObjectAt("m.p" + std::to_string(nr)));
+    for (const auto& symbol : canvas.Graph().GraphObjects()) {
+        EXPECT_TRUE(canvas.viewport()->rect().contains(PointOf(symbol->CodePath))) << symbol->CodePath;
+        for (const auto& other : canvas.Graph().GraphObjects())
+            EXPECT_TRUE(symbol == other || !symbol->Frame().Holds(other->Center())) << symbol->CodePath;
+    }
+}
+
+TEST_F(Canvas, TheMapShowsADiagramThatIsLargerThanTheViewAndMovesTheView) {
+    Put({"m.go", "m.stay"});
+    settings.GraphMap = 1;
+    canvas.ShowExtras();
+    auto* const map = canvas.findChild<QWidget*>(QStringLiteral("overviewMap"));
+    EXPECT_FALSE(map->isVisible()) << "all of it is in view";
+    canvas.Change({}, [](XGraph& graph) { graph.MoveTo(2, {90000, 70000}); });
+    ASSERT_TRUE(map->isVisible());
+    EXPECT_FALSE(canvas.viewport()->rect().contains(PointOf("m.stay")));
+    QTest::mousePress(map, Qt::LeftButton, {}, map->rect().bottomRight() - QPoint(6, 6));
+    EXPECT_TRUE(canvas.viewport()->rect().contains(PointOf("m.stay")));
+    QTest::mouseMove(map, QPoint(6, 6));
+    QMouseEvent move(QEvent::MouseMove, QPointF(6, 6), map->mapToGlobal(QPointF(6, 6)), Qt::NoButton, Qt::LeftButton,
+                     {});
+    QApplication::sendEvent(map, &move);
+    EXPECT_TRUE(canvas.viewport()->rect().contains(PointOf("m.go"))) << "dragged back";
+    canvas.Fit();
+    EXPECT_FALSE(map->isVisible());
+}
+
+TEST_F(Canvas, DraggingScrollsWhileTheMouseRestsAtTheEdge) {
+    Put({"m.go"});
+    const double left = At("m.go").Left;
+    const int before = canvas.horizontalScrollBar()->value();
+    const QPoint edge(canvas.viewport()->width() - 2, 100);
+    QTest::mousePress(canvas.viewport(), Qt::LeftButton, {}, PointOf("m.go"));
+    QTest::mouseMove(canvas.viewport(), edge);
+    QTRY_VERIFY(canvas.horizontalScrollBar()->value() > before + 50);
+    QTest::mouseRelease(canvas.viewport(), Qt::LeftButton, {}, edge);
+    EXPECT_GT(At("m.go").Left, left + (edge.x() - 100 + 50) * kTwipsPerPixel);
+}
+
+TEST_F(Canvas, FramesOfModulesAreBehindTheirSymbols) {
+    Put({"m.go"});
+    settings.GraphLegend = 0;
+    const QPoint beside = canvas.mapFromScene(At("m.go").Left, At("m.go").Top) - QPoint(4, 4);
+    canvas.ShowExtras();
+    const QColor without = canvas.viewport()->grab().toImage().pixelColor(beside);
+    settings.GraphFrames = 1;
+    canvas.ShowExtras();
+    EXPECT_NE(canvas.viewport()->grab().toImage().pixelColor(beside), without);
+}
+
+TEST_F(Canvas, TheContextMenuWorksOnTheSymbolBelowItAndEndsWithTheActions) {
+    Put({"m.go", "m.stay"});
+    canvas.addAction(QStringLiteral("Command"));
+    Click(PointOf("m.go"));
+    const auto lastOfMenu = [&](QPoint at) {
+        QTest::mouseClick(canvas.viewport(), Qt::RightButton, {}, at);
+        auto* const menu = canvas.findChild<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
+        const QString text = menu ? menu->actions().back()->text() : QString();
+        delete menu;
+        return text;
+    };
+    EXPECT_EQ(lastOfMenu(PointOf("m.stay")), QStringLiteral("Command"));
+    EXPECT_EQ(Selected(), "m.stay");
+    EXPECT_EQ(lastOfMenu({400, 400}), QStringLiteral("Command"));
+}
+
 TEST_F(Canvas, ZoomLeavesPlacesAndDragsByWhatIsSeen) {
     Put({"m.go", "m.stay"});
     const GraphRect before = At("m.go").Frame();

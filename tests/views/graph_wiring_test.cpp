@@ -5,6 +5,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QSignalSpy>
 #include <QTimer>
 #include <QUndoStack>
 #include <filesystem>
@@ -12,13 +13,16 @@
 
 #include "canvas/graph_canvas.h"
 #include "model/clsProjekt.h"
+#include "model/clsProzedur.h"
 #include "platform/settings_file.h"
 #include "platform/temp_directory.h"
 #include "project/start.h"
+#include "shell/operations.h"
 #include "shell/settings.h"
 #include "views/baum_view.h"
 #include "views/commands.h"
 #include "views/frm_main.h"
+#include "views/graph_chains.h"
 #include "widgets/qt_text.h"
 #include "window_texts.h"
 #include "xgraph/graph_file.h"
@@ -194,15 +198,155 @@ TEST_F(GraphWindow, SymbolsOfObjectsThatHaveGoneComeBackByUndo) {
     EXPECT_FALSE(Canvas().grab().isNull());
 }
 
-TEST_F(GraphWindow, AChainAddsCallees) {
+TEST_F(GraphWindow, AChainAddsCalleesOfTheSelectedProcedures) {
     Open();
     Show("modmain.main");
     ASSERT_TRUE(Command("CallsChain").isEnabled());
     Command("CallsChain").trigger();
     const std::size_t symbols = Canvas().Graph().GraphObjects().size();
     EXPECT_GT(symbols, 1U);
+    Canvas().SelectAll();
+    Command("AddAllCallees").trigger();
+    EXPECT_GT(Canvas().Graph().GraphObjects().size(), symbols);
+    Command("UndoGraph").trigger();
+    EXPECT_EQ(Canvas().Graph().GraphObjects().size(), symbols);
     Command("UndoGraph").trigger();
     EXPECT_EQ(Canvas().Graph().GraphObjects().size(), 1U);
+}
+
+TEST_F(GraphWindow, AChainOfTheTreesProcedureBringsItsSymbolAlong) {
+    Open();
+    EXPECT_FALSE(Command("AddCallees").isEnabled());
+    window_->ActivateKey("modmain.main");
+    window_->BaumProjekt().setFocus();
+    ASSERT_TRUE(Command("AddCallees").isEnabled());
+    Command("AddCallees").trigger();
+    EXPECT_EQ(window_->TheWorkspace().ContentShown(), ContentMode::Graph);
+    EXPECT_TRUE(Canvas().Graph().WithPath("modmain.main"));
+    EXPECT_GT(Canvas().Graph().GraphObjects().size(), 1U);
+    Command("UndoGraph").trigger();
+    EXPECT_TRUE(Canvas().Graph().GraphObjects().empty()) << "one step";
+}
+
+// The buttons are "Show all", "First level only" and "Cancel".
+TEST_F(GraphWindow, ALongChainIsAskedAboutWithItsNumber) {
+    Open();
+    clsProzedur& start = static_cast<clsProzedur&>(*gProjekt->GetObjectFromCodePath("modmain.main"));
+    const auto answer = [&](Text button) {
+        auto* timer = new QTimer(window_.get());
+        QObject::connect(timer, &QTimer::timeout, timer, [this, timer, button] {
+            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+            if (!box)
+                return;
+            asked_.push_back(box->text());
+            timer->deleteLater();
+            for (QAbstractButton* each : box->buttons())
+                if (each->text().remove(QLatin1Char('&')) == TextNr(button))
+                    each->click();
+        });
+        timer->start(1);
+    };
+    const GraphPorts ports{
+        .run = [](const std::string&, const std::function<void()>& operation) { return RunOperation(operation); },
+        .showContent = {},
+        .showNow = {},
+        .message = [](const QString&) {}};
+    GraphChains chains(Canvas(), ports, window_.get());
+    chains.mostUnasked = 2;
+    const auto symbolsAfter = [&](Text button) {
+        answer(button);
+        chains.Add({}, GraphChain::CallsAll, ChainObjectType::Procedure, {&start});
+        const std::size_t symbols = Canvas().Graph().GraphObjects().size();
+        Canvas().Change({}, [](XGraph& graph) { graph.Clear(); });
+        return symbols;
+    };
+    EXPECT_EQ(symbolsAfter(Text::Cancel), 0U);
+    const std::size_t first = symbolsAfter(Text::FirstLevelOnly);
+    EXPECT_GT(first, 1U);
+    EXPECT_GT(symbolsAfter(Text::ShowAllSymbols), first);
+    ASSERT_EQ(asked_.size(), 3U);
+    EXPECT_TRUE(asked_[0].endsWith(QStringLiteral(" procedures. Show all?"))) << asked_[0].toStdString();
+}
+
+TEST_F(GraphWindow, ACallPathJoinsTwoSelectedProcedures) {
+    Open();
+    Show("modmain.main");
+    Command("AddAllCallees").trigger();
+    const ctlGraphObj& last = *Canvas().Graph().GraphObjects().back();
+    const std::string end = last.CodePath;
+    Canvas().Change({}, [&](XGraph& graph) {
+        graph.GraphSelectAll();
+        graph.Select(graph.WithPath("modmain.main")->Index, false);
+        graph.Select(graph.WithPath(end)->Index, false);
+        graph.GraphDeleteSelected();
+        graph.Select(graph.WithPath(end)->Index, true);
+    });
+    EXPECT_FALSE(Command("AddCallPath").isEnabled());
+    Canvas().SelectAll();
+    ASSERT_TRUE(Command("AddCallPath").isEnabled());
+    QSignalSpy said(window_->findChild<GraphWiring*>(), &GraphWiring::Message);
+    Command("AddCallPath").trigger();
+    ASSERT_EQ(said.size(), 1);
+    EXPECT_TRUE(said[0][0].toString().contains(QStringLiteral(", calls: "))) << said[0][0].toString().toStdString();
+    EXPECT_EQ(Canvas().Graph().GraphSelected().size(), Canvas().Graph().GraphObjects().size());
+}
+
+// A program of that name in a folder of its own, in place of all others.
+class Arranging : public GraphWindow {
+protected:
+    Arranging() : path_(qgetenv("PATH")) {}
+    ~Arranging() override { qputenv("PATH", path_); }
+    void Install(const std::string& script) {
+        const std::string program = WriteFile("dot", "#!/bin/sh\n" + script);
+        std::filesystem::permissions(program, std::filesystem::perms::owner_all);
+        qputenv("PATH", QByteArray::fromStdString(std::filesystem::path(program).parent_path()) + ":/bin:/usr/bin");
+    }
+    QByteArray path_;
+};
+
+TEST_F(Arranging, PlacesComeFromTheProgramAsOneStep) {
+    Open();
+    Show("modmain.main");
+    Show("modmain");
+    const std::vector<SymbolPlace> before = Canvas().Graph().Places();
+    Install("cat >/dev/null; echo node 0 1 9; echo node 1 1 2\n");
+    Command("ArrangeTop").trigger();
+    const auto& symbols = Canvas().Graph().GraphObjects();
+    EXPECT_EQ(symbols[1]->Center().y - symbols[0]->Center().y, 7 * 1440);
+    Command("UndoGraph").trigger();
+    EXPECT_EQ(Canvas().Graph().Places(), before);
+    Install("exit 1\n");
+    AnswerNext(QMessageBox::Ok);
+    Command("ArrangeModules").trigger();
+    EXPECT_EQ(Canvas().Graph().Places(), before);
+    qputenv("PATH", "/nowhere");
+    Canvas().SelectAll();
+    EXPECT_FALSE(Command("ArrangeTop").isEnabled());
+    EXPECT_TRUE(Command("ArrangeTop").toolTip().contains(QStringLiteral("graphviz")));
+}
+
+TEST_F(Arranging, ACancelKillsTheProgram) {
+    Open();
+    Show("modmain.main");
+    Show("modmain");
+    const std::vector<SymbolPlace> before = Canvas().Graph().Places();
+    const std::string running = directory_.Path("running");
+    Install("echo $$ >'" + running + "'\nexec sleep 1000\n");
+    auto* timer = new QTimer(window_.get());
+    QObject::connect(timer, &QTimer::timeout, timer, [&] {
+        QWidget* const modal = QApplication::activeModalWidget();
+        if (auto* box = qobject_cast<QMessageBox*>(modal))
+            box->button(QMessageBox::Yes)->click();
+        else if (modal && std::filesystem::exists(running))
+            QMetaObject::invokeMethod(modal, &QWidget::close, Qt::QueuedConnection);  // waits for the answer
+    });
+    timer->start(5);
+    Command("ArrangeLeft").trigger();
+    timer->stop();
+    EXPECT_EQ(Canvas().Graph().Places(), before);
+    std::string process;
+    std::ifstream(running) >> process;
+    EXPECT_FALSE(process.empty() || std::filesystem::exists("/proc/" + process));
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "graph_support.h"
+#include "model/clsProzedur.h"
 #include "shell/operations.h"
 #include "xgraph/placement.h"
 
@@ -100,6 +101,34 @@ TEST_F(Chains, ACancelOrALimitLeavesWhatWasMade) {
     EXPECT_EQ(Symbols(), "m.a m.b m.c");
 }
 
+TEST_F(Chains, SeveralProceduresAreOneRun) {
+    ReadProject({{"M.bas",
+                  "Sub A()\nC\nEnd Sub\nSub B()\nDim local\nlocal = 1\nD\nEnd Sub\nSub C()\nB\nEnd Sub\nSub D()\nEnd "
+                  "Sub\n"}});
+    Analyse();
+    Put({"m.a", "m.b"});
+    const std::vector<const ctlGraphObj*> starts{&At("m.a"), &At("m.b")};
+    clsProzedur* const procedures[] = {static_cast<clsProzedur*>(starts[0]->object),
+                                       static_cast<clsProzedur*>(starts[1]->object)};
+    const ChainOptions all{ChainObjectType::All};
+    EXPECT_EQ(CountGraphChain(graph, procedures, GraphChain::CallsAll, all), 3);
+    EXPECT_EQ(RunGraphChain(graph, starts, GraphChain::CallsAll, {ChainObjectType::All, 1}).created, 1);
+    EXPECT_FALSE(RunGraphChain(graph, starts, GraphChain::CallsAll, {ChainObjectType::All, 0}).isWhole);
+    EXPECT_EQ(RunGraphChain(graph, starts, GraphChain::CallsAll, all).created, 2);
+    EXPECT_EQ(Symbols(), "m.a m.b m.c m.d m.b.local") << "the locals of each start";
+}
+
+TEST_F(Chains, RowsEndAtTheEdgeThatTheCanvasHadAtFirst) {
+    const std::string wide(60, 'w');
+    ReadProject({{"M.bas", "Sub A()\nB: " + wide + ": C\nEnd Sub\nSub B()\nEnd Sub\nSub " + wide +
+                               "()\nEnd Sub\nSub C()\nEnd Sub\n"}});
+    Analyse();
+    graph.SetProject(gProjekt.get());
+    graph.GraphObjCreate(&ObjectAt("m.a"), 59000, 0, false);
+    EXPECT_EQ(Created("m.a", GraphChain::Calls), "m.b 59000,1200; m." + wide + " 59435,1200; m.c 51000,2400");
+    EXPECT_EQ(graph.Canvas().Right(), 68435) << "it grew, but for the next command";
+}
+
 class Places : public Chains {
 protected:
     // Symbols of 300 by 600 twips.
@@ -151,8 +180,8 @@ TEST_F(Places, TheIndexAnswersLikeAWalkOverAllSymbols) {
 
 TEST_F(Places, NearAPoint) {
     PutAt({{1000, 1000}});
-    EXPECT_EQ(FreePlaceNear(graph, {5000, 5000}, {300, 600}), (GraphPoint{4850, 4700}));
-    EXPECT_EQ(FreePlaceNear(graph, {1150, 1300}, {300, 600}), (GraphPoint{1495, 1000}));
+    EXPECT_EQ(WholeFreePlace(graph, {0, 0, 10000, 10000}, {300, 600}), (GraphPoint{4850, 4700}));
+    EXPECT_EQ(WholeFreePlace(graph, {0, 0, 2300, 2600}, {300, 600}), (GraphPoint{1495, 1000}));
 }
 
 }  // namespace
