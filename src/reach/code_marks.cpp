@@ -10,6 +10,7 @@
 namespace {
 
 constexpr std::size_t kLongestName = 255;  // in Visual Basic
+constexpr Pos kShortest = 3;               // a literal of one letter
 
 class MarkReader {
 public:
@@ -20,6 +21,9 @@ public:
 
     CodeMarks Read(int first) {
         for (int nr = first; nr <= tokens_.Count(); ++nr) {
+            // Half of all tokens are signs, and no look at the text is needed to pass them by.
+            if (tokens_.LenOf(nr) < kShortest)
+                continue;
             const std::string_view word = Word(nr);
             if (word.front() == '"')
                 Literal(nr, word);

@@ -82,9 +82,9 @@ void DeadObjects::FindRings() {
         order[place] = lowest[place] = visited++;
         open.push_back(place);
         Step& step = path.emplace_back(Step{place, {}, 0});
-        reach_.TheLinks().ForEachFrom(*objects_[place], [&](const Link&, std::uint32_t number) {
-            if (placeOf_[number] != 0)
-                step.targets.push_back(placeOf_[number] - 1);
+        reach_.TheLinks().ForEachStep(objects_[place]->Number(), [&](std::uint32_t target, Links::Step, bool) {
+            if (placeOf_[target] != 0)
+                step.targets.push_back(placeOf_[target] - 1);
         });
     };
     for (std::uint32_t start = 0; start < objects_.size(); ++start) {
@@ -270,7 +270,7 @@ void DeadObjects::Spread() {
                 Lower(target, {grade, reason, &from});
                 open.push_back(&target);
             };
-            reach_.TheLinks().ForEachFrom(from, [&](const Link& link, std::uint32_t) { lower(*link.to); });
+            reach_.TheLinks().ForEachFrom(from, [&](const Link& link) { lower(*link.to); });
         }
     }
 }

@@ -44,17 +44,17 @@ class Links {
 public:
     explicit Links(const clsProjekt& projekt);
 
-    /// Calls `use(link, number)` for each link that leaves the object, in the order of the code; the number is that of
-    /// the target.
+    /// Calls `use(link)` for each link that leaves the object, in the order of the code.
     template <class Use>
     void ForEachFrom(const CodeObject& object, const Use& use) const {
-        if (object.Class() == ObjectClass::Prozedur)
-            for (const clsCall& call : static_cast<const clsProzedur&>(object).outgoing)
-                use(LinkOf(call, object), call.TargetNumber());
-        for (const clsCall& call : InDeclaration(object))
-            use(LinkOf(call, object), call.TargetNumber());
-        if (const CodeObject* const owner = OwnerOf(object))
-            use(Link{&object, owner, LinkKind::Member, object.DeclareStart}, owner->Number());
+        const std::uint32_t number = object.Number();
+        if (const Range range = ranges_[number]; range.first < range.end) {
+            const clsCall* const first = &EdgeAt(range.first);
+            for (const clsCall& call : std::span(first, range.end - range.first))
+                use(LinkOf(call, object));
+        }
+        if (owners_[number] != 0)
+            use(MemberLink(static_cast<const clsVariable&>(object)));
     }
     /// Calls `use(link)` for each link that leads to the object, in the order of the modules and of their code, uses
     /// and members last.
@@ -69,17 +69,41 @@ public:
         else if (object.Class() == ObjectClass::Enum)
             MembersTo(static_cast<const clsEnum&>(object), use);
     }
-    /// What an edge starts in.
-    [[nodiscard]] const CodeObject& Source(const clsCall& call) const;
+
+    // The same links by numbers of objects, for walks over all of them.
+
+    /// Number of a link; one number stands for all links from members to their types.
+    using Step = std::uint32_t;
+    static constexpr Step kMemberStep = UINT32_MAX;
+    /// Calls `use(target, step, isCertain)` for each link that leaves the object.
+    template <class Use>
+    void ForEachStep(std::uint32_t object, const Use& use) const {
+        const Range range = ranges_[object];
+        for (Step step = range.first; step < range.end; ++step)
+            use(targets_[step] >> 1, step, (targets_[step] & 1U) == 0);
+        if (owners_[object] != 0)
+            use(owners_[object], kMemberStep, true);
+    }
+    /// @param from  number of the object that the step starts at
+    [[nodiscard]] Link LinkOfStep(Step step, std::uint32_t from, const CodeObject& to) const;
 
     [[nodiscard]] const clsProjekt& Projekt() const { return projekt_; }
 
 private:
-    // Something declared, with the edges of its declaration, which are contiguous among those of its module.
+    struct Range {
+        Step first = 0;
+        Step end = 0;
+    };
+    // Something declared, with the first edge of its declaration, which are contiguous among those of its module.
     struct Holder {
         Pos start;
-        std::uint32_t firstEdge;
+        Step firstEdge;
         const CodeObject* object;
+    };
+    // Edges of a module stand one behind the other in memory.
+    struct Stretch {
+        Step firstEdge;
+        const clsCall* first;
     };
 
     [[nodiscard]] static Link LinkOf(const clsCall& call, const CodeObject& from) {
@@ -88,25 +112,29 @@ private:
                                                                : LinkKind::Use;
         return {&from, call.Parent, kind, call.CallPos};
     }
-    /// The type or enumeration that an object is a member of.
-    [[nodiscard]] static const CodeObject* OwnerOf(const CodeObject& object) {
-        if (object.Class() != ObjectClass::Variable || object.myLibrary)
-            return nullptr;
-        const auto& variable = static_cast<const clsVariable&>(object);
-        return variable.MyType ? static_cast<const CodeObject*>(variable.MyType) : variable.MyEnum;
+    [[nodiscard]] static Link MemberLink(const clsVariable& member) {
+        const CodeObject* const owner = member.MyType ? static_cast<const CodeObject*>(member.MyType) : member.MyEnum;
+        return {&member, owner, LinkKind::Member, member.DeclareStart};
     }
     template <class Owner, class Use>
     static void MembersTo(const Owner& owner, const Use& use) {
         if (!owner.myLibrary)
             for (const clsVariable* member : owner.MyVars)
-                use(Link{member, &owner, LinkKind::Member, member->DeclareStart});
+                use(MemberLink(*member));
     }
-    [[nodiscard]] std::span<const clsCall> InDeclaration(const CodeObject& object) const;
-    void AddHolders(const clsModul& modul);
+    [[nodiscard]] const clsCall& EdgeAt(Step step) const;
+    /// What an edge starts in.
+    [[nodiscard]] const CodeObject& Source(const clsCall& call) const;
+    void AddEdges();
+    void AddHolders(const clsModul& modul, Step firstEdge);
+    void AddOwners(const clsModul& modul);
 
     const clsProjekt& projekt_;
-    std::vector<Holder> holders_;                                   // those of one module together, by position
-    std::vector<std::uint32_t> holderOf_;                           // by number: place in holders_ from 1, or 0
-    std::vector<std::pair<std::uint32_t, std::uint32_t>> modules_;  // ranges in holders_; their numbers stand in
-                                                                    // holderOf_ of the modules, from 1
+    std::vector<std::uint32_t> targets_;  // by step: twice the number of the target, and 1 for a possible call
+    std::vector<Range> ranges_;           // by number of the object that the steps leave
+    std::vector<std::uint32_t> owners_;   // by number of a member: that of its type or enumeration; 0 for all others
+    std::vector<Stretch> stretches_;
+    std::vector<Holder> holders_;         // those of one module together, by position
+    std::vector<Range> holdersOf_;        // places in holders_
+    std::vector<std::uint32_t> modules_;  // by number of a module: place in holdersOf_ from 1
 };

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <bitset>
+#include <cstdint>
 #include <string>
 #include <unordered_map>
 
@@ -40,18 +41,22 @@ public:
     }
 
 private:
-    // Letters beyond ASCII are all the same, as their lower case depends on the page.
+    // The same for a name in any spelling: letters beyond ASCII are left out, as their lower case depends on the page.
     static std::size_t ShapeOf(std::string_view word) {
-        const auto letter = [](char c) {
-            const char lower = ascii::Lower(c);
-            return static_cast<std::size_t>(static_cast<signed char>(lower) < 0 ? 0 : lower) & 31U;
+        const auto letter = [word](std::size_t at) {
+            const auto c = static_cast<unsigned char>(word[at]);
+            return c < 0x80 ? c | 0x20U : 0U;
         };
-        return ((word.size() & 63U) << 10) | (letter(word.front()) << 5) | letter(word.back());
+        std::uint64_t shape = word.size();
+        for (const std::size_t at : {std::size_t{0}, word.size() / 3, word.size() / 2, word.size() - 1})
+            shape = shape << 8 | letter(at);
+        return static_cast<std::size_t>((shape * 0x9E3779B97F4A7C15U) >> (64 - kShapeBits));
     }
 
     const Names& names_;
     std::unordered_map<std::string_view, std::vector<const CodeObject*>> objects_;
-    std::bitset<1U << 16> shapes_;
+    static constexpr unsigned kShapeBits = 17;
+    std::bitset<std::size_t{1} << kShapeBits> shapes_;
 };
 
 Pos NamePosOf(const CodeObject& object) {
@@ -120,18 +125,18 @@ private:
     void Token(int nr, const std::vector<const CodeObject*>& objects) {
         const Pos pos = tokens_.PosOf(nr);
         const bool isMember = tokens_.ContinuesStatement(nr) && Word(nr - 1) == ".";
-        const bool isArgument = tokens_.ContinuesStatement(nr + 1) && Word(nr + 1) == ":=";
-        if (isArgument || IsUnderstood(nr, pos, isMember))
-            return;
+        bool isUnderstood = false;
         for (const CodeObject* object : objects) {
-            if (object->Modul == &modul_ && NamePosOf(*object) == pos)
-                continue;
             const bool isMeant =
                 isMember ? ascii::SameText(Word(nr - 2), OwnerOf(*object).MyName()) : IsSeenIn(modul_, *object);
-            if (isMeant)
+            if (!isMeant || isUnderstood)
+                continue;
+            isUnderstood = IsArgument(nr) || IsUnderstood(nr, pos, isMember);
+            if (!isUnderstood)
                 found_.push_back({object, MentionKind::Code, &modul_, pos});
         }
     }
+    [[nodiscard]] bool IsArgument(int nr) const { return tokens_.ContinuesStatement(nr + 1) && Word(nr + 1) == ":="; }
 
     // A declaration, a local, or a place with an edge.
     [[nodiscard]] bool IsUnderstood(int nr, Pos pos, bool isMember) const {

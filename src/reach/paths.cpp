@@ -65,7 +65,7 @@ private:
 std::vector<Link> StepsFrom(const Links& links, const CodeObject& object) {
     std::vector<Link> steps;
     std::map<const CodeObject*, std::size_t> placeOf;
-    links.ForEachFrom(object, [&](const Link& link, std::uint32_t) {
+    links.ForEachFrom(object, [&](const Link& link) {
         const auto [at, isNew] = placeOf.emplace(link.to, steps.size());
         if (isNew)
             steps.push_back(link);
@@ -203,7 +203,8 @@ std::vector<const CodeObject*> DiesWith(const Reach& reach, const CodeObject& ob
     std::vector<const CodeObject*> dying{&gone};
     stateOf[gone.Number()] = Dying;
     for (std::size_t at = 0; at < dying.size(); ++at)
-        reach.TheLinks().ForEachFrom(*dying[at], [&](const Link& link, std::uint32_t number) {
+        reach.TheLinks().ForEachFrom(*dying[at], [&](const Link& link) {
+            const std::uint32_t number = link.to->Number();
             if (stateOf[number] != Untouched || !Reach::Covers(*link.to) || reach.EntryPointAt(*link.to) ||
                 (reach.StateOf(*link.to) == ReachState::None) != countsDeadKeepers)
                 return;
@@ -225,7 +226,8 @@ std::vector<const CodeObject*> DiesWith(const Reach& reach, const CodeObject& ob
     for (const CodeObject* candidate : kept)
         stateOf[candidate->Number()] = Kept;
     for (std::size_t at = 0; at < kept.size(); ++at)
-        reach.TheLinks().ForEachFrom(*kept[at], [&](const Link& link, std::uint32_t number) {
+        reach.TheLinks().ForEachFrom(*kept[at], [&](const Link& link) {
+            const std::uint32_t number = link.to->Number();
             if (stateOf[number] == Dying && link.to != &gone) {
                 stateOf[number] = Kept;
                 kept.push_back(link.to);

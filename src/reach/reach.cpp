@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "shell/work_ahead.h"
+
 bool Chain::IsCertain() const {
     return entry && entry->IsCertain() && std::ranges::all_of(links, &Link::IsCertain);
 }
@@ -23,26 +25,30 @@ Reach::Reach(const clsProjekt& projekt, Declared declared)
       entryOf_(projekt.ObjectCount()) {
     for (std::uint32_t nr = 0; nr < entries_.size(); ++nr)
         entryOf_[entries_[nr].object->Number()] = nr + 1;
-    certain_ = Walk(true);
-    any_ = Walk(false);
+    WorkAhead<Walked> walks(2, [this](std::size_t nr, std::size_t) { return Walk(nr == 0); });
+    certain_ = walks.Next();
+    any_ = walks.Next();
 }
 
 Reach::Walked Reach::Walk(bool certainOnly) const {
     Walked walked(entryOf_.size());
-    std::vector<const CodeObject*> queue;
+    std::vector<std::uint32_t> queue;
+    queue.reserve(walked.size() / 2);
     for (const EntryPoint& entry : entries_)
         if (!certainOnly || entry.IsCertain()) {
-            walked[entry.object->Number()].isReached = true;
-            queue.push_back(entry.object);
+            walked[entry.object->Number()].step = kEntry;
+            queue.push_back(entry.object->Number());
         }
-    for (std::size_t at = 0; at < queue.size(); ++at)
-        links_.ForEachFrom(*queue[at], [&](const Link& link, std::uint32_t number) {
-            Arrival& arrival = walked[number];
-            if (arrival.isReached || (certainOnly && !link.IsCertain()))
+    for (std::size_t at = 0; at < queue.size(); ++at) {
+        const std::uint32_t from = queue[at];
+        links_.ForEachStep(from, [&](std::uint32_t target, Links::Step step, bool isCertain) {
+            Arrival& arrival = walked[target];
+            if (arrival.step != kUnreached || (certainOnly && !isCertain))
                 return;
-            arrival = {link.from, link.pos, link.kind, true};
-            queue.push_back(link.to);
+            arrival = {from, step};
+            queue.push_back(target);
         });
+    }
     return walked;
 }
 
@@ -64,24 +70,26 @@ bool Reach::Covers(const CodeObject& object) {
 
 ReachState Reach::StateOf(const CodeObject& object) const {
     const std::uint32_t number = Answering(object).Number();
-    return certain_[number].isReached ? ReachState::Certain
-           : any_[number].isReached   ? ReachState::Possible
-                                      : ReachState::None;
+    return certain_[number].step != kUnreached ? ReachState::Certain
+           : any_[number].step != kUnreached   ? ReachState::Possible
+                                               : ReachState::None;
 }
 
 Chain Reach::ChainTo(const CodeObject& object) const {
     const CodeObject& answering = Answering(object);
-    return ChainIn(certain_[answering.Number()].isReached ? certain_ : any_, answering);
+    return ChainIn(certain_[answering.Number()].step != kUnreached ? certain_ : any_, answering);
 }
 
 Chain Reach::ChainIn(const Walked& walked, const CodeObject& object) const {
     Chain chain;
     const CodeObject* at = &object;
-    if (!walked[at->Number()].isReached)
+    Arrival arrival = walked[at->Number()];
+    if (arrival.step == kUnreached)
         return chain;
-    for (const Arrival* arrival = &walked[at->Number()]; arrival->from; arrival = &walked[at->Number()]) {
-        chain.links.push_back({arrival->from, at, arrival->kind, arrival->pos});
-        at = arrival->from;
+    while (arrival.step != kEntry) {
+        chain.links.push_back(links_.LinkOfStep(arrival.step, arrival.from, *at));
+        at = chain.links.back().from;
+        arrival = walked[at->Number()];
     }
     std::ranges::reverse(chain.links);
     chain.entry = EntryPointAt(*at);

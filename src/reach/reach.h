@@ -62,11 +62,11 @@ public:
 private:
     // How a walk came to an object.
     struct Arrival {
-        const CodeObject* from = nullptr;  // null for an entry point
-        Pos pos = 0;
-        LinkKind kind = LinkKind::None;
-        bool isReached = false;
+        std::uint32_t from = 0;
+        Links::Step step = kUnreached;
     };
+    static constexpr Links::Step kUnreached = UINT32_MAX - 1;
+    static constexpr Links::Step kEntry = UINT32_MAX - 2;
     using Walked = std::vector<Arrival>;  // by number of the object
 
     [[nodiscard]] Walked Walk(bool certainOnly) const;

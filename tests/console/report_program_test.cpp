@@ -131,6 +131,51 @@ TEST_F(ReportProgram, StatisticsAreTheChartsOfAllModules) {
     EXPECT_EQ(Run("--csv t.csv " + kSample).status, 2);
 }
 
+TEST_F(ReportProgram, QuestionsAboutTheReachAreAnswered) {
+    CopySample();
+    const auto before = Files("samples");
+    const Outcome dead = Run("--quiet --dead --grade sure --csv d.csv " + kSample);
+    EXPECT_EQ(dead.status, 0);
+    EXPECT_THAT(dead.out, HasSubstr("16 objects with 59 lines can go for sure\n"));
+    EXPECT_THAT(dir_.Bytes("d.csv"), HasSubstr("\r\nmodSlip.BarcodeText,procedure,sure,3,modSlip 148,Only dead code "
+                                               "calls or uses it: modSlip.PrintBarcode.,"));
+    EXPECT_THAT(dir_.Bytes("d.csv"), Not(HasSubstr("ADDRESS_LINES")));
+    EXPECT_THAT(
+        Run("--quiet --lang german --why modslip.barcodetext " + kSample).out,
+        HasSubstr("modSlip.BarcodeText\nNur toter Code ruft es auf oder verwendet es: modSlip.PrintBarcode.\n"));
+    EXPECT_THAT(Run("--quiet --path modmain.main modstore.readsettings " + kSample).out,
+                HasSubstr("1  certain  modMain.Main  calls  modStore.ReadSettings  modMain 75\n"));
+    EXPECT_THAT(Run("--quiet --impact modslip.barcodecheck " + kSample).out,
+                HasSubstr("certain: 2 objects in 1 modules, of these 0 forms; 0 entry points\n"));
+    EXPECT_THAT(Run("--quiet --entry-points " + kSample).out, HasSubstr("modMain.Main  "));
+    EXPECT_EQ(Files("samples"), before);  // no report was asked for
+
+    const Outcome unknown = Run("--why modSlip.BarcodeTex " + kSample);
+    EXPECT_EQ(unknown.status, 2);
+    EXPECT_THAT(unknown.err,
+                HasSubstr("modSlip.BarcodeTex: there is no such object; did you mean modSlip.BarcodeText"));
+    EXPECT_EQ(Run("--dead --why modMain.Main " + kSample).status, 2);
+    EXPECT_EQ(Run("--grade sure " + kSample).status, 2);
+}
+
+TEST_F(ReportProgram, ReachIsInTheJsonOnRequestAndRespectsWhatTheUserDeclares) {
+    WriteProject("Sub Job()\nPart\nEnd Sub\nSub Part()\nEnd Sub\n");
+    const auto objects = [this](const std::string& options) {
+        return Json::parse(Run("--quiet --no-reports --json - " + options + " P.vbp").out);
+    };
+    EXPECT_FALSE(objects("")["objects"][0].contains("reach"));
+    EXPECT_FALSE(objects("").contains("entryPoints"));
+    const Json part = objects("--reach")["objects"][1];
+    EXPECT_EQ(part["reach"], "none");
+    EXPECT_EQ(part["grade"], "sure");
+    EXPECT_EQ(part["reason"], Json({{"kind", "dead callers"}, {"objects", {"a.job"}}}));
+    dir_.Write("P.vbp Declared.txt", "entry\tA.Job\tscheduler\n");
+    const Json json = objects("--reach");
+    EXPECT_EQ(json["objects"][1]["reach"], "certain");
+    EXPECT_EQ(json["objects"][1]["reason"]["entry"], "a.job");
+    EXPECT_EQ(json["entryPoints"][0]["kind"], "declared");
+}
+
 TEST_F(ReportProgram, CheckLocalsReportsUnusedArguments) {
     WriteProject("Function F(a, b)\nF = a\nEnd Function\n");
     std::map<std::string, Json> objects;
