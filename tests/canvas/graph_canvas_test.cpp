@@ -347,4 +347,30 @@ TEST_F(Canvas, CtrlCCopiesThePicture) {
     EXPECT_NEAR(QGuiApplication::clipboard()->image().width(), width * canvas.devicePixelRatioF(), 2);
 }
 
+// Counts how often a widget gets another size.
+class Resizes final : public QObject {
+public:
+    int count = 0;
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        count += event->type() == QEvent::Resize ? 1 : 0;
+        return QObject::eventFilter(watched, event);
+    }
+};
+
+TEST_F(Canvas, ScrollBarsComeToRestAtEveryZoom) {
+    Put({"m.go", "m.stay"});
+    Resizes resizes;
+    canvas.viewport()->installEventFilter(&resizes);
+    for (int width = 700; width < 760; ++width) {
+        canvas.resize(width, 500);
+        for (int step = 0; step < 14; ++step) {
+            canvas.ZoomOut();
+            resizes.count = 0;
+            QApplication::processEvents(QEventLoop::AllEvents, 5);
+            EXPECT_LT(resizes.count, 10) << width << " pixels, step " << step;
+        }
+        canvas.ZoomReset();
+    }
+}
+
 }  // namespace
