@@ -2,6 +2,7 @@
 
 #include <QBuffer>
 #include <QPageSize>
+#include <QPaintEngine>
 #include <QPainter>
 #include <QPalette>
 #include <QPdfWriter>
@@ -26,6 +27,7 @@ constexpr double kPointsPerPixel = 0.75;
 constexpr double kLargestPage = 14'400;      // points; programs that show PDF go no farther
 constexpr int kMostSide = 32'000;            // pixels; the painter goes no farther
 constexpr double kMostPixels = 200'000'000;  // 800 million bytes
+constexpr int kQuality = 80;                 // of PNG: more effort takes seconds and saves little
 constexpr QRgb kPaleModule = qRgb(180, 180, 180);
 
 QFont FootFont() {
@@ -47,7 +49,7 @@ QByteArray ImageBytes(const QImage& image, const char* format) {
     QByteArray bytes;
     QBuffer buffer(&bytes);
     buffer.open(QIODevice::WriteOnly);
-    return !image.isNull() && image.save(&buffer, format) ? bytes : QByteArray();
+    return !image.isNull() && image.save(&buffer, format, kQuality) ? bytes : QByteArray();
 }
 
 QByteArray SvgBytes(const GraphPicture& picture) {
@@ -134,7 +136,9 @@ void GraphPicture::Paint(QPainter& painter, const QRectF& exposed) const {
     painter.translate(kMargin, kMargin);
     painter.scale(1 / kTwipsPerPixel, 1 / kTwipsPerPixel);
     painter.translate(-diagram_.topLeft());
-    connectors_->Paint(painter, twips, *colours_, kTwipsPerPixel);
+    // Where a line is drawn in pixels it has that width by itself, and takes a fraction of the time.
+    const bool hasPixels = painter.paintEngine()->type() == QPaintEngine::Raster;
+    connectors_->Paint(painter, twips, *colours_, hasPixels ? std::nullopt : std::optional(kTwipsPerPixel));
     painter.restore();
     for (const ctlGraphObj* symbol : symbols_)
         if (twips.intersects({symbol->Left, symbol->Top, symbol->Width(), symbol->Height()}))
@@ -187,11 +191,12 @@ QImage ImageOf(const GraphPicture& picture, double scale) {
     const QSizeF size = picture.Size() * scale;
     if (std::max(size.width(), size.height()) > kMostSide || size.width() * size.height() > kMostPixels)
         return {};
-    QImage image(size.toSize(), QImage::Format_ARGB32_Premultiplied);
+    const bool isClear = picture.HasClearGround();
+    QImage image(size.toSize(), isClear ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
     if (image.isNull())
         return image;
     image.setDevicePixelRatio(scale);
-    image.fill(Qt::transparent);
+    image.fill(isClear ? Qt::transparent : Qt::white);
     QPainter painter(&image);
     picture.Paint(painter, QRectF(QPointF(), picture.Size()));
     return image;
@@ -200,7 +205,7 @@ QImage ImageOf(const GraphPicture& picture, double scale) {
 QByteArray PictureBytes(const GraphPicture& picture, PictureFormat format, double scale) {
     switch (format) {
         case PictureFormat::Bmp:
-            return ImageBytes(ImageOf(picture, 1).convertToFormat(QImage::Format_RGB32), "BMP");
+            return ImageBytes(ImageOf(picture, 1), "BMP");
         case PictureFormat::Png:
             return ImageBytes(ImageOf(picture, scale), "PNG");
         case PictureFormat::Svg:

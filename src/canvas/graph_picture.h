@@ -39,6 +39,7 @@ public:
 
     /// In pixels at 96 dots per inch.
     [[nodiscard]] QSizeF Size() const { return size_; }
+    [[nodiscard]] bool HasClearGround() const { return options_.hasClearGround; }
     /// @param exposed  in these pixels, as the coordinates of the painter; what lies outside is left out
     void Paint(QPainter& painter, const QRectF& exposed) const;
     /// Whether there is anything to see.
