@@ -176,22 +176,21 @@ void DeadObjects::Grades() {
             if (const CodeObject* object = reach_.Projekt().GetObjectFromCodePath(LowerCase(declaration.codePath));
                 object && Contains(*object))
                 grades_[placeOf_[object->Number()] - 1].leftAlone = &declaration;
-    Spread();
-    // Only now it is known which types and enumerations stay.
-    for (const CodeObject* object : objects_)
-        if (object->Class() == ObjectClass::Variable)
-            ByOwner(static_cast<const clsVariable&>(*object));
-    Spread();
+    // Which members may go depends on which types and enumerations stay, and the other way round.
+    do
+        Spread();
+    while (ByOwners());
 }
 
 // The worse grade counts, and of equal ones the first reason.
-void DeadObjects::Lower(const CodeObject& object, const Grading& to) {
+bool DeadObjects::Lower(const CodeObject& object, const Grading& to) {
     const std::uint32_t place = placeOf_[object.Number()];
     if (place == 0 || grades_[place - 1].grade >= to.grade)
-        return;
+        return false;
     const Declaration* const leftAlone = grades_[place - 1].leftAlone;
     grades_[place - 1] = to;
     grades_[place - 1].leftAlone = leftAlone;
+    return true;
 }
 
 void DeadObjects::ByMentions() {
@@ -223,14 +222,21 @@ void DeadObjects::ByStrings() {
     }
 }
 
-// A member of a type or an enumeration that does not go itself.
-void DeadObjects::ByOwner(const clsVariable& member) {
-    if (member.MyType && !GoesForSure(*member.MyType))
-        Lower(member, IsPassedOut(reach_.TheLinks(), *member.MyType)
-                          ? Grading{Grade::CannotTell, GradeReason::PassedOut}
-                          : Grading{Grade::Likely, GradeReason::ChangesLayout});
-    if (member.MyEnum && !GoesForSure(*member.MyEnum) && OthersCountOn(member))
-        Lower(member, {Grade::Likely, GradeReason::ShiftsMembers});
+// Members of types and enumerations that do not go themselves; false if none of them got a worse grade.
+bool DeadObjects::ByOwners() {
+    bool isAnyLower = false;
+    for (const CodeObject* object : objects_) {
+        if (object->Class() != ObjectClass::Variable)
+            continue;
+        const auto& member = static_cast<const clsVariable&>(*object);
+        if (member.MyType && !GoesForSure(*member.MyType))
+            isAnyLower |= Lower(member, IsPassedOut(reach_.TheLinks(), *member.MyType)
+                                            ? Grading{Grade::CannotTell, GradeReason::PassedOut}
+                                            : Grading{Grade::Likely, GradeReason::ChangesLayout});
+        else if (member.MyEnum && !GoesForSure(*member.MyEnum) && OthersCountOn(member))
+            isAnyLower |= Lower(member, {Grade::Likely, GradeReason::ShiftsMembers});
+    }
+    return isAnyLower;
 }
 
 // Whether a member behind this one that stays gets its value from its place.

@@ -24,10 +24,10 @@ public:
 private:
     void FindRings();
     void Grades();
-    void Lower(const CodeObject& object, const Grading& to);
+    bool Lower(const CodeObject& object, const Grading& to);
     void ByMentions();
     void ByStrings();
-    void ByOwner(const clsVariable& member);
+    bool ByOwners();
     [[nodiscard]] bool OthersCountOn(const clsVariable& member) const;
     [[nodiscard]] bool GoesForSure(const CodeObject& object) const {
         return Contains(object) && GradeOf(object).grade == Grade::Sure;

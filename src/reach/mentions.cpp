@@ -19,19 +19,26 @@ namespace {
 
 constexpr std::size_t kLongestName = 255;  // in Visual Basic
 
+// A name may be declared in brackets and be used without them.
+std::string_view WithoutBrackets(std::string_view name) {
+    return name.size() > 2 && name.front() == '[' && name.back() == ']' ? name.substr(1, name.size() - 2) : name;
+}
+
 // The names that are looked for.
 class Sought {
 public:
     Sought(const Names& names, const std::vector<const CodeObject*>& objects) : names_(names) {
         for (const CodeObject* object : objects) {
-            if (object->MyName().empty())
+            const std::string_view name = WithoutBrackets(object->MyName());
+            if (name.empty())
                 continue;
-            objects_[object->MyName()].push_back(object);
-            shapes_.set(ShapeOf(object->MyName()));
+            objects_[name].push_back(object);
+            shapes_.set(ShapeOf(name));
         }
     }
     /// The objects of a name in any spelling; null for none.
     [[nodiscard]] const std::vector<const CodeObject*>* Objects(std::string_view word) const {
+        word = WithoutBrackets(word);
         if (word.empty() || word.size() > kLongestName || !shapes_.test(ShapeOf(word)))
             return nullptr;
         char lower[kLongestName];

@@ -112,12 +112,13 @@ TEST_F(GradesOfObjects, WhatTheCodeNamesWithoutACallIsNotSure) {
         Public Enum Colour
             red
             green
+            [Max]
         End Enum
         Sub Main()
             x = list(1)
             Dim s As String * Length
             Read
-            x = Colour.red
+            x = Colour.red + Max
             #If Never Then
                 Hidden
             #End If
@@ -148,7 +149,8 @@ TEST_F(GradesOfObjects, WhatTheCodeNamesWithoutACallIsNotSure) {
           Case{"m.length", Grade::CannotTell, GradeReason::NamedInCode},
           Case{"m.default", Grade::CannotTell, GradeReason::NamedInCode},
           Case{"m.colour.red", Grade::CannotTell, GradeReason::NamedInCode},
-          Case{"m.colour.green", Grade::Sure, GradeReason::None},
+          Case{"m.colour.[max]", Grade::CannotTell, GradeReason::NamedInCode},
+          Case{"m.colour.green", Grade::Likely, GradeReason::ShiftsMembers},
           Case{"m.hidden", Grade::CannotTell, GradeReason::NotCompiled},
           Case{"m.below", Grade::CannotTell, GradeReason::UsedByUncertain},
           Case{"m.shadowed", Grade::Sure, GradeReason::None}, Case{"m.other", Grade::Sure, GradeReason::None}}) {
@@ -167,7 +169,10 @@ TEST_F(GradesOfObjects, MembersGoWithoutHarmToTheOthersOnly) {
         End Type
         Private Type Kept
             used As Long
-            unused As Long
+            unused As Inner
+        End Type
+        Private Type Inner
+            a As Long
         End Type
         Private Type Gone
             a As Long
@@ -190,6 +195,8 @@ TEST_F(GradesOfObjects, MembersGoWithoutHarmToTheOthersOnly) {
     )");
     EXPECT_EQ(GradeAt("m.passed.unused").reason, GradeReason::PassedOut);
     EXPECT_EQ(GradeAt("m.kept.unused").reason, GradeReason::ChangesLayout);
+    EXPECT_EQ(GradeAt("m.inner [type]").reason, GradeReason::UsedByLikely);
+    EXPECT_EQ(GradeAt("m.inner.a").reason, GradeReason::ChangesLayout);
     EXPECT_EQ(GradeAt("m.gone.a").grade, Grade::Sure);
     EXPECT_EQ(GradeAt("m.counted.unused").reason, GradeReason::ShiftsMembers);
     EXPECT_EQ(GradeAt("m.numbered.two").grade, Grade::Sure);
