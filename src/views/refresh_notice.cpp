@@ -48,7 +48,7 @@ void RefreshNotice::Show(Says what, const QString& text) {
 void RefreshNotice::Texte() {
     bar_->SetDismissText(TextNr(Text::Dismiss));
     if (says_ != Says::Nothing)
-        Show(says_, says_ == Says::FilesChanged ? NoticeOf(noticed_) : SummaryOf(changes_));
+        Show(says_, says_ == Says::FilesChanged ? NoticeOf(*gProjekt, noticed_) : SummaryOf(changes_));
 }
 
 void RefreshNotice::ProjectChanged() {
@@ -83,7 +83,7 @@ void RefreshNotice::Look() {
     }
     if (noticed_.Has(FileChange::BeingWritten))
         watch_->AskLater(kSettled);
-    const QString text = NoticeOf(noticed_);
+    const QString text = NoticeOf(*gProjekt, noticed_);
     if (text.isEmpty())
         return;
     if (settings_.RefreshAuto == 0)
