@@ -95,8 +95,13 @@ void RefreshNotice::Look() {
 }
 
 void RefreshNotice::Refresh() {
-    if (!gProjekt || ports_.isBusy())
+    if (!gProjekt)
         return;
+    if (ports_.isBusy()) {
+        if (waiting_.isValid())
+            RefreshSoon();
+        return;
+    }
     const ChangedFiles changed = ::Files_Check(*gProjekt);
     if (!changed.Has(FileChange::BeingWritten) || (waiting_.isValid() && waiting_.hasExpired(kLongestWait))) {
         waiting_.invalidate();
@@ -108,6 +113,11 @@ void RefreshNotice::Refresh() {
     if (!waiting_.isValid())
         waiting_.start();
     ports_.message(TextNr(Text::WaitingForFiles));
+    RefreshSoon();
+}
+
+// Unless the project goes before.
+void RefreshNotice::RefreshSoon() {
     QTimer::singleShot(kWaitStep, this, [this] {
         if (waiting_.isValid())
             Refresh();

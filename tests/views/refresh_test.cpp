@@ -115,6 +115,16 @@ TEST_F(RefreshWindow, AFileThatIsBeingWrittenIsReadWhenItIsWhole) {
     EXPECT_TRUE(QTest::qWaitFor([this] { return window_->TheWorkspace().Tree().Exist("modstore.justadded"); }, 10000));
 }
 
+TEST_F(RefreshWindow, AMissingFileDoesNotInterrupt) {
+    std::filesystem::remove(directory_.Path("samples/ToolHire/modSlip.bas"));
+    Refresh();
+    EXPECT_EQ(BarText(), QStringLiteral("No procedure changed; 1 not readable, left as it was"));
+    EXPECT_FALSE(gProjekt->problems.All().empty());
+    Refresh();
+    EXPECT_EQ(BarText(), QString()) << "nothing has changed since";
+    EXPECT_EQ(BrokenRules(*window_), QStringList());
+}
+
 TEST_F(RefreshWindow, EverythingShownStaysWhereItWas) {
     auto& canvas = ChildOf<GraphCanvas>(*window_);
     window_->ActivateKey("modstore.savebook");
