@@ -5,6 +5,7 @@
 
 #include "display/node_objects.h"
 #include "display/object_search.h"
+#include "display/project_file_words.h"
 #include "display/shown_text.h"
 #include "findings/module_statistics.h"
 #include "model/clsControl.h"
@@ -55,26 +56,6 @@ std::string KeyOf(const CodeObject& object, const std::string& path) {
 
 void Join(std::string& words, Text word) {
     words.append(words.empty() ? "" : ", ").append(Utf8TextNr(word));
-}
-
-Text WordOf(ProjectFileChange::What what) {
-    using enum ProjectFileChange::What;
-    switch (what) {
-        case ModuleAdded:
-        case LibraryAdded:
-            return Text::WordAdded;
-        case ModuleRemoved:
-        case LibraryRemoved:
-            return Text::WordRemoved;
-        case ModuleMoved:
-            return Text::WordMoved;
-        case ModuleRenamed:
-            return Text::WordRenamed;
-        case Constants:
-        case StartUp:
-            return Text::WordChanged;
-    }
-    return Text::None;
 }
 
 }  // namespace
@@ -155,12 +136,9 @@ private:
     void TakeProjectFile(const FilesRead& read) {
         const std::string file = Utf8Of(nullptr, modMain::DirOrFileName(now_.FullPath, 0));
         for (const ProjectFileChange& change : read.project) {
-            std::string name = change.what == ProjectFileChange::What::Constants ? Utf8TextNr(Text::ProjectConstants)
-                               : change.what == ProjectFileChange::What::StartUp ? Utf8TextNr(Text::StartUpObject)
-                                                                                 : Utf8Of(nullptr, change.name);
             std::string words;
             Join(words, WordOf(change.what));
-            Add(OfProject, {{}, std::move(name), {}, file, 0}, std::move(words));
+            Add(OfProject, {{}, NameOf(change), {}, file, 0}, std::move(words));
             ++changes_.others;
         }
         changes_.unreadable = read.unreadable;

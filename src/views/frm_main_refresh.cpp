@@ -75,11 +75,6 @@ Workspace::Refreshed frmMain::RefreshFiles(bool isAsked) {
 
 void frmMain::TellRefreshed(const Workspace::Refreshed& refreshed, bool isAsked) {
     const QString files = NumberText(refreshed.files);
-    const auto fail = [&](const QString& text, const QString& why) {
-        status_->Message(text);
-        if (isAsked)
-            ShowFailure(this, why.isEmpty() ? text : text + QStringLiteral("\n\n") + why);
-    };
     switch (refreshed.outcome) {
         using enum Workspace::Refreshed::Outcome;
         case NothingChanged:
@@ -87,9 +82,13 @@ void frmMain::TellRefreshed(const Workspace::Refreshed& refreshed, bool isAsked)
         case BeingWritten:
             return;
         case NoProject:
-            return fail(TextNr(Text::ProjectNotRead, ToPath(gProjekt->FullPath)), TextNr(refreshed.whyNoProject));
+            status_->Message(TextNr(Text::ProjectNotRead, ToPath(gProjekt->FullPath)));
+            if (isAsked)
+                ShowFailure(this, TextNr(Text::ProjectNotRead, ToPath(gProjekt->FullPath)) + QStringLiteral("\n\n") +
+                                      TextNr(refreshed.whyNoProject));
+            return;
         case NothingRead:
-            return fail(TextNr(Text::RefreshReadNothing), {});
+            return status_->Message(TextNr(Text::RefreshReadNothing));
         case Cancelled:
             return status_->Message(TextNr(Text::RefreshCancelled));
         case Done:

@@ -48,7 +48,7 @@ void RefreshNotice::Show(Says what, const QString& text) {
 void RefreshNotice::Texte() {
     bar_->SetDismissText(TextNr(Text::Dismiss));
     if (says_ != Says::Nothing)
-        Show(says_, says_ == Says::FilesChanged ? NoticeOf(noticed_) : SummaryOf(changes_));
+        Show(says_, says_ == Says::FilesChanged ? NoticeOf(*gProjekt, noticed_) : SummaryOf(changes_));
 }
 
 void RefreshNotice::ProjectChanged() {
@@ -83,7 +83,7 @@ void RefreshNotice::Look() {
     }
     if (noticed_.Has(FileChange::BeingWritten))
         watch_->AskLater(kSettled);
-    const QString text = NoticeOf(noticed_);
+    const QString text = NoticeOf(*gProjekt, noticed_);
     if (text.isEmpty())
         return;
     if (settings_.RefreshAuto == 0)
@@ -95,8 +95,13 @@ void RefreshNotice::Look() {
 }
 
 void RefreshNotice::Refresh() {
-    if (!gProjekt || ports_.isBusy())
+    if (!gProjekt)
         return;
+    if (ports_.isBusy()) {
+        if (waiting_.isValid())
+            RefreshSoon();
+        return;
+    }
     const ChangedFiles changed = ::Files_Check(*gProjekt);
     if (!changed.Has(FileChange::BeingWritten) || (waiting_.isValid() && waiting_.hasExpired(kLongestWait))) {
         waiting_.invalidate();
@@ -108,6 +113,11 @@ void RefreshNotice::Refresh() {
     if (!waiting_.isValid())
         waiting_.start();
     ports_.message(TextNr(Text::WaitingForFiles));
+    RefreshSoon();
+}
+
+// Unless the project goes before.
+void RefreshNotice::RefreshSoon() {
     QTimer::singleShot(kWaitStep, this, [this] {
         if (waiting_.isValid())
             Refresh();

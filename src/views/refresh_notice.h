@@ -41,6 +41,7 @@ public:
 
 private:
     enum class Says : std::uint8_t { Nothing, FilesChanged, WhatChanged };
+    void RefreshSoon();
     void Run(bool isAsked);
     void Show(Says what, const QString& text);
     [[nodiscard]] bool IsKnown(const ChangedFiles& changed) const;

@@ -2,7 +2,9 @@
 
 #include <QStringList>
 
+#include "display/project_file_words.h"
 #include "display/refresh_changes.h"
+#include "model/clsProjekt.h"
 #include "project/refresh.h"
 #include "shell/words.h"
 #include "widgets/qt_text.h"
@@ -22,17 +24,28 @@ QString Joined(QStringList names) {
     return names.join(QStringLiteral(", "));
 }
 
+// "(modSlip.bas removed from the project, ...)", after the name of the project file.
+QString WhatInProject(const clsProjekt& projekt) {
+    QStringList changes;
+    for (const ProjectFileChange& change :
+         ChangesOfProjectFile(projekt, projekt.TheFiles().ReadText(projekt.FullPath).text))
+        changes.append(QString::fromStdString(NameOf(change)) + QLatin1Char(' ') + TextNr(WordOf(change.what)));
+    return changes.isEmpty() ? QString() : QStringLiteral(" (%1)").arg(Joined(changes));
+}
+
 QString Counted(int count, Text one, Text many) {
     return count == 1 ? TextNr(one) : TextNr(many, NumberText(count));
 }
 
 }  // namespace
 
-QString NoticeOf(const ChangedFiles& changed) {
+QString NoticeOf(const clsProjekt& projekt, const ChangedFiles& changed) {
     QStringList names;
     for (const ChangedFile& file : changed.files)
         if (file.what != FileChange::BeingWritten)
             names.append(NameOf(file));
+    if (changed.project && changed.whyNoProject == Text::None && changed.files.front().what == FileChange::Changed)
+        names.front() += WhatInProject(projekt);
     if (names.isEmpty())
         return {};
     return names.size() == 1 ? TextNr(Text::OneFileChanged, names.front())

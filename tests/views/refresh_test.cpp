@@ -9,6 +9,7 @@
 #include "platform/temp_directory.h"
 #include "project/start.h"
 #include "shell/settings.h"
+#include "shell/vb_text.h"
 #include "views/baum_view.h"
 #include "views/code_view.h"
 #include "views/frm_main.h"
@@ -70,7 +71,14 @@ TEST_F(RefreshWindow, ABarSaysThatFilesHaveChangedAndThenWhatChanged) {
     EXPECT_EQ(BarText(), QString()) << "it is known now";
     std::filesystem::remove(directory_.Path("samples/ToolHire/modSlip.bas"));
     LookAtFiles();
-    EXPECT_EQ(BarText(), QStringLiteral("2 files changed: modStore.bas, modSlip.bas (missing)"));
+    const std::string project = Text("ToolHire.vbp");
+    Save("ToolHire.vbp", Replace(project, "Form=frmReturn.frm\r\n", ""));
+    LookAtFiles();
+    EXPECT_EQ(BarText(), QStringLiteral("3 files changed: ToolHire.vbp (frmReturn.frm removed from the project), "
+                                        "modStore.bas, modSlip.bas (missing)"));
+    Save("ToolHire.vbp", project);
+    LookAtFiles();
+    EXPECT_EQ(BarText(), QStringLiteral("3 files changed: ToolHire.vbp, modStore.bas, modSlip.bas (missing)"));
     BarButton().click();
     EXPECT_EQ(BarText(), QStringLiteral("No procedure changed, 1 new; 1 newly dead; 1 not readable, left as it was"));
     EXPECT_TRUE(window_->TheWorkspace().Tree().Exist("modslip"));
@@ -105,6 +113,16 @@ TEST_F(RefreshWindow, AFileThatIsBeingWrittenIsReadWhenItIsWhole) {
     Refresh();
     EXPECT_FALSE(window_->TheWorkspace().Tree().Exist("modstore.justadded"));
     EXPECT_TRUE(QTest::qWaitFor([this] { return window_->TheWorkspace().Tree().Exist("modstore.justadded"); }, 10000));
+}
+
+TEST_F(RefreshWindow, AMissingFileDoesNotInterrupt) {
+    std::filesystem::remove(directory_.Path("samples/ToolHire/modSlip.bas"));
+    Refresh();
+    EXPECT_EQ(BarText(), QStringLiteral("No procedure changed; 1 not readable, left as it was"));
+    EXPECT_FALSE(gProjekt->problems.All().empty());
+    Refresh();
+    EXPECT_EQ(BarText(), QString()) << "nothing has changed since";
+    EXPECT_EQ(BrokenRules(*window_), QStringList());
 }
 
 TEST_F(RefreshWindow, EverythingShownStaysWhereItWas) {
