@@ -191,7 +191,7 @@ private:
     void EndDrag(QPointF moved);
     void ShowPointer(QPoint point);
     void ShowLines(const GraphPair& pair, const QPoint& globalPos);
-    void ShowMenu(const QPoint& globalPos);
+    void ShowMenu(const QPoint& globalPos, const ctlGraphObj* symbol);
     void FillMenu(QMenu& menu, const ctlGraphObj& symbol);
     void FillLines(QMenu& menu, const GraphPair& pair);
     void FillWholeDiagram(QMenu& menu);

@@ -137,7 +137,7 @@ void GraphCanvas::mouseReleaseEvent(QMouseEvent* event) {
         if (pair)
             ShowLines(*pair, event->globalPosition().toPoint());
     } else if (press.button == Qt::RightButton && !press.hasMoved) {
-        ShowMenu(event->globalPosition().toPoint());
+        ShowMenu(event->globalPosition().toPoint(), SymbolAt(point));
     }
 }
 
@@ -200,21 +200,18 @@ void GraphCanvas::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
     if (event->reason() == QContextMenuEvent::Mouse)
         return;
-    if (const ctlGraphObj* const symbol = graph_.Active())
-        GoTo(*symbol);
     const ctlGraphObj* const symbol = graph_.Active();
+    if (symbol)
+        GoTo(*symbol);
     const QPoint point =
         symbol ? mapFromScene(symbol->Left, symbol->Top + symbol->Height()) : viewport()->rect().center();
-    ShowMenu(viewport()->mapToGlobal(point));
+    ShowMenu(viewport()->mapToGlobal(point), symbol);
 }
 
-// For the symbol at that place, which the commands below then work on: what Enter does, and each of its connectors with
-// its lines.
-void GraphCanvas::ShowMenu(const QPoint& globalPos) {
-    const QPoint point = viewport()->mapFromGlobal(globalPos);
-    const ctlGraphObj* symbol = SymbolAt(point);
-    const GraphPair* const pair = symbol ? nullptr : PairAt(point);
-    if (pair) {
+// For a symbol, which the commands below then work on: what Enter does, and each of its connectors with its lines. Null
+// for the connector at that place, or the diagram.
+void GraphCanvas::ShowMenu(const QPoint& globalPos, const ctlGraphObj* symbol) {
+    if (const GraphPair* const pair = symbol ? nullptr : PairAt(viewport()->mapFromGlobal(globalPos))) {
         ShowLines(*pair, globalPos);
         return;
     }

@@ -180,7 +180,7 @@ clsProzedur* GraphWiring::ProcedureWith(const std::string& key) const {
 
 // Those selected in the diagram while it has the focus; else the one that is chosen where the focus is.
 std::vector<clsProzedur*> GraphWiring::ProceduresInUse() const {
-    const std::vector<clsProzedur*> selected = IsShown() ? chains_.Selected() : std::vector<clsProzedur*>();
+    std::vector<clsProzedur*> selected = IsShown() ? chains_.Selected() : std::vector<clsProzedur*>();
     if (window_.focusWidget() == &canvas_ && !selected.empty())
         return selected;
     const CodeObject* const current = window_.TheWorkspace().Current().CurObject;

@@ -74,6 +74,7 @@ std::vector<Edge> Thinned(const std::vector<Edge>& edges, std::size_t symbols, i
     }
     std::sort(kept.begin(), kept.end());
     std::vector<Edge> thinned;
+    thinned.reserve(kept.size());
     for (const std::size_t nr : kept)
         thinned.push_back(edges[nr]);
     return thinned;
@@ -166,6 +167,7 @@ std::vector<const ctlGraphObj*> SymbolsToArrange(const XGraph& graph) {
     if (graph.GraphSelected().size() > 1)
         return {graph.GraphSelected().begin(), graph.GraphSelected().end()};
     std::vector<const ctlGraphObj*> all;
+    all.reserve(graph.GraphObjects().size());
     for (const auto& symbol : graph.GraphObjects())
         all.push_back(symbol.get());
     return all;
@@ -228,6 +230,7 @@ std::optional<std::vector<GraphPoint>> ReadLayout(std::string_view output, std::
         found[*node.nr] = centre;
     }
     std::vector<GraphPoint> centres;
+    centres.reserve(found.size());
     for (const std::optional<GraphPoint>& centre : found) {
         if (!centre)
             return {};

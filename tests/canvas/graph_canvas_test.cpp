@@ -13,6 +13,7 @@
 #include "shell/settings.h"
 #include "support/project_test.h"
 #include "widgets/key_mime.h"
+#include "widgets/qt_text.h"
 
 namespace {
 
@@ -277,6 +278,12 @@ TEST_F(Canvas, TheContextMenuWorksOnTheSymbolBelowItAndEndsWithTheActions) {
     EXPECT_EQ(lastOfMenu(PointOf("m.stay")), QStringLiteral("Command"));
     EXPECT_EQ(Selected(), "m.stay");
     EXPECT_EQ(lastOfMenu({400, 400}), QStringLiteral("Command"));
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QApplication::sendEvent(canvas.viewport(), &key);
+    auto* const menu = canvas.findChild<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
+    ASSERT_TRUE(menu);
+    EXPECT_EQ(menu->actions().front()->text(), TextNr(Text::GraphGoToCode));
+    EXPECT_GT(menu->actions().size(), 3) << "that of the active symbol";
 }
 
 TEST_F(Canvas, ZoomLeavesPlacesAndDragsByWhatIsSeen) {
