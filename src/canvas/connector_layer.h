@@ -48,9 +48,6 @@ public:
     /// The same in pixels, on all processors, above what `below` paints in the coordinates of the painter.
     void PaintScreen(QPainter& painter, const QRectF& exposed, const GraphColours& colours,
                      const std::function<void(QPainter&)>& below) const;
-=======
-    void Paint(QPainter& painter, const QRectF& exposed, const GraphColours& colours,
-               std::optional<double> lineWidth = {}) const;
     /// Whether a connector crosses the rectangle.
     [[nodiscard]] bool HasAnyAt(const QRectF& place) const;
 

@@ -215,8 +215,8 @@ void GraphCanvas::PlaceScene() {
     const double unit = kTwipsPerPixel / zoom_;
     // A pixel less than the view: of exactly its size, rounding shows scroll bars, which make the view smaller, which
     // hides them, without an end.
-    const GraphRect canvas = graph_.CanvasFor(
-        {(view.width() - 1) * unit - 2 * kEdgeTwips, (view.height() - 1) * unit - 2 * kEdgeTwips});
+    const GraphRect canvas =
+        graph_.CanvasFor({(view.width() - 1) * unit - 2 * kEdgeTwips, (view.height() - 1) * unit - 2 * kEdgeTwips});
     const QRectF scene = ToQt(canvas).adjusted(-kEdgeTwips, -kEdgeTwips, kEdgeTwips, kEdgeTwips);
     if (scene != sceneRect())
         setSceneRect(scene);

@@ -41,7 +41,7 @@ public:
     FileError staleBecause = FileError::None;  // why the file could not be read again: the module stays as it was read
     FileTime DateLastModified = 0;
     bool isEdited = false;  // the text differs from that of the file, from which something was deleted
-    int number = 0;  // running number among the module lines of the project file, from 1
+    int number = 0;         // running number among the module lines of the project file, from 1
 
     std::unique_ptr<ModuleText> text;  // null for files that are empty or could not be read
     std::unique_ptr<TokenTable> tokens;
