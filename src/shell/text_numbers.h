@@ -430,4 +430,5 @@ enum class Text {
     ChooseDeletable = 486,
     DeletedKeys = 487,
     UndoDeletion = 488,
+    CalledByNobodyElse = 489,
 };
