@@ -202,7 +202,9 @@ CodeText ShowMe(const clsModul& modul) {
         return LibraryText(*modul.myLibrary);
     if (!modul.text)
         return {};
-    CodeText shown = Stretch(*modul.text, modul.BeginnVarBereich, modul.BeginnProcBereich);
+    // Without procedures their section begins at the last character, which belongs to the declarations then.
+    const bool hasProcs = modul.BeginnProcBereich < modul.text->CharCount();
+    CodeText shown = Stretch(*modul.text, modul.BeginnVarBereich, modul.BeginnProcBereich + (hasProcs ? 0 : 1));
     CodePaint paint(shown.first, Len(shown.text));
     SelectTextKinds(*modul.text, paint);
     SelectDeclarations(modul, paint);

@@ -165,7 +165,9 @@ std::vector<DeletionRow> DeletionRows(const clsProjekt& projekt, const LocalUses
         if (row.whyNot == Text::None)
             row.lines = LinesOf(*object, cut);
         for (const CallPlace& place : ReferencesTo(projekt, locals, *object))
-            if (!going.Covers(place.Modul(), place.pos))
+            if (going.Covers(place.Modul(), place.pos))
+                row.losesCallers = row.losesCallers || place.owner != object;
+            else
                 AddOnce(place.type == CallType::MayBe ? row.possible : row.certain, place.owner->CodePathOrg());
         if (object->Class() == ObjectClass::Control)
             for (const clsControl* control : object->Modul->MyControls)

@@ -21,6 +21,7 @@ struct DeletionRow {
     std::string_view image;
     int lines = 0;
     std::vector<std::string> certain, possible;  // paths of the callers that stay, each once
+    bool losesCallers = false;                   // others that go as well call it
     std::vector<std::string> inside;             // names of the controls that go with it
     Text whyNot = Text::None;                    // it cannot be deleted
 };

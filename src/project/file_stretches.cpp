@@ -50,6 +50,15 @@ Pos Before(const std::vector<Stretch>& gone, Pos byte) {
     return byte;
 }
 
+/// What went before from the same line goes with the rest of it: alone it would come back into another line. It is
+/// never cut in two.
+Pos WithLineBefore(std::string_view bytes, const std::vector<Stretch>& gone, Pos start) {
+    const bool beginsLine = start == 0 || IsLineEnd(bytes[static_cast<std::size_t>(start) - 1]);
+    const auto before =
+        std::find_if(gone.begin(), gone.end(), [start](const Stretch& stretch) { return stretch.End() == start; });
+    return beginsLine || before == gone.end() ? start : before->start;
+}
+
 }  // namespace
 
 std::vector<Stretch> Merged(std::vector<Stretch> stretches) {
@@ -84,11 +93,8 @@ std::vector<Stretch> InFile(std::string_view bytes, const std::vector<Stretch>& 
         const Pos first = bytesOfText.ByteOf(stretch.start);
         const Pos behind = bytesOfText.ByteOf(stretch.End());
         Pos start = Before(gone, first);
-        const bool beginsLine = first == 0 || IsLineEnd(left[static_cast<std::size_t>(first) - 1]);
-        // What went before from the same line goes with the rest of it: alone it would come back into another line.
-        const Pos lowest = first == 0 ? 0 : Before(gone, first - 1) + 1;
-        while (beginsLine && start > lowest && !IsLineEnd(bytes[static_cast<std::size_t>(start) - 1]))
-            --start;
+        if (first == 0 || IsLineEnd(left[static_cast<std::size_t>(first) - 1]))
+            start = WithLineBefore(bytes, gone, start);
         inFile.push_back({start, Before(gone, behind - 1) + 1 - start});
     }
     return inFile;

@@ -575,4 +575,5 @@ enum class Text {
     ArrangeFailed = 631,
     FrameModules = 632,
     OverviewMap = 633,
+    CalledByNobodyElse = 634,
 };

@@ -39,7 +39,9 @@ QString StillCalledBy(const DeletionRow& row, bool callsRead) {
     if (!row.possible.empty())
         parts.append(TextNr(Text::CalledByPossibly, Names(row.possible)));
     if (parts.isEmpty())
-        parts.append(TextNr(callsRead ? Text::CalledByNobody : Text::CallersUnknown));
+        parts.append(TextNr(!callsRead         ? Text::CallersUnknown
+                            : row.losesCallers ? Text::CalledByNobodyElse
+                                               : Text::CalledByNobody));
     if (!row.inside.empty())
         parts.append(TextNr(Text::GoesAsWell, Names(row.inside)));
     return parts.join(QStringLiteral("; "));

@@ -142,6 +142,21 @@ TEST_F(Deleting, WhatIsAroundAnObjectComesBackBeforeIt) {
     EXPECT_FALSE(project.projekt->GetModuleFromCodePath("a")->isEdited);
 }
 
+TEST_F(Deleting, ProceduresOfOneLineComeBackInOrder) {
+    constexpr std::string_view whole = "Sub x()\r\nEnd Sub: Sub y()\r\nEnd Sub\r\nSub z()\r\nEnd Sub\r\n";
+    MemoryFiles files{{"p\\P.vbp", std::string(kProject)}, {"p\\A.bas", std::string(whole)}};
+    const ScriptedQuestions goOn{};
+    const auto projekt = Open(files, "p\\P.vbp");
+    Deletions deletions;
+    for (const char* path : {"a.x", "a.y"})
+        deletions.Delete(*projekt, {projekt->GetObjectFromCodePath(path)});
+    const auto text = [&] { return projekt->GetModuleFromCodePath("a")->text->ModulTextOrg(); };
+    EXPECT_EQ(text(), "Sub z()\r\nEnd Sub\r\n");
+    EXPECT_FALSE(deletions.Undo(*projekt, {1}));
+    EXPECT_TRUE(deletions.Undo(*projekt, {1, 2}));
+    EXPECT_EQ(text(), whole);
+}
+
 TEST_F(Deleting, AFailedSaveHarmsNothing) {
     SmallProject project;
     project.Delete({"a.gone"});
