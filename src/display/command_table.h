@@ -47,6 +47,12 @@ enum class Command : std::uint8_t {
     Refresh,
     DeleteObject,
     ShowInGraph,
+    ShowWhy,
+    CallPath,
+    Impact,
+    DeclareEntry,
+    LeaveAlone,
+    DeclaredByUser,
     CopyName,
     CopyCodePath,
     CopyAsText,
@@ -87,6 +93,7 @@ enum class Needs : std::uint8_t {
     Neighbours,     // the current object has some of the kind that the command shows
     Places,         // marked in the code, or a walk over some
     Object,         // a current one
+    Reach,          // the current object is one of the project whose reasons are known
     PreviousPlace,  // in the list for back and forward
     NextPlace,
     Graph,            // the content shows it
@@ -133,6 +140,7 @@ struct Situation {
     bool hasProject = false;
     bool hasObject = false;  // a current one
     bool hasModule = false;  // of the project, that it lies in
+    bool hasReach = false;   // there is an answer why the current object lives or not
     bool callsRead = false;
     DependencyButtons neighbours;  // of the current object
     bool hasPlaces = false;
