@@ -33,6 +33,7 @@ class QStackedWidget;
 class SettingsFile;
 class StartPage;
 class StatusLine;
+class WhyWiring;
 class frmAbout;
 class frmError;
 class frmKeys;
@@ -109,6 +110,7 @@ private:
     void WireCode();
     void WireOverview();
     void WireGraph();
+    void WireWhy();
     void WireDialogs();
     void ConnectPorts();
     void Arrange(SplitMode mode);
@@ -193,4 +195,5 @@ private:
     GraphWiring* graph_ = nullptr;
     PathLine* rtbCodePath_ = nullptr;
     LowerPane* lower_ = nullptr;
+    WhyWiring* why_ = nullptr;
 };

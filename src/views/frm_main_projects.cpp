@@ -26,6 +26,7 @@
 #include "views/questions.h"
 #include "views/start_page.h"
 #include "views/status_line.h"
+#include "views/why_wiring.h"
 #include "widgets/qt_text.h"
 
 void frmMain::Projekt_Oeffnen() {
@@ -107,6 +108,7 @@ void frmMain::LeaveProject() {
     }
     graph_->ProjectGoes();
     workspace_.Close();
+    why_->ProjectChanged();
     ShowTitle();
     ShowProjectCounts();
     status_->Message({});

@@ -4,6 +4,7 @@
 #include <QObject>
 #include <functional>
 #include <string>
+#include <vector>
 
 #include "display/command_table.h"
 #include "xgraph/call_chains.h"
@@ -60,6 +61,11 @@ public:
     /// Texts that name what undo takes back.
     void NameCommands();
     void ShowGraph();
+    /// Puts a symbol of the object on the diagram.
+    void ShowInGraph(const std::string& key);
+    /// The same for all of these that have none, in one step that can be undone.
+    /// @param title  of that step
+    void ShowObjects(const std::vector<std::string>& keys, const QString& title);
 
 Q_SIGNALS:
     void Message(const QString& text);
@@ -68,7 +74,6 @@ Q_SIGNALS:
 private:
     void Wire(Command command, std::function<void(bool)> function);
     void WireCanvas();
-    void ShowInGraph(const std::string& key);
     [[nodiscard]] std::string KeyInUse() const;
     void RunChain(Command command, GraphChain chain);
     void CanvasChanged();

@@ -93,7 +93,13 @@ void MainMenus::Fill() {
     fill(mnuStruktur_, {Command::Structure, Command::Refresh, {}});
     mnuCopy_ = mnuStruktur_->addMenu(IconFor("Copy"), QString());
     fill(mnuCopy_, {Command::CopyName, Command::CopyCodePath, Command::CopyAsText});
-    fill(mnuStruktur_, {Command::ShowInGraph, {}, Command::DeleteObject});
+    fill(mnuStruktur_, {Command::ShowInGraph,
+                        {},
+                        Command::DeclareEntry,
+                        Command::LeaveAlone,
+                        Command::DeclaredByUser,
+                        {},
+                        Command::DeleteObject});
 
     mnuDependencies_ = window_.menuBar()->addMenu(QString());
     fill(mnuDependencies_, {Command::Calls,
@@ -108,7 +114,11 @@ void MainMenus::Fill() {
                             Command::GoTo,
                             Command::FindCallers,
                             Command::NextPlace,
-                            Command::PreviousPlace});
+                            Command::PreviousPlace,
+                            {},
+                            Command::ShowWhy,
+                            Command::CallPath,
+                            Command::Impact});
 
     mnuHelp_ = window_.menuBar()->addMenu(QString());
     fill(mnuHelp_, {Command::WebPage, Command::Keys, Command::Diagnosis, {}, Command::About});

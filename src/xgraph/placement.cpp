@@ -1,6 +1,9 @@
 #include "xgraph/placement.h"
 
+#include <algorithm>
 #include <cmath>
+
+#include "model/code_object.h"
 
 namespace {
 
@@ -99,6 +102,32 @@ GraphPoint Placement::Graph_GetNextPlace_To_Y(GraphPoint start) const {
     while (const ctlGraphObj* const symbol = index_.Graph_PlaceOccupate(start))
         start.y = symbol->Frame().Bottom() + kTwipsPerPixel;
     return start;
+}
+
+void AddObjects(XGraph& graph, const std::vector<CodeObject*>& objects) {
+    constexpr int kRows = 12;
+    const GraphRect there = graph.SymbolBounds();
+    GraphPoint place{graph.GraphObjects().empty() ? kPlaceGap : there.Right() + 4 * kPlaceGap,
+                     std::max(there.top, kPlaceGap)};
+    const double top = place.y;
+    double widest = 0;
+    int row = 0;
+    graph.DeselectAll();
+    for (CodeObject* object : objects) {
+        const ctlGraphObj* symbol = graph.WithPath(object->CodePath());
+        if (!symbol) {
+            if (row == kRows) {
+                place = {place.x + widest + 4 * kPlaceGap, top};
+                widest = row = 0;
+            }
+            symbol = graph.GraphObjCreate(object, std::round(place.x), std::round(place.y), false);
+            const GraphRect frame = symbol->Frame();
+            widest = std::max(widest, frame.width);
+            place.y = frame.top + 2 * frame.height;
+            ++row;
+        }
+        graph.Select(symbol->Index, true);
+    }
 }
 
 GraphPoint FreePlaceNear(const XGraph& graph, GraphPoint point, GraphSize size) {

@@ -63,5 +63,9 @@ private:
     SymbolIndex index_;
 };
 
+/// Creates symbols of those objects that have none, one below the other and beside what is there, and selects the
+/// symbols of all.
+void AddObjects(XGraph& graph, const std::vector<CodeObject*>& objects);
+
 /// Where a symbol of this size goes that should be near a point: the first free place from there.
 [[nodiscard]] GraphPoint FreePlaceNear(const XGraph& graph, GraphPoint point, GraphSize size);
