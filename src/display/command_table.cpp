@@ -50,6 +50,12 @@ constexpr std::array kRows = std::to_array<CommandRow>({
     {DeletedHere, "DeletedHere", Text::DeletedHere, Text::None, "", "", Needs::Deletions, true},
     {SaveModules, "SaveModules", Text::SaveModules, Text::None, "", "", Needs::EditedModule, true},
     {ShowInGraph, "ShowInGraph", Text::ShowInGraph, Text::None, "ContentGraph", "Ctrl+G", Needs::Project},
+    {ShowWhy, "ShowWhy", Text::ShowWhy, Text::None, "", "F9", Needs::Reach},
+    {CallPath, "CallPath", Text::CallPath, Text::None, "", "Ctrl+R", Needs::Reach, true},
+    {Impact, "Impact", Text::Impact, Text::None, "", "Ctrl+I", Needs::Reach, true},
+    {DeclareEntry, "DeclareEntry", Text::DeclareEntry, Text::None, "", "Ctrl+E", Needs::Reach, true},
+    {LeaveAlone, "LeaveAlone", Text::LeaveAlone, Text::None, "", "Ctrl+Shift+E", Needs::Reach, true},
+    {DeclaredByUser, "DeclaredByUser", Text::DeclaredByUser, Text::None, "", "", Needs::Project, true},
     {CopyName, "CopyName", Text::CopyName, Text::None, "Copy", "", Needs::Project},
     {CopyCodePath, "CopyCodePath", Text::CopyCodePath, Text::None, "", "", Needs::Project},
     {CopyAsText, "CopyAsText", Text::CopyAsText, Text::None, "", "", Needs::Project},
@@ -138,6 +144,8 @@ bool IsEnabled(Command command, const Situation& now) {
             return now.hasPlaces;
         case Needs::Object:
             return now.hasObject;
+        case Needs::Reach:
+            return now.hasReach;
         case Needs::PreviousPlace:
             return now.hasPrevious;
         case Needs::NextPlace:
@@ -218,6 +226,8 @@ Text WhyDisabled(Command command, const Situation& now) {
             return !now.hasObject ? Text::ChooseObjectFirst : !now.callsRead ? Text::ReadCallsFirst : Text::NoneOfThese;
         case Needs::Procedure:
             return now.callsRead ? Text::ChooseProcedureFirst : Text::ReadCallsFirst;
+        case Needs::Reach:
+            return now.callsRead ? Text::EmptyWhy : Text::ReadCallsFirst;
         case Needs::Places:
             return Text::ChooseNeighbourFirst;
         case Needs::PreviousPlace:

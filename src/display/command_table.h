@@ -51,6 +51,12 @@ enum class Command : std::uint8_t {
     DeletedHere,
     SaveModules,
     ShowInGraph,
+    ShowWhy,
+    CallPath,
+    Impact,
+    DeclareEntry,
+    LeaveAlone,
+    DeclaredByUser,
     CopyName,
     CopyCodePath,
     CopyAsText,
@@ -103,6 +109,7 @@ enum class Needs : std::uint8_t {
     Neighbours,     // the current object has some of the kind that the command shows
     Places,         // marked in the code, or a walk over some
     Object,         // a current one
+    Reach,          // the current object is one of the project whose reasons are known
     PreviousPlace,  // in the list for back and forward
     NextPlace,
     Graph,            // the content shows it
@@ -163,6 +170,7 @@ struct Situation {
     bool canDelete = false;  // the current object
     bool hasDeleted = false;
     bool hasUnsaved = false;  // a module that differs from its file
+    bool hasReach = false;    // there is an answer why the current object lives or not
     bool callsRead = false;
     DependencyButtons neighbours;  // of the current object
     bool hasPlaces = false;

@@ -131,7 +131,7 @@ std::string HandledText(const clsProjekt& projekt, const clsProzedur& prozedur) 
     const clsProzedur* const event = HandledEvent(projekt, prozedur);
     if (!event)
         return {};
-    const std::string declaration = event->myLibrary ? LibraryDeclaration(*event) : Declaration(*event);
+    const std::string declaration = event->myLibrary ? LibraryDeclaration(*event) : DeclarationText(*event);
     return Shortened(Labelled(Text::HandlesEvent,
                               Utf8Of(event->Modul, KindAndName(event->Modul->CodePathOrg() + ":", declaration))));
 }
@@ -257,7 +257,7 @@ std::vector<std::string> ObjectText(const clsProjekt& projekt, const LocalUses& 
     const std::string_view path = object.Class() == ObjectClass::Variable ? object.myNameOrg() : std::string_view();
     add(KindAndName(KindWithAccess(object), Utf8Of(modul, path.empty() ? object.CodePathOrg() : std::string(path))));
     // A path is in the system's page, whatever the text of its file is in.
-    add(Shortened(Utf8Of(object.Modul, object.myLibrary ? LibraryDeclaration(object) : Declaration(object))));
+    add(Shortened(Utf8Of(object.Modul, object.myLibrary ? LibraryDeclaration(object) : DeclarationText(object))));
     if (const std::string owner = OwnerText(object); !owner.empty())
         add(Labelled(Text::BelongsTo, Utf8Of(modul, owner)));
     if (const std::string_view type = DataTypeOf(object); !type.empty())

@@ -146,7 +146,7 @@ std::string JoinedLine(std::string_view text, Pos pos, Pos from) {
     return std::string(modMain::Get_ZeileOhneKommentar(line));
 }
 
-std::string Declaration(const CodeObject& object) {
+std::string DeclarationText(const CodeObject& object) {
     if (object.Class() == ObjectClass::Modul)
         return ShownPath(static_cast<const clsModul&>(object).FullPath);
     if (object.Class() == ObjectClass::TypeLib)

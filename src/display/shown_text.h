@@ -36,4 +36,4 @@ class CodeObject;
 
 /// The source text of an object's declaration: the head of a procedure, type or enumeration, the declaration that names
 /// a variable. The path of the file for modules, of the registered file for libraries.
-[[nodiscard]] std::string Declaration(const CodeObject& object);
+[[nodiscard]] std::string DeclarationText(const CodeObject& object);

@@ -8,6 +8,7 @@
 #include "display/dependency_trees.h"
 #include "display/node_objects.h"
 #include "display/object_text.h"
+#include "display/project_reach.h"
 #include "display/project_tree.h"
 #include "display/tree_marks.h"
 #include "findings/dead_objects.h"
@@ -44,7 +45,11 @@ CodeRange LineAt(std::string_view text, int line) {
 }  // namespace
 
 Workspace::Workspace(std::unique_ptr<clsProjekt>& projekt, Files& files, const Settings& settings, Ports ports)
-    : projekt_(projekt), files_(files), settings_(settings), ports_(std::move(ports)) {}
+    : projekt_(projekt),
+      files_(files),
+      settings_(settings),
+      ports_(std::move(ports)),
+      reach_(std::make_unique<ProjectReach>(files, ports_.settingsFile)) {}
 
 Workspace::~Workspace() = default;
 
@@ -102,6 +107,7 @@ void Workspace::ForgetObjects() {
     calls_.Clear();
     checked_ = {};
     edgesShown_ = {};
+    reach_->Forget();
     EndWalk();
     ports_.ends();
 }
@@ -118,6 +124,7 @@ void Workspace::EndGeneration() {
 }
 
 std::optional<CallCounts> Workspace::ReadCalls() {
+    reach_->Forget();
     ports_.run("Remove_All_Calls", false, [this] { Remove_All_Calls(*projekt_); });
     const bool isWhole = ports_.run("Who_Calls_Who", true, [this] { Who_Calls_Who(*projekt_); });
     code_.Forget();
@@ -391,7 +398,11 @@ std::vector<std::string> Workspace::HoverText(const BaumNode& node) const {
 }
 
 std::vector<std::string> Workspace::HoverText(const CodeObject& object) const {
-    return ObjectText(*projekt_, code_.Locals(), object);
+    std::vector<std::string> lines = ObjectText(*projekt_, code_.Locals(), object);
+    if (const Reasons* const reasons = Reach::Covers(object) ? TheReasons() : nullptr)
+        if (std::string sentence = WhySentence(*reasons, object); !sentence.empty())
+            lines.push_back(std::move(sentence));
+    return lines;
 }
 
 std::vector<std::string> Workspace::DependencyHoverText(const BaumNode& node, bool isCaller) const {
@@ -418,7 +429,7 @@ std::string Workspace::SpokenText(const CodeObject& object) const {
 
 std::vector<std::string> Workspace::CodeHoverText(Pos position) const {
     const CodeObject* const object = projekt_ ? code_.ObjectAt(*projekt_, position) : nullptr;
-    return object ? ObjectText(*projekt_, code_.Locals(), *object) : std::vector<std::string>();
+    return object ? HoverText(*object) : std::vector<std::string>();
 }
 
 Situation Workspace::Now(bool hasPlaces) const {
@@ -430,6 +441,7 @@ Situation Workspace::Now(bool hasPlaces) const {
             .canDelete = selection_.CurObject && CanBeDeleted(*selection_.CurObject),
             .hasDeleted = !deletions_.All().empty(),
             .hasUnsaved = !deletions_.Unsaved().empty(),
+            .hasReach = HasReach(),
             .callsRead = CallsRead(),
             .neighbours = neighbours_,
             .hasPlaces = hasPlaces,

@@ -24,6 +24,7 @@
 #include "display/refresh_changes.h"
 #include "display/selection.h"
 #include "display/tree_checks.h"
+#include "display/why_text.h"
 #include "findings/object_counts.h"
 #include "project/deletions.h"
 #include "shell/settings.h"
@@ -31,6 +32,7 @@
 
 class Files;
 class LibrarySearch;
+class ProjectReach;
 class clsProjekt;
 struct ChangedFiles;
 
@@ -40,7 +42,8 @@ public:
     using Runner = std::function<bool(const std::string& name, bool canCancel, const std::function<void()>& operation)>;
     struct Ports {
         Runner run;
-        std::function<void()> ends;  // called when a generation ends: nothing of it may stay on the screen
+        std::function<void()> ends;     // called when a generation ends: nothing of it may stay on the screen
+        std::string settingsFile = {};  // path; beside it is what users declare about objects
     };
     /// `projekt` holds the open project, null without one. All references must outlive the workspace.
     Workspace(std::unique_ptr<clsProjekt>& projekt, Files& files, const Settings& settings, Ports ports);
@@ -135,12 +138,26 @@ public:
     [[nodiscard]] Text WhyNoReferences() const;
     /// Begins the walk over them.
     void WalkReferences();
-    [[nodiscard]] bool WalksReferences() const { return walksReferences_; }
+    [[nodiscard]] bool WalksReferences() const { return walkOf_ == WalkOf::References; }
     // The walk over places that may lie in several texts. Nothing without such a place.
     [[nodiscard]] const PlaceWalk& Walk() const { return walk_; }
     std::optional<CodePane::Change> WalkTo(int at);
     std::optional<CodePane::Change> StepOn(int by);
     void EndWalk();
+
+    // Reach: why the current object is alive or dead. Made when it is first needed.
+    /// Whether there is an answer for the current object.
+    [[nodiscard]] bool HasReach() const;
+    /// No rows without an answer; its places are those of WalkWhy.
+    /// @param whole  sections that are not cut
+    [[nodiscard]] WhyRows Why(const std::set<WhySection>& whole) const;
+    [[nodiscard]] Text WhyNoReason() const;
+    /// Begins the walk over the places of the page.
+    void WalkWhy(const WhyRows& page);
+    [[nodiscard]] bool WalksWhy() const { return walkOf_ == WalkOf::Why; }
+    /// Null while calls are not known.
+    [[nodiscard]] const Reasons* TheReasons() const;
+    [[nodiscard]] ProjectReach& TheReach() const { return *reach_; }
 
     // Check boxes. The objects whose boxes are on form a group, whose neighbours the dependency trees show; they are
     // left out as neighbours of other objects. While the boxes are hidden there is no group.
@@ -268,7 +285,8 @@ private:
     CodePane code_;
     NavigationList navigation_;
     PlaceWalk walk_;
-    bool walksReferences_ = false;  // and not those of a neighbour
+    enum class WalkOf : std::uint8_t { Neighbour, References, Why } walkOf_ = WalkOf::Neighbour;
+    std::unique_ptr<ProjectReach> reach_;
     EdgeCounts edgesShown_;
     std::optional<NodeId> current_;      // of the current object; survives a generation
     std::set<std::string> localsShown_;  // paths of the procedures whose locals have their marks

@@ -111,12 +111,12 @@ Text Workspace::WhyNoReferences() const {
 
 void Workspace::WalkReferences() {
     walk_ = PlaceWalk(FindReferences());
-    walksReferences_ = true;
+    walkOf_ = WalkOf::References;
 }
 
 void Workspace::EndWalk() {
     walk_ = {};
-    walksReferences_ = false;
+    walkOf_ = WalkOf::Neighbour;
 }
 
 std::optional<CodePane::Change> Workspace::WalkTo(int at) {

@@ -6,6 +6,7 @@
 #include <QTreeView>
 #include <string>
 
+#include "display/command_table.h"
 #include "shell/text_numbers.h"
 #include "views/baum_model.h"
 
@@ -66,6 +67,8 @@ Q_SIGNALS:
     void KeyDropped(const std::string& key);
     /// From the context menu: put the object of the node on the diagram.
     void GraphAsked(const std::string& key);
+    /// From the context menu: why the object is alive or dead, and what else AddReasons offers.
+    void ReasonAsked(Command command, const std::string& key);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

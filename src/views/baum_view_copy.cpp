@@ -79,6 +79,9 @@ void BaumView::ShowMenu(const QModelIndex& index, const QPoint& globalPos) {
         *menu, object.empty() ? Way() : [this, object] { Q_EMIT GoToAsked(object); },
         object.empty() ? Way() : [this, object] { Q_EMIT CallersAsked(object); },
         object.empty() ? Way() : [this, object] { Q_EMIT GraphAsked(object); });
+    AddReasons(
+        *menu, object.empty() ? std::function<void(Command)>()
+                              : [this, object](Command command) { Q_EMIT ReasonAsked(command, object); });
     menu->addAction(TextNr(Text::CopyName), this, copy(TextOf));
     menu->addAction(TextNr(Text::CopyCodePath), this, copy(PathOf))->setEnabled(HasCodePath(*node));
     menu->addAction(TextNr(Text::CopyAsText), this, copy(TreeOf));

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "display/code_colours.h"
+#include "display/command_table.h"
 #include "views/decoded_text.h"
 
 struct Settings;
@@ -64,6 +65,8 @@ Q_SIGNALS:
     void CallersAsked();
     /// Menu: put that object on the diagram.
     void GraphAsked();
+    /// Menu: why that object is alive or dead, and what else AddReasons offers.
+    void ReasonAsked(Command command);
     /// A place became the current one, from 1; 0 of 0 after the marks were removed.
     void PlaceChanged(int index, int count);
 

@@ -81,6 +81,8 @@ void CodeView::contextMenuEvent(QContextMenuEvent* event) {
     AddWays(*menu, LeadsOn() ? [this] { Q_EMIT PositionClicked(SelStart(), SelLength()); } : Way(),
             text_.ByteCount() > 0 ? [this] { Q_EMIT CallersAsked(); } : Way(),
             text_.ByteCount() > 0 ? [this] { Q_EMIT GraphAsked(); } : Way());
+    AddReasons(*menu, text_.ByteCount() > 0 ? [this](Command command) { Q_EMIT ReasonAsked(command); }
+                                            : std::function<void(Command)>());
     menu->addAction(TextNr(Text::Copy), this, &CodeView::copy)->setEnabled(textCursor().hasSelection());
     menu->addAction(TextNr(Text::SelectAll), this, &CodeView::selectAll);
     Commands::GiveLetters(menu->actions());

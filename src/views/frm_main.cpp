@@ -46,6 +46,7 @@
 #include "views/start_page.h"
 #include "views/status_line.h"
 #include "views/tree_panes.h"
+#include "views/why_wiring.h"
 #include "views/window_place.h"
 #include "widgets/icons.h"
 #include "widgets/object_tip.h"
@@ -88,7 +89,8 @@ frmMain::frmMain(Files& files, SettingsFile& file, Settings settings, std::strin
                           dialogs_.progress->SetCancelVisible(canCancel);
                           return dialogs_.progress->Run(name, operation);
                       },
-                  .ends = [this] { GenerationEnds(); }}),
+                  .ends = [this] { GenerationEnds(); },
+                  .settingsFile = file.Path()}),
       menus_(new MainMenus(*this, *commands_, files, file)),
       toolbar_(new MainToolbar(*commands_, this)),
       status_(new StatusLine(*statusBar())) {
@@ -103,6 +105,7 @@ frmMain::frmMain(Files& files, SettingsFile& file, Settings settings, std::strin
     BuildPanes();
     WireTrees();
     WireCode();
+    WireWhy();
     WireWays();
     WireOverview();
     WireChart();
@@ -294,6 +297,7 @@ void frmMain::frmMainTexte() {
     content_->Texte();
     rtbCodePath_->Texte();
     lower_->Texte();
+    why_->Texte();
     panes_->Texte();
     refresh_->Texte();
     dialogs_.progress->Texte();

@@ -37,6 +37,7 @@ class RefreshNotice;
 class SettingsFile;
 class StartPage;
 class StatusLine;
+class WhyWiring;
 class frmAbout;
 class frmError;
 class frmKeys;
@@ -117,6 +118,7 @@ private:
     void WireCode();
     void WireOverview();
     void WireGraph();
+    void WireWhy();
     void WireDialogs();
     void ConnectPorts();
     void Arrange(SplitMode mode);
@@ -218,4 +220,5 @@ private:
     RefreshNotice* refresh_ = nullptr;
     PathLine* rtbCodePath_ = nullptr;
     LowerPane* lower_ = nullptr;
+    WhyWiring* why_ = nullptr;
 };

@@ -5,9 +5,29 @@
 #include "views/frm_main.h"
 #include "views/lower_pane.h"
 #include "views/main_panes.h"
+#include "views/reach_list.h"
 #include "views/references_list.h"
 #include "views/status_line.h"
+#include "views/tree_panes.h"
+#include "views/why_wiring.h"
 #include "widgets/qt_text.h"
+
+void frmMain::WireWhy() {
+    why_ = new WhyWiring(*this, files_, *lower_, *graph_,
+                         {.showPage =
+                              [this] {
+                                  panes_->ShowLower();
+                                  lower_->setCurrentWidget(&lower_->Why());
+                              },
+                          .showWalk = [this](const std::optional<CodePane::Change>& change) { ShowWalk(change); },
+                          .showNow = [this] { ShowNow(); }});
+    why_->WireCommands();
+    why_->Follow({&BaumProjekt(), &calledByPane_->Tree(), &callsPane_->Tree(), &lower_->BaumDLL()},
+                 lower_->References(), rtbCode());
+    connect(why_, &WhyWiring::Message, this, [this](const QString& text) { status_->Message(text); });
+    connect(why_, &WhyWiring::GoToAsked, this, &frmMain::GoTo);
+    connect(why_, &WhyWiring::CallersAsked, this, &frmMain::FindCallersOf);
+}
 
 void frmMain::WireWays() {
     Wire(Command::GoTo, [this](bool) { GoTo(KeyInFocus()); });
@@ -31,6 +51,8 @@ std::string frmMain::KeyInFocus() {
         return workspace_.KeyClicked(rtbCode().SelStart(), rtbCode().SelLength());
     if (focus == &lower_->References())
         return lower_->References().CurrentObject();
+    if (focus == &lower_->Why())
+        return lower_->Why().CurrentObject();
     const auto* const tree = qobject_cast<const BaumView*>(focus);
     return tree ? tree->CurrentObject() : std::string();
 }
@@ -55,11 +77,14 @@ void frmMain::RenewReferences() {
     lower_->RenewReferences(workspace_.ReferenceCount(), TextNr(workspace_.WhyNoReferences()));
     if (workspace_.WalksReferences())
         lower_->References().SetCurrentRow(std::max(workspace_.Walk().At(), 0));
+    why_->Renew();
 }
 
 // What was asked for last: references, the places of a neighbour, or those of the current object in its code. Without
 // any, the references that can be seen.
 void frmMain::StepPlace(int by) {
+    if (why_->Step(by))
+        return;
     ReferencesList& list = lower_->References();
     if (workspace_.Walk().Count() == 0) {
         if (rtbCode().PlaceCount() > 0 || !list.isVisible())
@@ -91,6 +116,8 @@ void frmMain::ShowWalk(const std::optional<CodePane::Change>& change) {
     ShowCode(*change);
     if (workspace_.WalksReferences())
         lower_->References().SetCurrentRow(workspace_.Walk().At());
+    if (workspace_.WalksWhy())
+        why_->ShowPlace(workspace_.Walk().At());
     status_->ShowPlace(workspace_.Walk().At() + 1, workspace_.Walk().Count());
     Activate_Commands();
 }

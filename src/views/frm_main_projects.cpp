@@ -28,6 +28,7 @@
 #include "views/refresh_notice.h"
 #include "views/start_page.h"
 #include "views/status_line.h"
+#include "views/why_wiring.h"
 #include "widgets/qt_text.h"
 
 void frmMain::Projekt_Oeffnen() {
@@ -117,6 +118,7 @@ void frmMain::LeaveProject() {
     workspace_.Close();
     refresh_->ProjectChanged();
     dialogs_.deleted->Refresh();
+    why_->ProjectChanged();
     ShowTitle();
     ShowProjectCounts();
     status_->Message({});

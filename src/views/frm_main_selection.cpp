@@ -17,6 +17,7 @@
 #include "views/references_list.h"
 #include "views/search_bar.h"
 #include "views/tree_panes.h"
+#include "views/why_wiring.h"
 #include "widgets/icons.h"
 #include "widgets/qt_text.h"
 
@@ -27,6 +28,7 @@ void frmMain::GenerationEnds() {
     rtbCodePath_->Show({});
     lower_->Properties().Clear();
     RenewReferences();
+    why_->GenerationEnds();
     ShowNow();
 }
 
@@ -54,6 +56,7 @@ void frmMain::ShowAgain() {
         Show(*shown);
     else if (gProjekt)
         lower_->Properties().Show(Anzeigen_Eigenschaften(*gProjekt));
+    why_->ProjectChanged();
 }
 
 void frmMain::Show(const Workspace::Shown& shown) {
@@ -197,7 +200,8 @@ void frmMain::ShowNow() {
 
 Situation frmMain::Now() const {
     const bool hasReferences = lower_->References().isVisible() && lower_->References().Count() > 0;
-    Situation now = workspace_.Now(rtbCode().PlaceCount() > 0 || workspace_.Walk().Count() > 0 || hasReferences);
+    Situation now = workspace_.Now(rtbCode().PlaceCount() > 0 || workspace_.Walk().Count() > 0 || hasReferences ||
+                                   why_->HasPlaces());
     now.graph = graph_->Now();
     return now;
 }

@@ -21,6 +21,7 @@
 #include "views/search_bar.h"
 #include "widgets/object_tip.h"
 #include "widgets/qt_text.h"
+#include "xgraph/placement.h"
 
 GraphWiring::GraphWiring(frmMain& window, Files& files, SettingsFile& settings, GraphPorts ports)
     : QObject(&window),
@@ -211,6 +212,20 @@ void GraphWiring::ShowInGraph(const std::string& key) {
     canvas_.setFocus();
     window_.ActivateKey(key);
     Q_EMIT Message(TextNr(Text::SymbolShown, ToQString(object->myNameOrg())));
+}
+
+void GraphWiring::ShowObjects(const std::vector<std::string>& keys, const QString& title) {
+    std::vector<CodeObject*> objects;
+    for (const std::string& key : keys)
+        if (CodeObject* const object = gProjekt ? ObjectOfNode(*gProjekt, NodeId(key)) : nullptr)
+            objects.push_back(object);
+    if (objects.empty())
+        return;
+    ShowGraph();
+    canvas_.Change(title, [&](XGraph& graph) { AddObjects(graph, objects); });
+    canvas_.Mark(objects.front());
+    canvas_.setFocus();
+    Q_EMIT Message(TextNr(Text::SymbolShown, title));
 }
 
 void GraphWiring::ShowGraph() {

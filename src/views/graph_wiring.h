@@ -59,6 +59,11 @@ public:
     /// Texts that name what undo takes back.
     void NameCommands();
     void ShowGraph();
+    /// Puts a symbol of the object on the diagram.
+    void ShowInGraph(const std::string& key);
+    /// The same for all of these that have none, in one step that can be undone.
+    /// @param title  of that step
+    void ShowObjects(const std::vector<std::string>& keys, const QString& title);
 
 Q_SIGNALS:
     void Message(const QString& text);
@@ -67,7 +72,6 @@ Q_SIGNALS:
 private:
     void Wire(Command command, std::function<void(bool)> function);
     void WireCanvas();
-    void ShowInGraph(const std::string& key);
     [[nodiscard]] std::string KeyInUse() const;
     [[nodiscard]] std::vector<clsProzedur*> ProceduresInUse() const;
     [[nodiscard]] clsProzedur* ProcedureWith(const std::string& key) const;

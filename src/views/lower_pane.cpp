@@ -4,19 +4,21 @@
 
 #include "views/baum_view.h"
 #include "views/properties_grid.h"
+#include "views/reach_list.h"
 #include "views/references_list.h"
 #include "widgets/qt_text.h"
 
 namespace {
 
-// The references keep their number in the narrowest pane: the names of the other tabs are shortened.
+// The references keep their number in the narrowest pane, and what is short anyway stays whole: the names of the other
+// tabs are shortened.
 class Tabs final : public QTabBar {
 public:
     using QTabBar::QTabBar;
 
 protected:
     [[nodiscard]] QSize minimumTabSizeHint(int tab) const override {
-        return tab == 1 ? tabSizeHint(tab) : QTabBar::minimumTabSizeHint(tab);
+        return tab == 1 || tab == 2 ? tabSizeHint(tab) : QTabBar::minimumTabSizeHint(tab);
     }
 };
 
@@ -26,6 +28,7 @@ LowerPane::LowerPane(Baum& collected, const Settings& settings, QWidget* parent)
     : QTabWidget(parent),
       properties_(new PropertiesGrid(this)),
       references_(new ReferencesList(this)),
+      why_(new ReachList(this)),
       collected_(new BaumView(collected, settings, this)) {
     setTabBar(new Tabs(this));
     setDocumentMode(true);
@@ -33,6 +36,8 @@ LowerPane::LowerPane(Baum& collected, const Settings& settings, QWidget* parent)
     collected_->SetAcceptsKeys(true);
     addTab(properties_, QString());
     addTab(references_, QString());
+    why_->setObjectName(QStringLiteral("why"));
+    addTab(why_, QString());
     addTab(collected_, QString());
     tabBar()->setChangeCurrentOnDrag(true);
     tabBar()->setExpanding(false);
@@ -63,6 +68,7 @@ void LowerPane::RenewReferences(std::optional<int> count, const QString& whyNone
 void LowerPane::NameTabs() {
     setTabText(indexOf(properties_), TextNr(Text::Properties));
     setTabText(indexOf(references_), WithCount(TextNr(Text::References), referenceCount_));
+    setTabText(indexOf(why_), TextNr(Text::Why));
     setTabText(indexOf(collected_), TextNr(Text::CollectedModules));
     for (int tab = 0; tab < count(); ++tab)
         setTabToolTip(tab, tabText(tab));

@@ -1,5 +1,5 @@
-// The tabs with the properties of the current object, with all places that call or use it, and with the modules
-// collected by dragging.
+// The tabs with the properties of the current object, with all places that call or use it, with why it is alive or
+// dead, and with the modules collected by dragging.
 #pragma once
 
 #include <QTabWidget>
@@ -8,6 +8,7 @@
 class Baum;
 class BaumView;
 class PropertiesGrid;
+class ReachList;
 class ReferencesList;
 struct Settings;
 
@@ -19,6 +20,7 @@ public:
     LowerPane(Baum& collected, const Settings& settings, QWidget* parent = nullptr);
     [[nodiscard]] PropertiesGrid& Properties() const { return *properties_; }
     [[nodiscard]] ReferencesList& References() const { return *references_; }
+    [[nodiscard]] ReachList& Why() const { return *why_; }
     /// The rows of the list are others now; its tab says how many, if that is known.
     void RenewReferences(std::optional<int> count, const QString& whyNone);
     [[nodiscard]] BaumView& BaumDLL() const { return *collected_; }
@@ -29,6 +31,7 @@ private:
 
     PropertiesGrid* properties_;
     ReferencesList* references_;
+    ReachList* why_;
     BaumView* collected_;
     std::optional<int> referenceCount_;
 };

@@ -104,6 +104,10 @@ void MainMenus::Fill() {
                         Command::AddAllCallees,
                         Command::AddCallPath,
                         {},
+                        Command::DeclareEntry,
+                        Command::LeaveAlone,
+                        Command::DeclaredByUser,
+                        {},
                         Command::DeleteObject,
                         Command::DeleteDead,
                         Command::DeletedHere});
@@ -121,7 +125,11 @@ void MainMenus::Fill() {
                             Command::GoTo,
                             Command::FindCallers,
                             Command::NextPlace,
-                            Command::PreviousPlace});
+                            Command::PreviousPlace,
+                            {},
+                            Command::ShowWhy,
+                            Command::CallPath,
+                            Command::Impact});
 
     mnuHelp_ = window_.menuBar()->addMenu(QString());
     fill(mnuHelp_, {Command::WebPage, Command::Keys, Command::Diagnosis, {}, Command::About});

@@ -180,6 +180,7 @@ void ReferencesList::contextMenuEvent(QContextMenuEvent* event) {
     AddWays(
         *menu, [this, key = row->key] { Q_EMIT GoToAsked(key); }, [this, key = row->key] { Q_EMIT CallersAsked(key); },
         [this, key = row->key] { Q_EMIT GraphAsked(key); });
+    AddReasons(*menu, [this, key = row->key](Command command) { Q_EMIT ReasonAsked(command, key); });
     menu->addAction(TextNr(Text::Copy), this, &ReferencesList::CopyRow);
     menu->addAction(TextNr(Text::CopyCodePath), this,
                     [where = Utf8(row->where)] { QApplication::clipboard()->setText(where); });

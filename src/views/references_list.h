@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "display/call_places.h"
+#include "display/command_table.h"
 
 class ReferencesModel final : public QAbstractListModel {
     Q_OBJECT
@@ -54,6 +55,7 @@ Q_SIGNALS:
     void GoToAsked(const std::string& key);
     void CallersAsked(const std::string& key);
     void GraphAsked(const std::string& key);
+    void ReasonAsked(Command command, const std::string& key);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

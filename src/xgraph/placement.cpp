@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "model/code_object.h"
+
 namespace {
 
 constexpr double kCell = 2000;  // about two symbols
@@ -117,5 +119,31 @@ GraphPoint WholeFreePlace(const XGraph& graph, const GraphRect& area, GraphSize 
             return {std::round(place.x), std::round(place.y)};
         const GraphRect frame = (*hit)->Frame();
         place.x = placement.GraphPlaceDirX == 1 ? frame.Right() + kPlaceGap : frame.left - size.width - kPlaceGap;
+    }
+}
+
+void AddObjects(XGraph& graph, const std::vector<CodeObject*>& objects) {
+    constexpr int kRows = 12;
+    const GraphRect there = graph.SymbolBounds();
+    GraphPoint place{graph.GraphObjects().empty() ? kPlaceGap : there.Right() + 4 * kPlaceGap,
+                     std::max(there.top, kPlaceGap)};
+    const double top = place.y;
+    double widest = 0;
+    int row = 0;
+    graph.DeselectAll();
+    for (CodeObject* object : objects) {
+        const ctlGraphObj* symbol = graph.WithPath(object->CodePath());
+        if (!symbol) {
+            if (row == kRows) {
+                place = {place.x + widest + 4 * kPlaceGap, top};
+                widest = row = 0;
+            }
+            symbol = graph.GraphObjCreate(object, std::round(place.x), std::round(place.y), false);
+            const GraphRect frame = symbol->Frame();
+            widest = std::max(widest, frame.width);
+            place.y = frame.top + 2 * frame.height;
+            ++row;
+        }
+        graph.Select(symbol->Index, true);
     }
 }

@@ -69,3 +69,7 @@ private:
 /// Where a symbol of this size goes that has no place yet: in rows from the middle of an area, beside a narrow symbol
 /// that has none of the corners of a place.
 [[nodiscard]] GraphPoint WholeFreePlace(const XGraph& graph, const GraphRect& area, GraphSize size);
+
+/// Creates symbols of those objects that have none, one below the other and beside what is there, and selects the
+/// symbols of all.
+void AddObjects(XGraph& graph, const std::vector<CodeObject*>& objects);

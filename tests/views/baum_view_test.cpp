@@ -209,10 +209,10 @@ TEST_F(BaumViewTest, MenuCopiesNamePathAndText) {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return QApplication::clipboard()->text().toStdString();
     };
-    EXPECT_EQ(copied("m", 4), "mMain");
-    EXPECT_EQ(copied("m", 5), "m");
-    EXPECT_EQ(copied("m", 6), "mMain\n\tAlpha\n\tBeta\n\tbravo\n\tCharly\n");
-    EXPECT_EQ(copied("module[]", 5), "") << "a group has no path";
+    EXPECT_EQ(copied("m", 10), "mMain");
+    EXPECT_EQ(copied("m", 11), "m");
+    EXPECT_EQ(copied("m", 12), "mMain\n\tAlpha\n\tBeta\n\tbravo\n\tCharly\n");
+    EXPECT_EQ(copied("module[]", 11), "") << "a group has no path";
     EXPECT_THAT(Recorded(), ElementsAre());
     const QSignalSpy callers(view.get(), &BaumView::CallersAsked);
     copied("m", 0);

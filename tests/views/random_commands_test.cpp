@@ -24,10 +24,12 @@
 #include "views/frm_main.h"
 #include "views/frm_optionen.h"
 #include "views/frm_progress.h"
+#include "views/frm_reach.h"
 #include "views/main_panes.h"
 #include "views/overview_row.h"
 #include "views/overview_table.h"
 #include "views/problems_list.h"
+#include "views/reach_list.h"
 #include "window_invariants.h"
 #include "window_texts.h"
 
@@ -100,11 +102,10 @@ private:
             QTest::keyClick(name, dice_.OneIn(5) ? Qt::Key_Escape : Qt::Key_Return);
         } else {
             const auto* dialog = qobject_cast<QDialog*>(&window);
-            auto* write = window.findChild<QPushButton*>(QStringLiteral("cmdWrite"));
-            if (!write)
-                write = window.findChild<QPushButton*>(QStringLiteral("cmdDelete"));
-            if (write && dice_.OneIn(2))
-                write->click();
+            const char* const names[] = {"cmdWrite", "cmdDelete", "cmdDeclare", "cmdRemove"};
+            auto* button = window.findChild<QPushButton*>(QLatin1String(names[dice_.Below(std::size(names))]));
+            if (button && button->isVisible() && dice_.OneIn(2))
+                button->click();
             else if (dialog)
                 QTest::keyClick(&window, Qt::Key_Escape);
             else
@@ -398,6 +399,31 @@ private:
         if (button->isEnabled())
             button->click();
     }
+    void Why() {
+        TriggerAny({"ShowWhy", "ShowWhy", "DeclareEntry", "LeaveAlone", "DeclaredByUser"});
+        Settle();
+        auto& list = *window_->findChild<ReachList*>(QStringLiteral("why"));
+        if (!list.isVisible() || list.Rows().empty())
+            return;
+        constexpr Qt::Key keys[] = {Qt::Key_Down, Qt::Key_Down, Qt::Key_End, Qt::Key_F3, Qt::Key_Return, Qt::Key_F9};
+        for (int count = 1 + dice_.Below(4); count > 0; --count)
+            QTest::keyClick(&list, keys[dice_.Below(std::size(keys))]);
+    }
+    // Windows that stay open beside the main window.
+    void PathOrImpact() {
+        const bool isPath = dice_.OneIn(2);
+        Trigger(isPath ? "CallPath" : "Impact");
+        auto& window = *window_->findChild<frmReach*>(QLatin1String(isPath ? "frmCallPath" : "frmImpact"));
+        if (auto* field = window.findChild<QLineEdit*>(QStringLiteral("searchField"))) {
+            field->clear();
+            QTest::keyClicks(field, QLatin1String(dice_.OneIn(2) ? "get" : "ma"));
+            QTest::keyClick(field, Qt::Key_Return);
+        }
+        const char* const buttons[] = {"cmdGoTo", "cmdGraph", "cmdClose"};
+        auto* button = window.findChild<QPushButton*>(QLatin1String(buttons[dice_.Below(std::size(buttons))]));
+        if (button->isEnabled())
+            button->click();
+    }
     void ClickVisible(const char* name) {
         for (auto* button : window_->findChildren<QAbstractButton*>(QLatin1String(name)))
             if (button->isVisible()) {
@@ -474,6 +500,8 @@ private:
         });
         Add("help", 1, [this] { TriggerAny({"Keys", "Diagnosis", "About"}); });
         Add("copy", 1, [this] { TriggerAny({"CopyName", "CopyCodePath", "CopyAsText"}); });
+        Add("why", 5, [this] { Why(); });
+        Add("path or impact", 3, [this] { PathOrImpact(); });
         Add("resize", 2, [this] { Resize(); });
     }
 

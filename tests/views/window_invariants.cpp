@@ -6,6 +6,7 @@
 #include "display/command_table.h"
 #include "display/dependency_trees.h"
 #include "display/node_objects.h"
+#include "display/project_reach.h"
 #include "display/selection.h"
 #include "display/tree_checks.h"
 #include "model/clsProjekt.h"
@@ -21,6 +22,7 @@
 #include "views/overview_pane.h"
 #include "views/path_line.h"
 #include "views/properties_grid.h"
+#include "views/reach_list.h"
 #include "views/start_page.h"
 #include "widgets/qt_text.h"
 
@@ -46,6 +48,7 @@ public:
         Code();
         Neighbours();
         Filter();
+        Why();
         Commands_();
         broken_ += CutTexts(window_);
         return broken_;
@@ -67,6 +70,19 @@ private:
     }
     [[nodiscard]] const Selection& Current() const { return workspace_.Current(); }
 
+    // The page says what comes out when everything is worked out again.
+    void Why() {
+        const auto& list = *window_.findChild<ReachList*>(QStringLiteral("why"));
+        if (!list.isVisible())
+            return;
+        Expect(list.Rows().empty() != workspace_.HasReach(), QStringLiteral("why page"));
+        if (list.Rows().empty() || !workspace_.HasReach())
+            return;
+        const Reach reach(*gProjekt, workspace_.TheReach().Stored(*gProjekt).declared);
+        const WhyRows page = WhyRowsOf(Reasons(reach), *Current().CurObject);
+        ExpectSame(QString::fromStdString(list.Rows().front().text), QString::fromStdString(page.rows.front().text),
+                   "why");
+    }
     void Window() {
         Expect(Find<StartPage>().isVisible() == !gProjekt, QStringLiteral("start page"));
         Expect(Find<MainPanes>().isVisible() == (gProjekt != nullptr), QStringLiteral("panes"));

@@ -1,0 +1,106 @@
+#include "display/reach_rows.h"
+
+#include <algorithm>
+
+#include "display/node_objects.h"
+#include "display/object_search.h"
+#include "display/shown_text.h"
+#include "model/clsModul.h"
+#include "reach/reason_text.h"
+#include "shell/clsText.h"
+#include "source/lines.h"
+#include "source/module_text.h"
+
+namespace {
+
+constexpr std::string_view kDot = " \u00B7 ";
+constexpr std::string_view kArrow = "\u2192 ";
+constexpr std::string_view kDoubtfulArrow = "\u21E2 ";
+
+void Append(std::string& text, std::string_view part) {
+    if (!part.empty())
+        text.append(text.empty() ? "" : kDot).append(part);
+}
+
+void SetPlace(ReachRow& row, const clsModul* modul, Pos pos) {
+    if (!modul || !modul->text || pos < 1)
+        return;
+    row.modulKey = modul->CodePath();
+    row.line = LineOf(modul->text->ModulTextOrg(), pos);
+    Append(row.about, PlaceText(*modul, pos));
+}
+
+}  // namespace
+
+std::string PathText(const CodeObject& object) {
+    return Utf8Of(ModuleOf(object), object.CodePathOrg());
+}
+
+ReachRow HeadingRow(int section, std::string text) {
+    return {.kind = ReachRow::Kind::Heading, .text = std::move(text), .about = {}, .section = section};
+}
+
+ReachRow ObjectRow(int section, const CodeObject& object, std::string about) {
+    return {.text = PathText(object),
+            .about = std::move(about),
+            .image = object.GetImageKey(),
+            .key = NodeKeyOf(object),
+            .section = section};
+}
+
+ReachRow StepRow(int section, const Link& link) {
+    ReachRow row = ObjectRow(section, *link.to, TextOf(link.kind));
+    row.isPossible = !link.IsCertain();
+    row.text.insert(0, row.isPossible ? kDoubtfulArrow : kArrow);
+    SetPlace(row, ModuleOf(*link.from), link.pos);
+    return row;
+}
+
+ReachRow CallerRow(int section, const Link& link) {
+    ReachRow row = ObjectRow(section, *link.from, TextOf(link.kind));
+    row.isPossible = !link.IsCertain();
+    SetPlace(row, ModuleOf(*link.from), link.pos);
+    return row;
+}
+
+ReachRow EntryRow(int section, const EntryPoint& entry, std::string about) {
+    std::string kind = TextOf(entry.kind);
+    if (!entry.IsCertain())
+        Append(kind, Utf8TextNr(Text::Possible));
+    Append(kind, about);
+    ReachRow row = ObjectRow(section, *entry.object, std::move(kind));
+    row.isPossible = !entry.IsCertain();
+    SetPlace(row, entry.modul, entry.pos);
+    return row;
+}
+
+std::string Filled(Text text, std::string_view first, std::string_view second) {
+    std::string filled;
+    const std::string pattern = Utf8TextNr(text);
+    for (std::size_t at = 0; at < pattern.size();) {
+        const std::size_t next = std::min(pattern.find('%', at), pattern.size());
+        filled.append(pattern, at, next - at);
+        const std::string_view place = std::string_view(pattern).substr(next, 2);
+        if (place == "%1" || place == "%2")
+            filled.append(place == "%1" ? first : second);
+        else
+            filled.append(place);
+        at = next + 2;
+    }
+    return filled;
+}
+
+std::string StepsText(int steps) {
+    return steps == 1 ? Utf8TextNr(Text::OneStep) : Filled(Text::StepCount, Utf8Number(steps));
+}
+
+std::string AsText(const std::vector<ReachRow>& rows) {
+    std::string text;
+    for (const ReachRow& row : rows) {
+        if (row.kind == ReachRow::Kind::More)
+            continue;
+        text.append(row.kind == ReachRow::Kind::Item ? "    " : "").append(row.text);
+        text.append(row.about.empty() ? "" : "  (" + row.about + ")").append("\n");
+    }
+    return text;
+}

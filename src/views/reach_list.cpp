@@ -1,0 +1,250 @@
+#include "views/reach_list.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QMenu>
+#include <QPainter>
+#include <algorithm>
+
+#include "views/commands.h"
+#include "views/context_ways.h"
+#include "views/two_line_delegate.h"
+#include "widgets/code_style.h"
+#include "widgets/icons.h"
+#include "widgets/qt_text.h"
+#include "widgets/window_style.h"
+
+namespace {
+
+constexpr int kMargin = 6;
+using Kind = ReachRow::Kind;
+
+QString Utf8(const std::string& text) {
+    return QString::fromStdString(text);
+}
+
+Kind KindOf(const QModelIndex& index) {
+    return static_cast<Kind>(index.data(ReachModel::KindRole).toInt());
+}
+
+// Objects have two lines; sentences are as high as they need to be.
+class ReachDelegate final : public QStyledItemDelegate {
+public:
+    explicit ReachDelegate(QListView* list) : QStyledItemDelegate(list), list_(*list), items_(false) {}
+
+    [[nodiscard]] QSize sizeHint(const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        if (KindOf(index) == Kind::Item)
+            return items_.sizeHint(option, index);
+        const int width = std::max(1, list_.viewport()->width() - 2 * kMargin);
+        const QRect text = QFontMetrics(FontOf(option, index))
+                               .boundingRect(QRect(0, 0, width, INT16_MAX), Qt::TextWordWrap, index.data().toString());
+        return {0, text.height() + 2 * kMargin};
+    }
+    void paint(QPainter* painter, const QStyleOptionViewItem& item, const QModelIndex& index) const override {
+        if (KindOf(index) == Kind::Item)
+            return items_.paint(painter, item, index);
+        QStyleOptionViewItem option(item);
+        initStyleOption(&option, index);
+        option.text.clear();
+        option.icon = QIcon();
+        list_.style()->drawControl(QStyle::CE_ItemViewItem, &option, painter, &list_);
+        const bool selected = option.state & QStyle::State_Selected;
+        const bool isStrong = !HasPaleSelection(&list_);
+        const QPalette::ColorRole role = selected                      ? QPalette::HighlightedText
+                                         : KindOf(index) == Kind::More ? QPalette::Link
+                                                                       : QPalette::Text;
+        painter->save();
+        painter->setPen(option.palette.color(isStrong ? QPalette::Active : QPalette::Inactive, role));
+        painter->setFont(FontOf(option, index));
+        painter->drawText(option.rect.adjusted(kMargin, kMargin, -kMargin, -kMargin),
+                          Qt::AlignLeft | Qt::AlignTop | Qt::TextWordWrap, index.data().toString());
+        painter->restore();
+    }
+
+private:
+    static QFont FontOf(const QStyleOptionViewItem& option, const QModelIndex& index) {
+        QFont font = option.font;
+        font.setBold(KindOf(index) == Kind::Heading);
+        return font;
+    }
+
+    const QListView& list_;
+    TwoLineDelegate items_;
+};
+
+}  // namespace
+
+void ReachModel::Show(std::vector<ReachRow> rows) {
+    beginResetModel();
+    rows_ = std::move(rows);
+    endResetModel();
+}
+
+const ReachRow* ReachModel::RowAt(const QModelIndex& index) const {
+    const auto row = static_cast<std::size_t>(index.row());
+    return index.isValid() && row < rows_.size() ? &rows_[row] : nullptr;
+}
+
+int ReachModel::rowCount(const QModelIndex& parent) const {
+    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
+}
+
+QVariant ReachModel::data(const QModelIndex& index, int role) const {
+    const ReachRow* row = RowAt(index);
+    if (!row)
+        return {};
+    switch (role) {
+        case TwoLineDelegate::NameRole:
+        case Qt::DisplayRole:
+            return Utf8(row->text);
+        case Qt::DecorationRole:
+            return row->image.empty() ? QVariant() : IconFor(row->image);
+        case TwoLineDelegate::AboutRole:
+            return Utf8(row->about);
+        case Qt::ToolTipRole:
+            return row->kind == Kind::Item ? Utf8(row->text + "\n" + row->about) : QVariant();
+        case Qt::AccessibleTextRole:
+            return Utf8(row->about.empty() ? row->text : row->text + ", " + row->about);
+        case KindRole:
+            return static_cast<int>(row->kind);
+        default:
+            return {};
+    }
+}
+
+// Sentences and headings can be reached by keys, so that screen readers read them.
+Qt::ItemFlags ReachModel::flags(const QModelIndex& index) const {
+    return index.isValid() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren : Qt::NoItemFlags;
+}
+
+ReachList::ReachList(QWidget* parent) : QListView(parent), model_(new ReachModel(this)) {
+    setModel(model_);
+    setItemDelegate(new ReachDelegate(this));
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    setVerticalScrollMode(ScrollPerPixel);
+    setEditTriggers(NoEditTriggers);
+    setTabKeyNavigation(false);
+    connect(this, &QListView::doubleClicked, this, [this](const QModelIndex& index) { Choose(index, false); });
+}
+
+void ReachList::Show(std::vector<ReachRow> rows) {
+    model_->Show(std::move(rows));
+    scrollToTop();
+    viewport()->update();
+}
+
+void ReachList::SetWhyNone(const QString& whyNone) {
+    whyNone_ = whyNone;
+    viewport()->update();
+}
+
+void ReachList::SetCurrentPlace(int place) {
+    const auto row = std::ranges::find(Rows(), place, &ReachRow::place);
+    if (place >= 0 && row != Rows().end())
+        setCurrentIndex(model_->index(static_cast<int>(row - Rows().begin())));
+}
+
+std::string ReachList::CurrentObject() const {
+    const ReachRow* const row = CurrentRow();
+    return row ? row->key : std::string();
+}
+
+std::vector<std::string> ReachList::KeysMeant() const {
+    std::vector<std::string> keys;
+    const QModelIndexList selected = selectionModel()->selectedRows();
+    const ReachRow* const current = CurrentRow();
+    const int section = current ? current->section : Rows().empty() ? 0 : Rows().front().section;
+    const auto add = [&keys](const ReachRow& row) {
+        if (row.kind == Kind::Item && std::ranges::find(keys, row.key) == keys.end())
+            keys.push_back(row.key);
+    };
+    if (selected.size() > 1)
+        for (const QModelIndex& index : selected)
+            add(*model_->RowAt(index));
+    else
+        for (const ReachRow& row : Rows())
+            if (row.section == section)
+                add(row);
+    return keys;
+}
+
+// A copy of the row: what is done then can exchange the rows.
+void ReachList::Choose(const QModelIndex& index, bool stays) {
+    if (const ReachRow* const row = model_->RowAt(index); row && (row->kind == Kind::Item || row->kind == Kind::More))
+        Q_EMIT RowChosen(ReachRow(*row), stays);
+}
+
+void ReachList::Copy(bool all) const {
+    const ReachRow* const row = CurrentRow();
+    if (all)
+        QApplication::clipboard()->setText(Utf8(AsText(Rows())));
+    else if (row)
+        QApplication::clipboard()->setText(Utf8(AsText({*row})).trimmed());
+}
+
+void ReachList::keyPressEvent(QKeyEvent* event) {
+    if (event == QKeySequence::Copy)
+        Copy(false);
+    else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && currentIndex().isValid())
+        Choose(currentIndex(), false);
+    else
+        return QListView::keyPressEvent(event);
+    event->accept();
+}
+
+void ReachList::mouseReleaseEvent(QMouseEvent* event) {
+    QListView::mouseReleaseEvent(event);
+    const QModelIndex index = indexAt(event->position().toPoint());
+    const ReachRow* const row = model_->RowAt(index);
+    const bool extends = selectionMode() == ExtendedSelection && event->modifiers() != Qt::NoModifier;
+    if (!row || event->button() != Qt::LeftButton || extends)
+        return;
+    if (event->modifiers().testFlag(Qt::ControlModifier) && !row->key.empty())
+        Q_EMIT GoToAsked(std::string(row->key));
+    else
+        Choose(index, true);
+}
+
+void ReachList::contextMenuEvent(QContextMenuEvent* event) {
+    event->accept();
+    const bool byMouse = event->reason() == QContextMenuEvent::Mouse;
+    const QModelIndex index = byMouse ? indexAt(event->pos()) : currentIndex();
+    const ReachRow* const row = model_->RowAt(index);
+    if (!row)
+        return;
+    selectionModel()->setCurrentIndex(index, selectionModel()->isSelected(index) ? QItemSelectionModel::NoUpdate
+                                                                                 : QItemSelectionModel::ClearAndSelect);
+    auto* menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const std::string key = row->key;
+    using Way = std::function<void()>;
+    AddWays(
+        *menu, key.empty() ? Way() : [this, key] { Q_EMIT GoToAsked(key); },
+        key.empty() ? Way() : [this, key] { Q_EMIT CallersAsked(key); },
+        key.empty() ? Way() : [this, key] { Q_EMIT GraphAsked(key); });
+    if (addItems_)
+        addItems_(*menu, key);
+    menu->addAction(TextNr(Text::Copy), this, [this] { Copy(false); });
+    menu->addAction(TextNr(Text::CopyAsText), this, [this] { Copy(true); });
+    Commands::GiveLetters(menu->actions());
+    menu->popup(byMouse ? event->globalPos() : viewport()->mapToGlobal(visualRect(index).bottomLeft()));
+}
+
+// Sentences wrap at the new width.
+void ReachList::resizeEvent(QResizeEvent* event) {
+    QListView::resizeEvent(event);
+    if (event->size().width() != event->oldSize().width())
+        scheduleDelayedItemsLayout();
+}
+
+void ReachList::paintEvent(QPaintEvent* event) {
+    QListView::paintEvent(event);
+    if (!Rows().empty())
+        return;
+    QPainter painter(viewport());
+    painter.setPen(Dimmed(palette(), palette().color(QPalette::Base)));
+    const int margin = fontMetrics().height();
+    painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
+                     Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, whyNone_);
+}
