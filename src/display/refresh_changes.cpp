@@ -41,7 +41,7 @@ std::size_t TextOfObject(const CodeObject& object) {
         return 0;
     const std::hash<std::string_view> hash;
     if (object.Class() == ObjectClass::Variable)
-        return hash(Declaration(object)) ^ static_cast<std::size_t>(object.Zugriff);
+        return hash(DeclarationText(object)) ^ static_cast<std::size_t>(object.Zugriff);
     if (object.Class() == ObjectClass::Control)
         return hash(static_cast<const clsControl&>(object).DatenTyp());
     const std::string_view text = object.Modul->text->ModulTextOrg();

@@ -203,7 +203,7 @@ Workspace::ShownPlace Workspace::WhereShown() const {
                 place.ofCaller = isCaller;
         }
     }
-    place.walksReferences = walksReferences_;
+    place.walksReferences = WalksReferences();
     place.walkAt = walk_.At();
     return place;
 }
