@@ -33,7 +33,8 @@ QByteArray OutputFor(const std::string& input, qint64 most) {
         if (gAbort || elapsed.elapsed() > most)
             dot.kill();
     }
-    return dot.exitStatus() == QProcess::NormalExit && dot.error() == QProcess::UnknownError
+    // A wait that was too short is an error of the process, too.
+    return dot.exitStatus() == QProcess::NormalExit && dot.error() != QProcess::FailedToStart
                ? dot.readAllStandardOutput()
                : QByteArray();
 }

@@ -10,15 +10,14 @@
 
 namespace {
 
-// The references keep their number in the narrowest pane, and what is short anyway stays whole: the names of the other
-// tabs are shortened.
+// In the narrowest pane the last name is shortened; the others stay whole, as does the number of references.
 class Tabs final : public QTabBar {
 public:
     using QTabBar::QTabBar;
 
 protected:
     [[nodiscard]] QSize minimumTabSizeHint(int tab) const override {
-        return tab == 1 || tab == 2 ? tabSizeHint(tab) : QTabBar::minimumTabSizeHint(tab);
+        return tab + 1 < count() ? tabSizeHint(tab) : QTabBar::minimumTabSizeHint(tab);
     }
 };
 
@@ -41,7 +40,7 @@ LowerPane::LowerPane(Baum& collected, const Settings& settings, QWidget* parent)
     addTab(collected_, QString());
     tabBar()->setChangeCurrentOnDrag(true);
     tabBar()->setExpanding(false);
-    // In a narrow pane names are shortened, so that all tabs stay visible as targets for a drop.
+    // In a narrow pane a name is shortened, so that all tabs stay visible as targets for a drop.
     tabBar()->setUsesScrollButtons(false);
     setElideMode(Qt::ElideRight);
     // The tab bar takes the focus itself. As QTabWidget's focus proxy it would get the focus back each time Tab leaves

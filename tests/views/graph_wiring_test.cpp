@@ -309,7 +309,7 @@ TEST_F(Arranging, PlacesComeFromTheProgramAsOneStep) {
     Show("modmain.main");
     Show("modmain");
     const std::vector<SymbolPlace> before = Canvas().Graph().Places();
-    Install("cat >/dev/null; echo node 0 1 9; echo node 1 1 2\n");
+    Install("sleep 0.1; cat >/dev/null; echo node 0 1 9; echo node 1 1 2\n");
     Command("ArrangeTop").trigger();
     const auto& symbols = Canvas().Graph().GraphObjects();
     EXPECT_EQ(symbols[1]->Center().y - symbols[0]->Center().y, 7 * 1440);
