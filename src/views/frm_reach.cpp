@@ -57,9 +57,10 @@ void frmReach::Build() {
     for (QPushButton* button : {cmdGoTo_, cmdGraph_, cmdSave_, cmdClose_})
         button->setAutoDefault(false);
     auto* layout = new QVBoxLayout(this);
+    layout->addWidget(head_);
+    head_->setVisible(isPath_);
     if (isPath_) {
         search_ = new SearchBar;
-        layout->addWidget(head_);
         layout->addWidget(search_);
     }
     layout->addWidget(title_);
