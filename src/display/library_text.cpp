@@ -222,6 +222,6 @@ Text LabelOf(LibraryStep step) {
 }
 
 std::string OutcomeText(const LibraryPlace& place) {
-    const std::string outcome = gText.TextNr(LabelOf(place.outcome));
+    const std::string& outcome = gText.TextNr(LabelOf(place.outcome));
     return place.place.empty() ? outcome : outcome + ": " + place.place;
 }

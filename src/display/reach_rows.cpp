@@ -63,7 +63,7 @@ ReachRow CallerRow(int section, const Link& link) {
     return row;
 }
 
-ReachRow EntryRow(int section, const EntryPoint& entry, std::string about) {
+ReachRow EntryRow(int section, const EntryPoint& entry, const std::string& about) {
     std::string kind = TextOf(entry.kind);
     if (!entry.IsCertain())
         Append(kind, Utf8TextNr(Text::Possible));

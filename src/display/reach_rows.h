@@ -40,7 +40,7 @@ struct ReachRow {
 /// The object at which the link begins, and that place.
 [[nodiscard]] ReachRow CallerRow(int section, const Link& link);
 /// What kind of entry point it is; the place of a literal or AddressOf.
-[[nodiscard]] ReachRow EntryRow(int section, const EntryPoint& entry, std::string about = {});
+[[nodiscard]] ReachRow EntryRow(int section, const EntryPoint& entry, const std::string& about = {});
 
 /// A text of the language file with these in the places of "%1" and "%2".
 [[nodiscard]] std::string Filled(Text text, std::string_view first, std::string_view second = {});

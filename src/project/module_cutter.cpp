@@ -107,6 +107,7 @@ ModuleCutter::ModuleCutter(const ReadingContext& context, const clsModul& modul,
 std::vector<ModuleCutter::Result> ModuleCutter::Cut(const std::vector<const CodeObject*>& objects) {
     std::vector<Result> results(objects.size());
     std::vector<Target> targets;
+    targets.reserve(objects.size());
     for (const CodeObject* object : objects)
         targets.push_back({object, {}});
     bool oneByOne = false;

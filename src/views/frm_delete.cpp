@@ -85,6 +85,7 @@ frmDelete::frmDelete(QWidget* parent)
 
 void frmDelete::Fill(const std::vector<DeletionRow>& rows, bool callsRead) {
     std::vector<const DeletionRow*> sorted;
+    sorted.reserve(rows.size());
     for (const DeletionRow& row : rows)
         sorted.push_back(&row);
     // What is still called comes first, as it is what the answer depends on.
