@@ -143,6 +143,8 @@ public:
     [[nodiscard]] const PlaceWalk& Walk() const { return walk_; }
     std::optional<CodePane::Change> WalkTo(int at);
     std::optional<CodePane::Change> StepOn(int by);
+    /// The same from another place of the walk, which is not shown.
+    std::optional<CodePane::Change> StepFrom(int at, int by);
     void EndWalk();
 
     // Reach: why the current object is alive or dead. Made when it is first needed.

@@ -128,6 +128,11 @@ std::optional<CodePane::Change> Workspace::WalkTo(int at) {
     return change;
 }
 
+std::optional<CodePane::Change> Workspace::StepFrom(int at, int by) {
+    static_cast<void>(walk_.GoTo(at));
+    return StepOn(by);
+}
+
 std::optional<CodePane::Change> Workspace::StepOn(int by) {
     walk_.Step(by);
     return WalkTo(walk_.At());

@@ -96,9 +96,7 @@ void frmMain::StepPlace(int by) {
     const bool hasMoved = workspace_.WalksReferences() && row >= 0 && row != workspace_.Walk().At();
     if (hasMoved && by > 0)
         return ShowWalk(workspace_.WalkTo(row));
-    if (hasMoved)
-        static_cast<void>(workspace_.WalkTo(row));
-    ShowWalk(workspace_.StepOn(by));
+    ShowWalk(hasMoved ? workspace_.StepFrom(row, by) : workspace_.StepOn(by));
 }
 
 void frmMain::ShowReference(int row, bool stays) {

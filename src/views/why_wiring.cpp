@@ -176,9 +176,7 @@ bool WhyWiring::Step(int by) {
         ports_.showWalk(workspace_.WalkTo(row->place));
         return true;
     }
-    if (hasMoved)
-        static_cast<void>(workspace_.WalkTo(row->place));
-    ports_.showWalk(workspace_.StepOn(by));
+    ports_.showWalk(hasMoved ? workspace_.StepFrom(row->place, by) : workspace_.StepOn(by));
     return true;
 }
 
