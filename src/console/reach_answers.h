@@ -22,7 +22,7 @@ struct ReachQuestion {
 class ReachAnswers {
 public:
     /// With what the user declares in the file beside the project or beside the settings; a file that cannot be read is
-    /// told on standard error.
+    /// reported on standard error.
     ReachAnswers(const clsProjekt& projekt, const std::string& settingsFile);
 
     [[nodiscard]] const Reasons& TheReasons() const { return reasons_; }

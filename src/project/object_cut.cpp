@@ -88,7 +88,7 @@ private:
             --nr;
         return nr;
     }
-    /// Behind the line end of the logical line around a position.
+    /// Position after the line end of the logical line around a position.
     [[nodiscard]] Pos BehindLine(Pos pos) const {
         const Pos end = text_.Get_VBZeilenEnde(pos);
         return end == 0 ? TextEnd() : end + 2;
@@ -284,7 +284,7 @@ private:
         const Pos end = next == commas.end() ? EndOfStatement(last) : tokens_.PosOf(*next);
         return WithAttributes({from, end - from}, behindLine);
     }
-    /// Behind the code of a statement: before the colon that ends it, or a comment.
+    /// Position after the code of a statement: before the colon that ends it, or a comment.
     [[nodiscard]] Pos EndOfStatement(int last) const {
         const Pos behindLine = BehindLine(tokens_.EndOf(last) - 1);
         if (last == tokens_.Count() || tokens_.PosOf(last + 1) >= behindLine)

@@ -61,7 +61,7 @@ ModulePlan PlanOf(const clsProjekt& projekt, const std::vector<ModuleSource>& li
     ModulePlan plan;
     std::vector<bool> stays(modules.size());
     for (const ModuleSource& source : listed) {
-        // The search goes on behind the last one found: nearly all lines are where they were.
+        // The search continues after the last one found: nearly all lines are where they were.
         std::size_t place = plan.order.empty() || plan.order.back() >= modules.size() ? 0 : plan.order.back() + 1;
         const auto isIt = [&](std::size_t nr) {
             return !stays[nr] && modules[nr]->ModulTyp == source.kind && modules[nr]->FullPath == source.path;

@@ -100,7 +100,7 @@ private:
         Step firstEdge;
         const CodeObject* object;
     };
-    // Edges of a module stand one behind the other in memory.
+    // The edges of a module are contiguous in memory.
     struct Stretch {
         Step firstEdge;
         const clsCall* first;
