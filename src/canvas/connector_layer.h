@@ -31,7 +31,8 @@ private:
     const GraphColours& colours_;
     std::optional<double> lineWidth_;
     std::optional<ConnectorLook> used_;
-    QPen pen_;  // of it
+    QPen pen_;            // of it
+    double outline_ = 0;  // width in the units of the painter; 0 in pictures
 };
 
 class ConnectorLayer {
