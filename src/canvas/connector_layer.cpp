@@ -3,6 +3,7 @@
 #include <QImage>
 #include <QPaintDevice>
 #include <QPainter>
+#include <QVarLengthArray>
 #include <algorithm>
 #include <cmath>
 
@@ -32,7 +33,8 @@ ConnectorPainter::ConnectorPainter(QPainter& painter, const GraphColours& colour
     painter.setRenderHint(QPainter::Antialiasing);
     if (!lineWidth) {
         const QTransform& device = painter.deviceTransform();
-        outline_ = painter.device()->devicePixelRatioF() / std::hypot(device.m11(), device.m12());
+        dot_ = 1 / std::hypot(device.m11(), device.m12());
+        strokes_ = std::max(1, qRound(painter.device()->devicePixelRatioF()));
     }
 }
 
@@ -41,36 +43,51 @@ void ConnectorPainter::Use(const ConnectorLook& look) {
     if (used_ == look)
         return;
     used_ = look;
-    pen_ = QPen(colours_.Of(look.line), lineWidth_.value_or(painter_.device()->devicePixelRatioF()));
+    pen_ = QPen(colours_.Of(look.line), lineWidth_.value_or(1));
     pen_.setCosmetic(!lineWidth_);
     if (look.isDashed)
-        pen_.setDashPattern({5, 4});
+        pen_.setDashPattern({5.0 * strokes_, 4.0 * strokes_});
     painter_.setPen(pen_);
     painter_.setBrush(colours_.Of(look.fill));
 }
 
+// Qt takes some twenty times as long for a line that is wider than a dot of the device. So a line of two dots is two
+// lines beside each other.
+void ConnectorPainter::Stroke(std::span<const QPointF> points) {
+    if (strokes_ == 1)
+        return painter_.drawPolyline(points.data(), static_cast<int>(points.size()));
+    QVarLengthArray<QLineF, 12> lines;
+    for (std::size_t nr = 1; nr < points.size(); ++nr) {
+        const QLineF line(points[nr - 1], points[nr]);
+        if (line.isNull())
+            continue;
+        const QPointF aside = QPointF(-line.dy(), line.dx()) * (dot_ / line.length());
+        for (int stroke = 0; stroke < strokes_; ++stroke)
+            lines.append(line.translated(aside * (stroke - (strokes_ - 1) / 2.0)));
+    }
+    painter_.drawLines(lines.data(), static_cast<int>(lines.size()));
+}
+
 void ConnectorPainter::Paint(const std::array<QPointF, 3>& points, bool isLine, const ConnectorLook& look) {
     Use(look);
-    if (isLine) {
-        painter_.drawLine(points[0], points[1]);
-        return;
-    }
+    if (isLine)
+        return Stroke({points.data(), 2});
     // Where the wedge is narrower than its outline, one line looks the same: it saves 14 % of a diagram that is all in
-    // view.
-    const double share = std::min(1.0, outline_ / QLineF(points[0], points[1]).length());
-    const QPointF left = points[2] + (points[0] - points[2]) * share;
-    const QPointF right = points[2] + (points[1] - points[2]) * share;
+    // view. Pictures of lines are for all sizes, so theirs stay whole.
+    const double base = QLineF(points[0], points[1]).length();
+    const double share = lineWidth_ ? 0 : std::min(1.0, dot_ * strokes_ / base);
+    const QPointF tip = points[2] + ((points[0] + points[1]) / 2 - points[2]) * share;
     if (share < 1) {
         // Qt takes more than ten times as long to fill with smooth edges; the outline hides those that are not.
         painter_.setRenderHint(QPainter::Antialiasing, false);
         painter_.setPen(Qt::NoPen);
-        painter_.drawConvexPolygon(std::array{points[0], points[1], right, left}.data(), 4);
+        painter_.drawConvexPolygon(std::array{points[0], points[1], tip}.data(), 3);
         painter_.setRenderHint(QPainter::Antialiasing, true);
         painter_.setPen(pen_);
-        painter_.drawPolyline(std::array{left, points[0], points[1], right}.data(), 4);
+        Stroke(std::array{tip, points[0], points[1], tip});
     }
     if (share > 0)
-        painter_.drawLine((left + right) / 2, points[2]);
+        Stroke(std::array{tip, points[2]});
 }
 
 void ConnectorLayer::Find(const XGraph& graph) {

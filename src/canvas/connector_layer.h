@@ -7,6 +7,7 @@
 #include <array>
 #include <functional>
 #include <optional>
+#include <span>
 #include <vector>
 
 #include "xgraph/pairs.h"
@@ -26,13 +27,15 @@ public:
 
 private:
     void Use(const ConnectorLook& look);
+    void Stroke(std::span<const QPointF> points);
 
     QPainter& painter_;
     const GraphColours& colours_;
     std::optional<double> lineWidth_;
     std::optional<ConnectorLook> used_;
-    QPen pen_;            // of it
-    double outline_ = 0;  // width in the units of the painter; 0 in pictures
+    QPen pen_;         // of it
+    double dot_ = 0;   // of the device, in the units of the painter
+    int strokes_ = 1;  // dots that a line is wide
 };
 
 class ConnectorLayer {

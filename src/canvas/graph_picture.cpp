@@ -16,6 +16,7 @@
 #include "canvas/graph_colours.h"
 #include "canvas/legend.h"
 #include "canvas/symbol_item.h"
+#include "shell/operations.h"
 #include "widgets/icons.h"
 #include "xgraph/graph.h"
 
@@ -27,6 +28,7 @@ constexpr double kPointsPerPixel = 0.75;
 constexpr double kLargestPage = 14'400;      // points; programs that show PDF go no farther
 constexpr int kMostSide = 32'000;            // pixels; the painter goes no farther
 constexpr double kMostPixels = 200'000'000;  // 800 million bytes
+constexpr int kBands = 20;                   // of an image, between two looks at the window
 constexpr int kQuality = 80;                 // of PNG: more effort takes seconds and saves little
 constexpr QRgb kPaleModule = qRgb(180, 180, 180);
 
@@ -45,11 +47,19 @@ QPalette Paper() {
     return paper;
 }
 
+// Takes nothing more after a cancel: large pictures are packed for seconds.
+class CancellableBuffer final : public QBuffer {
+protected:
+    qint64 writeData(const char* data, qint64 size) override {
+        DoEvents();
+        return gAbort ? -1 : QBuffer::writeData(data, size);
+    }
+};
+
 QByteArray ImageBytes(const QImage& image, const char* format) {
-    QByteArray bytes;
-    QBuffer buffer(&bytes);
+    CancellableBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
-    return !image.isNull() && image.save(&buffer, format, kQuality) ? bytes : QByteArray();
+    return !image.isNull() && image.save(&buffer, format, kQuality) ? buffer.data() : QByteArray();
 }
 
 QByteArray SvgBytes(const GraphPicture& picture) {
@@ -198,8 +208,16 @@ QImage ImageOf(const GraphPicture& picture, double scale) {
     image.setDevicePixelRatio(scale);
     image.fill(isClear ? Qt::transparent : Qt::white);
     QPainter painter(&image);
-    picture.Paint(painter, QRectF(QPointF(), picture.Size()));
-    return image;
+    gProgress().Range(0, kBands);
+    const double height = std::ceil(picture.Size().height() / kBands);
+    for (int band = 0; band < kBands && !gAbort; ++band) {
+        const QRectF place(0, band * height, picture.Size().width(), height);
+        painter.setClipRect(place);
+        picture.Paint(painter, place);
+        gProgress().Progressiere_mal();
+        DoEvents();
+    }
+    return gAbort ? QImage() : image;
 }
 
 QByteArray PictureBytes(const GraphPicture& picture, PictureFormat format, double scale) {

@@ -59,8 +59,8 @@ private:
 };
 
 /// @param scale  pixels for each of the picture's
-/// Returns no image if it would be too large.
+/// Returns no image if it would be too large, or if the operation that it belongs to is cancelled.
 [[nodiscard]] QImage ImageOf(const GraphPicture& picture, double scale);
-/// The bytes of a file; none if the picture is too large for pixels.
+/// The bytes of a file; none if the picture is too large for pixels, or after a cancel.
 /// @param scale  of PNG
 [[nodiscard]] QByteArray PictureBytes(const GraphPicture& picture, PictureFormat format, double scale);

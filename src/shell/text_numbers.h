@@ -617,4 +617,6 @@ enum class Text {
     NotDeclared = 673,
     DeclaredObject = 674,
     EntryPoint = 675,
+    WritingPicture = 676,
+    ExportCancelled = 677,
 };

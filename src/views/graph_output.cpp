@@ -7,7 +7,9 @@
 #include "model/clsProjekt.h"
 #include "platform/files.h"
 #include "platform/settings_file.h"
+#include "shell/clsText.h"
 #include "shell/errors.h"
+#include "shell/operations.h"
 #include "shell/words.h"
 #include "views/dialogs.h"
 #include "views/graph_print.h"
@@ -33,8 +35,8 @@ QString CaptionOf(const XGraph& graph) {
 }  // namespace
 
 GraphOutput::GraphOutput(GraphCanvas& canvas, Files& files, SettingsFile& file, const Settings& settings,
-                         QWidget* window)
-    : QObject(window), canvas_(canvas), files_(files), file_(file), settings_(settings), window_(window) {}
+                         const GraphPorts& ports, QWidget* window)
+    : canvas_(canvas), files_(files), file_(file), settings_(settings), ports_(ports), window_(window) {}
 
 // As one text: "png 2 legend caption clear".
 ExportChoice GraphOutput::LastChoice() const {
@@ -71,34 +73,45 @@ void GraphOutput::GraphExport() {
         !AskOkCancel(window_, TextNr(Text::GraphFileExists) + QLatin1Char('\n') + TextNr(Text::AskOverwrite)))
         return;
     Remember(dialog.Choice());
-    if (Export(path, dialog.Choice()))
-        Q_EMIT Message(TextNr(Text::GraphExported, path));
+    Export(path, dialog.Choice());
 }
 
-// The user has heard of a failure.
-bool GraphOutput::Export(const QString& path, const ExportChoice& choice) {
-    const XGraph& graph = canvas_.Graph();
-    std::string bytes;
-    if (const std::optional<PictureFormat> format = PictureFormatOf(path)) {
-        const GraphPicture picture(graph, settings_,
-                                   {.hasLegend = choice.hasLegend,
-                                    .caption = choice.hasCaption ? CaptionOf(graph) : QString(),
-                                    .hasClearGround = format == PictureFormat::Png && choice.hasClearGround,
-                                    .hasPaleModules = format == PictureFormat::Bmp});
-        bytes = PictureBytes(picture, *format, choice.scale).toStdString();
-        if (bytes.empty()) {
-            const QSizeF size = picture.Size() * (format == PictureFormat::Png ? choice.scale : 1);
-            ShowFailure(window_, TextNr(Text::PictureTooLarge, NumberText(std::llround(size.width())),
-                                        NumberText(std::llround(size.height()))));
-            return false;
-        }
-    } else {
-        bytes = GraphTextAs(GraphFormatOf(FromPath(path)).value_or(GraphFormat::Json), graph);
-    }
-    const FileError error = files_.WriteWhole(FromPath(path), bytes);
+void GraphOutput::Export(const QString& path, const ExportChoice& choice) {
+    const std::optional<PictureFormat> picture = PictureFormatOf(path);
+    const std::optional<std::string> bytes =
+        picture ? MakePicture(*picture, choice)
+                : GraphTextAs(GraphFormatOf(FromPath(path)).value_or(GraphFormat::Json), canvas_.Graph());
+    if (!bytes)
+        return;
+    const FileError error = files_.WriteWhole(FromPath(path), *bytes);
     if (error != FileError::None)
-        ShowFileError("frmMain: GraphExport", error, FromPath(path));
-    return error == FileError::None;
+        return ShowFileError("frmMain: GraphExport", error, FromPath(path));
+    ports_.message(TextNr(Text::GraphExported, path));
+}
+
+std::optional<std::string> GraphOutput::MakePicture(PictureFormat format, const ExportChoice& choice) {
+    const XGraph& graph = canvas_.Graph();
+    const GraphPicture picture(graph, settings_,
+                               {.hasLegend = choice.hasLegend,
+                                .caption = choice.hasCaption ? CaptionOf(graph) : QString(),
+                                .hasClearGround = format == PictureFormat::Png && choice.hasClearGround,
+                                .hasPaleModules = format == PictureFormat::Bmp});
+    QByteArray bytes;
+    const bool isWhole = ports_.run("GraphExport", [&] {
+        gProgress().Label(gText.TextNr(Text::WritingPicture));
+        bytes = PictureBytes(picture, format, choice.scale);
+    });
+    if (!isWhole) {
+        ports_.message(TextNr(Text::ExportCancelled));
+        return {};
+    }
+    if (bytes.isEmpty()) {
+        const QSizeF size = picture.Size() * (format == PictureFormat::Png ? choice.scale : 1);
+        ShowFailure(window_, TextNr(Text::PictureTooLarge, NumberText(std::llround(size.width())),
+                                    NumberText(std::llround(size.height()))));
+        return {};
+    }
+    return bytes.toStdString();
 }
 
 void GraphOutput::GraphPrint() {

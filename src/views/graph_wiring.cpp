@@ -15,7 +15,6 @@
 #include "views/commands.h"
 #include "views/frm_main.h"
 #include "views/graph_files.h"
-#include "views/graph_output.h"
 #include "views/graph_pane.h"
 #include "views/references_list.h"
 #include "views/search_bar.h"
@@ -31,12 +30,11 @@ GraphWiring::GraphWiring(frmMain& window, Files& files, SettingsFile& settings, 
       pane_(new GraphPane(window.TheSettings(), window.TheCommands())),
       canvas_(pane_->Canvas()),
       files_(new GraphFiles(canvas_, files, settings, &window)),
-      output_(new GraphOutput(canvas_, files, settings, window.TheSettings(), &window)),
+      output_(canvas_, files, settings, window.TheSettings(), ports_, &window),
       chains_(canvas_, ports_, &window),
       arrange_(canvas_, ports_, &window) {
     ports_.message = [this](const QString& text) { Q_EMIT Message(text); };
     connect(files_, &GraphFiles::Message, this, &GraphWiring::Message);
-    connect(output_, &GraphOutput::Message, this, &GraphWiring::Message);
     WireCanvas();
 }
 
@@ -88,8 +86,8 @@ void GraphWiring::WireCommands() {
     });
     Wire(Command::SaveGraph, [this](bool) { files_->GraphSave(); });
     Wire(Command::SaveGraphAs, [this](bool) { files_->SaveAs(); });
-    Wire(Command::ExportGraph, [this](bool) { output_->GraphExport(); });
-    Wire(Command::PrintGraph, [this](bool) { output_->GraphPrint(); });
+    Wire(Command::ExportGraph, [this](bool) { output_.GraphExport(); });
+    Wire(Command::PrintGraph, [this](bool) { output_.GraphPrint(); });
     Wire(Command::CopyGraphPicture, [this](bool) { canvas_.CopyPicture(); });
     for (const Command command : {Command::ExportGraph, Command::PrintGraph})
         canvas_.addAction(&window_.TheCommands()[command]);

@@ -9,6 +9,7 @@
 #include "display/command_table.h"
 #include "views/graph_arrange.h"
 #include "views/graph_chains.h"
+#include "views/graph_output.h"
 #include "views/graph_ports.h"
 
 class BaumView;
@@ -16,7 +17,6 @@ class CodeView;
 class Files;
 class GraphCanvas;
 class GraphFiles;
-class GraphOutput;
 class GraphPane;
 class ReferencesList;
 class SearchBar;
@@ -88,7 +88,7 @@ private:
     GraphPane* pane_;
     GraphCanvas& canvas_;
     GraphFiles* files_;
-    GraphOutput* output_;
+    GraphOutput output_;
     GraphChains chains_;
     GraphArrange arrange_;
     CodeView* code_ = nullptr;

@@ -8,6 +8,7 @@
 #include "canvas/graph_picture.h"
 #include "platform/settings_file.h"
 #include "platform/temp_directory.h"
+#include "shell/operations.h"
 #include "support/project_test.h"
 #include "views/graph_print.h"
 #include "window_texts.h"
@@ -67,19 +68,23 @@ protected:
     Settings settings_;
     QMainWindow window_;
     GraphCanvas canvas_{settings_, &window_};
-    GraphOutput output_{canvas_, files_, file_, settings_, &window_};
+    QStringList messages_;
+    GraphPorts ports_{.run = [](const std::string&, const std::function<void()>& work) { return RunOperation(work); },
+                      .showContent = {},
+                      .showNow = {},
+                      .message = [this](const QString& text) { messages_.append(text); }};
+    GraphOutput output_{canvas_, files_, file_, settings_, ports_, &window_};
 };
 
 TEST_F(Outputs, TheSuffixOfTheFileIsItsFormat) {
-    const QSignalSpy messages(&output_, &GraphOutput::Message);
     Export("a.svg");
     EXPECT_THAT(directory_.Bytes("a.svg"), testing::HasSubstr("<svg "));
     Export("a.PDF");
     EXPECT_THAT(directory_.Bytes("a.PDF"), testing::StartsWith("%PDF"));
     Export("a.dot");
     EXPECT_EQ(directory_.Bytes("a.dot"), GraphTextAs(GraphFormat::Dot, canvas_.Graph()));
-    EXPECT_EQ(messages.size(), 3);
-    EXPECT_TRUE(messages.last().front().toString().endsWith(QStringLiteral("a.dot")));
+    EXPECT_EQ(messages_.size(), 3);
+    EXPECT_TRUE(messages_.last().endsWith(QStringLiteral("a.dot")));
     // A name with no such suffix gets that of the kind of file, which is the last one.
     Export("b.v2");
     EXPECT_EQ(directory_.Bytes("b.v2.dot"), directory_.Bytes("a.dot"));
@@ -128,7 +133,6 @@ TEST_F(Outputs, AnExistingFileIsReplacedAfterAQuestion) {
 
 TEST_F(Outputs, WhatCannotBeWrittenIsReportedOnce) {
     RecordingErrors errors;
-    const QSignalSpy messages(&output_, &GraphOutput::Message);
     Export("no/such/a.svg");
     EXPECT_THAT(errors.tags, ElementsAre("frmMain: GraphExport"));
     // A picture of more pixels than there can be is answered before anything is written.
@@ -139,7 +143,18 @@ TEST_F(Outputs, WhatCannotBeWrittenIsReportedOnce) {
     });
     Export("a.png");
     EXPECT_FALSE(std::filesystem::exists(directory_.Path("a.png")));
-    EXPECT_TRUE(messages.isEmpty());
+    EXPECT_TRUE(messages_.isEmpty());
+}
+
+TEST_F(Outputs, ACancelledPictureWritesNoFile) {
+    struct Canceller : Progress {
+        void Progressiere_mal() override { gAbort = true; }
+    } canceller;
+    Progress* const before = SetProgress(&canceller);
+    Export("a.png");
+    SetProgress(before);
+    EXPECT_FALSE(std::filesystem::exists(directory_.Path("a.png")));
+    EXPECT_THAT(messages_, ElementsAre(QStringLiteral("Cancelled: no file was written")));
 }
 
 TEST_F(Outputs, FullSizeTakesAsManyPagesAsItNeeds) {
@@ -167,7 +182,6 @@ TEST_F(Outputs, PrintingFillsPagesOrFitsOne) {
 }
 
 TEST_F(Outputs, APreviewThatIsClosedPrintsNothingAndSaysNothing) {
-    const QSignalSpy messages(&output_, &GraphOutput::Message);
     bool wasShown = false;
     OnNext<QPrintPreviewDialog>([&wasShown](QPrintPreviewDialog& preview) {
         wasShown = true;
@@ -176,7 +190,7 @@ TEST_F(Outputs, APreviewThatIsClosedPrintsNothingAndSaysNothing) {
     });
     output_.GraphPrint();
     EXPECT_TRUE(wasShown);
-    EXPECT_TRUE(messages.isEmpty());
+    EXPECT_TRUE(messages_.isEmpty());
     EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
