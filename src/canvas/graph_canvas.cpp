@@ -70,7 +70,7 @@ GraphCanvas::GraphCanvas(const Settings& settings, QWidget* parent)
     setViewportUpdateMode(SmartViewportUpdate);
     setOptimizationFlag(DontSavePainterState);
     setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
-    setTransformationAnchor(AnchorUnderMouse);
+    setTransformationAnchor(NoAnchor);
     setResizeAnchor(NoAnchor);
     setFrameShape(QFrame::StyledPanel);
     setFocusPolicy(Qt::StrongFocus);
@@ -83,7 +83,7 @@ GraphCanvas::GraphCanvas(const Settings& settings, QWidget* parent)
     connect(map_, &GraphMap::Moved, this, [this](QPointF centre) { centerOn(centre); });
     connect(edge_, &QTimer::timeout, this, &GraphCanvas::ScrollAtEdge);
     InstallGraphAccessible();
-    SetZoom(1);
+    SetZoom(1, Middle());
     ApplySettings();
     Refresh();
 }
@@ -106,8 +106,7 @@ void GraphCanvas::SetProject(clsProjekt* projekt) {
     undo_->clear();
     isPlaced_ = false;
     Refresh();
-    if (isVisible())
-        Fit();
+    ShowPlaced();
 }
 
 void GraphCanvas::ReplaceProject(clsProjekt& projekt) {
@@ -169,7 +168,7 @@ void GraphCanvas::Refresh() {
     graph_.GraphSymbolsRefresh();
     ShowSymbols();
     ShowConnectors();
-    PlaceScene();
+    GrowScene();
     TellContentsChanged(*this);
     Q_EMIT Changed();
 }
@@ -209,17 +208,31 @@ void GraphCanvas::ShowConnectors() {
     viewport()->update();
 }
 
-// The canvas grows with the symbols and is never smaller than the view.
-void GraphCanvas::PlaceScene() {
-    const QSize view = viewport()->size();
-    const double unit = kTwipsPerPixel / zoom_;
-    // A pixel less than the view: of exactly its size, rounding shows scroll bars, which make the view smaller, which
-    // hides them, without an end.
-    const GraphRect canvas =
-        graph_.CanvasFor({(view.width() - 1) * unit - 2 * kEdgeTwips, (view.height() - 1) * unit - 2 * kEdgeTwips});
-    const QRectF scene = ToQt(canvas).adjusted(-kEdgeTwips, -kEdgeTwips, kEdgeTwips, kEdgeTwips);
-    if (scene != sceneRect())
+QRectF GraphCanvas::CanvasRect() const {
+    return ToQt(graph_.Canvas()).adjusted(-kEdgeTwips, -kEdgeTwips, kEdgeTwips, kEdgeTwips);
+}
+
+// What is seen counts, too: the canvas is never smaller than the view, wherever the diagram stands in it.
+void GraphCanvas::PlaceScene(const QRectF& seen) {
+    if (const QRectF scene = CanvasRect().united(seen); scene != sceneRect())
         setSceneRect(scene);
+}
+
+// Only larger, because what is seen must not move while symbols come and go.
+void GraphCanvas::GrowScene() {
+    if (const QRectF canvas = CanvasRect(); !sceneRect().contains(canvas))
+        setSceneRect(sceneRect().united(canvas));
+}
+
+// A pixel less than the view: of exactly its size, rounding shows scroll bars, which make the view smaller, which hides
+// them, without an end.
+QRectF GraphCanvas::SeenFrom(QPointF centre) const {
+    const QSizeF size = QSizeF(viewport()->size() - QSize(1, 1)) * kTwipsPerPixel / zoom_;
+    return {centre - QPointF(size.width(), size.height()) / 2, size};
+}
+
+void GraphCanvas::PlaceScene() {
+    PlaceScene(SeenFrom(mapToScene(viewport()->rect()).boundingRect().center()));
 }
 
 void GraphCanvas::drawBackground(QPainter* painter, const QRectF& exposed) {
@@ -230,6 +243,7 @@ void GraphCanvas::drawBackground(QPainter* painter, const QRectF& exposed) {
 }
 
 void GraphCanvas::paintEvent(QPaintEvent* event) {
+    isPlaced_ = true;
     QGraphicsView::paintEvent(event);
     if (!graph_.GraphObjects().empty())
         return;
@@ -244,19 +258,20 @@ void GraphCanvas::resizeEvent(QResizeEvent* event) {
     QGraphicsView::resizeEvent(event);
     PlaceScene();
     PlaceCorners();
+    ShowPlaced();
 }
 
 void GraphCanvas::showEvent(QShowEvent* event) {
     QGraphicsView::showEvent(event);
     PlaceScene();
     PlaceCorners();
-    if (isPlaced_)
-        return;
-    isPlaced_ = true;
-    if (graph_.GraphObjects().empty())
-        centerOn(sceneRect().center());
-    else
-        Fit();
+    ShowPlaced();
+}
+
+// Until the user has seen it: a canvas is shown before it gets its size.
+void GraphCanvas::ShowPlaced() {
+    if (!isPlaced_ && isVisible())
+        FitInView();
 }
 
 void GraphCanvas::changeEvent(QEvent* event) {
@@ -310,29 +325,48 @@ void GraphCanvas::CopyPicture() {
         QGuiApplication::clipboard()->setImage(image);
 }
 
-void GraphCanvas::SetZoom(double zoom) {
+void GraphCanvas::SetZoom(double zoom, QPoint fixed) {
+    const QPointF at = mapToScene(fixed);
     const double bounded = std::clamp(zoom, kSmallestZoom, kLargestZoom);
     zoom_ = std::fabs(bounded - 1) < 0.05 ? 1 : bounded;
     setTransform(QTransform::fromScale(zoom_ / kTwipsPerPixel, zoom_ / kTwipsPerPixel));
-    PlaceScene();
+    const QPointF aside = QRectF(viewport()->rect()).center() - fixed;
+    ShowAround(at + aside * kTwipsPerPixel / zoom_);
+}
+
+// The scene first, or its end would keep the point from the middle.
+void GraphCanvas::ShowAround(QPointF centre) {
+    PlaceScene(SeenFrom(centre));
+    centerOn(centre);
     PlaceMap();
 }
 
+QPoint GraphCanvas::Middle() const {
+    return viewport()->rect().center();
+}
+
 void GraphCanvas::ZoomIn() {
-    SetZoom(zoom_ * kZoomStep);
+    SetZoom(zoom_ * kZoomStep, Middle());
 }
 
 void GraphCanvas::ZoomOut() {
-    SetZoom(zoom_ / kZoomStep);
+    SetZoom(zoom_ / kZoomStep, Middle());
 }
 
 void GraphCanvas::ZoomReset() {
-    SetZoom(1);
+    SetZoom(1, Middle());
+    FindSymbols();
 }
 
 void GraphCanvas::Fit() {
+    isPlaced_ = isVisible();
+    if (isPlaced_)
+        FitInView();
+}
+
+void GraphCanvas::FitInView() {
     if (graph_.GraphObjects().empty()) {
-        SetZoom(1);
+        SetZoom(1, Middle());
         centerOn(sceneRect().center());
         return;
     }
@@ -348,19 +382,20 @@ void GraphCanvas::FitInto(const QRect& part) {
     const QRectF all = ToQt(graph_.SymbolBounds());
     const double width = part.width() - 2 * kFitMargin;
     const double height = part.height() - 2 * kFitMargin;
-    SetZoom(std::min({1.0, width * kTwipsPerPixel / all.width(), height * kTwipsPerPixel / all.height()}));
+    SetZoom(std::min({1.0, width * kTwipsPerPixel / all.width(), height * kTwipsPerPixel / all.height()}), Middle());
     const QPointF aside = QRectF(viewport()->rect()).center() - QRectF(part).center();
-    centerOn(all.center() + aside * kTwipsPerPixel / zoom_);
+    ShowAround(all.center() + aside * kTwipsPerPixel / zoom_);
 }
 
 void GraphCanvas::FindSymbols() {
-    const GraphRect seen = VisiblePart();
-    const auto& symbols = graph_.GraphObjects();
-    if (symbols.empty() || std::any_of(symbols.begin(), symbols.end(), [&](const auto& symbol) {
-            return ToQt(seen).intersects(ToQt(symbol->Frame()));
-        }))
-        return;
-    centerOn(ToQt(graph_.SymbolBounds()).center());
+    const QRectF seen = ToQt(VisiblePart());
+    const auto distance = [&](const std::unique_ptr<ctlGraphObj>& symbol) {
+        const QRectF frame = ToQt(symbol->Frame());
+        return seen.intersects(frame) ? 0 : QLineF(seen.center(), frame.center()).length();
+    };
+    const auto nearest = std::ranges::min_element(graph_.GraphObjects(), {}, distance);
+    if (nearest != graph_.GraphObjects().end() && distance(*nearest) > 0)
+        centerOn(ToQt((*nearest)->Frame()).center());
 }
 
 void GraphCanvas::cmdNoZoom() {

@@ -81,9 +81,9 @@ public:
     void ZoomIn();
     void ZoomOut();
     void ZoomReset();
-    /// Shows the whole diagram, not larger than it is.
+    /// Shows the whole diagram, not larger than it is; a hidden canvas does so when it is shown.
     void Fit();
-    /// Scrolls to the diagram, if nothing of it can be seen.
+    /// Scrolls to the nearest symbol, if none can be seen.
     void FindSymbols();
     /// To the clipboard, with symbols that are not selected and no legend.
     void CopyPicture();
@@ -166,9 +166,18 @@ private:
     void ShowSymbols();
     void ShowConnectors();
     void ShowSelection();
+    [[nodiscard]] QRectF CanvasRect() const;
     void PlaceScene();
-    void SetZoom(double zoom);
+    void PlaceScene(const QRectF& seen);
+    void GrowScene();
+    [[nodiscard]] QRectF SeenFrom(QPointF centre) const;
+    /// @param fixed  point of the view that keeps its place on the canvas
+    void SetZoom(double zoom, QPoint fixed);
+    void ShowAround(QPointF centre);
+    [[nodiscard]] QPoint Middle() const;
+    void FitInView();
     void FitInto(const QRect& part);
+    void ShowPlaced();
     void GoTo(const ctlGraphObj& symbol);
     [[nodiscard]] const ctlGraphObj* SymbolAt(QPoint point) const;
     [[nodiscard]] const GraphPair* PairAt(QPoint point) const;
@@ -221,5 +230,5 @@ private:
     Press press_;
     bool isSpaceDown_ = false;
     bool isShown_ = false;   // the objects are valid
-    bool isPlaced_ = false;  // the view has been shown once
+    bool isPlaced_ = false;  // the user has seen the view
 };

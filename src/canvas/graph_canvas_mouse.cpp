@@ -192,7 +192,7 @@ void GraphCanvas::wheelEvent(QWheelEvent* event) {
         return;
     }
     event->accept();
-    SetZoom(zoom_ * std::exp2(event->angleDelta().y() / kWheelStep));
+    SetZoom(zoom_ * std::exp2(event->angleDelta().y() / kWheelStep), event->position().toPoint());
 }
 
 // The right button pans, and its menu opens when it is let go where it was pressed.

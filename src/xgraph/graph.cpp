@@ -254,10 +254,6 @@ void XGraph::MoveInto(const GraphRect& view) {
     }
 }
 
-GraphRect XGraph::CanvasFor(GraphSize view) const {
-    return canvas_.With({canvas_.left, canvas_.top, view.width, view.height});
-}
-
 GraphRect XGraph::SymbolBounds() const {
     if (symbols_.empty())
         return {};

@@ -104,8 +104,6 @@ public:
     /// The part of the plane that can be seen by scrolling: 60,000 twips square at first. It grows with what is put on
     /// it, in any direction, and keeps its size until the graph is cleared.
     [[nodiscard]] const GraphRect& Canvas() const { return canvas_; }
-    /// The same for a view of that size, which the canvas is never smaller than.
-    [[nodiscard]] GraphRect CanvasFor(GraphSize view) const;
     /// Makes the canvas larger.
     void GrowCanvas(const GraphRect& toHold) { canvas_ = canvas_.With(toHold); }
     /// `view`, widened by the frames of all symbols; the same as last time while there are none.

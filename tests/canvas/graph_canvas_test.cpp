@@ -241,6 +241,53 @@ TEST_F(Canvas, TheMapShowsADiagramThatIsLargerThanTheViewAndMovesTheView) {
     EXPECT_FALSE(map->isVisible());
 }
 
+TEST_F(Canvas, ADiagramOpenedWhileTheCanvasIsHiddenIsInViewOnceItHasItsSize) {
+    Put({"m.go", "m.stay"});
+    canvas.hide();
+    canvas.resize(100, 30);
+    canvas.Change({}, [](XGraph& graph) { graph.MoveTo(2, {50000, 40000}); });
+    canvas.Fit();
+    canvas.show();
+    canvas.resize(700, 500);
+    EXPECT_TRUE(canvas.viewport()->rect().contains(PointOf("m.go")));
+    EXPECT_TRUE(canvas.viewport()->rect().contains(PointOf("m.stay")));
+    EXPECT_GT(PointOf("m.stay").x() - PointOf("m.go").x(), 300) << "all of the room is used";
+    canvas.ZoomReset();
+    const QRect view = canvas.viewport()->rect();
+    EXPECT_TRUE(view.contains(PointOf("m.go")) || view.contains(PointOf("m.stay"))) << "not the empty middle";
+}
+
+TEST_F(Canvas, ADiagramAtTheEdgeOfTheCanvasFitsIntoTheMiddleAndStays) {
+    Put({"m.go", "m.stay"});
+    canvas.Change({}, [](XGraph& graph) {
+        graph.MoveTo(1, {0, 0});
+        graph.MoveTo(2, {0, 90000});
+    });
+    canvas.Fit();
+    const QPoint go = PointOf("m.go");
+    const QPoint middle = (go + PointOf("m.stay")) / 2;
+    EXPECT_NEAR(middle.x(), canvas.width() / 2, 10);
+    for (int nr = 0; nr < 20; ++nr)
+        canvas.Refresh();
+    EXPECT_EQ(PointOf("m.go"), go);
+}
+
+TEST_F(Canvas, ZoomingKeepsTheMiddleOrWhatIsBelowTheMouse) {
+    Put({"m.go", "m.stay"});
+    const auto isNear = [&](QPoint one, QPoint other, int pixels) { return (one - other).manhattanLength() <= pixels; };
+    const QPointF middle = canvas.mapToScene(canvas.viewport()->rect().center());
+    for (int nr = 0; nr < 12; ++nr)
+        canvas.ZoomOut();
+    EXPECT_TRUE(isNear(canvas.mapFromScene(middle), canvas.viewport()->rect().center(), 40)) << "beyond the canvas";
+    canvas.ZoomReset();
+    const QPoint stay = PointOf("m.stay");
+    QWheelEvent wheel(stay, canvas.viewport()->mapToGlobal(stay), {}, {0, -600}, Qt::NoButton, Qt::ControlModifier,
+                      Qt::NoScrollPhase, false);
+    QApplication::sendEvent(canvas.viewport(), &wheel);
+    EXPECT_TRUE(isNear(PointOf("m.stay"), stay, 4));
+    EXPECT_LT(stay.x() - PointOf("m.go").x(), 150) << "smaller";
+}
+
 TEST_F(Canvas, DraggingScrollsWhileTheMouseRestsAtTheEdge) {
     Put({"m.go"});
     const double left = At("m.go").Left;
