@@ -295,7 +295,7 @@ private:
         return text;
     }
 
-    // What stands in the text and can be named, by module and path.
+    // What is in the text and can be named, by module and path.
     std::multiset<std::string> Names() const {
         std::multiset<std::string> names;
         for (const auto& modul : projekt_->OwnedModules())

@@ -28,7 +28,7 @@
 
 namespace {
 
-// Without the neighbours of neighbours, which stand there as far as somebody has unfolded them.
+// Without the neighbours of neighbours, which are there as far as somebody has unfolded them.
 std::string DumpOf(const Baum& tree) {
     std::string dump;
     ForEachNode(tree, [&dump](const BaumNode& node) {
