@@ -57,12 +57,11 @@ protected:
     [[nodiscard]] static std::string AnyObject(const Baum& tree) {
         std::string key;
         ForEachNode(tree, [&key](const BaumNode& node) {
-            if (key.empty() && node.Children() == 0)
+            if (key.empty() && !node.Child())
                 key = node.Key();
         });
         return key;
     }
-    [[nodiscard]] QString StatusText() const { return window_->statusBar()->findChild<QLabel*>()->text(); }
     [[nodiscard]] QString Code() const { return window_->rtbCode().toPlainText(); }
 };
 
@@ -452,18 +451,6 @@ TEST_F(MainWindow, FixedTextsFollowTheLanguage) {
     window_->frmMainTexte();
     EXPECT_TRUE(firstLabel().contains(QStringLiteral("\nZeile\t")));
     EXPECT_EQ(Command("DeleteObject").text().remove(QLatin1Char('&')), QStringLiteral("Main l\u00f6schen\u2026"));
-}
-
-TEST_F(MainWindow, RefreshReadsChangedFilesAndComesBackToThePlace) {
-    Open();
-    window_->ActivateKey("modmain.main");
-    Command("Refresh").trigger();
-    EXPECT_EQ(StatusText(), TextNr(Text::NoFileChanged));
-    Append("modStore.bas", "\r\nPublic Sub JustAdded()\r\nEnd Sub\r\n");
-    Command("Refresh").trigger();
-    EXPECT_EQ(StatusText(), TextNr(Text::FilesChanged, QStringLiteral("1")));
-    EXPECT_TRUE(window_->TheWorkspace().Tree().Exist("modstore.justadded"));
-    EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), "modmain.main");
 }
 
 TEST_F(MainWindow, TakesADroppedProjectAndNothingElse) {

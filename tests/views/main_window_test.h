@@ -27,6 +27,7 @@ protected:
     [[nodiscard]] Widget& Find() const {
         return ChildOf<Widget>(*window_);
     }
+    [[nodiscard]] QString StatusText() const { return ChildOf<QLabel>(*window_->statusBar()).text(); }
     /// Presses a button of the next question and notes what was asked.
     void AnswerNext(QMessageBox::StandardButton answer) {
         OnNext<QMessageBox>([this, answer](QMessageBox& box) {

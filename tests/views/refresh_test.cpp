@@ -71,6 +71,8 @@ TEST_F(RefreshWindow, ABarSaysThatFilesHaveChangedAndThenWhatChanged) {
 }
 
 TEST_F(RefreshWindow, ReadsByItselfOnlyIfTheSettingsSaySo) {
+    Refresh();
+    EXPECT_EQ(StatusText(), TextNr(Text::NoFileChanged));
     window_->TheSettings().RefreshAuto = 1;
     Append("modStore.bas", "\r\nPublic Sub JustAdded()\r\nEnd Sub\r\n");
     LookAtFiles();
@@ -121,6 +123,7 @@ TEST_F(RefreshWindow, EverythingShownStaysWhereItWas) {
         if (withProject)  // another library: the whole project is loaded again
             Save("ToolHire.vbp", "Reference=*\\G{1}#1.0#0#C:\\w\\x.tlb#X\r\n" + TextOf("ToolHire.vbp"));
         Refresh();
+        EXPECT_EQ(StatusText(), TextNr(Text::FilesChanged, withProject ? QStringLiteral("2") : QStringLiteral("1")));
         EXPECT_TRUE(BarText().startsWith(QStringLiteral("No procedure changed, 1 new"))) << BarText().toStdString();
         EXPECT_EQ(canvas.Graph().Places(), places);
         EXPECT_EQ(code.textCursor().selectedText(), selected);
