@@ -108,8 +108,6 @@ public:
     [[nodiscard]] GraphRect CanvasFor(GraphSize view) const;
     /// Makes the canvas larger.
     void GrowCanvas(const GraphRect& toHold) { canvas_ = canvas_.With(toHold); }
-    /// `view`, widened by the frames of all symbols; the same as last time while there are none.
-    const GraphRect& GraphBoundsRefresh(const GraphRect& view);
     /// The frames of all symbols; empty without symbols.
     [[nodiscard]] GraphRect SymbolBounds() const;
 
@@ -147,7 +145,6 @@ private:
     std::map<int, ctlGraphObj*> byIndex_;
     GraphRect emptyCanvas_;
     GraphRect canvas_ = emptyCanvas_;
-    GraphRect bounds_;
     int GraphObjCount_ = 0;  // only ever rises
     int active_ = 0;
     int topmost_ = 0;
