@@ -1,5 +1,5 @@
 // How fast the diagram is painted: canvas_benchmark PROJECT.vbp [IMAGE.png]. The busiest procedures of the project
-// stand in rows; the first image is of all of it. Runs on any platform of Qt.
+// are in rows; the first image is of all of it. Runs on any platform of Qt.
 #include <QApplication>
 #include <QTest>
 #include <algorithm>

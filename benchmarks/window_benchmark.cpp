@@ -73,7 +73,7 @@ void Expand(frmMain& window, const char* what, const std::vector<NodeId>& nodes)
         Report(what, expand);
 }
 
-// Dates the files of the first modules anew, and reads them again.
+// Changes the dates of the files of the first modules and reads them again.
 void Refresh(frmMain& window, const char* what, std::size_t modules) {
     namespace fs = std::filesystem;
     constexpr int kRounds = 11;

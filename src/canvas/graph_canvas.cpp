@@ -26,7 +26,7 @@
 #include "display/node_objects.h"
 #include "model/clsProjekt.h"
 #include "shell/settings.h"
-#include "widgets/code_style.h"
+#include "widgets/empty_text.h"
 #include "widgets/qt_text.h"
 #include "xgraph/placement.h"
 
@@ -245,13 +245,8 @@ void GraphCanvas::drawBackground(QPainter* painter, const QRectF& exposed) {
 void GraphCanvas::paintEvent(QPaintEvent* event) {
     isPlaced_ = true;
     QGraphicsView::paintEvent(event);
-    if (!graph_.GraphObjects().empty())
-        return;
-    QPainter painter(viewport());
-    painter.setPen(Dimmed(palette(), colours_->ground));
-    const int margin = fontMetrics().height();
-    painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
-                     Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, TextNr(Text::EmptyGraph));
+    if (graph_.GraphObjects().empty())
+        PaintEmptyText(*this, colours_->ground, TextNr(Text::EmptyGraph));
 }
 
 void GraphCanvas::resizeEvent(QResizeEvent* event) {

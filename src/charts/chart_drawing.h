@@ -12,7 +12,7 @@ struct ChartPart {
     int first = 0;  // row
     int count = 0;
     double groupWidth = 0;  // pixels between two modules
-    int marked = -1;        // row whose values stand in the legend; -1 for none
+    int marked = -1;        // row whose values are in the legend; -1 for none
 };
 
 /// The colours of the series, lighter or darker where they would vanish on the ground.

@@ -46,7 +46,7 @@ private:
     bool empty_ = true;
 };
 
-// Numbers that come from calls stand there only if those were looked for.
+// Numbers that come from calls are there only if those were looked for.
 Json ModuleJson(const clsProjekt& projekt, const clsModul& modul) {
     const ModuleStatistics of = StatisticsOf(projekt, modul);
     Json json{{"codePath", Utf8(modul.CodePath())},

@@ -254,44 +254,42 @@ int PrintLibrary(const Options& options) {
     return library.problems.empty() && isWritten ? AllWell : Reported;
 }
 
-int Run(const Options& options) {
-    DiskFiles files;
-    const std::optional<Settings> settings = StartWith(options, files);
-    if (!settings)
-        return NothingAnalysed;
-    const Settings& stored = *settings;
-
+// Makes the project that the options name, of which nothing is read yet. Returns the text of its file, or nothing if
+// there is a reason not to read it, which is printed.
+std::optional<std::string> MakeProject(DiskFiles& files, const Options& options, const Settings& stored) {
     const FileText projectFile = files.ReadText(options.project);
     if (projectFile.error != FileError::None) {
         std::cerr << options.project << ": " << Describe(projectFile.error) << '\n';
-        return NothingAnalysed;
+        return {};
     }
     if (const Text why = WhyNoProject(projectFile); why != Text::None) {
         std::cerr << options.project << ": " << Utf8TextNr(why) << '\n';
-        return NothingAnalysed;
+        return {};
     }
     if (!SetCodePage(options, stored))
-        return NothingAnalysed;
+        return {};
     NewProject(files, options.project);
     gProjekt->CondComps_Win32_Win16(stored.Win32 == 1);
     for (const std::string& define : options.defines) {
         std::pair<std::string, std::string> constant;
         if (!SplitDefine(define, constant)) {
             std::cerr << "--define " << define << ": a name, \"=\" and a value are needed\n";
-            return NothingAnalysed;
+            return {};
         }
         gProjekt->definedCondComps.push_back(std::move(constant));
     }
+    return projectFile.text;
+}
 
+// Reads the project and looks for its calls. Returns how long that took, in milliseconds; less than 0 for no calls.
+std::pair<double, double> ReadAndAnalyse(const Options& options, LibrarySearch* search) {
     TerminalProgress progress;
     // In a pipeline or log file the control characters would only be noise.
     const bool showsProgress = !options.quiet && isatty(STDERR_FILENO) != 0;
     SetProgress(showsProgress ? &progress : nullptr);
     clsQueryTimer timer;
     timer.Start();
-    // Lasts to the end of the process: freeing a large registry takes time.
-    static LibrarySearch& search = *new LibrarySearch(files, LibrarySourcesOf(stored, files));
-    Projekt_Laden(*gProjekt, stored.LoadLibs != 0 ? &search : nullptr);
+    Projekt_Laden(*gProjekt, search);
     timer.Halt();
     clsQueryTimer callTimer;
     if (!options.noCalls) {
@@ -300,12 +298,39 @@ int Run(const Options& options) {
         Tote_Untote_Kennzeichnen(*gProjekt);
         callTimer.Halt();
     }
-    // Without a place to seek libraries, what is missing is no more than a hint, which is not printed.
-    if (search.Sources().isConfigured)
-        NoteCostsOfMissingLibraries(*gProjekt);
     if (showsProgress)
         progress.Clear();
     SetProgress(nullptr);
+    return {timer.LastRun, options.noCalls ? -1 : callTimer.LastRun};
+}
+
+// Whether there was any.
+bool PrintProblems() {
+    bool hasProblems = false;
+    for (const Problem& problem : gProjekt->problems.All()) {
+        if (problem.isHint)
+            continue;
+        hasProblems = true;
+        std::cerr << Shown(problem.subject) << ": " << Shown(problem.text) << " (" << Shown(problem.tag) << ")\n";
+    }
+    return hasProblems;
+}
+
+int Run(const Options& options) {
+    DiskFiles files;
+    const std::optional<Settings> settings = StartWith(options, files);
+    if (!settings)
+        return NothingAnalysed;
+    const std::optional<std::string> projectText = MakeProject(files, options, *settings);
+    if (!projectText)
+        return NothingAnalysed;
+    // Lasts to the end of the process: freeing a large registry takes time.
+    static LibrarySearch& search = *new LibrarySearch(files, LibrarySourcesOf(*settings, files));
+    const auto [readMilliseconds, callMilliseconds] =
+        ReadAndAnalyse(options, settings->LoadLibs != 0 ? &search : nullptr);
+    // Without a place to seek libraries, what is missing is no more than a hint, which is not printed.
+    if (search.Sources().isConfigured)
+        NoteCostsOfMissingLibraries(*gProjekt);
 
     const GraphOutcome graph = MakeGraph(files, options);
     if (graph == GraphOutcome::Refused)
@@ -318,10 +343,9 @@ int Run(const Options& options) {
         return NothingAnalysed;
 
     const bool reportsWritten = WriteReports(files, options, *gProjekt);
-    const double callMilliseconds = options.noCalls ? -1 : callTimer.LastRun;
     const std::string summary = options.quiet      ? std::string()
                                 : options.overview ? OverviewText(OverviewOf(*gProjekt))
-                                                   : SummaryText(*gProjekt, timer.LastRun, callMilliseconds);
+                                                   : SummaryText(*gProjekt, readMilliseconds, callMilliseconds);
     if (options.inventory)
         (options.json == "-" ? std::cerr : std::cout) << LibraryInventory(*gProjekt);
     if (options.stats)
@@ -330,17 +354,11 @@ int Run(const Options& options) {
         (options.json == "-" || options.csv == "-" ? std::cerr : std::cout) << PageText(*answer);
     const bool tableWritten = WriteTable(options, answer.get());
     const bool jsonWritten = WriteJsonFile(options, search.Sources().isConfigured, answers.get());
-    bool hasProblems = false;
-    for (const Problem& problem : gProjekt->problems.All()) {
-        if (problem.isHint)
-            continue;
-        hasProblems = true;
-        std::cerr << Shown(problem.subject) << ": " << Shown(problem.text) << " (" << Shown(problem.tag) << ")\n";
-    }
+    const bool hasProblems = PrintProblems();
     // With JSON on standard output, nothing else may be written there: another program reads it.
     if (!options.quiet)
         (options.json == "-" ? std::cerr : std::cout) << summary;
-    HintAtCodePage(files, options, projectFile.text);
+    HintAtCodePage(files, options, *projectText);
     if (gProjekt->OwnedModules().empty())
         std::cerr << options.project << ": lists no module\n";
     const int status = !hasProblems && reportsWritten && tableWritten && jsonWritten && graph == GraphOutcome::Written

@@ -65,7 +65,6 @@ public:
 
     [[nodiscard]] BaumNode* Parent() const { return parent_; }  // null for roots
     [[nodiscard]] BaumNode* Child() const { return children_.empty() ? nullptr : children_.front(); }
-    [[nodiscard]] int Children() const { return static_cast<int>(children_.size()); }
     [[nodiscard]] BaumNode* Next() const;
     [[nodiscard]] BaumNode* FirstSibling() const;
     /// Place among the siblings, from 0.

@@ -47,7 +47,7 @@ void ForEachEdgeToModule(const clsProjekt& projekt, const clsModul& modul, const
         ForEach(variable->CalledByAll(), use);
     for (const clsType* type : modul.myTypes)
         ForEachEdgeToBlock(*type, use);
-    // The members of enumerations stand among the module's variables.
+    // The members of enumerations are among the module's variables.
     for (const clsEnum* einEnum : modul.myEnums)
         ForEachEdgeToBlock(*einEnum, use, &modul.MyVars);
     ForEach(modul.UsedByAll(), use);

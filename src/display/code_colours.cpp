@@ -105,12 +105,6 @@ std::optional<CodeRange> NameInPage(const CodeObject& object, const CodeText& pa
     return {};
 }
 
-std::string_view WordOf(Colour what) {
-    static constexpr std::string_view words[] = {"",      "comment", "string",  "hidden", "public", "private",
-                                                 "local", "callIn",  "callOut", "maybe",  "result"};
-    return words[static_cast<std::size_t>(what)];
-}
-
 }  // namespace
 
 std::int32_t ColourOf(Colour what, const Settings& settings) {
@@ -146,16 +140,6 @@ std::optional<CodeRange> CodeText::Shown(Pos posInModule, Pos length) const {
         return {};
     const Pos start = posInModule - first;
     return CodeRange{start, std::min(length, Len(text) - start)};
-}
-
-std::string CodeText::Dump() const {
-    std::string dump;
-    for (const CodeSpan& span : spans)
-        dump.append(dump.empty() ? "" : " ")
-            .append(WordOf(span.what))
-            .append(":")
-            .append(text, static_cast<std::size_t>(span.start), static_cast<std::size_t>(span.length));
-    return dump;
 }
 
 void CodePaint::Select(Pos pos, Pos length, Colour what) {

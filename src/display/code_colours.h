@@ -77,8 +77,6 @@ struct CodeText {
     [[nodiscard]] Pos InModule(Pos start) const { return start + first; }
     /// The part of a stretch of the module that is shown, or nothing.
     [[nodiscard]] std::optional<CodeRange> Shown(Pos posInModule, Pos length) const;
-    /// "public:Foo callIn:Bar maybe:x", the whole of what is coloured.
-    [[nodiscard]] std::string Dump() const;
 };
 
 /// Paints a stretch of a module, one selection after the other.

@@ -313,7 +313,7 @@ const CodeObject& ProcedureOrItself(const CodeObject& object) {
     return object;
 }
 
-// Whether an object stands above a node, or is that whose neighbours the tree shows.
+// Whether an object is above a node, or is that whose neighbours the tree shows.
 bool StandsAbove(const clsProjekt& projekt, const BaumNode& node, const CodeObject& object) {
     for (const BaumNode* above = &node; above; above = above->Parent())
         if (above->Kind() == NodeKind::Object && ObjectOfNode(projekt, above->Id()) == &object)

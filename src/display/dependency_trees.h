@@ -34,7 +34,7 @@ struct EdgeCounts {
 /// Both trees for all checked objects together.
 EdgeCounts Show_Dependencies_Group(const clsProjekt& projekt, const CheckedObjects& checked, Baum& calledBy,
                                    Baum& calls, bool mayBeCalledBy, bool mayBeCalls);
-/// Adds the neighbours of a neighbour below its node. One that stands above, or is the current object, says so and does
+/// Adds the neighbours of a neighbour below its node. One that is above, or is the current object, says so and does
 /// not unfold, so that recursion ends.
 void Unfold(const clsProjekt& projekt, const CheckedObjects& checked, const CodeObject* current, Baum& tree,
             BaumNode& node, Neighbourhood shown);

@@ -16,7 +16,7 @@ class clsProjekt;
 /// can have its path.
 [[nodiscard]] std::string NodeKeyOf(const CodeObject& object);
 /// The key of a node for `object` below one of another object, where it is not at its place in the project: an object
-/// can stand at many such places of a tree. All keys above come before its own.
+/// can be at many such places of a tree. All keys above come before its own.
 [[nodiscard]] std::string NodeKeyBelow(const BaumNode& above, const CodeObject& object);
 /// The own key of such a node; that of any other node is returned as it is.
 [[nodiscard]] std::string_view OwnKeyOf(std::string_view nodeKey);

@@ -5,6 +5,7 @@
 
 #include "model/clsControl.h"
 #include "model/clsProjekt.h"
+#include "model/kind_of.h"
 #include "model/module_walk.h"
 #include "platform/ascii.h"
 #include "platform/code_page.h"
@@ -284,33 +285,16 @@ std::vector<Hit> ObjectSearch::Find(std::string_view typed, std::size_t limit) {
 }
 
 std::string ObjectKind(const CodeObject& object) {
-    switch (object.Class()) {
-        case ObjectClass::Modul:
-            return std::string(TextOf(static_cast<const clsModul&>(object).ModulTyp));
-        case ObjectClass::Prozedur: {
-            const auto& prozedur = static_cast<const clsProzedur&>(object);
-            return (prozedur.isDeclare ? "declare " : "") + std::string(prozedur.ProzedurTypText());
-        }
-        case ObjectClass::Variable: {
-            const auto& variable = static_cast<const clsVariable&>(object);
-            if (variable.MyType)
-                return "type member";
-            if (variable.MyEnum)
-                return "enum member";
-            if (variable.Zugriff == Access::Argument)
-                return "argument";
-            return (variable.Prozedur ? "local " : "") + std::string(variable.IsConst ? "const" : "variable");
-        }
-        case ObjectClass::Type:
-            return "type";
-        case ObjectClass::Enum:
-            return "enum";
-        case ObjectClass::Control:
-            return "control";
-        case ObjectClass::TypeLib:
-            return std::string(TextOf(static_cast<const clsTypeLib&>(object).LibTyp));
+    if (object.Class() == ObjectClass::Prozedur) {
+        const auto& prozedur = static_cast<const clsProzedur&>(object);
+        return (prozedur.isDeclare ? "declare " : "") + std::string(prozedur.ProzedurTypText());
     }
-    return {};
+    if (object.Class() == ObjectClass::Variable) {
+        const auto& variable = static_cast<const clsVariable&>(object);
+        if (!variable.MyType && !variable.MyEnum && variable.Zugriff != Access::Argument)
+            return (variable.Prozedur ? "local " : "") + std::string(variable.IsConst ? "const" : "variable");
+    }
+    return std::string(KindOf(object));
 }
 
 std::string ObjectPlace(const CodeObject& object) {

@@ -25,7 +25,6 @@ Text ProblemMeaning(std::string_view tag) {
         {"modRegistrySearch: GetAllKeys", Text::RegistryUnreadable},
         {"clsProjekt: ChangedModule_Regenerieren", Text::ModuleStays},
         {"clsProjekt: Projekt_Laden", Text::NoResults},
-        {"clsProjekt: Get_ProjektName", Text::NoResults},
         {"modMain: GetText", Text::NoEffect},
         {"modMain: Optionen", Text::NoEffect},
         {"modMain: SizeSave", Text::NoEffect},

@@ -35,7 +35,7 @@ bool IsMember(const CodeObject& object) {
     return variable.MyType || variable.MyEnum;
 }
 
-// Its own text, wherever it stands. A module as such has none: what it declares is compared by itself.
+// Its own text, wherever it is. A module as such has none: what it declares is compared by itself.
 std::size_t TextOfObject(const CodeObject& object) {
     if (object.Class() == ObjectClass::Modul || IsMember(object))
         return 0;

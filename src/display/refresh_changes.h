@@ -25,7 +25,7 @@ struct RefreshChanges {
 };
 
 /// What has to be known of a project before a refresh. Objects are compared by kind and path, and by their texts, so
-/// that a procedure which only stands at another place has not changed. Modules that are not read again have the same
+/// that a procedure which is only at another place has not changed. Modules that are not read again have the same
 /// objects afterwards: their marks are all that can differ.
 class GenerationRecord {
 public:

@@ -15,7 +15,7 @@ namespace {
 
 CallPlace PlaceOf(const Link& link) {
     const bool inProcedure = link.from->Class() == ObjectClass::Prozedur;
-    // A member leads to its type without naming it: the member itself is what stands there.
+    // A member leads to its type without naming it: the member itself is what is there.
     const CodeObject* const named = link.kind == LinkKind::Member ? link.from : link.to;
     return {inProcedure ? link.from : ModuleOf(*link.from), named, link.pos,
             link.IsCertain() ? CallType::Really : CallType::MayBe};

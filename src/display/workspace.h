@@ -112,7 +112,7 @@ public:
     };
     /// Makes the object of a node of the project tree the current one. Nothing without such a node.
     std::optional<Shown> Activate(const NodeId& id);
-    /// Makes the object of a module that stands at a line of its file the current one, and selects the line. Nothing if
+    /// Makes the object of a module that is at a line of its file the current one, and selects the line. Nothing if
     /// the module has no node of this key.
     std::optional<Shown> ActivateLine(const std::string& modulKey, int line);
     /// Shows the current object again, and what the dependency trees showed. Nothing if there is none.

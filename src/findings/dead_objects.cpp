@@ -76,7 +76,7 @@ void MarkProcedures(const std::vector<clsModul*>& modules) {
                 prozedur->IsDeath = 1;
 }
 
-// The next place of a variable's name behind `from`, or 0; `counts` tells whether it is a call of the variable.
+// The next place of a variable's name after `from`, or 0; `counts` tells whether it is a call of the variable.
 Pos Here_OneCall_Var(const ModuleText& text, const clsProzedur& prozedur, const clsVariable& variable, Pos from,
                      bool& counts) {
     const Pos place = Suche_CallWort_Im_Code(text, from, variable.MyName());

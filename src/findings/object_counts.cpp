@@ -26,7 +26,7 @@ void ForEachMarked(const clsProjekt& projekt, const std::function<void(const Cod
             if (variable->MyName() != "me")
                 use(*variable);
         ForEachWithMembers(modul->myTypes, use);
-        // The members of enumerations stand among the module's variables.
+        // The members of enumerations are among the module's variables.
         for (const clsEnum* einEnum : modul->myEnums)
             use(*einEnum);
     }

@@ -20,7 +20,7 @@ std::size_t FindNoCase(std::string_view text, std::string_view part) {
 bool Who_Uses_ProjectObject(const clsModul& modul, const clsTypeLib& component) {
     if (!modul.text || component.TypeLibID.empty())
         return false;
-    // The lines stand at the very start of the file, so the first place counts.
+    // The lines are at the very start of the file, so the first place counts.
     const std::string_view text = modul.text->ModulTextOrg();
     const std::string_view header = text.substr(0, static_cast<std::size_t>(modul.BeginnVarBereich));
     const std::size_t at = FindNoCase(header, component.TypeLibID);

@@ -182,15 +182,6 @@ void ReadInterfaces(clsProjekt& projekt, clsTypeLib& library, const LibraryConte
     ObjectMaker(projekt, library).Make(contents);
 }
 
-std::string ReadLibraryContents(clsProjekt& projekt, clsTypeLib& library, std::string_view path,
-                                const ImportedLibraryFinder& find) {
-    const LibraryInFile read = ReadLibraryFile(projekt.TheFiles(), path);
-    if (read.error != FileError::None)
-        return std::string(Describe(read.error));
-    ReadInterfaces(projekt, library, ContentsOf(read.library, find));
-    return read.library.problems.empty() ? std::string() : read.library.problems.front();
-}
-
 LibraryInFile ReadLibraryFile(const Files& files, std::string_view path) {
     LibraryPath split{path, std::nullopt};
     FileBytes file = files.ReadBytes(path, kMaxLibraryFileBytes);

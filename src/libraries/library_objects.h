@@ -13,11 +13,6 @@ class clsTypeLib;
 /// Creates the code objects of `contents` in `library`, which has none yet. Names are those of the project.
 void ReadInterfaces(clsProjekt& projekt, clsTypeLib& library, const LibraryContents& contents);
 
-/// The same from a file. Returns what is wrong with it, or an empty text.
-/// @param path  may end in the number of a resource: "msvbvm60.dll\3"
-[[nodiscard]] std::string ReadLibraryContents(clsProjekt& projekt, clsTypeLib& library, std::string_view path,
-                                              const ImportedLibraryFinder& find = {});
-
 struct LibraryInFile {
     TypeLibrary library;
     FileError error = FileError::None;  // any value but None leaves `library` empty

@@ -17,7 +17,7 @@
 /// Texts of a library are foreign: a line break in one would look like a line of the page.
 [[nodiscard]] std::string OneLine(std::string text);
 
-/// "Class ", "Control " or "Module ": what stands before the name of a class.
+/// "Class ", "Control " or "Module ": what comes before the name of a class.
 [[nodiscard]] std::string_view KindText(ModuleKind kind);
 
 /// "Property Get Item(ByVal Index As Variant, Optional ByRef Sub As Variant) As Shape"

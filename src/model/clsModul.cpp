@@ -8,7 +8,7 @@ namespace {
 constexpr std::size_t kLongestName = 300;
 
 // Calls `use` for each name that an object with this path can have, until one gives an object: what follows one of the
-// points, with and without the kind behind it. Names in brackets can hold points.
+// points, with and without the kind after it. Names in brackets can hold points.
 template <class Use>
 CodeObject* ForNamesOf(std::string_view codePath, Use use) {
     for (std::size_t begin = codePath.size(); begin != 0;) {

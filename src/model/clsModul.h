@@ -69,7 +69,7 @@ public:
     clsCollection<clsType> Public_Type{Memory()}, Private_Type{Memory()}, myTypes{Memory()};
     clsCollection<clsEnum> Public_Enum{Memory()}, Private_Enum{Memory()}, myEnums{Memory()};
     clsCollection<clsControl> MyControls{Memory()};
-    /// Of a library's class. They stand apart from its procedures: a control may have a method and an event of one
+    /// Of a library's class. They are apart from its procedures: a control may have a method and an event of one
     /// name.
     clsCollection<clsProzedur> MyEvents{Memory()};
 

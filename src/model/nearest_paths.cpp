@@ -43,7 +43,7 @@ std::size_t StillNear(std::string_view text) {
     return std::max<std::size_t>(1, text.size() / 4);
 }
 
-// Behind its last point; paths of accessors, types and enumerations have a word in brackets after it.
+// After its last point; paths of accessors, types and enumerations have a word in brackets after it.
 std::string_view LastName(std::string_view path) {
     const std::size_t bracket = path.find(" [");
     if (bracket != std::string_view::npos)

@@ -27,7 +27,7 @@ struct Place {
     std::string_view path;
 };
 
-/// Removes `names` and the "\" behind them from the start of `path`, if it begins with them.
+/// Removes `names` and the "\" after them from the start of `path`, if it begins with them.
 bool TakeNames(std::string_view& path, std::string_view names) {
     if (!path.starts_with(names) || (path.size() > names.size() && path[names.size()] != '\\'))
         return false;

@@ -1,6 +1,6 @@
 // The classes and type libraries of a Windows machine, from registry texts: the files of a Wine prefix and those that a
 // registry editor exported. It reads nothing before the first question. Then it notes where in the texts each class and
-// library stands; values are decoded when they are asked for.
+// library is; values are decoded when they are asked for.
 #pragma once
 
 #include <memory>

@@ -82,7 +82,7 @@ private:
 };
 
 /// Files in memory, for tests; paths match without regard to letter case and kind of separator.
-class MemoryFiles final : public Files {
+class MemoryFiles : public Files {
 public:
     MemoryFiles() = default;
     MemoryFiles(std::initializer_list<std::pair<const std::string, std::string>> files);

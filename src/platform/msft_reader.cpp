@@ -1,4 +1,4 @@
-// A type is a record of fixed size. Its functions and variables stand in a block of their own, as records of different
+// A type is a record of fixed size. Its functions and variables are in a block of their own, as records of different
 // sizes, followed by three arrays: their ids, their names, and their places in the block.
 #include "platform/msft_reader.h"
 

@@ -54,7 +54,7 @@ std::string BitmapFile(std::string_view resource) {
            Number(kFileHeader + before, 4) + std::string(resource);
 }
 
-// The resource of an icon names its images, which are resources themselves; in a file they stand behind it.
+// The resource of an icon names its images, which are resources themselves; in a file they follow it.
 std::string IconFile(std::string_view group, const PeResources& images) {
     constexpr std::size_t kHead = 6;
     constexpr std::size_t kEntry = 14;  // that of a file has 2 more

@@ -96,7 +96,7 @@ std::size_t BehindQuoted(std::string_view text, std::size_t at) {
     return text.size();
 }
 
-// Whether an odd number of "\" stands before a character.
+// Whether an odd number of "\" is before a character.
 bool IsEscaped(std::string_view text, std::size_t at) {
     std::size_t from = at;
     while (from > 0 && text[from - 1] == '\\')

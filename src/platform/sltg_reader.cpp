@@ -1,4 +1,4 @@
-// A type is a block. Its members stand in the block's member data, chained by 16-bit offsets from the beginning of
+// A type is a block. Its members are in the block's member data, chained by 16-bit offsets from the beginning of
 // these data; so do types that need more than one word. References to other types are a table of texts.
 #include "platform/sltg_reader.h"
 
@@ -27,7 +27,7 @@ std::optional<std::uint32_t> HexNumber(std::string_view text) {
     return error == std::errc() && end == text.data() + text.size() ? std::optional(number) : std::nullopt;
 }
 
-// Cuts `text` at its first `separator` and returns what stands before it.
+// Cuts `text` at its first `separator` and returns what is before it.
 std::string_view TakeField(std::string_view& text, char separator) {
     const std::size_t end = std::min(text.find(separator), text.size());
     const std::string_view field = text.substr(0, end);
@@ -143,7 +143,7 @@ private:
 
     // ---- Types
 
-    // A type of one or more words at `at`, which moves behind them. `first` receives the first word, whose high bits
+    // A type of one or more words at `at`, which moves past them. `first` receives the first word, whose high bits
     // belong to a parameter.
     ValueType TypeAt(std::size_t& at, std::uint16_t* first = nullptr) {
         constexpr std::uint16_t kVarTypeBits = 0x3F;
@@ -301,7 +301,7 @@ private:
             parameter.flags = ParameterFlags(first);
         }
         function.hasParamArray = optional == kAnyNumber;
-        // Behind optional parameters a result counts as one of them, so the number does not say which.
+        // After optional parameters a result counts as one of them, so the number does not say which.
         if (function.hasParamArray || count == 0 || function.parameters.back().Has(param_flag::kRetVal))
             return;
         for (std::size_t i = count - std::min(optional, count); i < count; ++i)

@@ -19,18 +19,18 @@ std::optional<std::string_view> TextAt(const ByteView& bytes, std::size_t at) {
 
 }  // namespace
 
-// Reads one thing behind the other.
+// Reads one thing after the other.
 class SltgTables::Cursor {
 public:
     explicit Cursor(ByteView bytes) : bytes_(bytes) {}
     [[nodiscard]] std::size_t At() const { return at_; }
-    /// False once something was read behind the end.
+    /// False once something was read past the end.
     [[nodiscard]] bool IsInside() const { return at_ <= bytes_.Size(); }
     std::uint16_t U16() { return bytes_.U16(Step(2)); }
     std::uint32_t U32() { return bytes_.U32(Step(4)); }
     void Skip(std::size_t bytes) { Step(bytes); }
     std::string Guid() { return GuidText(bytes_, Step(kGuidBytes)); }
-    /// A text behind its length.
+    /// A text after its length.
     std::string_view Counted() {
         const std::uint16_t length = U16();
         if (length == kNone)
@@ -99,7 +99,7 @@ bool SltgTables::ReadLibraryBlock() {
     Cursor cursor(libraryBlock_);
     if (cursor.U16() != kMark)
         return false;
-    // Names are needed for all that follows, and their place stands at its end: a first pass looks for it.
+    // Names are needed for all that follows, and their place is at its end: a first pass looks for it.
     Cursor ahead = cursor;
     ReadHead(ahead);
     ahead.Skip(kGuidHashBytes);
@@ -175,7 +175,7 @@ void SltgTables::ReadDirectory(Cursor& cursor) {
 
 void SltgTables::FindNames(std::size_t table) {
     const ByteView head = libraryBlock_.From(table);
-    // One writer leaves anything behind the hash table; a mark at the beginning says so.
+    // One writer leaves anything after the hash table; a mark at the beginning says so.
     const std::size_t further = head.U16(0) == kNone ? 0 : head.U16(0x207);
     const std::size_t begin = 0x210 + further;
     if (const std::optional<ByteView> names = head.Cut(begin, head.U32(begin - 4))) {

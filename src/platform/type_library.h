@@ -1,4 +1,4 @@
-// The contents of a COM type library as they stand in its file, whatever the format: a plain value. Texts are UTF-8.
+// The contents of a COM type library as its file has them, whatever the format: a plain value. Texts are UTF-8.
 //
 // What a library means for Visual Basic (classes, their members and events) is made of it in libraries/.
 #pragma once
@@ -98,13 +98,13 @@ struct ArrayBound {
     std::uint32_t elements = 0;
 };
 
-/// What stands around a type: a pointer to it, or an array of it.
+/// What is around a type: a pointer to it, or an array of it.
 struct TypeLevel {
     VarType kind = Ptr;              // Ptr, SafeArray or CArray
     std::vector<ArrayBound> bounds;  // of a CArray
 };
 
-/// The type of a value: its base, and from the outside in what stands around it.
+/// The type of a value: its base, and from the outside in what is around it.
 struct ValueType {
     std::vector<TypeLevel> levels;
     std::uint16_t base = Empty;

@@ -65,7 +65,7 @@ std::string FindWinePrefix(const Files& files, std::string_view setting) {
 
 std::string WindowsPaths::Plain(std::string_view path) const {
     path = ascii::Trim(path);
-    // Behind the quotes there may be arguments.
+    // After the quotes there may be arguments.
     if (path.starts_with('"'))
         path = path.substr(1, std::min(path.find('"', 1), path.size()) - 1);
     std::string plain = Expanded(path, 0);

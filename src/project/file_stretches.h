@@ -20,5 +20,5 @@
 [[nodiscard]] std::vector<Stretch> InFile(std::string_view bytes, const std::vector<Stretch>& gone,
                                           const std::vector<Stretch>& inText);
 
-/// The position in the text read from Without(bytes, gone) at which a byte stood, or stands.
+/// The position in the text read from Without(bytes, gone) at which a byte was, or is.
 [[nodiscard]] Pos InText(std::string_view bytes, const std::vector<Stretch>& gone, Pos byte);

@@ -1,5 +1,5 @@
 // Objects are cut in rounds: in each as many as are apart in the text, then the module is read again, as a cut depends
-// on what stands beside it. If a round changes another object, its objects are tried one by one.
+// on what is beside it. If a round changes another object, its objects are tried one by one.
 #include "project/module_cutter.h"
 
 #include <algorithm>
@@ -40,7 +40,7 @@ Seen SeenIn(const CodeObject& object) {
     return seen;
 }
 
-/// Calls `use` for all objects that stand in the text. Left out are those that stand for something else, and locals of
+/// Calls `use` for all objects that are in the text. Left out are those that stand for something else, and locals of
 /// a ReDim, which depend on the variables of the module.
 template <class Use>
 void ForEachInText(const clsModul& modul, const Use& use) {

@@ -248,7 +248,7 @@ private:
         if (!commas.empty())
             return CutDeclarator(name, last, commas);
         if (isLocal && !HasLineForItself(first, last))
-            return Unclear();  // it may stand behind Then, or its colon may belong to a label
+            return Unclear();  // it may follow Then, or its colon may belong to a label
         return Whole(first, last);
     }
 

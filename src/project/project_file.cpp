@@ -191,15 +191,6 @@ std::string Get_Pfad_Aus_ModulEintrag(std::string_view projektDir, std::string_v
     return std::string(projektDir).append(rest);
 }
 
-std::string Get_ProjektName(const clsProjekt& projekt) {
-    if (!projekt.TheFiles().FileExists(projekt.FullPath))
-        return {};
-    const FileText file = projekt.TheFiles().ReadText(projekt.FullPath);
-    if (file.error != FileError::None)
-        ShowFileError("clsProjekt: Get_ProjektName", file.error);
-    return NameListed(file.text);
-}
-
 void ReadProjectLines(clsProjekt& projekt, std::string_view projectText) {
     projekt.MyName = NameListed(projectText);
     projekt.Type.clear();

@@ -30,9 +30,6 @@ void Projekt_Laden(clsProjekt& projekt, LibrarySearch* search = nullptr);
 /// Sets name, type and start-up object of a project.
 void ReadProjectLines(clsProjekt& projekt, std::string_view projectText);
 
-/// Text between the first two quotes of the last Name line of the project file.
-[[nodiscard]] std::string Get_ProjektName(const clsProjekt& projekt);
-
 /// Whether a line of a project file lists a module.
 [[nodiscard]] bool IsModuleLine(std::string_view line);
 /// Full path of the file that a module line names.

@@ -30,7 +30,7 @@ using ModuleRead = std::function<Taken(std::size_t change, const clsModul& modul
 /// and, where they were known, the graph of calls and the marks. Raises the generation and calls the project's
 /// listeners once. Pointers to objects of exchanged modules are invalid afterwards, and so is every clsCall. Changes of
 /// which none was taken leave everything as it is.
-/// @param order  indices of all modules as the project is to have them: those of OwnedModules, and behind them those
+/// @param order  indices of all modules as the project is to have them: those of OwnedModules, and after them those
 ///               appended; empty if they stay in this order
 void Replace(clsProjekt& projekt, const std::vector<ModuleChange>& changes, const ModuleRead& taken = {},
              const std::vector<std::size_t>& order = {});

@@ -1,5 +1,5 @@
 // What only the words of the code say about who calls a procedure: AddressOf, Implements, WithEvents, and names that
-// stand alone in a string literal.
+// are alone in a string literal.
 #pragma once
 
 #include <vector>
@@ -10,7 +10,7 @@
 class clsModul;
 class clsProjekt;
 
-/// A name of the project, in lower case, and where it stands in its module.
+/// A name of the project, in lower case, and where it is in its module.
 struct NamePlace {
     Name name;
     Pos pos = 0;

@@ -202,7 +202,7 @@ void DeadObjects::ByMentions() {
     }
 }
 
-// Procedures, and the variables that CallByName finds. A name of one object can stand in a literal of any module.
+// Procedures, and the variables that CallByName finds. A name of one object can be in a literal of any module.
 void DeadObjects::ByStrings() {
     std::unordered_map<std::string_view, std::pair<const clsModul*, Pos>> literals;
     for (const CodeMarks& marks : reach_.Marks())
@@ -239,7 +239,7 @@ bool DeadObjects::ByOwners() {
     return isAnyLower;
 }
 
-// Whether a member behind this one that stays gets its value from its place.
+// Whether a member after this one that stays gets its value from its place.
 bool DeadObjects::OthersCountOn(const clsVariable& member) const {
     bool isBehind = false;
     const std::string_view text = member.Modul->text->ModulTextOrg();

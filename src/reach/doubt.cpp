@@ -49,7 +49,7 @@ public:
 private:
     [[nodiscard]] std::string_view Word(int nr) const { return tokens_.Text(modul_.text->ModulTextOrg(), nr); }
 
-    // What stands before the bracket that the one at `nr` closes.
+    // What is before the bracket that the one at `nr` closes.
     [[nodiscard]] int BeforeBracket(int nr) const {
         int depth = 0;
         for (; nr > 0; --nr) {

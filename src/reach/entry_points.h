@@ -22,13 +22,13 @@ enum class EntryKind : std::uint8_t {
     ExportedControl,  // public in a user control that they may use
     AddressOf,        // passed to Windows as an address
     Declared,         // the user says so
-    NamedInString,    // its name stands alone in a string literal: CallByName, Application.Run (possible)
+    NamedInString,    // its name is alone in a string literal: CallByName, Application.Run (possible)
 };
 
 struct EntryPoint {
     const CodeObject* object = nullptr;
     EntryKind kind = EntryKind::StartUp;
-    const clsModul* modul = nullptr;  // where AddressOf or the literal stands; null for the other kinds
+    const clsModul* modul = nullptr;  // where AddressOf or the literal is; null for the other kinds
     Pos pos = 0;
     /// False if it is only possible that something begins there.
     [[nodiscard]] bool IsCertain() const { return kind != EntryKind::NamedInString; }

@@ -69,7 +69,7 @@ void Links::AddHolders(const clsModul& modul, Step firstEdge) {
             for (const clsVariable* member : static_cast<const clsEnum*>(object)->MyVars)
                 add(*member);
     }
-    // Of two at one place the later one is the inner: Me stands where the first declaration does, and comes before it.
+    // Of two at one place the later one is the inner: Me is where the first declaration is, and comes before it.
     std::ranges::stable_sort(declared, {}, &Declared::start);
     const auto first = static_cast<std::uint32_t>(holders_.size());
     auto next = declared.begin();

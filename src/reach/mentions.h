@@ -18,8 +18,7 @@ struct Mention {
     Pos pos = 0;
 };
 
-/// In the order of AllModules, those of a module by kind. A name that a local of the procedure has, or an argument
-/// behind which ":=" stands, means no object; behind a point it means one only if its module or enumeration stands
-/// before.
+/// In the order of AllModules, those of a module by kind. The name of a local of the procedure, or of an argument that
+/// ":=" follows, means no object. A name after a point means one only if the name before is its module or enumeration.
 /// @param objects  those that are looked for
 [[nodiscard]] std::vector<Mention> MentionsOf(const clsProjekt& projekt, const std::vector<const CodeObject*>& objects);

@@ -14,7 +14,7 @@ bool IsForeign(const Reach& reach, const Link& link) {
     return doubt.kind == DoubtKind::UnknownType;
 }
 
-// Of a procedure whose mark says that it lives because of where it stands.
+// Of a procedure whose mark says that it lives because of where it is.
 bool LivesByRule(const CodeObject& object) {
     if (object.Class() != ObjectClass::Prozedur || object.IsDeath != 0)
         return false;

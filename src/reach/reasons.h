@@ -28,7 +28,7 @@ enum class DoubtKind : std::uint8_t {
     With,           // a member of the object of a With block
     Expression,     // a member of what an expression gives
     UnknownName,    // a member of a name that is not known
-    NamedInString,  // no call: the name stands in a string literal
+    NamedInString,  // no call: the name is in a string literal
 };
 struct Doubt {
     DoubtKind kind = DoubtKind::None;
@@ -52,7 +52,7 @@ enum class Grade : std::uint8_t { Living, Sure, Likely, CannotTell };
 enum class GradeReason : std::uint8_t {
     None,  // of Living and Sure
     // likely
-    ShiftsMembers,     // members of its enumeration behind it count on from it
+    ShiftsMembers,     // members of its enumeration after it count on from it
     ChangesLayout,     // its type keeps other members, and its layout may matter
     InterfaceMember,   // classes implement it, so it goes with their procedures
     DesignerProperty,  // a property of a user control, which a form may set in its designer

@@ -19,7 +19,7 @@ void Timer_Stop(TimingRecord& record);
 /// Clears the times and the total, but not the counts of starts and stops.
 void Timer_Reset(TimingRecord& record);
 
-/// While one lives, a person is asked, and query timers stand still. Nests.
+/// While one lives, a person is asked, and query timers stop. Nests.
 class WaitForAnswer {
 public:
     WaitForAnswer();

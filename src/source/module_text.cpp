@@ -66,32 +66,21 @@ Pos ModuleText::LineBegin(std::string_view text, Pos pos, bool safe) const {
     return 0;
 }
 
-Pos ModuleText::Get_VBZeilenBeginn(Pos pos) const {
-    return LineBegin(ModulText(), pos, false);
-}
-
 Pos ModuleText::Get_VBZeilenBeginn_Safe(Pos pos) const {
     return pos < 1 ? 0 : LineBegin(ModulText(), pos, true);
 }
 
-bool ModuleText::Line(std::string_view from, std::string_view tag, bool safe, Pos pos, Pos& start, Pos& length,
+bool ModuleText::Line(std::string_view from, std::string_view tag, Pos pos, Pos& start, Pos& length,
                       std::string_view& text) const {
-    if (safe && pos < 1)
-        start = 0;
-    else
-        start = LineBegin(from, pos, safe);
+    start = LineBegin(from, pos, false);
     length = LineEnd(from, pos) - start;
     return Attempt(tag, [&] { text = Mid(from, start, length); });
 }
 
 bool ModuleText::Get_VBZeile_Nach_Pos(Pos pos, Pos& start, Pos& length, std::string_view& text) const {
-    return Line(ModulText(), "clsModul: Get_VBZeile_Nach_Pos", false, pos, start, length, text);
+    return Line(ModulText(), "clsModul: Get_VBZeile_Nach_Pos", pos, start, length, text);
 }
 
 bool ModuleText::Get_VBZeile_Nach_Pos_Org(Pos pos, Pos& start, Pos& length, std::string_view& text) const {
-    return Line(original_, "clsModul: Get_VBZeile_Nach_Pos_Org", false, pos, start, length, text);
-}
-
-bool ModuleText::Get_VBZeile_Nach_Pos_Safe(Pos pos, Pos& start, Pos& length, std::string_view& text) const {
-    return Line(ModulText(), "clsModul: Get_VBZeile_Nach_Pos_Safe", true, pos, start, length, text);
+    return Line(original_, "clsModul: Get_VBZeile_Nach_Pos_Org", pos, start, length, text);
 }

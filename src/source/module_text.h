@@ -70,19 +70,16 @@ public:
     /// Position of the CR that ends the logical line around `pos`.
     /// Returns 0 when no further line end follows, as in a last line without CR LF.
     [[nodiscard]] Pos Get_VBZeilenEnde(Pos pos) const { return LineEnd(ModulText(), pos); }
-    /// First character of the logical line around `pos`; 0 when the text begins with a continuation.
-    /// A line break at the very start of the text (positions 1 and 2) is reported on the way.
-    [[nodiscard]] Pos Get_VBZeilenBeginn(Pos pos) const;
-    /// The same without the report; 0 for positions below 1.
+    /// First character of the logical line around `pos`; 0 when the text begins with a continuation, and for positions
+    /// below 1.
     [[nodiscard]] Pos Get_VBZeilenBeginn_Safe(Pos pos) const;
 
     /// The logical line around `pos`. All three are set one by one: when the line has no end, that is
     /// reported, `length` is negative and `text` keeps its former value. Returns false then.
+    /// A line break at the very start of the text (positions 1 and 2) is reported on the way.
     bool Get_VBZeile_Nach_Pos(Pos pos, Pos& start, Pos& length, std::string_view& text) const;
     /// The same from the original spelling.
     bool Get_VBZeile_Nach_Pos_Org(Pos pos, Pos& start, Pos& length, std::string_view& text) const;
-    /// As the first, with the safe begin of the line.
-    bool Get_VBZeile_Nach_Pos_Safe(Pos pos, Pos& start, Pos& length, std::string_view& text) const;
 
     /// From `start` up to `ende`, which is exclusive. Throws VbError 5 for a negative stretch.
     [[nodiscard]] std::string_view Get_String(Pos start, Pos ende) const {
@@ -102,7 +99,7 @@ private:
     void BuildMap() const;
     [[nodiscard]] static Pos LineEnd(std::string_view text, Pos pos);
     [[nodiscard]] Pos LineBegin(std::string_view text, Pos pos, bool safe) const;
-    bool Line(std::string_view from, std::string_view tag, bool safe, Pos pos, Pos& start, Pos& length,
+    bool Line(std::string_view from, std::string_view tag, Pos pos, Pos& start, Pos& length,
               std::string_view& text) const;
 
     std::pmr::string original_;

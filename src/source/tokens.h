@@ -1,4 +1,4 @@
-// The tokens of a module: where each word, sign or literal stands and which statement it belongs to. A token
+// The tokens of a module: where each word, sign or literal is and which statement it belongs to. A token
 // keeps no text of its own, so the table is good for both spellings of the module's text.
 #pragma once
 
@@ -18,7 +18,7 @@ struct Token {
     bool operator==(const Token&) const = default;
 };
 
-/// Numbered from 1. Number 0 and numbers behind the last stand for no token: position and length 0, and no
+/// Numbered from 1. Number 0 and numbers after the last stand for no token: position and length 0, and no
 /// statement that a real token could belong to.
 class TokenTable {
 public:
@@ -27,7 +27,7 @@ public:
     [[nodiscard]] Pos LenOf(int nr) const {
         return Inside(nr) ? static_cast<Pos>(packed_[static_cast<std::size_t>(nr)].lenAndStart >> 1) : 0;
     }
-    /// Position behind the token.
+    /// Position after the token.
     [[nodiscard]] Pos EndOf(int nr) const { return PosOf(nr) + LenOf(nr); }
     /// Whether the token is the first of its statement; true for numbers that stand for no token.
     [[nodiscard]] bool StartsStatement(int nr) const {
@@ -79,7 +79,7 @@ class ModuleText;
 
 /// Cuts the text into tokens, once, from its first character. Closing quotes get the NotCompile flag and odd
 /// comments their comment flag on the way, so a second run over the same map would give other tokens.
-/// A pending token at the end of the text, without a line end behind it, is left out.
+/// A pending token at the end of the text, without a line end after it, is left out.
 /// @param memory  where the tokens live
 [[nodiscard]] TokenTable Analyse_Parsen(ModuleText& text,
                                         std::pmr::memory_resource* memory = std::pmr::get_default_resource());

@@ -6,7 +6,6 @@
 #include <QDateTime>
 #include <QHelpEvent>
 #include <QMimeData>
-#include <QPainter>
 #include <QScrollBar>
 #include <QStyleHints>
 #include <QToolTip>
@@ -16,6 +15,7 @@
 #include "shell/settings.h"
 #include "views/commands.h"
 #include "widgets/code_style.h"
+#include "widgets/empty_text.h"
 #include "widgets/qt_text.h"
 
 namespace {
@@ -290,13 +290,8 @@ void BaumView::contextMenuEvent(QContextMenuEvent* event) {
 
 void BaumView::paintEvent(QPaintEvent* event) {
     QTreeView::paintEvent(event);
-    if (Tree().Count() > 0 || emptyText_.isEmpty())
-        return;
-    QPainter painter(viewport());
-    painter.setPen(Dimmed(palette(), palette().color(QPalette::Base)));
-    const int margin = fontMetrics().height();
-    painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
-                     Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, emptyText_);
+    if (Tree().Count() == 0)
+        PaintEmptyText(*this, palette().color(QPalette::Base), emptyText_);
 }
 
 void BaumView::changeEvent(QEvent* event) {

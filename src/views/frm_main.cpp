@@ -2,11 +2,8 @@
 #include "views/frm_main.h"
 
 #include <QCloseEvent>
-#include <QDragEnterEvent>
-#include <QMimeData>
 #include <QStackedWidget>
 #include <QStatusBar>
-#include <QUrl>
 #include <QVBoxLayout>
 
 #include "display/problem_meaning.h"
@@ -25,6 +22,7 @@
 #include "views/content_stack.h"
 #include "views/context_menu_key.h"
 #include "views/deleted_list.h"
+#include "views/file_drops.h"
 #include "views/frm_about.h"
 #include "views/frm_error.h"
 #include "views/frm_keys.h"
@@ -56,30 +54,18 @@ namespace {
 
 constexpr QSize kSmallestWindow(720, 480);
 
-// The project or diagram that is dragged, or an empty text.
-QString DroppedFile(const QMimeData* data) {
-    const QList<QUrl> urls = data->urls();
-    if (urls.size() != 1 || !urls.front().isLocalFile())
-        return {};
-    const QString path = urls.front().toLocalFile();
-    const bool fits = path.endsWith(QStringLiteral(".vbp"), Qt::CaseInsensitive) ||
-                      path.endsWith(QStringLiteral(".ovg"), Qt::CaseInsensitive);
-    return fits ? path : QString();
-}
-
 }  // namespace
 
 frmMain::frmMain(Files& files, SettingsFile& file, Settings settings, std::string programDirectory)
     : files_(files),
       file_(file),
       settings_(std::move(settings)),
-      programDirectory_(std::move(programDirectory)),
       commands_(new Commands(this)),
       dialogs_{.progress = new frmProgress(this),
                .error = new frmError(this),
                .about = new frmAbout(this),
                .keys = new frmKeys(this),
-               .options = new frmOptionen(files, file, settings_, programDirectory_, this),
+               .options = new frmOptionen(files, file, settings_, std::move(programDirectory), this),
                .problems = new ProblemsList(this),
                .deleted = new DeletedList(this),
                .missingFiles = std::make_unique<MissingFileQuestion>(this)},
@@ -97,8 +83,8 @@ frmMain::frmMain(Files& files, SettingsFile& file, Settings settings, std::strin
     setWindowTitle(ToQString(kProgramTitle));
     setMinimumSize(kSmallestWindow);
     setWindowIcon(ApplicationIcon());
-    setAcceptDrops(true);
     new ContextMenuKey(this);
+    connect(new FileDrops(this), &FileDrops::Dropped, this, &frmMain::OpenFile);
     // QMainWindow's own context menu would let the user hide the toolbar, for which there is no command.
     setContextMenuPolicy(Qt::NoContextMenu);
     addToolBar(toolbar_);
@@ -371,21 +357,6 @@ void frmMain::closeEvent(QCloseEvent* event) {
     SizeSave_Write(file_, size);
     LeaveProject();
     event->accept();
-}
-
-void frmMain::dragEnterEvent(QDragEnterEvent* event) {
-    if (!DroppedFile(event->mimeData()).isEmpty())
-        event->acceptProposedAction();
-}
-
-void frmMain::dropEvent(QDropEvent* event) {
-    const QString path = DroppedFile(event->mimeData());
-    if (path.isEmpty())
-        return;
-    event->acceptProposedAction();
-    // After the drop: the source of the drag, often a file manager, is blocked until this function returns.
-    QMetaObject::invokeMethod(
-        this, [this, path] { OpenFile(FromPath(path)); }, Qt::QueuedConnection);
 }
 
 void frmMain::changeEvent(QEvent* event) {

@@ -70,7 +70,7 @@ public:
 
     /// Makes the object of a node the current one and shows it in every pane.
     bool ActivateKey(const NodeId& node);
-    /// The same for what stands at a line of a module, which is selected in the code.
+    /// The same for what is at a line of a module, which is selected in the code.
     void ActivateLine(const std::string& modulKey, int line);
 
     /// Deletes the selected object from the text of its module, after a question.
@@ -94,8 +94,6 @@ public:
 
 protected:
     void closeEvent(QCloseEvent* event) override;
-    void dragEnterEvent(QDragEnterEvent* event) override;
-    void dropEvent(QDropEvent* event) override;
     void changeEvent(QEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -197,7 +195,6 @@ private:
     Files& files_;
     SettingsFile& file_;
     Settings settings_;
-    std::string programDirectory_;
     Commands* commands_;
     Dialogs dialogs_;
     Workspace workspace_;

@@ -117,7 +117,7 @@ void frmMain::DeleteDead() {
     dialogs_.deleted->Present();
 }
 
-// True if something was deleted; what could not be is told.
+// True if something was deleted; shows what could not be.
 bool frmMain::Delete(const std::vector<DeletionRow>& rows) {
     std::vector<Deletions::Refused> refused;
     for (const DeletionRow& row : rows)

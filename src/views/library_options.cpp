@@ -53,7 +53,7 @@ void LibraryOptions::TakeValues(Settings& values) const {
     values.RegistryFiles = SplitList(FromPath(rows_[Registry].text->text()));
 }
 
-// A further folder or file joins those that stand there; a prefix takes the place of the one before.
+// A further folder or file joins those that are there; a prefix takes the place of the one before.
 void LibraryOptions::Choose(Field field) {
     QFileDialog dialog(this, rows_[field].text->accessibleName());
     dialog.setFileMode(field == Registry ? QFileDialog::ExistingFiles : QFileDialog::Directory);

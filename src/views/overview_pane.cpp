@@ -13,7 +13,7 @@
 
 namespace {
 
-constexpr int kTwoColumns = 760;  // from this width on, numbers and modules stand beside each other
+constexpr int kTwoColumns = 760;  // from this width on, numbers and modules are beside each other
 constexpr int kWidestColumn = 560;
 
 Text TitleOf(OverviewList list) {
@@ -107,7 +107,7 @@ void OverviewPane::BuildPage() {
     largestTitle_->setMargin(6);
     readCalls_->setObjectName(QStringLiteral("readCalls"));
     readCalls_->setIcon(IconFor("CallsReadNot"));
-    readCalls_->hide();  // until there are numbers, among which it stands
+    readCalls_->hide();  // until there are numbers, among which it is
     columns_->setSpacing(28);
     columns_->addWidget(left, 1);
     columns_->addWidget(right, 1);
@@ -249,7 +249,7 @@ void OverviewPane::Fill() {
     FillNumbers();
     FillLargest();
     AlignColumns();
-    // The lines come where the pane stands among the others, not after all of them.
+    // The lines come where the pane is among the others, not after all of them.
     QWidget* before = table_;
     for (OverviewRow* row : rows_)
         if (row->focusPolicy() != Qt::NoFocus) {

@@ -13,26 +13,7 @@ namespace {
 
 constexpr int kSortRole = Qt::UserRole;
 
-QString FromUtf8(const std::string& text) {
-    return QString::fromStdString(text);
-}
-
 }  // namespace
-
-void OverviewModel::Show(std::vector<ListedObject> rows) {
-    beginResetModel();
-    rows_ = std::move(rows);
-    endResetModel();
-}
-
-const ListedObject* OverviewModel::RowAt(const QModelIndex& index) const {
-    const auto row = static_cast<std::size_t>(index.row());
-    return index.isValid() && row < rows_.size() ? &rows_[row] : nullptr;
-}
-
-int OverviewModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
-}
 
 int OverviewModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : Columns;
@@ -50,13 +31,13 @@ QVariant OverviewModel::data(const QModelIndex& index, int role) const {
         return {};
     switch (index.column()) {
         case Change:
-            return FromUtf8(row->change);
+            return QString::fromStdString(row->change);
         case Name:
-            return FromUtf8(row->name);
+            return QString::fromStdString(row->name);
         case Kind:
-            return FromUtf8(row->kind);
+            return QString::fromStdString(row->kind);
         case Where:
-            return FromUtf8(row->place);
+            return QString::fromStdString(row->place);
         case Lines:
             return row->lines > 0 ? NumberText(row->lines) : QString();
         default:

@@ -6,26 +6,20 @@
 #include <vector>
 
 #include "display/overview_lists.h"
+#include "views/rows_model.h"
 
 class QSortFilterProxyModel;
 
-class OverviewModel final : public QAbstractTableModel {
+class OverviewModel final : public RowsModel<ListedObject, QAbstractTableModel> {
     Q_OBJECT
 
 public:
     enum Column { Change, Name, Kind, Where, Lines, Columns };
-    using QAbstractTableModel::QAbstractTableModel;
+    using RowsModel::RowsModel;
 
-    void Show(std::vector<ListedObject> rows);
-    [[nodiscard]] const ListedObject* RowAt(const QModelIndex& index) const;
-
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-
-private:
-    std::vector<ListedObject> rows_;
 };
 
 class OverviewTable final : public QTableView {

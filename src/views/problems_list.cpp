@@ -68,27 +68,12 @@ QString WholeText(const ProblemEntry& entry) {
 
 }  // namespace
 
-void ProblemsModel::Refresh() {
-    beginResetModel();
-    entries_ = gProjekt ? ProblemEntries(*gProjekt) : std::vector<ProblemEntry>();
-    endResetModel();
-}
-
-const ProblemEntry* ProblemsModel::EntryAt(const QModelIndex& index) const {
-    const auto row = static_cast<std::size_t>(index.row());
-    return index.isValid() && row < entries_.size() ? &entries_[row] : nullptr;
-}
-
-int ProblemsModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(entries_.size());
-}
-
 int ProblemsModel::columnCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : Columns;
 }
 
 QVariant ProblemsModel::data(const QModelIndex& index, int role) const {
-    const ProblemEntry* entry = EntryAt(index);
+    const ProblemEntry* entry = RowAt(index);
     if (!entry || (role != Qt::DisplayRole && role != Qt::ToolTipRole))
         return {};
     switch (index.column()) {
@@ -215,7 +200,7 @@ void ProblemsList::Texte() {
 
 void ProblemsList::Refresh() {
     walk_.Restart();
-    model_->Refresh();
+    model_->Show(gProjekt ? ProblemEntries(*gProjekt) : std::vector<ProblemEntry>());
     const bool isEmpty = model_->rowCount() == 0;
     pages_->setCurrentWidget(isEmpty ? static_cast<QWidget*>(empty_) : table_);
     whole_->setVisible(!isEmpty);
@@ -226,7 +211,7 @@ void ProblemsList::Refresh() {
 }
 
 const ProblemEntry* ProblemsList::Selected() const {
-    return model_->EntryAt(sorted_->mapToSource(table_->currentIndex()));
+    return model_->RowAt(sorted_->mapToSource(table_->currentIndex()));
 }
 
 void ProblemsList::ShowSelected() {

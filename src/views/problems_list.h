@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "display/problem_entries.h"
+#include "views/rows_model.h"
 
 class QLabel;
 class QPlainTextEdit;
@@ -16,23 +17,16 @@ class QSortFilterProxyModel;
 class QStackedWidget;
 class QTableView;
 
-class ProblemsModel final : public QAbstractTableModel {
+class ProblemsModel final : public RowsModel<ProblemEntry, QAbstractTableModel> {
     Q_OBJECT
 public:
     enum Column { What, Where, Line, Meaning, Columns };
 
-    using QAbstractTableModel::QAbstractTableModel;
-    /// Reads the current list.
-    void Refresh();
-    [[nodiscard]] const ProblemEntry* EntryAt(const QModelIndex& index) const;
+    using RowsModel::RowsModel;
 
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] int columnCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
-
-private:
-    std::vector<ProblemEntry> entries_;
 };
 
 class ProblemsList final : public QDialog {

@@ -60,7 +60,7 @@ bool AskOkCancel(QWidget* window, const QString& text) {
 
 namespace {
 
-// Tabs stand between columns. In a proportional font only a table lines them up.
+// There are tabs between columns. In a proportional font only a table lines them up.
 QString AsTable(const QString& text) {
     QString rows;
     for (const QString& line : text.split(QLatin1Char('\n'))) {

@@ -1,16 +1,11 @@
 #include "views/reach_list.h"
 
-#include <QApplication>
-#include <QClipboard>
-#include <QContextMenuEvent>
 #include <QMenu>
 #include <QPainter>
+#include <QResizeEvent>
 #include <algorithm>
 
-#include "views/commands.h"
-#include "views/context_ways.h"
 #include "views/two_line_delegate.h"
-#include "widgets/code_style.h"
 #include "widgets/icons.h"
 #include "widgets/qt_text.h"
 #include "widgets/window_style.h"
@@ -19,10 +14,6 @@ namespace {
 
 constexpr int kMargin = 6;
 using Kind = ReachRow::Kind;
-
-QString Utf8(const std::string& text) {
-    return QString::fromStdString(text);
-}
 
 Kind KindOf(const QModelIndex& index) {
     return static_cast<Kind>(index.data(ReachModel::KindRole).toInt());
@@ -75,21 +66,6 @@ private:
 
 }  // namespace
 
-void ReachModel::Show(std::vector<ReachRow> rows) {
-    beginResetModel();
-    rows_ = std::move(rows);
-    endResetModel();
-}
-
-const ReachRow* ReachModel::RowAt(const QModelIndex& index) const {
-    const auto row = static_cast<std::size_t>(index.row());
-    return index.isValid() && row < rows_.size() ? &rows_[row] : nullptr;
-}
-
-int ReachModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
-}
-
 QVariant ReachModel::data(const QModelIndex& index, int role) const {
     const ReachRow* row = RowAt(index);
     if (!row)
@@ -97,15 +73,15 @@ QVariant ReachModel::data(const QModelIndex& index, int role) const {
     switch (role) {
         case TwoLineDelegate::NameRole:
         case Qt::DisplayRole:
-            return Utf8(row->text);
+            return QString::fromStdString(row->text);
         case Qt::DecorationRole:
             return row->image.empty() ? QVariant() : IconFor(row->image);
         case TwoLineDelegate::AboutRole:
-            return Utf8(row->about);
+            return QString::fromStdString(row->about);
         case Qt::ToolTipRole:
-            return row->kind == Kind::Item ? Utf8(row->text + "\n" + row->about) : QVariant();
+            return row->kind == Kind::Item ? QString::fromStdString(row->text + "\n" + row->about) : QVariant();
         case Qt::AccessibleTextRole:
-            return Utf8(row->about.empty() ? row->text : row->text + ", " + row->about);
+            return QString::fromStdString(row->about.empty() ? row->text : row->text + ", " + row->about);
         case KindRole:
             return static_cast<int>(row->kind);
         default:
@@ -118,24 +94,16 @@ Qt::ItemFlags ReachModel::flags(const QModelIndex& index) const {
     return index.isValid() ? Qt::ItemIsEnabled | Qt::ItemIsSelectable | Qt::ItemNeverHasChildren : Qt::NoItemFlags;
 }
 
-ReachList::ReachList(QWidget* parent) : QListView(parent), model_(new ReachModel(this)) {
-    setModel(model_);
+ReachList::ReachList(QWidget* parent) : ReachList(new ReachModel, parent) {}
+
+ReachList::ReachList(ReachModel* model, QWidget* parent) : ObjectList(model, parent), model_(model) {
     setItemDelegate(new ReachDelegate(this));
-    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     setVerticalScrollMode(ScrollPerPixel);
-    setEditTriggers(NoEditTriggers);
-    setTabKeyNavigation(false);
-    connect(this, &QListView::doubleClicked, this, [this](const QModelIndex& index) { Choose(index, false); });
 }
 
 void ReachList::Show(std::vector<ReachRow> rows) {
     model_->Show(std::move(rows));
     scrollToTop();
-    viewport()->update();
-}
-
-void ReachList::SetWhyNone(const QString& whyNone) {
-    whyNone_ = whyNone;
     viewport()->update();
 }
 
@@ -145,8 +113,8 @@ void ReachList::SetCurrentPlace(int place) {
         setCurrentIndex(model_->index(static_cast<int>(row - Rows().begin())));
 }
 
-std::string ReachList::CurrentObject() const {
-    const ReachRow* const row = CurrentRow();
+std::string ReachList::KeyAt(const QModelIndex& index) const {
+    const ReachRow* const row = model_->RowAt(index);
     return row ? row->key : std::string();
 }
 
@@ -175,60 +143,15 @@ void ReachList::Choose(const QModelIndex& index, bool stays) {
         Q_EMIT RowChosen(ReachRow(*row), stays);
 }
 
-void ReachList::Copy(bool all) const {
-    const ReachRow* const row = CurrentRow();
-    if (all)
-        QApplication::clipboard()->setText(Utf8(AsText(Rows())));
-    else if (row)
-        QApplication::clipboard()->setText(Utf8(AsText({*row})).trimmed());
+QString ReachList::CopyOf(bool all) const {
+    return all ? QString::fromStdString(AsText(Rows())) : QString::fromStdString(AsText({*CurrentRow()})).trimmed();
 }
 
-void ReachList::keyPressEvent(QKeyEvent* event) {
-    if (event == QKeySequence::Copy)
-        Copy(false);
-    else if ((event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) && currentIndex().isValid())
-        Choose(currentIndex(), false);
-    else
-        return QListView::keyPressEvent(event);
-    event->accept();
-}
-
-void ReachList::mouseReleaseEvent(QMouseEvent* event) {
-    QListView::mouseReleaseEvent(event);
-    const QModelIndex index = indexAt(event->position().toPoint());
-    const ReachRow* const row = model_->RowAt(index);
-    const bool extends = selectionMode() == ExtendedSelection && event->modifiers() != Qt::NoModifier;
-    if (!row || event->button() != Qt::LeftButton || extends)
-        return;
-    if (event->modifiers().testFlag(Qt::ControlModifier) && !row->key.empty())
-        Q_EMIT GoToAsked(std::string(row->key));
-    else
-        Choose(index, true);
-}
-
-void ReachList::contextMenuEvent(QContextMenuEvent* event) {
-    event->accept();
-    const bool byMouse = event->reason() == QContextMenuEvent::Mouse;
-    const QModelIndex index = byMouse ? indexAt(event->pos()) : currentIndex();
-    const ReachRow* const row = model_->RowAt(index);
-    if (!row)
-        return;
-    selectionModel()->setCurrentIndex(index, selectionModel()->isSelected(index) ? QItemSelectionModel::NoUpdate
-                                                                                 : QItemSelectionModel::ClearAndSelect);
-    auto* menu = new QMenu(this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    const std::string key = row->key;
-    using Way = std::function<void()>;
-    AddWays(
-        *menu, key.empty() ? Way() : [this, key] { Q_EMIT GoToAsked(key); },
-        key.empty() ? Way() : [this, key] { Q_EMIT CallersAsked(key); },
-        key.empty() ? Way() : [this, key] { Q_EMIT GraphAsked(key); });
+void ReachList::AddItems(QMenu& menu) {
     if (addItems_)
-        addItems_(*menu, key);
-    menu->addAction(TextNr(Text::Copy), this, [this] { Copy(false); });
-    menu->addAction(TextNr(Text::CopyAsText), this, [this] { Copy(true); });
-    Commands::GiveLetters(menu->actions());
-    menu->popup(byMouse ? event->globalPos() : viewport()->mapToGlobal(visualRect(index).bottomLeft()));
+        addItems_(menu, CurrentObject());
+    menu.addAction(TextNr(Text::Copy), this, [this] { Copy(false); });
+    menu.addAction(TextNr(Text::CopyAsText), this, [this] { Copy(true); });
 }
 
 // Sentences wrap at the new width.
@@ -236,15 +159,4 @@ void ReachList::resizeEvent(QResizeEvent* event) {
     QListView::resizeEvent(event);
     if (event->size().width() != event->oldSize().width())
         scheduleDelayedItemsLayout();
-}
-
-void ReachList::paintEvent(QPaintEvent* event) {
-    QListView::paintEvent(event);
-    if (!Rows().empty())
-        return;
-    QPainter painter(viewport());
-    painter.setPen(Dimmed(palette(), palette().color(QPalette::Base)));
-    const int margin = fontMetrics().height();
-    painter.drawText(viewport()->rect().adjusted(margin, margin, -margin, -margin),
-                     Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, whyNone_);
 }

@@ -3,35 +3,26 @@
 #pragma once
 
 #include <QAbstractListModel>
-#include <QListView>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "display/reach_rows.h"
+#include "views/object_list.h"
+#include "views/rows_model.h"
 
-class QMenu;
-
-class ReachModel final : public QAbstractListModel {
+class ReachModel final : public RowsModel<ReachRow, QAbstractListModel> {
     Q_OBJECT
 
 public:
     enum Role { KindRole = Qt::UserRole + 10 };
 
-    using QAbstractListModel::QAbstractListModel;
-    void Show(std::vector<ReachRow> rows);
-    [[nodiscard]] const std::vector<ReachRow>& Rows() const { return rows_; }
-    [[nodiscard]] const ReachRow* RowAt(const QModelIndex& index) const;
-
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    using RowsModel::RowsModel;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
     [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
-
-private:
-    std::vector<ReachRow> rows_;
 };
 
-class ReachList final : public QListView {
+class ReachList final : public ObjectList {
     Q_OBJECT
 
 public:
@@ -39,13 +30,9 @@ public:
 
     void Show(std::vector<ReachRow> rows);
     [[nodiscard]] const std::vector<ReachRow>& Rows() const { return model_->Rows(); }
-    /// Shown in place of rows if there are none.
-    void SetWhyNone(const QString& whyNone);
     [[nodiscard]] const ReachRow* CurrentRow() const { return model_->RowAt(currentIndex()); }
     /// Makes the row with that place the current one; nothing is chosen by that.
     void SetCurrentPlace(int place);
-    /// The key of the object of the current row; empty for none.
-    [[nodiscard]] std::string CurrentObject() const;
     /// The rows whose objects the user means: several selected ones, otherwise all of the section of the current one.
     [[nodiscard]] std::vector<std::string> KeysMeant() const;
     /// Adds further items to the context menu of a row, which is the current one.
@@ -54,22 +41,17 @@ public:
 Q_SIGNALS:
     /// @param stays  false if the user wants to go on in the code
     void RowChosen(const ReachRow& row, bool stays);
-    void GoToAsked(const std::string& key);
-    void CallersAsked(const std::string& key);
-    void GraphAsked(const std::string& key);
 
 protected:
-    void keyPressEvent(QKeyEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-    void contextMenuEvent(QContextMenuEvent* event) override;
+    [[nodiscard]] std::string KeyAt(const QModelIndex& index) const override;
+    void Choose(const QModelIndex& index, bool stays) override;
+    [[nodiscard]] QString CopyOf(bool all) const override;
+    void AddItems(QMenu& menu) override;
     void resizeEvent(QResizeEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 
 private:
-    void Choose(const QModelIndex& index, bool stays);
-    void Copy(bool all) const;
+    ReachList(ReachModel* model, QWidget* parent);
 
     ReachModel* model_;
-    QString whyNone_;
     std::function<void(QMenu&, const std::string&)> addItems_;
 };

@@ -3,33 +3,28 @@
 #pragma once
 
 #include <QAbstractListModel>
-#include <QListView>
 #include <functional>
 #include <string>
 #include <vector>
 
 #include "display/call_places.h"
 #include "display/command_table.h"
+#include "views/object_list.h"
+#include "views/rows_model.h"
 
-class ReferencesModel final : public QAbstractListModel {
+class ReferencesModel final : public RowsModel<ReferenceRow, QAbstractListModel> {
     Q_OBJECT
 
 public:
-    using QAbstractListModel::QAbstractListModel;
-    void Show(std::vector<ReferenceRow> rows);
-    [[nodiscard]] const ReferenceRow* RowAt(const QModelIndex& index) const;
+    using RowsModel::RowsModel;
     /// One line for each row: where, line, kind, member, code; separated by tabs.
     [[nodiscard]] QString AsText() const;
     [[nodiscard]] static QString AsText(const ReferenceRow& row);
 
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
-
-private:
-    std::vector<ReferenceRow> rows_;
 };
 
-class ReferencesList final : public QListView {
+class ReferencesList final : public ObjectList {
     Q_OBJECT
 
 public:
@@ -45,33 +40,28 @@ public:
     [[nodiscard]] int CurrentRow() const { return currentIndex().row(); }
     /// Makes a row the current one; nothing is chosen by that.
     void SetCurrentRow(int row);
-    /// The key of the procedure or module that the current row is in; empty for none.
-    [[nodiscard]] std::string CurrentObject() const;
     void Texte();
 
 Q_SIGNALS:
     /// @param stays  false if the user wants to go on in the code
     void RowChosen(int row, bool stays);
-    void GoToAsked(const std::string& key);
-    void CallersAsked(const std::string& key);
-    void GraphAsked(const std::string& key);
     void ReasonAsked(Command command, const std::string& key);
 
 protected:
-    void keyPressEvent(QKeyEvent* event) override;
-    void mouseReleaseEvent(QMouseEvent* event) override;
-    void contextMenuEvent(QContextMenuEvent* event) override;
+    /// That of the procedure or module that the row is in.
+    [[nodiscard]] std::string KeyAt(const QModelIndex& index) const override;
+    void Choose(const QModelIndex& index, bool stays) override;
+    [[nodiscard]] QString CopyOf(bool all) const override;
+    void AddItems(QMenu& menu) override;
     void showEvent(QShowEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
 
 private:
+    ReferencesList(ReferencesModel* model, QWidget* parent);
     void Load();
-    void CopyRow() const;
 
     ReferencesModel* model_;
     std::function<std::vector<ReferenceRow>()> source_;
     int count_ = 0;
     int row_ = -1;  // to be the current one once the rows are there
     bool stale_ = false;
-    QString whyNone_;
 };

@@ -46,35 +46,20 @@ QString About(const CodeObject& object) {
     return place.isEmpty() ? about : about + QStringLiteral(" \u00B7 ") + place;
 }
 
+HitRow RowOf(const Hit& hit) {
+    const CodeObject& object = *hit.object;
+    return {.name = ToQString(object.myNameOrg()),
+            .image = object.GetImageKey(),
+            .ranges = ShownRanges(object.myNameOrg(), hit.ranges),
+            .about = About(object),
+            .tip = ToQString(object.CodePathOrg()) + QStringLiteral(" \u00B7 ") + ToQString(ObjectKind(object)),
+            .nodeKey = NodeKeyOf(object)};
+}
+
 }  // namespace
 
-void HitsModel::SetHits(const std::vector<Hit>& hits) {
-    beginResetModel();
-    hits_.clear();
-    for (const Hit& hit : hits) {
-        const CodeObject& object = *hit.object;
-        hits_.push_back(
-            {.name = ToQString(object.myNameOrg()),
-             .image = object.GetImageKey(),
-             .ranges = ShownRanges(object.myNameOrg(), hit.ranges),
-             .about = About(object),
-             .tip = ToQString(object.CodePathOrg()) + QStringLiteral(" \u00B7 ") + ToQString(ObjectKind(object)),
-             .nodeKey = NodeKeyOf(object)});
-    }
-    endResetModel();
-}
-
-const HitsModel::Row* HitsModel::HitAt(const QModelIndex& index) const {
-    const auto row = static_cast<std::size_t>(index.row());
-    return index.isValid() && row < hits_.size() ? &hits_[row] : nullptr;
-}
-
-int HitsModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(hits_.size());
-}
-
 QVariant HitsModel::data(const QModelIndex& index, int role) const {
-    const Row* hit = HitAt(index);
+    const HitRow* hit = RowAt(index);
     if (!hit)
         return {};
     switch (role) {
@@ -162,7 +147,7 @@ void SearchBar::Focus() {
 
 void SearchBar::ProjectChanges() {
     Close();
-    model_->SetHits({});
+    model_->Show({});
     search_.Clear();
 }
 
@@ -174,7 +159,10 @@ void SearchBar::Search() {
     }
     if (!search_.Built())
         search_.Build(*gProjekt);
-    model_->SetHits(search_.Find(FromQString(typed), kMostHits));
+    std::vector<HitRow> rows;
+    for (const Hit& hit : search_.Find(FromQString(typed), kMostHits))
+        rows.push_back(RowOf(hit));
+    model_->Show(std::move(rows));
     const int shown = model_->rowCount();
     view_->setVisible(shown > 0);
     foot_->setVisible(static_cast<std::size_t>(shown) < search_.Found() || shown == 0);
@@ -223,7 +211,7 @@ void SearchBar::PlaceList() {
 }
 
 void SearchBar::Choose(const QModelIndex& index) {
-    const HitsModel::Row* hit = model_->HitAt(index);
+    const HitRow* hit = model_->RowAt(index);
     if (!hit)
         return;
     const std::string nodeKey = hit->nodeKey;

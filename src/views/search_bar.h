@@ -8,33 +8,28 @@
 #include <vector>
 
 #include "display/object_search.h"
+#include "views/rows_model.h"
 
 class QFrame;
 class QLabel;
 class QLineEdit;
 class QListView;
 
-class HitsModel final : public QAbstractListModel {
+/// What is shown of a hit; stays valid without the object.
+struct HitRow {
+    QString name;
+    std::string_view image;
+    QVariantList ranges;  // of the name, start and length in turn
+    QString about;
+    QString tip;
+    std::string nodeKey;
+};
+
+class HitsModel final : public RowsModel<HitRow, QAbstractListModel> {
     Q_OBJECT
 public:
-    using QAbstractListModel::QAbstractListModel;
-    /// The data shown for a hit; stays valid without the object.
-    struct Row {
-        QString name;
-        std::string_view image;
-        QVariantList ranges;  // of the name, start and length in turn
-        QString about;
-        QString tip;
-        std::string nodeKey;
-    };
-    void SetHits(const std::vector<Hit>& hits);
-    [[nodiscard]] const Row* HitAt(const QModelIndex& index) const;
-
-    [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override;
+    using RowsModel::RowsModel;
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
-
-private:
-    std::vector<Row> hits_;
 };
 
 class SearchBar final : public QWidget {

@@ -6,12 +6,12 @@
 #include "widgets/qt_text.h"
 
 std::string SearchBar::HitKey() const {
-    const HitsModel::Row* const hit = list_->isVisible() ? model_->HitAt(view_->currentIndex()) : nullptr;
+    const HitRow* const hit = list_->isVisible() ? model_->RowAt(view_->currentIndex()) : nullptr;
     return hit ? hit->nodeKey : std::string();
 }
 
 void SearchBar::ShowMenu(const QPoint& point) {
-    const HitsModel::Row* const hit = model_->HitAt(view_->indexAt(point));
+    const HitRow* const hit = model_->RowAt(view_->indexAt(point));
     if (!hit)
         return;
     auto* menu = new QMenu(this);

@@ -15,7 +15,7 @@ struct CallPath {
 };
 
 /// The shortest chain of calls from one procedure to another: of certain calls, else of any. Of equally short ones it
-/// is the one whose calls stand first in the code.
+/// is the one whose calls come first in the code.
 [[nodiscard]] CallPath ShortestCallPath(clsProzedur& from, clsProzedur& to);
 
 /// Puts the procedures that have no symbol on the canvas, each below its caller, and selects the path. Returns how many

@@ -263,12 +263,6 @@ GraphRect XGraph::SymbolBounds() const {
     return bounds;
 }
 
-const GraphRect& XGraph::GraphBoundsRefresh(const GraphRect& view) {
-    if (!symbols_.empty())
-        bounds_ = view.With(SymbolBounds());
-    return bounds_;
-}
-
 std::vector<SymbolPlace> XGraph::Places() const {
     std::vector<SymbolPlace> places;
     places.reserve(symbols_.size());

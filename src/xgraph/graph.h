@@ -106,8 +106,6 @@ public:
     [[nodiscard]] const GraphRect& Canvas() const { return canvas_; }
     /// Makes the canvas larger.
     void GrowCanvas(const GraphRect& toHold) { canvas_ = canvas_.With(toHold); }
-    /// `view`, widened by the frames of all symbols; the same as last time while there are none.
-    const GraphRect& GraphBoundsRefresh(const GraphRect& view);
     /// The frames of all symbols; empty without symbols.
     [[nodiscard]] GraphRect SymbolBounds() const;
 
@@ -145,7 +143,6 @@ private:
     std::map<int, ctlGraphObj*> byIndex_;
     GraphRect emptyCanvas_;
     GraphRect canvas_ = emptyCanvas_;
-    GraphRect bounds_;
     int GraphObjCount_ = 0;  // only ever rises
     int active_ = 0;
     int topmost_ = 0;

@@ -11,7 +11,7 @@
 
 #include "xgraph/graph.h"
 
-/// Where the callers stand.
+/// Where the callers are.
 enum class LayoutSide : std::uint8_t { Top, Left, Bottom, Right };
 
 struct LayoutOptions {

@@ -34,7 +34,7 @@ void Count(GraphPair& pair, const clsCall& call) {
     }
 }
 
-// Leaves each call once, where it stands first.
+// Leaves each call once, where it comes first.
 void CountOnce(GraphPair& pair) {
     std::unordered_set<const clsCall*> known;
     std::erase_if(pair.calls, [&](const clsCall* call) { return !known.insert(call).second; });

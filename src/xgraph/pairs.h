@@ -25,7 +25,7 @@ struct GraphPair {
     [[nodiscard]] bool IsLoop() const { return from == to; }
 };
 
-/// The pairs in paint order: each stands where its last connector stands.
+/// The pairs in paint order: each is where its last connector is.
 [[nodiscard]] std::vector<GraphPair> GraphPairs(const std::vector<Connector>& connectors);
 
 /// A place in the code that makes up a connector.

@@ -97,12 +97,6 @@ GraphPoint Placement::Graph_GetNextPlace_To_X(GraphPoint start, const GraphRect&
     }
 }
 
-GraphPoint Placement::Graph_GetNextPlace_To_Y(GraphPoint start) const {
-    while (const ctlGraphObj* const symbol = index_.Graph_PlaceOccupate(start))
-        start.y = symbol->Frame().Bottom() + kTwipsPerPixel;
-    return start;
-}
-
 GraphPoint WholeFreePlace(const XGraph& graph, const GraphRect& area, GraphSize size) {
     Placement placement(graph, area);
     GraphPoint place{area.Center().x - size.width / 2, area.Center().y - size.height / 2};

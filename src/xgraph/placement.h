@@ -55,8 +55,6 @@ public:
     /// The first free place from `start` on. A symbol wider than the canvas gets one in the first row.
     /// @param ref  frame of the symbol whose size counts, and from whose top the rows are counted
     [[nodiscard]] GraphPoint Graph_GetNextPlace_To_X(GraphPoint start, const GraphRect& ref);
-    /// The first free point below `start`.
-    [[nodiscard]] GraphPoint Graph_GetNextPlace_To_Y(GraphPoint start) const;
 
 private:
     [[nodiscard]] const ctlGraphObj* SymbolAt(GraphPoint place, GraphSize size) const;

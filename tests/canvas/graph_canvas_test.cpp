@@ -20,7 +20,7 @@ namespace {
 constexpr const char* kCallers =
     "Sub Go()\nStay\nTurn\nEnd Sub\nSub Stay()\nEnd Sub\nSub Turn()\nStay\nEnd Sub\nSub Alone()\nEnd Sub\n";
 
-// A canvas whose symbols stand in a row, at normal size, with the middle of the first at the point (100, 100).
+// A canvas whose symbols are in a row, at normal size, with the middle of the first at the point (100, 100).
 class Canvas : public ProgramState {
 protected:
     Canvas() { canvas.resize(800, 600); }

@@ -1,6 +1,7 @@
 #include "display/code_colours.h"
 
 #include "platform/code_page.h"
+#include "support/code_dump.h"
 #include "support/project_test.h"
 
 namespace {
@@ -21,7 +22,7 @@ protected:
 }  // namespace
 
 TEST_F(CodeColours, DeclarationsGoByAccess) {
-    EXPECT_EQ(ShowMe(ReadModule(R"(
+    EXPECT_EQ(DumpCode(ShowMe(ReadModule(R"(
         Private a As Long, b
         Public Const c = "x", d = 5
         Private Type T
@@ -32,8 +33,7 @@ TEST_F(CodeColours, DeclarationsGoByAccess) {
         End Enum
         Declare Sub Api Lib "k" ()
         Private Declare Sub Hidden Lib "k" ()
-    )"))
-                  .Dump(),
+    )"))),
               "private:a private:b public:c string:\"x\" public:d private:T private:m public:F public:Two public:Api "
               "string:\"k\" private:Hidden string:\"k\"");
 }
@@ -43,12 +43,12 @@ TEST_F(CodeColours, DeclarationsShowWhatTheyUse) {
                  {"N.bas", "Public Type U\n  b As Long\nEnd Type\n"},
                  {"Other.cls", "Public Sub S()\nEnd Sub\n"}});
     Analyse();
-    EXPECT_EQ(ShowMe(ModuleOf("m")).Dump(), "public:T public:a callOut:U public:x callIn:T public:c callOut:Other");
+    EXPECT_EQ(DumpCode(ShowMe(ModuleOf("m"))), "public:T public:a callOut:U public:x callIn:T public:c callOut:Other");
 }
 
 TEST_F(CodeColours, CommentsStringsInactiveCodeAndTheResult) {
     // The tokeniser flags closing quotes for its own use; they belong to the string like the opening ones.
-    EXPECT_EQ(Procedure(R"(
+    EXPECT_EQ(DumpCode(Procedure(R"(
         Function F(a)
             x = "a""b" ' it's "quoted"
             y = "" + "c"
@@ -58,8 +58,7 @@ TEST_F(CodeColours, CommentsStringsInactiveCodeAndTheResult) {
             If F > 1 Then F = 2
         End Function
     )",
-                        "m.f")
-                  .Dump(),
+                                 "m.f")),
               "local:F local:a string:\"a\"\"b\" comment:' it's \"quoted\" string:\"\" string:\"c\" "
               "hidden:#If False Then\r\n        z = 1 ' gone\r\n    #End If\r result:F result:F");
 }
@@ -86,7 +85,7 @@ TEST_F(CodeColours, CallsAreTheirModulesOrOthersOrPossible) {
     EXPECT_TRUE(ShowMe(ProcedureAt("m.s"), locals).localsChecked);
     const CodeText again = ShowMe(ProcedureAt("m.s"), locals);
     EXPECT_FALSE(again.localsChecked) << "looked for once";
-    EXPECT_EQ(again.Dump(),
+    EXPECT_EQ(DumpCode(again),
               "local:arg local:loc callIn:Own local:arg callOut:N callOut:Far local:loc callIn:v callOut:w local:arg "
               "maybe:Member local:t callOut:T local:o callOut:C");
 }

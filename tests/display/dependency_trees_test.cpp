@@ -49,7 +49,7 @@ protected:
                                                : ObjectAt(path);
     }
     static std::string Shown(const Baum& tree) {
-        return KeysWhere(tree, [](const BaumNode& node) { return node.Children() == 0; });
+        return KeysWhere(tree, [](const BaumNode& node) { return !node.Child(); });
     }
     // Content of the trees for an object: "callers|possible callers|callees|possible callees".
     static std::string Around(std::string_view path) {

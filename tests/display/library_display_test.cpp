@@ -8,6 +8,7 @@
 #include "display/tree_checks.h"
 #include "shell/clsText.h"
 #include "support/baum_dump.h"
+#include "support/code_dump.h"
 #include "support/golden.h"
 #include "support/library_project.h"
 
@@ -132,7 +133,7 @@ TEST_F(LibraryDisplay, ThePageShowsEachObjectAtItsName) {
     EXPECT_EQ(shown("lib.shape.round"), "    Round = 3");
     EXPECT_EQ(shown("lib.pair.first"), "    First(0 To 3) As Long");
     EXPECT_EQ(selection.CurLib, &Library());
-    EXPECT_THAT(pane.Text().Dump(), HasSubstr("public:Box comment:' Holds things public:Price "));
+    EXPECT_THAT(DumpCode(pane.Text()), HasSubstr("public:Box comment:' Holds things public:Price "));
 }
 
 TEST_F(LibraryDisplay, HoverAndPropertiesKnowTypeValueAndDescription) {

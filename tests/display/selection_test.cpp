@@ -1,5 +1,6 @@
 #include "display/selection.h"
 
+#include "support/code_dump.h"
 #include "support/project_test.h"
 
 namespace {
@@ -70,7 +71,7 @@ protected:
         for (const CodeSpan& place : change.places) {
             CodeText one = pane.Text();
             one.spans = {place};
-            dump.append(" ").append(one.Dump());
+            dump.append(" ").append(DumpCode(one));
         }
         return dump;
     }

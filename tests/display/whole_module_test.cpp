@@ -3,6 +3,7 @@
 
 #include "display/selection.h"
 #include "display/shown_text.h"
+#include "support/code_dump.h"
 #include "support/golden.h"
 #include "support/project_test.h"
 
@@ -61,7 +62,7 @@ TEST_F(CodeWithComments, CommentLinesDirectlyAboveBeginTheCode) {
 
 TEST_F(CodeWithComments, ColoursAndClicksStayWhereTheNamesAre) {
     Show("Sub Other()\nEnd Sub\n' calls Other with a\nSub S(a)\n  Other\n  a = 1\nEnd Sub", "m.s");
-    EXPECT_EQ(pane_.Text().Dump(), "comment:' calls Other with a local:a callIn:Other local:a");
+    EXPECT_EQ(DumpCode(pane_.Text()), "comment:' calls Other with a local:a callIn:Other local:a");
     EXPECT_EQ(Selected(), "S");
     EXPECT_EQ(Clicked("Other\r\n"), "m.other");
     EXPECT_EQ(Clicked("Other with"), "-");  // within the comment
@@ -87,7 +88,7 @@ TEST_F(CodeWithComments, WholeModuleShowsEverythingBehindItsHeader) {
     EXPECT_EQ(pane_.HeaderLines(*gProjekt), 5);
     EXPECT_EQ(pane_.Text().firstLine, 6);
     EXPECT_EQ(Selected(), "A");
-    EXPECT_EQ(pane_.Text().Dump(), "comment:' what the class is for private:n callIn:n callIn:B comment:' last");
+    EXPECT_EQ(DumpCode(pane_.Text()), "comment:' what the class is for private:n callIn:n callIn:B comment:' last");
     EXPECT_EQ(Clicked("n\r\n\r"), "c.n");
     EXPECT_EQ(Clicked("B\r\n"), "c.b");
     EXPECT_EQ(Clicked("last"), "-");

@@ -1,6 +1,7 @@
 #include "display/workspace.h"
 
 #include "support/baum_dump.h"
+#include "support/code_dump.h"
 #include "support/project_test.h"
 
 namespace {
@@ -29,7 +30,7 @@ protected:
     }
     /// The objects in both dependency trees: "callers > callees".
     [[nodiscard]] std::string Neighbours() {
-        const auto isLeaf = [](const BaumNode& node) { return node.Children() == 0; };
+        const auto isLeaf = [](const BaumNode& node) { return !node.Child(); };
         return KeysWhere(workspace_.CalledBy(), isLeaf) + " > " + KeysWhere(workspace_.Calls(), isLeaf);
     }
     [[nodiscard]] std::string Grey() {
@@ -58,7 +59,7 @@ TEST_F(Workspaces, ShowingLeavesTheModelAsItIsAndTellsOfLocals) {
     const std::size_t edges = gProjekt->calls.Count();
     ASSERT_TRUE(workspace_.Activate("reference.go"));
     EXPECT_EQ(gProjekt->calls.Count(), edges);
-    EXPECT_EQ(workspace_.Code().Text().Dump(), "local:a local:b local:a");
+    EXPECT_EQ(DumpCode(workspace_.Code().Text()), "local:a local:b local:a");
     EXPECT_EQ(workspace_.Tree().Item("reference.go.b")->ForeColor(), NodeColour::Grey);
     EXPECT_EQ(workspace_.Tree().Item("reference.go.a")->ForeColor(), NodeColour::Ordinary);
     const auto shown = workspace_.Activate("reference.go.a");
@@ -293,7 +294,7 @@ TEST_F(Workspaces, ANeighbourBelowAnotherShowsTheCallsOfThatOne) {
     ASSERT_TRUE(workspace_.Activate("store.save"));
     BaumNode& fill = *workspace_.CalledBy().Item("store.fill");
     workspace_.UnfoldNeighbour(fill, true);
-    ASSERT_EQ(fill.Children(), 1);
+    ASSERT_TRUE(fill.Child() && !fill.Child()->Next());
     const auto change = workspace_.SelectCallsOfObject(*fill.Child(), true);
     ASSERT_TRUE(change && change->places.size() == 1);
     EXPECT_EQ(workspace_.Code().Text().text.substr(static_cast<std::size_t>(change->places[0].start), 4), "Fill");

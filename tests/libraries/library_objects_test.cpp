@@ -137,13 +137,12 @@ TEST_F(LibraryOfProject, FirstOfEqualNamesWinsAndASecondNameFindsTheSame) {
 
 TEST_F(LibraryOfProject, IsReadFromAFileOrAResourceOfOne) {
     files.WriteWhole("libs/program.dll", LibraryBytes("pe_resources/program32.dll").Bytes());
-    EXPECT_EQ(ReadLibraryContents(projekt, library, R"(LIBS\Program.dll\3)"), "");
+    ReadInterfaces(projekt, library, ContentsOf(ReadLibraryFile(files, R"(LIBS\Program.dll\3)").library, {}));
     EXPECT_EQ(library.myTypes.Count(), 1);
     EXPECT_EQ(library.myCoClasses.Count(), 1);
-
-    clsTypeLib& other = projekt.NewLibrary();
-    EXPECT_EQ(ReadLibraryContents(projekt, other, R"(libs\nothing.dll\3)"), Describe(FileError::NotFound));
-    EXPECT_EQ(ReadLibraryContents(projekt, other, R"(libs\program.dll\2)"), "The file has no type library number 2.");
+    EXPECT_EQ(ReadLibraryFile(files, R"(libs\nothing.dll\3)").error, FileError::NotFound);
+    EXPECT_THAT(ReadLibraryFile(files, R"(libs\program.dll\2)").library.problems,
+                ElementsAre("The file has no type library number 2."));
 }
 
 TEST(LibraryPages, AndRecordsOfBothFormatsAreTheGoldenFiles) {

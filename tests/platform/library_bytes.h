@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-/// Numbers as they stand in a file, the lowest byte first.
+/// Numbers as they are in a file, the lowest byte first.
 template <class Number>
 [[nodiscard]] std::string LittleEndian(Number number) {
     std::string bytes;
@@ -35,7 +35,7 @@ public:
     LibraryBytes& Set32(std::size_t at, std::uint32_t number) { return Set(at, LittleEndian(number)); }
 
     /// Gives a table of the format MSFT another content, at the end of the file.
-    /// @param types  how many the library has; the directory of tables stands behind their offsets
+    /// @param types  how many the library has; the directory of tables follows their offsets
     LibraryBytes& SetTable(std::size_t table, std::string_view content, std::size_t types) {
         const std::size_t entry = 0x54 + types * 4 + table * 16;
         Set32(entry, static_cast<std::uint32_t>(bytes_.size()));

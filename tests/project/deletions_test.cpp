@@ -24,32 +24,15 @@ constexpr std::string_view kModule =
     "Sub last()\r\nEnd Sub";
 
 /// A disk on which writing can fail.
-class FailingFiles : public Files {
+class FailingFiles final : public MemoryFiles {
 public:
-    explicit FailingFiles(MemoryFiles& files) : files_(files) {}
+    using MemoryFiles::MemoryFiles;
     std::string refuse;  // paths that end so are not written
     FileError with = FileError::NoSpace;
 
-    [[nodiscard]] bool FileExists(std::string_view path) const override { return files_.FileExists(path); }
-    [[nodiscard]] FileText ReadText(std::string_view path) const override { return files_.ReadText(path); }
-    [[nodiscard]] FileBytes ReadBytes(std::string_view path, std::size_t most) const override {
-        return files_.ReadBytes(path, most);
-    }
-    [[nodiscard]] FileTime DateLastModified(std::string_view path) const override {
-        return files_.DateLastModified(path);
-    }
     FileError WriteWhole(std::string_view path, std::string_view bytes) override {
-        return !refuse.empty() && path.ends_with(refuse) ? with : files_.WriteWhole(path, bytes);
+        return !refuse.empty() && path.ends_with(refuse) ? with : MemoryFiles::WriteWhole(path, bytes);
     }
-    FileError Append(std::string_view path, std::string_view bytes) override { return files_.Append(path, bytes); }
-    FileError MakeDirectory(std::string_view path) override { return files_.MakeDirectory(path); }
-    [[nodiscard]] std::vector<std::string> NamesIn(std::string_view directory) const override {
-        return files_.NamesIn(directory);
-    }
-    [[nodiscard]] std::string SystemPath(std::string_view path) const override { return files_.SystemPath(path); }
-
-private:
-    MemoryFiles& files_;
 };
 
 std::unique_ptr<clsProjekt> Open(Files& files, const std::string& path) {
@@ -64,10 +47,9 @@ std::unique_ptr<clsProjekt> Open(Files& files, const std::string& path) {
 
 /// A small project, with a disk that can fail.
 struct SmallProject {
-    MemoryFiles memory{{"p\\P.vbp", std::string(kProject)},
+    FailingFiles files{{"p\\P.vbp", std::string(kProject)},
                        {"p\\A.bas", std::string(kModule)},
                        {"p\\B.bas", "Attribute VB_Name = \"B\"\r\nSub Main()\r\n  used\r\nEnd Sub\r\n"}};
-    FailingFiles files{memory};
     std::unique_ptr<clsProjekt> projekt = Open(files, "p\\P.vbp");
     Deletions deletions;
 
@@ -87,7 +69,7 @@ struct SmallProject {
     [[nodiscard]] std::string Text() const {
         return std::string(projekt->GetModuleFromCodePath("a")->text->ModulTextOrg());
     }
-    [[nodiscard]] std::string Bytes() const { return memory.Bytes("p\\A.bas"); }
+    [[nodiscard]] std::string Bytes() const { return files.Bytes("p\\A.bas"); }
 };
 
 std::string Erased(std::string_view from, std::string_view part) {
@@ -109,7 +91,7 @@ TEST_F(Deleting, FilesKeepAllOtherBytesAndGetNothingBeforeSaving) {
     ASSERT_EQ(saved.size(), 1U);
     EXPECT_TRUE(saved[0].Ok());
     EXPECT_EQ(project.Bytes(), left);
-    EXPECT_EQ(project.memory.Bytes("p\\A.bas.bak"), kModule);
+    EXPECT_EQ(project.files.Bytes("p\\A.bas.bak"), kModule);
     EXPECT_THAT(project.deletions.Unsaved(), IsEmpty());
     EXPECT_TRUE(Files_Check(*project.projekt).files.empty());
 
@@ -118,7 +100,7 @@ TEST_F(Deleting, FilesKeepAllOtherBytesAndGetNothingBeforeSaving) {
     EXPECT_FALSE(project.deletions.Unsaved().empty());
     EXPECT_TRUE(project.deletions.Save(*project.projekt)[0].Ok());
     EXPECT_EQ(project.Bytes(), kModule);
-    EXPECT_EQ(project.memory.Bytes("p\\A.bas.bak2"), left);
+    EXPECT_EQ(project.files.Bytes("p\\A.bas.bak2"), left);
 }
 
 TEST_F(Deleting, WhatIsAroundAnObjectComesBackBeforeIt) {
@@ -176,7 +158,7 @@ TEST_F(Deleting, AFailedSaveHarmsNothing) {
 TEST_F(Deleting, AFileThatOthersChangedIsNotWritten) {
     SmallProject project;
     project.Delete({"a.gone"});
-    project.memory.WriteWhole("p\\A.bas", "Dim other\r\n");
+    project.files.WriteWhole("p\\A.bas", "Dim other\r\n");
     EXPECT_TRUE(project.deletions.Save(*project.projekt)[0].fileHasChanged);
     EXPECT_EQ(project.Bytes(), "Dim other\r\n");
 
@@ -224,7 +206,7 @@ TEST_F(Deleting, AProjectLoadedAgainKeepsWhatIsNotSaved) {
     project.deletions.ModulesRead(*project.projekt);
     EXPECT_EQ(project.projekt->GetObjectFromCodePath("a.gone"), nullptr);
     project.deletions.Save(*project.projekt);
-    project.memory.WriteWhole("p\\A.bas", "Dim other\r\n");
+    project.files.WriteWhole("p\\A.bas", "Dim other\r\n");
     ChangedModule_Regenerieren(*project.projekt);
     project.deletions.ModulesRead(*project.projekt);
     EXPECT_THAT(project.deletions.All(), IsEmpty());
@@ -295,7 +277,7 @@ private:
         return text;
     }
 
-    // What stands in the text and can be named, by module and path.
+    // What is in the text and can be named, by module and path.
     std::multiset<std::string> Names() const {
         std::multiset<std::string> names;
         for (const auto& modul : projekt_->OwnedModules())

@@ -3,14 +3,11 @@
 #include <set>
 
 #include "display/recent_projects.h"
-#include "model/clsProjekt.h"
-#include "platform/settings_file.h"
-#include "platform/temp_directory.h"
+#include "main_window_test.h"
 #include "views/baum_view.h"
 #include "views/code_view.h"
 #include "views/commands.h"
 #include "views/fold_splitter.h"
-#include "views/frm_main.h"
 #include "views/main_panes.h"
 #include "views/mnemonics.h"
 #include "views/overview_row.h"
@@ -18,19 +15,16 @@
 #include "views/properties_grid.h"
 #include "views/search_bar.h"
 #include "widgets/qt_text.h"
-#include "window_texts.h"
+#include "window_invariants.h"
 
 namespace {
 
-class AccessibleWindow : public WindowTest {
+class AccessibleWindow : public MainWindowTest {
 protected:
-    AccessibleWindow() : settings_(files_, directory_.Path("Ostrivane.ini")) {
-        gIniFile = settings_.Path();
+    AccessibleWindow() {
         AddRecentProject(settings_, directory_.Path("gone & lost.vbp"));
         AddRecentProject(settings_, kSample);
-        window_ = std::make_unique<frmMain>(files_, settings_, WithoutCalls(), ProgramDirectory());
-        window_->resize(1024, 700);
-        window_->show();
+        ShowWindow(WithoutCalls(), {1024, 700});
         QApplication::processEvents();
     }
 
@@ -79,34 +73,13 @@ protected:
         return reached;
     }
 
-    template <class Widget>
-    [[nodiscard]] Widget& Find() const {
-        return *window_->findChild<Widget*>();
-    }
-
     const std::string kSample = OSTRIVANE_SOURCE_DIR "/samples/ToolHire/ToolHire.vbp";
-    TempDirectory directory_;
-    SettingsFile settings_;
-    std::unique_ptr<frmMain> window_;
 };
 
 TEST_F(AccessibleWindow, NamesWhateverCanBeReachedAndCutsNoText) {
     InEveryState([this] {
-        for (const QWidget* child : window_->findChildren<QWidget*>()) {
-            const auto* button = qobject_cast<const QAbstractButton*>(child);
-            const bool isInner =
-                child->objectName().startsWith(QStringLiteral("qt_")) || child->inherits("QLineEditIconButton");
-            if (!child->isVisible() || isInner || (child->focusPolicy() == Qt::NoFocus && !button))
-                continue;
-            const std::string what = child->metaObject()->className() + (" " + child->objectName().toStdString());
-            const QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(const_cast<QWidget*>(child));
-            ASSERT_TRUE(accessible) << what;
-            EXPECT_FALSE(accessible->text(QAccessible::Name).isEmpty()) << what;
-            if (button && !button->text().isEmpty() &&
-                button->sizePolicy().horizontalPolicy() != QSizePolicy::Ignored) {
-                EXPECT_GE(child->width(), child->minimumSizeHint().width()) << what;
-            }
-        }
+        EXPECT_EQ(UnnamedWidgets(*window_), QStringList());
+        EXPECT_EQ(CutTexts(*window_), QStringList());
         EXPECT_EQ(window_->size(), QSize(1024, 700));
     });
 }

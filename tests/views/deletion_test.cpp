@@ -1,12 +1,8 @@
-#include "model/clsProjekt.h"
-#include "platform/settings_file.h"
-#include "platform/temp_directory.h"
+#include "main_window_test.h"
 #include "views/baum_view.h"
 #include "views/code_view.h"
 #include "views/deleted_list.h"
 #include "views/frm_delete.h"
-#include "views/frm_main.h"
-#include "window_texts.h"
 
 namespace {
 
@@ -15,20 +11,15 @@ const std::string kModule =
     "Sub\n";
 
 /// The window with a small project on disk, and answers to what it asks.
-class DeletingInWindow : public WindowTest {
+class DeletingInWindow : public MainWindowTest {
 protected:
-    DeletingInWindow() : settings_(files_, directory_.Path("Ostrivane.ini")) {
+    DeletingInWindow() {
         directory_.Write("P.vbp", "Type=Exe\r\nStartup=\"Sub Main\"\r\nModule=M; M.bas\r\nName=\"P\"\r\n");
         directory_.Write("M.bas", kModule);
-        window_ = std::make_unique<frmMain>(files_, settings_, Settings(), ProgramDirectory());
-        window_->show();
+        ShowWindow();
         QObject::connect(&look_, &QTimer::timeout, [this] { Answer(); });
         look_.start(1);
         window_->OpenProject(directory_.Path("P.vbp"));
-    }
-    ~DeletingInWindow() override {
-        look_.stop();
-        window_.reset();
     }
 
     void Answer() {
@@ -46,17 +37,11 @@ protected:
         window_->ActivateKey(key);
         QTest::keyClick(&window_->BaumProjekt(), Qt::Key_Delete);
     }
-    void Trigger(const char* name) { window_->findChild<QAction*>(QLatin1String(name))->trigger(); }
-    [[nodiscard]] DeletedList& List() const { return *window_->findChild<DeletedList*>(); }
     [[nodiscard]] QString Code() const { return window_->rtbCode().toPlainText(); }
 
-    TempDirectory directory_;
-    SettingsFile settings_;
-    std::unique_ptr<frmMain> window_;
     QTimer look_;
     bool confirms_ = true;
     QMessageBox::StandardButton answer_ = QMessageBox::Save;
-    QStringList asked_;
 };
 
 }  // namespace
@@ -78,39 +63,39 @@ TEST_F(DeletingInWindow, TheQuestionSaysWhoCallsAndTheCodeShowsThePlace) {
 TEST_F(DeletingInWindow, TheListTakesBackAndTheFileIsWrittenOnDemand) {
     Delete("m.unused");
     Delete("m.count");
-    Trigger("DeletedHere");
-    auto& table = ChildOf<QTableWidget>(List(), "table");
+    Command("DeletedHere").trigger();
+    auto& table = ChildOf<QTableWidget>(Find<DeletedList>(), "table");
     ASSERT_EQ(table.rowCount(), 2);
     QTest::keyClick(&table, Qt::Key_Delete);
     ASSERT_EQ(table.rowCount(), 1);
     EXPECT_TRUE(gProjekt->GetObjectFromCodePath("m.count"));
     EXPECT_EQ(table.item(0, 3)->text(), TextNr(Text::StillInFile));
-    ChildOf<QPushButton>(List(), "cmdSave").click();
+    ChildOf<QPushButton>(Find<DeletedList>(), "cmdSave").click();
     EXPECT_EQ(table.item(0, 3)->text(), TextNr(Text::GoneFromFile));
     EXPECT_EQ(directory_.Bytes("M.bas"), kModule.substr(0, kModule.find("Sub Unused")));
     EXPECT_EQ(directory_.Bytes("M.bas.bak"), kModule);
     EXPECT_FALSE(window_->findChild<QAction*>(QStringLiteral("SaveModules"))->isEnabled());
-    ChildOf<QPushButton>(List(), "cmdUndoAll").click();
+    ChildOf<QPushButton>(Find<DeletedList>(), "cmdUndoAll").click();
     EXPECT_TRUE(gProjekt->GetObjectFromCodePath("m.unused"));
     EXPECT_TRUE(window_->findChild<QAction*>(QStringLiteral("SaveModules"))->isEnabled());
 }
 
 TEST_F(DeletingInWindow, NothingIsLostByClosing) {
     window_->ActivateKey("m");
-    Trigger("DeleteDead");
-    EXPECT_EQ(ChildOf<QTableWidget>(List(), "table").rowCount(), 2);
-    EXPECT_TRUE(List().isVisible());
+    Command("DeleteDead").trigger();
+    EXPECT_EQ(ChildOf<QTableWidget>(Find<DeletedList>(), "table").rowCount(), 2);
+    EXPECT_TRUE(Find<DeletedList>().isVisible());
     answer_ = QMessageBox::Cancel;
-    Trigger("CloseProject");
+    Command("CloseProject").trigger();
     EXPECT_TRUE(gProjekt);
     EXPECT_TRUE(asked_.last().contains(QStringLiteral("M.bas")));
     window_->OpenProject(directory_.Path("P.vbp"));
-    EXPECT_EQ(ChildOf<QTableWidget>(List(), "table").rowCount(), 2);
+    EXPECT_EQ(ChildOf<QTableWidget>(Find<DeletedList>(), "table").rowCount(), 2);
     window_->close();
     EXPECT_TRUE(window_->isVisible());
     answer_ = QMessageBox::Discard;
-    Trigger("CloseProject");
+    Command("CloseProject").trigger();
     EXPECT_FALSE(gProjekt);
-    EXPECT_EQ(ChildOf<QTableWidget>(List(), "table").rowCount(), 0);
+    EXPECT_EQ(ChildOf<QTableWidget>(Find<DeletedList>(), "table").rowCount(), 0);
     EXPECT_EQ(directory_.Bytes("M.bas"), kModule);
 }

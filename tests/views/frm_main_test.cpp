@@ -4,10 +4,8 @@
 
 #include "display/baum_walk.h"
 #include "display/recent_projects.h"
-#include "model/clsProjekt.h"
+#include "main_window_test.h"
 #include "model/clsProzedur.h"
-#include "platform/settings_file.h"
-#include "platform/temp_directory.h"
 #include "shell/operations.h"
 #include "shell/settings.h"
 #include "views/baum_view.h"
@@ -26,65 +24,20 @@
 #include "views/references_list.h"
 #include "views/start_page.h"
 #include "widgets/qt_text.h"
-#include "window_texts.h"
 
 using testing::HasSubstr;
 
 namespace {
 
-// The window with a copy of the sample on disk, so that tests can change files and write reports.
-class MainWindow : public WindowTest {
+class MainWindow : public SampleWindow {
 protected:
-    MainWindow() : settings_(files_, directory_.Path("Ostrivane.ini")) {
-        const std::filesystem::path samples = OSTRIVANE_SOURCE_DIR "/samples";
-        std::filesystem::copy(samples, directory_.Path("samples"), std::filesystem::copy_options::recursive);
-        gIniFile = settings_.Path();
-        window_ = std::make_unique<frmMain>(files_, settings_, WithoutCalls(), ProgramDirectory());
-        window_->resize(1200, 800);
-        window_->show();
-    }
-    ~MainWindow() override { window_.reset(); }
+    MainWindow() : SampleWindow(WithoutCalls()) {}
 
-    [[nodiscard]] std::string Project() const { return directory_.Path("samples/ToolHire/ToolHire.vbp"); }
-    void Open() {
-        window_->OpenProject(Project());
-        ASSERT_TRUE(gProjekt);
-    }
     void ReadCalls() {
         AnswerNext(QMessageBox::Yes);
         Command("Calls").trigger();
     }
-    /// Answers the next question when it appears.
-    void AnswerNext(QMessageBox::StandardButton answer) {
-        auto* timer = new QTimer(window_.get());
-        QObject::connect(timer, &QTimer::timeout, timer, [this, timer, answer] {
-            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-                asked_.push_back(box->text());
-                timer->deleteLater();
-                box->button(answer)->click();
-            }
-        });
-        timer->start(1);
-    }
-    /// Does something in the question before reports once it appears.
-    void InReports(std::function<void(frmReports&)> what) {
-        auto* timer = new QTimer(window_.get());
-        QObject::connect(timer, &QTimer::timeout, timer, [timer, what = std::move(what)] {
-            if (auto* dialog = qobject_cast<frmReports*>(QApplication::activeModalWidget())) {
-                timer->deleteLater();
-                what(*dialog);
-            }
-        });
-        timer->start(1);
-    }
     static QString PlanOf(const frmReports& dialog) { return ChildOf<QLabel>(dialog, "plan").text(); }
-    [[nodiscard]] QAction& Command(const char* key) const {
-        return *window_->findChild<QAction*>(QString::fromLatin1(key));
-    }
-    template <class Widget>
-    [[nodiscard]] Widget& Find() const {
-        return *window_->findChild<Widget*>();
-    }
     void ClickNode(const std::string& key, NodeKind kind = NodeKind::Object) {
         BaumView& view = window_->BaumProjekt();
         BaumNode* node = window_->TheWorkspace().Tree().Item(key, kind);
@@ -104,18 +57,12 @@ protected:
     [[nodiscard]] static std::string AnyObject(const Baum& tree) {
         std::string key;
         ForEachNode(tree, [&key](const BaumNode& node) {
-            if (key.empty() && node.Children() == 0)
+            if (key.empty() && !node.Child())
                 key = node.Key();
         });
         return key;
     }
-    [[nodiscard]] QString StatusText() const { return window_->statusBar()->findChild<QLabel*>()->text(); }
     [[nodiscard]] QString Code() const { return window_->rtbCode().toPlainText(); }
-
-    TempDirectory directory_;
-    SettingsFile settings_;
-    std::unique_ptr<frmMain> window_;
-    std::vector<QString> asked_;
 };
 
 TEST_F(MainWindow, EmptyWindowInvitesAndLetsNothingElseBeDone) {
@@ -173,7 +120,7 @@ TEST_F(MainWindow, ReadCallsAsksAndRightClickInTheCodeJumps) {
     Open();
     AnswerNext(QMessageBox::No);
     Command("Calls").trigger();
-    ASSERT_EQ(asked_, std::vector{TextNr(Text::AskReadCalls)});
+    ASSERT_EQ(asked_, QStringList{TextNr(Text::AskReadCalls)});
     EXPECT_EQ(gProjekt->calls.Count(), 0U);
     ReadCalls();
     EXPECT_GT(gProjekt->calls.Count(), 900U);
@@ -393,7 +340,7 @@ TEST_F(MainWindow, ClosingAsksWhomWantsItAndNoKeepsEverything) {
     Open();
     AnswerNext(QMessageBox::No);
     EXPECT_FALSE(window_->close());
-    ASSERT_EQ(asked_, std::vector{TextNr(Text::AskExit)});
+    ASSERT_EQ(asked_, QStringList{TextNr(Text::AskExit)});
     EXPECT_TRUE(window_->isVisible());
     EXPECT_TRUE(gProjekt);
 }
@@ -412,7 +359,7 @@ TEST_F(MainWindow, WindowOfAScreenThatIsGoneComesBackVisible) {
 }
 
 TEST_F(MainWindow, CancelledLoadLeavesAnEmptyWindow) {
-    std::filesystem::remove(directory_.Path("samples/ToolHire/modStore.bas"));
+    Remove("modStore.bas");
     AnswerNext(QMessageBox::Yes);  // stop loading
     window_->OpenProject(Project());
     EXPECT_FALSE(gProjekt);
@@ -421,7 +368,7 @@ TEST_F(MainWindow, CancelledLoadLeavesAnEmptyWindow) {
 }
 
 TEST_F(MainWindow, MissingModuleIsCountedAmongTheProblems) {
-    std::filesystem::remove(directory_.Path("samples/ToolHire/modStore.bas"));
+    Remove("modStore.bas");
     AnswerNext(QMessageBox::No);
     window_->TheSettings().LoadLibs = 0;
     Open();
@@ -436,10 +383,10 @@ TEST_F(MainWindow, MissingLibrariesAreAmongTheProblems) {
     const std::filesystem::path corpus = OSTRIVANE_SOURCE_DIR "/fuzz/corpus";
     std::filesystem::create_directory(directory_.Path("libs"));
     std::filesystem::copy(corpus / "pe_resources/program32.dll", directory_.Path("libs/mscomctl.ocx"));
-    std::string lines = directory_.Bytes("samples/ToolHire/ToolHire.vbp");
+    std::string lines = TextOf("ToolHire.vbp");
     const std::string component = "{831FDD16-0C5C-11D2-A9FC-0000F8754DA1}#2.0";
     lines.replace(lines.find(component), component.size(), "{a0000000-0000-0000-0000-000000000001}#1.2");
-    directory_.Write("samples/ToolHire/ToolHire.vbp", lines);
+    Save("ToolHire.vbp", lines);
     window_->TheSettings().WinePrefix = "none";
     Open();
     auto* count = window_->statusBar()->findChild<QToolButton*>();
@@ -455,20 +402,20 @@ TEST_F(MainWindow, ReportsAskBeforeTheyAreWrittenAndSayWhere) {
         return std::distance(std::filesystem::recursive_directory_iterator(directory_.Path("samples")), {});
     };
     const auto before = files();
-    InReports([&](frmReports& dialog) {
+    OnNext<frmReports>([&](frmReports& dialog) {
         EXPECT_EQ(PlanOf(dialog), TextNr(Text::FilesGoToFolders, QStringLiteral("14"), QStringLiteral("2")));
         QTest::keyClick(dialog.focusWidget(), Qt::Key_Return);  // the safe button is the default
     });
     Command("ReportStructure").trigger();
     EXPECT_EQ(files(), before);
-    InReports([&](frmReports& dialog) { ChildOf<QPushButton>(dialog, "cmdWrite").click(); });
+    OnNext<frmReports>([&](frmReports& dialog) { ChildOf<QPushButton>(dialog, "cmdWrite").click(); });
     Command("ReportDeaths").trigger();
     EXPECT_EQ(StatusText(), TextNr(Text::ReportsWritten, ToPath(Project() + " Deaths.txt")));
     EXPECT_EQ(files(), before + 1);
     EXPECT_TRUE(window_->TheWorkspace().CallsRead()) << "without its calls every object would look dead";
 
     const QString folder = ToPath(directory_.Path("samples/new/reports"));
-    InReports([&](frmReports& dialog) {
+    OnNext<frmReports>([&](frmReports& dialog) {
         ChildOf<QRadioButton>(dialog, "inFolder").click();
         auto& field = ChildOf<QLineEdit>(dialog, "folder");
         field.clear();
@@ -480,7 +427,7 @@ TEST_F(MainWindow, ReportsAskBeforeTheyAreWrittenAndSayWhere) {
     Command("ReportStructure").trigger();
     EXPECT_EQ(files(), before + 1 + 2 + 14);
     EXPECT_EQ(StatusText(), TextNr(Text::ReportsWritten, folder));
-    InReports([&](frmReports& dialog) {  // as it was left
+    OnNext<frmReports>([&](frmReports& dialog) {  // as it was left
         EXPECT_TRUE(ChildOf<QRadioButton>(dialog, "inFolder").isChecked());
         EXPECT_EQ(ChildOf<QLineEdit>(dialog, "folder").text(), folder);
         EXPECT_TRUE(dialog.findChildren<QLabel*>().last()->text().contains(QStringLiteral("14")));
@@ -504,21 +451,6 @@ TEST_F(MainWindow, FixedTextsFollowTheLanguage) {
     window_->frmMainTexte();
     EXPECT_TRUE(firstLabel().contains(QStringLiteral("\nZeile\t")));
     EXPECT_EQ(Command("DeleteObject").text().remove(QLatin1Char('&')), QStringLiteral("Main l\u00f6schen\u2026"));
-}
-
-TEST_F(MainWindow, RefreshReadsChangedFilesAndComesBackToThePlace) {
-    Open();
-    window_->ActivateKey("modmain.main");
-    Command("Refresh").trigger();
-    EXPECT_EQ(StatusText(), TextNr(Text::NoFileChanged));
-    const std::string path = "samples/ToolHire/modStore.bas";
-    directory_.Write(path, directory_.Bytes(path) + "\r\nPublic Sub JustAdded()\r\nEnd Sub\r\n");
-    std::filesystem::last_write_time(directory_.Path(path),
-                                     std::filesystem::file_time_type::clock::now() + std::chrono::seconds(5));
-    Command("Refresh").trigger();
-    EXPECT_EQ(StatusText(), TextNr(Text::FilesChanged, QStringLiteral("1")));
-    EXPECT_TRUE(window_->TheWorkspace().Tree().Exist("modstore.justadded"));
-    EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), "modmain.main");
 }
 
 TEST_F(MainWindow, TakesADroppedProjectAndNothingElse) {
@@ -551,7 +483,7 @@ TEST_F(MainWindow, SecondProjectReplacesTheFirst) {
 
 TEST_F(MainWindow, NothingOfTheOldProjectIsShownWhileTheNextOneIsRead) {
     Open();
-    std::filesystem::remove(directory_.Path("samples/ToolHire/modStore.bas"));
+    Remove("modStore.bas");
     QString title, counts;
     bool asked = false;
     SetMissingFilePort([&](std::string_view, int) {
@@ -594,7 +526,7 @@ TEST_F(MainWindow, ProjectComesBackAsItWasLeft) {
 
     // In another process; what does not exist any more is left out.
     EXPECT_TRUE(window_->close());
-    std::filesystem::remove(directory_.Path("samples/ToolHire/modStore.bas"));
+    Remove("modStore.bas");
     SettingsFile stored(files_, settings_.Path());
     window_ = std::make_unique<frmMain>(files_, stored, WithoutCalls(), ProgramDirectory());
     window_->show();
@@ -625,8 +557,7 @@ TEST_F(MainWindow, ForeignProjectIsRefusedAndTheOpenOneStays) {
 }
 
 TEST_F(MainWindow, FailedConditionsGoToTheListOfProblemsFromWhichTheCodeIsReached) {
-    const std::string path = "samples/ToolHire/modStore.bas";
-    directory_.Write(path, directory_.Bytes(path) + "\r\nSub JustAdded()\r\n#If x( Then\r\n#End If\r\nEnd Sub\r\n");
+    Append("modStore.bas", "\r\nSub JustAdded()\r\n#If x( Then\r\n#End If\r\nEnd Sub\r\n");
     Open();  // a question or error window would wait for ever
     Command("Problems").trigger();
     auto& list = Find<ProblemsList>();

@@ -29,18 +29,6 @@ protected:
     void Put(std::string_view path, double left, double top) {
         canvas_.Change({}, [&](XGraph& graph) { graph.GraphObjCreate(&ObjectAt(path), left, top, false); });
     }
-    /// Calls `answer` for the next dialog of that class.
-    template <class Dialog, class Answer>
-    void OnNext(Answer answer) {
-        auto* timer = new QTimer(&window_);
-        QObject::connect(timer, &QTimer::timeout, timer, [timer, answer] {
-            if (auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget())) {
-                timer->deleteLater();
-                answer(*dialog);
-            }
-        });
-        timer->start(1);
-    }
     /// Types a name into the next dialog, sets its options, and saves.
     void Export(const std::string& name, const std::function<void(GraphExportDialog&)>& options = {}) {
         OnNext<GraphExportDialog>([this, name, options](GraphExportDialog& dialog) {

@@ -12,82 +12,35 @@
 #include <fstream>
 
 #include "canvas/graph_canvas.h"
-#include "model/clsProjekt.h"
+#include "main_window_test.h"
 #include "model/clsProzedur.h"
-#include "platform/settings_file.h"
-#include "platform/temp_directory.h"
 #include "project/start.h"
 #include "shell/operations.h"
 #include "shell/settings.h"
 #include "views/baum_view.h"
 #include "views/commands.h"
-#include "views/frm_main.h"
 #include "views/graph_chains.h"
 #include "widgets/qt_text.h"
-#include "window_texts.h"
 #include "xgraph/graph_file.h"
 
 namespace {
 
-class GraphWindow : public WindowTest {
+class GraphWindow : public SampleWindow {
 protected:
-    GraphWindow() : settings_(files_, directory_.Path("Ostrivane.ini")) {
-        const std::filesystem::path samples = OSTRIVANE_SOURCE_DIR "/samples";
-        std::filesystem::copy(samples, directory_.Path("samples"), std::filesystem::copy_options::recursive);
-        gIniFile = settings_.Path();
-        window_ = std::make_unique<frmMain>(files_, settings_, Settings(), ProgramDirectory());
-        window_->resize(1200, 800);
-        window_->show();
-    }
-    ~GraphWindow() override { window_.reset(); }
-
-    [[nodiscard]] std::string Project() const { return directory_.Path("samples/ToolHire/ToolHire.vbp"); }
-    void Open() {
-        window_->OpenProject(Project());
-        ASSERT_TRUE(gProjekt);
-    }
-    GraphCanvas& Canvas() { return *window_->findChild<GraphCanvas*>(); }
-    QAction& Command(const char* key) { return *window_->findChild<QAction*>(QString::fromLatin1(key)); }
+    [[nodiscard]] GraphCanvas& Canvas() const { return Find<GraphCanvas>(); }
     /// Shows the object of a node in the diagram.
     void Show(const std::string& key) {
         window_->ActivateKey(key);
         window_->BaumProjekt().setFocus();
         Command("ShowInGraph").trigger();
     }
-    std::string WriteFile(const char* name, const std::string& text) {
-        const std::string path = directory_.Path(name);
-        std::ofstream(path, std::ios::binary) << text;
-        return path;
-    }
-    /// Presses a button of the next question.
-    void AnswerNext(QMessageBox::StandardButton answer) {
-        auto* timer = new QTimer(window_.get());
-        QObject::connect(timer, &QTimer::timeout, timer, [this, timer, answer] {
-            if (auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget())) {
-                asked_.push_back(box->text());
-                timer->deleteLater();
-                box->button(answer)->click();
-            }
-        });
-        timer->start(1);
-    }
     /// Chooses a file in the next dialog.
     void ChooseNext(const std::string& path) {
-        auto* timer = new QTimer(window_.get());
-        QObject::connect(timer, &QTimer::timeout, timer, [timer, path] {
-            if (auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget())) {
-                timer->deleteLater();
-                dialog->selectFile(ToPath(path));
-                QMetaObject::invokeMethod(dialog, "accept");
-            }
+        OnNext<QFileDialog>([path](QFileDialog& dialog) {
+            dialog.selectFile(ToPath(path));
+            QMetaObject::invokeMethod(&dialog, "accept");
         });
-        timer->start(1);
     }
-
-    TempDirectory directory_;
-    SettingsFile settings_;
-    std::unique_ptr<frmMain> window_;
-    std::vector<QString> asked_;
 };
 
 TEST_F(GraphWindow, AnObjectOfTheTreeIsShownInTheGraphAndChosenThere) {
@@ -137,7 +90,7 @@ TEST_F(GraphWindow, ChangesThatAreNotSavedAreAskedAboutOnce) {
     AnswerNext(QMessageBox::Discard);
     Command("CloseProject").trigger();
     EXPECT_FALSE(gProjekt);
-    EXPECT_EQ(asked_.size(), 2U);
+    EXPECT_EQ(asked_.size(), 2);
     EXPECT_TRUE(asked_.front().contains(QStringLiteral("X-Graph")));
 }
 
@@ -145,27 +98,18 @@ TEST_F(GraphWindow, ForeignFilesLeaveTheDiagramAlone) {
     Open();
     Show("modmain.main");
     Canvas().Undo().setClean();
-    const std::string path = WriteFile("no.ovg", "Hello\r\n");
+    const std::string path = directory_.Write("no.ovg", "Hello\r\n");
     AnswerNext(QMessageBox::Ok);
-    auto* second = new QTimer(window_.get());
-    QObject::connect(second, &QTimer::timeout, second, [this, second] {
-        auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-        if (box && asked_.size() == 1) {
-            asked_.push_back(box->text());
-            second->deleteLater();
-            box->accept();
-        }
-    });
-    second->start(20);
+    AnswerNext(QMessageBox::Ok);
     window_->OpenFile(path);
     EXPECT_EQ(Canvas().Graph().GraphObjects().size(), 1U);
-    ASSERT_EQ(asked_.size(), 2U);
+    ASSERT_EQ(asked_.size(), 2);
     EXPECT_TRUE(asked_[1].contains(TextNr(Text::GraphFileForeign))) << asked_[1].toStdString();
 }
 
 TEST_F(GraphWindow, ADiagramWaitsForItsProject) {
     const std::string path =
-        WriteFile("w.ovg", "Version=1\r\nBEGIN:\r\nCodePath=modmain.main\r\nLeft=600\r\nTop=900\r\nEND:\r\n");
+        directory_.Write("w.ovg", "Version=1\r\nBEGIN:\r\nCodePath=modmain.main\r\nLeft=600\r\nTop=900\r\nEND:\r\n");
     window_->OpenFile(path);
     Open();
     ASSERT_EQ(Canvas().Graph().GraphObjects().size(), 1U);
@@ -177,22 +121,18 @@ TEST_F(GraphWindow, SymbolsOfObjectsThatHaveGoneComeBackByUndo) {
     Show("modmain.main");
     Show("modstore");
     const std::vector<SymbolPlace> before = Canvas().Graph().Places();
-    const std::string file = directory_.Path("samples/ToolHire/modMain.bas");
-    std::ostringstream text;
-    text << std::ifstream(file, std::ios::binary).rdbuf();
-    const auto save = [&](const std::string& bytes) {
-        const auto date = std::filesystem::last_write_time(file);
-        std::ofstream(file, std::ios::binary) << bytes;
-        std::filesystem::last_write_time(file, date + std::chrono::seconds(10));
+    const std::string text = TextOf("modMain.bas");
+    const auto save = [this](const std::string& bytes) {
+        Save("modMain.bas", bytes);
         Command("Refresh").trigger();
     };
     const int steps = Canvas().Undo().count();
-    save(text.str() + "Private Sub Added()\r\nEnd Sub\r\n");
+    save(text + "Private Sub Added()\r\nEnd Sub\r\n");
     EXPECT_EQ(Canvas().Graph().Places(), before);
     EXPECT_EQ(Canvas().Undo().count(), steps) << "nothing to undo";
     save("Attribute VB_Name = \"modMain\"\r\n");
     EXPECT_EQ(Canvas().Graph().GraphObjects().size(), 1U);
-    save(text.str());
+    save(text);
     Command("UndoGraph").trigger();
     EXPECT_EQ(Canvas().Graph().Places(), before);
     EXPECT_FALSE(Canvas().grab().isNull());
@@ -232,19 +172,13 @@ TEST_F(GraphWindow, AChainOfTheTreesProcedureBringsItsSymbolAlong) {
 TEST_F(GraphWindow, ALongChainIsAskedAboutWithItsNumber) {
     Open();
     clsProzedur& start = static_cast<clsProzedur&>(*gProjekt->GetObjectFromCodePath("modmain.main"));
-    const auto answer = [&](Text button) {
-        auto* timer = new QTimer(window_.get());
-        QObject::connect(timer, &QTimer::timeout, timer, [this, timer, button] {
-            auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-            if (!box)
-                return;
-            asked_.push_back(box->text());
-            timer->deleteLater();
-            for (QAbstractButton* each : box->buttons())
+    const auto answer = [this](Text button) {
+        OnNext<QMessageBox>([this, button](QMessageBox& box) {
+            asked_.push_back(box.text());
+            for (QAbstractButton* each : box.buttons())
                 if (each->text().remove(QLatin1Char('&')) == TextNr(button))
                     each->click();
         });
-        timer->start(1);
     };
     const GraphPorts ports{
         .run = [](const std::string&, const std::function<void()>& operation) { return RunOperation(operation); },
@@ -264,7 +198,7 @@ TEST_F(GraphWindow, ALongChainIsAskedAboutWithItsNumber) {
     const std::size_t first = symbolsAfter(Text::FirstLevelOnly);
     EXPECT_GT(first, 1U);
     EXPECT_GT(symbolsAfter(Text::ShowAllSymbols), first);
-    ASSERT_EQ(asked_.size(), 3U);
+    ASSERT_EQ(asked_.size(), 3);
     EXPECT_TRUE(asked_[0].endsWith(QStringLiteral(" procedures. Show all?"))) << asked_[0].toStdString();
 }
 
@@ -297,7 +231,7 @@ protected:
     Arranging() : path_(qgetenv("PATH")) {}
     ~Arranging() override { qputenv("PATH", path_); }
     void Install(const std::string& script) {
-        const std::string program = WriteFile("dot", "#!/bin/sh\n" + script);
+        const std::string program = directory_.Write("dot", "#!/bin/sh\n" + script);
         std::filesystem::permissions(program, std::filesystem::perms::owner_all);
         qputenv("PATH", QByteArray::fromStdString(std::filesystem::path(program).parent_path()) + ":/bin:/usr/bin");
     }

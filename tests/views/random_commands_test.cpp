@@ -333,7 +333,7 @@ private:
             if (view->acceptDrops())
                 QTest::keyClick(view, Qt::Key_V, Qt::ControlModifier);
     }
-    // The boxes stand at the left of the icons, one indentation further for each level.
+    // The boxes are at the left of the icons, one indentation further for each level.
     void ClickBox() {
         BaumView& tree = window_->BaumProjekt();
         const QModelIndex row = AnyRow(tree);

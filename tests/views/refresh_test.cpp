@@ -4,45 +4,24 @@
 
 #include "canvas/graph_canvas.h"
 #include "display/baum_walk.h"
-#include "model/clsProjekt.h"
-#include "platform/settings_file.h"
-#include "platform/temp_directory.h"
+#include "main_window_test.h"
 #include "project/start.h"
 #include "shell/settings.h"
 #include "shell/vb_text.h"
 #include "views/baum_view.h"
 #include "views/code_view.h"
-#include "views/frm_main.h"
 #include "views/overview_pane.h"
 #include "views/overview_table.h"
 #include "views/references_list.h"
 #include "views/remark_line.h"
 #include "window_invariants.h"
-#include "window_texts.h"
 
 namespace {
 
-class RefreshWindow : public WindowTest {
+class RefreshWindow : public SampleWindow {
 protected:
-    RefreshWindow() : settings_(files_, directory_.Path("Ostrivane.ini")) {
-        const std::filesystem::path samples = OSTRIVANE_SOURCE_DIR "/samples";
-        std::filesystem::copy(samples, directory_.Path("samples"), std::filesystem::copy_options::recursive);
-        gIniFile = settings_.Path();
-        window_ = std::make_unique<frmMain>(files_, settings_, Settings(), ProgramDirectory());
-        window_->resize(1200, 800);
-        window_->show();
-        window_->OpenProject(directory_.Path("samples/ToolHire/ToolHire.vbp"));
-    }
-    ~RefreshWindow() override { window_.reset(); }
+    RefreshWindow() { Open(); }
 
-    // Saved some minutes before now, so that nothing waits for it to settle.
-    void Save(const std::string& file, const std::string& bytes) {
-        const std::string path = directory_.Write("samples/ToolHire/" + file, bytes);
-        std::filesystem::last_write_time(
-            path, std::filesystem::file_time_type::clock::now() - std::chrono::seconds(1000 - ++saved_));
-    }
-    std::string Text(const std::string& file) { return directory_.Bytes("samples/ToolHire/" + file); }
-    void Append(const std::string& file, const std::string& bytes) { Save(file, Text(file) + bytes); }
     void LookAtFiles() {
         QEvent event(QEvent::ActivationChange);
         QApplication::setActiveWindow(window_.get());
@@ -51,12 +30,7 @@ protected:
     QToolButton& BarButton(const char* name = "FilesChanged") { return ChildOf<QToolButton>(*window_, name); }
     QWidget& Bar() { return *BarButton().parentWidget(); }
     QString BarText() { return Bar().isVisible() ? ChildOf<QLabel>(Bar()).text() : QString(); }
-    void Refresh() { ChildOf<QAction>(*window_, "Refresh").trigger(); }
-
-    TempDirectory directory_;
-    SettingsFile settings_;
-    std::unique_ptr<frmMain> window_;
-    int saved_ = 0;
+    void Refresh() { Command("Refresh").trigger(); }
 };
 
 TEST_F(RefreshWindow, ABarSaysThatFilesHaveChangedAndThenWhatChanged) {
@@ -69,9 +43,9 @@ TEST_F(RefreshWindow, ABarSaysThatFilesHaveChangedAndThenWhatChanged) {
     BarButton("FilesChangedDismiss").click();
     LookAtFiles();
     EXPECT_EQ(BarText(), QString()) << "it is known now";
-    std::filesystem::remove(directory_.Path("samples/ToolHire/modSlip.bas"));
+    Remove("modSlip.bas");
     LookAtFiles();
-    const std::string project = Text("ToolHire.vbp");
+    const std::string project = TextOf("ToolHire.vbp");
     Save("ToolHire.vbp", Replace(project, "Form=frmReturn.frm\r\n", ""));
     LookAtFiles();
     EXPECT_EQ(BarText(), QStringLiteral("3 files changed: ToolHire.vbp (frmReturn.frm removed from the project), "
@@ -84,7 +58,7 @@ TEST_F(RefreshWindow, ABarSaysThatFilesHaveChangedAndThenWhatChanged) {
     EXPECT_TRUE(window_->TheWorkspace().Tree().Exist("modslip"));
     EXPECT_EQ(BrokenRules(*window_), QStringList());
     BarButton().click();
-    auto& list = ChildOf<OverviewTable>(*window_);
+    auto& list = Find<OverviewTable>();
     ASSERT_TRUE(list.isVisible());
     ASSERT_EQ(list.model()->rowCount(), 2);
     EXPECT_EQ(list.model()->index(1, OverviewModel::Change).data(), QStringLiteral("new, newly dead"));
@@ -97,6 +71,8 @@ TEST_F(RefreshWindow, ABarSaysThatFilesHaveChangedAndThenWhatChanged) {
 }
 
 TEST_F(RefreshWindow, ReadsByItselfOnlyIfTheSettingsSaySo) {
+    Refresh();
+    EXPECT_EQ(StatusText(), TextNr(Text::NoFileChanged));
     window_->TheSettings().RefreshAuto = 1;
     Append("modStore.bas", "\r\nPublic Sub JustAdded()\r\nEnd Sub\r\n");
     LookAtFiles();
@@ -109,14 +85,14 @@ TEST_F(RefreshWindow, ReadsByItselfOnlyIfTheSettingsSaySo) {
 
 TEST_F(RefreshWindow, AFileThatIsBeingWrittenIsReadWhenItIsWhole) {
     directory_.Write("samples/ToolHire/modStore.bas",
-                     Text("modStore.bas") + "\r\nPublic Sub JustAdded()\r\nEnd Sub\r\n");
+                     TextOf("modStore.bas") + "\r\nPublic Sub JustAdded()\r\nEnd Sub\r\n");
     Refresh();
     EXPECT_FALSE(window_->TheWorkspace().Tree().Exist("modstore.justadded"));
     EXPECT_TRUE(QTest::qWaitFor([this] { return window_->TheWorkspace().Tree().Exist("modstore.justadded"); }, 10000));
 }
 
 TEST_F(RefreshWindow, AMissingFileDoesNotInterrupt) {
-    std::filesystem::remove(directory_.Path("samples/ToolHire/modSlip.bas"));
+    Remove("modSlip.bas");
     Refresh();
     EXPECT_EQ(BarText(), QStringLiteral("No procedure changed; 1 not readable, left as it was"));
     EXPECT_FALSE(gProjekt->problems.All().empty());
@@ -126,9 +102,9 @@ TEST_F(RefreshWindow, AMissingFileDoesNotInterrupt) {
 }
 
 TEST_F(RefreshWindow, EverythingShownStaysWhereItWas) {
-    auto& canvas = ChildOf<GraphCanvas>(*window_);
+    auto& canvas = Find<GraphCanvas>();
     window_->ActivateKey("modstore.savebook");
-    ChildOf<QAction>(*window_, "ShowInGraph").trigger();
+    Command("ShowInGraph").trigger();
     const std::vector<SymbolPlace> places = canvas.Graph().Places();
     ASSERT_EQ(places.size(), 1U);
     window_->MainActions(13);
@@ -143,10 +119,11 @@ TEST_F(RefreshWindow, EverythingShownStaysWhereItWas) {
     const std::vector<NodeId> folds = open();
     const auto history = workspace.Navigation().Current().node;
     for (const bool withProject : {false, true}) {
-        Save("modStore.bas", Text("modStore.bas") + "Private Sub Added" + std::to_string(saved_) + "()\r\nEnd Sub\r\n");
+        Append("modStore.bas", std::string("Private Sub Added") + (withProject ? "1" : "0") + "()\r\nEnd Sub\r\n");
         if (withProject)  // another library: the whole project is loaded again
-            Save("ToolHire.vbp", "Reference=*\\G{1}#1.0#0#C:\\w\\x.tlb#X\r\n" + Text("ToolHire.vbp"));
+            Save("ToolHire.vbp", "Reference=*\\G{1}#1.0#0#C:\\w\\x.tlb#X\r\n" + TextOf("ToolHire.vbp"));
         Refresh();
+        EXPECT_EQ(StatusText(), TextNr(Text::FilesChanged, withProject ? QStringLiteral("2") : QStringLiteral("1")));
         EXPECT_TRUE(BarText().startsWith(QStringLiteral("No procedure changed, 1 new"))) << BarText().toStdString();
         EXPECT_EQ(canvas.Graph().Places(), places);
         EXPECT_EQ(code.textCursor().selectedText(), selected);

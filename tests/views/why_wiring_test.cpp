@@ -10,38 +10,26 @@
 
 #include "canvas/graph_canvas.h"
 #include "display/project_reach.h"
-#include "platform/settings_file.h"
-#include "platform/temp_directory.h"
+#include "main_window_test.h"
 #include "project/start.h"
 #include "reach/reasons.h"
 #include "shell/settings.h"
 #include "views/code_view.h"
 #include "views/frm_declare.h"
-#include "views/frm_main.h"
 #include "views/frm_reach.h"
 #include "views/reach_list.h"
-#include "window_texts.h"
 
 namespace {
 
 using Kind = ReachRow::Kind;
 
-class WhyWindow : public WindowTest {
+class WhyWindow : public SampleWindow {
 protected:
-    WhyWindow() : settings_(files_, directory_.Path("Ostrivane.ini")) {
-        const std::filesystem::path samples = OSTRIVANE_SOURCE_DIR "/samples";
-        std::filesystem::copy(samples, directory_.Path("samples"), std::filesystem::copy_options::recursive);
-        gIniFile = settings_.Path();
-        window_ = std::make_unique<frmMain>(files_, settings_, Settings(), ProgramDirectory());
-        window_->resize(1200, 800);
-        window_->show();
-        window_->OpenProject(directory_.Path("samples/ToolHire/ToolHire.vbp"));
+    WhyWindow() {
+        Open();
         EXPECT_TRUE(window_->TheWorkspace().ReadCalls());
-        list_ = window_->findChild<ReachList*>(QStringLiteral("why"));
     }
-    ~WhyWindow() override { window_.reset(); }
 
-    QAction& Command(const char* key) { return *window_->findChild<QAction*>(QString::fromLatin1(key)); }
     void Why(const std::string& key) {
         window_->ActivateKey(key);
         window_->setFocus();
@@ -51,27 +39,18 @@ protected:
         const auto row = std::ranges::find_if(list_->Rows(), fits);
         return row == list_->Rows().end() ? -1 : static_cast<int>(row - list_->Rows().begin());
     }
-    /// Presses a button of the next dialog, after a comment was typed.
-    void AnswerNext(const char* button) {
-        auto* timer = new QTimer(window_.get());
-        QObject::connect(timer, &QTimer::timeout, timer, [timer, button] {
-            auto* dialog = qobject_cast<frmDeclare*>(QApplication::activeModalWidget());
-            if (!dialog)
-                return;
-            timer->deleteLater();
-            dialog->findChild<QLineEdit*>(QStringLiteral("comment"))->setText(QStringLiteral("by mail"));
-            dialog->findChild<QPushButton*>(QString::fromLatin1(button))->click();
+    /// Types a comment into the next dialog and presses a button of it.
+    void DeclareNext(const char* button) {
+        OnNext<frmDeclare>([button](frmDeclare& dialog) {
+            ChildOf<QLineEdit>(dialog, "comment").setText(QStringLiteral("by mail"));
+            ChildOf<QPushButton>(dialog, button).click();
         });
-        timer->start(1);
     }
     [[nodiscard]] Grade GradeAt(const std::string& path) const {
         return window_->TheWorkspace().TheReasons()->GradeOf(*gProjekt->GetObjectFromCodePath(path)).grade;
     }
 
-    TempDirectory directory_;
-    SettingsFile settings_;
-    std::unique_ptr<frmMain> window_;
-    ReachList* list_ = nullptr;
+    ReachList* list_ = &ChildOf<ReachList>(*window_, "why");
 };
 
 }  // namespace
@@ -96,11 +75,11 @@ TEST_F(WhyWindow, WhatTheUserDeclaresCountsAtOnceAndIsTakenBack) {
     const std::string dead = "modslip.printbarcode";
     ASSERT_NE(GradeAt(dead), Grade::Living);
     Why(dead);
-    AnswerNext("cmdDeclare");
+    DeclareNext("cmdDeclare");
     Command("DeclareEntry").trigger();
     EXPECT_EQ(GradeAt(dead), Grade::Living);
     EXPECT_GE(RowWhere([](const ReachRow& row) { return row.text.ends_with("by mail"); }), 0);
-    AnswerNext("cmdRemove");
+    DeclareNext("cmdRemove");
     Command("DeclareEntry").trigger();
     EXPECT_NE(GradeAt(dead), Grade::Living);
     EXPECT_TRUE(window_->TheWorkspace().TheReach().Stored(*gProjekt).declared.All().empty());

@@ -1,5 +1,6 @@
 #include "window_invariants.h"
 
+#include <QAccessible>
 #include <QtWidgets>
 
 #include "display/baum_walk.h"
@@ -28,7 +29,7 @@
 
 namespace {
 
-// Without the neighbours of neighbours, which stand there as far as somebody has unfolded them.
+// Without the neighbours of neighbours, which are there as far as somebody has unfolded them.
 std::string DumpOf(const Baum& tree) {
     std::string dump;
     ForEachNode(tree, [&dump](const BaumNode& node) {
@@ -288,4 +289,19 @@ QStringList CutTexts(const QWidget& window) {
                            .arg(widget->sizeHint().width()));
     }
     return cut;
+}
+
+QStringList UnnamedWidgets(const QWidget& window) {
+    QStringList unnamed;
+    for (QWidget* widget : window.findChildren<QWidget*>()) {
+        const bool isInner =
+            widget->objectName().startsWith(QStringLiteral("qt_")) || widget->inherits("QLineEditIconButton");
+        const bool isReached = widget->focusPolicy() != Qt::NoFocus || qobject_cast<QAbstractButton*>(widget);
+        if (!widget->isVisible() || isInner || !isReached)
+            continue;
+        const QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(widget);
+        if (!accessible || accessible->text(QAccessible::Name).isEmpty())
+            unnamed.append(QLatin1String(widget->metaObject()->className()) + QLatin1Char(' ') + widget->objectName());
+    }
+    return unnamed;
 }

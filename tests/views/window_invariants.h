@@ -12,3 +12,6 @@ class frmMain;
 
 /// The fixed texts in a window that are not shown as a whole.
 [[nodiscard]] QStringList CutTexts(const QWidget& window);
+
+/// The widgets in a window that can be reached and have no name for a screen reader.
+[[nodiscard]] QStringList UnnamedWidgets(const QWidget& window);

@@ -37,6 +37,23 @@ protected:
     static void ClickOn(QWidget& widget) {
         QTest::mouseClick(&widget, Qt::LeftButton, {}, QPoint(8, widget.height() / 2));
     }
+    /// Calls `answer` for the next dialog of that class.
+    template <class Dialog, class Answer>
+    void OnNext(Answer answer) {
+        auto* timer = new QTimer(&waiting_);
+        QObject::connect(timer, &QTimer::timeout, timer, [timer, answer = std::move(answer)] {
+            auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
+            if (!dialog)
+                return;
+            timer->stop();  // the answer can open further dialogs
+            timer->deleteLater();
+            answer(*dialog);
+        });
+        timer->start(1);
+    }
 
     DiskFiles files_;
+
+private:
+    QObject waiting_;  // owns the timers of answers
 };

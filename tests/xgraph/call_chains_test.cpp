@@ -157,7 +157,6 @@ TEST_F(Places, TheSearchGoesOnBehindSymbolsAndTurnsAtTheEdge) {
     EXPECT_EQ(placement.GraphPlaceDirX, 1);
     placement.GraphPlaceDirY = -1;
     EXPECT_EQ(placement.Graph_GetNextPlace_To_X({59400, 0}, kRef), (GraphPoint{59700, -1200}));
-    EXPECT_EQ(placement.Graph_GetNextPlace_To_Y({10, 10}), (GraphPoint{10, 615}));
     EXPECT_EQ(placement.Graph_GetNextPlace_To_X({70000, 0}, {0, 0, 70000, 600}), (GraphPoint{70000, 0}))
         << "too wide for any row";
 }

@@ -100,18 +100,6 @@ TEST_F(Graphs, SelectedSymbolsMoveTogetherAndTheCanvasGrows) {
     EXPECT_EQ(At("m.stay").Top, 1200);
 }
 
-TEST_F(Graphs, BoundsAreNeverSmallerThanTheView) {
-    ReadProject({{"M.bas", kThree}});
-    const GraphRect view{100, 0, 5000, 3000};
-    EXPECT_EQ(graph.GraphBoundsRefresh(view), GraphRect());
-    Put({"m.go"});
-    EXPECT_EQ(graph.GraphBoundsRefresh(view), (GraphRect{0, 0, 5100, 3000}));
-    graph.MoveTo(1, {200, 100});
-    EXPECT_EQ(graph.GraphBoundsRefresh(view), view);
-    graph.Clear();
-    EXPECT_EQ(graph.GraphBoundsRefresh({}), view) << "nothing has changed them since";
-}
-
 TEST_F(Graphs, SymbolsStayWhereTheirObjectsComeAgain) {
     ReadProject({{"M.bas", kThree}, {"N.bas", "Sub Here()\nEnd Sub\n"}});
     Put({"m", "m.go", "n.here", "m.stay", "m.turn"});
