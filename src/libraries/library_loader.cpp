@@ -29,16 +29,21 @@ LibraryLoader::~LibraryLoader() {
 }
 
 void LibraryLoader::LoadAll() {
-    for (const auto& library : projekt_.OwnedLibraries()) {
+    // One may import another that the project names further down.
+    for (const auto& library : projekt_.OwnedLibraries())
         search_.Find(*library);
+    for (const auto& library : projekt_.OwnedLibraries())
         if (library->file.IsFound() && !library->isProject)
             Load(*library);
-    }
     NoteLibraryProblems(projekt_, search_);
 }
 
 ImportedLibraryFinder LibraryLoader::Finder() {
-    return [this](const typelib::ImportedLibrary& imported) { return Imported(imported); };
+    return [this](const typelib::ImportedLibrary& imported) { return Imported(imported).library; };
+}
+
+std::string LibraryLoader::FileOf(const typelib::ImportedLibrary& imported) {
+    return Imported(imported).file;
 }
 
 void LibraryLoader::Load(clsTypeLib& library) {
@@ -67,16 +72,30 @@ const LibraryInFile& LibraryLoader::Read(const std::string& file, int resource) 
 }
 
 // A library takes types from others that the project need not name, such as that of fonts and pictures.
-const TypeLibrary* LibraryLoader::Imported(const typelib::ImportedLibrary& imported) {
-    const auto [known, isNew] = imported_.try_emplace(NormalisedGuid(imported.id), nullptr);
-    if (!isNew)
-        return known->second;
+const LibraryLoader::Import& LibraryLoader::Imported(const typelib::ImportedLibrary& imported) {
     clsTypeLib other(std::pmr::get_default_resource());
     other.TypeLibID = imported.id;
     other.Version = VersionText(imported.major, imported.minor);
     other.LineFile = imported.file;
-    search_.Find(other);
+    const auto [known, isNew] = imported_.try_emplace(NormalisedGuid(other.TypeLibID) + other.Version);
+    if (!isNew)
+        return known->second;
+    other.file = FileOfProject(other);
+    if (!other.file.IsFound())
+        search_.Find(other);
     if (other.file.IsFound())
-        known->second = &Read(other.file.path, other.file.resource).library;
+        known->second = {&Read(other.file.path, other.file.resource).library, other.file.path};
     return known->second;
+}
+
+// The places of its line in the project file lead to a library that nothing else does.
+LibraryFile LibraryLoader::FileOfProject(const clsTypeLib& asked) const {
+    const std::optional<LibraryVersion> version = VersionOf(asked.Version);
+    for (const auto& library : projekt_.OwnedLibraries()) {
+        const std::optional<LibraryVersion> offered = VersionOf(library->file.version);
+        if (library->file.IsFound() && offered && version && FitOf(*offered, *version) != VersionFit::Other &&
+            NormalisedGuid(library->TypeLibID) == NormalisedGuid(asked.TypeLibID))
+            return library->file;
+    }
+    return {};
 }

@@ -409,6 +409,9 @@ FileError DiskFiles::MakeDirectory(std::string_view path) {
 
 std::vector<std::string> DiskFiles::NamesIn(std::string_view directory) const {
     std::vector<std::string> names;
+    // A separator at the end would forbid to look for another spelling.
+    while (directory.size() > 1 && (directory.back() == '/' || directory.back() == '\\'))
+        directory.remove_suffix(1);
     directories_->Try(directory, [&](const std::string& systemPath) {
         DIR* const stream = opendir(systemPath.c_str());
         if (!stream)

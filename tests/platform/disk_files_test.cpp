@@ -56,6 +56,8 @@ TEST_F(DiskPaths, NamesOfADirectoryAreThoseOnDiskAndInMemory) {
         memory.WriteWhole(Path(name), "x");
     }
     EXPECT_THAT(files.NamesIn(Path("SUB")), testing::UnorderedElementsAre("a.txt", "B"));
+    for (const char* spelled : {"SUB/", "sub\\", "Sub//"})
+        EXPECT_EQ(files.NamesIn(Path(spelled)).size(), 2U) << spelled;
     EXPECT_THAT(memory.NamesIn(Path("SUB\\")), testing::UnorderedElementsAre("a.txt", "b"));
     EXPECT_TRUE(files.NamesIn(Path("Sub/a.txt")).empty() && files.NamesIn(Path("none")).empty());
 }
