@@ -4,6 +4,7 @@
 #include "libraries/library_version.h"
 #include "model/clsProjekt.h"
 #include "model/clsTypeLib.h"
+#include "platform/pe_resources.h"
 #include "platform/picture_resource.h"
 #include "platform/type_library_file.h"
 
@@ -56,9 +57,9 @@ void LibraryLoader::Load(clsTypeLib& library) {
     library.format = TextOf(read.format);
     ReadInterfaces(projekt_, library, ContentsOf(read, Finder()));
     if (library.LibTyp == LibraryKind::Component && library.IconIndex > 0)
-        library.picture =
-            PictureFileOf(projekt_.TheFiles().ReadBytes(search_.PictureFile(library), kMaxLibraryFileBytes).bytes,
-                          static_cast<std::uint32_t>(library.IconIndex));
+        library.picture = PictureFileOf(
+            ReadForResources(projekt_.TheFiles(), search_.PictureFile(library), kMaxLibraryFileBytes).bytes,
+            static_cast<std::uint32_t>(library.IconIndex));
     if (!read.problems.empty())
         NoteBrokenLibrary(projekt_, library, read.problems.front());
 }

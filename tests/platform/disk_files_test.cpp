@@ -165,6 +165,19 @@ TEST_F(DiskReading, TakesFilesOfEverySize) {
     EXPECT_EQ(ReadError("large"), FileError::TooLarge);
 }
 
+TEST_F(DiskReading, TakesStretchesOfAFileAsInMemory) {
+    directory.Write("Sub/A.bin", "0123456789");
+    const MemoryFiles memory{{Path("Sub/A.bin"), "0123456789"}};
+    const std::string path = Path("sub\\a.BIN");
+    for (const auto& [from, length, bytes] : {std::tuple(0, 4, "0123"), std::tuple(8, 4, "89"), std::tuple(10, 4, ""),
+                                              std::tuple(50, 4, ""), std::tuple(0, 99, "0123456789")}) {
+        EXPECT_EQ(files.ReadStretch(path, from, length).bytes, bytes);
+        EXPECT_EQ(memory.ReadStretch(path, from, length).bytes, bytes);
+    }
+    EXPECT_EQ(files.ReadStretch(Path("none"), 0, 4).error, FileError::NotFound);
+    EXPECT_EQ(files.ReadStretch(Path("Sub"), 0, 4).error, FileError::IsDirectory);
+}
+
 TEST_F(DiskReading, ReturnsTheTimeOfTheLastChange) {
     const std::string path = directory.Write("a", "x");
     const timespec times[2] = {{1000, 0}, {1'600'000'000, 123'000'000}};
