@@ -203,6 +203,7 @@ void NoteCostsOfMissingLibraries(clsProjekt& projekt) {
         if (const auto& library = projekt.OwnedLibraries()[nr]; isMissing(library)) {
             if (!projekt.callsKnown)
                 uses[nr].places = 0;  // those of a reading that was cancelled
+            library->need = {uses[nr].controls, uses[nr].variables, uses[nr].places, uses[nr].modules};
             NoteCost(projekt, *library, CostText(uses[nr]));
         }
 }

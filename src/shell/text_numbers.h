@@ -617,4 +617,13 @@ enum class Text {
     NotDeclared = 673,
     DeclaredObject = 674,
     EntryPoint = 675,
+    LibraryNotFoundNamed = 676,
+    ProjectNotFoundNamed = 677,
+    OtherVersionUsed = 678,
+    RegistryFileUnreadable = 679,
+    NeededBy = 680,
+    NoUseByName = 681,
+    Remedy = 682,
+    CopyLibrary = 683,
+    CountCalls = 684,
 };
