@@ -1,7 +1,7 @@
 # Sourced by ./run and ./test: installs the Debian packages that are missing. Says what it does, and is quick when
 # nothing is missing.
 # What the desktop program is built with, the library's own texts in other languages, and what arranges diagrams.
-WINDOW_PACKAGES="qt6-base-dev qt6-charts-dev qt6-svg-dev libgl-dev qt6-translations-l10n graphviz"
+WINDOW_PACKAGES="qt6-base-dev libqt6opengl6-dev qt6-charts-dev qt6-svg-dev libgl-dev qt6-translations-l10n graphviz"
 
 need_packages() {
     local missing=()

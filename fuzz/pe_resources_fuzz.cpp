@@ -15,6 +15,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
                         resource.bytes.data() + resource.bytes.size() <= file.data() + file.size(),
                     "a resource is a part of the file");
     }
+    const MemoryFiles files{{"a", std::string(file)}};
+    const std::string part = ReadForResources(files, "a", size).bytes;
+    Require(part.size() <= size * 2, "the part of a program is no larger than its headers and a section");
+    RequireSound(ReadTypeLibrary(part), part.size());
     for (const std::uint32_t number : {1U, 2U})
         Require(PictureFileOf(file, number).size() <= (std::size_t{1} << 20) + 1024, "a picture has a bound");
     RequireSound(ReadTypeLibrary(file, 2), size);

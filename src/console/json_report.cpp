@@ -7,6 +7,7 @@
 
 #include "console/library_report.h"
 #include "findings/dead_objects.h"
+#include "findings/library_use.h"
 #include "findings/module_statistics.h"
 #include "model/clsControl.h"
 #include "model/clsEnum.h"
@@ -104,6 +105,11 @@ std::vector<LocalUse> LocalUsesOf(const clsProjekt& projekt) {
     return uses;
 }
 
+Json UseJson(const LibraryUse& use) {
+    return {{"modules", use.modules}, {"places", use.places}, {"controls", use.controls}, {"variables", use.variables}};
+}
+
+/// @param withFile  with the file, or the places where it was sought
 Json LibraryJson(const clsTypeLib& library, bool withFile) {
     Json json = {{"kind", TextOf(library.LibTyp)},           {"name", Utf8(library.myNameOrg())},
                  {"description", Utf8(library.Description)}, {"typeLibID", Utf8(library.TypeLibID)},
@@ -359,8 +365,14 @@ void WriteJson(std::ostream& out, clsProjekt& projekt, const JsonParts& parts) {
         WriteEntryPoints(out, parts.reasons->TheReach());
     {
         ArrayWriter libraries(out, "libraries");
-        for (const auto& library : projekt.OwnedLibraries())
-            libraries.Add(LibraryJson(*library, parts.libraryFiles));
+        const bool withUses = parts.libraryFiles && parts.edges;
+        const std::vector<LibraryUse> uses = withUses ? UsesOfLibraries(projekt) : std::vector<LibraryUse>();
+        for (std::size_t nr = 0; nr < projekt.OwnedLibraries().size(); ++nr) {
+            Json json = LibraryJson(*projekt.OwnedLibraries()[nr], parts.libraryFiles);
+            if (withUses)
+                json["use"] = UseJson(uses[nr]);
+            libraries.Add(json);
+        }
     }
     {
         ArrayWriter problems(out, "problems");

@@ -29,6 +29,20 @@ std::string_view StateOf(const clsTypeLib& library) {
     return library.file.IsFound() ? "found" : "missing";
 }
 
+std::string PlaceText(const LibraryPlace& place) {
+    return std::string(TextOf(place.step)) + ": " + (place.place.empty() ? "" : Utf8(place.place) + ", ") +
+           std::string(TextOf(place.outcome));
+}
+
+// Where a library was sought in vain.
+std::string SoughtText(const clsTypeLib& library) {
+    std::string text;
+    if (!library.file.IsFound())
+        for (const LibraryPlace& place : library.file.places)
+            text += (text.empty() ? "" : "; ") + PlaceText(place);
+    return text;
+}
+
 std::string Page(const clsTypeLib& library, const LibraryUse& use) {
     std::string page = Utf8(library.myNameOrg());
     if (!library.Description.empty())
@@ -48,8 +62,7 @@ std::string Page(const clsTypeLib& library, const LibraryUse& use) {
     } else {
         line("file", std::string(StateOf(library)));
         for (const LibraryPlace& place : library.file.places)
-            line("", std::string(TextOf(place.step)) + ": " + (place.place.empty() ? "" : Utf8(place.place) + ", ") +
-                         std::string(TextOf(place.outcome)));
+            line("", PlaceText(place));
     }
     line("use", UseText(use, library.file.IsFound()));
     return page;
@@ -68,7 +81,8 @@ std::string LibraryInventory(const clsProjekt& projekt) {
 std::string LibraryTable(const clsProjekt& projekt) {
     const std::vector<LibraryUse> uses = UsesOfLibraries(projekt);
     std::string table =
-        "name,description,version,identifier,kind,state,file,classes,members,modules,places,controls,variables\r\n";
+        "name,description,version,identifier,kind,state,file,classes,members,modules,places,controls,variables,"
+        "sought\r\n";
     for (std::size_t i = 0; i < uses.size(); ++i) {
         const clsTypeLib& library = *projekt.OwnedLibraries()[i];
         const LibraryUse& use = uses[i];
@@ -78,7 +92,7 @@ std::string LibraryTable(const clsProjekt& projekt) {
             table += CsvCell(text) + ",";
         for (const int number : {use.classes, use.members, use.modules, use.places, use.controls})
             table += std::to_string(number) + ",";
-        table += std::to_string(use.variables) + "\r\n";
+        table += std::to_string(use.variables) + "," + CsvCell(SoughtText(library)) + "\r\n";
     }
     return table;
 }

@@ -3,6 +3,7 @@
 #include <nlohmann/json.hpp>
 #include <ostream>
 
+#include "libraries/library_loader.h"
 #include "model/clsTypeLib.h"
 #include "platform/code_page.h"
 #include "platform/type_library.h"
@@ -99,6 +100,19 @@ std::string Utf8(std::string_view bytes) {
     return ActiveCodePage().ToUtf8(bytes);
 }
 
+Json ImportsJson(const TypeLibrary& library, LibraryLoader& loader) {
+    Json imports = Json::array();
+    for (const typelib::ImportedLibrary& imported : library.importedLibraries) {
+        const std::string found = loader.FileOf(imported);
+        imports.push_back({{"name", imported.file},
+                           {"id", imported.id},
+                           {"version", std::to_string(imported.major) + '.' + std::to_string(imported.minor)},
+                           {"lcid", imported.lcid},
+                           {"file", found.empty() ? Json() : Json(Utf8(found))}});
+    }
+    return imports;
+}
+
 Json VariableJson(const clsTypeLib& library, const clsVariable& variable) {
     const LibraryDetail& detail = library.DetailOf(variable);
     Json json = {{"name", Utf8(variable.myNameOrg())},
@@ -183,13 +197,14 @@ void AddContents(Json& json, const clsTypeLib& library) {
     json["records"] = GroupsJson(library, library.myTypes);
 }
 
-void WriteLibraryJson(std::ostream& out, const TypeLibrary& library, const clsTypeLib& objects) {
+void WriteLibraryJson(std::ostream& out, const TypeLibrary& library, const clsTypeLib& objects, LibraryLoader& loader) {
     Json json = {{"name", library.name},
                  {"id", library.id},
                  {"version", library.Version()},
                  {"lcid", library.lcid},
                  {"format", TextOf(library.format)},
-                 {"description", library.description}};
+                 {"description", library.description},
+                 {"imports", ImportsJson(library, loader)}};
     Json types = Json::array();
     for (const typelib::Type& type : library.types)
         types.push_back(TypeJson(library, type));

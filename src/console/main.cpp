@@ -2,6 +2,7 @@
 #include <unistd.h>
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <fstream>
 #include <iostream>
 #include <sstream>
@@ -249,9 +250,16 @@ int PrintLibrary(const Options& options) {
         clsTypeLib& objects = projekt.NewLibrary();
         objects.SetName(projekt.TheNames().Intern(projekt.TheNames().Page().FromUtf8(library.name)));
         ReadInterfaces(projekt, objects, contents);
-        isWritten = WriteTo(options.json, [&](std::ostream& out) { WriteLibraryJson(out, library, objects); });
+        isWritten = WriteTo(options.json, [&](std::ostream& out) { WriteLibraryJson(out, library, objects, loader); });
     }
     return library.problems.empty() && isWritten ? AllWell : Reported;
+}
+
+// Whether the JSON says where libraries were sought. Nothing but their lines is known if nobody asks and none was
+// found.
+bool TellsOfLibraries(const Options& options, const LibrarySearch& search) {
+    return options.inventory || search.Sources().isConfigured ||
+           std::ranges::any_of(gProjekt->OwnedLibraries(), [](const auto& library) { return library->file.IsFound(); });
 }
 
 // Makes the project that the options name, of which nothing is read yet. Returns the text of its file, or nothing if
@@ -353,7 +361,7 @@ int Run(const Options& options) {
     if (answer)
         (options.json == "-" || options.csv == "-" ? std::cerr : std::cout) << PageText(*answer);
     const bool tableWritten = WriteTable(options, answer.get());
-    const bool jsonWritten = WriteJsonFile(options, search.Sources().isConfigured, answers.get());
+    const bool jsonWritten = WriteJsonFile(options, TellsOfLibraries(options, search), answers.get());
     const bool hasProblems = PrintProblems();
     // With JSON on standard output, nothing else may be written there: another program reads it.
     if (!options.quiet)

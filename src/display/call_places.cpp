@@ -160,14 +160,24 @@ void ForEachEdgeTo(const clsProjekt& projekt, const CodeObject& object, const Us
     }
 }
 
+void ForEachEdgeInto(const clsProjekt& projekt, const clsTypeLib& library, const UseEdge& use) {
+    projekt.calls.ForEach([&](const clsCall& call) {
+        if (call.Parent == &library || call.Parent->myLibrary == &library)
+            use(call);
+    });
+}
+
 std::vector<CallPlace> ReferencesTo(const clsProjekt& projekt, const LocalUses& locals, const CodeObject& object) {
     std::vector<CallPlace> places;
+    const auto add = [&places](const clsCall& call) {
+        places.push_back({&call.Caller(), call.Parent, call.CallPos, call.Type()});
+    };
     if (const clsVariable* const local = AsLocal(object))
         places = PlacesOfLocal(locals, *local);
+    else if (object.Class() == ObjectClass::TypeLib)
+        ForEachEdgeInto(projekt, static_cast<const clsTypeLib&>(object), add);
     else
-        ForEachEdgeTo(projekt, object, [&places](const clsCall& call) {
-            places.push_back({&call.Caller(), call.Parent, call.CallPos, call.Type()});
-        });
+        ForEachEdgeTo(projekt, object, add);
     SortByCode(places, projekt.AllModules());
     return places;
 }

@@ -15,6 +15,7 @@
 #include "shell/text_numbers.h"
 
 class clsProjekt;
+class clsTypeLib;
 
 /// A place at which a procedure, or the declarations of a module, calls or uses something.
 struct CallPlace {
@@ -33,8 +34,12 @@ struct CallPlace {
 /// an enumeration, and to all that a module declares, controls excepted.
 void ForEachEdgeTo(const clsProjekt& projekt, const CodeObject& object, const std::function<void(const clsCall&)>& use);
 
+/// Calls `use` for each edge to a library or anything in it.
+void ForEachEdgeInto(const clsProjekt& projekt, const clsTypeLib& library,
+                     const std::function<void(const clsCall&)>& use);
+
 /// All places that call or use an object, in the order of the modules and of their code. A local is named in its
-/// procedure only, which must be known to `locals`.
+/// procedure only, which must be known to `locals`. Those to a library are all that reach something in it.
 [[nodiscard]] std::vector<CallPlace> ReferencesTo(const clsProjekt& projekt, const LocalUses& locals,
                                                   const CodeObject& object);
 /// The places at which a module, with its procedures, calls or uses an object in a way that counts (Reaches); rising.

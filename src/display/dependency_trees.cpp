@@ -233,8 +233,8 @@ public:
             CallsOfModule(static_cast<const clsModul&>(object), type);
     }
 
-    /// Edges shown: calls and uses, not neighbours.
-    [[nodiscard]] int Count() const { return static_cast<int>(counted_.size()); }
+    /// Edges shown, calls and uses, not neighbours; and the headers that name a component.
+    [[nodiscard]] int Count() const { return static_cast<int>(counted_.size()) + headers_; }
 
 private:
     void CallersOf(const CodeObject& object, CallType type) {
@@ -249,7 +249,7 @@ private:
         const auto& library = static_cast<const clsTypeLib&>(object);
         if (library.LibTyp == LibraryKind::Component)
             for (const clsModul* modul : Who_Uses_Me(projekt_, library))
-                Show(*modul);
+                ShowHeader(*modul);
     }
 
     void CallsOfProcedure(const clsProzedur& prozedur, CallType type) {
@@ -261,7 +261,7 @@ private:
             CallsOfProcedure(*prozedur, type);
         if (type == CallType::Really)
             for (const clsTypeLib* component : Ref_ProjectObjects(projekt_, modul))
-                Show(*component);
+                ShowHeader(*component);
         ForEachShown(modul.CallsInDeclarations(), type, [this](const clsCall& call) { Show(*call.Parent, call); });
     }
 
@@ -269,6 +269,14 @@ private:
         if (checked_.Covers(neighbour))
             return;
         counted_.insert(&call);
+        Show(neighbour);
+    }
+
+    /// Of a form and a component, the one that is not the current object.
+    void ShowHeader(const CodeObject& neighbour) {
+        if (checked_.Covers(neighbour))
+            return;
+        ++headers_;
         Show(neighbour);
     }
 
@@ -303,6 +311,7 @@ private:
     Neighbourhood shown_;
     std::unordered_set<const CodeObject*> seen_;
     std::unordered_set<const clsCall*> counted_;
+    int headers_ = 0;
     const CodeObject* last_ = nullptr;
 };
 

@@ -1,8 +1,10 @@
 #include "display/library_text.h"
 
+#include "display/library_problem.h"
 #include "libraries/library_page.h"
 #include "model/clsControl.h"
 #include "model/clsTypeLib.h"
+#include "platform/code_page.h"
 #include "shell/clsText.h"
 
 namespace {
@@ -166,6 +168,11 @@ CodeText LibraryText(const clsTypeLib& library) {
     if (!library.file.IsFound())
         for (const LibraryPlace& place : library.file.places)
             page.Field(Text::LibrarySought, gText.TextNr(LabelOf(place.step)) + ": " + OutcomeText(place));
+    if (library.file.IsSought() && !library.file.IsFound() && !library.isProject) {
+        page.Line("");
+        page.Field(Text::NeededBy, ActiveCodePage().FromUtf8(NeedText(library)));
+        page.Field(Text::Remedy, ActiveCodePage().FromUtf8(RemedyText(library)));
+    }
     for (const clsModul* modul : library.myCoClasses)
         WriteClass(page, *modul);
     const auto write = [&page](const auto& blocks) {

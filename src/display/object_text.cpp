@@ -4,6 +4,7 @@
 #include <unordered_set>
 
 #include "calls/edges.h"
+#include "display/call_places.h"
 #include "display/handled_event.h"
 #include "display/library_text.h"
 #include "display/local_uses.h"
@@ -220,6 +221,14 @@ std::string WhyDead(const clsProjekt& projekt, const LocalUses& locals, const Co
     return Labelled(isRing ? Text::UndeadRing : Text::UndeadCallers, names);
 }
 
+int UsesOf(const clsProjekt& projekt, const CodeObject& object) {
+    if (object.Class() != ObjectClass::TypeLib)
+        return object.UsedByAll().Count();
+    int uses = 0;
+    ForEachEdgeInto(projekt, static_cast<const clsTypeLib&>(object), [&uses](const clsCall&) { ++uses; });
+    return uses;
+}
+
 // How many callers and calls there are. Before the calls were read there are none, which says nothing.
 template <class Add>
 void AddNeighbours(const clsProjekt& projekt, const LocalUses& locals, const CodeObject& object, const Add& add) {
@@ -233,7 +242,7 @@ void AddNeighbours(const clsProjekt& projekt, const LocalUses& locals, const Cod
     if (!object.CanBeUsed() || callers.Any())
         add(Labelled(Text::CalledBy, callers.Text()));
     if (object.CanBeUsed())
-        add(Labelled(Text::UsedBy, Utf8Number(object.UsedByAll().Count())));
+        add(Labelled(Text::UsedBy, Utf8Number(UsesOf(projekt, object))));
     if (object.Class() != ObjectClass::Prozedur || object.myLibrary)
         return;
     const auto& prozedur = static_cast<const clsProzedur&>(object);

@@ -1,5 +1,6 @@
 #include "display/problem_meaning.h"
 
+#include "libraries/library_problems.h"
 #include "shell/vb_text.h"
 
 std::string_view ProblemKind(std::string_view tag) {
@@ -20,9 +21,9 @@ Text ProblemMeaning(std::string_view tag) {
         {"modMain: IF_is_TRUE", Text::ConditionFalse},
         {"clsModul: AnalyseErgebnis", Text::ReportIncomplete},
         {"modMain: AnalyseErgebnis", Text::ReportIncomplete},
-        {"clsTypeLib: FillPropertys (file)", Text::LibraryMissing},
-        {"clsTypeLib: FillPropertys (version)", Text::LibraryOtherVersion},
-        {"modRegistrySearch: GetAllKeys", Text::RegistryUnreadable},
+        {kMissingLibrary, Text::LibraryMissing},
+        {kOtherVersion, Text::LibraryOtherVersion},
+        {kUnreadableRegistry, Text::RegistryUnreadable},
         {"clsProjekt: ChangedModule_Regenerieren", Text::ModuleStays},
         {"clsProjekt: Projekt_Laden", Text::NoResults},
         {"modMain: GetText", Text::NoEffect},

@@ -1,5 +1,6 @@
 #include "display/properties.h"
 
+#include "display/library_problem.h"
 #include "display/library_text.h"
 #include "display/shown_text.h"
 #include "model/clsControl.h"
@@ -9,6 +10,7 @@
 #include "model/clsType.h"
 #include "model/clsTypeLib.h"
 #include "model/clsVariable.h"
+#include "platform/code_page.h"
 #include "shell/clsText.h"
 
 namespace {
@@ -98,6 +100,9 @@ PropertyRows OfLibrary(const clsTypeLib& library) {
         rows.Add(Text::FileMenu, file.path);
     else if (file.IsSought())
         rows.AddText(Text::FileMenu, Text::LibraryNotFound);
+    if (file.IsSought() && !file.IsFound() && !library.isProject)
+        rows.Add(Text::NeededBy, ActiveCodePage().FromUtf8(NeedText(library)))
+            .Add(Text::Remedy, ActiveCodePage().FromUtf8(RemedyText(library)));
     rows.AddUnlessEmpty(Text::LibraryVersion, file.version.empty() ? library.Version : file.version)
         .AddUnlessEmpty(Text::LibraryIdentifier, library.isProject ? std::string() : library.TypeLibID);
     for (const LibraryPlace& place : file.places)

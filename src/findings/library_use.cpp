@@ -139,7 +139,9 @@ private:
                                     [&](const clsModul* form) { return Who_Uses_ProjectObject(*form, *library); }))
                 candidates.push_back(library.get());
         }
-        const bool isOnlyOne = dependents.controls > 0 || unknown_.size() == 1;
+        const bool isOnlyOne = dependents.controls > 0 || std::ranges::count_if(unknown_, [](const auto& other) {
+                                                              return other.second.controls == 0;
+                                                          }) == 1;
         return candidates.size() == 1 && isOnlyOne ? candidates[0] : nullptr;
     }
 
@@ -201,6 +203,7 @@ void NoteCostsOfMissingLibraries(clsProjekt& projekt) {
         if (const auto& library = projekt.OwnedLibraries()[nr]; isMissing(library)) {
             if (!projekt.callsKnown)
                 uses[nr].places = 0;  // those of a reading that was cancelled
+            library->need = {uses[nr].controls, uses[nr].variables, uses[nr].places, uses[nr].modules};
             NoteCost(projekt, *library, CostText(uses[nr]));
         }
 }

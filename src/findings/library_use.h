@@ -26,7 +26,7 @@ struct LibraryUse {
 ///
 /// The names in a missing library are not known, only the word before the point, as in `MSComctlLib.TreeView`. It is
 /// taken for a missing component if all forms that use the word name that component in their headers, and for a missing
-/// reference if its file is called so, or if it is the only one of both.
+/// reference if its file is called so, or if there is one such word and one such reference.
 [[nodiscard]] std::vector<LibraryUse> UsesOfLibraries(const clsProjekt& projekt);
 
 /// Says in the problem of each library that was not found what depends on it: controls and variables of its types, and

@@ -4,6 +4,7 @@
 #include "libraries/library_version.h"
 #include "model/clsProjekt.h"
 #include "model/clsTypeLib.h"
+#include "platform/pe_resources.h"
 #include "platform/picture_resource.h"
 #include "platform/type_library_file.h"
 
@@ -29,16 +30,21 @@ LibraryLoader::~LibraryLoader() {
 }
 
 void LibraryLoader::LoadAll() {
-    for (const auto& library : projekt_.OwnedLibraries()) {
+    // One may import another that the project names further down.
+    for (const auto& library : projekt_.OwnedLibraries())
         search_.Find(*library);
+    for (const auto& library : projekt_.OwnedLibraries())
         if (library->file.IsFound() && !library->isProject)
             Load(*library);
-    }
     NoteLibraryProblems(projekt_, search_);
 }
 
 ImportedLibraryFinder LibraryLoader::Finder() {
-    return [this](const typelib::ImportedLibrary& imported) { return Imported(imported); };
+    return [this](const typelib::ImportedLibrary& imported) { return Imported(imported).library; };
+}
+
+std::string LibraryLoader::FileOf(const typelib::ImportedLibrary& imported) {
+    return Imported(imported).file;
 }
 
 void LibraryLoader::Load(clsTypeLib& library) {
@@ -51,9 +57,9 @@ void LibraryLoader::Load(clsTypeLib& library) {
     library.format = TextOf(read.format);
     ReadInterfaces(projekt_, library, ContentsOf(read, Finder()));
     if (library.LibTyp == LibraryKind::Component && library.IconIndex > 0)
-        library.picture =
-            PictureFileOf(projekt_.TheFiles().ReadBytes(search_.PictureFile(library), kMaxLibraryFileBytes).bytes,
-                          static_cast<std::uint32_t>(library.IconIndex));
+        library.picture = PictureFileOf(
+            ReadForResources(projekt_.TheFiles(), search_.PictureFile(library), kMaxLibraryFileBytes).bytes,
+            static_cast<std::uint32_t>(library.IconIndex));
     if (!read.problems.empty())
         NoteBrokenLibrary(projekt_, library, read.problems.front());
 }
@@ -67,16 +73,30 @@ const LibraryInFile& LibraryLoader::Read(const std::string& file, int resource) 
 }
 
 // A library takes types from others that the project need not name, such as that of fonts and pictures.
-const TypeLibrary* LibraryLoader::Imported(const typelib::ImportedLibrary& imported) {
-    const auto [known, isNew] = imported_.try_emplace(NormalisedGuid(imported.id), nullptr);
-    if (!isNew)
-        return known->second;
+const LibraryLoader::Import& LibraryLoader::Imported(const typelib::ImportedLibrary& imported) {
     clsTypeLib other(std::pmr::get_default_resource());
     other.TypeLibID = imported.id;
     other.Version = VersionText(imported.major, imported.minor);
     other.LineFile = imported.file;
-    search_.Find(other);
+    const auto [known, isNew] = imported_.try_emplace(NormalisedGuid(other.TypeLibID) + other.Version);
+    if (!isNew)
+        return known->second;
+    other.file = FileOfProject(other);
+    if (!other.file.IsFound())
+        search_.Find(other);
     if (other.file.IsFound())
-        known->second = &Read(other.file.path, other.file.resource).library;
+        known->second = {&Read(other.file.path, other.file.resource).library, other.file.path};
     return known->second;
+}
+
+// The places of its line in the project file lead to a library that nothing else does.
+LibraryFile LibraryLoader::FileOfProject(const clsTypeLib& asked) const {
+    const std::optional<LibraryVersion> version = VersionOf(asked.Version);
+    for (const auto& library : projekt_.OwnedLibraries()) {
+        const std::optional<LibraryVersion> offered = VersionOf(library->file.version);
+        if (library->file.IsFound() && offered && version && FitOf(*offered, *version) != VersionFit::Other &&
+            NormalisedGuid(library->TypeLibID) == NormalisedGuid(asked.TypeLibID))
+            return library->file;
+    }
+    return {};
 }

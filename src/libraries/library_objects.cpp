@@ -3,6 +3,7 @@
 #include <cstring>
 
 #include "model/clsProjekt.h"
+#include "platform/pe_resources.h"
 #include "platform/type_library_file.h"
 
 namespace {
@@ -184,15 +185,20 @@ void ReadInterfaces(clsProjekt& projekt, clsTypeLib& library, const LibraryConte
 
 LibraryInFile ReadLibraryFile(const Files& files, std::string_view path) {
     LibraryPath split{path, std::nullopt};
-    FileBytes file = files.ReadBytes(path, kMaxLibraryFileBytes);
+    FileBytes file = ReadForResources(files, path, kMaxLibraryFileBytes);
     if (file.error != FileError::None) {
         split = SplitLibraryPath(path);
         if (split.resource)
-            file = files.ReadBytes(split.file, kMaxLibraryFileBytes);
+            file = ReadForResources(files, split.file, kMaxLibraryFileBytes);
     }
     LibraryInFile read;
     read.error = file.error;
-    if (read.error == FileError::None)
-        read.library = ReadTypeLibrary(file.bytes, split.resource);
+    if (read.error != FileError::None)
+        return read;
+    read.library = ReadTypeLibrary(file.bytes, split.resource);
+    // Resources can stand outside of their section, and what is broken can show in the rest of the file.
+    if (!read.library.problems.empty() && IsProgramFile(file.bytes))
+        if (file = files.ReadBytes(split.file, kMaxLibraryFileBytes); file.error == FileError::None)
+            read.library = ReadTypeLibrary(file.bytes, split.resource);
     return read;
 }

@@ -7,24 +7,7 @@
 
 namespace {
 
-constexpr std::string_view kMissing = "clsTypeLib: FillPropertys (file)";
-constexpr std::string_view kVersion = "clsTypeLib: FillPropertys (version)";
 constexpr std::string_view kBroken = "clsTypeLib: ReadInterfaces";
-constexpr std::string_view kRegistry = "modRegistrySearch: GetAllKeys";
-
-// The file without its folder and the number of a resource.
-std::string FileNameOf(const clsTypeLib& library) {
-    std::string name = library.LineFile;
-    for (int part = 0; part < 2; ++part) {
-        const std::size_t separator = name.find_last_of("\\/");
-        if (separator == std::string::npos)
-            break;
-        if (name.find_first_not_of("0123456789", separator + 1) != std::string::npos)
-            return name.substr(separator + 1);
-        name.resize(separator);
-    }
-    return name;
-}
 
 // Which library was not found: the sentence that its problem begins with.
 std::string MissingText(const clsTypeLib& library, const std::string& file) {
@@ -47,6 +30,19 @@ bool HasWrongVersion(const clsTypeLib& library) {
 
 }  // namespace
 
+std::string FileNameOf(const clsTypeLib& library) {
+    std::string name = library.LineFile;
+    for (int part = 0; part < 2; ++part) {
+        const std::size_t separator = name.find_last_of("\\/");
+        if (separator == std::string::npos)
+            break;
+        if (name.find_first_not_of("0123456789", separator + 1) != std::string::npos)
+            return name.substr(separator + 1);
+        name.resize(separator);
+    }
+    return name;
+}
+
 std::string MissingLibraryText(const clsTypeLib& library, std::string_view cost) {
     const std::string file = FileNameOf(library);
     std::string text = MissingText(library, file);
@@ -59,7 +55,7 @@ std::string MissingLibraryText(const clsTypeLib& library, std::string_view cost)
 }
 
 void NoteCost(clsProjekt& projekt, const clsTypeLib& library, std::string_view cost) {
-    projekt.problems.Rephrase(kMissing, library.LineFile, MissingText(library, FileNameOf(library)),
+    projekt.problems.Rephrase(kMissingLibrary, library.LineFile, MissingText(library, FileNameOf(library)),
                               MissingLibraryText(library, cost));
 }
 
@@ -72,16 +68,16 @@ void NoteLibraryProblems(clsProjekt& projekt, const LibrarySearch& search) {
         if (!library->file.IsSought())
             continue;
         if (!library->file.IsFound())
-            add(kMissing, MissingLibraryText(*library), library->LineFile);
+            add(kMissingLibrary, MissingLibraryText(*library), library->LineFile);
         else if (HasWrongVersion(*library))
-            add(kVersion,
+            add(kOtherVersion,
                 "Library " + std::string(library->myNameOrg()) + ": version " + library->Version +
                     " was not found; version " + library->file.version + " is used.",
                 library->file.path);
     }
     if (!projekt.OwnedLibraries().empty())
         for (const std::string& file : search.TheRegistry().Unreadable())
-            add(kRegistry, "The registry file cannot be read.", file);
+            add(kUnreadableRegistry, "The registry file cannot be read.", file);
 }
 
 void NoteBrokenLibrary(clsProjekt& projekt, const clsTypeLib& library, std::string what) {

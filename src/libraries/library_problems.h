@@ -8,6 +8,14 @@ class LibrarySearch;
 class clsProjekt;
 class clsTypeLib;
 
+// Tags of the problems about libraries.
+inline constexpr std::string_view kMissingLibrary = "clsTypeLib: FillPropertys (file)";
+inline constexpr std::string_view kOtherVersion = "clsTypeLib: FillPropertys (version)";
+inline constexpr std::string_view kUnreadableRegistry = "modRegistrySearch: GetAllKeys";
+
+/// The file that the line of a library names, without its folder and the number of a resource; empty if it names none.
+[[nodiscard]] std::string FileNameOf(const clsTypeLib& library);
+
 /// One sentence for a library that was not found, and another that says what to do.
 /// @param cost  a sentence between them that says what depends on the library; may be empty
 [[nodiscard]] std::string MissingLibraryText(const clsTypeLib& library, std::string_view cost = {});

@@ -51,6 +51,7 @@ public:
     std::string picture;  // of a component for the toolbox: a whole BMP or ICO file; empty for none
 
     LibraryFile file;         // where it was sought
+    LibraryNeed need;         // if it was not found
     std::string_view format;  // "MSFT", "SLTG"; empty if it was not read
 
     const CallGraph* graph = nullptr;  // of the project

@@ -36,6 +36,16 @@ struct LibraryFile {
     bool operator==(const LibraryFile&) const = default;
 };
 
+/// How much of a project depends on a library that was not found.
+struct LibraryNeed {
+    int controls = 0;
+    int variables = 0;
+    int calls = 0;
+    int modules = 0;
+    [[nodiscard]] bool IsNone() const { return controls + variables + calls == 0; }
+    bool operator==(const LibraryNeed&) const = default;
+};
+
 /// "registry", "project line", "project folder", "library folder".
 [[nodiscard]] constexpr std::string_view TextOf(LibraryStep step) {
     switch (step) {

@@ -12,6 +12,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <limits>
 #include <mutex>
 #include <optional>
 #include <unordered_map>
@@ -330,6 +331,31 @@ FileBytes DiskFiles::ReadBytes(std::string_view path, std::size_t most) const {
     return file;
 }
 
+FileBytes DiskFiles::ReadStretch(std::string_view path, std::size_t from, std::size_t length) const {
+    FileBytes file;
+    const int error = directories_->Try(path, [&](const std::string& systemPath) {
+        const FileHandle handle(systemPath.c_str(), kReading);
+        struct stat status {};
+        if (const int why = CheckForReading(handle, std::numeric_limits<std::uintmax_t>::max(), status); why != 0)
+            return why;
+        const auto size = static_cast<std::size_t>(status.st_size);
+        if (from >= size)
+            return 0;
+        if (lseek(handle.Number(), static_cast<off_t>(from), SEEK_SET) < 0)
+            return errno;
+        const std::size_t expected = std::min(length, size - from);
+        file.bytes.resize(expected);
+        const std::optional<std::size_t> count = ReadUpTo(handle.Number(), file.bytes.data(), expected, expected);
+        if (!count)
+            return errno;
+        file.bytes.resize(*count);
+        return 0;
+    });
+    if (error != 0)
+        file = {{}, ReadErrorOf(error)};
+    return file;
+}
+
 FileError DiskFiles::WriteWhole(std::string_view path, std::string_view bytes) {
     std::string target = directories_->Resolve(path).path;
     struct stat old {};
@@ -409,6 +435,9 @@ FileError DiskFiles::MakeDirectory(std::string_view path) {
 
 std::vector<std::string> DiskFiles::NamesIn(std::string_view directory) const {
     std::vector<std::string> names;
+    // A separator at the end would forbid to look for another spelling.
+    while (directory.size() > 1 && (directory.back() == '/' || directory.back() == '\\'))
+        directory.remove_suffix(1);
     directories_->Try(directory, [&](const std::string& systemPath) {
         DIR* const stream = opendir(systemPath.c_str());
         if (!stream)

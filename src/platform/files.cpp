@@ -3,6 +3,7 @@
 #include "platform/text_bytes.h"
 
 #include <algorithm>
+#include <limits>
 
 std::string_view Describe(FileError error) {
     switch (error) {
@@ -63,6 +64,12 @@ FileText MemoryFiles::ReadText(std::string_view path) const {
     } else {
         file.error = IsDirectory(path) ? FileError::IsDirectory : FileError::NotFound;
     }
+    return file;
+}
+
+FileBytes Files::ReadStretch(std::string_view path, std::size_t from, std::size_t length) const {
+    FileBytes file = ReadBytes(path, std::numeric_limits<std::size_t>::max());
+    file.bytes = file.bytes.substr(std::min(from, file.bytes.size()), length);
     return file;
 }
 

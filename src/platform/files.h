@@ -45,6 +45,8 @@ public:
     [[nodiscard]] virtual FileText ReadText(std::string_view path) const = 0;
     /// Reads a whole file as it is. A file of more than `most` bytes is not read: it is TooLarge.
     [[nodiscard]] virtual FileBytes ReadBytes(std::string_view path, std::size_t most) const = 0;
+    /// Reads `length` bytes from a position on, or as many as there are.
+    [[nodiscard]] virtual FileBytes ReadStretch(std::string_view path, std::size_t from, std::size_t length) const;
     /// Time of the last change, or 0.
     [[nodiscard]] virtual FileTime DateLastModified(std::string_view path) const = 0;
     /// Replaces the content of the file by `bytes`. Writes a temporary file beside it and renames that, so that a crash
@@ -69,6 +71,7 @@ public:
     [[nodiscard]] bool FileExists(std::string_view path) const override;
     [[nodiscard]] FileText ReadText(std::string_view path) const override;
     [[nodiscard]] FileBytes ReadBytes(std::string_view path, std::size_t most) const override;
+    [[nodiscard]] FileBytes ReadStretch(std::string_view path, std::size_t from, std::size_t length) const override;
     [[nodiscard]] FileTime DateLastModified(std::string_view path) const override;
     FileError WriteWhole(std::string_view path, std::string_view bytes) override;
     FileError Append(std::string_view path, std::string_view bytes) override;

@@ -9,6 +9,9 @@ namespace {
 
 constexpr std::uint32_t kHighBit = 0x80000000;
 constexpr std::size_t kSectionBytes = 40;
+constexpr std::size_t kSectionAddress = 0xC;
+constexpr std::size_t kSectionSize = 0x10;
+constexpr std::size_t kSectionPlace = 0x14;
 constexpr std::size_t kNodeBytes = 16;
 constexpr std::size_t kEntryBytes = 8;
 
@@ -39,22 +42,38 @@ public:
     /// Address of the tree of resources, or 0.
     [[nodiscard]] std::uint32_t Resources() const { return resources_; }
 
-    /// The file from an address on, to the end of its section.
-    [[nodiscard]] std::optional<ByteView> At(std::uint32_t address) const {
+    /// Bytes up to the end of the table of sections.
+    [[nodiscard]] std::size_t HeadBytes() const {
+        return file_.Size() - sections_.Size() + sectionCount_ * kSectionBytes;
+    }
+
+    /// Number of the section that holds an address.
+    [[nodiscard]] std::optional<std::size_t> SectionOf(std::uint32_t address) const {
         for (std::size_t i = 0; i < sectionCount_; ++i) {
-            const std::optional<ByteView> section = sections_.Cut(i * kSectionBytes, kSectionBytes);
+            const std::optional<ByteView> section = Section(i);
             if (!section)
                 break;
-            const std::uint32_t begin = section->U32(0xC);
-            const std::size_t rawBytes = section->U32(0x10);
-            if (address < begin || address - begin >= rawBytes)
-                continue;
-            const std::size_t inSection = address - begin;
-            // The last section of a torn file holds less than it says.
-            const std::string_view rest = file_.From(section->U32(0x14) + inSection).Text();
-            return ByteView(rest.substr(0, rawBytes - inSection));
+            const std::uint32_t begin = section->U32(kSectionAddress);
+            if (address >= begin && address - begin < section->U32(kSectionSize))
+                return i;
         }
         return std::nullopt;
+    }
+    [[nodiscard]] std::size_t Sections() const { return sectionCount_; }
+    [[nodiscard]] std::optional<ByteView> Section(std::size_t number) const {
+        return sections_.Cut(number * kSectionBytes, kSectionBytes);
+    }
+
+    /// The file from an address on, to the end of its section.
+    [[nodiscard]] std::optional<ByteView> At(std::uint32_t address) const {
+        const std::optional<std::size_t> number = SectionOf(address);
+        if (!number)
+            return std::nullopt;
+        const ByteView section = *Section(*number);
+        const std::size_t inSection = address - section.U32(kSectionAddress);
+        // The last section of a torn file holds less than it says.
+        const std::string_view rest = file_.From(section.U32(kSectionPlace) + inSection).Text();
+        return ByteView(rest.substr(0, section.U32(kSectionSize) - inSection));
     }
 
 private:
@@ -157,6 +176,38 @@ bool HasConvertedLineEnds(std::string_view file) {
 
 bool IsProgramFile(std::string_view file) {
     return file.starts_with("MZ");
+}
+
+FileBytes ReadForResources(const Files& files, std::string_view path, std::size_t most) {
+    constexpr std::size_t kEnoughForHeaders = 8192;
+    FileBytes file = files.ReadStretch(path, 0, kEnoughForHeaders);
+    if (file.error != FileError::None)
+        return file;
+    std::string problem;
+    const PeFile program(ByteView(file.bytes), problem);
+    const std::optional<std::size_t> number = program.SectionOf(program.Resources());
+    const std::size_t headBytes = program.HeadBytes();
+    if (!IsProgramFile(file.bytes) || program.Resources() == 0 || !number || headBytes > file.bytes.size())
+        return files.ReadBytes(path, most);
+    const ByteView section = *program.Section(*number);
+    if (section.U32(kSectionSize) > most)
+        return {{}, FileError::TooLarge};
+    FileBytes bytes = files.ReadStretch(path, section.U32(kSectionPlace), section.U32(kSectionSize));
+    if (bytes.error != FileError::None)
+        return bytes;
+    const std::size_t table = headBytes - program.Sections() * kSectionBytes;
+    const auto set = [&file](std::size_t at, std::size_t value) {
+        for (std::size_t i = 0; i < 4; ++i)
+            file.bytes[at + i] = static_cast<char>(value >> 8 * i & 0xFF);
+    };
+    for (std::size_t i = 0; i < program.Sections(); ++i)
+        if (i == *number)
+            set(table + i * kSectionBytes + kSectionPlace, headBytes);
+        else
+            set(table + i * kSectionBytes + kSectionSize, 0);
+    file.bytes.resize(headBytes);
+    file.bytes += bytes.bytes;
+    return file;
 }
 
 PeResources ReadPeResources(std::string_view file, const PeResourceKey& type) {

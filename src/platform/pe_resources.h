@@ -7,6 +7,8 @@
 #include <variant>
 #include <vector>
 
+#include "platform/files.h"
+
 /// A resource type or name is a number, or a text that is compared without regard to case.
 using PeResourceKey = std::variant<std::uint32_t, std::string>;
 
@@ -22,5 +24,9 @@ struct PeResources {
 
 /// True if the file begins like a program of DOS or Windows.
 [[nodiscard]] bool IsProgramFile(std::string_view file);
+/// Reads a file for ReadPeResources: whole, or of a program only its headers and the section with its resources, as a
+/// program of its own. Programs can be many times as large as that. Resources that stand elsewhere are missing then.
+/// @param most  bytes; a larger file, or section, is TooLarge
+[[nodiscard]] FileBytes ReadForResources(const Files& files, std::string_view path, std::size_t most);
 /// All resources of a type, such as "TYPELIB".
 [[nodiscard]] PeResources ReadPeResources(std::string_view file, const PeResourceKey& type);

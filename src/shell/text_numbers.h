@@ -619,4 +619,13 @@ enum class Text {
     EntryPoint = 675,
     WritingPicture = 676,
     ExportCancelled = 677,
+    LibraryNotFoundNamed = 678,
+    ProjectNotFoundNamed = 679,
+    OtherVersionUsed = 680,
+    RegistryFileUnreadable = 681,
+    NeededBy = 682,
+    NoUseByName = 683,
+    Remedy = 684,
+    CopyLibrary = 685,
+    CountCalls = 686,
 };

@@ -3,6 +3,7 @@
 #include <QBuffer>
 #include <QImage>
 #include <QImageReader>
+#include <QPainter>
 #include <QPixmap>
 
 #include "model/clsProjekt.h"
@@ -13,6 +14,7 @@
 namespace {
 
 constexpr int kMostPixels = 512;  // a side
+constexpr int kUsualPixels = 16;  // of the other icons
 
 // As the toolbox does with bitmaps, which have no transparency of their own.
 QImage WithoutGround(const QImage& image) {
@@ -22,6 +24,17 @@ QImage WithoutGround(const QImage& image) {
         for (int x = 0; x < result.width(); ++x)
             if (result.pixel(x, y) == ground)
                 result.setPixel(x, y, qRgba(0, 0, 0, 0));
+    return result;
+}
+
+// In the middle of the usual size: the names beside a smaller one would not be in line with those of other nodes.
+QImage AtLeastUsual(const QImage& image) {
+    const QSize size = image.size().expandedTo({kUsualPixels, kUsualPixels});
+    if (size == image.size())
+        return image;
+    QImage result(size, QImage::Format_ARGB32_Premultiplied);
+    result.fill(Qt::transparent);
+    QPainter(&result).drawImage((size.width() - image.width()) / 2, (size.height() - image.height()) / 2, image);
     return result;
 }
 
@@ -40,7 +53,7 @@ QIcon PictureOfFile(const std::string& file) {
             break;
         const QImage image = reader.read();
         if (!image.isNull())
-            icon.addPixmap(QPixmap::fromImage(isBitmap ? WithoutGround(image) : image));
+            icon.addPixmap(QPixmap::fromImage(AtLeastUsual(isBitmap ? WithoutGround(image) : image)));
     } while (!isBitmap && reader.jumpToNextImage());
     return icon;
 }

@@ -14,7 +14,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "display/fixed_texts.h"
+#include "display/library_problem.h"
 #include "display/shown_text.h"
 #include "model/clsProjekt.h"
 #include "project/start.h"
@@ -55,7 +55,8 @@ QString WhereOf(const ProblemEntry& entry) {
 // The text, its meaning, and each place with the tag of its report.
 QString WholeText(const ProblemEntry& entry) {
     constexpr std::size_t kMostPlaces = 200;
-    QString whole = QString::fromStdString(ShownText(entry.text)) + QLatin1Char('\n') + TextNr(entry.meaning);
+    QString whole =
+        QString::fromStdString(ShownProblem(gProjekt.get(), entry)) + QLatin1Char('\n') + TextNr(entry.meaning);
     for (std::size_t nr = 0; nr < std::min(entry.places.size(), kMostPlaces); ++nr) {
         const ProblemPlace& place = entry.places[nr];
         whole += QStringLiteral("\n%1: %2").arg(TextNr(Text::Where), ToQString(ShownPath(place.path)));
@@ -78,7 +79,7 @@ QVariant ProblemsModel::data(const QModelIndex& index, int role) const {
         return {};
     switch (index.column()) {
         case What:
-            return QString::fromStdString(ShownText(entry->text)) + PlaceCount(*entry);
+            return QString::fromStdString(ShownProblem(gProjekt.get(), *entry)) + PlaceCount(*entry);
         case Where:
             return role == Qt::ToolTipRole ? ToQString(ShownPath(entry->places.front().path)) : WhereOf(*entry);
         case Line:

@@ -1,5 +1,6 @@
 // Options, exit status, files and streams.
 #include "report_program.h"
+#include "platform/library_bytes.h"
 #include "shell/vb_text.h"
 
 TEST_F(ReportProgram, SampleIsAllWell) {
@@ -247,11 +248,14 @@ TEST_F(ReportProgram, LibrariesAreSoughtWhereTheOptionsSay) {
     EXPECT_EQ(sought["problems"].size(), 1U);
     EXPECT_EQ(sought["libraries"][0]["classes"][0]["codePath"], "tiny.thing");
     EXPECT_EQ(sought["edges"][0]["to"], "tiny.thing");
+    EXPECT_EQ(sought["libraries"][0]["use"], Json({{"modules", 1}, {"places", 1}, {"controls", 0}, {"variables", 0}}));
     EXPECT_THAT(Run("--quiet --libraries --csv t.csv --library-folder libs P.vbp").out,
                 testing::AllOf(HasSubstr("use         used by 1 module at 1 place\n"),
                                HasSubstr("project line: ..\\absent.tlb, missing\n")));
     EXPECT_THAT(dir_.Bytes("t.csv"),
-                HasSubstr("\r\nTiny,Tiny test library,1.2,{a0000000-0000-0000-0000-000000000001},component,found,"));
+                testing::AllOf(
+                    HasSubstr("\r\nTiny,Tiny test library,1.2,{a0000000-0000-0000-0000-000000000001},component,found,"),
+                    HasSubstr(R"(,0,0,0,"registry: not registered; project line: ..\absent.tlb, missing; )")));
 
     dir_.Write("o.ini", "[ALLGEMEIN]\nLibraryFolders=none; libs\nLoadLibs=1\n");
     EXPECT_THAT(Run("--settings o.ini --no-reports P.vbp").err, Not(HasSubstr("tree.ocx")));
@@ -270,6 +274,44 @@ TEST_F(ReportProgram, LibraryIsPrintedWithoutAProject) {
     EXPECT_EQ(old["types"][1]["members"][0]["parameters"][1]["flags"], Json({"in", "out"}));
     EXPECT_EQ(old["classes"][0]["members"][0]["codePath"], "old.iunk.ask");
     EXPECT_EQ(old["records"][0]["members"][1]["type"], "Long(0 To 2)");
+}
+
+TEST_F(ReportProgram, TypesOfImportedLibrariesAreLookedUpBesideTheLibrary) {
+    // The library takes its fonts from another one: the second type of "Tiny".
+    constexpr std::size_t kImportedFont = 0xB68;
+    constexpr std::size_t kImportedFile = 0xB80;
+    constexpr std::size_t kImportedId = 0xA1C;
+    LibraryBytes demo("msft/demo.tlb");
+    demo.Set32(kImportedFont + 8, 1).Set32(kImportedFile + 8, 0x00020001);
+    demo.Set(kImportedId, LibraryBytes("msft/tiny.tlb").Bytes().substr(0x2FC, 16));
+    dir_.Write("Demo.tlb", demo.Bytes());
+    const auto typeOfFont = [](const Json& library) {
+        for (const Json& oneClass : library["classes"])
+            for (const Json& member : oneClass["members"])
+                if (member["name"] == "GetFont")
+                    return std::string(member["type"]);
+        return std::string("no such member");
+    };
+    const Json alone = Json::parse(Run("--library Demo.tlb --json -").out);
+    EXPECT_EQ(typeOfFont(alone), "stdole2.tlb.#1");
+    EXPECT_TRUE(alone["imports"][0]["file"].is_null());
+    EXPECT_THAT(Run("--library Demo.tlb").out, HasSubstr("\nNot found: stdole2.tlb {"));
+
+    fs::copy(kSource / "fuzz/corpus/msft/tiny.tlb", dir_.Path("StdOle2.tlb"));
+    const Json beside = Json::parse(Run("--library Demo.tlb --json -").out);
+    EXPECT_EQ(typeOfFont(beside), "Tiny.Thing");
+    EXPECT_EQ(beside["imports"][0]["id"], "{A0000000-0000-0000-0000-000000000001}");
+    EXPECT_THAT(std::string(beside["imports"][0]["file"]), testing::EndsWith("StdOle2.tlb"));
+
+    // A project finds it where the line of its own reference leads, though that stands further down.
+    fs::create_directory(dir_.Path("p"));
+    fs::create_directory(dir_.Path("old"));
+    fs::rename(dir_.Path("StdOle2.tlb"), dir_.Path("old/tiny.tlb"));
+    dir_.Write("p/P.vbp",
+               "Module=A; A.bas\nReference=*\\G{11111111-2222-3333-4444-555555555501}#2.5#0#..\\demo.tlb#\n"
+               "Reference=*\\G{A0000000-0000-0000-0000-000000000001}#1.2#0#..\\old\\tiny.tlb#\n");
+    dir_.Write("p/A.bas", "Dim a\n");
+    EXPECT_EQ(typeOfFont(RunJson("p/P.vbp")["libraries"][0]), "Tiny.Thing");
 }
 
 TEST_F(ReportProgram, LibraryThatIsDamagedOrNoneIsReported) {

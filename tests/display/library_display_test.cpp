@@ -1,11 +1,15 @@
 #include "display/baum.h"
+#include "display/call_places.h"
 #include "display/dependency_trees.h"
+#include "display/library_problem.h"
 #include "display/library_text.h"
 #include "display/object_search.h"
 #include "display/object_text.h"
+#include "display/problem_entries.h"
 #include "display/project_tree.h"
 #include "display/selection.h"
 #include "display/tree_checks.h"
+#include "libraries/library_problems.h"
 #include "shell/clsText.h"
 #include "support/baum_dump.h"
 #include "support/code_dump.h"
@@ -147,6 +151,15 @@ TEST_F(LibraryDisplay, HoverAndPropertiesKnowTypeValueAndDescription) {
     EXPECT_EQ(Properties("lib.shape [enum]"), "Name: Shape|Access: public|Belongs to: reference Lib");
 }
 
+TEST_F(LibraryDisplay, ReferencesToALibraryReachAnythingInIt) {
+    std::string targets;
+    for (const CallPlace& place : ReferencesTo(*gProjekt, locals, Library()))
+        targets.append(place.target->MyName()).append(" ");
+    EXPECT_EQ(targets, "lib box lib box lib box fill round ");
+    EXPECT_EQ(ReferencesTo(*gProjekt, locals, ObjectAt("lib.box")).size(), 4U);
+    EXPECT_THAT(Hover("lib"), HasSubstr("Used by: 8"));
+}
+
 TEST_F(LibraryDisplay, SearchFindsTheProjectsObjectsFirst) {
     ObjectSearch search;
     search.Build(*gProjekt);
@@ -171,13 +184,37 @@ TEST_F(LibraryDisplay, AHandlerNamesItsEvent) {
 TEST_F(LibraryDisplay, AMissingLibrarySaysWhereItWasSought) {
     Library().file.places = {{LibraryStep::Registry, LibraryOutcome::NotRegistered, ""},
                              {LibraryStep::ProjectFolder, LibraryOutcome::Missing, "p"}};
+    Library().need = {1, 0, 3, 2};
+    const std::string remedy =
+        "What to do: Copy lib.tlb into the folder of the project or into a folder with library files (see Options) and "
+        "open the project again.";
     EXPECT_EQ(Properties("lib"),
-              "Name: Lib|Kind: reference|Description: Lib|File: not found|Version: 2.0|Identifier: {1}|"
-              "Registry: not registered|Project folder: missing: p");
+              "Name: Lib|Kind: reference|Description: Lib|File: not found|"
+              "Needed by: Controls: 1, Calls: 3, Modules: 2|" +
+                  remedy +
+                  "|Version: 2.0|Identifier: {1}|Registry: not registered|"
+                  "Project folder: missing: p");
     EXPECT_THAT(
         LibraryText(Library()).text,
         testing::AllOf(testing::StartsWith("c:\\x\\lib.tlb\r\n\r\nLibrary: Lib\r\n"), HasSubstr("\r\nVersion: 2.0\r\n"),
-                       HasSubstr("\r\nSought: Project folder: missing: p\r\n")));
+                       HasSubstr("\r\nSought: Project folder: missing: p\r\n"), HasSubstr("\r\n" + remedy + "\r\n")));
+
+    // The list of problems says it in the user's language.
+    gProjekt->problems.Add({std::string(kMissingLibrary), "Library not found: Lib", Library().LineFile});
+    const auto shown = [](const clsProjekt* projekt) {
+        return ShownProblem(projekt, ProblemEntries(*gProjekt).back());
+    };
+    EXPECT_EQ(shown(gProjekt.get()),
+              "Library not found: Lib, lib.tlb, {1} 2.0. Needed by: Controls: 1, Calls: 3, "
+              "Modules: 2. " +
+                  remedy.substr(12));
+    gText.Language = "german";
+    DiskFiles files;
+    gText.SetLanguage(files, OSTRIVANE_SOURCE_DIR "/");
+    Library().need = {};
+    EXPECT_THAT(shown(gProjekt.get()),
+                HasSubstr("unter ihrem Namen wurde keine Verwendung gefunden. Kopieren Sie lib.tlb"));
+    EXPECT_EQ(shown(nullptr), "Library not found: Lib");
 }
 
 using Components = ProgramState;
@@ -198,7 +235,7 @@ TEST_F(Components, LeadToTheModulesThatNameThem) {
         const DependencyButtons buttons = Activate_Dependencies(*gProjekt, &object);
         return std::pair(buttons.CalledByReally, buttons.CallsReally);
     };
-    Show_Dependencies_AllCalledBy(*gProjekt, {}, &component, shown, false);
+    EXPECT_EQ(Show_Dependencies_AllCalledBy(*gProjekt, {}, &component, shown, false), 2);
     EXPECT_EQ(keys(), "f g");
     EXPECT_EQ(isShown(component), std::pair(true, false));
     component.picture = "BM";

@@ -56,6 +56,8 @@ TEST_F(DiskPaths, NamesOfADirectoryAreThoseOnDiskAndInMemory) {
         memory.WriteWhole(Path(name), "x");
     }
     EXPECT_THAT(files.NamesIn(Path("SUB")), testing::UnorderedElementsAre("a.txt", "B"));
+    for (const char* spelled : {"SUB/", "sub\\", "Sub//"})
+        EXPECT_EQ(files.NamesIn(Path(spelled)).size(), 2U) << spelled;
     EXPECT_THAT(memory.NamesIn(Path("SUB\\")), testing::UnorderedElementsAre("a.txt", "b"));
     EXPECT_TRUE(files.NamesIn(Path("Sub/a.txt")).empty() && files.NamesIn(Path("none")).empty());
 }
@@ -161,6 +163,19 @@ TEST_F(DiskReading, TakesFilesOfEverySize) {
     EXPECT_EQ(Read("large").size(), kLarge);
     fs::resize_file(Path("large"), 2'000'000'000);
     EXPECT_EQ(ReadError("large"), FileError::TooLarge);
+}
+
+TEST_F(DiskReading, TakesStretchesOfAFileAsInMemory) {
+    directory.Write("Sub/A.bin", "0123456789");
+    const MemoryFiles memory{{Path("Sub/A.bin"), "0123456789"}};
+    const std::string path = Path("sub\\a.BIN");
+    for (const auto& [from, length, bytes] : {std::tuple(0, 4, "0123"), std::tuple(8, 4, "89"), std::tuple(10, 4, ""),
+                                              std::tuple(50, 4, ""), std::tuple(0, 99, "0123456789")}) {
+        EXPECT_EQ(files.ReadStretch(path, from, length).bytes, bytes);
+        EXPECT_EQ(memory.ReadStretch(path, from, length).bytes, bytes);
+    }
+    EXPECT_EQ(files.ReadStretch(Path("none"), 0, 4).error, FileError::NotFound);
+    EXPECT_EQ(files.ReadStretch(Path("Sub"), 0, 4).error, FileError::IsDirectory);
 }
 
 TEST_F(DiskReading, ReturnsTheTimeOfTheLastChange) {

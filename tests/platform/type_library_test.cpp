@@ -6,6 +6,7 @@
 
 #include "platform/library_bytes.h"
 #include "platform/pe_resources.h"
+#include "platform/picture_resource.h"
 
 using testing::ElementsAre;
 using testing::HasSubstr;
@@ -167,6 +168,26 @@ TEST(LibraryInAProgram, IsTheOneThatIsNamedElseTheFirst) {
     EXPECT_THAT(ReadTypeLibrary(program.Bytes(), 2).problems, ElementsAre("The file has no type library number 2."));
     // Without a number 1 the lowest; 64 bit.
     EXPECT_EQ(Read(LibraryBytes("pe_resources/program64.dll")).name, "Old");
+}
+
+TEST(LibraryInAProgram, IsReadWithoutTheRestOfTheProgram) {
+    for (const std::string name : {"program32.dll", "program64.dll", "pictures.dll"}) {
+        const std::string program = LibraryBytes("pe_resources/" + name).Bytes();
+        const MemoryFiles files{{name, program + std::string(100000, '!')}};
+        const std::string part = ReadForResources(files, name, program.size()).bytes;
+        EXPECT_LE(part.size(), program.size());
+        EXPECT_EQ(ReadTypeLibrary(part).name, ReadTypeLibrary(program).name);
+        EXPECT_EQ(PictureFileOf(part, 2), PictureFileOf(program, 2));
+        EXPECT_EQ(ReadForResources(files, name, 100).error, FileError::TooLarge);
+        // Torn anywhere, nothing is read that is not there.
+        for (std::size_t size = 0; size < program.size(); size += 7) {
+            const MemoryFiles torn{{name, program.substr(0, size)}};
+            EXPECT_LE(ReadForResources(torn, name, program.size()).bytes.size(), program.size());
+        }
+    }
+    const MemoryFiles other{{"a.tlb", LibraryBytes("msft/tiny.tlb").Bytes()}};
+    EXPECT_EQ(ReadForResources(other, "a.tlb", 10000).bytes, LibraryBytes("msft/tiny.tlb").Bytes());
+    EXPECT_EQ(ReadForResources(other, "b.tlb", 10000).error, FileError::NotFound);
 }
 
 TEST(LibraryInAProgram, ThatCannotBeReadIsAProblem) {

@@ -1,5 +1,6 @@
 #include "widgets/icons.h"
 
+#include <QBuffer>
 #include <set>
 
 #include "platform/library_bytes.h"
@@ -108,6 +109,16 @@ TEST_F(Icons, PictureOfAComponentIsABitmapOrAnIconOfItsFile) {
     EXPECT_EQ(icon.pixel(3, 3), qRgb(255, 0, 0));
     EXPECT_EQ(PictureFileOf(program, 3), "");
     EXPECT_TRUE(PictureOfFile("BM of nothing").isNull());
+
+    QImage small(8, 10, QImage::Format_RGB32);
+    small.fill(Qt::red);
+    small.setPixel(0, 9, qRgb(1, 1, 1));
+    QBuffer file;
+    file.open(QIODevice::WriteOnly);
+    small.save(&file, "BMP");
+    const QIcon inTheMiddle = PictureOfFile(file.data().toStdString());
+    EXPECT_EQ(inTheMiddle.actualSize({16, 16}), QSize(16, 16));
+    EXPECT_EQ(Covered(Image(inTheMiddle, 16)), (8 * 10 - 1) / 256.0);
 }
 
 }  // namespace
