@@ -173,10 +173,9 @@ TEST_F(LibraryDisplay, AMissingLibrarySaysWhereItWasSought) {
     EXPECT_EQ(Properties("lib"),
               "Name: Lib|Kind: reference|Description: Lib|File: not found|Version: 2.0|Identifier: {1}|"
               "Registry: not registered|Project folder: missing: p");
-    EXPECT_THAT(
-        LibraryText(Library()).text,
-        testing::AllOf(testing::StartsWith("c:\\x\\lib.tlb\r\n\r\nLibrary: Lib\r\n"), HasSubstr("\r\nVersion: 2.0\r\n"),
-                       HasSubstr("\r\nSought: Project folder: missing: p\r\n")));
+    EXPECT_THAT(LibraryText(Library()).text, testing::AllOf(testing::StartsWith("c:/x/lib.tlb\r\n\r\nLibrary: Lib\r\n"),
+                                                            HasSubstr("\r\nVersion: 2.0\r\n"),
+                                                            HasSubstr("\r\nSought: Project folder: missing: p\r\n")));
 }
 
 using Components = ProgramState;
