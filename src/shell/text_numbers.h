@@ -617,4 +617,5 @@ enum class Text {
     NotDeclared = 673,
     DeclaredObject = 674,
     EntryPoint = 675,
+    Connectors = 676,
 };

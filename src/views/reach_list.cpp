@@ -201,7 +201,7 @@ void ReachList::mouseReleaseEvent(QMouseEvent* event) {
     if (!row || event->button() != Qt::LeftButton || extends)
         return;
     if (event->modifiers().testFlag(Qt::ControlModifier) && !row->key.empty())
-        Q_EMIT GoToAsked(std::string(row->key));
+        Q_EMIT CommandAsked(Command::GoTo, std::string(row->key));
     else
         Choose(index, true);
 }
@@ -217,14 +217,11 @@ void ReachList::contextMenuEvent(QContextMenuEvent* event) {
                                                                                  : QItemSelectionModel::ClearAndSelect);
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    const std::string key = row->key;
-    using Way = std::function<void()>;
-    AddWays(
-        *menu, key.empty() ? Way() : [this, key] { Q_EMIT GoToAsked(key); },
-        key.empty() ? Way() : [this, key] { Q_EMIT CallersAsked(key); },
-        key.empty() ? Way() : [this, key] { Q_EMIT GraphAsked(key); });
-    if (addItems_)
-        addItems_(*menu, key);
+    ObjectItems items;
+    items.key = row->key;
+    if (!row->key.empty())
+        items.run = [this, key = row->key](Command command) { Q_EMIT CommandAsked(command, key); };
+    AddObjectItems(*menu, items);
     menu->addAction(TextNr(Text::Copy), this, [this] { Copy(false); });
     menu->addAction(TextNr(Text::CopyAsText), this, [this] { Copy(true); });
     Commands::GiveLetters(menu->actions());

@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "display/command_table.h"
 #include "display/reach_rows.h"
 
 class QMenu;
@@ -48,15 +49,11 @@ public:
     [[nodiscard]] std::string CurrentObject() const;
     /// The rows whose objects the user means: several selected ones, otherwise all of the section of the current one.
     [[nodiscard]] std::vector<std::string> KeysMeant() const;
-    /// Adds further items to the context menu of a row, which is the current one.
-    void SetMenuItems(std::function<void(QMenu& menu, const std::string& key)> add) { addItems_ = std::move(add); }
 
 Q_SIGNALS:
     /// @param stays  false if the user wants to go on in the code
     void RowChosen(const ReachRow& row, bool stays);
-    void GoToAsked(const std::string& key);
-    void CallersAsked(const std::string& key);
-    void GraphAsked(const std::string& key);
+    void CommandAsked(Command command, const std::string& key);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -71,5 +68,4 @@ private:
 
     ReachModel* model_;
     QString whyNone_;
-    std::function<void(QMenu&, const std::string&)> addItems_;
 };

@@ -162,7 +162,7 @@ void ReferencesList::mouseReleaseEvent(QMouseEvent* event) {
     if (!index.isValid() || event->button() != Qt::LeftButton)
         return;
     if (event->modifiers().testFlag(Qt::ControlModifier))
-        Q_EMIT GoToAsked(model_->RowAt(index)->key);
+        Q_EMIT CommandAsked(Command::GoTo, model_->RowAt(index)->key);
     else
         Q_EMIT RowChosen(index.row(), true);
 }
@@ -177,10 +177,10 @@ void ReferencesList::contextMenuEvent(QContextMenuEvent* event) {
     setCurrentIndex(index);
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    AddWays(
-        *menu, [this, key = row->key] { Q_EMIT GoToAsked(key); }, [this, key = row->key] { Q_EMIT CallersAsked(key); },
-        [this, key = row->key] { Q_EMIT GraphAsked(key); });
-    AddReasons(*menu, [this, key = row->key](Command command) { Q_EMIT ReasonAsked(command, key); });
+    ObjectItems items;
+    items.key = row->key;
+    items.run = [this, key = row->key](Command command) { Q_EMIT CommandAsked(command, key); };
+    AddObjectItems(*menu, items);
     menu->addAction(TextNr(Text::Copy), this, &ReferencesList::CopyRow);
     menu->addAction(TextNr(Text::CopyCodePath), this,
                     [where = Utf8(row->where)] { QApplication::clipboard()->setText(where); });

@@ -52,10 +52,7 @@ public:
 Q_SIGNALS:
     /// @param stays  false if the user wants to go on in the code
     void RowChosen(int row, bool stays);
-    void GoToAsked(const std::string& key);
-    void CallersAsked(const std::string& key);
-    void GraphAsked(const std::string& key);
-    void ReasonAsked(Command command, const std::string& key);
+    void CommandAsked(Command command, const std::string& key);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
