@@ -44,6 +44,8 @@ public:
     explicit GraphCanvas(const Settings& settings, QWidget* parent = nullptr);
     ~GraphCanvas() override;
     void SetTexts(Texts texts) { texts_ = std::move(texts); }
+    /// Adds items about the object of a symbol to its context menu.
+    void SetMenuItems(std::function<void(QMenu& menu, const std::string& nodeKey)> add) { addItems_ = std::move(add); }
 
     // The diagram.
 
@@ -212,6 +214,7 @@ private:
 
     const Settings& settings_;
     Texts texts_;
+    std::function<void(QMenu&, const std::string&)> addItems_;
     std::unique_ptr<SymbolFonts> fonts_;
     std::unique_ptr<GraphColours> colours_;
     XGraph graph_;

@@ -23,12 +23,13 @@
 
 namespace {
 
-constexpr int kMostLines = 40;        // of a connector in one menu
-constexpr int kLongestLine = 90;      // characters of the code in it
-constexpr double kWheelStep = 480.0;  // eighths of a degree that double the size
-constexpr int kEdge = 12;             // pixels at the edge of the view, where dragging scrolls
-constexpr int kEdgeTurn = 30;         // milliseconds between two steps of that
-constexpr int kFastest = 60;          // pixels of a step, however far the mouse is out
+constexpr int kMostLines = 40;              // of a connector in one menu
+constexpr std::size_t kMostConnectors = 4;  // of a symbol beside other items
+constexpr int kLongestLine = 90;            // characters of the code in it
+constexpr double kWheelStep = 480.0;        // eighths of a degree that double the size
+constexpr int kEdge = 12;                   // pixels at the edge of the view, where dragging scrolls
+constexpr int kEdgeTurn = 30;               // milliseconds between two steps of that
+constexpr int kFastest = 60;                // pixels of a step, however far the mouse is out
 
 int ShiftOf(Qt::KeyboardModifiers modifiers) {
     return (modifiers.testFlag(Qt::ShiftModifier) ? 1 : 0) | (modifiers.testFlag(Qt::ControlModifier) ? kCtrl : 0) |
@@ -244,15 +245,19 @@ void GraphCanvas::FillMenu(QMenu& menu, const ctlGraphObj& symbol) {
         });
     });
     menu.addSeparator();
-    bool hasLines = false;
-    for (const GraphPair& pair : connectors_->Pairs()) {
-        if (pair.from != &symbol && pair.to != &symbol)
-            continue;
-        FillLines(*menu.addMenu(NameOf(pair).replace(QLatin1Char('&'), QStringLiteral("&&"))), pair);
-        hasLines = true;
-    }
-    if (!hasLines)
+    if (addItems_)
+        addItems_(menu, key);
+    std::vector<const GraphPair*> pairs;
+    for (const GraphPair& pair : connectors_->Pairs())
+        if (pair.from == &symbol || pair.to == &symbol)
+            pairs.push_back(&pair);
+    if (pairs.empty())
         menu.addAction(TextNr(Text::NoConnectors))->setEnabled(false);
+    QMenu* const connectors = pairs.size() > kMostConnectors
+                                  ? menu.addMenu(WithCount(TextNr(Text::Connectors), static_cast<int>(pairs.size())))
+                                  : &menu;
+    for (const GraphPair* const pair : pairs)
+        FillLines(*connectors->addMenu(NameOf(*pair).replace(QLatin1Char('&'), QStringLiteral("&&"))), *pair);
 }
 
 // What concerns no single symbol: the actions that the window has given to the canvas.

@@ -35,6 +35,7 @@ GraphColours ColoursOf(const QPalette& palette, const Settings& settings) {
     colours.modul = Dimmed(palette, colours.ground);
     colours.selectedGround = isDark ? QColor(82, 78, 32) : QColor(255, 255, 192);
     colours.selectedName = Readable(QColor(0, 0, 255), colours.selectedGround);
+    colours.selectedModul = Dimmed(palette, colours.selectedGround);
     colours.frame = Mixed(colours.ground, text, 0.6);
     colours.mark = palette.color(QPalette::Highlight);
     for (const ConnectorFill fill :

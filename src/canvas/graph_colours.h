@@ -11,12 +11,12 @@ struct Settings;
 
 struct GraphColours {
     QColor ground;
-    QColor name, modul;                   // captions
-    QColor selectedGround, selectedName;  // of a selected symbol
-    QColor frame;                         // dotted: around a selected symbol, while dragging, of the rubber band
-    QColor mark;                          // around the current symbol
-    QColor fills[4];                      // by ConnectorFill
-    QColor lines[3];                      // by ConnectorLine
+    QColor name, modul;                                  // captions
+    QColor selectedGround, selectedName, selectedModul;  // of a selected symbol
+    QColor frame;     // dotted: around a selected symbol, while dragging, of the rubber band
+    QColor mark;      // around the current symbol
+    QColor fills[4];  // by ConnectorFill
+    QColor lines[3];  // by ConnectorLine
     [[nodiscard]] const QColor& Of(ConnectorFill fill) const { return fills[static_cast<int>(fill)]; }
     [[nodiscard]] const QColor& Of(ConnectorLine line) const { return lines[static_cast<int>(line)]; }
 };

@@ -132,7 +132,8 @@ void PaintCaptions(QPainter& painter, const SymbolItem::Content& content, const 
         QColor colour;
     };
     const bool isSelected = content.isSelected;
-    for (const Caption& caption : {Caption{content.modul, content.layout.modul, SymbolLabel::Modul, colours.modul},
+    for (const Caption& caption : {Caption{content.modul, content.layout.modul, SymbolLabel::Modul,
+                                           isSelected ? colours.selectedModul : colours.modul},
                                    Caption{content.name, content.layout.name, SymbolLabel::Name,
                                            isSelected ? colours.selectedName : colours.name}}) {
         const QRectF place = Pixels(caption.place);

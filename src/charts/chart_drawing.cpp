@@ -11,6 +11,7 @@
 #include <array>
 
 #include "widgets/code_style.h"
+#include "widgets/qt_text.h"
 
 namespace {
 
@@ -107,10 +108,12 @@ void DrawChart(QChart& chart, const ChartTable& table, const ChartPart& part, co
     chart.addAxis(names, Qt::AlignBottom);
     bars->attachAxis(names);
 
+    chart.setLocalizeNumbers(true);
+    chart.setLocale(OwnLocale());
     auto* values = new QValueAxis;
     values->setRange(0, LargestValue(table));
     values->applyNiceNumbers();
-    values->setLabelFormat(QStringLiteral("%d"));
+    values->setLabelFormat(QStringLiteral("%.0f"));  // "%d" gives none with separators
     values->setLabelsFont(font);
     values->setLabelsColor(ink);
     values->setGridLineColor(lines);

@@ -1,6 +1,7 @@
 #include "display/library_text.h"
 
 #include "display/library_problem.h"
+#include "display/shown_text.h"
 #include "libraries/library_page.h"
 #include "model/clsControl.h"
 #include "model/clsTypeLib.h"
@@ -158,7 +159,7 @@ void WriteClass(PageWriter& page, const clsModul& modul) {
 
 CodeText LibraryText(const clsTypeLib& library) {
     PageWriter page(library);
-    page.Line(library.InprocServer32);
+    page.Line(ShownPath(library.InprocServer32));
     page.Title(library);
     page.Field(Text::Description, library.Description);
     page.Field(Text::LibraryVersion, library.file.version.empty() ? library.Version : library.file.version);
@@ -230,5 +231,5 @@ Text LabelOf(LibraryStep step) {
 
 std::string OutcomeText(const LibraryPlace& place) {
     const std::string& outcome = gText.TextNr(LabelOf(place.outcome));
-    return place.place.empty() ? outcome : outcome + ": " + place.place;
+    return place.place.empty() ? outcome : outcome + ": " + ShownPath(place.place);
 }

@@ -22,7 +22,7 @@ public:
         // A file that is not there has not said the name of its module.
         const std::string name = modul.myNameOrg().empty() ? Utf8Of(nullptr, modMain::DirOrFileName(modul.FullPath, 0))
                                                            : Utf8Of(&modul, modul.myNameOrg());
-        rows_.push_back({modul.CodePath(), name, ObjectKind(modul), Utf8Of(nullptr, modul.FullPath), lines});
+        rows_.push_back({modul.CodePath(), name, ObjectKind(modul), Utf8Of(nullptr, ShownPath(modul.FullPath)), lines});
     }
     void Modules(const clsCollection<clsModul>& modules) {
         for (const clsModul* modul : modules)
@@ -53,7 +53,7 @@ public:
                 rows_.push_back(
                     {std::string(library->MyName()),
                      Utf8Of(nullptr, library->Description.empty() ? library->myNameOrg() : library->Description),
-                     ObjectKind(*library), Utf8Of(nullptr, library->InprocServer32), 0});
+                     ObjectKind(*library), Utf8Of(nullptr, ShownPath(library->InprocServer32)), 0});
     }
     [[nodiscard]] std::vector<ListedObject> Take() { return std::move(rows_); }
 

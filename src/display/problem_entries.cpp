@@ -57,7 +57,7 @@ std::vector<ProblemEntry> ProblemEntries(const clsProjekt& projekt) {
         const std::string key = std::string(ProblemKind(problem.tag)) + '\n' + problem.text;
         const auto [found, isNew] = known.try_emplace(key, entries.size());
         if (isNew)
-            entries.push_back({problem.text, ProblemMeaning(problem.tag), {}});
+            entries.push_back({problem.text, ProblemMeaning(problem.tag), {}, problem.file});
         std::vector<ProblemPlace>& places = entries[found->second].places;
         for (ProblemPlace& place : PlacesOf(projekt, modules, problem))
             places.push_back(std::move(place));

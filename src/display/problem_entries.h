@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/files.h"
 #include "shell/text_numbers.h"
 
 class clsProjekt;
@@ -21,6 +22,7 @@ struct ProblemEntry {
     std::string text;
     Text meaning = Text::None;         // for the results
     std::vector<ProblemPlace> places;  // in the order of their reports, at least one
+    FileError file = FileError::None;  // has a text in the user's language, too
     bool operator==(const ProblemEntry&) const = default;
 };
 

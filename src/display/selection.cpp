@@ -194,7 +194,7 @@ std::string CodePath_Anzeigen(const Selection& selection) {
             add(ShownTypeOf(*selection.CurObject));
             break;
         case ObjectClass::TypeLib:
-            add(static_cast<const clsTypeLib*>(selection.CurObject)->InprocServer32);
+            add(ShownPath(static_cast<const clsTypeLib*>(selection.CurObject)->InprocServer32));
             break;
     }
     return line;

@@ -40,13 +40,31 @@ int NumberOf(FileError error) {
     }
 }
 
+void Note(std::string_view tag, std::string_view text, FileError file) {
+    if (muted > 0 || !currentProblems)
+        return;
+    currentProblems->Add({.tag = std::string(tag),
+                          .text = std::string(text),
+                          .subject = std::string(currentSubject),
+                          .lines = currentLine > 0 ? std::vector{currentLine} : std::vector<int>(),
+                          .file = file});
+}
+
 // Notes what the main thread reports, and passes it on.
 void Report(const ErrorReport& report) {
-    NoteProblem(report.tag, report.description);
+    Note(report.tag, report.description, report.file);
     if (!Port() || muted > 0)
         return;
     const WaitForAnswer wait;
     Port()(report);
+}
+
+void HoldOrReport(ErrorReport report) {
+    if (!holder)
+        Report(report);
+    else if (muted == 0)
+        holder->push_back(
+            {std::move(report.tag), std::move(report.description), report.number, currentLine, true, report.file});
 }
 
 }  // namespace
@@ -60,22 +78,14 @@ ErrorPort SetErrorPort(ErrorPort port) {
 }
 
 void ShowError(std::string_view tag, int number, std::string_view description) {
-    if (holder) {
-        if (muted == 0)
-            holder->push_back({std::string(tag), std::string(description), number, currentLine, true});
-        return;
-    }
-    Report({number, std::string(description), std::string(tag), std::string(currentSubject)});
+    HoldOrReport({number, std::string(description), std::string(tag), std::string(currentSubject)});
 }
 
 void ShowFileError(std::string_view tag, FileError error, std::string_view path) {
     std::string description(Describe(error));
     if (!path.empty())
         description.append(" (").append(path).append(")");
-    if (holder)
-        ShowError(tag, NumberOf(error), description);
-    else
-        Report({NumberOf(error), std::move(description), std::string(tag), std::string(currentSubject), error});
+    HoldOrReport({NumberOf(error), std::move(description), std::string(tag), std::string(currentSubject), error});
 }
 
 Text CauseAndRemedy(FileError error) {
@@ -118,7 +128,7 @@ void HeldErrors::Tell(const std::vector<Held>& held) {
     for (const Held& one : held) {
         const ErrorLine at(one.line);
         if (one.isReport)
-            ShowError(one.tag, one.number, one.text);
+            HoldOrReport({one.number, one.text, one.tag, std::string(currentSubject), one.file});
         else
             NoteProblem(one.tag, one.text);
     }
@@ -141,13 +151,10 @@ ProblemList* SetProblems(ProblemList* problems) {
 }
 
 void NoteProblem(std::string_view tag, std::string_view text) {
-    if (muted > 0)
-        return;
-    if (holder)
+    if (!holder)
+        Note(tag, text, FileError::None);
+    else if (muted == 0)
         holder->push_back({std::string(tag), std::string(text), 0, currentLine});
-    else if (currentProblems)
-        currentProblems->Add({std::string(tag), std::string(text), std::string(currentSubject),
-                              currentLine > 0 ? std::vector{currentLine} : std::vector<int>()});
 }
 
 void ProblemList::Add(Problem problem) {

@@ -29,8 +29,9 @@ struct Problem {
     std::string tag;
     std::string text;
     std::string subject;
-    std::vector<int> lines = {};  // of the subject, from 1, where it was found; empty if unknown
-    bool isHint = false;          // says what would give more; the analysis itself is whole
+    std::vector<int> lines = {};       // of the subject, from 1, where it was found; empty if unknown
+    bool isHint = false;               // says what would give more; the analysis itself is whole
+    FileError file = FileError::None;  // as of the report
     bool operator==(const Problem&) const = default;
 };
 
@@ -104,6 +105,7 @@ public:
         int number = 0;         // of the error
         int line = 0;           // of the subject; 0 if unknown
         bool isReport = false;  // and not only noted
+        FileError file = FileError::None;
     };
     /// @param into  receives the reports in their order; must outlive this
     explicit HeldErrors(std::vector<Held>& into);

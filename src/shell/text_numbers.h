@@ -628,4 +628,5 @@ enum class Text {
     Remedy = 684,
     CopyLibrary = 685,
     CountCalls = 686,
+    Connectors = 687,
 };

@@ -161,7 +161,7 @@ std::string BaumView::ObjectAt(const QModelIndex& index) const {
 void BaumView::GoTo(const QModelIndex& index) {
     repeatedKeys_.stop();
     if (const std::string key = ObjectAt(index); !key.empty())
-        Q_EMIT GoToAsked(key);
+        Q_EMIT CommandAsked(Command::GoTo, key);
 }
 
 // Moves the current line to the selection of the Baum.

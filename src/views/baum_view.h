@@ -57,18 +57,13 @@ Q_SIGNALS:
     // Only of nodes of objects.
     /// By a click, or by moving there with the keyboard.
     void NodeActivated(const std::string& key);
-    /// By the menu, Ctrl+click, or what SetLeadsOn says. The key is that of the object's node in the project.
-    void GoToAsked(const std::string& key);
-    /// By the menu. The same key.
-    void CallersAsked(const std::string& key);
+    /// By the menu; Command::GoTo by Ctrl+click, or what SetLeadsOn says, as well. The key is that of the object's node
+    /// in the project.
+    void CommandAsked(Command command, const std::string& key);
     /// By the key Delete, or by the menu.
     void DeleteAsked(const std::string& key);
     void NodeChecked(BaumNode& node);
     void KeyDropped(const std::string& key);
-    /// From the context menu: put the object of the node on the diagram.
-    void GraphAsked(const std::string& key);
-    /// From the context menu: why the object is alive or dead, and what else AddReasons offers.
-    void ReasonAsked(Command command, const std::string& key);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;

@@ -74,14 +74,11 @@ void BaumView::ShowMenu(const QModelIndex& index, const QPoint& globalPos) {
         return [this, id, what] { CopyNode(model_->IndexOf(Tree().Find(id)), what); };
     };
     const std::string object = ObjectAt(index);
-    using Way = std::function<void()>;
-    AddWays(
-        *menu, object.empty() ? Way() : [this, object] { Q_EMIT GoToAsked(object); },
-        object.empty() ? Way() : [this, object] { Q_EMIT CallersAsked(object); },
-        object.empty() ? Way() : [this, object] { Q_EMIT GraphAsked(object); });
-    AddReasons(
-        *menu, object.empty() ? std::function<void(Command)>()
-                              : [this, object](Command command) { Q_EMIT ReasonAsked(command, object); });
+    ObjectItems items;
+    items.key = object;
+    if (!object.empty())
+        items.run = [this, object](Command command) { Q_EMIT CommandAsked(command, object); };
+    AddObjectItems(*menu, items);
     menu->addAction(TextNr(Text::CopyName), this, copy(TextOf));
     menu->addAction(TextNr(Text::CopyCodePath), this, copy(PathOf))->setEnabled(HasCodePath(*node));
     menu->addAction(TextNr(Text::CopyAsText), this, copy(TreeOf));
@@ -89,6 +86,7 @@ void BaumView::ShowMenu(const QModelIndex& index, const QPoint& globalPos) {
         menu->addSeparator();
         QAction* const action = menu->addAction(TextNr(Text::DeleteNamed, TextOf(*node)) + QChar(0x2026), this,
                                                 [this, object] { Q_EMIT DeleteAsked(object); });
+        action->setEnabled(CanDelete(object));
         action->setShortcut(QKeySequence::Delete);
         action->setShortcutContext(Qt::WidgetShortcut);  // the key itself belongs to the tree
         action->setShortcutVisibleInContextMenu(true);

@@ -59,14 +59,10 @@ public Q_SLOTS:
     void SetZoom(int zoom);
 
 Q_SIGNALS:
-    /// Right click, Ctrl+click, Enter or menu: lead from here to the object.
+    /// Right click, Ctrl+click or Enter: lead from here to the object.
     void PositionClicked(int selStart, int selLength);
-    /// Menu: the callers of the object that this place leads to, or of the current one.
-    void CallersAsked();
-    /// Menu: put that object on the diagram.
-    void GraphAsked();
-    /// Menu: why that object is alive or dead, and what else AddReasons offers.
-    void ReasonAsked(Command command);
+    /// Menu: about the object that this place leads to, or the current one.
+    void CommandAsked(Command command);
     /// A place became the current one, from 1; 0 of 0 after the marks were removed.
     void PlaceChanged(int index, int count);
 

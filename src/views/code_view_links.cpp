@@ -77,12 +77,11 @@ void CodeView::contextMenuEvent(QContextMenuEvent* event) {
         return;
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    using Way = std::function<void()>;
-    AddWays(*menu, LeadsOn() ? [this] { Q_EMIT PositionClicked(SelStart(), SelLength()); } : Way(),
-            text_.ByteCount() > 0 ? [this] { Q_EMIT CallersAsked(); } : Way(),
-            text_.ByteCount() > 0 ? [this] { Q_EMIT GraphAsked(); } : Way());
-    AddReasons(*menu, text_.ByteCount() > 0 ? [this](Command command) { Q_EMIT ReasonAsked(command); }
-                                            : std::function<void(Command)>());
+    ObjectItems items;
+    items.leadsOn = LeadsOn();
+    if (text_.ByteCount() > 0)
+        items.run = [this](Command command) { Q_EMIT CommandAsked(command); };
+    AddObjectItems(*menu, items);
     menu->addAction(TextNr(Text::Copy), this, &CodeView::copy)->setEnabled(textCursor().hasSelection());
     menu->addAction(TextNr(Text::SelectAll), this, &CodeView::selectAll);
     Commands::GiveLetters(menu->actions());

@@ -77,11 +77,15 @@ void Commands::ShowWhyDisabled(const Situation& now) {
     }
 }
 
-void Commands::GiveLetters(const QList<QAction*>& actions) {
+void Commands::GiveLetters(const QList<QAction*>& actions, const QList<QAction*>& others) {
     QStringList texts;
     for (const QAction* action : actions)
         texts.append(action->text());
     std::set<QChar> taken;
+    for (const QAction* other : others)
+        if (const qsizetype mark = other->text().indexOf(QLatin1Char('&'));
+            mark >= 0 && mark + 1 < other->text().size())
+            taken.insert(other->text().at(mark + 1).toLower());
     texts = WithLetters(texts, taken);
     for (qsizetype i = 0; i < actions.size(); ++i)
         actions[i]->setText(texts[i]);

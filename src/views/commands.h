@@ -29,7 +29,8 @@ public:
     /// The actions that are in a menu or toolbar and have keys.
     [[nodiscard]] QList<QAction*> InUse() const;
     /// Gives each action of one menu an underlined letter of its own.
-    static void GiveLetters(const QList<QAction*>& actions);
+    /// @param others  actions of the same menu that keep theirs
+    static void GiveLetters(const QList<QAction*>& actions, const QList<QAction*>& others = {});
     void SetImage(Command command, std::string_view image);
 
 private:

@@ -63,6 +63,7 @@ frmDeclare::frmDeclare(const Given& given, QWidget* parent)
     layout->addWidget(comment_);
     layout->addWidget(beside_);
     layout->addWidget(file);
+    layout->addStretch();  // a text that wraps would take the room that is over
     layout->addLayout(buttons);
     AssignMnemonics(*this, {ok, cancel});
     GrowToFit(*this);

@@ -171,8 +171,7 @@ void frmMain::WireTrees() {
     for (BaumView* tree : {&BaumProjekt(), &calledByPane_->Tree(), &callsPane_->Tree(), &lower_->BaumDLL()}) {
         tree->SetSpokenTexts(
             [this](const BaumNode& node) { return QString::fromStdString(workspace_.SpokenText(node)); });
-        connect(tree, &BaumView::GoToAsked, this, &frmMain::GoTo);
-        connect(tree, &BaumView::CallersAsked, this, &frmMain::FindCallersOf);
+        connect(tree, &BaumView::CommandAsked, this, &frmMain::RunOn);
     }
     BaumProjekt().SetToolTips(hover);
     connect(&BaumProjekt(), &BaumView::NodeActivated, this, [this](const std::string& key) { ActivateKey(key); });
@@ -238,8 +237,7 @@ void frmMain::WireOverview() {
 }
 
 void frmMain::WireGraph() {
-    graph_->Follow({&BaumProjekt(), &calledByPane_->Tree(), &callsPane_->Tree(), &lower_->BaumDLL()},
-                   lower_->References(), rtbCode(), project_->Search());
+    graph_->Follow(rtbCode(), project_->Search());
     graph_->WireCommands();
     menus_->AddToGraphMenu(&graph_->Pane().ObjectTypes());
     connect(menus_, &MainMenus::RecentGraphChosen, graph_, &GraphWiring::Open);

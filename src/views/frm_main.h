@@ -70,6 +70,8 @@ public:
 
     /// Makes the object of a node the current one and shows it in every pane.
     bool ActivateKey(const NodeId& node);
+    /// Carries out a command of the context menus of objects; without a key mostly for the current object.
+    void RunOn(Command command, const std::string& key);
     /// The same for what is at a line of a module, which is selected in the code.
     void ActivateLine(const std::string& modulKey, int line);
 

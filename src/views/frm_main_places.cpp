@@ -3,10 +3,12 @@
 #include "views/code_view.h"
 #include "views/commands.h"
 #include "views/frm_main.h"
+#include "views/graph_wiring.h"
 #include "views/lower_pane.h"
 #include "views/main_panes.h"
 #include "views/reach_list.h"
 #include "views/references_list.h"
+#include "views/search_bar.h"
 #include "views/status_line.h"
 #include "views/tree_panes.h"
 #include "views/why_wiring.h"
@@ -22,11 +24,7 @@ void frmMain::WireWhy() {
                           .showWalk = [this](const std::optional<CodePane::Change>& change) { ShowWalk(change); },
                           .showNow = [this] { ShowNow(); }});
     why_->WireCommands();
-    why_->Follow({&BaumProjekt(), &calledByPane_->Tree(), &callsPane_->Tree(), &lower_->BaumDLL()},
-                 lower_->References(), rtbCode());
     connect(why_, &WhyWiring::Message, this, [this](const QString& text) { status_->Message(text); });
-    connect(why_, &WhyWiring::GoToAsked, this, &frmMain::GoTo);
-    connect(why_, &WhyWiring::CallersAsked, this, &frmMain::FindCallersOf);
 }
 
 void frmMain::WireWays() {
@@ -36,12 +34,12 @@ void frmMain::WireWays() {
     Wire(Command::PreviousPlace, [this](bool) { StepPlace(-1); });
     rtbCode().SetWays({[this](Pos start, Pos length) { return workspace_.LeadsOn(start, length); },
                        [this](Pos position) { return workspace_.NameLeadsOn(position); }});
-    connect(&rtbCode(), &CodeView::CallersAsked, this, [this] { FindCallersOf(KeyInFocus()); });
+    connect(&rtbCode(), &CodeView::CommandAsked, this, [this](Command command) { RunOn(command, KeyInFocus()); });
+    connect(&project_->Search(), &SearchBar::CommandAsked, this, &frmMain::RunOn);
     ReferencesList& list = lower_->References();
     list.SetSource([this] { return workspace_.References(); });
     connect(&list, &ReferencesList::RowChosen, this, &frmMain::ShowReference);
-    connect(&list, &ReferencesList::GoToAsked, this, &frmMain::GoTo);
-    connect(&list, &ReferencesList::CallersAsked, this, &frmMain::FindCallersOf);
+    connect(&list, &ReferencesList::CommandAsked, this, &frmMain::RunOn);
     connect(lower_, &LowerPane::currentChanged, this, [this] { ShowNow(); });
 }
 
@@ -55,6 +53,19 @@ std::string frmMain::KeyInFocus() {
         return lower_->Why().CurrentObject();
     const auto* const tree = qobject_cast<const BaumView*>(focus);
     return tree ? tree->CurrentObject() : std::string();
+}
+
+void frmMain::RunOn(Command command, const std::string& key) {
+    switch (command) {
+        case Command::GoTo:
+            return GoTo(key);
+        case Command::FindCallers:
+            return FindCallersOf(key);
+        case Command::ShowInGraph:
+            return graph_->ShowInGraph(key);
+        default:
+            why_->Run(command, key);
+    }
 }
 
 void frmMain::GoTo(const std::string& key) {

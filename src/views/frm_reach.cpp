@@ -28,17 +28,20 @@ frmReach::frmReach(bool isPath, Source source, QWidget* parent)
     connect(cmdClose_, &QPushButton::clicked, this, &QDialog::close);
     connect(cmdGoTo_, &QPushButton::clicked, this, [this] {
         if (const std::string key = list_->CurrentObject(); !key.empty())
-            Q_EMIT list_->GoToAsked(key);
+            Q_EMIT CommandAsked(Command::GoTo, key);
     });
+    connect(list_, &ReachList::CommandAsked, this, &frmReach::CommandAsked);
     connect(cmdGraph_, &QPushButton::clicked, this,
             [this] { Q_EMIT GraphAsked(list_->KeysMeant(), QString::fromStdString(answer_.title)); });
     connect(cmdSave_, &QPushButton::clicked, this, [this] { Q_EMIT SaveAsked(answer_, from_, to_); });
-    if (search_)
+    if (search_) {
         connect(search_, &SearchBar::ObjectChosen, this, [this](const std::string& key) {
             to_ = key;
             Renew();
             list_->setFocus();
         });
+        connect(search_, &SearchBar::CommandAsked, this, &frmReach::CommandAsked);
+    }
     Texte();
 }
 

@@ -6,6 +6,7 @@
 #include <functional>
 #include <string>
 
+#include "display/command_table.h"
 #include "display/path_text.h"
 
 class QLabel;
@@ -33,6 +34,8 @@ public:
     void Texte();
 
 Q_SIGNALS:
+    /// By what is in this window.
+    void CommandAsked(Command command, const std::string& key);
     /// @param title  of what they are
     void GraphAsked(const std::vector<std::string>& keys, const QString& title);
     void SaveAsked(const ReachAnswer& answer, const std::string& from, const std::string& to);

@@ -68,6 +68,10 @@ void GraphArrange::Arrange(const QString& name, LayoutOptions options) {
     if (!centres)
         return ShowFailure(window_, TextNr(Text::ArrangeFailed));
     canvas_.Change(name, [&](XGraph& graph) { ArrangeSymbols(graph, symbols, *centres); });
-    canvas_.FindSymbols();
+    // The places of a whole diagram are all new to the user.
+    if (symbols.size() == canvas_.Graph().GraphObjects().size())
+        canvas_.Fit();
+    else
+        canvas_.FindSymbols();
     ports_.message(TextNr(Text::SymbolsArranged, NumberText(static_cast<qlonglong>(symbols.size()))));
 }

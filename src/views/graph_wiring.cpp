@@ -13,10 +13,10 @@
 #include "views/baum_view.h"
 #include "views/code_view.h"
 #include "views/commands.h"
+#include "views/context_ways.h"
 #include "views/frm_main.h"
 #include "views/graph_files.h"
 #include "views/graph_pane.h"
-#include "views/references_list.h"
 #include "views/search_bar.h"
 #include "widgets/object_tip.h"
 #include "widgets/qt_text.h"
@@ -32,7 +32,8 @@ GraphWiring::GraphWiring(frmMain& window, Files& files, SettingsFile& settings, 
       files_(new GraphFiles(canvas_, files, settings, &window)),
       output_(canvas_, files, settings, window.TheSettings(), ports_, &window),
       chains_(canvas_, ports_, &window),
-      arrange_(canvas_, ports_, &window) {
+      arrange_(canvas_, ports_, &window),
+      arrangeMenu_(new QMenu(&window)) {
     ports_.message = [this](const QString& text) { Q_EMIT Message(text); };
     connect(files_, &GraphFiles::Message, this, &GraphWiring::Message);
     WireCanvas();
@@ -45,6 +46,14 @@ void GraphWiring::WireCanvas() {
              [this](const CodeObject& object) {
                  return QString::fromStdString(window_.TheWorkspace().SpokenText(object));
              }});
+    canvas_.SetMenuItems([this](QMenu& menu, const std::string& key) {
+        ObjectItems items;
+        items.key = key;
+        items.run = [this, key](Command command) { window_.RunOn(command, key); };
+        items.isSymbol = true;
+        AddObjectItems(menu, items);
+        Commands::GiveLetters(menu.actions(), canvas_.actions());
+    });
     connect(&canvas_, &GraphCanvas::Changed, this, &GraphWiring::CanvasChanged);
     connect(&canvas_, &GraphCanvas::SymbolChosen, this, [this](const std::string& key) { window_.ActivateKey(key); });
     connect(&canvas_, &GraphCanvas::SymbolActivated, this, [this](const std::string& key) {
@@ -63,15 +72,9 @@ void GraphWiring::WireCanvas() {
     });
 }
 
-void GraphWiring::Follow(std::initializer_list<BaumView*> trees, const ReferencesList& references, CodeView& code,
-                         SearchBar& search) {
+void GraphWiring::Follow(CodeView& code, SearchBar& search) {
     code_ = &code;
     search_ = &search;
-    for (BaumView* tree : trees)
-        connect(tree, &BaumView::GraphAsked, this, &GraphWiring::ShowInGraph);
-    connect(&references, &ReferencesList::GraphAsked, this, &GraphWiring::ShowInGraph);
-    connect(&search, &SearchBar::GraphAsked, this, &GraphWiring::ShowInGraph);
-    connect(&code, &CodeView::GraphAsked, this, [this] { ShowInGraph(KeyInUse()); });
 }
 
 void GraphWiring::Wire(Command command, std::function<void(bool)> function) {
@@ -79,7 +82,7 @@ void GraphWiring::Wire(Command command, std::function<void(bool)> function) {
 }
 
 void GraphWiring::WireCommands() {
-    Wire(Command::ShowInGraph, [this](bool) { ShowInGraph(KeyInUse()); });
+    Wire(Command::ShowInGraph, [this](bool) { ShowInGraph({}); });
     Wire(Command::OpenGraph, [this](bool) {
         ShowGraph();
         files_->GraphOpen();
@@ -166,8 +169,10 @@ void GraphWiring::FillMenuOfCanvas() {
     };
     addGroup({Command::AddCallers, Command::AddAllCallers, Command::AddCallees, Command::AddAllCallees,
               Command::AddCallPath});
-    addGroup({Command::ArrangeTop, Command::ArrangeLeft, Command::ArrangeBottom, Command::ArrangeRight,
-              Command::ArrangeModules});
+    for (const Command command : {Command::ArrangeTop, Command::ArrangeLeft, Command::ArrangeBottom,
+                                  Command::ArrangeRight, Command::ArrangeModules})
+        arrangeMenu_->addAction(&commands[command]);
+    canvas_.addAction(arrangeMenu_->menuAction());
     addGroup({Command::SelectAllSymbols, Command::FitGraph});
     addGroup({Command::FrameModules, Command::ShowMap, Command::ShowLegend});
 }
@@ -199,7 +204,8 @@ std::string GraphWiring::KeyInUse() const {
     return current ? NodeKeyOf(*current) : std::string();
 }
 
-void GraphWiring::ShowInGraph(const std::string& key) {
+void GraphWiring::ShowInGraph(const std::string& asked) {
+    const std::string key = asked.empty() ? KeyInUse() : asked;
     CodeObject* const object = gProjekt && !key.empty() ? ObjectOfNode(*gProjekt, NodeId(key)) : nullptr;
     if (!object) {
         Q_EMIT Message(TextNr(Text::ChooseObjectFirst));
@@ -315,4 +321,5 @@ void GraphWiring::NameCommands() {
     const QString redoText = redo.isEmpty() ? TextNr(Text::RedoChange) : TextNr(Text::RedoNamed, redo);
     Commands::SetTexts(commands[Command::UndoGraph], undoText, undoText);
     Commands::SetTexts(commands[Command::RedoGraph], redoText, redoText);
+    arrangeMenu_->setTitle(TextNr(Text::Arrange));
 }

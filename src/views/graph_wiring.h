@@ -12,13 +12,12 @@
 #include "views/graph_output.h"
 #include "views/graph_ports.h"
 
-class BaumView;
 class CodeView;
 class Files;
 class GraphCanvas;
 class GraphFiles;
 class GraphPane;
-class ReferencesList;
+class QMenu;
 class SearchBar;
 class SettingsFile;
 class clsProzedur;
@@ -32,9 +31,8 @@ public:
     GraphWiring(frmMain& window, Files& files, SettingsFile& settings, GraphPorts ports);
 
     [[nodiscard]] GraphPane& Pane() const { return *pane_; }
-    /// The trees, the references, the code and the search from which objects come.
-    void Follow(std::initializer_list<BaumView*> trees, const ReferencesList& references, CodeView& code,
-                SearchBar& search);
+    /// The code that lines of a connector lead to, and the search whose hits can be put on the diagram.
+    void Follow(CodeView& code, SearchBar& search);
     /// Connects the commands of the diagram.
     void WireCommands();
 
@@ -59,7 +57,7 @@ public:
     /// Texts that name what undo takes back.
     void NameCommands();
     void ShowGraph();
-    /// Puts a symbol of the object on the diagram.
+    /// Puts a symbol of the object on the diagram; without a key, of what is chosen where the user is.
     void ShowInGraph(const std::string& key);
     /// The same for all of these that have none, in one step that can be undone.
     /// @param title  of that step
@@ -91,6 +89,7 @@ private:
     GraphOutput output_;
     GraphChains chains_;
     GraphArrange arrange_;
+    QMenu* arrangeMenu_;  // of the context menu
     CodeView* code_ = nullptr;
     SearchBar* search_ = nullptr;
     std::string waiting_;  // file to be opened with the next project

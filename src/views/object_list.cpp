@@ -47,7 +47,7 @@ void ObjectList::mouseReleaseEvent(QMouseEvent* event) {
         return;
     const std::string key = KeyAt(index);
     if (event->modifiers().testFlag(Qt::ControlModifier) && !key.empty())
-        Q_EMIT GoToAsked(key);
+        Q_EMIT CommandAsked(Command::GoTo, key);
     else
         Choose(index, true);
 }
@@ -62,11 +62,11 @@ void ObjectList::contextMenuEvent(QContextMenuEvent* event) {
                                                                                  : QItemSelectionModel::ClearAndSelect);
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    const std::string key = KeyAt(index);
-    const auto way = [&](auto signal) {
-        return key.empty() ? std::function<void()>() : [this, signal, key] { Q_EMIT(this->*signal)(key); };
-    };
-    AddWays(*menu, way(&ObjectList::GoToAsked), way(&ObjectList::CallersAsked), way(&ObjectList::GraphAsked));
+    ObjectItems items;
+    items.key = KeyAt(index);
+    if (!items.key.empty())
+        items.run = [this, key = items.key](Command command) { Q_EMIT CommandAsked(command, key); };
+    AddObjectItems(*menu, items);
     AddItems(*menu);
     Commands::GiveLetters(menu->actions());
     menu->popup(byMouse ? event->globalPos() : viewport()->mapToGlobal(visualRect(index).bottomLeft()));

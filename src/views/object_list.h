@@ -4,6 +4,8 @@
 #include <QListView>
 #include <string>
 
+#include "display/command_table.h"
+
 class QMenu;
 
 class ObjectList : public QListView {
@@ -18,9 +20,8 @@ public:
     void SetWhyNone(const QString& whyNone);
 
 Q_SIGNALS:
-    void GoToAsked(const std::string& key);
-    void CallersAsked(const std::string& key);
-    void GraphAsked(const std::string& key);
+    /// A command is to be carried out for the object of a row.
+    void CommandAsked(Command command, const std::string& key);
 
 protected:
     /// The key of the object of a row; empty for none.
@@ -29,7 +30,7 @@ protected:
     virtual void Choose(const QModelIndex& index, bool stays) = 0;
     /// The current row, or all, as text for other programs.
     [[nodiscard]] virtual QString CopyOf(bool all) const = 0;
-    /// Adds what the context menu of the current row has after the ways to its object.
+    /// Adds what the context menu of the current row has after the items of its object.
     virtual void AddItems(QMenu& menu) = 0;
 
     void Copy(bool all) const;

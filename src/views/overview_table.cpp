@@ -7,6 +7,7 @@
 #include <algorithm>
 
 #include "views/copy_table.h"
+#include "views/read_only_table.h"
 #include "widgets/qt_text.h"
 
 namespace {
@@ -74,6 +75,7 @@ OverviewTable::OverviewTable(QWidget* parent)
     horizontalHeader()->setSectionResizeMode(OverviewModel::Name, QHeaderView::Stretch);
     horizontalHeader()->setSectionResizeMode(OverviewModel::Where, QHeaderView::Stretch);
     CopyTableOnCtrlC(*this);
+    HomeAndEndGoToRows(*this);
     FitRows();
     connect(this, &QTableView::doubleClicked, this, &OverviewTable::Choose);
 }

@@ -52,11 +52,16 @@ QString WhereOf(const ProblemEntry& entry) {
     return isMore ? where + QStringLiteral(", \u2026") : where;
 }
 
+// The text in the user's language, if it has one.
+QString TextOf(const ProblemEntry& entry) {
+    return entry.file == FileError::None ? QString::fromStdString(ShownProblem(gProjekt.get(), entry))
+                                         : TextNr(CauseAndRemedy(entry.file));
+}
+
 // The text, its meaning, and each place with the tag of its report.
 QString WholeText(const ProblemEntry& entry) {
     constexpr std::size_t kMostPlaces = 200;
-    QString whole =
-        QString::fromStdString(ShownProblem(gProjekt.get(), entry)) + QLatin1Char('\n') + TextNr(entry.meaning);
+    QString whole = TextOf(entry) + QLatin1Char('\n') + TextNr(entry.meaning);
     for (std::size_t nr = 0; nr < std::min(entry.places.size(), kMostPlaces); ++nr) {
         const ProblemPlace& place = entry.places[nr];
         whole += QStringLiteral("\n%1: %2").arg(TextNr(Text::Where), ToQString(ShownPath(place.path)));
@@ -79,7 +84,7 @@ QVariant ProblemsModel::data(const QModelIndex& index, int role) const {
         return {};
     switch (index.column()) {
         case What:
-            return QString::fromStdString(ShownProblem(gProjekt.get(), *entry)) + PlaceCount(*entry);
+            return TextOf(*entry) + PlaceCount(*entry);
         case Where:
             return role == Qt::ToolTipRole ? ToQString(ShownPath(entry->places.front().path)) : WhereOf(*entry);
         case Line:

@@ -148,8 +148,6 @@ QString ReachList::CopyOf(bool all) const {
 }
 
 void ReachList::AddItems(QMenu& menu) {
-    if (addItems_)
-        addItems_(menu, CurrentObject());
     menu.addAction(TextNr(Text::Copy), this, [this] { Copy(false); });
     menu.addAction(TextNr(Text::CopyAsText), this, [this] { Copy(true); });
 }

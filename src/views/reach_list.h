@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "display/command_table.h"
 #include "display/reach_rows.h"
 #include "views/object_list.h"
 #include "views/rows_model.h"
@@ -35,8 +36,6 @@ public:
     void SetCurrentPlace(int place);
     /// The rows whose objects the user means: several selected ones, otherwise all of the section of the current one.
     [[nodiscard]] std::vector<std::string> KeysMeant() const;
-    /// Adds further items to the context menu of a row, which is the current one.
-    void SetMenuItems(std::function<void(QMenu& menu, const std::string& key)> add) { addItems_ = std::move(add); }
 
 Q_SIGNALS:
     /// @param stays  false if the user wants to go on in the code
@@ -53,5 +52,4 @@ private:
     ReachList(ReachModel* model, QWidget* parent);
 
     ReachModel* model_;
-    std::function<void(QMenu&, const std::string&)> addItems_;
 };

@@ -120,7 +120,6 @@ QString ReferencesList::CopyOf(bool all) const {
 
 void ReferencesList::AddItems(QMenu& menu) {
     const ReferenceRow& row = *model_->RowAt(currentIndex());
-    AddReasons(menu, [this, key = row.key](Command command) { Q_EMIT ReasonAsked(command, key); });
     menu.addAction(TextNr(Text::Copy), this, [this] { Copy(false); });
     menu.addAction(TextNr(Text::CopyCodePath), this,
                    [where = QString::fromStdString(row.where)] { QApplication::clipboard()->setText(where); });

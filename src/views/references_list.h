@@ -45,7 +45,6 @@ public:
 Q_SIGNALS:
     /// @param stays  false if the user wants to go on in the code
     void RowChosen(int row, bool stays);
-    void ReasonAsked(Command command, const std::string& key);
 
 protected:
     /// That of the procedure or module that the row is in.

@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "display/command_table.h"
 #include "display/object_search.h"
 #include "views/rows_model.h"
 
@@ -51,8 +52,8 @@ public:
 Q_SIGNALS:
     /// Key of the node of the chosen object; the list is already closed.
     void ObjectChosen(const std::string& nodeKey);
-    /// From the context menu of a hit: put its object on the diagram.
-    void GraphAsked(const std::string& nodeKey);
+    /// From the context menu of a hit; the list is already closed.
+    void CommandAsked(Command command, const std::string& nodeKey);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

@@ -2,8 +2,9 @@
 #include <QListView>
 #include <QMenu>
 
+#include "views/commands.h"
+#include "views/context_ways.h"
 #include "views/search_bar.h"
-#include "widgets/qt_text.h"
 
 std::string SearchBar::HitKey() const {
     const HitRow* const hit = list_->isVisible() ? model_->RowAt(view_->currentIndex()) : nullptr;
@@ -16,9 +17,13 @@ void SearchBar::ShowMenu(const QPoint& point) {
         return;
     auto* menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->addAction(TextNr(Text::ShowInGraph), this, [this, key = hit->nodeKey] {
+    ObjectItems items;
+    items.key = hit->nodeKey;
+    items.run = [this, key = hit->nodeKey](Command command) {
         Close();
-        Q_EMIT GraphAsked(key);
-    });
+        Q_EMIT CommandAsked(command, key);
+    };
+    AddObjectItems(*menu, items);
+    Commands::GiveLetters(menu->actions());
     menu->popup(view_->viewport()->mapToGlobal(point));
 }

@@ -12,10 +12,8 @@
 #include "project/start.h"
 #include "reach/reach_page.h"
 #include "shell/words.h"
-#include "views/baum_view.h"
 #include "views/code_view.h"
 #include "views/commands.h"
-#include "views/context_ways.h"
 #include "views/dialogs.h"
 #include "views/frm_declare.h"
 #include "views/frm_main.h"
@@ -24,7 +22,6 @@
 #include "views/lower_pane.h"
 #include "views/questions.h"
 #include "views/reach_list.h"
-#include "views/references_list.h"
 #include "widgets/qt_text.h"
 
 WhyWiring::WhyWiring(frmMain& window, Files& files, LowerPane& lower, GraphWiring& graph, Ports ports)
@@ -42,12 +39,7 @@ WhyWiring::WhyWiring(frmMain& window, Files& files, LowerPane& lower, GraphWirin
     WireWindow(*path_);
     WireWindow(*impact_);
     connect(&list_, &ReachList::RowChosen, this, &WhyWiring::ChooseRow);
-    connect(&list_, &ReachList::GoToAsked, this, &WhyWiring::GoToAsked);
-    connect(&list_, &ReachList::CallersAsked, this, &WhyWiring::CallersAsked);
-    connect(&list_, &ReachList::GraphAsked, &graph_, &GraphWiring::ShowInGraph);
-    list_.SetMenuItems([this](QMenu& menu, const std::string& key) {
-        AddReasons(menu, [this, key](Command command) { Run(command, key); });
-    });
+    connect(&list_, &ReachList::CommandAsked, &window_, &frmMain::RunOn);
     list_.installEventFilter(this);
 }
 
@@ -57,11 +49,9 @@ void WhyWiring::WireWindow(frmReach& window) {
         if (row.line > 0)
             window_.ActivateLine(row.modulKey, row.line);
         else if (!row.key.empty() && !stays)
-            Q_EMIT GoToAsked(row.key);
+            window_.RunOn(Command::GoTo, row.key);
     });
-    connect(&list, &ReachList::GoToAsked, this, &WhyWiring::GoToAsked);
-    connect(&list, &ReachList::CallersAsked, this, &WhyWiring::CallersAsked);
-    connect(&list, &ReachList::GraphAsked, &graph_, &GraphWiring::ShowInGraph);
+    connect(&window, &frmReach::CommandAsked, &window_, &frmMain::RunOn);
     connect(&window, &frmReach::GraphAsked, &graph_, &GraphWiring::ShowObjects);
     connect(&window, &frmReach::SaveAsked, this, &WhyWiring::Save);
 }
@@ -74,13 +64,6 @@ void WhyWiring::WireCommands() {
     connect(&window_.TheCommands()[Command::DeclaredByUser], &QAction::triggered, this, &WhyWiring::ShowDeclared);
 }
 
-void WhyWiring::Follow(std::initializer_list<BaumView*> trees, const ReferencesList& references, const CodeView& code) {
-    for (const BaumView* tree : trees)
-        connect(tree, &BaumView::ReasonAsked, this, &WhyWiring::Run);
-    connect(&references, &ReferencesList::ReasonAsked, this, &WhyWiring::Run);
-    connect(&code, &CodeView::ReasonAsked, this, [this](Command command) { Run(command, window_.KeyInFocus()); });
-}
-
 void WhyWiring::Texte() {
     list_.setAccessibleName(TextNr(Text::ShowWhy));
     list_.setAccessibleDescription(TextNr(Text::WhyKeys));
@@ -88,7 +71,6 @@ void WhyWiring::Texte() {
     impact_->Texte();
 }
 
-// About the object of the key, or without one about the current object.
 void WhyWiring::Run(Command command, const std::string& key) {
     if (!key.empty())
         window_.ActivateKey(key);
@@ -200,7 +182,7 @@ void WhyWiring::ChooseRow(const ReachRow& row, bool stays) {
         if (!stays)
             window_.rtbCode().setFocus();
     } else if (!stays) {
-        Q_EMIT GoToAsked(row.key);
+        window_.RunOn(Command::GoTo, row.key);
     }
 }
 
@@ -288,7 +270,7 @@ void WhyWiring::ShowDeclared() {
     declared_ = &dialog;
     connect(&dialog, &frmDeclared::GoToAsked, this, [this](const std::string& path) {
         if (const CodeObject* const object = gProjekt->GetObjectFromCodePath(LowerCase(path)))
-            Q_EMIT GoToAsked(NodeKeyOf(*object));
+            window_.RunOn(Command::GoTo, NodeKeyOf(*object));
     });
     connect(&dialog, &frmDeclared::RemoveAsked, this, [this](const std::string& path) {
         Change([&](Declared& declared) { declared.Remove(path); }, workspace_.TheReach().IsBesideProject(*gProjekt));

@@ -13,13 +13,10 @@
 #include "display/why_text.h"
 #include "reach/declared.h"
 
-class BaumView;
-class CodeView;
 class Files;
 class GraphWiring;
 class LowerPane;
 class ReachList;
-class ReferencesList;
 class Workspace;
 class frmDeclared;
 class frmMain;
@@ -40,9 +37,9 @@ public:
 
     /// Connects the commands.
     void WireCommands();
-    /// The views whose context menus have these commands.
-    void Follow(std::initializer_list<BaumView*> trees, const ReferencesList& references, const CodeView& code);
     void Texte();
+    /// About the object of the key, or without one about the current object.
+    void Run(Command command, const std::string& key);
 
     /// Another object is the current one, or something else is known about it.
     void Renew();
@@ -60,14 +57,11 @@ public:
 
 Q_SIGNALS:
     void Message(const QString& text);
-    void GoToAsked(const std::string& key);
-    void CallersAsked(const std::string& key);
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
-    void Run(Command command, const std::string& key);
     void Load();
     void ChooseRow(const ReachRow& row, bool stays);
     void WireWindow(frmReach& window);

@@ -32,11 +32,11 @@ bool IsGerman() {
     return gText.Language == "german";
 }
 
+}  // namespace
+
 QLocale OwnLocale() {
     return {IsGerman() ? QLocale::German : QLocale::English};
 }
-
-}  // namespace
 
 QString NumberText(qlonglong number) {
     return QString::fromStdString(Utf8Number(number));

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QDate>
+#include <QLocale>
 #include <QString>
 #include <optional>
 #include <string>
@@ -20,6 +21,8 @@
 /// A text of the language files that comes through a port.
 [[nodiscard]] QString LanguageText(std::string_view bytes);
 
+/// Writes numbers and dates as the language of the program does.
+[[nodiscard]] QLocale OwnLocale();
 /// A number with the separators of the program's language.
 [[nodiscard]] QString NumberText(qlonglong number);
 

@@ -20,7 +20,23 @@ QStyleOptionViewItem PaleIfPale(const QStyleOption* option, const QWidget* widge
     return item;
 }
 
+// Fusion shows a pressed button by a ground and a frame that can hardly be told apart on a dark window.
+void FramePressed(const QStyleOption& option, QPainter& painter) {
+    painter.save();
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(PressedFrame(option.palette));
+    painter.setBrush(Qt::NoBrush);
+    painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), 2, 2);
+    painter.restore();
+}
+
 }  // namespace
+
+QColor PressedFrame(const QPalette& palette) {
+    const QColor ink =
+        palette.color(palette.currentColorGroup() == QPalette::Disabled ? QPalette::Mid : QPalette::Highlight);
+    return Readable(ink, palette.color(QPalette::Window), 3);
+}
 
 int HeadHeight(const QWidget& widget) {
     return std::max(widget.fontMetrics().height() + 11, 28);
@@ -65,6 +81,8 @@ void WindowStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
         return;
     }
     QProxyStyle::drawPrimitive(element, option, painter, widget);
+    if (element == PE_PanelButtonTool && option->state.testFlag(State_On))
+        FramePressed(*option, *painter);
     const bool isPane = element == PE_Frame && qobject_cast<const QAbstractScrollArea*>(widget);
     if (!isPane || !option->state.testFlag(State_HasFocus))
         return;

@@ -11,6 +11,9 @@
 /// @param widget  the view or its viewport; may be null
 [[nodiscard]] bool HasPaleSelection(const QWidget* widget);
 
+/// The frame of buttons that stay pressed.
+[[nodiscard]] QColor PressedFrame(const QPalette& palette);
+
 class WindowStyle final : public QProxyStyle {
     Q_OBJECT
 

@@ -31,7 +31,8 @@ TEST(GraphColours, OnADarkGroundLinesAndCaptionsCanBeSeen) {
         EXPECT_GE(Contrast(colours.Of(line), colours.ground), 3) << static_cast<int>(line);
     EXPECT_LT(Contrast(colours.Of(ConnectorFill::Idle), colours.ground), 3) << "a fill is fainter than its outline";
     EXPECT_GE(Contrast(colours.modul, colours.ground), 4.5);
-    EXPECT_GE(Contrast(colours.selectedName, colours.selectedGround), 4.5);
+    for (const QColor& caption : {colours.selectedName, colours.selectedModul})
+        EXPECT_GE(Contrast(caption, colours.selectedGround), 4.5);
 }
 
 }  // namespace

@@ -2,6 +2,8 @@
 
 #include <gmock/gmock.h>
 
+#include <QApplication>
+#include <QGraphicsTextItem>
 #include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
@@ -32,6 +34,16 @@ protected:
     }
     ChartView view_;
 };
+
+TEST_F(ChartViews, NumbersOfTheAxisHaveSeparators) {
+    view_.Show(TableOf(4000));
+    QApplication::processEvents();
+    const auto items = view_.scene()->items();
+    EXPECT_TRUE(std::any_of(items.begin(), items.end(), [](const QGraphicsItem* item) {
+        const auto* text = qgraphicsitem_cast<const QGraphicsTextItem*>(item);
+        return text && text->toPlainText() == QStringLiteral("4,000");
+    }));
+}
 
 TEST_F(ChartViews, ClickPicksTheModuleUnderItHoweverShortItsBars) {
     const QSignalSpy picked(&view_, &ChartView::Picked);

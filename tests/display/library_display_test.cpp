@@ -196,7 +196,7 @@ TEST_F(LibraryDisplay, AMissingLibrarySaysWhereItWasSought) {
                   "Project folder: missing: p");
     EXPECT_THAT(
         LibraryText(Library()).text,
-        testing::AllOf(testing::StartsWith("c:\\x\\lib.tlb\r\n\r\nLibrary: Lib\r\n"), HasSubstr("\r\nVersion: 2.0\r\n"),
+        testing::AllOf(testing::StartsWith("c:/x/lib.tlb\r\n\r\nLibrary: Lib\r\n"), HasSubstr("\r\nVersion: 2.0\r\n"),
                        HasSubstr("\r\nSought: Project folder: missing: p\r\n"), HasSubstr("\r\n" + remedy + "\r\n")));
 
     // The list of problems says it in the user's language.

@@ -60,7 +60,7 @@ TEST_F(OverviewLists, MissingFilesAreNamed) {
     ReadProject({{"App.vbp", "Class=Gone; far\\Gone.cls\r\nModule=M; M.bas\r\n"}, {"M.bas", "Dim a\r\n"}});
     const std::vector<ListedObject> missing = ListOf(*gProjekt, OverviewList::FilesMissing);
     ASSERT_EQ(missing.size(), 1U);
-    EXPECT_EQ(missing[0], (ListedObject{"", "Gone.cls", "class", "p\\far\\Gone.cls", 0}));
+    EXPECT_EQ(missing[0], (ListedObject{"", "Gone.cls", "class", "p/far/Gone.cls", 0}));
 }
 
 }  // namespace

@@ -112,7 +112,7 @@ TEST_F(CodeViews, WhatLeadsOnIsShownAndFollowed) {
     EXPECT_EQ(pointer(6), Qt::PointingHandCursor);
     EXPECT_EQ(pointer(9 + 5), Qt::IBeamCursor);
     const QSignalSpy clicked(&view, &CodeView::PositionClicked);
-    const QSignalSpy callers(&view, &CodeView::CallersAsked);
+    const QSignalSpy callers(&view, &CodeView::CommandAsked);
     QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::ControlModifier, PointAt(6));
     EXPECT_EQ(clicked.count(), 1);
     QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::ControlModifier, PointAt(9 + 5));

@@ -49,7 +49,7 @@ protected:
 TEST_F(DeletingInWindow, TheQuestionSaysWhoCallsAndTheCodeShowsThePlace) {
     confirms_ = false;
     Delete("m.help");
-    EXPECT_EQ(asked_, QStringList{QStringLiteral("M.Help: certainly: M.Main")});
+    EXPECT_EQ(asked_, QStringList{QStringLiteral("M.Help: Really: M.Main")});
     EXPECT_TRUE(gProjekt->GetObjectFromCodePath("m.help"));
     confirms_ = true;
     Delete("m.unused");

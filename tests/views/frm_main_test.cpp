@@ -214,7 +214,7 @@ TEST_F(MainWindow, DependencyTreesFollowTheObjectAndItsCertainty) {
     window_->ActivateKey("modstore");
     EXPECT_EQ(StatusText(), QString());
     const std::string caller = AnyObject(window_->TheWorkspace().CalledBy());
-    Q_EMIT ViewOf(window_->TheWorkspace().CalledBy()).GoToAsked(caller);
+    Q_EMIT ViewOf(window_->TheWorkspace().CalledBy()).CommandAsked(Command::GoTo, caller);
     EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), caller);
     Command("NavPrev").trigger();
     EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), "modstore");

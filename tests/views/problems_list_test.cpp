@@ -34,13 +34,20 @@ TEST_F(ListOfProblems, SaysSoWhenThereIsNoneAndFollowsTheLanguage) {
     EXPECT_EQ(empty->text(), TextNr(Text::NoProblems));
     EXPECT_FALSE(list_.findChild<QPushButton*>(QStringLiteral("cmdCopy"))->isEnabled());
     Note("clsModul: A", "first", "a");
+    std::vector<HeldErrors::Held> held;
+    {
+        const HeldErrors hold(held);
+        ShowFileError("clsModul: B", FileError::NotFound);
+    }
+    HeldErrors::Tell(held);
     list_.Refresh();
     EXPECT_FALSE(empty->isVisible());
-    EXPECT_EQ(Table().model()->rowCount(), 1);
+    EXPECT_EQ(Table().model()->rowCount(), 2);
     const QString meaning = Cell(0, ProblemsModel::Meaning);
     Speak("german");
     list_.Texte();
     EXPECT_NE(Cell(0, ProblemsModel::Meaning), meaning);
+    EXPECT_EQ(Cell(1, ProblemsModel::What), TextNr(Text::CauseNotFound));
     EXPECT_EQ(Table().model()->headerData(0, Qt::Horizontal).toString(), QStringLiteral("Was geschehen ist"));
 }
 

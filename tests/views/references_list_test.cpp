@@ -54,7 +54,7 @@ TEST_F(References, RowsAreChosenCopiedAndLeadOn) {
     list.Renew(3, QString());
     list.show();
     const QSignalSpy chosen(&list, &ReferencesList::RowChosen);
-    const QSignalSpy goTo(&list, &ReferencesList::GoToAsked);
+    const QSignalSpy goTo(&list, &ReferencesList::CommandAsked);
     const QPoint second = list.visualRect(list.model()->index(1, 0)).center();
     QTest::mouseClick(list.viewport(), Qt::LeftButton, {}, second);
     ASSERT_EQ(chosen.count(), 1);

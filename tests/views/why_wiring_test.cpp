@@ -4,6 +4,8 @@
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListView>
+#include <QMenu>
 #include <QPushButton>
 #include <QUndoStack>
 #include <filesystem>
@@ -14,10 +16,13 @@
 #include "project/start.h"
 #include "reach/reasons.h"
 #include "shell/settings.h"
+#include "views/baum_view.h"
 #include "views/code_view.h"
 #include "views/frm_declare.h"
 #include "views/frm_reach.h"
 #include "views/reach_list.h"
+#include "views/search_bar.h"
+#include "window_texts.h"
 
 namespace {
 
@@ -54,6 +59,54 @@ protected:
 };
 
 }  // namespace
+
+TEST_F(WhyWindow, EveryMenuOfAnObjectLeadsToItsReasons) {
+    // The window for paths has a search of its own.
+    const auto inWindow = [this](const auto& widgets) {
+        return *std::ranges::find_if(widgets, [this](const QWidget* one) { return one->window() == window_.get(); });
+    };
+    SearchBar* const search = inWindow(window_->findChildren<SearchBar*>());
+    auto* const field = search->findChild<QLineEdit*>();
+    QListView* const hits = inWindow(window_->findChildren<QListView*>(QStringLiteral("hits")));
+    auto* const canvas = window_->findChild<GraphCanvas*>();
+    window_->RunOn(::Command::ShowInGraph, "modstore.loadbook");
+    field->setText(QStringLiteral("VerifyStore"));
+    ASSERT_TRUE(hits->isVisible());
+    Q_EMIT hits->customContextMenuRequested(hits->visualRect(hits->currentIndex()).center());
+    QContextMenuEvent key(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+    QApplication::sendEvent(canvas->viewport(), &key);
+    auto* const impact = window_->findChild<frmReach*>(QStringLiteral("frmImpact"));
+    for (const auto& [place, object] : {std::pair<QWidget*, const char*>{search, "modstore.verifystore"},
+                                        std::pair<QWidget*, const char*>{canvas, "modstore.loadbook"}}) {
+        SCOPED_TRACE(object);
+        const QList<QMenu*> menus = place->findChildren<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
+        ASSERT_EQ(menus.size(), 1);
+        const auto actions = menus.front()->actions();
+        const auto item = std::ranges::find_if(actions, [](const QAction* action) {
+            return action->text().remove(QLatin1Char('&')).startsWith(TextNr(Text::Impact));
+        });
+        ASSERT_NE(item, actions.end());
+        (*item)->trigger();
+        EXPECT_TRUE(impact->isVisible());
+        impact->close();
+        EXPECT_EQ(NodeKeyOf(*window_->TheWorkspace().Current().CurObject), object);
+        menus.front()->close();
+    }
+    EXPECT_FALSE(hits->isVisible());
+    // What cannot be done with a library is grey.
+    BaumView& tree = window_->BaumProjekt();
+    window_->ActivateKey("stdole2");
+    QApplication::sendEvent(tree.viewport(), &key);
+    auto* const menu = tree.findChild<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
+    ASSERT_TRUE(menu);
+    for (const QAction* const action : menu->actions()) {
+        const auto texts = {Text::ShowWhy, Text::CallPath, Text::Impact, Text::DeclareEntry, Text::LeaveAlone};
+        const QString text = action->text().remove(QLatin1Char('&'));
+        const bool isForCode = action->shortcut() == QKeySequence::Delete ||
+                               std::ranges::any_of(texts, [&](Text of) { return text.startsWith(TextNr(of)); });
+        EXPECT_EQ(action->isEnabled(), action->isSeparator() || !isForCode) << text.toStdString();
+    }
+}
 
 TEST_F(WhyWindow, ThePageFollowsTheObjectAndItsPlacesAreWalked) {
     Why("modstore.readsettings");

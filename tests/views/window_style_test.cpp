@@ -1,6 +1,8 @@
 #include "widgets/window_style.h"
 
 #include <QListView>
+#include <QPainter>
+#include <QStyleOptionToolButton>
 #include "widgets/code_style.h"
 #include "window_texts.h"
 
@@ -45,6 +47,22 @@ TEST_F(Colours, OfThePaletteAreReadableInLightAndDark) {
             EXPECT_NE(palette.color(QPalette::Active, QPalette::Highlight),
                       palette.color(QPalette::Inactive, QPalette::Highlight));
         }
+}
+
+TEST_F(Colours, APressedButtonDiffersInLightAndDark) {
+    for (const QPalette& palette : Palettes()) {
+        const QColor window = palette.color(QPalette::Window);
+        EXPECT_GE(Contrast(PressedFrame(palette), window), 2.99);
+        QImage image(20, 20, QImage::Format_RGB32);
+        image.fill(window);
+        QPainter painter(&image);
+        QStyleOptionToolButton button;
+        button.rect = image.rect();
+        button.palette = palette;
+        button.state = QStyle::State_Enabled | QStyle::State_On;
+        WindowStyle().drawPrimitive(QStyle::PE_PanelButtonTool, &button, &painter, nullptr);
+        EXPECT_EQ(image.pixel(0, 10), PressedFrame(palette).rgb());
+    }
 }
 
 TEST_F(Colours, ThatViewsMixAreReadableInLightAndDark) {
