@@ -94,21 +94,23 @@ public:
         projekt_ = Open(disk_);
         if (seed % 4 != 0)  // in the others calls are not known, and stay so
             Analyse(*projekt_);
-        projekt_->OnReplaced([this] { ++timesTold_; });
+        projekt_->OnReplaced([this] { ++notified_; });
     }
 
     // A few edits and a refresh. Returns how the project differs from one that is opened now.
     std::string Step() {
         edits_.clear();
         saved_.clear();
+        projectSaved_ = false;
         for (std::size_t count = 1 + Below(3); count > 0; --count)
             EditAny();
         const int generation = projekt_->Generation();
         const bool callsKnown = projekt_->callsKnown;
-        timesTold_ = 0;
-        ChangedModule_Regenerieren(*projekt_);
-        EXPECT_LE(timesTold_, 1);
-        EXPECT_EQ(projekt_->Generation(), generation + timesTold_);
+        notified_ = 0;
+        const FilesRead read = ChangedModule_Regenerieren(*projekt_);
+        EXPECT_LE(notified_, 1);
+        EXPECT_TRUE(notified_ == 1 || read.files - read.unreadable == (projectSaved_ ? 1 : 0)) << edits_;
+        EXPECT_EQ(projekt_->Generation(), generation + notified_);
         const std::unique_ptr<clsProjekt> fresh = Open(good_);
         if (callsKnown)
             Analyse(*fresh);
@@ -147,6 +149,7 @@ private:
             files->WriteWhole("p\\" + source.path, source.text);
     }
     void SaveProject() {
+        projectSaved_ = true;
         std::string text = "Type=Exe\r\nName=\"P\"\r\n";
         for (const Source& source : sources_)
             text += source.key + source.path + "\r\n";
@@ -318,7 +321,8 @@ private:
     MemoryFiles disk_, good_;
     std::unique_ptr<clsProjekt> projekt_;
     std::string edits_;
-    int timesTold_ = 0;
+    int notified_ = 0;
+    bool projectSaved_ = false;  // since the last refresh
 };
 
 bool operator==(const ObjectCounts& one, const ObjectCounts& other) {

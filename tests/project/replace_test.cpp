@@ -42,6 +42,9 @@ TEST_F(Replacing, ModuleThatLosesItsNameToAnotherKeepsNoMark) {
     Replace(*gProjekt, {{0, ModuleSource{ModuleKind::Module, "p\\A.bas"}}});
     EXPECT_EQ(gProjekt->GetObjectFromCodePath("b.unused"), nullptr);
     EXPECT_EQ(unused.IsDeath, 0);
+    Replace(*gProjekt, {{0, {}}});
+    EXPECT_EQ(gProjekt->GetObjectFromCodePath("b.unused"), &unused);
+    EXPECT_EQ(unused.IsDeath, 1);
 }
 
 TEST_F(Replacing, CancelledCallsLeaveNoMarks) {
