@@ -1,5 +1,7 @@
 #include "display/library_text.h"
 
+#include <algorithm>
+
 #include "display/library_problem.h"
 #include "display/shown_text.h"
 #include "libraries/library_page.h"
@@ -101,6 +103,17 @@ public:
         if (!value.empty())
             Line(OneLine(LabelText(label).append(value)));
     }
+    /// The page has no line breaks but those that are written.
+    void Paragraph(Text label, std::string_view text) {
+        constexpr std::size_t kMostColumns = 72;
+        Line(gText.TextNr(label) + ":");
+        while (!text.empty()) {
+            std::size_t end = text.size() <= kMostColumns ? text.size() : text.rfind(' ', kMostColumns);
+            end = std::min(end, text.size());  // a word that is longer ends the paragraph
+            Line(std::string("    ").append(text.substr(0, end)));
+            text.remove_prefix(std::min(end + 1, text.size()));
+        }
+    }
     void Title(const CodeObject& library) {
         Line("");
         page_.objects.push_back({&library, {Here() + Len(LabelText(Text::LibraryLabel)), Len(library.MyName())}});
@@ -172,7 +185,7 @@ CodeText LibraryText(const clsTypeLib& library) {
     if (library.file.IsSought() && !library.file.IsFound() && !library.isProject) {
         page.Line("");
         page.Field(Text::NeededBy, ActiveCodePage().FromUtf8(NeedText(library)));
-        page.Field(Text::Remedy, ActiveCodePage().FromUtf8(RemedyText(library)));
+        page.Paragraph(Text::Remedy, ActiveCodePage().FromUtf8(RemedyText(library)));
     }
     for (const clsModul* modul : library.myCoClasses)
         WriteClass(page, *modul);
