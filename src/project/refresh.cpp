@@ -155,10 +155,11 @@ void TellModules(const clsProjekt& projekt, const ModulePlan& plan, std::vector<
         changes.push_back({ModuleRemoved, std::string(FileNameOf(pathOf(nr)))});
 }
 
-// Reports that a file could not be read again.
-void TellStale(clsModul& modul, FileError error) {
-    modul.staleBecause = error;
-    NoteProblem("clsProjekt: ChangedModule_Regenerieren", std::string(Describe(error)) + " (" + modul.FullPath + ")");
+void NoteUnreadable(clsProjekt& projekt, const clsModul& modul, const char* tag, FileError error) {
+    projekt.problems.Add({.tag = tag,
+                          .text = std::string(Describe(error)) + " (" + modul.FullPath + ")",
+                          .subject = modul.FullPath,
+                          .file = error});
 }
 
 class Refresh {
@@ -235,10 +236,11 @@ private:
         if (before && before->fileError == FileError::None) {
             for (Problem& problem : problems_[nr])
                 projekt_.problems.Add(std::move(problem));
-            TellStale(*before, modul.fileError);
+            before->staleBecause = modul.fileError;
+            NoteUnreadable(projekt_, *before, "clsProjekt: ChangedModule_Regenerieren", modul.fileError);
             return Taken::No;
         }
-        NoteProblem("clsModul: Read_MyCodeName", std::string(Describe(modul.fileError)) + " (" + modul.FullPath + ")");
+        NoteUnreadable(projekt_, modul, "clsModul: Read_MyCodeName", modul.fileError);
         return Taken::Yes;
     }
 

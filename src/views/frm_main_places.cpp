@@ -70,13 +70,13 @@ void frmMain::RunOn(Command command, const std::string& key) {
 
 void frmMain::GoTo(const std::string& key) {
     if (key.empty() || !ActivateKey(key))
-        status_->Message(TextNr(Text::NothingToGoTo));
+        status_->Remark(TextNr(Text::NothingToGoTo));
 }
 
 // Of the current object, if there is no key.
 void frmMain::FindCallersOf(const std::string& key) {
     if (!key.empty() && !ActivateKey(key))
-        return status_->Message(TextNr(Text::NothingToGoTo));
+        return status_->Remark(TextNr(Text::NothingToGoTo));
     panes_->ShowLower();
     lower_->setCurrentWidget(&lower_->References());
     lower_->References().setFocus();

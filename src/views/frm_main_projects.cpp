@@ -26,8 +26,10 @@
 #include "views/properties_grid.h"
 #include "views/questions.h"
 #include "views/refresh_notice.h"
+#include "views/search_bar.h"
 #include "views/start_page.h"
 #include "views/status_line.h"
+#include "views/tree_panes.h"
 #include "views/why_wiring.h"
 #include "widgets/qt_text.h"
 
@@ -115,6 +117,7 @@ void frmMain::LeaveProject() {
         StoreView(file_, gProjekt->FullPath, view);
     }
     graph_->ProjectGoes();
+    project_->Search().Clear();
     workspace_.Close();
     refresh_->ProjectChanged();
     dialogs_.deleted->Refresh();

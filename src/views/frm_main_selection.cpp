@@ -16,6 +16,7 @@
 #include "views/properties_grid.h"
 #include "views/references_list.h"
 #include "views/search_bar.h"
+#include "views/status_line.h"
 #include "views/tree_panes.h"
 #include "views/why_wiring.h"
 #include "widgets/icons.h"
@@ -60,6 +61,7 @@ void frmMain::ShowAgain() {
 }
 
 void frmMain::Show(const Workspace::Shown& shown) {
+    status_->ShowPlace(0, 0);
     ShowCode(shown.code);
     if (shown.properties)
         lower_->Properties().Show(*shown.properties);

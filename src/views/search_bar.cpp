@@ -151,6 +151,11 @@ void SearchBar::ProjectChanges() {
     search_.Clear();
 }
 
+void SearchBar::Clear() {
+    ProjectChanges();
+    field_->clear();
+}
+
 void SearchBar::Search() {
     const QString typed = field_->text().trimmed();
     if (typed.isEmpty() || !gProjekt) {

@@ -45,6 +45,8 @@ public:
     /// To be called before objects become invalid: a project is closed or opened, or modules are read again. Drops all
     /// hits.
     void ProjectChanges();
+    /// The project has gone, and what was searched for in it.
+    void Clear();
     void Texte();
     /// Key of the node of the selected hit; empty while the list is closed.
     [[nodiscard]] std::string HitKey() const;

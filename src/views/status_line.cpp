@@ -45,17 +45,22 @@ StatusLine::StatusLine(QStatusBar& bar)
 }
 
 void StatusLine::Message(const QString& text) {
-    showsPlace_ = false;
+    isOfPlace_ = false;
     message_->SetText(text);
     Fit(width_);
+}
+
+void StatusLine::Remark(const QString& text) {
+    Message(text);
+    isOfPlace_ = true;
 }
 
 void StatusLine::ShowPlace(int index, int count) {
     if (count > 1)
         Message(QStringLiteral("%1 %2 %3").arg(NumberText(index), TextNr(Text::Of), NumberText(count)));
-    else if (showsPlace_)
+    else if (isOfPlace_)
         Message({});
-    showsPlace_ = count > 1;
+    isOfPlace_ = count > 1;
 }
 
 void StatusLine::Fit(int width) {

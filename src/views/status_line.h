@@ -16,6 +16,8 @@ public:
     explicit StatusLine(QStatusBar& bar);
 
     void Message(const QString& text);
+    /// A message about where the user is; it goes when another object is shown.
+    void Remark(const QString& text);
     /// Which of several places is shown: "1 of 4". The message goes when there are not several any more.
     void ShowPlace(int index, int count);
     /// The message comes before the counts, but leaves some room to them in a window of this width.
@@ -33,5 +35,5 @@ private:
     StatusFields* counts_;
     QToolButton* problemCount_;
     int width_ = 0;
-    bool showsPlace_ = false;
+    bool isOfPlace_ = false;
 };

@@ -9,6 +9,7 @@
 #include "views/frm_optionen.h"
 #include "views/frm_progress.h"
 #include "views/problems_list.h"
+#include "views/read_only_table.h"
 #include "window_invariants.h"
 #include "window_texts.h"
 
@@ -33,6 +34,18 @@ protected:
         EXPECT_EQ(letters.size(), all);
     }
 };
+
+TEST_F(Dialogs, HomeAndEndGoToTheFirstAndLastRowOfATable) {
+    QTableWidget table(3, 2);
+    MakeReadOnly(table);
+    table.show();
+    QApplication::setActiveWindow(&table);
+    table.setFocus();
+    QTest::keyClick(&table, Qt::Key_End);
+    EXPECT_EQ(table.currentRow(), 2);
+    QTest::keyClick(&table, Qt::Key_Home);
+    EXPECT_EQ(table.currentRow(), 0);
+}
 
 TEST_F(Dialogs, NameEveryControlCutNoTextAndGiveEachLetterOnce) {
     MemoryFiles memory;

@@ -22,6 +22,7 @@
 #include "views/problems_list.h"
 #include "views/properties_grid.h"
 #include "views/references_list.h"
+#include "views/search_bar.h"
 #include "views/start_page.h"
 #include "widgets/qt_text.h"
 
@@ -223,6 +224,21 @@ TEST_F(MainWindow, DependencyTreesFollowTheObjectAndItsCertainty) {
     Command("CallsMaybe").trigger();
     EXPECT_TRUE(window_->TheWorkspace().Calls().Exist("clstool.printon"));
     EXPECT_FALSE(Command("CallsReally").isChecked());
+}
+
+TEST_F(MainWindow, WhatIsSaidAboutAPlaceGoesWithIt) {
+    Open();
+    window_->ActivateKey("modstore");
+    window_->RunOn(::Command::GoTo, "");
+    EXPECT_EQ(StatusText(), TextNr(Text::NothingToGoTo));
+    window_->ActivateKey("modmain");
+    EXPECT_EQ(StatusText(), QString());
+    const auto searches = window_->findChildren<SearchBar*>();
+    const auto search = std::ranges::find_if(searches, [&](SearchBar* one) { return one->window() == window_.get(); });
+    auto* const field = (*search)->findChild<QLineEdit*>();
+    field->setText(QStringLiteral("LoadBook"));
+    window_->CloseTheProject();
+    EXPECT_EQ(field->text(), QString()) << "another project has other objects";
 }
 
 TEST_F(MainWindow, CheckedModulesShowTheirCommonNeighbourhood) {
