@@ -90,7 +90,8 @@ frmMain::frmMain(Files& files, SettingsFile& file, Settings settings, std::strin
                           return dialogs_.progress->Run(name, operation);
                       },
                   .ends = [this] { GenerationEnds(); },
-                  .settingsFile = file.Path()}),
+                  .settingsFile = file.Path(),
+                  .askReadAgain = [this](const auto& paths) { return MayReadAgain(paths); }}),
       menus_(new MainMenus(*this, *commands_, files, file)),
       toolbar_(new MainToolbar(*commands_, this)),
       status_(new StatusLine(*statusBar())) {

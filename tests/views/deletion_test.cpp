@@ -46,6 +46,11 @@ protected:
         window_->ActivateKey(key);
         QTest::keyClick(&window_->BaumProjekt(), Qt::Key_Delete);
     }
+    /// The title as it is shown: with a mark where something is not saved.
+    [[nodiscard]] QString Title() const {
+        return window_->windowTitle().replace(QStringLiteral("[*]"),
+                                              window_->isWindowModified() ? QStringLiteral("*") : QString());
+    }
     void Trigger(const char* name) { window_->findChild<QAction*>(QLatin1String(name))->trigger(); }
     [[nodiscard]] DeletedList& List() const { return *window_->findChild<DeletedList*>(); }
     [[nodiscard]] QString Code() const { return window_->rtbCode().toPlainText(); }
@@ -81,6 +86,7 @@ TEST_F(DeletingInWindow, TheListTakesBackAndTheFileIsWrittenOnDemand) {
     Trigger("DeletedHere");
     auto& table = ChildOf<QTableWidget>(List(), "table");
     ASSERT_EQ(table.rowCount(), 2);
+    EXPECT_EQ(Title(), QStringLiteral("P:   Ostrivane (P.vbp)*"));
     QTest::keyClick(&table, Qt::Key_Delete);
     ASSERT_EQ(table.rowCount(), 1);
     EXPECT_TRUE(gProjekt->GetObjectFromCodePath("m.count"));
@@ -90,7 +96,9 @@ TEST_F(DeletingInWindow, TheListTakesBackAndTheFileIsWrittenOnDemand) {
     EXPECT_EQ(directory_.Bytes("M.bas"), kModule.substr(0, kModule.find("Sub Unused")));
     EXPECT_EQ(directory_.Bytes("M.bas.bak"), kModule);
     EXPECT_FALSE(window_->findChild<QAction*>(QStringLiteral("SaveModules"))->isEnabled());
+    EXPECT_EQ(Title(), QStringLiteral("P:   Ostrivane (P.vbp)"));
     ChildOf<QPushButton>(List(), "cmdUndoAll").click();
+    EXPECT_TRUE(Title().endsWith(QLatin1Char('*')));
     EXPECT_TRUE(gProjekt->GetObjectFromCodePath("m.unused"));
     EXPECT_TRUE(window_->findChild<QAction*>(QStringLiteral("SaveModules"))->isEnabled());
 }
@@ -113,4 +121,20 @@ TEST_F(DeletingInWindow, NothingIsLostByClosing) {
     EXPECT_FALSE(gProjekt);
     EXPECT_EQ(ChildOf<QTableWidget>(List(), "table").rowCount(), 0);
     EXPECT_EQ(directory_.Bytes("M.bas"), kModule);
+}
+
+TEST_F(DeletingInWindow, RefreshNamesEditedFilesInThePageOfTheProject) {
+    const std::string name = "\xd4.bas";  // a letter of Windows-1251
+    directory_.Write(name, kModule);
+    directory_.Write("P.vbp", "Type=Exe\r\nModule=M; " + name + "\r\nName=\"P\"\r\n");
+    Settings cyrillic;
+    cyrillic.CodePage = "1251";
+    window_ = std::make_unique<frmMain>(files_, settings_, cyrillic, ProgramDirectory());
+    window_->show();
+    window_->OpenProject(directory_.Path("P.vbp"));
+    Delete("m.unused");
+    directory_.Write(name, kModule + "Sub More()\nEnd Sub\n");
+    answer_ = QMessageBox::No;
+    Trigger("Refresh");
+    QTRY_COMPARE(asked_.last().section(QLatin1Char('\n'), -1), QStringLiteral("\u0424.bas"));
 }
