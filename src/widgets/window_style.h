@@ -11,6 +11,9 @@
 /// @param widget  the view or its viewport; may be null
 [[nodiscard]] bool HasPaleSelection(const QWidget* widget);
 
+/// The colour that outlines check boxes and radio buttons.
+[[nodiscard]] QColor IndicatorOutline(const QPalette& palette);
+
 class WindowStyle final : public QProxyStyle {
     Q_OBJECT
 
