@@ -147,6 +147,9 @@ int WindowStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, con
             return 2;
         case PM_ToolBarItemMargin:
             return 3;
+        // The tabs below the project tree keep whole names in the smallest window.
+        case PM_TabBarTabHSpace:
+            return 16;
         default:
             return QProxyStyle::pixelMetric(metric, option, widget);
     }
