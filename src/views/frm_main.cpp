@@ -340,20 +340,6 @@ void frmMain::Restore() {
     panes_->Restore(size);
 }
 
-void frmMain::Arrange(SplitMode mode) {
-    settings_.Split = mode;
-    panes_->Arrange(mode);
-    Activate_Checked();
-    // The tree has another height now, so its selected node may be out of sight.
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            if (BaumNode* node = workspace_.Tree().Selected())
-                workspace_.Tree().EnsureVisible(*node);
-        },
-        Qt::QueuedConnection);
-}
-
 // What is not saved names its file, and that says enough.
 bool frmMain::MayClose() {
     if (graph_->IsUnsaved() || !workspace_.Deleted().Unsaved().empty())
