@@ -360,6 +360,17 @@ TEST_F(MainWindow, ArrangementsKeepTheirOwnBarsAndAreStored) {
     EXPECT_NEAR(std::stoi(stored.Width), 1200 * 15, 30);
 }
 
+TEST_F(MainWindow, NamesOfTabsDoNotMoveTheBarBesideTheTree) {
+    Open();
+    ReadCalls();
+    FoldSplitter& bar = Find<MainPanes>().picSplitX();
+    bar.SetPlace(200);
+    EXPECT_NEAR(bar.sizes().front(), 200, 2);
+    window_->ActivateKey("texttools.isblank");
+    QApplication::processEvents();
+    EXPECT_NEAR(bar.sizes().front(), 200, 2) << "the tab of the references has a number now";
+}
+
 TEST_F(MainWindow, FocusStaysInItsPaneWhenTheArrangementChanges) {
     Open();
     for (QWidget* widget : {static_cast<QWidget*>(&window_->BaumProjekt()), static_cast<QWidget*>(&window_->rtbCode())})
