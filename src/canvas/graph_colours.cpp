@@ -4,12 +4,6 @@
 
 namespace {
 
-constexpr double kLineContrast = 3;
-
-bool IsDark(const QColor& ground) {
-    return ground.lightness() < 128;
-}
-
 // How much of a colour that is made for white paper is left on a dark ground.
 double ShareOnDark(ConnectorFill fill) {
     switch (fill) {
@@ -48,7 +42,7 @@ GraphColours ColoursOf(const QPalette& palette, const Settings& settings) {
         const bool isIdle = line == ConnectorLine::Idle;
         colours.lines[static_cast<int>(line)] = !isDark  ? colour
                                                 : isIdle ? Mixed(colours.ground, colour, 0.7)
-                                                         : Readable(colour, colours.ground, kLineContrast);
+                                                         : Readable(colour, colours.ground, kVisibleContrast);
     }
     return colours;
 }

@@ -15,10 +15,9 @@
 
 namespace {
 
-constexpr double kVisibleContrast = 3;  // what shapes need to be seen
-constexpr double kLongestName = 130;    // pixels
-constexpr double kBarShare = 0.8;       // of the width of a group
-constexpr double kNarrow = 8;           // pixels; hatches and borders of narrower groups would fill the bars
+constexpr double kLongestName = 130;  // pixels
+constexpr double kBarShare = 0.8;     // of the width of a group
+constexpr double kNarrow = 8;         // pixels; hatches and borders of narrower groups would fill the bars
 constexpr std::array kHatches{Qt::SolidPattern, Qt::SolidPattern, Qt::BDiagPattern};
 
 QString NameShown(const QString& name, const QFontMetricsF& metrics) {
@@ -82,8 +81,7 @@ QColor SeriesColour(ChartType type, int series, const QColor& ground) {
     constexpr Colours kLife{qRgb(200, 60, 60), qRgb(230, 150, 60), qRgb(80, 160, 80)};
     const Colours& colours = type == ChartType::CodeLines ? kLines : type == ChartType::DeadCode ? kLife : kPairs;
     const QColor colour(colours[static_cast<std::size_t>(series)]);
-    const bool isDark = ground.lightness() < 128;
-    return isDark ? Readable(colour, ground, kVisibleContrast) : colour;
+    return IsDark(ground) ? Readable(colour, ground, kVisibleContrast) : colour;
 }
 
 void DrawChart(QChart& chart, const ChartTable& table, const ChartPart& part, const QPalette& palette,

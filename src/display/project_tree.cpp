@@ -261,6 +261,7 @@ void ModulStruktur_Anzeigen(const clsModul& modul, Baum& tree, bool withLocals) 
 
 void ProjektStruktur_Anzeigen(const clsProjekt& projekt, Baum& tree, bool withLocals) {
     gProgress().Caption(gText.TextNr(Text::BuildingTree));
+    gProgress().Label(gText.TextNr(Text::BuildingTree));
     gProgress().Range(0, std::max(1, projekt.CountAllModules()));
     const Baum::Filling filling(tree);
     AddRoots(projekt, tree);

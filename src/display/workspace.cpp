@@ -21,7 +21,6 @@
 #include "platform/files.h"
 #include "project/project_file.h"
 #include "project/start.h"
-#include "shell/clsText.h"
 #include "shell/errors.h"
 #include "shell/operations.h"
 #include "shell/timing.h"
@@ -168,10 +167,8 @@ void Workspace::OptionsApplied() {
 
 void Workspace::FillTree() {
     treeHasLocals_ = settings_.ProcVars != 0;
-    ports_.run("ProjektStruktur_Anzeigen", false, [this] {
-        gProgress().Label(gText.TextNr(Text::BuildingTree));
-        ProjektStruktur_Anzeigen(*projekt_, tree_, treeHasLocals_);
-    });
+    ports_.run("ProjektStruktur_Anzeigen", false,
+               [this] { ProjektStruktur_Anzeigen(*projekt_, tree_, treeHasLocals_); });
 }
 
 std::optional<Workspace::Shown> Workspace::Activate(const NodeId& id) {

@@ -44,6 +44,8 @@ public:
         Runner run;
         std::function<void()> ends;     // called when a generation ends: nothing of it may stay on the screen
         std::string settingsFile = {};  // path; beside it is what users declare about objects
+        // Asks whether these files may be read again although what was deleted in them is not saved; null says no.
+        std::function<bool(const std::vector<std::string>& paths)> askReadAgain = {};
     };
     /// `projekt` holds the open project, null without one. All references must outlive the workspace.
     Workspace(std::unique_ptr<clsProjekt>& projekt, Files& files, const Settings& settings, Ports ports);

@@ -8,9 +8,7 @@
 #include "model/clsProzedur.h"
 #include "model/clsVariable.h"
 #include "project/refresh.h"
-#include "shell/clsText.h"
 #include "shell/operations.h"
-#include "shell/words.h"
 #include "source/module_text.h"
 
 // The nodes of what stays keep their places in the tree.
@@ -80,13 +78,10 @@ bool Workspace::MayReadAgain(const ChangedFiles& changed) {
     if (!changed.Has(FileChange::Edited))
         return false;
     std::vector<std::string> edited;
-    std::string question = gText.TextNr(Text::AskReadAgain);
     for (const ChangedFile& file : changed.files)
-        if (file.what == FileChange::Edited) {
+        if (file.what == FileChange::Edited)
             edited.push_back(file.path);
-            question.append("\n").append(modMain::DirOrFileName(file.path, 0));
-        }
-    if (!AskYesNo(question))
+    if (!ports_.askReadAgain || !ports_.askReadAgain(edited))
         return false;
     for (const std::string& path : edited)
         deletions_.Forget(*projekt_, path);

@@ -76,7 +76,8 @@ frmMain::frmMain(Files& files, SettingsFile& file, Settings settings, std::strin
                           return dialogs_.progress->Run(name, operation);
                       },
                   .ends = [this] { GenerationEnds(); },
-                  .settingsFile = file.Path()}),
+                  .settingsFile = file.Path(),
+                  .askReadAgain = [this](const auto& paths) { return MayReadAgain(paths); }}),
       menus_(new MainMenus(*this, *commands_, files, file)),
       toolbar_(new MainToolbar(*commands_, this)),
       status_(new StatusLine(*statusBar())) {
@@ -321,20 +322,6 @@ void frmMain::Restore() {
     const WindowSize size = SizeSave_Read(file_);
     PlaceWindow(*this, size);
     panes_->Restore(size);
-}
-
-void frmMain::Arrange(SplitMode mode) {
-    settings_.Split = mode;
-    panes_->Arrange(mode);
-    Activate_Checked();
-    // The tree has another height now, so its selected node may be out of sight.
-    QMetaObject::invokeMethod(
-        this,
-        [this] {
-            if (BaumNode* node = workspace_.Tree().Selected())
-                workspace_.Tree().EnsureVisible(*node);
-        },
-        Qt::QueuedConnection);
 }
 
 // What is not saved names its file, and that says enough.

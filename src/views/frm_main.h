@@ -187,6 +187,7 @@ private:
     void UndoDeletions(const std::vector<int>& numbers);
     void ModulesChanged();
     bool SaveModules();
+    [[nodiscard]] bool MayReadAgain(const std::vector<std::string>& paths);
     [[nodiscard]] bool MayLeaveDeletions();
 
     // frm_main_chart.cpp

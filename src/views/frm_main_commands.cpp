@@ -1,6 +1,7 @@
 // What the commands of the window do.
 #include <QApplication>
 #include <QFileInfo>
+#include <QPointer>
 
 #include "display/diagnosis.h"
 #include "model/clsProjekt.h"
@@ -152,6 +153,25 @@ void frmMain::MainActions(int nr) {
             break;
     }
     Activate_Commands();
+}
+
+void frmMain::Arrange(SplitMode mode) {
+    settings_.Split = mode;
+    // What is hidden while it moves to another splitter loses the focus.
+    const QPointer<QWidget> focused = focusWidget();
+    const bool isInPanes = focused && panes_->isAncestorOf(focused);
+    panes_->Arrange(mode);
+    if (isInPanes)
+        (focused->isVisibleTo(panes_) ? focused.data() : &BaumProjekt())->setFocus();
+    Activate_Checked();
+    // The tree has another height now, so its selected node may be out of sight.
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+            if (BaumNode* node = workspace_.Tree().Selected())
+                workspace_.Tree().EnsureVisible(*node);
+        },
+        Qt::QueuedConnection);
 }
 
 void frmMain::ShowProblems() {

@@ -146,6 +146,7 @@ void frmMain::ModulesChanged() {
     ShowContent();
     ShowProjectCounts();
     dialogs_.deleted->Refresh();
+    ShowTitle();
     Activate_Commands();
 }
 
@@ -169,11 +170,16 @@ bool frmMain::SaveModules() {
             failed.append(FileName(file.path) + QStringLiteral(": ") +
                           TextNr(file.fileHasChanged ? Text::ChangedMeanwhile : CauseAndRemedy(file.error)));
     dialogs_.deleted->Refresh();
+    ShowTitle();
     Activate_Commands();
     status_->Message(TextNr(Text::ModulesSaved, NumberText(static_cast<qlonglong>(saved.size()) - failed.size())));
     if (!failed.empty())
         ShowFailure(this, WithLines(Text::ModulesNotSaved, failed));
     return failed.empty();
+}
+
+bool frmMain::MayReadAgain(const std::vector<std::string>& paths) {
+    return AskQuestion(this, WithLines(Text::AskReadAgain, FileNames(paths)));
 }
 
 bool frmMain::MayLeaveDeletions() {

@@ -208,16 +208,21 @@ Situation frmMain::Now() const {
     return now;
 }
 
-// The project first, then the diagram with a mark while it is not saved.
+// The project first, then the diagram; what is not saved has a mark behind its name.
 void frmMain::ShowTitle() {
-    const QString program = ToQString(kProgramTitle);
-    const QString graph = graph_->TitlePart();
-    setWindowTitle(
-        !gProjekt ? program
-                  : QStringLiteral("%1:   %2 (%3)%4")
-                        .arg(ToQString(gProjekt->MyName), program, QFileInfo(ToPath(gProjekt->FullPath)).fileName(),
-                             graph.isEmpty() ? graph : QStringLiteral("  \u2013  ") + graph + QStringLiteral("[*]")));
-    setWindowModified(graph_->IsUnsaved());
+    QString title = ToQString(kProgramTitle);
+    const bool isEdited = gProjekt && !workspace_.Deleted().Unsaved().empty();
+    if (gProjekt) {
+        const auto mark = [](bool isUnsaved) { return isUnsaved ? QStringLiteral("[*]") : QString(); };
+        const QString graph = graph_->TitlePart();
+        title = QStringLiteral("%1:   %2 (%3)%4")
+                    .arg(ToQString(gProjekt->MyName), title, QFileInfo(ToPath(gProjekt->FullPath)).fileName(),
+                         mark(isEdited));
+        if (!graph.isEmpty())
+            title += QStringLiteral("  \u2013  ") + graph + mark(graph_->IsUnsaved());
+    }
+    setWindowTitle(title);
+    setWindowModified(isEdited || graph_->IsUnsaved());
 }
 
 void frmMain::OpenFile(const std::string& path) {

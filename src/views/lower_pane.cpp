@@ -1,6 +1,7 @@
 #include "views/lower_pane.h"
 
 #include <QTabBar>
+#include <algorithm>
 
 #include "views/baum_view.h"
 #include "views/properties_grid.h"
@@ -10,14 +11,42 @@
 
 namespace {
 
-// In the narrowest pane the last name is shortened; the others stay whole, as does the number of references.
+constexpr int kReferences = 1;    // place of this tab
+constexpr int kSmallestTab = 28;  // pixels: a target for a drop, and a letter of its name
+
+// In a narrow pane the last names are shortened first; the others stay whole, as does the number of references. The
+// names never keep the pane from being narrower, or the bar beside it would jump with each number.
 class Tabs final : public QTabBar {
 public:
     using QTabBar::QTabBar;
 
+    // With room for a number of references, which not every object has.
+    [[nodiscard]] QSize sizeHint() const override {
+        const bool hasNumber = tabText(kReferences).contains(QLatin1Char('('));
+        const int number = hasNumber ? 0 : fontMetrics().horizontalAdvance(QStringLiteral(" (999)"));
+        return {WholeWidth() + number, QTabBar::sizeHint().height()};
+    }
+
 protected:
+    [[nodiscard]] QSize tabSizeHint(int tab) const override {
+        QSize size = QTabBar::tabSizeHint(tab);
+        int missing = WholeWidth() - width();
+        for (int last = count() - 1; last > tab && missing > 0; --last)
+            missing -= std::max(0, QTabBar::tabSizeHint(last).width() - kSmallestTab);
+        if (missing > 0)
+            size.setWidth(std::max(std::min(size.width(), kSmallestTab), size.width() - missing));
+        return size;
+    }
     [[nodiscard]] QSize minimumTabSizeHint(int tab) const override {
-        return tab + 1 < count() ? tabSizeHint(tab) : QTabBar::minimumTabSizeHint(tab);
+        return {kSmallestTab, QTabBar::minimumTabSizeHint(tab).height()};
+    }
+
+private:
+    [[nodiscard]] int WholeWidth() const {
+        int whole = 0;
+        for (int tab = 0; tab < count(); ++tab)
+            whole += QTabBar::tabSizeHint(tab).width();
+        return whole;
     }
 };
 

@@ -175,6 +175,7 @@ void MainPanes::PlaceAll() {
         return;
     outer_->activate();
     const bool calls = IsCalls();
+    const int lower = panes_.lower->sizeHint().width();  // all its tabs can be read
     const std::array<Bar, 2> bars{calls ? Bar{callsX_, &WindowSize::SplitX_Calls, &WindowSize::SplitX_Calls_Hide}
                                         : Bar{contentX_, &WindowSize::SplitX_Content, &WindowSize::SplitX_Content_Hide},
                                   calls
@@ -191,12 +192,14 @@ void MainPanes::PlaceAll() {
         else if (place > 0)
             bar.splitter->SetPlace(place);
         else
-            bar.splitter->SetPlace(calls ? room * 2 / 5 : sideways ? room * 3 / 10 : room * 2 / 3);
+            bar.splitter->SetPlace(calls      ? room * 2 / 5
+                                   : sideways ? std::max(room * 3 / 10, std::min(lower, room * 2 / 5))
+                                              : room * 2 / 3);
         bar.splitter->SetFolded(stored_.*bar.hide == "1");
     }
     if (calls) {
-        const int lower = std::max(width() / 4, panes_.lower->sizeHint().width());  // both its tabs can be read
-        callsLower_->setSizes({width() - lower, lower});
+        const int right = std::max(width() / 4, lower);
+        callsLower_->setSizes({width() - right, right});
     }
     placed_ = true;
     Q_EMIT FoldsChanged();

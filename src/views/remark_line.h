@@ -1,11 +1,11 @@
 // A line above a pane that says what is special about it, with a button that changes that, and perhaps one that hides
-// the line. On the ground of a tool tip,
-// so that it looks like a remark, not like a row of the tree.
+// the line. In a narrow pane its text takes two lines. On the ground of a tool tip, so that it looks like a remark, not
+// like a row of the tree.
 #pragma once
 
 #include <QFrame>
 
-class ElidedLabel;
+class QLabel;
 class QToolButton;
 
 class RemarkLine final : public QFrame {
@@ -25,7 +25,7 @@ Q_SIGNALS:
     void Dismissed();
 
 private:
-    ElidedLabel* text_;
+    QLabel* text_;
     QToolButton* button_;
     QToolButton* dismiss_ = nullptr;
 };

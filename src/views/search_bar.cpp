@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QDialog>
 #include <QFrame>
 #include <QKeyEvent>
 #include <QLabel>
@@ -273,11 +274,14 @@ bool SearchBar::HandleKey(int key) {
             else
                 Search();
             return true;
-        case Qt::Key_Escape:
+        case Qt::Key_Escape: {
+            const bool leavesDialog = field_->text().isEmpty() && qobject_cast<QDialog*>(window());
             Close();
             field_->clear();
-            GiveFocusBack();
-            return true;
+            if (!leavesDialog)
+                GiveFocusBack();
+            return !leavesDialog;
+        }
         default:
             return false;
     }

@@ -65,7 +65,7 @@ void StatusLine::ShowPlace(int index, int count) {
 
 void StatusLine::Fit(int width) {
     width_ = width;
-    message_->setMinimumWidth(std::min(bar_.fontMetrics().horizontalAdvance(message_->text()) + 16, width / 2));
+    message_->setMinimumWidth(std::min(bar_.fontMetrics().horizontalAdvance(message_->text()) + 16, width * 2 / 3));
 }
 
 void StatusLine::ShowCounts(const clsProjekt* projekt, bool callsRead) {

@@ -21,6 +21,10 @@ QColor ColourFromBgr(std::int32_t bgr) {
     return {bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF};
 }
 
+bool IsDark(const QColor& ground) {
+    return ground.lightness() < 128;
+}
+
 double Contrast(const QColor& a, const QColor& b) {
     const double first = Luminance(a) + 0.05;
     const double second = Luminance(b) + 0.05;

@@ -15,6 +15,9 @@
 [[nodiscard]] QColor ColourFromBgr(std::int32_t bgr);
 /// Contrast of two colours by their relative luminance, 1 to 21.
 [[nodiscard]] double Contrast(const QColor& a, const QColor& b);
+[[nodiscard]] bool IsDark(const QColor& ground);
+/// What shapes need to be seen; text needs more.
+constexpr double kVisibleContrast = 3;
 /// `base`, made darker or lighter until it is readable on `ground`; keeps the hue.
 [[nodiscard]] QColor Readable(const QColor& base, const QColor& ground, double contrast = 4.5);
 /// `share` of `top` over `ground`.

@@ -11,6 +11,8 @@
 namespace {
 
 constexpr double kPaleSelection = 0.3;  // share of the highlight over the ground
+constexpr QColor kRemark(255, 200, 0);  // in the ground of remarks
+constexpr double kRemarkShare = 0.2;
 
 // The option of a row or cell without its active state where the selection is pale.
 QStyleOptionViewItem PaleIfPale(const QStyleOption* option, const QWidget* widget) {
@@ -30,12 +32,31 @@ void FramePressed(const QStyleOption& option, QPainter& painter) {
     painter.restore();
 }
 
+// Fusion outlines a box in a darker shade of the window, which is no outline on a dark ground.
+void DrawOutline(const QStyleOption& option, QPainter& painter, bool isRound) {
+    painter.save();
+    painter.setPen(IndicatorOutline(option.palette));
+    painter.setBrush(Qt::NoBrush);
+    painter.setRenderHint(QPainter::Antialiasing, isRound);
+    if (isRound)
+        painter.drawEllipse(QRectF(option.rect).adjusted(1, 1, -1, -1));
+    else
+        painter.drawRect(option.rect.adjusted(0, 0, -1, -1));
+    painter.restore();
+}
+
 }  // namespace
 
 QColor PressedFrame(const QPalette& palette) {
     const QColor ink =
         palette.color(palette.currentColorGroup() == QPalette::Disabled ? QPalette::Mid : QPalette::Highlight);
-    return Readable(ink, palette.color(QPalette::Window), 3);
+    return Readable(ink, palette.color(QPalette::Window), kVisibleContrast);
+}
+
+QColor IndicatorOutline(const QPalette& palette) {
+    const QColor base = palette.color(QPalette::Base);
+    const QColor ink = Mixed(base, palette.color(QPalette::Text), 0.5);
+    return palette.currentColorGroup() == QPalette::Disabled ? ink : Readable(ink, base, kVisibleContrast);
 }
 
 int HeadHeight(const QWidget& widget) {
@@ -66,6 +87,12 @@ void WindowStyle::polish(QPalette& palette) {
             group, QPalette::Highlight,
             Readable(palette.color(group, QPalette::Highlight), palette.color(group, QPalette::HighlightedText)));
     }
+    // Desktops have a pale ground of tool tips in their dark palettes, too, which is glaring for a remark.
+    if (IsDark(palette.color(QPalette::Window)) != IsDark(palette.color(QPalette::ToolTipBase))) {
+        const QColor ground = Mixed(palette.color(QPalette::Window), kRemark, kRemarkShare);
+        palette.setColor(QPalette::ToolTipBase, ground);
+        palette.setColor(QPalette::ToolTipText, Readable(palette.color(QPalette::WindowText), ground));
+    }
     const QColor pale = Mixed(palette.color(QPalette::Inactive, QPalette::Base),
                               palette.color(QPalette::Active, QPalette::Highlight), kPaleSelection);
     palette.setColor(QPalette::Inactive, QPalette::Highlight, pale);
@@ -83,6 +110,8 @@ void WindowStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
     QProxyStyle::drawPrimitive(element, option, painter, widget);
     if (element == PE_PanelButtonTool && option->state.testFlag(State_On))
         FramePressed(*option, *painter);
+    if (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton)
+        DrawOutline(*option, *painter, element == PE_IndicatorRadioButton);
     const bool isPane = element == PE_Frame && qobject_cast<const QAbstractScrollArea*>(widget);
     if (!isPane || !option->state.testFlag(State_HasFocus))
         return;
@@ -136,6 +165,9 @@ int WindowStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, con
             return 2;
         case PM_ToolBarItemMargin:
             return 3;
+        // The tabs below the project tree keep whole names in the smallest window.
+        case PM_TabBarTabHSpace:
+            return 16;
         default:
             return QProxyStyle::pixelMetric(metric, option, widget);
     }

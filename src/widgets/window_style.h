@@ -13,6 +13,8 @@
 
 /// The frame of buttons that stay pressed.
 [[nodiscard]] QColor PressedFrame(const QPalette& palette);
+/// The colour that outlines check boxes and radio buttons.
+[[nodiscard]] QColor IndicatorOutline(const QPalette& palette);
 
 class WindowStyle final : public QProxyStyle {
     Q_OBJECT

@@ -57,7 +57,15 @@ protected:
     Workspace workspace_{gProjekt,
                          files_,
                          settings_,
-                         {[](const std::string&, bool, const auto& run) { return RunOperation(run); }, [] {}}};
+                         {.run = [](const std::string&, bool, const auto& run) { return RunOperation(run); },
+                          .ends = [] {},
+                          .askReadAgain =
+                              [this](const std::vector<std::string>& paths) {
+                                  asked_.insert(asked_.end(), paths.begin(), paths.end());
+                                  return mayReadAgain_;
+                              }}};
+    std::vector<std::string> asked_;
+    bool mayReadAgain_ = false;
 };
 
 }  // namespace
@@ -106,21 +114,15 @@ TEST_F(DeletingInWorkspace, RefreshingAsksBeforeItBringsTheTextBack) {
     workspace_.Delete(workspace_.RowsToDelete("m.unused"));
     EXPECT_EQ(workspace_.Refresh().outcome, Workspace::Refreshed::Outcome::NothingChanged);
     ChangeFile();
-    {
-        const ScriptedQuestions no{false};
-        workspace_.Refresh();
-        EXPECT_EQ(no.texts.size(), 1U);
-        EXPECT_EQ(gProjekt->GetObjectFromCodePath("m.unused"), nullptr);
-        EXPECT_EQ(gProjekt->GetObjectFromCodePath("m.added"), nullptr);
-    }
+    workspace_.Refresh();
+    EXPECT_THAT(asked_, ElementsAre("M.bas"));
+    EXPECT_EQ(gProjekt->GetObjectFromCodePath("m.unused"), nullptr);
+    EXPECT_EQ(gProjekt->GetObjectFromCodePath("m.added"), nullptr);
     files_.WriteWhole("App.vbp", "Type=Exe\r\nName=\"New\"\r\nModule=M; M.bas\r\n");
-    {
-        const ScriptedQuestions no{false};
-        workspace_.Refresh();
-        EXPECT_EQ(gProjekt->MyName, "New");
-        EXPECT_EQ(gProjekt->GetObjectFromCodePath("m.unused"), nullptr);
-    }
-    const ScriptedQuestions yes{true};
+    workspace_.Refresh();
+    EXPECT_EQ(gProjekt->MyName, "New");
+    EXPECT_EQ(gProjekt->GetObjectFromCodePath("m.unused"), nullptr);
+    mayReadAgain_ = true;
     workspace_.Refresh();
     EXPECT_NE(gProjekt->GetObjectFromCodePath("m.unused"), nullptr);
     EXPECT_NE(gProjekt->GetObjectFromCodePath("m.added"), nullptr);

@@ -78,7 +78,7 @@ TEST_F(ProjectTree, ProgressStepsForEachModuleAndACancelKeepsTheNodesSoFar) {
         const RecordingProgress progress;
         Shown();
         EXPECT_EQ(progress.recorded,
-                  "3 Components... References... Forms... Modules... + + Classes... + User Controls... ");
+                  " 3 Components... References... Forms... Modules... + + Classes... + User Controls... ");
     }
     tree.Clear();
     const RecordingProgress progress("Classes... ");

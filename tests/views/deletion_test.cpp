@@ -37,6 +37,11 @@ protected:
         window_->ActivateKey(key);
         QTest::keyClick(&window_->BaumProjekt(), Qt::Key_Delete);
     }
+    /// The title as it is shown: with a mark where something is not saved.
+    [[nodiscard]] QString Title() const {
+        return window_->windowTitle().replace(QStringLiteral("[*]"),
+                                              window_->isWindowModified() ? QStringLiteral("*") : QString());
+    }
     [[nodiscard]] QString Code() const { return window_->rtbCode().toPlainText(); }
 
     QTimer look_;
@@ -66,6 +71,7 @@ TEST_F(DeletingInWindow, TheListTakesBackAndTheFileIsWrittenOnDemand) {
     Command("DeletedHere").trigger();
     auto& table = ChildOf<QTableWidget>(Find<DeletedList>(), "table");
     ASSERT_EQ(table.rowCount(), 2);
+    EXPECT_EQ(Title(), QStringLiteral("P:   Ostrivane (P.vbp)*"));
     QTest::keyClick(&table, Qt::Key_Delete);
     ASSERT_EQ(table.rowCount(), 1);
     EXPECT_TRUE(gProjekt->GetObjectFromCodePath("m.count"));
@@ -75,7 +81,9 @@ TEST_F(DeletingInWindow, TheListTakesBackAndTheFileIsWrittenOnDemand) {
     EXPECT_EQ(directory_.Bytes("M.bas"), kModule.substr(0, kModule.find("Sub Unused")));
     EXPECT_EQ(directory_.Bytes("M.bas.bak"), kModule);
     EXPECT_FALSE(window_->findChild<QAction*>(QStringLiteral("SaveModules"))->isEnabled());
+    EXPECT_EQ(Title(), QStringLiteral("P:   Ostrivane (P.vbp)"));
     ChildOf<QPushButton>(Find<DeletedList>(), "cmdUndoAll").click();
+    EXPECT_TRUE(Title().endsWith(QLatin1Char('*')));
     EXPECT_TRUE(gProjekt->GetObjectFromCodePath("m.unused"));
     EXPECT_TRUE(window_->findChild<QAction*>(QStringLiteral("SaveModules"))->isEnabled());
 }
@@ -98,4 +106,19 @@ TEST_F(DeletingInWindow, NothingIsLostByClosing) {
     EXPECT_FALSE(gProjekt);
     EXPECT_EQ(ChildOf<QTableWidget>(Find<DeletedList>(), "table").rowCount(), 0);
     EXPECT_EQ(directory_.Bytes("M.bas"), kModule);
+}
+
+TEST_F(DeletingInWindow, RefreshNamesEditedFilesInThePageOfTheProject) {
+    const std::string name = "\xd4.bas";  // a letter of Windows-1251
+    directory_.Write(name, kModule);
+    directory_.Write("P.vbp", "Type=Exe\r\nModule=M; " + name + "\r\nName=\"P\"\r\n");
+    Settings cyrillic;
+    cyrillic.CodePage = "1251";
+    ShowWindow(cyrillic);
+    window_->OpenProject(directory_.Path("P.vbp"));
+    Delete("m.unused");
+    directory_.Write(name, kModule + "Sub More()\nEnd Sub\n");
+    answer_ = QMessageBox::No;
+    Command("Refresh").trigger();
+    QTRY_COMPARE(asked_.last().section(QLatin1Char('\n'), -1), QStringLiteral("\u0424.bas"));
 }

@@ -166,6 +166,7 @@ TEST_F(MainWindow, ReferencesAreListedAndWalkedThrough) {
     // A neighbour is the last thing asked for now; then references again, after options too.
     Q_EMIT ViewOf(window_->TheWorkspace().CalledBy()).NodeActivated("modstore.loadbook");
     EXPECT_EQ(window_->rtbCode().PlaceCount(), 1);
+    window_->BaumProjekt().setFocus();
     Command("FindCallers").trigger();
     window_->TheSettings().CodeFont.size = 14;
     Q_EMIT Find<frmOptionen>().Applied();
@@ -320,6 +321,33 @@ TEST_F(MainWindow, ArrangementsKeepTheirOwnBarsAndAreStored) {
     EXPECT_NEAR(std::stoi(stored.SplitX_Content), 333 * 15, 30);
     EXPECT_EQ(stored.SplitX_Content_Hide, "0");
     EXPECT_NEAR(std::stoi(stored.Width), 1200 * 15, 30);
+}
+
+TEST_F(MainWindow, NamesOfTabsDoNotMoveTheBarBesideTheTree) {
+    Open();
+    ReadCalls();
+    FoldSplitter& bar = Find<MainPanes>().picSplitX();
+    bar.SetPlace(200);
+    EXPECT_NEAR(bar.sizes().front(), 200, 2);
+    window_->ActivateKey("texttools.isblank");
+    QApplication::processEvents();
+    EXPECT_NEAR(bar.sizes().front(), 200, 2) << "the tab of the references has a number now";
+}
+
+TEST_F(MainWindow, FocusStaysInItsPaneWhenTheArrangementChanges) {
+    Open();
+    for (QWidget* widget : {static_cast<QWidget*>(&window_->BaumProjekt()), static_cast<QWidget*>(&window_->rtbCode())})
+        for (const char* arrangement : {"SplitForCalls", "SplitForContent"}) {
+            window_->ActivateKey("modmain.main");
+            widget->setFocus();
+            Command(arrangement).trigger();
+            EXPECT_EQ(window_->focusWidget(), widget) << arrangement;
+        }
+    Command("SplitForCalls").trigger();
+    auto& neighbours = *Find<MainPanes>().picSplitX().widget(0)->findChild<BaumView*>();
+    neighbours.setFocus();
+    Command("SplitForContent").trigger();
+    EXPECT_EQ(window_->focusWidget(), &window_->BaumProjekt()) << "its own pane is hidden";
 }
 
 TEST_F(MainWindow, SearchOpensThePanesThatHideItsField) {

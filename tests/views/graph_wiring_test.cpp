@@ -70,7 +70,7 @@ TEST_F(GraphWindow, ADiagramIsSavedNamedAndOpenedAgain) {
     ChooseNext(path);
     Command("SaveGraph").trigger();
     EXPECT_FALSE(window_->isWindowModified());
-    EXPECT_TRUE(window_->windowTitle().contains(QStringLiteral("calls.ovg[*]")));
+    EXPECT_TRUE(window_->windowTitle().endsWith(QStringLiteral("calls.ovg")));
     const std::vector<SymbolPlace> places = Canvas().Graph().Places();
     Show("modmain");
     window_->CloseTheProject();

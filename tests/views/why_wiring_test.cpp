@@ -144,6 +144,12 @@ TEST_F(WhyWindow, AWayIsChosenShownInTheDiagramAndForgottenWithTheProject) {
     Command("CallPath").trigger();
     auto& window = *window_->findChild<frmReach*>(QStringLiteral("frmCallPath"));
     auto* field = window.findChild<QLineEdit*>(QStringLiteral("searchField"));
+    QTest::keyClicks(field, QStringLiteral("ReadS"));
+    QTest::keyClick(field, Qt::Key_Escape);
+    EXPECT_TRUE(window.isVisible() && field->text().isEmpty()) << "only the list of hits closes";
+    QTest::keyClick(field, Qt::Key_Escape);
+    EXPECT_FALSE(window.isVisible());
+    Command("CallPath").trigger();
     QTest::keyClicks(field, QStringLiteral("ReadSettings"));
     QTest::keyClick(field, Qt::Key_Return);
     ASSERT_FALSE(window.List().Rows().empty());

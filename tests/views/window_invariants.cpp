@@ -88,8 +88,9 @@ private:
         Expect(Find<StartPage>().isVisible() == !gProjekt, QStringLiteral("start page"));
         Expect(Find<MainPanes>().isVisible() == (gProjekt != nullptr), QStringLiteral("panes"));
         const QString title =
-            gProjekt ? QStringLiteral("%1:   Ostrivane (%2)")
-                           .arg(ToQString(gProjekt->MyName), QFileInfo(ToPath(gProjekt->FullPath)).fileName())
+            gProjekt ? QStringLiteral("%1:   Ostrivane (%2)%3")
+                           .arg(ToQString(gProjekt->MyName), QFileInfo(ToPath(gProjekt->FullPath)).fileName(),
+                                workspace_.Deleted().Unsaved().empty() ? QString() : QStringLiteral("[*]"))
                      : QStringLiteral("Ostrivane");
         // The name of a diagram may follow.
         ExpectSame(window_.windowTitle().section(QStringLiteral("  \u2013  "), 0, 0), title, "title");

@@ -18,6 +18,8 @@ std::vector<QPalette> Palettes() {
             palette.setColor(QPalette::Text, dark ? QColor(Qt::white) : QColor(Qt::black));
             palette.setColor(QPalette::Highlight, QColor(48, 140, 198));
             palette.setColor(QPalette::HighlightedText, Qt::white);
+            palette.setColor(QPalette::ToolTipBase, QColor(255, 255, 220));
+            palette.setColor(QPalette::ToolTipText, Qt::black);
             palette.setColor(QPalette::PlaceholderText,
                              dark != foreign ? QColor(255, 255, 255, 128) : QColor(0, 0, 0, 128));
             palette.setColor(QPalette::Link, dark != foreign ? QColor(80, 160, 255) : QColor(0, 0, 255));
@@ -43,6 +45,9 @@ TEST_F(Colours, OfThePaletteAreReadableInLightAndDark) {
             for (const QPalette::ColorRole ground : {QPalette::Base, QPalette::Window})
                 for (const QPalette::ColorRole ink : {QPalette::PlaceholderText, QPalette::Link, QPalette::LinkVisited})
                     ExpectReadable(colour(ink), colour(ground), "role " + std::to_string(ink));
+            ExpectReadable(colour(QPalette::ToolTipText), colour(QPalette::ToolTipBase), "remark");
+            EXPECT_EQ(IsDark(colour(QPalette::ToolTipBase)), IsDark(colour(QPalette::Window)));
+            EXPECT_GE(Contrast(IndicatorOutline(palette), colour(QPalette::Base)), kVisibleContrast - 0.01);
             ExpectReadable(colour(QPalette::HighlightedText), colour(QPalette::Highlight), "selection");
             EXPECT_NE(palette.color(QPalette::Active, QPalette::Highlight),
                       palette.color(QPalette::Inactive, QPalette::Highlight));
