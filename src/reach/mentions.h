@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "model/clsModul.h"
+#include "reach/sought.h"
 
 class clsProjekt;
 
@@ -21,5 +22,4 @@ struct Mention {
 /// In the order of AllModules, those of a module by kind. A name that a local of the procedure has, or an argument
 /// behind which ":=" stands, means no object; behind a point it means one only if its module or enumeration stands
 /// before.
-/// @param objects  those that are looked for
-[[nodiscard]] std::vector<Mention> MentionsOf(const clsProjekt& projekt, const std::vector<const CodeObject*>& objects);
+[[nodiscard]] std::vector<Mention> MentionsOf(const clsProjekt& projekt, const Sought& sought);
