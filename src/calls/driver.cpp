@@ -16,8 +16,13 @@
 
 namespace {
 
+struct WalkedModule {
+    std::vector<clsCall> calls;
+    PassedWords passedWords;
+};
+
 // Reads the model and changes nothing that other threads see, so that modules can be walked side by side.
-std::vector<clsCall> CallsOf(const clsProjekt& projekt, clsModul& modul, ModuleNames& names) {
+WalkedModule Walk(const clsProjekt& projekt, clsModul& modul, ModuleNames& names) {
     FoundCalls found;
     ModuleReader reader(modul);
     found.Reserve(static_cast<std::size_t>(reader.tokens.Count()) / 10);
@@ -30,7 +35,7 @@ std::vector<clsCall> CallsOf(const clsProjekt& projekt, clsModul& modul, ModuleN
         Analyse_CallsProc(projekt, reader, names, *prozedur, found);
     }
     modul.text->ReleaseModulText();
-    return found.Take();
+    return {found.Take(), names.Passed()};
 }
 
 }  // namespace
@@ -49,16 +54,18 @@ void Who_Calls_Who(clsProjekt& projekt) {
         names.emplace_back(projekt);
     std::vector<std::vector<clsCall>> found;
     {
-        WorkAhead<std::vector<clsCall>> walks(modules.size(), [&](std::size_t nr, std::size_t worker) {
-            return CallsOf(projekt, *modules[nr], names[worker]);
+        WorkAhead<WalkedModule> walks(modules.size(), [&](std::size_t nr, std::size_t worker) {
+            return Walk(projekt, *modules[nr], names[worker]);
         });
-        for (const clsModul* modul : modules) {
+        for (clsModul* modul : modules) {
             if (gAbort)
                 break;
             const ErrorSubject subject(modul->FullPath);
             gProgress().Label(modul->myNameOrg());
             DoEvents();
-            found.push_back(walks.Next());
+            WalkedModule walked = walks.Next();
+            found.push_back(std::move(walked.calls));
+            modul->passedWords = std::move(walked.passedWords);
             gProgress().Progressiere_mal();
         }
     }

@@ -14,6 +14,8 @@ public:
     void CallCreate(CodeObject& target, CodeObject& caller, CallType type, Pos pos) {
         found_.emplace_back(target, caller, type, pos);
     }
+    /// Whether the last place with an edge is this one.
+    [[nodiscard]] bool EndsAt(Pos pos) const { return !found_.empty() && found_.back().CallPos == pos; }
     /// A use. A target that cannot be used is left out.
     void CallUseCreate(CodeObject& target, CodeObject& caller, Pos pos);
     /// Moves the edges out, without spare capacity.

@@ -8,6 +8,8 @@ ModuleNames::ModuleNames(const clsProjekt& projekt)
 void ModuleNames::TurnTo(const clsModul& modul) {
     modul_ = &modul;
     ++stamp_;
+    passed_.words.clear();
+    passed_.members.clear();
     const NameSpace& own = modul.PrivNameSpace;
     for (int nr = 1; nr <= own.Count(); ++nr) {
         Line* const line = LineFor(own.KeyNr(nr));

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <memory>
 #include <string_view>
+#include <vector>
 
 #include "calls/keywords.h"
 #include "model/clsModul.h"
@@ -25,7 +26,8 @@ public:
 private:
     friend class ModuleNames;
     bool everywhereKnown_ = false;
-    std::uint32_t ownStamp_ = 0;  // of the module that own_ was looked up in
+    std::uint32_t passedStamp_ = 0;  // of the module in which the word was last passed by, not after a point
+    std::uint32_t ownStamp_ = 0;     // of the module that own_ was looked up in
     const clsSpaceName* own_ = nullptr;
     const clsSpaceName* everywhere_ = nullptr;
 };
@@ -76,6 +78,19 @@ public:
     }
     /// The public ones.
     [[nodiscard]] const clsSpaceName* InPublic(Name name) { return In(public_, name); }
+    /// Whether the word is noted as one that leads nowhere.
+    [[nodiscard]] bool IsPassed(const WordMeaning& meaning) const { return meaning.passedStamp_ == stamp_; }
+    /// Notes it.
+    void PassBy(WordMeaning& meaning, std::string_view word) {
+        meaning.passedStamp_ = stamp_;
+        passed_.words.push_back(PassedWords::HashOf(word));
+    }
+    /// Notes one together with the word before the point.
+    void PassMemberBy(std::string_view owner, std::string_view word) {
+        passed_.members.push_back(PassedWords::HashOf(owner, word));
+    }
+    /// The words noted since the walk turned to the module; see clsModul::passedWords.
+    [[nodiscard]] const PassedWords& Passed() const { return passed_; }
     /// The pool of the project.
     [[nodiscard]] const Names& Pool() const { return pool_; }
 
@@ -137,5 +152,6 @@ private:
     const NameSpace& public_;
     const clsModul* modul_ = nullptr;
     std::uint32_t stamp_ = 0;
+    PassedWords passed_;
     std::unique_ptr<Tables> tables_;
 };

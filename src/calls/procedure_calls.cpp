@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <unordered_map>
+#include <utility>
 
 #include "calls/edges.h"
 #include "calls/keywords.h"
@@ -149,6 +150,8 @@ private:
             } else if (keyword == Keyword::Open || keyword == Keyword::Get) {
                 rightSide_ = true;
             }
+            if (Here().afterDot)
+                PassMemberBy(nr, Here().chain);
             Here().afterDot = false;
             return;
         }
@@ -226,8 +229,11 @@ private:
             clause_.Begin(depth_);
         else
             clause_.SetDepth(depth_);
+        int undecided = 0;  // a word that is the name of an argument or a local if "as" follows
         while (nr < last_ && tokens_.ContinuesStatement(nr + 1)) {
             const std::string_view word = reader_.Word(++nr);
+            if (const int before = std::exchange(undecided, 0); before != 0 && !Is(word, "as"))
+                PassBy(before, names_.Of(reader_.Word(before)));
             if (Is(word, "#"))
                 return;
             if (Is(word, "(")) {
@@ -239,10 +245,40 @@ private:
                     clause_.End();
             } else if (Is(word, "as")) {
                 clause_.Begin(depth_);
-            } else if (!Is(word, "new") && !Is(word, ".") && clause_.Active() && depth_ == clause_.Depth()) {
-                clause_.Part(names_.Of(word).name, tokens_.PosOf(nr));
+            } else if (!Is(word, "new") && !Is(word, ".")) {
+                if (clause_.Active() && depth_ == clause_.Depth()) {
+                    WordMeaning& meaning = names_.Of(word);
+                    clause_.Part(meaning.name, tokens_.PosOf(nr));
+                    PassBy(nr, meaning);
+                } else if (MayBeName(word)) {
+                    undecided = nr;
+                }
             }
         }
+        if (undecided != 0)
+            PassBy(undecided, names_.Of(reader_.Word(undecided)));
+    }
+    // Notes a word of a type clause without an edge.
+    void PassBy(int nr, WordMeaning& meaning) {
+        if (meaning.isNumber || found_.EndsAt(tokens_.PosOf(nr)))
+            return;
+        if (Is(reader_.Word(nr - 1), "."))
+            names_.PassMemberBy(reader_.Word(nr - 2), reader_.Word(nr));
+        else if (!names_.IsPassed(meaning))
+            names_.PassBy(meaning, reader_.Word(nr));
+    }
+    // Notes a word after a point, unless a variable or a control is before it.
+    void PassMemberBy(int nr, const CodeObject* before) {
+        if (before &&
+            (before->Class() == ObjectClass::Prozedur || before->Class() == ObjectClass::Control ||
+             (before->Class() == ObjectClass::Variable && !static_cast<const clsVariable*>(before)->isFormInstance)))
+            return;
+        if (tokens_.ContinuesStatement(nr - 1))
+            names_.PassMemberBy(reader_.Word(nr - 2), reader_.Word(nr));
+    }
+    [[nodiscard]] static bool MayBeName(std::string_view word) {
+        // From "[" on there are the letters in lower case, the sign itself, and all beyond ASCII.
+        return static_cast<unsigned char>(word.front()) >= '[';
     }
 
     void NameAt(int nr, WordMeaning& meaning) {
@@ -252,13 +288,23 @@ private:
             mode_ = AccessMode::Read;
         Level& here = Here();
         const bool afterDot = here.afterDot;
+        const CodeObject* const before = here.chain;
         if (afterDot)
             here.chain = Member(nr, meaning, here);
         else
             here.chain = FreeName(meaning);
-        if (here.chain && (afterDot || !isLocal_))
-            Edge(nr, *here.chain, !afterDot);
         here.afterDot = false;
+        if (!afterDot && isLocal_)
+            return;
+        if (here.chain)
+            Edge(nr, *here.chain, !afterDot);
+        const Pos pos = tokens_.PosOf(nr);
+        if (afterDot) {
+            if (!found_.EndsAt(pos))
+                PassMemberBy(nr, before);
+        } else if (!names_.IsPassed(meaning) && !found_.EndsAt(pos) && pos != proc_.NamePos) {
+            names_.PassBy(meaning, reader_.Word(nr));
+        }
     }
 
     CodeObject* FreeName(WordMeaning& meaning) {

@@ -1,5 +1,6 @@
 #include "model/clsCall.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "model/clsModul.h"
@@ -75,5 +76,32 @@ void CallGraph::Clear() {
         ForEachCaller(calls, [](CodeObject& caller, std::span<const clsCall>) { ListOf(caller) = {}; });
     ofModules_.clear();
     incoming_.clear();
+    targets_.clear();
+    leaving_.clear();
+    firstOf_.clear();
     begins_.clear();
+}
+
+const std::vector<CallGraph::Range>& CallGraph::Leaving() const {
+    if (!leaving_.empty() || begins_.empty())
+        return leaving_;
+    leaving_.resize(begins_.size() / 2);
+    targets_.reserve(Count());
+    for (const std::vector<clsCall>& calls : ofModules_) {
+        auto first = static_cast<std::uint32_t>(targets_.size());
+        firstOf_.push_back(first);
+        for (const clsCall& call : calls)
+            targets_.push_back(call.targetNr_ << 1 | (call.Type() == CallType::MayBe ? 1U : 0U));
+        ForEachCaller(calls, [&](const CodeObject& caller, std::span<const clsCall> edges) {
+            const auto end = static_cast<std::uint32_t>(first + edges.size());
+            leaving_[caller.Number()] = {first, end};
+            first = end;
+        });
+    }
+    return leaving_;
+}
+
+const clsCall& CallGraph::EdgeAt(std::uint32_t edge) const {
+    const auto modul = static_cast<std::size_t>(std::ranges::upper_bound(firstOf_, edge) - firstOf_.begin()) - 1;
+    return ofModules_[modul][edge - firstOf_[modul]];
 }

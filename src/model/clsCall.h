@@ -130,6 +130,19 @@ public:
                 use(call);
     }
 
+    // The edges by running numbers, for walks over all of them: four bytes for each, instead of its 24. Made when
+    // Leaving is first called, which one thread does at a time.
+
+    struct Range {
+        std::uint32_t first = 0;
+        std::uint32_t end = 0;
+    };
+    /// Numbers of the edges that leave procedures and declarations sections, by number of these.
+    [[nodiscard]] const std::vector<Range>& Leaving() const;
+    [[nodiscard]] std::uint32_t TargetOf(std::uint32_t edge) const { return targets_[edge] >> 1; }
+    [[nodiscard]] bool IsPossible(std::uint32_t edge) const { return (targets_[edge] & 1U) != 0; }
+    [[nodiscard]] const clsCall& EdgeAt(std::uint32_t edge) const;
+
     /// Edges that reach the object of this number.
     [[nodiscard]] IncomingEdges CalledBy(std::size_t number) const { return Incoming(number * 2); }
     [[nodiscard]] IncomingEdges UsedBy(std::size_t number) const { return Incoming(number * 2 + 1); }
@@ -142,5 +155,9 @@ private:
     }
     std::vector<std::vector<clsCall>> ofModules_;
     std::vector<const clsCall*> incoming_;  // sorted by target, calls before uses
-    std::vector<std::uint32_t> begins_;     // of each object's calls and uses in incoming_, and the end of the last
+    mutable std::vector<std::uint32_t>
+        targets_;  // by number of the edge: twice that of its target, and 1 for a possible call
+    mutable std::vector<Range> leaving_;
+    mutable std::vector<std::uint32_t> firstOf_;  // number of the first edge of each module
+    std::vector<std::uint32_t> begins_;  // of each object's calls and uses in incoming_, and the end of the last
 };

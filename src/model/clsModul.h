@@ -12,6 +12,7 @@
 #include "model/clsVariable.h"
 #include "model/counters.h"
 #include "model/name_space.h"
+#include "model/passed_words.h"
 #include "platform/files.h"
 #include "source/module_text.h"
 #include "source/tokens.h"
@@ -58,6 +59,9 @@ public:
     /// Edges that start in the declarations section, uses included.
     [[nodiscard]] OutgoingEdges CallsInDeclarations() const { return {outgoing, OutgoingEdges::Which::All}; }
     std::span<const clsCall> outgoing;  // the edges in the graph of calls
+
+    /// Known with the edges.
+    PassedWords passedWords;
 
     NameSpace PrivNameSpace{Memory()};  // every object declared here
 

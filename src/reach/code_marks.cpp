@@ -1,44 +1,65 @@
-// One pass over the tokens of each module, side by side. Nearly all tokens are passed over by their length and first
-// character, and those that remain are compared in the original text, so that no lower-case text is made.
+// Literals were noted when the text was cut into tokens, and words in procedures when their calls were looked for; only
+// declarations are read again. Words are compared in the original text, so that no lower-case text is made.
 #include "reach/code_marks.h"
 
 #include "model/clsModul.h"
 #include "model/clsProjekt.h"
+#include "model/clsProzedur.h"
 #include "platform/ascii.h"
-#include "shell/work_ahead.h"
+#include "reach/side_by_side.h"
 
 namespace {
 
 constexpr std::size_t kLongestName = 255;  // in Visual Basic
-constexpr Pos kShortest = 3;               // a literal of one letter
 
 class MarkReader {
 public:
     MarkReader(const Names& names, const clsModul& modul)
-        : names_(names), tokens_(*modul.tokens), text_(modul.text->ModulTextOrg()) {
+        : names_(names), modul_(modul), tokens_(*modul.tokens), text_(modul.text->ModulTextOrg()) {
         found_.modul = &modul;
     }
 
-    CodeMarks Read(int first) {
-        for (int nr = first; nr <= tokens_.Count(); ++nr) {
-            // Half of all tokens are signs, and no look at the text is needed to pass them by.
-            if (tokens_.LenOf(nr) < kShortest)
+    CodeMarks Read() {
+        const int first = std::max(modul_.TokNrBeginnVarBereich, 1);
+        for (const int nr : tokens_.NameLiterals())
+            if (nr >= first)
+                Literal(nr, Word(nr));
+        // The walk for calls passes the three words by, and has noted them if they stand in a procedure.
+        int next = first;
+        if (!HasWordInProcedures())
+            for (const clsProzedur* prozedur : modul_.MyProcs)
+                if (prozedur->DeclareStartTNr > 0) {
+                    Words(next, prozedur->DeclareStartTNr - 1);
+                    next = std::max(next, prozedur->DeclareEndTNr);
+                }
+        Words(next, tokens_.Count());
+        return std::move(found_);
+    }
+
+private:
+    [[nodiscard]] std::string_view Word(int nr) const { return tokens_.Text(text_, nr); }
+    [[nodiscard]] bool HasWordInProcedures() const {
+        static const std::uint32_t kHashes[] = {PassedWords::HashOf("addressof"), PassedWords::HashOf("implements"),
+                                                PassedWords::HashOf("withevents")};
+        return std::ranges::any_of(modul_.passedWords.words, [](std::uint32_t hash) {
+            return std::ranges::find(kHashes, hash) != std::end(kHashes);
+        });
+    }
+    void Words(int first, int last) {
+        for (int nr = first; nr <= last; ++nr) {
+            // Nearly all tokens are passed by without a look at the text.
+            const Pos length = tokens_.LenOf(nr);
+            if (length != 9 && length != 10)
                 continue;
             const std::string_view word = Word(nr);
-            if (word.front() == '"')
-                Literal(nr, word);
-            else if (IsWord(word, "addressof"))
+            if (IsWord(word, "addressof"))
                 AddressOf(nr);
             else if (IsWord(word, "implements") && tokens_.StartsStatement(nr))
                 Add(found_.implements, tokens_.LastOfStatement(nr));
             else if (IsWord(word, "withevents"))
                 Add(found_.withEvents, nr + 1);
         }
-        return std::move(found_);
     }
-
-private:
-    [[nodiscard]] std::string_view Word(int nr) const { return tokens_.Text(text_, nr); }
     template <std::size_t size>
     [[nodiscard]] static bool IsWord(std::string_view word, const char (&lower)[size]) {
         return word.size() == size - 1 && ascii::Lower(word.front()) == lower[0] && ascii::SameText(word, lower);
@@ -89,6 +110,7 @@ private:
     }
 
     const Names& names_;
+    const clsModul& modul_;
     const TokenTable& tokens_;
     std::string_view text_;
     CodeMarks found_;
@@ -97,19 +119,10 @@ private:
 }  // namespace
 
 std::vector<CodeMarks> MarksInCode(const clsProjekt& projekt) {
-    std::vector<const clsModul*> modules;
-    for (const clsModul* modul : projekt.AllModules())
-        if (modul->text && modul->tokens)
-            modules.push_back(modul);
-    WorkAhead<CodeMarks> scans(modules.size(), [&](std::size_t nr, std::size_t) {
-        return MarkReader(projekt.TheNames(), *modules[nr]).Read(std::max(modules[nr]->TokNrBeginnVarBereich, 1));
+    std::vector<CodeMarks> all = OfEachModule<CodeMarks>(
+        projekt, [&projekt](const clsModul& modul) { return MarkReader(projekt.TheNames(), modul).Read(); });
+    std::erase_if(all, [](const CodeMarks& found) {
+        return found.addressOf.empty() && found.strings.empty() && found.implements.empty() && found.withEvents.empty();
     });
-    std::vector<CodeMarks> all;
-    for (std::size_t nr = 0; nr < modules.size(); ++nr) {
-        CodeMarks found = scans.Next();
-        if (!found.addressOf.empty() || !found.strings.empty() || !found.implements.empty() ||
-            !found.withEvents.empty())
-            all.push_back(std::move(found));
-    }
     return all;
 }

@@ -3,10 +3,11 @@
 
 #include <algorithm>
 #include <string>
-#include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 #include "reach/mentions.h"
+#include "reach/side_by_side.h"
 
 namespace {
 
@@ -55,12 +56,20 @@ bool IsPassedOut(const Links& links, const clsType& type) {
 }  // namespace
 
 DeadObjects::DeadObjects(const Reach& reach) : reach_(reach), placeOf_(reach.Projekt().ObjectCount()) {
-    reach.ForEachObject([&](const CodeObject& object) {
-        if (reach.StateOf(object) != ReachState::None || placeOf_[object.Number()] != 0)
-            return;
-        objects_.push_back(&object);
-        placeOf_[object.Number()] = static_cast<std::uint32_t>(objects_.size());
-    });
+    using Objects = std::vector<const CodeObject*>;
+    for (const Objects& dead : OfEachModule<Objects>(reach.Projekt(), [&reach](const clsModul& modul) {
+             Objects found;
+             ForEachDeclared(modul, [&](const CodeObject& object) {
+                 if (reach.StateOf(object.Number()) == ReachState::None)
+                     found.push_back(&object);
+             });
+             return found;
+         }))
+        for (const CodeObject* object : dead)
+            if (std::uint32_t& place = placeOf_[object->Number()]; place == 0) {
+                objects_.push_back(object);
+                place = static_cast<std::uint32_t>(objects_.size());
+            }
     FindRings();
     Grades();
 }
@@ -68,8 +77,7 @@ DeadObjects::DeadObjects(const Reach& reach) : reach_(reach), placeOf_(reach.Pro
 void DeadObjects::FindRings() {
     struct Step {
         std::uint32_t place;
-        std::vector<std::uint32_t> targets;
-        std::size_t next = 0;
+        Links::Leaving leaving;
     };
     constexpr std::uint32_t kNone = UINT32_MAX;
     std::vector<std::uint32_t> order(objects_.size(), kNone);
@@ -81,11 +89,15 @@ void DeadObjects::FindRings() {
     const auto visit = [&](std::uint32_t place) {
         order[place] = lowest[place] = visited++;
         open.push_back(place);
-        Step& step = path.emplace_back(Step{place, {}, 0});
-        reach_.TheLinks().ForEachStep(objects_[place]->Number(), [&](std::uint32_t target, Links::Step, bool) {
-            if (placeOf_[target] != 0)
-                step.targets.push_back(placeOf_[target] - 1);
-        });
+        path.push_back({place, reach_.TheLinks().From(objects_[place]->Number())});
+    };
+    // The next dead object that a step leads to, from 1, or 0.
+    const auto next = [&](Step& step) {
+        CallGraph::Range& edges = step.leaving.edges;
+        while (edges.first < edges.end)
+            if (const std::uint32_t target = placeOf_[reach_.Projekt().calls.TargetOf(edges.first++)])
+                return target;
+        return placeOf_[std::exchange(step.leaving.owner, 0)];
     };
     for (std::uint32_t start = 0; start < objects_.size(); ++start) {
         if (order[start] != kNone)
@@ -94,8 +106,8 @@ void DeadObjects::FindRings() {
         while (!path.empty()) {
             Step& step = path.back();
             const std::uint32_t place = step.place;
-            if (step.next < step.targets.size()) {
-                const std::uint32_t target = step.targets[step.next++];
+            if (const std::uint32_t found = next(step)) {
+                const std::uint32_t target = found - 1;
                 if (order[target] == kNone)
                     visit(target);
                 else if (ringOf_[target] == kNone)
@@ -158,8 +170,9 @@ std::vector<const CodeObject*> DeadObjects::RingOf(const CodeObject& object) con
 
 void DeadObjects::Grades() {
     grades_.assign(objects_.size(), {Grade::Sure});
-    ByMentions();
-    ByStrings();
+    const Sought dead(reach_.Projekt().TheNames(), objects_);
+    ByMentions(dead);
+    ByStrings(dead);
     const bool isWhole = IsWhole(reach_.Projekt());
     const InterfaceModules interfaces(reach_);
     for (std::size_t place = 0; place < objects_.size(); ++place) {
@@ -193,8 +206,8 @@ bool DeadObjects::Lower(const CodeObject& object, const Grading& to) {
     return true;
 }
 
-void DeadObjects::ByMentions() {
-    for (const Mention& mention : MentionsOf(reach_.Projekt(), objects_)) {
+void DeadObjects::ByMentions(const Sought& dead) {
+    for (const Mention& mention : MentionsOf(reach_.Projekt(), dead)) {
         const GradeReason reason = mention.kind == MentionKind::Code          ? GradeReason::NamedInCode
                                    : mention.kind == MentionKind::NotCompiled ? GradeReason::NotCompiled
                                                                               : GradeReason::DefaultMember;
@@ -203,37 +216,35 @@ void DeadObjects::ByMentions() {
 }
 
 // Procedures, and the variables that CallByName finds. A name of one object can be in a literal of any module.
-void DeadObjects::ByStrings() {
-    std::unordered_map<std::string_view, std::pair<const clsModul*, Pos>> literals;
+void DeadObjects::ByStrings(const Sought& dead) {
+    const auto isCallable = [](const CodeObject& object) {
+        return object.Class() == ObjectClass::Prozedur ||
+               (object.Class() == ObjectClass::Variable && object.Zugriff == Access::Public &&
+                object.Modul->ModulTyp != ModuleKind::Module);
+    };
     for (const CodeMarks& marks : reach_.Marks())
         for (const NamePlace& place : marks.strings)
-            literals.emplace(place.name.View(), std::pair(marks.modul, place.pos));
-    if (literals.empty())
-        return;
-    for (const CodeObject* object : objects_) {
-        const bool isCallable = object->Class() == ObjectClass::Prozedur ||
-                                (object->Class() == ObjectClass::Variable && object->Zugriff == Access::Public &&
-                                 object->Modul->ModulTyp != ModuleKind::Module);
-        if (!isCallable)
-            continue;
-        if (const auto found = literals.find(object->MyName()); found != literals.end())
-            Lower(*object,
-                  {Grade::CannotTell, GradeReason::NamedInString, nullptr, found->second.first, found->second.second});
-    }
+            for (const Sought::Entry* entry = dead.First(place.name.View()); entry; entry = dead.Next(*entry))
+                if (entry->object->NameKey() == place.name && isCallable(*entry->object))
+                    Lower(*entry->object,
+                          {Grade::CannotTell, GradeReason::NamedInString, nullptr, marks.modul, place.pos});
 }
 
 // Members of types and enumerations that do not go themselves; false if none of them got a worse grade.
 bool DeadObjects::ByOwners() {
     bool isAnyLower = false;
-    for (const CodeObject* object : objects_) {
-        if (object->Class() != ObjectClass::Variable)
+    for (std::size_t place = 0; place < objects_.size(); ++place) {
+        if (objects_[place]->Class() != ObjectClass::Variable || grades_[place].grade == Grade::CannotTell)
             continue;
-        const auto& member = static_cast<const clsVariable&>(*object);
-        if (member.MyType && !GoesForSure(*member.MyType))
-            isAnyLower |= Lower(member, IsPassedOut(reach_.TheLinks(), *member.MyType)
-                                            ? Grading{Grade::CannotTell, GradeReason::PassedOut}
-                                            : Grading{Grade::Likely, GradeReason::ChangesLayout});
-        else if (member.MyEnum && !GoesForSure(*member.MyEnum) && OthersCountOn(member))
+        const auto& member = static_cast<const clsVariable&>(*objects_[place]);
+        if (member.MyType && !GoesForSure(*member.MyType)) {
+            const auto [known, isNew] = passedOut_.try_emplace(member.MyType);
+            if (isNew)
+                known->second = IsPassedOut(reach_.TheLinks(), *member.MyType);
+            isAnyLower |= Lower(member, known->second ? Grading{Grade::CannotTell, GradeReason::PassedOut}
+                                                      : Grading{Grade::Likely, GradeReason::ChangesLayout});
+        }
+        if (member.MyEnum && !GoesForSure(*member.MyEnum) && OthersCountOn(member))
             isAnyLower |= Lower(member, {Grade::Likely, GradeReason::ShiftsMembers});
     }
     return isAnyLower;
@@ -270,13 +281,13 @@ void DeadObjects::Spread() {
             const GradeReason reason = isLeftAlone                  ? GradeReason::UsedByLeftAlone
                                        : grade == Grade::CannotTell ? GradeReason::UsedByUncertain
                                                                     : GradeReason::UsedByLikely;
-            const auto lower = [&](const CodeObject& target) {
-                if (!Contains(target) || GradeOf(target).grade >= grade)
+            reach_.TheLinks().ForEachStep(from.Number(), [&](std::uint32_t target, Links::Step, bool) {
+                const std::uint32_t place = placeOf_[target];
+                if (place == 0 || grades_[place - 1].grade >= grade)
                     return;
-                Lower(target, {grade, reason, &from});
-                open.push_back(&target);
-            };
-            reach_.TheLinks().ForEachFrom(from, [&](const Link& link) { lower(*link.to); });
+                Lower(*objects_[place - 1], {grade, reason, &from});
+                open.push_back(objects_[place - 1]);
+            });
         }
     }
 }

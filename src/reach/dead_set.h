@@ -2,9 +2,12 @@
 #pragma once
 
 #include <cstdint>
+#include <unordered_map>
 #include <vector>
 
 #include "reach/reasons.h"
+
+class Sought;
 
 class DeadObjects {
 public:
@@ -25,8 +28,8 @@ private:
     void FindRings();
     void Grades();
     bool Lower(const CodeObject& object, const Grading& to);
-    void ByMentions();
-    void ByStrings();
+    void ByMentions(const Sought& dead);
+    void ByStrings(const Sought& dead);
     bool ByOwners();
     [[nodiscard]] bool OthersCountOn(const clsVariable& member) const;
     [[nodiscard]] bool GoesForSure(const CodeObject& object) const {
@@ -36,7 +39,8 @@ private:
 
     const Reach& reach_;
     std::vector<const CodeObject*> objects_;
-    std::vector<std::uint32_t> placeOf_;  // by number: place in objects_ from 1, or 0
-    std::vector<std::uint32_t> ringOf_;   // by place: objects of one number call each other in a ring
-    std::vector<Grading> grades_;         // by place
+    std::vector<std::uint32_t> placeOf_;                  // by number: place in objects_ from 1, or 0
+    std::vector<std::uint32_t> ringOf_;                   // by place: objects of one number call each other in a ring
+    std::vector<Grading> grades_;                         // by place
+    std::unordered_map<const clsType*, bool> passedOut_;  // whether Declare statements take it, where that was asked
 };

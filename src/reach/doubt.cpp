@@ -68,9 +68,11 @@ private:
         if (!isMember)
             if (const clsVariable* local = caller_->MyVars.Item(LowerCase(Word(nr))))
                 return local;
-        for (const clsCall& call : caller_->outgoing)
-            if (call.CallPos == tokens_.PosOf(nr) && call.Type() == CallType::Really)
-                return call.Parent;
+        const Pos pos = tokens_.PosOf(nr);
+        for (auto call = std::ranges::lower_bound(caller_->outgoing, pos, {}, &clsCall::CallPos);
+             call != caller_->outgoing.end() && call->CallPos == pos; ++call)
+            if (call->Type() == CallType::Really)
+                return call->Parent;
         return nullptr;
     }
 

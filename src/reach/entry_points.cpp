@@ -1,6 +1,7 @@
 #include "reach/entry_points.h"
 
 #include <algorithm>
+#include <array>
 #include <unordered_map>
 
 #include "calls/module_names.h"
@@ -79,7 +80,7 @@ bool HasMember(const clsModul& interface, std::string_view name) {
 class Finder {
 public:
     Finder(const clsProjekt& projekt, const std::vector<CodeMarks>& marks, const Declared& declared)
-        : projekt_(projekt), declared_(declared), names_(projekt), marks_(marks) {
+        : projekt_(projekt), declared_(declared), names_(projekt), marks_(marks), isTaken_(projekt.ObjectCount()) {
         for (const CodeMarks& ofModule : marks_)
             marksOf_[ofModule.modul] = &ofModule;
     }
@@ -93,19 +94,20 @@ public:
         for (const CodeMarks& ofModule : marks_)
             for (const NamePlace& place : ofModule.addressOf)
                 AddressOf(*ofModule.modul, place);
-        for (const CodeMarks& ofModule : marks_)
-            for (const NamePlace& place : ofModule.strings)
-                NamedInString(*ofModule.modul, place);
         for (const Declaration& declaration : declared_.All())
             if (declaration.kind == DeclaredKind::EntryPoint)
                 if (const CodeObject* object = projekt_.GetObjectFromCodePath(LowerCase(declaration.codePath)))
                     Add(*object, EntryKind::Declared);
-        return Sorted();
+        std::vector<EntryPoint> entries = ByKind();
+        for (const CodeMarks& ofModule : marks_)
+            for (const NamePlace& place : ofModule.strings)
+                NamedInString(*ofModule.modul, place, entries);
+        return entries;
     }
 
 private:
     void Add(const CodeObject& object, EntryKind kind, const clsModul* modul = nullptr, Pos pos = 0) {
-        found_.push_back({&object, kind, modul, pos});
+        found_[static_cast<std::size_t>(kind)].push_back({&object, kind, modul, pos});
     }
 
     void StartUp() {
@@ -194,31 +196,35 @@ private:
             find(projekt_.PublicNameSpace().Item(place.name));
     }
 
-    void NamedInString(const clsModul& modul, const NamePlace& place) {
+    // The last kind, so that many literals of one name add it once.
+    void NamedInString(const clsModul& modul, const NamePlace& place, std::vector<EntryPoint>& entries) {
         const auto add = [&](const clsSpaceName* entry, bool ownOnly) {
             if (!entry)
                 return;
             for (const CodeObject* object : entry->Objects())
                 if (object->Class() == ObjectClass::Prozedur && object->Modul && !object->myLibrary &&
                     !static_cast<const clsProzedur*>(object)->isDeclare &&
-                    !IsEventDeclaration(static_cast<const clsProzedur&>(*object)) &&
-                    (!ownOnly || object->Zugriff == Access::Private))
-                    Add(*object, EntryKind::NamedInString, &modul, place.pos);
+                    (!ownOnly || object->Zugriff == Access::Private) && !isTaken_[object->Number()] &&
+                    !IsEventDeclaration(static_cast<const clsProzedur&>(*object)))
+                    Take({object, EntryKind::NamedInString, &modul, place.pos}, entries);
         };
         add(projekt_.PublicNameSpace().Item(place.name), false);
         add(modul.PrivNameSpace.Item(place.name), true);
     }
 
-    // By kind; of an object that was found several times the first counts.
-    std::vector<EntryPoint> Sorted() {
-        std::ranges::stable_sort(found_, {}, &EntryPoint::kind);
-        std::vector<bool> isTaken(projekt_.ObjectCount());
-        std::erase_if(found_, [&isTaken](const EntryPoint& entry) {
-            const bool before = isTaken[entry.object->Number()];
-            isTaken[entry.object->Number()] = true;
-            return before;
-        });
-        return std::move(found_);
+    // Of an object that was found several times the first kind counts.
+    std::vector<EntryPoint> ByKind() {
+        std::vector<EntryPoint> entries;
+        for (const std::vector<EntryPoint>& found : found_)
+            for (const EntryPoint& entry : found)
+                Take(entry, entries);
+        return entries;
+    }
+    void Take(const EntryPoint& entry, std::vector<EntryPoint>& entries) {
+        const std::uint32_t number = entry.object->Number();
+        if (!isTaken_[number])
+            entries.push_back(entry);
+        isTaken_[number] = true;
     }
 
     const clsProjekt& projekt_;
@@ -226,7 +232,9 @@ private:
     ModuleNames names_;
     const std::vector<CodeMarks>& marks_;
     std::unordered_map<const clsModul*, const CodeMarks*> marksOf_;
-    std::vector<EntryPoint> found_;
+    static constexpr std::size_t kKinds = static_cast<std::size_t>(EntryKind::NamedInString);
+    std::array<std::vector<EntryPoint>, kKinds> found_;  // by kind, without the last one
+    std::vector<bool> isTaken_;                          // by number
 };
 
 }  // namespace
@@ -248,7 +256,9 @@ bool IsExported(const clsProjekt& projekt, const clsModul& modul) {
 }
 
 bool IsEventDeclaration(const clsProzedur& prozedur) {
-    if (!prozedur.IsEvent || !prozedur.Modul || !prozedur.Modul->tokens || prozedur.DeclareStartTNr == 0)
+    // Others than the module see every event.
+    if (!prozedur.IsEvent || prozedur.Zugriff == Access::Private || !prozedur.Modul || !prozedur.Modul->tokens ||
+        prozedur.DeclareStartTNr == 0)
         return false;
     const std::string_view text = prozedur.Modul->text->ModulTextOrg();
     for (const int nr : {0, 1}) {

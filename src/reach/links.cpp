@@ -1,6 +1,10 @@
 #include "reach/links.h"
 
+#include <algorithm>
+#include <utility>
+
 #include "model/clsProjekt.h"
+#include "reach/side_by_side.h"
 
 const clsModul* ModuleOf(const CodeObject& object) {
     if (object.myLibrary || object.Class() == ObjectClass::TypeLib)
@@ -9,41 +13,20 @@ const clsModul* ModuleOf(const CodeObject& object) {
 }
 
 Links::Links(const clsProjekt& projekt)
-    : projekt_(projekt), ranges_(projekt.ObjectCount()), owners_(projekt.ObjectCount()) {
-    targets_.reserve(projekt.calls.Count());
-    AddEdges();
-    for (const clsModul* modul : projekt.AllModules())
-        AddOwners(*modul);
+    : projekt_(projekt), graph_(projekt.calls), leaving_(graph_.Leaving()), owners_(projekt.ObjectCount()) {
+    leaving_.resize(owners_.size());
+    // Numbers of one module stand together, so each writes to places of its own.
+    using OfModule = std::pair<const clsModul*, Holders>;
+    for (OfModule& found : OfEachModule<OfModule>(projekt, [this](const clsModul& modul) {
+             AddOwners(modul.myTypes);
+             AddOwners(modul.myEnums);
+             return OfModule(&modul, modul.outgoing.empty() ? Holders() : FindHolders(modul));
+         }))
+        if (!found.second.empty())
+            holders_.insert(std::move(found));
 }
 
-void Links::AddEdges() {
-    const CodeObject* caller = nullptr;
-    const clsCall* expected = nullptr;
-    Step first = 0;
-    const auto end = [&] {
-        const auto next = static_cast<Step>(targets_.size());
-        if (!caller)
-            return;
-        if (caller->Class() == ObjectClass::Modul)
-            AddHolders(static_cast<const clsModul&>(*caller), first);
-        else
-            ranges_[caller->Number()] = {first, next};
-    };
-    projekt_.calls.ForEach([&](const clsCall& call) {
-        if (&call.Caller() != caller) {
-            end();
-            caller = &call.Caller();
-            first = static_cast<Step>(targets_.size());
-        }
-        if (&call != expected)
-            stretches_.push_back({static_cast<Step>(targets_.size()), &call});
-        expected = &call + 1;
-        targets_.push_back(call.TargetNumber() << 1 | (call.Type() == CallType::MayBe ? 1U : 0U));
-    });
-    end();
-}
-
-void Links::AddHolders(const clsModul& modul, Step firstEdge) {
+Links::Holders Links::FindHolders(const clsModul& modul) {
     struct Declared {
         Pos start;
         const CodeObject* object;
@@ -71,7 +54,8 @@ void Links::AddHolders(const clsModul& modul, Step firstEdge) {
     }
     // Of two at one place the later one is the inner: Me is where the first declaration is, and comes before it.
     std::ranges::stable_sort(declared, {}, &Declared::start);
-    const auto first = static_cast<std::uint32_t>(holders_.size());
+    Holders holders;
+    const Step firstEdge = std::exchange(leaving_[modul.Number()], {}).first;
     auto next = declared.begin();
     const CodeObject* holder = &modul;
     Pos start = 0;
@@ -80,44 +64,23 @@ void Links::AddHolders(const clsModul& modul, Step firstEdge) {
             holder = next->object;
             start = next->start;
         }
-        if (holders_.size() == first || holders_.back().object != holder)
-            holders_.push_back({start, firstEdge + nr, holder});
-        ranges_[holder->Number()] = {holders_.back().firstEdge, firstEdge + nr + 1};
+        if (holders.empty() || holders.back().object != holder)
+            holders.push_back({start, firstEdge + nr, holder});
+        leaving_[holder->Number()] = {holders.back().firstEdge, firstEdge + nr + 1};
     }
-    holdersOf_.push_back({first, static_cast<std::uint32_t>(holders_.size())});
-    modules_.resize(ranges_.size());
-    modules_[modul.Number()] = static_cast<std::uint32_t>(holdersOf_.size());
+    return holders;
 }
 
-void Links::AddOwners(const clsModul& modul) {
-    const auto add = [this](const auto& owners) {
-        for (const auto* owner : owners)
-            for (const clsVariable* member : owner->MyVars)
-                owners_[member->Number()] = owner->Number();
-    };
-    add(modul.myTypes);
-    add(modul.myEnums);
-}
-
-const clsCall& Links::EdgeAt(Step step) const {
-    const auto behind = std::ranges::upper_bound(stretches_, step, {}, &Stretch::firstEdge);
-    const Stretch& stretch = *std::prev(behind);
-    return stretch.first[step - stretch.firstEdge];
-}
-
-const CodeObject& Links::Source(const clsCall& call) const {
-    const clsModul* const modul = call.CallModule();
-    if (!modul)
-        return call.Caller();
-    const Range range = holdersOf_[modules_[modul->Number()] - 1];
-    const auto behind = std::upper_bound(holders_.begin() + range.first, holders_.begin() + range.end, call.CallPos,
-                                         [](Pos pos, const Holder& holder) { return pos < holder.start; });
-    return *std::prev(behind)->object;
+template <class Owners>
+void Links::AddOwners(const Owners& owners) {
+    for (const auto* owner : owners)
+        for (const clsVariable* member : owner->MyVars)
+            owners_[member->Number()] = owner->Number();
 }
 
 Link Links::LinkOfStep(Step step, std::uint32_t from, const CodeObject& to) const {
     if (step != kMemberStep) {
-        const clsCall& call = EdgeAt(step);
+        const clsCall& call = graph_.EdgeAt(step);
         return LinkOf(call, Source(call));
     }
     const auto& members = to.Class() == ObjectClass::Type ? static_cast<const clsType&>(to).MyVars
@@ -126,4 +89,57 @@ Link Links::LinkOfStep(Step step, std::uint32_t from, const CodeObject& to) cons
         if (member->Number() == from)
             return MemberLink(*member);
     return {};
+}
+
+const CodeObject& Links::Source(const clsCall& call) const {
+    const clsModul* const modul = call.CallModule();
+    if (!modul)
+        return call.Caller();
+    const Holders& holders = holders_.at(modul);
+    const auto behind = std::ranges::upper_bound(holders, call.CallPos, {}, &Holder::start);
+    return *std::prev(behind)->object;
+}
+
+std::span<const Links::Origin> Links::OriginsOf(std::uint32_t number) const {
+    if (originsBegin_.empty())
+        FindOrigins();
+    return std::span(origins_).subspan(originsBegin_[number], originsBegin_[number + 1] - originsBegin_[number]);
+}
+
+// Calls `use(target, origin)` for each link: first all calls, then all uses, then the members.
+template <class Use>
+void Links::ForEachNumbered(const Use& use) const {
+    for (const bool uses : {false, true}) {
+        const CodeObject* caller = nullptr;
+        std::uint32_t number = 0;
+        projekt_.calls.ForEach([&](const clsCall& call) {
+            if ((call.Type() == CallType::Use) != uses)
+                return;
+            if (&call.Caller() != caller || caller->Class() == ObjectClass::Modul) {
+                caller = &call.Caller();
+                number = Source(call).Number();
+            }
+            use(call.TargetNumber(), Origin{number, call.Type() != CallType::MayBe});
+        });
+    }
+    const auto members = [&use](const auto& owners) {
+        for (const auto* owner : owners)
+            for (const clsVariable* member : owner->MyVars)
+                use(owner->Number(), Origin{member->Number(), true});
+    };
+    for (const clsModul* modul : projekt_.AllModules()) {
+        members(modul->myTypes);
+        members(modul->myEnums);
+    }
+}
+
+// A counting sort by target.
+void Links::FindOrigins() const {
+    originsBegin_.assign(projekt_.ObjectCount() + 2, 0);
+    ForEachNumbered([this](std::uint32_t target, Origin) { ++originsBegin_[target + 2]; });
+    for (std::size_t nr = 2; nr < originsBegin_.size(); ++nr)
+        originsBegin_[nr] += originsBegin_[nr - 1];
+    // originsBegin_[target + 1] is the place for its next origin; at the end it is the begin of the next target.
+    origins_.resize(originsBegin_.back());
+    ForEachNumbered([this](std::uint32_t target, Origin origin) { origins_[originsBegin_[target + 1]++] = origin; });
 }

@@ -5,10 +5,9 @@
 // without.
 #pragma once
 
-#include <algorithm>
 #include <cstdint>
 #include <span>
-#include <utility>
+#include <unordered_map>
 #include <vector>
 
 #include "model/clsEnum.h"
@@ -47,13 +46,11 @@ public:
     /// Calls `use(link)` for each link that leaves the object, in the order of the code.
     template <class Use>
     void ForEachFrom(const CodeObject& object, const Use& use) const {
-        const std::uint32_t number = object.Number();
-        if (const Range range = ranges_[number]; range.first < range.end) {
-            const clsCall* const first = &EdgeAt(range.first);
-            for (const clsCall& call : std::span(first, range.end - range.first))
+        const CallGraph::Range range = leaving_[object.Number()];
+        if (range.first < range.end)
+            for (const clsCall& call : std::span(&Graph().EdgeAt(range.first), range.end - range.first))
                 use(LinkOf(call, object));
-        }
-        if (owners_[number] != 0)
+        if (owners_[object.Number()] != 0)
             use(MemberLink(static_cast<const clsVariable&>(object)));
     }
     /// Calls `use(link)` for each link that leads to the object, in the order of the modules and of their code, uses
@@ -70,41 +67,58 @@ public:
             MembersTo(static_cast<const clsEnum&>(object), use);
     }
 
-    // The same links by numbers of objects, for walks over all of them.
+    // The same links by numbers of objects, for walks over most of them.
 
     /// Number of a link; one number stands for all links from members to their types.
     using Step = std::uint32_t;
     static constexpr Step kMemberStep = UINT32_MAX;
+    /// The links that leave an object: edges, and as the last one that of a member to its type or enumeration.
+    struct Leaving {
+        CallGraph::Range edges;
+        std::uint32_t owner = 0;  // number of the type or enumeration; 0 for none
+    };
+    [[nodiscard]] Leaving From(std::uint32_t object) const { return {leaving_[object], owners_[object]}; }
     /// Calls `use(target, step, isCertain)` for each link that leaves the object.
     template <class Use>
     void ForEachStep(std::uint32_t object, const Use& use) const {
-        const Range range = ranges_[object];
-        for (Step step = range.first; step < range.end; ++step)
-            use(targets_[step] >> 1, step, (targets_[step] & 1U) == 0);
-        if (owners_[object] != 0)
-            use(owners_[object], kMemberStep, true);
+        const Leaving leaving = From(object);
+        for (Step step = leaving.edges.first; step < leaving.edges.end; ++step)
+            use(Graph().TargetOf(step), step, !Graph().IsPossible(step));
+        if (leaving.owner != 0)
+            use(leaving.owner, kMemberStep, true);
+    }
+    /// What a step leads to that leaves `from`.
+    [[nodiscard]] const CodeObject& TargetOfStep(Step step, const CodeObject& from) const {
+        return step == kMemberStep ? *MemberLink(static_cast<const clsVariable&>(from)).to
+                                   : *graph_.EdgeAt(step).Parent;
     }
     /// @param from  number of the object that the step starts at
     [[nodiscard]] Link LinkOfStep(Step step, std::uint32_t from, const CodeObject& to) const;
 
+    class Origin {
+    public:
+        Origin() = default;
+        Origin(std::uint32_t number, bool isCertain) : packed_(number << 1 | (isCertain ? 1U : 0U)) {}
+        [[nodiscard]] std::uint32_t Number() const { return packed_ >> 1; }
+        [[nodiscard]] bool IsCertain() const { return (packed_ & 1U) != 0; }
+
+    private:
+        std::uint32_t packed_ = 0;
+    };
+    /// What the links to an object leave, in the order of ForEachTo. The first call takes the time of a walk over all
+    /// links; it is made by one thread at a time.
+    [[nodiscard]] std::span<const Origin> OriginsOf(std::uint32_t number) const;
+
     [[nodiscard]] const clsProjekt& Projekt() const { return projekt_; }
 
 private:
-    struct Range {
-        Step first = 0;
-        Step end = 0;
-    };
     // Something declared, with the first edge of its declaration, which are contiguous among those of its module.
     struct Holder {
         Pos start;
         Step firstEdge;
         const CodeObject* object;
     };
-    // The edges of a module are contiguous in memory.
-    struct Stretch {
-        Step firstEdge;
-        const clsCall* first;
-    };
+    using Holders = std::vector<Holder>;  // of one module, by position
 
     [[nodiscard]] static Link LinkOf(const clsCall& call, const CodeObject& from) {
         const LinkKind kind = call.Type() == CallType::Really  ? LinkKind::Call
@@ -122,19 +136,21 @@ private:
             for (const clsVariable* member : owner.MyVars)
                 use(MemberLink(*member));
     }
-    [[nodiscard]] const clsCall& EdgeAt(Step step) const;
+    [[nodiscard]] const CallGraph& Graph() const { return graph_; }
     /// What an edge starts in.
     [[nodiscard]] const CodeObject& Source(const clsCall& call) const;
-    void AddEdges();
-    void AddHolders(const clsModul& modul, Step firstEdge);
-    void AddOwners(const clsModul& modul);
+    [[nodiscard]] Holders FindHolders(const clsModul& modul);
+    template <class Owners>
+    void AddOwners(const Owners& owners);
+    void FindOrigins() const;
+    template <class Use>
+    void ForEachNumbered(const Use& use) const;
 
     const clsProjekt& projekt_;
-    std::vector<std::uint32_t> targets_;  // by step: twice the number of the target, and 1 for a possible call
-    std::vector<Range> ranges_;           // by number of the object that the steps leave
-    std::vector<std::uint32_t> owners_;   // by number of a member: that of its type or enumeration; 0 for all others
-    std::vector<Stretch> stretches_;
-    std::vector<Holder> holders_;         // those of one module together, by position
-    std::vector<Range> holdersOf_;        // places in holders_
-    std::vector<std::uint32_t> modules_;  // by number of a module: place in holdersOf_ from 1
+    const CallGraph& graph_;
+    std::vector<CallGraph::Range> leaving_;  // by number of the object that the edges leave
+    std::vector<std::uint32_t> owners_;      // by number of a member: that of its type or enumeration; 0 for all others
+    std::unordered_map<const clsModul*, Holders> holders_;  // of the modules whose declarations have edges
+    mutable std::vector<Origin> origins_;                   // by target; empty before they are asked for
+    mutable std::vector<std::uint32_t> originsBegin_;       // by number of the target: place in origins_
 };

@@ -1,70 +1,21 @@
-// One pass over the tokens of each module, side by side. A table of lengths, first and last letters passes nearly all
-// words by; for the few that remain the edges of their procedure say whether the walk for calls has understood them.
+// One pass over the tokens of each module, side by side. The walk for calls has noted which names it passes by in the
+// procedures of a module; where none of those is looked for, only what it does not look at is read. A table of lengths
+// and letters passes nearly all words by; for the few that remain the edges of their procedure say whether the walk for
+// calls has understood them.
 #include "reach/mentions.h"
 
 #include <algorithm>
-#include <bitset>
 #include <cstdint>
 #include <string>
-#include <unordered_map>
 
 #include "model/clsEnum.h"
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
 #include "model/clsType.h"
 #include "platform/ascii.h"
-#include "shell/work_ahead.h"
+#include "reach/side_by_side.h"
 
 namespace {
-
-constexpr std::size_t kLongestName = 255;  // in Visual Basic
-
-// A name may be declared in brackets and be used without them.
-std::string_view WithoutBrackets(std::string_view name) {
-    return name.size() > 2 && name.front() == '[' && name.back() == ']' ? name.substr(1, name.size() - 2) : name;
-}
-
-// The names that are looked for.
-class Sought {
-public:
-    Sought(const Names& names, const std::vector<const CodeObject*>& objects) : names_(names) {
-        for (const CodeObject* object : objects) {
-            const std::string_view name = WithoutBrackets(object->MyName());
-            if (name.empty())
-                continue;
-            objects_[name].push_back(object);
-            shapes_.set(ShapeOf(name));
-        }
-    }
-    /// The objects of a name in any spelling; null for none.
-    [[nodiscard]] const std::vector<const CodeObject*>* Objects(std::string_view word) const {
-        word = WithoutBrackets(word);
-        if (word.empty() || word.size() > kLongestName || !shapes_.test(ShapeOf(word)))
-            return nullptr;
-        char lower[kLongestName];
-        names_.Page().LowerCase(word, lower);
-        const auto found = objects_.find({lower, word.size()});
-        return found == objects_.end() ? nullptr : &found->second;
-    }
-
-private:
-    // The same for a name in any spelling: letters beyond ASCII are left out, as their lower case depends on the page.
-    static std::size_t ShapeOf(std::string_view word) {
-        const auto letter = [word](std::size_t at) {
-            const auto c = static_cast<unsigned char>(word[at]);
-            return c < 0x80 ? c | 0x20U : 0U;
-        };
-        std::uint64_t shape = word.size();
-        for (const std::size_t at : {std::size_t{0}, word.size() / 3, word.size() / 2, word.size() - 1})
-            shape = shape << 8 | letter(at);
-        return static_cast<std::size_t>((shape * 0x9E3779B97F4A7C15U) >> (64 - kShapeBits));
-    }
-
-    const Names& names_;
-    std::unordered_map<std::string_view, std::vector<const CodeObject*>> objects_;
-    static constexpr unsigned kShapeBits = 17;
-    std::bitset<std::size_t{1} << kShapeBits> shapes_;
-};
 
 Pos NamePosOf(const CodeObject& object) {
     switch (object.Class()) {
@@ -79,18 +30,6 @@ Pos NamePosOf(const CodeObject& object) {
     }
 }
 
-// The type or enumeration of a member, the module of all others.
-const CodeObject& OwnerOf(const CodeObject& object) {
-    if (object.Class() == ObjectClass::Variable) {
-        const auto& variable = static_cast<const clsVariable&>(object);
-        if (variable.MyType)
-            return *variable.MyType;
-        if (variable.MyEnum)
-            return *variable.MyEnum;
-    }
-    return *object.Modul;
-}
-
 bool IsTypeMember(const CodeObject& object) {
     return object.Class() == ObjectClass::Variable && static_cast<const clsVariable&>(object).MyType;
 }
@@ -101,7 +40,7 @@ bool IsSeenIn(const clsModul& modul, const CodeObject& object) {
         return false;
     if (object.Modul == &modul)
         return true;
-    const CodeObject& owner = OwnerOf(object);
+    const CodeObject& owner = Sought::OwnerOf(object);
     const CodeObject& declared = owner.Class() == ObjectClass::Enum ? owner : object;
     const bool isFree = object.Modul->ModulTyp == ModuleKind::Module || declared.Class() == ObjectClass::Enum ||
                         declared.Class() == ObjectClass::Type;
@@ -118,9 +57,16 @@ public:
     }
 
     std::vector<Mention> Read() {
-        for (int nr = std::max(modul_.TokNrBeginnVarBereich, 1); nr <= tokens_.Count(); ++nr)
-            if (const auto* objects = sought_.Objects(Word(nr)))
-                Token(nr, *objects);
+        const Lengths inProcedures = LengthsInProcedures();
+        int next = std::max(modul_.TokNrBeginnVarBereich, 1);
+        for (const clsProzedur* prozedur : procedures_) {
+            const int first = std::max(next, prozedur->DeclareStartTNr);
+            Tokens(next, first - 1, sought_.AllLengths());
+            next = std::max(first, prozedur->DeclareEndTNr);
+            if (inProcedures.any())
+                Tokens(first, next - 1, inProcedures);
+        }
+        Tokens(next, tokens_.Count(), sought_.AllLengths());
         for (const auto& [first, last] : modul_.text->Hidden())
             Hidden(first, last);
         return std::move(found_);
@@ -129,18 +75,43 @@ public:
 private:
     [[nodiscard]] std::string_view Word(int nr) const { return tokens_.Text(text_, nr); }
 
-    void Token(int nr, const std::vector<const CodeObject*>& objects) {
+    using Lengths = Sought::Lengths;
+    // Lengths of the names of objects here that the walk for calls has passed by. What it passes by unseen is no name.
+    [[nodiscard]] Lengths LengthsInProcedures() const {
+        const PassedWords& passed = modul_.passedWords;
+        Lengths lengths;
+        const auto add = [&](const Sought::Entry& entry) {
+            if (IsSeenIn(modul_, *entry.object))
+                Sought::AddLength(lengths, entry);
+        };
+        std::ranges::for_each(sought_.Keywords(), add);
+        for (const std::uint32_t hash : passed.words)
+            sought_.ForEachOf(hash, add);
+        if (std::ranges::any_of(passed.members, [this](std::uint32_t hash) { return sought_.IsMember(hash); }))
+            lengths = sought_.AllLengths();
+        return lengths;
+    }
+
+    // Looks at the words of these lengths.
+    void Tokens(int first, int last, const Lengths& lengths) {
+        for (int nr = first; nr <= last; ++nr)
+            if (lengths.test(Sought::LengthOf(tokens_.LenOf(nr))))
+                if (const Sought::Entry* entry = sought_.First(Word(nr)))
+                    Token(nr, *entry);
+    }
+    void Token(int nr, const Sought::Entry& first) {
         const Pos pos = tokens_.PosOf(nr);
         const bool isMember = tokens_.ContinuesStatement(nr) && Word(nr - 1) == ".";
         bool isUnderstood = false;
-        for (const CodeObject* object : objects) {
+        for (const Sought::Entry* entry = &first; entry && !isUnderstood; entry = sought_.Next(*entry)) {
+            const CodeObject& object = *entry->object;
             const bool isMeant =
-                isMember ? ascii::SameText(Word(nr - 2), OwnerOf(*object).MyName()) : IsSeenIn(modul_, *object);
-            if (!isMeant || isUnderstood)
+                isMember ? ascii::SameText(Word(nr - 2), Sought::OwnerOf(object).MyName()) : IsSeenIn(modul_, object);
+            if (!isMeant)
                 continue;
             isUnderstood = IsArgument(nr) || IsUnderstood(nr, pos, isMember);
             if (!isUnderstood)
-                found_.push_back({object, MentionKind::Code, &modul_, pos});
+                found_.push_back({&object, MentionKind::Code, &modul_, pos});
         }
     }
     [[nodiscard]] bool IsArgument(int nr) const { return tokens_.ContinuesStatement(nr + 1) && Word(nr + 1) == ":="; }
@@ -189,10 +160,9 @@ private:
         if (value != "0" && value != "-4")
             return;
         const std::string_view name = line.substr(10, key - 10);
-        if (const auto* objects = sought_.Objects(name))
-            for (const CodeObject* object : *objects)
-                if (object->Modul == &modul_ && object->Class() == ObjectClass::Prozedur)
-                    found_.push_back({object, MentionKind::DefaultMember, &modul_, pos});
+        for (const Sought::Entry* entry = sought_.First(name); entry; entry = sought_.Next(*entry))
+            if (entry->object->Modul == &modul_ && entry->object->Class() == ObjectClass::Prozedur)
+                found_.push_back({entry->object, MentionKind::DefaultMember, &modul_, pos});
     }
     void HiddenLine(std::string_view line, Pos pos) {
         const auto isPart = [](char c) {
@@ -207,10 +177,10 @@ private:
             const std::size_t first = at;
             while (at < line.size() && isPart(line[at]))
                 ++at;
-            if (const auto* objects = sought_.Objects(line.substr(first, at - first)))
-                for (const CodeObject* object : *objects)
-                    if (IsSeenIn(modul_, *object) || (first > 0 && line[first - 1] == '.'))
-                        found_.push_back({object, MentionKind::NotCompiled, &modul_, pos + static_cast<Pos>(first)});
+            const std::string_view name = line.substr(first, at - first);
+            for (const Sought::Entry* entry = sought_.First(name); entry; entry = sought_.Next(*entry))
+                if (IsSeenIn(modul_, *entry->object) || (first > 0 && line[first - 1] == '.'))
+                    found_.push_back({entry->object, MentionKind::NotCompiled, &modul_, pos + static_cast<Pos>(first)});
         }
     }
 
@@ -224,18 +194,10 @@ private:
 
 }  // namespace
 
-std::vector<Mention> MentionsOf(const clsProjekt& projekt, const std::vector<const CodeObject*>& objects) {
-    const Sought sought(projekt.TheNames(), objects);
-    std::vector<const clsModul*> modules;
-    for (const clsModul* modul : projekt.AllModules())
-        if (modul->text && modul->tokens)
-            modules.push_back(modul);
-    WorkAhead<std::vector<Mention>> scans(
-        modules.size(), [&](std::size_t nr, std::size_t) { return MentionReader(sought, *modules[nr]).Read(); });
+std::vector<Mention> MentionsOf(const clsProjekt& projekt, const Sought& sought) {
     std::vector<Mention> all;
-    for (std::size_t nr = 0; nr < modules.size(); ++nr) {
-        const std::vector<Mention> found = scans.Next();
+    for (const std::vector<Mention>& found : OfEachModule<std::vector<Mention>>(
+             projekt, [&sought](const clsModul& modul) { return MentionReader(sought, modul).Read(); }))
         all.insert(all.end(), found.begin(), found.end());
-    }
     return all;
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "model/clsModul.h"
+#include "reach/sought.h"
 
 class clsProjekt;
 
@@ -20,5 +21,4 @@ struct Mention {
 
 /// In the order of AllModules, those of a module by kind. The name of a local of the procedure, or of an argument that
 /// ":=" follows, means no object. A name after a point means one only if the name before is its module or enumeration.
-/// @param objects  those that are looked for
-[[nodiscard]] std::vector<Mention> MentionsOf(const clsProjekt& projekt, const std::vector<const CodeObject*>& objects);
+[[nodiscard]] std::vector<Mention> MentionsOf(const clsProjekt& projekt, const Sought& sought);

@@ -61,6 +61,27 @@ private:
     std::vector<Dependent> found_;
 };
 
+// The same without the links, by numbers, which takes a tenth of the time where nearly everything leads to an object.
+class NumbersBack {
+public:
+    NumbersBack(const Links& links, std::uint32_t target, bool certainOnly)
+        : distance_(links.Projekt().ObjectCount(), kFar), found_{target} {
+        distance_[target] = 0;
+        for (std::size_t at = 0; at < found_.size(); ++at)
+            for (const Links::Origin origin : links.OriginsOf(found_[at]))
+                if (distance_[origin.Number()] == kFar && (!certainOnly || origin.IsCertain())) {
+                    distance_[origin.Number()] = distance_[found_[at]] + 1;
+                    found_.push_back(origin.Number());
+                }
+    }
+    [[nodiscard]] int DistanceOf(std::uint32_t number) const { return distance_[number]; }
+    [[nodiscard]] const std::vector<std::uint32_t>& Found() const { return found_; }
+
+private:
+    std::vector<int> distance_;
+    std::vector<std::uint32_t> found_;
+};
+
 // One entry for each target, in the order of the code.
 std::vector<Link> StepsFrom(const Links& links, const CodeObject& object) {
     std::vector<Link> steps;
@@ -196,41 +217,42 @@ Impact ImpactOf(const Reach& reach, const CodeObject& object) {
 // First everything that the object leads to is taken for dying; then what something else keeps is taken out again, and
 // what that leads to.
 std::vector<const CodeObject*> DiesWith(const Reach& reach, const CodeObject& object) {
-    enum : char { Untouched, Dying, Kept };
+    enum : char { Untouched, Dying, Kept, NotCovered };
+    const Links& links = reach.TheLinks();
     const CodeObject& gone = Answering(object);
     const bool countsDeadKeepers = reach.StateOf(gone) == ReachState::None;
     std::vector<char> stateOf(reach.Projekt().ObjectCount(), Untouched);
     std::vector<const CodeObject*> dying{&gone};
     stateOf[gone.Number()] = Dying;
-    for (std::size_t at = 0; at < dying.size(); ++at)
-        reach.TheLinks().ForEachFrom(*dying[at], [&](const Link& link) {
-            const std::uint32_t number = link.to->Number();
-            if (stateOf[number] != Untouched || !Reach::Covers(*link.to) || reach.EntryPointAt(*link.to) ||
-                (reach.StateOf(*link.to) == ReachState::None) != countsDeadKeepers)
+    for (std::size_t at = 0; at < dying.size(); ++at) {
+        const CodeObject& from = *dying[at];
+        const std::uint32_t fromNumber = from.Number();
+        links.ForEachStep(fromNumber, [&](std::uint32_t number, Links::Step step, bool) {
+            if (stateOf[number] != Untouched || reach.EntryPointAt(number) ||
+                (reach.StateOf(number) == ReachState::None) != countsDeadKeepers)
                 return;
-            stateOf[number] = Dying;
-            dying.push_back(link.to);
+            const CodeObject& to = links.TargetOfStep(step, from);
+            stateOf[number] = Reach::Covers(to) ? Dying : NotCovered;
+            if (stateOf[number] == Dying)
+                dying.push_back(&to);
         });
-    std::vector<const CodeObject*> kept;
-    for (const CodeObject* candidate : dying) {
-        if (candidate == &gone)
-            continue;
-        bool isKept = false;
-        reach.TheLinks().ForEachTo(*candidate, [&](const Link& link) {
-            isKept |= stateOf[link.from->Number()] == Untouched &&
-                      (countsDeadKeepers || reach.StateOf(*link.from) != ReachState::None);
-        });
-        if (isKept)
-            kept.push_back(candidate);
     }
-    for (const CodeObject* candidate : kept)
-        stateOf[candidate->Number()] = Kept;
+    std::vector<std::uint32_t> kept;
+    for (const CodeObject* candidate : dying) {
+        const std::uint32_t number = candidate->Number();
+        if (candidate != &gone && std::ranges::any_of(links.OriginsOf(number), [&](Links::Origin origin) {
+                return stateOf[origin.Number()] == Untouched &&
+                       (countsDeadKeepers || reach.StateOf(origin.Number()) != ReachState::None);
+            }))
+            kept.push_back(number);
+    }
+    for (const std::uint32_t number : kept)
+        stateOf[number] = Kept;
     for (std::size_t at = 0; at < kept.size(); ++at)
-        reach.TheLinks().ForEachFrom(*kept[at], [&](const Link& link) {
-            const std::uint32_t number = link.to->Number();
-            if (stateOf[number] == Dying && link.to != &gone) {
+        links.ForEachStep(kept[at], [&](std::uint32_t number, Links::Step, bool) {
+            if (stateOf[number] == Dying && number != gone.Number()) {
                 stateOf[number] = Kept;
-                kept.push_back(link.to);
+                kept.push_back(number);
             }
         });
     std::erase_if(dying, [&](const CodeObject* candidate) {
@@ -240,14 +262,14 @@ std::vector<const CodeObject*> DiesWith(const Reach& reach, const CodeObject& ob
 }
 
 std::vector<EntryReaching> EntryPointsReaching(const Reach& reach, const CodeObject& object) {
-    const std::vector<const CodeObject*> target{&Answering(object)};
-    const WalkBack certain(reach.TheLinks(), target, true);
-    const WalkBack any(reach.TheLinks(), target, false);
+    const std::uint32_t target = Answering(object).Number();
+    const NumbersBack certain(reach.TheLinks(), target, true);
+    const NumbersBack any(reach.TheLinks(), target, false);
     std::vector<EntryReaching> entries;
-    for (const Dependent& dependent : any.Found())
-        if (const EntryPoint* entry = reach.EntryPointAt(*dependent.object))
+    for (const std::uint32_t number : any.Found())
+        if (const EntryPoint* entry = reach.EntryPointAt(number))
             entries.push_back(
-                {entry, dependent.distance, entry->IsCertain() && certain.DistanceOf(*dependent.object) != kFar});
+                {entry, any.DistanceOf(number), entry->IsCertain() && certain.DistanceOf(number) != kFar});
     std::ranges::stable_sort(entries, std::greater<>(), &EntryReaching::isCertain);
     return entries;
 }

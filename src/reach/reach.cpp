@@ -52,8 +52,8 @@ Reach::Walked Reach::Walk(bool certainOnly) const {
     return walked;
 }
 
-const EntryPoint* Reach::EntryPointAt(const CodeObject& object) const {
-    const std::uint32_t place = entryOf_[object.Number()];
+const EntryPoint* Reach::EntryPointAt(std::uint32_t number) const {
+    const std::uint32_t place = entryOf_[number];
     return place == 0 ? nullptr : &entries_[place - 1];
 }
 
@@ -66,13 +66,6 @@ bool Reach::Covers(const CodeObject& object) {
         return !variable.isFormInstance && !isMe;
     }
     return object.Class() != ObjectClass::Control;
-}
-
-ReachState Reach::StateOf(const CodeObject& object) const {
-    const std::uint32_t number = Answering(object).Number();
-    return certain_[number].step != kUnreached ? ReachState::Certain
-           : any_[number].step != kUnreached   ? ReachState::Possible
-                                               : ReachState::None;
 }
 
 Chain Reach::ChainTo(const CodeObject& object) const {

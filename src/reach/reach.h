@@ -13,6 +13,9 @@
 #include "reach/entry_points.h"
 #include "reach/links.h"
 
+/// The object that answers for this one: the procedure of an argument or local, itself for all others.
+[[nodiscard]] const CodeObject& Answering(const CodeObject& object);
+
 enum class ReachState : std::uint8_t {
     None,      // no entry point leads to it
     Possible,  // every chain has a possible call, or begins at a possible entry point
@@ -42,12 +45,21 @@ public:
     /// All entry points; see EntryPointsOf.
     [[nodiscard]] const std::vector<EntryPoint>& EntryPoints() const { return entries_; }
     /// The object's own entry point; null if it is none.
-    [[nodiscard]] const EntryPoint* EntryPointAt(const CodeObject& object) const;
+    [[nodiscard]] const EntryPoint* EntryPointAt(const CodeObject& object) const {
+        return EntryPointAt(object.Number());
+    }
+    [[nodiscard]] const EntryPoint* EntryPointAt(std::uint32_t number) const;
 
     /// Whether there is an answer for the object: procedures, variables and constants of modules, types and
     /// enumerations with their members. Of an argument or local the answers are those of its procedure.
     [[nodiscard]] static bool Covers(const CodeObject& object);
-    [[nodiscard]] ReachState StateOf(const CodeObject& object) const;
+    [[nodiscard]] ReachState StateOf(const CodeObject& object) const { return StateOf(Answering(object).Number()); }
+    /// By number of an object that answers for itself.
+    [[nodiscard]] ReachState StateOf(std::uint32_t number) const {
+        return certain_[number].step != kUnreached ? ReachState::Certain
+               : any_[number].step != kUnreached   ? ReachState::Possible
+                                                   : ReachState::None;
+    }
     /// A shortest certain chain for an object that is certainly reached, a shortest one of all for one that is possibly
     /// reached, none for any other.
     [[nodiscard]] Chain ChainTo(const CodeObject& object) const;
@@ -81,6 +93,3 @@ private:
     Walked certain_;
     Walked any_;
 };
-
-/// The object that answers for this one: the procedure of an argument or local, itself for all others.
-[[nodiscard]] const CodeObject& Answering(const CodeObject& object);

@@ -76,7 +76,7 @@ Grading Reasons::GradeOfPossible(const CodeObject& object) const {
         return {Grade::CannotTell, GradeReason::NamedInString, nullptr, entry->modul, entry->pos, leftAlone};
     Grading grading{Grade::Likely, GradeReason::OnlyForeignTypes};
     reach_.TheLinks().ForEachTo(object, [&](const Link& link) {
-        if (reach_.StateOf(*link.from) == ReachState::None || grading.grade == Grade::CannotTell ||
+        if (grading.grade == Grade::CannotTell || reach_.StateOf(*link.from) == ReachState::None ||
             IsForeign(reach_, link))
             return;
         const bool isCall = link.kind == LinkKind::PossibleCall;

@@ -95,6 +95,14 @@ ALWAYS_INLINE bool IsLandmark(const unsigned char* word, Pos length) {
     }
 }
 
+// Of a character in lower case.
+constexpr bool IsLetter(int c) {
+    return (c >= 'a' && c <= 'z') || c >= 0x80;
+}
+constexpr bool IsNamePart(int c) {
+    return IsLetter(c) || IsDigit(c) || c == '_';
+}
+
 class Tokeniser {
 public:
     ALWAYS_INLINE explicit Tokeniser(ModuleText& text)
@@ -112,6 +120,7 @@ public:
         *first_ = {0, 1};
         next_ = first_ + 1;
         landmarks.clear();
+        literals.clear();
         FindStops(text_, map_, count_, stops_);
     }
 
@@ -134,7 +143,7 @@ public:
             i = Step(i, kind);
             quick = *this;
         }
-        return TokenTable({first_, static_cast<std::size_t>(quick.next_ - first_)}, landmarks, memory);
+        return TokenTable({first_, static_cast<std::size_t>(quick.next_ - first_)}, landmarks, literals, memory);
     }
 
     static void ReleaseArrays() {
@@ -142,6 +151,7 @@ public:
         scratch = std::vector<TokenTable::Packed>();
         stopsScratch = std::vector<std::uint8_t>();
         landmarks = std::vector<int>();
+        literals = std::vector<int>();
     }
 
 private:
@@ -205,6 +215,7 @@ private:
         if (p1_ != ' ')
             EmitPending(i);
         StartAt(i);
+        NoteLiteral(i);
         map_[i] |= IsString;
         map_[last + 1] |= IsString | NotCompile;
         p2_ = last > i ? text_[last - 1] : p1_;
@@ -257,6 +268,21 @@ private:
     ALWAYS_INLINE void StartAt(Pos i) {
         tokStart_ = i;
         pending_ = true;
+    }
+    // The token that has just been started is a string literal: notes it if it may be a name. Of doubled quotes the
+    // same token is started twice.
+    ALWAYS_INLINE void NoteLiteral(Pos i) {
+        if (!IsLetter(At(++i)))
+            return;
+        while (IsNamePart(At(i)))
+            ++i;
+        if (At(i) == '"')
+            NoteLiteralToken();
+    }
+    [[gnu::noinline]] void NoteLiteralToken() const {
+        const int nr = static_cast<int>(next_ - first_);
+        if (literals.empty() || literals.back() != nr)
+            literals.push_back(nr);
     }
     [[nodiscard]] ALWAYS_INLINE bool PendingIsRem(Pos i) const {
         return i - tokStart_ == 3 && text_[tokStart_] == 'r' && text_[tokStart_ + 1] == 'e' &&
@@ -424,6 +450,7 @@ private:
                 EmitPending(i);
             inString_ = true;
             StartAt(i);
+            NoteLiteral(i);
             return SkipLiteral(i);
         } else {
             map_[i] |= IsString | NotCompile;
@@ -502,6 +529,7 @@ private:
     static inline thread_local std::vector<TokenTable::Packed> scratch;
     static inline thread_local std::vector<std::uint8_t> stopsScratch;
     static inline thread_local std::vector<int> landmarks;
+    static inline thread_local std::vector<int> literals;
 
     const unsigned char* text_;  // text_[1] is the first character
     Pos count_;

@@ -57,22 +57,28 @@ public:
     };
     /// @param memory  where the tokens live; it outlives the table
     explicit TokenTable(std::pmr::memory_resource* memory = std::pmr::get_default_resource())
-        : packed_(memory), landmarks_(memory) {}
-    /// Takes copies of the tokens made so far, the first of which stands for no token, and of the landmarks.
-    TokenTable(std::span<const Packed> packed, std::span<const int> landmarks, std::pmr::memory_resource* memory)
+        : packed_(memory), landmarks_(memory), nameLiterals_(memory) {}
+    /// Takes copies of the tokens made so far, the first of which is no token, and of the numbers.
+    TokenTable(std::span<const Packed> packed, std::span<const int> landmarks, std::span<const int> nameLiterals,
+               std::pmr::memory_resource* memory)
         : packed_(packed.begin(), packed.end(), memory),
           count_(static_cast<unsigned>(packed.size()) - 1),
-          landmarks_(landmarks.begin(), landmarks.end(), memory) {}
+          landmarks_(landmarks.begin(), landmarks.end(), memory),
+          nameLiterals_(nameLiterals.begin(), nameLiterals.end(), memory) {}
 
     /// Numbers of all tokens that are "dim", "const", "static", "redim" or "end", rising: what the reader of a
     /// procedure's body looks for among all the others.
     [[nodiscard]] std::span<const int> Landmarks() const { return landmarks_; }
+    /// Numbers of all tokens that are a string literal with a name in it and nothing else, rising. A few others may be
+    /// among them.
+    [[nodiscard]] std::span<const int> NameLiterals() const { return nameLiterals_; }
 
 private:
     [[nodiscard]] bool Inside(int nr) const { return static_cast<unsigned>(nr) - 1 < count_; }
     std::pmr::vector<Packed> packed_;
     unsigned count_ = 0;
     std::pmr::vector<int> landmarks_;
+    std::pmr::vector<int> nameLiterals_;
 };
 
 class ModuleText;

@@ -107,7 +107,7 @@ std::unique_ptr<Reach> GradesOfObjects::reach_;
 
 TEST_F(GradesOfObjects, WhatTheCodeNamesWithoutACallIsNotSure) {
     Read(R"(
-        Private Const Bound = 3, Alone = 4, Length = 5, Default = 6
+        Private Const Bound = 3, Alone = 4, Length = 5, Default = 6, InSecond = 7, Output = 8, Bracket = 9
         Private list(1 To Bound) As Long
         Public Enum Colour
             red
@@ -119,6 +119,9 @@ TEST_F(GradesOfObjects, WhatTheCodeNamesWithoutACallIsNotSure) {
             Dim s As String * Length
             Read
             x = Colour.red + Max
+            x = Output
+            x = Me.Alone
+            Dim y As Long, z(1 To [Bracket]) As Long
             #If Never Then
                 Hidden
             #End If
@@ -135,6 +138,11 @@ TEST_F(GradesOfObjects, WhatTheCodeNamesWithoutACallIsNotSure) {
         End Sub
         Sub Argument()
         End Sub
+        Sub Twice()
+        End Sub
+        Sub Twice()
+            x = InSecond
+        End Sub
         Sub Shadowed()
         End Sub
         Sub Other()
@@ -148,6 +156,9 @@ TEST_F(GradesOfObjects, WhatTheCodeNamesWithoutACallIsNotSure) {
           Case{"m.bound", Grade::CannotTell, GradeReason::NamedInCode},
           Case{"m.length", Grade::CannotTell, GradeReason::NamedInCode},
           Case{"m.default", Grade::CannotTell, GradeReason::NamedInCode},
+          Case{"m.insecond", Grade::CannotTell, GradeReason::NamedInCode},
+          Case{"m.output", Grade::CannotTell, GradeReason::NamedInCode},
+          Case{"m.bracket", Grade::CannotTell, GradeReason::NamedInCode},
           Case{"m.colour.red", Grade::CannotTell, GradeReason::NamedInCode},
           Case{"m.colour.[max]", Grade::CannotTell, GradeReason::NamedInCode},
           Case{"m.colour.green", Grade::Likely, GradeReason::ShiftsMembers},

@@ -40,6 +40,18 @@ TEST(Tokens, HoldTheirPlaceInTheText) {
     }
 }
 
+TEST(Tokens, LiteralsThatMayBeNamesAreNoted) {
+    const Marked vb = Vb(R"(
+        f p, "Name_1", "two words", "1st", "", "x""Rest", "open
+    )");
+    ModuleText text(vb.text);
+    const TokenTable tokens = Analyse_Parsen(text);
+    std::string literals;
+    for (const int nr : tokens.NameLiterals())
+        literals.append(tokens.Text(text.ModulTextOrg(), nr)).append(" ");
+    EXPECT_EQ(literals, "\"Name_1\" \"Rest\" ");
+}
+
 TEST(Tokens, TypeSignIsOneButIncludesFollowingLetters) {
     ExpectTokens({{"x$ = y%", "1:x 1:$ 1:= 1:y 1:%"},
                   {"rs!Name", "1:rs 1:!Name"},
