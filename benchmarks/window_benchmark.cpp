@@ -135,7 +135,7 @@ int main(int argc, char** argv) {
     std::vector<std::string> objects, modules;
     std::vector<NodeId> groups, libraries;
     ForEachNode(window.TheWorkspace().Tree(), [&](const BaumNode& node) {
-        if (node.Children() >= 500 && node.Kind() == NodeKind::Group)
+        if (node.ChildNodes().size() >= 500 && node.Kind() == NodeKind::Group)
             groups.push_back(node.Id());
         if (node.Kind() == NodeKind::Object)
             objects.push_back(node.Key());

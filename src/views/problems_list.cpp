@@ -129,7 +129,8 @@ ProblemsList::ProblemsList(QWidget* parent)
     sorted_->sort(-1);
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setTextElideMode(Qt::ElideMiddle);
-    table_->setItemDelegateForColumn(ProblemsModel::Meaning, new SentenceDelegate(table_));
+    for (const int column : {ProblemsModel::What, ProblemsModel::Meaning})
+        table_->setItemDelegateForColumn(column, new SentenceDelegate(table_));
     table_->setWordWrap(false);
     table_->setTabKeyNavigation(false);
     table_->setShowGrid(false);
