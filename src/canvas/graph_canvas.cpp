@@ -212,7 +212,7 @@ QRectF GraphCanvas::CanvasRect() const {
     return ToQt(graph_.Canvas()).adjusted(-kEdgeTwips, -kEdgeTwips, kEdgeTwips, kEdgeTwips);
 }
 
-// What is seen counts, too: the canvas is never smaller than the view, wherever the diagram stands in it.
+// The scene holds the canvas and the visible part, so it is never smaller than the view.
 void GraphCanvas::PlaceScene(const QRectF& seen) {
     if (const QRectF scene = CanvasRect().united(seen); scene != sceneRect())
         setSceneRect(scene);

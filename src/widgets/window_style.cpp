@@ -22,7 +22,7 @@ QStyleOptionViewItem PaleIfPale(const QStyleOption* option, const QWidget* widge
     return item;
 }
 
-// Fusion shows a pressed button by a ground and a frame that can hardly be told apart on a dark window.
+// On a dark window the ground and the frame of a pressed button in Fusion have nearly the same colour.
 void FramePressed(const QStyleOption& option, QPainter& painter) {
     painter.save();
     painter.setRenderHint(QPainter::Antialiasing);
