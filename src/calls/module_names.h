@@ -81,13 +81,14 @@ public:
     /// Whether the word is noted as one that leads nowhere.
     [[nodiscard]] bool IsPassed(const WordMeaning& meaning) const { return meaning.passedStamp_ == stamp_; }
     /// Notes it.
-    void PassBy(WordMeaning& meaning, std::string_view word) {
+    void PassBy(WordMeaning& meaning, std::string_view word, int token) {
         meaning.passedStamp_ = stamp_;
-        passed_.words.push_back(PassedWords::HashOf(word));
+        passed_.words.push_back({PassedWords::HashOf(word), token});
     }
-    /// Notes one together with the word before the point.
-    void PassMemberBy(std::string_view owner, std::string_view word) {
-        passed_.members.push_back(PassedWords::HashOf(owner, word));
+    /// Notes a word after a point that leads nowhere.
+    void PassMemberBy(const WordMeaning& meaning, std::string_view word, int token) {
+        if (meaning.name.Known())
+            passed_.members.push_back({PassedWords::HashOf(word), token});
     }
     /// The words noted since the walk turned to the module; see clsModul::passedWords.
     [[nodiscard]] const PassedWords& Passed() const { return passed_; }

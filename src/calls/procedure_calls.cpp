@@ -151,7 +151,7 @@ private:
                 rightSide_ = true;
             }
             if (Here().afterDot)
-                PassMemberBy(nr, Here().chain);
+                names_.PassMemberBy(meaning, reader_.Word(nr), nr);
             Here().afterDot = false;
             return;
         }
@@ -263,18 +263,13 @@ private:
         if (meaning.isNumber || found_.EndsAt(tokens_.PosOf(nr)))
             return;
         if (Is(reader_.Word(nr - 1), "."))
-            names_.PassMemberBy(reader_.Word(nr - 2), reader_.Word(nr));
-        else if (!names_.IsPassed(meaning))
-            names_.PassBy(meaning, reader_.Word(nr));
+            names_.PassMemberBy(meaning, reader_.Word(nr), nr);
+        else if (!Local(meaning))
+            PassFreeNameBy(nr, meaning);
     }
-    // Notes a word after a point, unless a variable or a control is before it.
-    void PassMemberBy(int nr, const CodeObject* before) {
-        if (before &&
-            (before->Class() == ObjectClass::Prozedur || before->Class() == ObjectClass::Control ||
-             (before->Class() == ObjectClass::Variable && !static_cast<const clsVariable*>(before)->isFormInstance)))
-            return;
-        if (tokens_.ContinuesStatement(nr - 1))
-            names_.PassMemberBy(reader_.Word(nr - 2), reader_.Word(nr));
+    void PassFreeNameBy(int nr, WordMeaning& meaning) {
+        if (!names_.IsPassed(meaning) && !(tokens_.ContinuesStatement(nr + 1) && Is(reader_.Word(nr + 1), ":=")))
+            names_.PassBy(meaning, reader_.Word(nr), nr);
     }
     [[nodiscard]] static bool MayBeName(std::string_view word) {
         // From "[" on there are the letters in lower case, the sign itself, and all beyond ASCII.
@@ -288,7 +283,6 @@ private:
             mode_ = AccessMode::Read;
         Level& here = Here();
         const bool afterDot = here.afterDot;
-        const CodeObject* const before = here.chain;
         if (afterDot)
             here.chain = Member(nr, meaning, here);
         else
@@ -301,14 +295,18 @@ private:
         const Pos pos = tokens_.PosOf(nr);
         if (afterDot) {
             if (!found_.EndsAt(pos))
-                PassMemberBy(nr, before);
-        } else if (!names_.IsPassed(meaning) && !found_.EndsAt(pos) && pos != proc_.NamePos) {
-            names_.PassBy(meaning, reader_.Word(nr));
+                names_.PassMemberBy(meaning, reader_.Word(nr), nr);
+        } else if (!found_.EndsAt(pos) && pos != proc_.NamePos) {
+            PassFreeNameBy(nr, meaning);
         }
     }
 
+    [[nodiscard]] clsVariable* Local(const WordMeaning& meaning) const {
+        return meaning.name.Known() ? proc_.MyVars.Item(meaning.name) : nullptr;
+    }
+
     CodeObject* FreeName(WordMeaning& meaning) {
-        clsVariable* local = meaning.name.Known() ? proc_.MyVars.Item(meaning.name) : nullptr;
+        clsVariable* const local = Local(meaning);
         isLocal_ = local != nullptr;
         return local ? local : modMain::Get_Objekt_AusName(names_, meaning, mode_);
     }

@@ -85,6 +85,9 @@ const Name::Entry* Names::EntryOf(std::string_view text) {
     const LowerForm lower(text, page_);
     // Before the part is locked: the lower-case form can belong to the same part.
     const Name::Entry* const lowerEntry = lower.View() == text ? nullptr : EntryOf(lower.View());
+    // What is declared as [Stop] can be called as Stop.
+    if (text.size() > 2 && text.front() == '[' && text.back() == ']')
+        (void)EntryOf(text.substr(1, text.size() - 2));
     return part.Intern(text, hash, lowerEntry);
 }
 

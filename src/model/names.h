@@ -55,7 +55,7 @@ public:
     Names& operator=(const Names&) = delete;
 
     [[nodiscard]] const CodePage& Page() const { return page_; }
-    /// The name of this spelling; creates it if it is new.
+    /// The name of this spelling; creates it if it is new, and one in brackets without these as well.
     Name Intern(std::string_view text) { return Name(EntryOf(text)); }
     /// The name of this spelling if the pool has it; else the result is not Known().
     [[nodiscard]] Name Find(std::string_view text) const;

@@ -1,5 +1,5 @@
-// The words that stand in the procedures of a module at places that no edge leads from. A name that is not among them
-// is used nowhere in those procedures without an edge.
+// The words in the procedures of a module that no edge leads from. A name that is not among them is used nowhere in
+// those procedures without an edge.
 #pragma once
 
 #include <cstdint>
@@ -9,19 +9,19 @@
 #include "model/names.h"
 
 struct PassedWords {
-    /// Hashes of words in lower case, without brackets, that are after no point; each at least once. Local variables
-    /// and arguments are left out, as far as they are known as such, and keywords.
-    std::vector<std::uint32_t> words;
-    /// Those of words after a point, together with the word before the point; one for each place.
-    std::vector<std::uint32_t> members;
+    struct Place {
+        std::uint32_t hash;  // of the word in lower case, without brackets
+        int token;           // number of its token in the module
+    };
+    /// Words after no point, each at the first such place. Keywords are left out, local variables, and names of
+    /// arguments in a call.
+    std::vector<Place> words;
+    /// Words after a point, at all such places; those that are the name of no object are left out.
+    std::vector<Place> members;
 
     // A name may be declared in brackets and be used without them, or the other way round.
     [[nodiscard]] static std::string_view WithoutBrackets(std::string_view name) {
         return name.size() > 2 && name.front() == '[' && name.back() == ']' ? name.substr(1, name.size() - 2) : name;
     }
     [[nodiscard]] static std::uint32_t HashOf(std::string_view word) { return Name::HashOf(WithoutBrackets(word)); }
-    /// @param owner  the word before the point, which keeps its brackets
-    [[nodiscard]] static std::uint32_t HashOf(std::string_view owner, std::string_view word) {
-        return Name::HashOf(owner) * 31U + HashOf(word);
-    }
 };

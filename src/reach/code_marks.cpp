@@ -41,8 +41,8 @@ private:
     [[nodiscard]] bool HasWordInProcedures() const {
         static const std::uint32_t kHashes[] = {PassedWords::HashOf("addressof"), PassedWords::HashOf("implements"),
                                                 PassedWords::HashOf("withevents")};
-        return std::ranges::any_of(modul_.passedWords.words, [](std::uint32_t hash) {
-            return std::ranges::find(kHashes, hash) != std::end(kHashes);
+        return std::ranges::any_of(modul_.passedWords.words, [](const PassedWords::Place& place) {
+            return std::ranges::find(kHashes, place.hash) != std::end(kHashes);
         });
     }
     void Words(int first, int last) {

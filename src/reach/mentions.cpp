@@ -1,7 +1,7 @@
-// One pass over the tokens of each module, side by side. The walk for calls has noted which names it passes by in the
-// procedures of a module; where none of those is looked for, only what it does not look at is read. A table of lengths
-// and letters passes nearly all words by; for the few that remain the edges of their procedure say whether the walk for
-// calls has understood them.
+// One pass over the declarations of each module, side by side. In procedures the walk for calls has noted the places
+// that it passes by; only for names that are keywords they are read again. A table of lengths and letters passes nearly
+// all words by; for the few that remain the edges of their procedure say whether the walk for calls has understood
+// them.
 #include "reach/mentions.h"
 
 #include <algorithm>
@@ -13,6 +13,7 @@
 #include "model/clsProzedur.h"
 #include "model/clsType.h"
 #include "platform/ascii.h"
+#include "reach/reasons.h"
 #include "reach/side_by_side.h"
 
 namespace {
@@ -34,6 +35,27 @@ bool IsTypeMember(const CodeObject& object) {
     return object.Class() == ObjectClass::Variable && static_cast<const clsVariable&>(object).MyType;
 }
 
+// Whether the object can be after a point in a module with any value before it.
+bool IsMemberOfValue(const clsModul& modul, const CodeObject& object) {
+    const CodeObject& owner = Sought::OwnerOf(object);
+    const CodeObject& declared = owner.Class() == ObjectClass::Type ? owner : object;
+    const bool isMember = owner.Class() == ObjectClass::Type ||
+                          (owner.Class() == ObjectClass::Modul && object.Modul->ModulTyp != ModuleKind::Module);
+    return isMember && (declared.Zugriff != Access::Private || object.Modul == &modul);
+}
+
+// Whether it is the accessor that an assignment calls.
+bool Assigns(const CodeObject& object) {
+    if (object.Class() != ObjectClass::Prozedur)
+        return false;
+    const ProcKind kind = static_cast<const clsProzedur&>(object).ProzedurTyp;
+    return kind == ProcKind::PropertyLet || kind == ProcKind::PropertySet;
+}
+
+bool IsOwnedBy(std::string_view word, const CodeObject& object) {
+    return ascii::SameText(word, Sought::OwnerOf(object).MyName());
+}
+
 // Whether a bare name in a module can mean the object.
 bool IsSeenIn(const clsModul& modul, const CodeObject& object) {
     if (IsTypeMember(object))
@@ -49,24 +71,26 @@ bool IsSeenIn(const clsModul& modul, const CodeObject& object) {
 
 class MentionReader {
 public:
-    MentionReader(const Sought& sought, const clsModul& modul)
-        : sought_(sought), modul_(modul), tokens_(*modul.tokens), text_(modul.text->ModulTextOrg()) {
+    MentionReader(const clsProjekt& projekt, const Sought& sought, const clsModul& modul)
+        : projekt_(projekt), sought_(sought), modul_(modul), tokens_(*modul.tokens), text_(modul.text->ModulTextOrg()) {
         for (const clsProzedur* prozedur : modul.MyProcs)
             if (prozedur->DeclareStartTNr > 0)
                 procedures_.push_back(prozedur);
     }
 
     std::vector<Mention> Read() {
-        const Lengths inProcedures = LengthsInProcedures();
+        const Lengths keywords = LengthsOfKeywords();
         int next = std::max(modul_.TokNrBeginnVarBereich, 1);
         for (const clsProzedur* prozedur : procedures_) {
             const int first = std::max(next, prozedur->DeclareStartTNr);
             Tokens(next, first - 1, sought_.AllLengths());
             next = std::max(first, prozedur->DeclareEndTNr);
-            if (inProcedures.any())
-                Tokens(first, next - 1, inProcedures);
+            if (keywords.any())
+                Tokens(first, next - 1, keywords);
         }
         Tokens(next, tokens_.Count(), sought_.AllLengths());
+        Passed();
+        std::ranges::stable_sort(found_, {}, &Mention::pos);
         for (const auto& [first, last] : modul_.text->Hidden())
             Hidden(first, last);
         return std::move(found_);
@@ -76,20 +100,52 @@ private:
     [[nodiscard]] std::string_view Word(int nr) const { return tokens_.Text(text_, nr); }
 
     using Lengths = Sought::Lengths;
-    // Lengths of the names of objects here that the walk for calls has passed by. What it passes by unseen is no name.
-    [[nodiscard]] Lengths LengthsInProcedures() const {
-        const PassedWords& passed = modul_.passedWords;
+    // Lengths of the names of objects here that are also keywords: the walk for calls passes them by unseen.
+    [[nodiscard]] Lengths LengthsOfKeywords() const {
         Lengths lengths;
-        const auto add = [&](const Sought::Entry& entry) {
+        for (const Sought::Entry& entry : sought_.Keywords())
             if (IsSeenIn(modul_, *entry.object))
                 Sought::AddLength(lengths, entry);
-        };
-        std::ranges::for_each(sought_.Keywords(), add);
-        for (const std::uint32_t hash : passed.words)
-            sought_.ForEachOf(hash, add);
-        if (std::ranges::any_of(passed.members, [this](std::uint32_t hash) { return sought_.IsMember(hash); }))
-            lengths = sought_.AllLengths();
         return lengths;
+    }
+    void Passed() {
+        for (const auto& [hash, nr] : modul_.passedWords.words)
+            if (sought_.MayBeName(hash))
+                Tokens(nr, nr, sought_.AllLengths());
+        for (const auto& [hash, nr] : modul_.passedWords.members)
+            if (sought_.MayBeName(hash))
+                Member(nr);
+    }
+    void Member(int nr) {
+        const Sought::Entry* entry = sought_.First(Word(nr));
+        if (!entry)
+            return;
+        const clsProzedur* const prozedur = ProcedureAt(nr);
+        const Pos pos = tokens_.PosOf(nr);
+        const CodeObject& place = prozedur ? static_cast<const CodeObject&>(*prozedur) : modul_;
+        const Doubt doubt = DoubtOf(projekt_, {&place, nullptr, LinkKind::PossibleCall, pos});
+        for (; entry; entry = sought_.Next(*entry)) {
+            const CodeObject& object = *entry->object;
+            const bool isOfType =
+                doubt.kind != DoubtKind::NotInType || LastPart(doubt.type) == Sought::OwnerOf(object).MyName();
+            const bool isMeant = IsOwnedBy(Word(nr - 2), object) || (isOfType && IsMemberOfValue(modul_, object));
+            if (isMeant && (!Assigns(object) || MayBeAssigned(nr)))
+                found_.push_back({&object, MentionKind::Code, &modul_, pos});
+        }
+    }
+    [[nodiscard]] bool MayBeAssigned(int nr) const {
+        while (tokens_.ContinuesStatement(++nr))
+            if (Word(nr) == "=")
+                return true;
+        return false;
+    }
+    // `Type` of `Project.Type`.
+    [[nodiscard]] static std::string_view LastPart(std::string_view type) { return type.substr(type.rfind('.') + 1); }
+    // The procedure that the token is in; null in declarations.
+    [[nodiscard]] const clsProzedur* ProcedureAt(int nr) const {
+        const auto after = std::ranges::upper_bound(procedures_, nr, {}, &clsProzedur::DeclareStartTNr);
+        const clsProzedur* const prozedur = after == procedures_.begin() ? nullptr : *std::prev(after);
+        return prozedur && nr <= prozedur->DeclareEndTNr ? prozedur : nullptr;
     }
 
     // Looks at the words of these lengths.
@@ -105,8 +161,7 @@ private:
         bool isUnderstood = false;
         for (const Sought::Entry* entry = &first; entry && !isUnderstood; entry = sought_.Next(*entry)) {
             const CodeObject& object = *entry->object;
-            const bool isMeant =
-                isMember ? ascii::SameText(Word(nr - 2), Sought::OwnerOf(object).MyName()) : IsSeenIn(modul_, object);
+            const bool isMeant = isMember ? IsOwnedBy(Word(nr - 2), object) : IsSeenIn(modul_, object);
             if (!isMeant)
                 continue;
             isUnderstood = IsArgument(nr) || IsUnderstood(nr, pos, isMember);
@@ -122,12 +177,10 @@ private:
         if (const clsSpaceName* own = modul_.PrivNameSpace.Item(std::string_view(lower)))
             if (std::ranges::any_of(own->Objects(), [pos](const CodeObject* one) { return NamePosOf(*one) == pos; }))
                 return true;
-        const auto behind = std::ranges::upper_bound(procedures_, nr, {}, &clsProzedur::DeclareStartTNr);
-        const clsProzedur* const prozedur = behind == procedures_.begin() ? nullptr : *std::prev(behind);
-        const bool isInside = prozedur && nr <= prozedur->DeclareEndTNr;
-        if (isInside && !isMember && prozedur->MyVars.Contains(std::string_view(lower)))
+        const clsProzedur* const prozedur = ProcedureAt(nr);
+        if (prozedur && !isMember && prozedur->MyVars.Contains(std::string_view(lower)))
             return true;
-        const std::span<const clsCall> edges = isInside ? prozedur->outgoing : modul_.outgoing;
+        const std::span<const clsCall> edges = prozedur ? prozedur->outgoing : modul_.outgoing;
         const auto edge = std::ranges::lower_bound(edges, pos, {}, &clsCall::CallPos);
         return edge != edges.end() && edge->CallPos == pos;
     }
@@ -184,6 +237,7 @@ private:
         }
     }
 
+    const clsProjekt& projekt_;
     const Sought& sought_;
     const clsModul& modul_;
     const TokenTable& tokens_;
@@ -197,7 +251,7 @@ private:
 std::vector<Mention> MentionsOf(const clsProjekt& projekt, const Sought& sought) {
     std::vector<Mention> all;
     for (const std::vector<Mention>& found : OfEachModule<std::vector<Mention>>(
-             projekt, [&sought](const clsModul& modul) { return MentionReader(sought, modul).Read(); }))
+             projekt, [&](const clsModul& modul) { return MentionReader(projekt, sought, modul).Read(); }))
         all.insert(all.end(), found.begin(), found.end());
     return all;
 }

@@ -20,5 +20,6 @@ struct Mention {
 };
 
 /// In the order of AllModules, those of a module by kind. The name of a local of the procedure, or of an argument that
-/// ":=" follows, means no object. A name after a point means one only if the name before is its module or enumeration.
+/// ":=" follows, means no object. A name after a point means those whose module or enumeration the name before is, and
+/// every member of a type, class, form or user control, unless what is before the point has another type.
 [[nodiscard]] std::vector<Mention> MentionsOf(const clsProjekt& projekt, const Sought& sought);

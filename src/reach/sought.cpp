@@ -16,18 +16,13 @@ constexpr std::size_t kLongestName = 255;  // in Visual Basic
 Sought::Sought(const Names& names, const std::vector<const CodeObject*>& objects)
     : names_(names), heads_(std::bit_ceil(objects.size() * 2 + 1)) {
     entries_.reserve(objects.size());
-    memberHashes_.reserve(objects.size());
     for (const CodeObject* object : objects)
         if (const std::string_view name = WithoutBrackets(object->MyName()); !name.empty())
             Add(*object, name);
-    std::ranges::sort(memberHashes_);
 }
 
 void Sought::Add(const CodeObject& object, std::string_view name) {
     const std::uint32_t hash = Name::HashOf(name);
-    const std::uint32_t ofMember = PassedWords::HashOf(OwnerOf(object).MyName(), name);
-    memberHashes_.push_back(ofMember);
-    members_.set(ofMember >> (32 - kBits));
     const auto place = static_cast<std::uint32_t>(entries_.size() + 1);
     entries_.push_back({&object, name, hash, 0, place});
     AddLength(lengths_, entries_.back());

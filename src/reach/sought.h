@@ -32,21 +32,8 @@ public:
     [[nodiscard]] const Entry* Next(const Entry& entry) const {
         return entry.next == 0 ? nullptr : &entries_[entry.next - 1];
     }
-    /// Calls `use(entry)` for each object whose name has this hash.
-    template <class Use>
-    void ForEachOf(std::uint32_t hash, const Use& use) const {
-        if (!hashes_.test(hash >> (32 - kBits)))
-            return;
-        const std::size_t mask = heads_.size() - 1;
-        for (std::size_t slot = hash & mask; heads_[slot] != 0; slot = (slot + 1) & mask)
-            if (AtSlot(slot)->hash == hash)
-                for (const Entry* entry = AtSlot(slot); entry; entry = Next(*entry))
-                    use(*entry);
-    }
-    /// Whether an object and its owner may have names of this common hash; see PassedWords.
-    [[nodiscard]] bool IsMember(std::uint32_t hash) const {
-        return members_.test(hash >> (32 - kBits)) && std::ranges::binary_search(memberHashes_, hash);
-    }
+    /// Whether an object may have a name of this hash.
+    [[nodiscard]] bool MayBeName(std::uint32_t hash) const { return hashes_.test(hash >> (32 - kBits)); }
     /// Those whose names are keywords.
     [[nodiscard]] const std::vector<Entry>& Keywords() const { return keywords_; }
 
@@ -102,8 +89,6 @@ private:
     std::vector<std::uint32_t> heads_;  // by hash: place of the first entry of a name from 1, or 0
     std::vector<Entry> keywords_;
     Lengths lengths_;
-    std::vector<std::uint32_t> memberHashes_;  // sorted
     std::bitset<std::size_t{1} << kBits> shapes_;
     std::bitset<std::size_t{1} << kBits> hashes_;
-    std::bitset<std::size_t{1} << kBits> members_;
 };

@@ -171,6 +171,48 @@ TEST_F(GradesOfObjects, WhatTheCodeNamesWithoutACallIsNotSure) {
     }
 }
 
+TEST_F(GradesOfObjects, AMemberNamedWhereNoCallWasFoundIsNotSure) {
+    Read(R"(
+        Private Type Load
+            Shovel As Long
+            Step As Long
+            Spade As Long
+        End Type
+        Private loads(5) As Variant
+        Sub Main()
+            Dim f As C
+            f.Output = 1
+            With loads(1)
+                .Shovel = 1
+                .Dig
+            End With
+            Say f.Title & f.Version
+            f.Stop
+        End Sub
+        Sub Say(x)
+        End Sub
+        Sub Plain()
+        End Sub
+    )",
+         "Exe",
+         "Public Property Let Output(x)\nWith x\n .Spade = 1\n .Plain\n .Step = 1\nEnd With\nEnd Property\n"
+         "Public Sub Dig()\nEnd Sub\nPrivate Sub Shovel()\nEnd Sub\n"
+         "Public Property Get Title()\nEnd Property\nPublic Property Let Title(x)\nEnd Property\n"
+         "Public Sub [Stop]()\nEnd Sub\n",
+         "Public Property Get Title()\nEnd Property\nPublic Property Get Version()\nEnd Property\n");
+    using Case = std::pair<const char*, GradeReason>;
+    for (const auto& [path, reason] :
+         {Case{"c.output [let]", GradeReason::NamedInCode}, Case{"c.dig", GradeReason::NamedInCode},
+          Case{"m.load.shovel", GradeReason::NamedInCode}, Case{"c.title [get]", GradeReason::NamedInCode},
+          Case{"c.[stop]", GradeReason::NamedInCode}, Case{"c.title [let]", GradeReason::None},
+          Case{"u.title [get]", GradeReason::DesignerProperty}, Case{"u.version [get]", GradeReason::DesignerProperty},
+          Case{"m.load.spade", GradeReason::ChangesLayout}, Case{"m.load.step", GradeReason::ChangesLayout},
+          Case{"m.plain", GradeReason::None}, Case{"c.shovel", GradeReason::None}}) {
+        SCOPED_TRACE(path);
+        EXPECT_EQ(GradeAt(path).reason, reason);
+    }
+}
+
 TEST_F(GradesOfObjects, MembersGoWithoutHarmToTheOthersOnly) {
     Read(R"(
         Private Declare Sub Api Lib "x" (p As Passed)
