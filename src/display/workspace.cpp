@@ -111,6 +111,12 @@ void Workspace::ForgetObjects() {
     ports_.ends();
 }
 
+void Workspace::EdgesGo() {
+    reach_->Forget();
+    if (ports_.edgesGo)
+        ports_.edgesGo();
+}
+
 void Workspace::EndGeneration() {
     overviewAsked_ = false;
     current_.reset();
@@ -123,7 +129,7 @@ void Workspace::EndGeneration() {
 }
 
 std::optional<CallCounts> Workspace::ReadCalls() {
-    reach_->Forget();
+    EdgesGo();
     ports_.run("Remove_All_Calls", false, [this] { Remove_All_Calls(*projekt_); });
     const bool isWhole = ports_.run("Who_Calls_Who", true, [this] { Who_Calls_Who(*projekt_); });
     code_.Forget();

@@ -42,7 +42,9 @@ public:
     using Runner = std::function<bool(const std::string& name, bool canCancel, const std::function<void()>& operation)>;
     struct Ports {
         Runner run;
-        std::function<void()> ends;     // called when a generation ends: nothing of it may stay on the screen
+        std::function<void()> ends;  // called when a generation ends: nothing of it may stay on the screen
+        // Called before the edges go: until the operation is over, nothing may look at them.
+        std::function<void()> edgesGo = {};
         std::string settingsFile = {};  // path; beside it is what users declare about objects
         // Asks whether these files may be read again although what was deleted in them is not saved; null says no.
         std::function<bool(const std::vector<std::string>& paths)> askReadAgain = {};
@@ -253,6 +255,7 @@ private:
     [[nodiscard]] LibrarySearch* SearchOfLibraries();
     void EndGeneration();
     void ForgetObjects();
+    void EdgesGo();
     void FillTree();
     void RefillTree();
     void RefillTree(const std::function<void()>& fill);

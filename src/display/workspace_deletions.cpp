@@ -13,6 +13,7 @@
 
 // The nodes of what stays keep their places in the tree.
 void Workspace::Exchange(const std::string& name, const std::function<void()>& change) {
+    EdgesGo();
     ports_.run(name, false, change);
     if (!projekt_->callsKnown)
         Tote_Untote_Kennzeichnen(*projekt_);

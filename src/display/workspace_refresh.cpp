@@ -70,6 +70,7 @@ Workspace::Refreshed Workspace::Refresh() {
         for (const clsModul* modul : AllOf(*projekt_))
             read.unreadable += modul->fileError != FileError::None;
     } else {
+        EdgesGo();
         const bool isDone =
             ports_.run("ChangedModule_Regenerieren", false, [&] { read = ChangedModule_Regenerieren(*projekt_); });
         deletions_.ModulesRead(*projekt_);
@@ -104,6 +105,7 @@ bool Workspace::LoadAgain() {
         SetProblems(before);
         return false;
     }
+    EdgesGo();
     deletions_.ModulesRead(*loaded);
     const bool callsRead = CallsRead();
     projekt_.swap(loaded);

@@ -1,6 +1,7 @@
 #include "project/replace.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "calls/driver.h"
 #include "findings/dead_objects.h"
@@ -43,11 +44,13 @@ bool ChangesNothing(const std::vector<ModuleChange>& changes, const std::vector<
            std::ranges::all_of(read, [](const auto& modul) { return modul == nullptr; });
 }
 
-std::vector<std::unique_ptr<clsModul>> Ordered(std::vector<std::unique_ptr<clsModul>> modules,
-                                               const std::vector<std::size_t>& order) {
+using Modules = std::vector<std::unique_ptr<clsModul>>;
+
+// Those that the order names are moved out of `modules`.
+Modules TakeInOrder(Modules& modules, const std::vector<std::size_t>& order) {
     if (order.empty())
-        return modules;
-    std::vector<std::unique_ptr<clsModul>> ordered;
+        return std::exchange(modules, {});
+    Modules ordered;
     for (const std::size_t place : order)
         if (place < modules.size())
             ordered.push_back(std::move(modules[place]));
@@ -61,7 +64,9 @@ void Replace(clsProjekt& projekt, const std::vector<ModuleChange>& changes, cons
     std::vector<std::unique_ptr<clsModul>> read = ReadChanged(projekt, changes, taken);
     if (order.empty() && ChangesNothing(changes, read))
         return;
-    std::vector<std::unique_ptr<clsModul>> modules = projekt.TakeModules();
+    Modules modules = projekt.TakeModules();
+    // Reading calls shows progress, and the window may look at its objects meanwhile: they go after it has been told.
+    Modules gone;
     auto next = read.begin();
     for (const ModuleChange& change : changes) {
         if (change.source && next == read.end())
@@ -70,11 +75,11 @@ void Replace(clsProjekt& projekt, const std::vector<ModuleChange>& changes, cons
         if (!change.place)
             modules.push_back(std::move(modul));
         else if (modul || !change.source)
-            modules.at(*change.place) = std::move(modul);
+            gone.push_back(std::exchange(modules.at(*change.place), std::move(modul)));
     }
-    modules = Ordered(std::move(modules), order);
-    std::erase(modules, nullptr);
-    projekt.SetModules(std::move(modules));
+    Modules ordered = TakeInOrder(modules, order);
+    std::erase(ordered, nullptr);
+    projekt.SetModules(std::move(ordered));
     if (projekt.callsKnown)
         Who_Calls_Who(projekt);
     if (!projekt.callsKnown)

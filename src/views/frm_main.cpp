@@ -76,6 +76,7 @@ frmMain::frmMain(Files& files, SettingsFile& file, Settings settings, std::strin
                           return dialogs_.progress->Run(name, operation);
                       },
                   .ends = [this] { GenerationEnds(); },
+                  .edgesGo = [this] { graph_->EdgesGo(); },
                   .settingsFile = file.Path(),
                   .askReadAgain = [this](const auto& paths) { return MayReadAgain(paths); }}),
       menus_(new MainMenus(*this, *commands_, files, file)),

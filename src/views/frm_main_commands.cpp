@@ -191,7 +191,6 @@ void frmMain::Projekt_Analyse() {
 
 // Returns what is to be said about it.
 QString frmMain::RunCalls() {
-    graph_->EdgesGo();
     const auto counts = workspace_.ReadCalls();
     graph_->ModelChanged();
     commands_->SetImage(Command::Calls, workspace_.CallsRead() ? "CallsRead" : "CallsReadNot");

@@ -155,7 +155,7 @@ void frmMain::UndoDeletions(const std::vector<int>& numbers) {
     const QString path = first ? ToQString(first->codePath) : QString();
     const std::string key = first ? LowerCase(first->codePath) : std::string();
     if (!workspace_.UndoDeletions(numbers))
-        return;
+        return graph_->ModelChanged();
     ModulesChanged();
     if (numbers.size() == 1)
         ActivateKey(key);

@@ -51,10 +51,12 @@ Workspace::Refreshed frmMain::RefreshFiles(bool isAsked) {
     const int chart = chart_->Board().ScrolledBy();
     Workspace::Refreshed refreshed = workspace_.Refresh();
     dialogs_.deleted->Refresh();
-    const bool stays = refreshed.outcome == NothingChanged || refreshed.outcome == BeingWritten ||
-                       refreshed.outcome == NoProject || refreshed.outcome == NothingRead;
-    if (!stays) {
+    const bool isUntouched =
+        refreshed.outcome == NothingChanged || refreshed.outcome == BeingWritten || refreshed.outcome == NoProject;
+    if (!isUntouched)
         graph_->ModelChanged();
+    const bool stays = isUntouched || refreshed.outcome == NothingRead;
+    if (!stays) {
         ShowAgain();
         if (const std::optional<CodePane::Change> change = workspace_.ComeBackTo(place))
             ShowCode(*change);
