@@ -123,11 +123,15 @@ std::string CallsReportPath(const clsModul& modul) {
     return modul.FullPath + " Calls.txt";
 }
 
-void AnalyseErgebnisCalls(const clsProjekt& projekt, const ReportPath& path) {
+bool AnalyseErgebnisCalls(const clsProjekt& projekt, const ReportPath& path) {
+    bool isWhole = true;
     for (const clsModul* modul : projekt.ModulesInReportOrder()) {
-        const ErrorSubject subject(modul->FullPath);
         const std::string file = path(*modul);
-        if (const FileError error = projekt.TheFiles().WriteWhole(file, CallsReport(*modul)); error != FileError::None)
+        if (const FileError error = projekt.TheFiles().WriteWhole(file, CallsReport(*modul));
+            error != FileError::None) {
             ShowFileError("clsModul: AnalyseErgebnisCalls", error, file);
+            isWhole = false;
+        }
     }
+    return isWhole;
 }

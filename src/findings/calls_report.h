@@ -10,4 +10,5 @@
 /// Path beside the module's source.
 [[nodiscard]] std::string CallsReportPath(const clsModul& modul);
 /// Writes the reports of all modules and replaces existing files. A failure is reported, and the next module follows.
-void AnalyseErgebnisCalls(const clsProjekt& projekt, const ReportPath& path = CallsReportPath);
+/// @return false if one of them could not be written
+bool AnalyseErgebnisCalls(const clsProjekt& projekt, const ReportPath& path = CallsReportPath);

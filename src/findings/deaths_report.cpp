@@ -85,10 +85,12 @@ std::string DeathsReportPath(const clsProjekt& projekt) {
     return projekt.FullPath + " Deaths.txt";
 }
 
-void AnalyseErgebnisDeaths(const clsProjekt& projekt, const std::string& path) {
+bool AnalyseErgebnisDeaths(const clsProjekt& projekt, const std::string& path) {
     std::string text;
     for (const clsModul* modul : projekt.ModulesInReportOrder())
         text += DeathsReport(*modul);
-    if (const FileError error = projekt.TheFiles().WriteWhole(path, text); error != FileError::None)
+    const FileError error = projekt.TheFiles().WriteWhole(path, text);
+    if (error != FileError::None)
         ShowFileError("modMain: AnalyseErgebnisDeaths", error, path);
+    return error == FileError::None;
 }

@@ -11,5 +11,6 @@ class clsProjekt;
 [[nodiscard]] std::string DeathsReport(const clsModul& modul);
 /// Path beside the project file.
 [[nodiscard]] std::string DeathsReportPath(const clsProjekt& projekt);
-/// Writes the blocks of all modules: Modules, Klassenmodule, Formulare, UserControls. A failure is reported.
-void AnalyseErgebnisDeaths(const clsProjekt& projekt, const std::string& path);
+/// Writes the blocks of all modules: Modules, Klassenmodule, Formulare, UserControls. A failure is reported,
+/// and false comes back.
+bool AnalyseErgebnisDeaths(const clsProjekt& projekt, const std::string& path);

@@ -49,13 +49,16 @@ std::vector<std::string> ReportFiles(const clsProjekt& projekt, ReportKind kind,
     return files;
 }
 
-void WriteReportFiles(const clsProjekt& projekt, ReportKind kind, const std::string& folder) {
-    if (kind == ReportKind::Structure)
-        AnalyseErgebnisStructure(projekt, PathOf(kind, folder));
-    else if (kind == ReportKind::Calls)
-        AnalyseErgebnisCalls(projekt, PathOf(kind, folder));
-    else
-        AnalyseErgebnisDeaths(projekt, DeathsPath(projekt, folder));
+bool WriteReportFiles(const clsProjekt& projekt, ReportKind kind, const std::string& folder) {
+    switch (kind) {
+        case ReportKind::Structure:
+            return AnalyseErgebnisStructure(projekt, PathOf(kind, folder));
+        case ReportKind::Calls:
+            return AnalyseErgebnisCalls(projekt, PathOf(kind, folder));
+        case ReportKind::Deaths:
+            return AnalyseErgebnisDeaths(projekt, DeathsPath(projekt, folder));
+    }
+    return false;
 }
 
 ReportPlan PlanReports(const clsProjekt& projekt, ReportKind kind, const std::string& folder) {

@@ -14,7 +14,8 @@ enum class ReportKind : std::uint8_t { Structure, Calls, Deaths };
 [[nodiscard]] std::vector<std::string> ReportFiles(const clsProjekt& projekt, ReportKind kind,
                                                    const std::string& folder);
 /// Replaces existing files. `folder` exists. Failures are reported.
-void WriteReportFiles(const clsProjekt& projekt, ReportKind kind, const std::string& folder);
+/// @return false if one of the files could not be written
+bool WriteReportFiles(const clsProjekt& projekt, ReportKind kind, const std::string& folder);
 
 /// What happens when they are written.
 struct ReportPlan {

@@ -60,13 +60,16 @@ std::string StructureReportPath(const clsModul& modul) {
     return modul.FullPath + " Structure.txt";
 }
 
-void AnalyseErgebnisStructure(const clsProjekt& projekt, const clsModul& modul, const std::string& path) {
-    const ErrorSubject subject(modul.FullPath);
-    if (const FileError error = projekt.TheFiles().WriteWhole(path, StructureReport(modul)); error != FileError::None)
+bool AnalyseErgebnisStructure(const clsProjekt& projekt, const clsModul& modul, const std::string& path) {
+    const FileError error = projekt.TheFiles().WriteWhole(path, StructureReport(modul));
+    if (error != FileError::None)
         ShowFileError("clsModul: AnalyseErgebnisStructure", error, path);
+    return error == FileError::None;
 }
 
-void AnalyseErgebnisStructure(const clsProjekt& projekt, const ReportPath& path) {
+bool AnalyseErgebnisStructure(const clsProjekt& projekt, const ReportPath& path) {
+    bool isWhole = true;
     for (const clsModul* modul : projekt.ModulesInReportOrder())
-        AnalyseErgebnisStructure(projekt, *modul, path(*modul));
+        isWhole &= AnalyseErgebnisStructure(projekt, *modul, path(*modul));
+    return isWhole;
 }

@@ -14,8 +14,9 @@ class clsProjekt;
 using ReportPath = std::function<std::string(const clsModul& modul)>;
 [[nodiscard]] std::string StructureReportPath(const clsModul& modul);
 
-/// Writes the report of one module and replaces an existing file. A failure is reported.
-void AnalyseErgebnisStructure(const clsProjekt& projekt, const clsModul& modul, const std::string& path);
+/// Writes the report of one module and replaces an existing file. A failure is reported, and false comes back.
+bool AnalyseErgebnisStructure(const clsProjekt& projekt, const clsModul& modul, const std::string& path);
 
 /// Writes the reports of all modules: Modules, Klassenmodule, Formulare, UserControls.
-void AnalyseErgebnisStructure(const clsProjekt& projekt, const ReportPath& path = StructureReportPath);
+/// @return false if one of them could not be written
+bool AnalyseErgebnisStructure(const clsProjekt& projekt, const ReportPath& path = StructureReportPath);

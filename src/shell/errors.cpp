@@ -82,10 +82,8 @@ void ShowError(std::string_view tag, int number, std::string_view description) {
 }
 
 void ShowFileError(std::string_view tag, FileError error, std::string_view path) {
-    std::string description(Describe(error));
-    if (!path.empty())
-        description.append(" (").append(path).append(")");
-    HoldOrReport({NumberOf(error), std::move(description), std::string(tag), std::string(currentSubject), error});
+    const ErrorSubject subject(path.empty() ? currentSubject : path);
+    HoldOrReport({NumberOf(error), std::string(Describe(error)), std::string(tag), std::string(currentSubject), error});
 }
 
 Text CauseAndRemedy(FileError error) {

@@ -69,8 +69,8 @@ inline void ShowError(std::string_view tag, const VbError& error) {
     ShowError(tag, error.number, error.description);
 }
 
-/// Reports that a file could not be read or written, with the number and description of the cause. `path` is named in
-/// the description if it is not the subject.
+/// Reports that a file could not be read or written, with the number and description of the cause.
+/// @param path  of the file, which becomes the subject of the report; empty if it is the innermost ErrorSubject
 void ShowFileError(std::string_view tag, FileError error, std::string_view path = {});
 /// The text that says what keeps a file from being read or written, and what to do about it.
 [[nodiscard]] Text CauseAndRemedy(FileError error);

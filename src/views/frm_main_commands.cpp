@@ -221,14 +221,14 @@ void frmMain::WriteReports(const std::string& operation) {
     const std::optional<std::string> folder = frmReports(file_, DialogParent(this)).Ask(*gProjekt, kind);
     if (!folder)
         return;
-    const std::size_t problemsBefore = gProjekt->problems.All().size();
     if (!folder->empty())
         if (const FileError error = files_.MakeDirectory(*folder); error != FileError::None) {
             ShowError("modMain: " + operation, 75, std::string(Describe(error)) + " (" + *folder + ")");
             return;
         }
     dialogs_.progress->SetCancelVisible(false);
-    dialogs_.progress->Run(operation, [&] { WriteReportFiles(*gProjekt, kind, *folder); });
+    bool isWhole = false;
+    dialogs_.progress->Run(operation, [&] { isWhole = WriteReportFiles(*gProjekt, kind, *folder); });
     ShowContent();
     ShowProblems();
     // One file is named itself, several are in its folder or around it.
@@ -236,7 +236,6 @@ void frmMain::WriteReports(const std::string& operation) {
     const QString where = kind == ReportKind::Deaths ? first.filePath()
                           : folder->empty() ? QFileInfo(ToPath(files_.SystemPath(gProjekt->FullPath))).absolutePath()
                                             : first.absolutePath();
-    const bool isWhole = gProjekt->problems.All().size() == problemsBefore;
     const QString text = TextNr(isWhole ? Text::ReportsWritten : Text::ReportsIncomplete, where);
     status_->Message(text);
     dialogs_.options->ShowReportResult(text);

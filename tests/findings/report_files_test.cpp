@@ -29,7 +29,7 @@ TEST_F(ReportsAsFiles, WhatIsWrittenIsWhatWasPlanned) {
         for (const char* folder : {"", "out"}) {
             SCOPED_TRACE(static_cast<int>(kind));
             const int files = PlanReports(*gProjekt, kind, folder).files;
-            WriteReportFiles(*gProjekt, kind, folder);
+            EXPECT_TRUE(WriteReportFiles(*gProjekt, kind, folder));
             EXPECT_EQ(PlanReports(*gProjekt, kind, folder).existing, files) << folder;
         }
     EXPECT_TRUE(ProjectFiles().FileExists("out\\001 A.bas Structure.txt"));
@@ -42,17 +42,17 @@ TEST_F(ReportsAsFiles, OlderOnesAreReplacedAndFailuresReported) {
         ProjectFiles().WriteWhole(older, std::string(999, '.'));
         ProjectFiles().WriteWhole(blocked + "\\inside", "");  // makes the path a directory
         const RecordingErrors errors;
-        WriteReportFiles(*gProjekt, kind, "");
+        EXPECT_FALSE(WriteReportFiles(*gProjekt, kind, ""));
         return errors.tags.size() != 1
                    ? "not one failure"
                    : errors.tags.front() + " " + errors.subjects.front() + OnOneLine(ProjectFiles().Bytes(older));
     };
     EXPECT_EQ(write(ReportKind::Structure, "p\\sub\\C.cls Structure.txt", "p\\A.bas Structure.txt"),
-              "clsModul: AnalyseErgebnisStructure p\\A.bas|||a>private Variable as variant|");
+              "clsModul: AnalyseErgebnisStructure p\\A.bas Structure.txt|||a>private Variable as variant|");
     EXPECT_EQ(write(ReportKind::Calls, "p\\sub\\C.cls Calls.txt", "p\\A.bas Calls.txt"),
-              "clsModul: AnalyseErgebnisCalls p\\A.basC||||a>Private Variable|");
+              "clsModul: AnalyseErgebnisCalls p\\A.bas Calls.txtC||||a>Private Variable|");
     ProjectFiles().WriteWhole("p\\App.vbp Deaths.txt", std::string(999, '.'));
-    WriteReportFiles(*gProjekt, ReportKind::Deaths, "");
+    EXPECT_TRUE(WriteReportFiles(*gProjekt, ReportKind::Deaths, ""));
     EXPECT_TRUE(OnOneLine(ProjectFiles().Bytes("p\\App.vbp Deaths.txt")).ends_with("a>private Variable|||||"));
     EXPECT_THAT(write(ReportKind::Deaths, "unrelated", "p\\App.vbp Deaths.txt"), testing::StartsWith("modMain"));
 }

@@ -85,7 +85,8 @@ TEST_F(Errors, FailuresOfFilesNameCauseAndNumber) {
     SetErrorPort(before);
     ASSERT_THAT(reports, SizeIs(1));
     EXPECT_EQ(reports[0].number, 70);
-    EXPECT_EQ(reports[0].description, "Permission is denied. (C:\\x.txt)");
+    EXPECT_EQ(reports[0].description, "Permission is denied.");
+    EXPECT_EQ(reports[0].subject, "C:\\x.txt");
     EXPECT_EQ(reports[0].file, FileError::NoPermission);
 }
 
