@@ -65,7 +65,7 @@ protected:
 TEST_F(ReachPaths, PathsComeByLengthAndOfOneLengthCertainFirst) {
     const Links links(*gProjekt);
     std::vector<std::string> found;
-    for (const CallPath& path : PathsBetween(links, ObjectAt("m.main"), ObjectAt("n.target"))) {
+    for (const ReachPath& path : PathsBetween(links, ObjectAt("m.main"), ObjectAt("n.target"))) {
         std::string text = path.IsCertain() ? "" : "? ";
         for (const Link& link : path.links)
             text.append(link.from->MyName()).append(" ");

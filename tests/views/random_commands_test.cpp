@@ -141,7 +141,6 @@ public:
         for (std::string& path : projects_)
             path = path.front() == '/' ? path : directory_.Path(path);
         directory_.Write("Small.bas", "Attribute VB_Name = \"Small\"\r\nSub Main()\r\n  Main\r\nEnd Sub\r\n");
-        gIniFile = settingsFile_.Path();
         window_ = std::make_unique<frmMain>(files_, settingsFile_, Settings(), programDirectory);
         window_->resize(1024, 700);
         window_->show();
