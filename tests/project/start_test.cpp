@@ -1,7 +1,5 @@
 #include "project/start.h"
 
-#include "shell/clsText.h"
-#include "shell/operations.h"
 #include "shell/program.h"
 #include "shell/settings.h"
 #include "support/project_test.h"
