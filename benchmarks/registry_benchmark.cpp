@@ -35,8 +35,9 @@ private:
 };
 
 void AskAll(const ClassRegistry& registry, int classes) {
+    Names names{CodePage()};
     for (int nr = 0; nr < kLibraries; ++nr) {
-        clsTypeLib library;
+        clsTypeLib library(names);
         library.TypeLibID = GeneratedTypeLib(nr * (classes / 20 / kLibraries));
         library.Version = "1.0";
         benchmark::DoNotOptimize(FindRegistered(registry, library));

@@ -111,8 +111,7 @@ int main(int argc, char** argv) {
     }
     QApplication::setStyle(new WindowStyle);
     DiskFiles files;
-    gIniFile = "/nowhere/Ostrivane.ini";  // the defaults, and nothing is stored
-    SettingsFile file(files, gIniFile);
+    SettingsFile file(files, "/nowhere/Ostrivane.ini");  // the defaults, and nothing is stored
     const std::string programDirectory = GetAppPathWithSlash();
     frmMain window(files, file, StartProgram(files, file, nullptr, programDirectory), programDirectory);
     window.resize(1400, 900);
@@ -129,8 +128,7 @@ int main(int argc, char** argv) {
     const double whole = Milliseconds(timer);
     if (!gProjekt)
         return 1;
-    std::printf("%-58s %.0f ms, of which the load %.0f ms\n", "opening to the painted tree", whole,
-                gTimerProjektOeffnen.Total * 1000);
+    std::printf("%-58s %.0f ms\n", "opening to the painted tree", whole);
 
     std::vector<std::string> objects, modules;
     std::vector<NodeId> groups, libraries;

@@ -2,8 +2,8 @@
 
 #include <vector>
 
+#include "model/clsProjekt.h"
 #include "model/nearest_paths.h"
-#include "platform/code_page.h"
 
 std::string DidYouMean(const clsProjekt& projekt, std::string_view codePath) {
     constexpr std::size_t kMost = 5;
@@ -13,6 +13,6 @@ std::string DidYouMean(const clsProjekt& projekt, std::string_view codePath) {
         text.append(text.empty()               ? "; did you mean "
                     : &path == &nearest.back() ? " or "
                                                : ", ")
-            .append(ActiveCodePage().ToUtf8(path));
+            .append(projekt.TheNames().Page().ToUtf8(path));
     return text.empty() ? text : text + '?';
 }

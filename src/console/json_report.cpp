@@ -26,10 +26,6 @@ namespace {
 
 using Json = nlohmann::ordered_json;
 
-std::string Utf8(std::string_view bytes) {
-    return ActiveCodePage().ToUtf8(bytes);
-}
-
 // Elements are written one by one, each on a line, so that a large project is not in memory a second time as JSON.
 class ArrayWriter {
 public:
@@ -50,10 +46,10 @@ private:
 // Numbers that come from calls are there only if those were looked for.
 Json ModuleJson(const clsProjekt& projekt, const clsModul& modul) {
     const ModuleStatistics of = StatisticsOf(projekt, modul);
-    Json json{{"codePath", Utf8(modul.CodePath())},
-              {"name", Utf8(modul.myNameOrg())},
+    Json json{{"codePath", modul.Utf8(modul.CodePath())},
+              {"name", modul.Utf8(modul.myNameOrg())},
               {"kind", TextOf(modul.ModulTyp)},
-              {"path", Utf8(modul.FullPath)},
+              {"path", modul.Utf8(modul.FullPath)},
               {"code", of.code},
               {"comment", of.comment},
               {"blank", of.blank},
@@ -78,10 +74,10 @@ void WriteEdges(std::ostream& out, const clsProjekt& projekt, const std::vector<
                          const CodeObject& target) {
         edges.Add({{"nr", ++nr},
                    {"kind", kind},
-                   {"from", Utf8(caller.CodePath())},
+                   {"from", caller.Utf8(caller.CodePath())},
                    {"pos", pos},
                    {"line", lines.Of(modul, pos)},
-                   {"to", Utf8(target.CodePath())}});
+                   {"to", target.Utf8(target.CodePath())}});
     };
     projekt.calls.ForEach([&](const clsCall& call) {
         add(call.Type() == CallType::Really  ? "really"
@@ -111,19 +107,22 @@ Json UseJson(const LibraryUse& use) {
 
 /// @param withFile  with the file, or the places where it was sought
 Json LibraryJson(const clsTypeLib& library, bool withFile) {
-    Json json = {{"kind", TextOf(library.LibTyp)},           {"name", Utf8(library.myNameOrg())},
-                 {"description", Utf8(library.Description)}, {"typeLibID", Utf8(library.TypeLibID)},
-                 {"version", Utf8(library.Version)},         {"entry", Utf8(library.ProjektEintrag)}};
+    Json json = {{"kind", TextOf(library.LibTyp)},
+                 {"name", library.Utf8(library.myNameOrg())},
+                 {"description", library.Utf8(library.Description)},
+                 {"typeLibID", library.Utf8(library.TypeLibID)},
+                 {"version", library.Utf8(library.Version)},
+                 {"entry", library.Utf8(library.ProjektEintrag)}};
     if (!withFile || !library.file.IsSought())
         return json;
     json["project"] = library.isProject;
-    json["file"] = library.file.IsFound() ? Json(Utf8(library.file.path)) : Json();
-    json["fileVersion"] = Utf8(library.file.version);
-    json["class"] = Utf8(library.CLSID);
+    json["file"] = library.file.IsFound() ? Json(library.Utf8(library.file.path)) : Json();
+    json["fileVersion"] = library.Utf8(library.file.version);
+    json["class"] = library.Utf8(library.CLSID);
     json["sought"] = Json::array();
     for (const LibraryPlace& place : library.file.places)
         json["sought"].push_back(
-            {{"step", TextOf(place.step)}, {"place", Utf8(place.place)}, {"outcome", TextOf(place.outcome)}});
+            {{"step", TextOf(place.step)}, {"place", library.Utf8(place.place)}, {"outcome", TextOf(place.outcome)}});
     if (!library.format.empty()) {
         json["format"] = library.format;
         AddContents(json, library);
@@ -132,14 +131,14 @@ Json LibraryJson(const clsTypeLib& library, bool withFile) {
 }
 
 Json ObjectJson(const CodeObject& object, std::string_view type) {
-    Json json = {{"codePath", Utf8(object.CodePath())},
-                 {"name", Utf8(object.myNameOrg())},
+    Json json = {{"codePath", object.Utf8(object.CodePath())},
+                 {"name", object.Utf8(object.myNameOrg())},
                  {"kind", KindOf(object)},
                  {"access", TextOf(object.Zugriff)},
-                 {"type", Utf8(type)}};
+                 {"type", object.Utf8(type)}};
     if (object.Class() == ObjectClass::Prozedur)
-        json["procedureKind"] = Utf8(static_cast<const clsProzedur&>(object).ProzedurTypText());
-    json["module"] = Utf8(object.Modul->CodePath());
+        json["procedureKind"] = static_cast<const clsProzedur&>(object).ProzedurTypText();
+    json["module"] = object.Utf8(object.Modul->CodePath());
     json["start"] = object.DeclareStart;
     json["end"] = object.DeclareEnd;
     json["dead"] = object.IsDeath;
@@ -194,27 +193,27 @@ std::string_view WordOf(EntryKind kind) {
     return kWords[static_cast<std::size_t>(kind)];
 }
 
-Json ReasonJson(const Reason& reason) {
+Json ReasonJson(const CodeObject& of, const Reason& reason) {
     Json json{{"kind", WordOf(reason.kind)}};
     if (reason.chain.entry) {
-        json["entry"] = Utf8(reason.chain.entry->object->CodePath());
+        json["entry"] = reason.chain.entry->object->Utf8(reason.chain.entry->object->CodePath());
         json["steps"] = Json::array();
         for (const Link& link : reason.chain.links)
-            json["steps"].push_back({{"from", Utf8(link.from->CodePath())},
+            json["steps"].push_back({{"from", link.from->Utf8(link.from->CodePath())},
                                      {"pos", link.pos},
                                      {"certain", link.IsCertain()},
-                                     {"to", Utf8(link.to->CodePath())}});
+                                     {"to", link.to->Utf8(link.to->CodePath())}});
     }
     if (reason.doubt.kind != DoubtKind::None) {
         json["firstPossible"] = reason.firstPossible;
         json["doubt"] = WordOf(reason.doubt.kind);
-        json["receiver"] = Utf8(reason.doubt.receiver);
-        json["type"] = Utf8(reason.doubt.type);
+        json["receiver"] = of.Utf8(reason.doubt.receiver);
+        json["type"] = of.Utf8(reason.doubt.type);
     }
     if (!reason.objects.empty()) {
         json["objects"] = Json::array();
         for (const CodeObject* object : reason.objects)
-            json["objects"].push_back(Utf8(object->CodePath()));
+            json["objects"].push_back(object->Utf8(object->CodePath()));
     }
     if (reason.keptByRule)
         json["keptByRule"] = true;
@@ -226,21 +225,22 @@ void AddReach(Json& json, const Reasons& reasons, const CodeObject& object) {
         return;
     const Grading grading = reasons.GradeOf(object);
     json["reach"] = WordOf(reasons.TheReach().StateOf(object));
-    json["reason"] = ReasonJson(reasons.ReasonOf(object));
+    json["reason"] = ReasonJson(object, reasons.ReasonOf(object));
     json["grade"] = WordOf(grading.grade);
     if (grading.reason != GradeReason::None)
         json["gradeReason"] = WordOf(grading.reason);
     if (grading.leftAlone)
-        json["leftAlone"] = Utf8(grading.leftAlone->comment);
+        json["leftAlone"] = object.Utf8(grading.leftAlone->comment);
 }
 
 void WriteEntryPoints(std::ostream& out, const Reach& reach) {
     ArrayWriter entries(out, "entryPoints");
     for (const EntryPoint& entry : reach.EntryPoints()) {
-        Json json{
-            {"codePath", Utf8(entry.object->CodePath())}, {"kind", WordOf(entry.kind)}, {"certain", entry.IsCertain()}};
+        Json json{{"codePath", entry.object->Utf8(entry.object->CodePath())},
+                  {"kind", WordOf(entry.kind)},
+                  {"certain", entry.IsCertain()}};
         if (entry.modul)
-            json.update({{"module", Utf8(entry.modul->CodePath())}, {"pos", entry.pos}});
+            json.update({{"module", entry.modul->Utf8(entry.modul->CodePath())}, {"pos", entry.pos}});
         entries.Add(json);
     }
 }
@@ -341,8 +341,9 @@ void ForEachModule(clsProjekt& projekt, Use use) {
 
 void WriteJson(std::ostream& out, clsProjekt& projekt, const JsonParts& parts) {
     const std::vector<LocalUse> localUses = parts.localsChecked ? LocalUsesOf(projekt) : std::vector<LocalUse>();
-    const Json head = {{"name", Utf8(projekt.MyName)},
-                       {"path", Utf8(projekt.FullPath)},
+    const CodePage& page = projekt.TheNames().Page();
+    const Json head = {{"name", page.ToUtf8(projekt.MyName)},
+                       {"path", page.ToUtf8(projekt.FullPath)},
                        {"code", projekt.AnzCodeZeilen},
                        {"comment", projekt.AnzCommentZeilen},
                        {"blank", projekt.AnzBlankZeilen}};
@@ -378,8 +379,9 @@ void WriteJson(std::ostream& out, clsProjekt& projekt, const JsonParts& parts) {
         ArrayWriter problems(out, "problems");
         for (const Problem& problem : projekt.problems.All())
             if (!problem.isHint)
-                problems.Add(
-                    {{"tag", Utf8(problem.tag)}, {"text", Utf8(problem.text)}, {"path", Utf8(problem.subject)}});
+                problems.Add({{"tag", page.ToUtf8(problem.tag)},
+                              {"text", page.ToUtf8(problem.text)},
+                              {"path", page.ToUtf8(problem.subject)}});
     }
     out << "\n}\n";
 }

@@ -2,14 +2,9 @@
 
 #include "findings/library_use.h"
 #include "model/clsProjekt.h"
-#include "platform/code_page.h"
 #include "shell/csv.h"
 
 namespace {
-
-std::string Utf8(std::string_view bytes) {
-    return ActiveCodePage().ToUtf8(bytes);
-}
 
 std::string UseText(const LibraryUse& use, bool isFound) {
     if (!use.IsUsed())
@@ -29,8 +24,8 @@ std::string_view StateOf(const clsTypeLib& library) {
     return library.file.IsFound() ? "found" : "missing";
 }
 
-std::string PlaceText(const LibraryPlace& place) {
-    return std::string(TextOf(place.step)) + ": " + (place.place.empty() ? "" : Utf8(place.place) + ", ") +
+std::string PlaceText(const clsTypeLib& library, const LibraryPlace& place) {
+    return std::string(TextOf(place.step)) + ": " + (place.place.empty() ? "" : library.Utf8(place.place) + ", ") +
            std::string(TextOf(place.outcome));
 }
 
@@ -39,30 +34,30 @@ std::string SoughtText(const clsTypeLib& library) {
     std::string text;
     if (!library.file.IsFound())
         for (const LibraryPlace& place : library.file.places)
-            text += (text.empty() ? "" : "; ") + PlaceText(place);
+            text += (text.empty() ? "" : "; ") + PlaceText(library, place);
     return text;
 }
 
 std::string Page(const clsTypeLib& library, const LibraryUse& use) {
-    std::string page = Utf8(library.myNameOrg());
+    std::string page = library.Utf8(library.myNameOrg());
     if (!library.Description.empty())
-        page += " - " + Utf8(library.Description);
+        page += " - " + library.Utf8(library.Description);
     page += "\n";
     const auto line = [&page](std::string_view label, const std::string& value) {
         page.append("  ").append(label).append(12 - label.size(), ' ').append(value).append("\n");
     };
     line("kind", std::string(TextOf(library.LibTyp)) + (library.isProject ? " (project)" : ""));
     if (!library.isProject)
-        line("identifier", Utf8(library.TypeLibID) + " version " + Utf8(library.Version));
+        line("identifier", library.Utf8(library.TypeLibID) + " version " + library.Utf8(library.Version));
     if (library.file.IsFound()) {
-        line("file", Utf8(library.file.path));
+        line("file", library.Utf8(library.file.path));
         if (!library.format.empty())
             line("contents",
                  Counted(use.classes, "class", "classes") + ", " + Counted(use.members, "member", "members"));
     } else {
         line("file", std::string(StateOf(library)));
         for (const LibraryPlace& place : library.file.places)
-            line("", PlaceText(place));
+            line("", PlaceText(library, place));
     }
     line("use", UseText(use, library.file.IsFound()));
     return page;
@@ -87,8 +82,9 @@ std::string LibraryTable(const clsProjekt& projekt) {
         const clsTypeLib& library = *projekt.OwnedLibraries()[i];
         const LibraryUse& use = uses[i];
         for (const std::string& text :
-             {Utf8(library.myNameOrg()), Utf8(library.Description), Utf8(library.Version), Utf8(library.TypeLibID),
-              std::string(TextOf(library.LibTyp)), std::string(StateOf(library)), Utf8(library.file.path)})
+             {library.Utf8(library.myNameOrg()), library.Utf8(library.Description), library.Utf8(library.Version),
+              library.Utf8(library.TypeLibID), std::string(TextOf(library.LibTyp)), std::string(StateOf(library)),
+              library.Utf8(library.file.path)})
             table += CsvCell(text) + ",";
         for (const int number : {use.classes, use.members, use.modules, use.places, use.controls})
             table += std::to_string(number) + ",";

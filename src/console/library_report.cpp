@@ -96,11 +96,7 @@ Json TypeJson(const TypeLibrary& library, const typelib::Type& type) {
     return json;
 }
 
-std::string Utf8(std::string_view bytes) {
-    return ActiveCodePage().ToUtf8(bytes);
-}
-
-Json ImportsJson(const TypeLibrary& library, LibraryLoader& loader) {
+Json ImportsJson(const TypeLibrary& library, const clsTypeLib& objects, LibraryLoader& loader) {
     Json imports = Json::array();
     for (const typelib::ImportedLibrary& imported : library.importedLibraries) {
         const std::string found = loader.FileOf(imported);
@@ -108,18 +104,18 @@ Json ImportsJson(const TypeLibrary& library, LibraryLoader& loader) {
                            {"id", imported.id},
                            {"version", std::to_string(imported.major) + '.' + std::to_string(imported.minor)},
                            {"lcid", imported.lcid},
-                           {"file", found.empty() ? Json() : Json(Utf8(found))}});
+                           {"file", found.empty() ? Json() : Json(objects.Utf8(found))}});
     }
     return imports;
 }
 
 Json VariableJson(const clsTypeLib& library, const clsVariable& variable) {
     const LibraryDetail& detail = library.DetailOf(variable);
-    Json json = {{"name", Utf8(variable.myNameOrg())},
-                 {"datenTyp", Utf8(variable.DatenTyp())},
-                 {"type", Utf8(detail.shownType.View())}};
+    Json json = {{"name", variable.Utf8(variable.myNameOrg())},
+                 {"datenTyp", variable.Utf8(variable.DatenTyp())},
+                 {"type", variable.Utf8(detail.shownType.View())}};
     if (!detail.value.Empty())
-        json["value"] = Utf8(detail.value.View());
+        json["value"] = variable.Utf8(detail.value.View());
     return json;
 }
 
@@ -134,11 +130,11 @@ Json ProcedureJson(const clsTypeLib& library, const clsProzedur& prozedur) {
             argument["paramArray"] = true;
         arguments.push_back(std::move(argument));
     }
-    return {{"codePath", Utf8(prozedur.CodePath())},
-            {"name", Utf8(prozedur.myNameOrg())},
+    return {{"codePath", prozedur.Utf8(prozedur.CodePath())},
+            {"name", prozedur.Utf8(prozedur.myNameOrg())},
             {"kind", prozedur.IsEvent ? "event" : TextOf(prozedur.ProzedurTyp)},
-            {"datenTyp", Utf8(prozedur.DatenTyp())},
-            {"type", Utf8(detail.shownType.View())},
+            {"datenTyp", prozedur.Utf8(prozedur.DatenTyp())},
+            {"type", prozedur.Utf8(detail.shownType.View())},
             {"hidden", detail.isHidden || detail.isRestricted},
             {"arguments", std::move(arguments)}};
 }
@@ -153,7 +149,7 @@ Json ProceduresJson(const clsTypeLib& library, const clsCollection<clsProzedur>&
 Json VariablesJson(const clsTypeLib& library, const clsCollection<clsVariable>& variables) {
     Json json = Json::array();
     for (const clsVariable* variable : variables) {
-        Json one = {{"codePath", Utf8(variable->CodePath())}};
+        Json one = {{"codePath", variable->Utf8(variable->CodePath())}};
         one.update(VariableJson(library, *variable));
         json.push_back(std::move(one));
     }
@@ -161,7 +157,7 @@ Json VariablesJson(const clsTypeLib& library, const clsCollection<clsVariable>& 
 }
 
 Json HeadJson(const CodeObject& object) {
-    return {{"codePath", Utf8(object.CodePath())}, {"name", Utf8(object.myNameOrg())}};
+    return {{"codePath", object.Utf8(object.CodePath())}, {"name", object.Utf8(object.myNameOrg())}};
 }
 
 Json ClassesJson(const clsTypeLib& library) {
@@ -204,7 +200,7 @@ void WriteLibraryJson(std::ostream& out, const TypeLibrary& library, const clsTy
                  {"lcid", library.lcid},
                  {"format", TextOf(library.format)},
                  {"description", library.description},
-                 {"imports", ImportsJson(library, loader)}};
+                 {"imports", ImportsJson(library, objects, loader)}};
     Json types = Json::array();
     for (const typelib::Type& type : library.types)
         types.push_back(TypeJson(library, type));

@@ -206,15 +206,18 @@ Settings WithOptions(Settings settings, const Options& options) {
     return settings;
 }
 
+std::string SettingsFileOf(const Options& options) {
+    return options.settings.empty() ? SettingsPath(GetAppPathWithSlash(), kIniFileName) : options.settings;
+}
+
 // Starts the program; nothing if the settings file of an option does not exist.
 std::optional<Settings> StartWith(const Options& options, Files& files) {
     const std::string programDirectory = GetAppPathWithSlash();
-    gIniFile = options.settings.empty() ? SettingsPath(programDirectory, kIniFileName) : options.settings;
-    if (!options.settings.empty() && !files.FileExists(gIniFile)) {
-        std::cerr << gIniFile << ": " << Describe(FileError::NotFound) << '\n';
+    if (!options.settings.empty() && !files.FileExists(options.settings)) {
+        std::cerr << options.settings << ": " << Describe(FileError::NotFound) << '\n';
         return {};
     }
-    SettingsFile settings(files, gIniFile);
+    SettingsFile settings(files, SettingsFileOf(options));
     Settings stored = WithOptions(StartProgram(files, settings, nullptr, programDirectory), options);
     if (!options.language.empty()) {
         gText.Language = options.language;
@@ -239,7 +242,7 @@ int PrintLibrary(const Options& options) {
     if (library.types.empty() && !library.problems.empty())
         return NothingAnalysed;
     bool isWritten = true;
-    clsProjekt projekt(files);
+    clsProjekt projekt(files, ActiveCodePage());
     LibrarySearch search(files, LibrarySourcesOf(*settings, files));
     search.Begin(options.library);
     LibraryLoader loader(projekt, search);
@@ -346,7 +349,7 @@ int Run(const Options& options) {
     std::unique_ptr<ReachAnswers> answers;
     std::unique_ptr<ReachPage> answer;
     if (options.Asks() || options.reach)
-        answers = std::make_unique<ReachAnswers>(*gProjekt, gIniFile);
+        answers = std::make_unique<ReachAnswers>(*gProjekt, SettingsFileOf(options));
     if (options.Asks() && !(answer = answers->AnswerTo(options.question)))
         return NothingAnalysed;
 
@@ -419,6 +422,23 @@ void AddReachOptions(CLI::App& app, Options& options) {
     }
 }
 
+// Where libraries are sought.
+void AddLibraryOptions(CLI::App& app, Options& options) {
+    app.add_option("--library-folder", options.libraryFolders, "Folder with files of referenced libraries")
+        ->type_name("DIR")
+        ->take_all()
+        ->allow_extra_args(false)
+        ->expected(1);
+    app.add_option("--registry", options.registryFiles, "Exported registry file (.reg) that knows the libraries")
+        ->type_name("FILE")
+        ->take_all()
+        ->allow_extra_args(false)
+        ->expected(1);
+    app.add_option("--wine-prefix", options.winePrefix, "Wine prefix that knows the libraries, or none")
+        ->type_name("DIR");
+    app.add_flag("--no-libraries", options.noLibraries, "Do not look for referenced libraries");
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -456,19 +476,7 @@ int main(int argc, char** argv) {
         ->expected(1);
     auto* overview = app.add_flag("--summary", options.overview,
                                   "Print an overview in place of the counts; no reports unless a kind is named");
-    app.add_option("--library-folder", options.libraryFolders, "Folder with files of referenced libraries")
-        ->type_name("DIR")
-        ->take_all()
-        ->allow_extra_args(false)
-        ->expected(1);
-    app.add_option("--registry", options.registryFiles, "Exported registry file (.reg) that knows the libraries")
-        ->type_name("FILE")
-        ->take_all()
-        ->allow_extra_args(false)
-        ->expected(1);
-    app.add_option("--wine-prefix", options.winePrefix, "Wine prefix that knows the libraries, or none")
-        ->type_name("DIR");
-    app.add_flag("--no-libraries", options.noLibraries, "Do not look for referenced libraries");
+    AddLibraryOptions(app, options);
     auto* inventory = app.add_flag("--libraries", options.inventory,
                                    "Print each referenced library with what uses it, and no reports")
                           ->excludes(library);

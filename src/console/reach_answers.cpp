@@ -4,7 +4,6 @@
 
 #include "console/did_you_mean.h"
 #include "model/clsProjekt.h"
-#include "platform/code_page.h"
 
 namespace {
 
@@ -45,7 +44,8 @@ std::unique_ptr<ReachPage> ReachAnswers::AnswerTo(const ReachQuestion& question)
 }
 
 const CodeObject* ReachAnswers::ObjectAt(const std::string& path) const {
-    const std::string codePath = LowerCase(ActiveCodePage().FromUtf8(path));
+    const CodePage& page = reach_.Projekt().TheNames().Page();
+    const std::string codePath = page.LowerCase(page.FromUtf8(path));
     const CodeObject* found = reach_.Projekt().GetObjectFromCodePath(codePath);
     if (found && !found->myLibrary)
         return found;

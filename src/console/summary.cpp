@@ -12,7 +12,7 @@ std::string SummaryText(const clsProjekt& projekt, double milliseconds, double c
     ModuleCounts objects;
     for (const clsModul* modul : projekt.AllModules())
         objects.Add(*modul);
-    std::string text = ActiveCodePage().ToUtf8(projekt.MyName) + "\n";
+    std::string text = projekt.TheNames().Page().ToUtf8(projekt.MyName) + "\n";
     const auto line = [&text](Text label, const std::string& value) {
         AddLabelledLine(text, "  " + Utf8TextNr(label), value, 20);
     };

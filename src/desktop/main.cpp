@@ -52,10 +52,9 @@ int main(int argc, char** argv) {
 
     DiskFiles files;
     const std::string programDirectory = GetAppPathWithSlash();
-    gIniFile = SettingsPath(programDirectory, kIniFileName);
-    SettingsFile file(files, gIniFile);
+    SettingsFile file(files, SettingsPath(programDirectory, kIniFileName));
     // This system has no registry: a file beside the settings replaces it.
-    const std::string directory = QFileInfo(ToPath(gIniFile)).absolutePath().toStdString();
+    const std::string directory = QFileInfo(ToPath(file.Path())).absolutePath().toStdString();
     FileRegistry registry(files, directory + "/Ostrivane.registry");
     SetMessagePort([](std::string_view text) { ShowMessage(nullptr, LanguageText(text)); });
     Settings settings = StartProgram(files, file, &registry, programDirectory);

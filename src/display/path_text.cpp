@@ -67,7 +67,7 @@ ReachAnswer PathAnswer(const Reach& reach, const CodeObject& from, const CodeObj
     ReachAnswer answer;
     answer.title = Filled(Text::PathFromTo, PathText(from), PathText(to));
     int nr = 0;
-    for (const CallPath& path : PathsBetween(reach.TheLinks(), from, to)) {
+    for (const ReachPath& path : PathsBetween(reach.TheLinks(), from, to)) {
         const std::string certainty = Certainty(path.IsCertain());
         ++nr;
         answer.rows.push_back(HeadingRow(nr, Filled(Text::PathNumber, std::to_string(nr)) + " \u00B7 " +

@@ -39,7 +39,7 @@ public:
     WhyRows Make() {
         const Reason reason = reasons_.ReasonOf(object_);
         Say(SentenceOf(reason));
-        Say(SentenceOf(reasons_.GradeOf(object_)));
+        Say(SentenceOf(object_, reasons_.GradeOf(object_)));
         if (const Declaration* declared = reach_.TheDeclared().Of(object_.CodePath());
             declared && !declared->comment.empty())
             Say(Utf8TextNr(Text::Comment) + ": " + Utf8Of(nullptr, declared->comment));

@@ -68,10 +68,7 @@ bool Workspace::Open(const std::string& path, const std::string& codePage) {
     SetActiveCodePage(CodePage(codePage.empty() ? settings_.CodePage : codePage));
     NewProject(files_, path);
     projekt_->CondComps_Win32_Win16(settings_.Win32 == 1);
-    Timer_Reset(gTimerProjektOeffnen);
-    Timer_Start(gTimerProjektOeffnen);
     const bool isWhole = ports_.run("Projekt_Laden", true, [this] { Projekt_Laden(*projekt_, SearchOfLibraries()); });
-    Timer_Stop(gTimerProjektOeffnen);
     if (!isWhole) {
         Close();
         return false;

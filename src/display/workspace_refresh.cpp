@@ -97,7 +97,7 @@ Workspace::Refreshed Workspace::Refresh() {
 
 // Loads the project as if it were opened, while what is shown stays. False after a cancel, which changes nothing.
 bool Workspace::LoadAgain() {
-    auto loaded = std::make_unique<clsProjekt>(files_);
+    auto loaded = std::make_unique<clsProjekt>(files_, ActiveCodePage());
     loaded->FullPath = projekt_->FullPath;
     loaded->CondComps_Win32_Win16(settings_.Win32 == 1);
     ProblemList* const before = SetProblems(&loaded->problems);

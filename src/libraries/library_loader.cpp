@@ -74,7 +74,7 @@ const LibraryInFile& LibraryLoader::Read(const std::string& file, int resource) 
 
 // A library takes types from others that the project need not name, such as that of fonts and pictures.
 const LibraryLoader::Import& LibraryLoader::Imported(const typelib::ImportedLibrary& imported) {
-    clsTypeLib other(std::pmr::get_default_resource());
+    clsTypeLib other(projekt_.TheNames());
     other.TypeLibID = imported.id;
     other.Version = VersionText(imported.major, imported.minor);
     other.LineFile = imported.file;

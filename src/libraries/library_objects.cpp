@@ -36,7 +36,7 @@ private:
     }
 
     void MakeClass(const LibraryClass& oneClass) {
-        clsModul& modul = library_.NewClass(names_);
+        clsModul& modul = library_.NewClass();
         modul.SetName(Intern(oneClass.name));
         modul.ModulTyp = oneClass.kind;
         modul.Zugriff = Access::Public;

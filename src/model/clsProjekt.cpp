@@ -43,7 +43,7 @@ void clsProjekt::CondComps_Win32_Win16(bool win32) {
 }
 
 clsTypeLib& clsProjekt::NewLibrary() {
-    return *libraries_.emplace_back(std::make_unique<clsTypeLib>(Memory()));
+    return *libraries_.emplace_back(std::make_unique<clsTypeLib>(names_, Memory()));
 }
 
 void clsProjekt::DropDerived() {

@@ -20,7 +20,7 @@ class clsProjekt {
 public:
     /// @param files  must outlive the project
     /// @param page   of the sources; decides which names are equal
-    explicit clsProjekt(Files& files, const CodePage& page = ActiveCodePage());
+    explicit clsProjekt(Files& files, const CodePage& page = CodePage::Auto());
     ~clsProjekt();
     clsProjekt(const clsProjekt&) = delete;
     clsProjekt& operator=(const clsProjekt&) = delete;

@@ -1,8 +1,8 @@
 #include "model/clsTypeLib.h"
 
-clsModul& clsTypeLib::NewClass(Names& names) {
+clsModul& clsTypeLib::NewClass() {
     constexpr std::size_t kBlock = 512;  // most classes have few members, and a library can have thousands of classes
-    clsModul& oneClass = *classes_.emplace_back(std::make_unique<clsModul>(names, Memory(), kBlock));
+    clsModul& oneClass = *classes_.emplace_back(std::make_unique<clsModul>(names_, Memory(), kBlock));
     GiveNumber(oneClass);
     return oneClass;
 }

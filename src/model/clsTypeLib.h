@@ -21,11 +21,15 @@
 
 class clsTypeLib final : public CodeObject {
 public:
+    /// @param names   of the project; they outlive the library
     /// @param memory  where the arena of its contents gets its blocks; it outlives the library
-    explicit clsTypeLib(std::pmr::memory_resource* memory = std::pmr::get_default_resource())
-        : CodeObject(ObjectClass::TypeLib), arena_(memory) {}
+    explicit clsTypeLib(Names& names, std::pmr::memory_resource* memory = std::pmr::get_default_resource())
+        : CodeObject(ObjectClass::TypeLib), names_(names), arena_(memory) {}
+
+    [[nodiscard]] Names& TheNames() const { return names_; }
 
 private:
+    Names& names_;
     Arena arena_;  // first, as all below lives in it
 
 public:
@@ -76,7 +80,7 @@ public:
         GiveNumber(object);
         return object;
     }
-    [[nodiscard]] clsModul& NewClass(Names& names);
+    [[nodiscard]] clsModul& NewClass();
     [[nodiscard]] LibraryDetail& DetailOf(const CodeObject& object) { return details_[object.numberInModule]; }
     [[nodiscard]] const LibraryDetail& DetailOf(const CodeObject& object) const {
         return details_[object.numberInModule];

@@ -99,6 +99,13 @@ std::string CodeObject::Path(NameOf nameOf) const {
     return path;
 }
 
+std::string CodeObject::Utf8(std::string_view bytes) const {
+    const auto* const modul = class_ == ObjectClass::Modul ? static_cast<const clsModul*>(this) : Modul;
+    const auto* const library = class_ == ObjectClass::TypeLib ? static_cast<const clsTypeLib*>(this) : myLibrary;
+    const Names& names = library ? library->TheNames() : modul->TheNames();
+    return names.Page().ToUtf8(bytes);
+}
+
 Name CodeObject::LocalKey() const {
     const auto* prozedur = class_ == ObjectClass::Prozedur ? static_cast<const clsProzedur*>(this) : nullptr;
     return prozedur && !prozedur->accessorKey.Empty() ? prozedur->accessorKey : name_;

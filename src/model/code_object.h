@@ -49,6 +49,8 @@ public:
     /// Computed on each call, so it follows a renamed owner.
     [[nodiscard]] std::string CodePathOrg() const { return Path(&CodeObject::myNameOrg); }
     [[nodiscard]] std::string CodePath() const { return Path(&CodeObject::MyName); }
+    /// Bytes of its project as UTF-8.
+    [[nodiscard]] std::string Utf8(std::string_view bytes) const;
     /// Key of the object in its module's collections: the name, and for an accessor its word after it. Paths of one
     /// class in one module differ in nothing else.
     [[nodiscard]] Name LocalKey() const;

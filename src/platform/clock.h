@@ -1,4 +1,4 @@
-// The high-resolution clock and the time of day.
+// The high-resolution clock, and the time as files are dated.
 #pragma once
 
 #include <cstdint>
@@ -9,5 +9,3 @@
 [[nodiscard]] std::int64_t PerformanceFrequency();
 /// Nanoseconds since 1970, as files are dated.
 [[nodiscard]] std::int64_t SystemTime();
-/// Seconds since midnight, local time, in single precision.
-[[nodiscard]] float TimerOfDay();

@@ -372,6 +372,11 @@ CodePage& Active() {
 }
 }  // namespace
 
+const CodePage& CodePage::Auto() {
+    static const CodePage page;
+    return page;
+}
+
 const CodePage& ActiveCodePage() {
     return Active();
 }

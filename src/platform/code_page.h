@@ -17,7 +17,10 @@ public:
     /// know, selects "auto".
     explicit CodePage(std::string_view setting);
 
-    /// The active setting: "auto" or the number.
+    /// The page "auto", which lasts as long as the program.
+    [[nodiscard]] static const CodePage& Auto();
+
+    /// The setting: "auto" or the number.
     [[nodiscard]] const std::string& Setting() const { return setting_; }
 
     /// Lower case of one byte. In multi-byte pages only ASCII letters change, so the length of a text never does.
@@ -68,7 +71,8 @@ struct CodePageName {
 /// True for well-formed UTF-8 (no overlong forms, no surrogates); pure ASCII is well-formed.
 [[nodiscard]] bool IsValidUtf8(std::string_view text);
 
-/// The active page of the whole program. Changing it does not affect texts that were read before.
+/// The active page of the whole program: for texts of no project, and for whatever the window and the console show of
+/// the open one. Changing it does not affect texts that were read before.
 [[nodiscard]] const CodePage& ActiveCodePage();
 void SetActiveCodePage(CodePage page);
 

@@ -312,36 +312,25 @@ FileText DiskFiles::ReadText(std::string_view path) const {
 }
 
 FileBytes DiskFiles::ReadBytes(std::string_view path, std::size_t most) const {
+    return ReadPart(path, most, 0, most);
+}
+
+FileBytes DiskFiles::ReadStretch(std::string_view path, std::size_t from, std::size_t length) const {
+    return ReadPart(path, std::numeric_limits<std::size_t>::max(), from, length);
+}
+
+// A stretch of a file that has at most `most` bytes.
+FileBytes DiskFiles::ReadPart(std::string_view path, std::size_t most, std::size_t from, std::size_t length) const {
     FileBytes file;
     const int error = directories_->Try(path, [&](const std::string& systemPath) {
         const FileHandle handle(systemPath.c_str(), kReading);
         struct stat status {};
         if (const int why = CheckForReading(handle, most, status); why != 0)
             return why;
-        const auto expected = static_cast<std::size_t>(status.st_size);
-        file.bytes.resize(expected);
-        const std::optional<std::size_t> count = ReadUpTo(handle.Number(), file.bytes.data(), expected, expected);
-        if (!count)
-            return errno;
-        file.bytes.resize(*count);
-        return 0;
-    });
-    if (error != 0)
-        file = {{}, ReadErrorOf(error)};
-    return file;
-}
-
-FileBytes DiskFiles::ReadStretch(std::string_view path, std::size_t from, std::size_t length) const {
-    FileBytes file;
-    const int error = directories_->Try(path, [&](const std::string& systemPath) {
-        const FileHandle handle(systemPath.c_str(), kReading);
-        struct stat status {};
-        if (const int why = CheckForReading(handle, std::numeric_limits<std::uintmax_t>::max(), status); why != 0)
-            return why;
         const auto size = static_cast<std::size_t>(status.st_size);
         if (from >= size)
             return 0;
-        if (lseek(handle.Number(), static_cast<off_t>(from), SEEK_SET) < 0)
+        if (from > 0 && lseek(handle.Number(), static_cast<off_t>(from), SEEK_SET) < 0)
             return errno;
         const std::size_t expected = std::min(length, size - from);
         file.bytes.resize(expected);

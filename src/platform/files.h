@@ -80,6 +80,9 @@ public:
     [[nodiscard]] std::string SystemPath(std::string_view path) const override;
 
 private:
+    [[nodiscard]] FileBytes ReadPart(std::string_view path, std::size_t most, std::size_t from,
+                                     std::size_t length) const;
+
     struct Directories;  // cached listings, for paths whose letter case differs from the disk's
     std::unique_ptr<Directories> directories_;
 };

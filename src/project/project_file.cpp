@@ -76,8 +76,6 @@ std::vector<ModuleLine> ModuleLines(std::string_view projektDir, std::string_vie
 // The registry is read here, and not at the start of the program: it can be large, and many projects need none.
 void FindLibraries(clsProjekt& projekt, LibrarySearch& search) {
     search.Begin(projekt.FullPath);
-    if (!search.TheRegistry().IsRead())
-        gCLSIDKeys = search.TheRegistry().SubKeys(RegistryRoot::ClassesRoot, "CLSID");
     LibraryLoader(projekt, search).LoadAll();
 }
 

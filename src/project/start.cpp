@@ -8,15 +8,13 @@
 #include "shell/operations.h"
 #include "shell/program.h"
 #include "shell/settings.h"
-#include "shell/timing.h"
 #include "source/tokens.h"
 
 std::unique_ptr<clsProjekt> gProjekt;
-std::vector<std::string> gCLSIDKeys;
 
 clsProjekt& NewProject(Files& files, const std::string& path) {
     CloseProject();
-    gProjekt = std::make_unique<clsProjekt>(files);
+    gProjekt = std::make_unique<clsProjekt>(files, ActiveCodePage());
     gProjekt->FullPath = path;
     SetProblems(&gProjekt->problems);
     return *gProjekt;
@@ -32,9 +30,6 @@ void InitGlobals() {
     CloseProject();
     gText = {};
     gAbort = false;
-    gAction.clear();
-    gCLSIDKeys.clear();
-    gTimerProjektOeffnen = {};
 }
 
 Settings StartProgram(const Files& files, SettingsFile& settings, Registry* registry,
@@ -44,9 +39,7 @@ Settings StartProgram(const Files& files, SettingsFile& settings, Registry* regi
     gText.Language = options.Language;
     SetActiveCodePage(CodePage(options.CodePage));
     gText.SetLanguage(files, programDirectory);
-    if (!registry)
-        return options;
-    gCLSIDKeys = registry->SubKeys(RegistryRoot::ClassesRoot, "CLSID");
-    Version_Record(*registry, ProgramVersion());
+    if (registry)
+        Version_Record(*registry, ProgramVersion());
     return options;
 }

@@ -3,7 +3,6 @@
 
 #include <memory>
 #include <string>
-#include <vector>
 
 class Files;
 class Registry;
@@ -15,9 +14,6 @@ struct Settings;
 /// project as a parameter.
 extern std::unique_ptr<clsProjekt> gProjekt;
 
-/// Names of all sub-keys of CLSID among the classes of the registry.
-extern std::vector<std::string> gCLSIDKeys;
-
 /// Resets everything to the state before the first project is opened. Closes an open project without a question.
 void InitGlobals();
 
@@ -26,10 +22,10 @@ clsProjekt& NewProject(Files& files, const std::string& path);
 /// Closes the open project, if any.
 void CloseProject();
 
-/// The start of the program up to its window, in this order: globals, settings, language, class registry,
+/// The start of the program up to its window, in this order: globals, settings, language,
 /// version record.
 /// @param programDirectory  ends with its separator
-/// @param registry          null skips the last two steps
+/// @param registry          null skips the last step
 /// @return the settings that were read
 Settings StartProgram(const Files& files, SettingsFile& settings, Registry* registry,
                       const std::string& programDirectory);

@@ -106,8 +106,8 @@ public:
                 Push(start, kNoStep, {}, 0, false);
     }
 
-    std::vector<CallPath> Find() {
-        std::vector<CallPath> paths;
+    std::vector<ReachPath> Find() {
+        std::vector<ReachPath> paths;
         // Where most ways run in circles, the search ends before it has seen them all.
         for (std::size_t looked = 0; !open_.empty() && paths.size() < most_ && looked < kMostLooks; ++looked) {
             const std::size_t at = open_.top().step;
@@ -154,8 +154,8 @@ private:
                 return true;
         return false;
     }
-    [[nodiscard]] CallPath PathTo(std::size_t at) const {
-        CallPath path;
+    [[nodiscard]] ReachPath PathTo(std::size_t at) const {
+        ReachPath path;
         for (; steps_[at].before != kNoStep; at = steps_[at].before)
             path.links.push_back(steps_[at].link);
         std::ranges::reverse(path.links);
@@ -192,11 +192,12 @@ private:
 
 }  // namespace
 
-bool CallPath::IsCertain() const {
+bool ReachPath::IsCertain() const {
     return std::ranges::all_of(links, &Link::IsCertain);
 }
 
-std::vector<CallPath> PathsBetween(const Links& links, const CodeObject& from, const CodeObject& to, std::size_t most) {
+std::vector<ReachPath> PathsBetween(const Links& links, const CodeObject& from, const CodeObject& to,
+                                    std::size_t most) {
     return PathSearch(links, PartsOf(from), PartsOf(to), most).Find();
 }
 

@@ -9,7 +9,7 @@
 
 /// A way from one object to another: each link begins where the one before it ends. It passes no object twice. Of
 /// several calls between the same two objects it takes the first, and a certain one before a possible one.
-struct CallPath {
+struct ReachPath {
     std::vector<Link> links;
     [[nodiscard]] bool IsCertain() const;
 };
@@ -17,8 +17,8 @@ struct CallPath {
 /// The shortest way and further ones by length, of one length the certain before the possible; none if there is no way.
 /// @param from, to  modules stand for all that they declare, types and enumerations for their members, too
 /// @param most      number of ways at most
-[[nodiscard]] std::vector<CallPath> PathsBetween(const Links& links, const CodeObject& from, const CodeObject& to,
-                                                 std::size_t most = 21);
+[[nodiscard]] std::vector<ReachPath> PathsBetween(const Links& links, const CodeObject& from, const CodeObject& to,
+                                                  std::size_t most = 21);
 
 /// An object that depends on another one.
 struct Dependent {

@@ -4,17 +4,12 @@
 
 #include "findings/module_statistics.h"
 #include "model/kind_of.h"
-#include "platform/code_page.h"
 #include "reach/reason_text.h"
 #include "shell/csv.h"
 
 namespace {
 
 constexpr std::size_t kMostNamed = 10;
-
-std::string NameOf(const CodeObject& object) {
-    return ActiveCodePage().ToUtf8(object.CodePathOrg());
-}
 
 // Places of many objects: the line ends of the module asked for last are kept.
 class Places {
@@ -24,7 +19,7 @@ public:
             return {};
         if (modul_ != modul) {
             modul_ = modul;
-            name_ = NameOf(*modul);
+            name_ = Utf8Path(*modul);
             lineFeeds_.clear();
             const std::string_view text = modul->text->ModulTextOrg();
             for (std::size_t at = text.find('\n'); at != std::string_view::npos; at = text.find('\n', at + 1))
@@ -65,7 +60,7 @@ const CodeObject* OwnerOf(const CodeObject& object) {
 }
 
 std::vector<std::string> StepRow(Places& places, const Link& link) {
-    return {NameOf(*link.from), TextOf(link.kind), NameOf(*link.to), places.Of(link)};
+    return {Utf8Path(*link.from), TextOf(link.kind), Utf8Path(*link.to), places.Of(link)};
 }
 
 std::string Listed(std::string_view label, std::size_t count, const std::vector<std::string>& first) {
@@ -141,9 +136,9 @@ ReachPage DeadPage(const Reasons& reasons, Grade worst) {
     Places places;
     const std::vector<DeadObject> dead = DeadObjectsOf(reasons, worst);
     for (const DeadObject& one : dead)
-        page.rows.push_back({NameOf(*one.object), std::string(KindWord(*one.object)), TextOf(one.grading.grade),
+        page.rows.push_back({Utf8Path(*one.object), std::string(KindWord(*one.object)), TextOf(one.grading.grade),
                              std::to_string(one.lines), places.Of(*one.object),
-                             SentenceOf(reasons.ReasonOf(*one.object)), SentenceOf(one.grading)});
+                             SentenceOf(reasons.ReasonOf(*one.object)), SentenceOf(*one.object, one.grading)});
     page.foot.push_back(TotalText(dead, Grade::Sure, "can go for sure"));
     if (worst >= Grade::Likely)
         page.foot.push_back(TotalText(dead, Grade::Likely, "can probably go"));
@@ -158,10 +153,10 @@ ReachPage WhyPage(const Reasons& reasons, const CodeObject& object) {
     const Reach& reach = reasons.TheReach();
     ReachPage page;
     const Reason reason = reasons.ReasonOf(object);
-    page.head = {NameOf(object), SentenceOf(reason)};
+    page.head = {Utf8Path(object), SentenceOf(reason)};
     if (reason.kind == ReasonKind::None)
         return page;
-    page.head.push_back(SentenceOf(reasons.GradeOf(object)));
+    page.head.push_back(SentenceOf(object, reasons.GradeOf(object)));
     page.columns = {"from", "link", "to", "place"};
     Places places;
     for (const Link& link : reason.chain.links)
@@ -171,13 +166,13 @@ ReachPage WhyPage(const Reasons& reasons, const CodeObject& object) {
     std::vector<std::string> names;
     for (const EntryReaching& entry : entries)
         if (names.size() < kMostNamed)
-            names.push_back(NameOf(*entry.entry->object) + (entry.isCertain ? "" : " (?)"));
+            names.push_back(Utf8Path(*entry.entry->object) + (entry.isCertain ? "" : " (?)"));
     page.foot.push_back(Listed("Entry points that reach it", entries.size(), names));
     const std::vector<const CodeObject*> dying = DiesWith(reach, object);
     names.clear();
     for (const CodeObject* one : dying)
         if (names.size() < kMostNamed)
-            names.push_back(NameOf(*one));
+            names.push_back(Utf8Path(*one));
     page.foot.push_back(Listed("Would die with it", dying.size(), names));
     return page;
 }
@@ -186,7 +181,7 @@ ReachPage PathsPage(const Links& links, const CodeObject& from, const CodeObject
     ReachPage page;
     page.columns = {"path", "certain", "from", "link", "to", "place"};
     Places places;
-    const std::vector<CallPath> paths = PathsBetween(links, from, to);
+    const std::vector<ReachPath> paths = PathsBetween(links, from, to);
     for (std::size_t nr = 0; nr < paths.size(); ++nr)
         for (const Link& link : paths[nr].links) {
             std::vector<std::string> row{std::to_string(nr + 1), paths[nr].IsCertain() ? "certain" : "possible"};
@@ -194,7 +189,7 @@ ReachPage PathsPage(const Links& links, const CodeObject& from, const CodeObject
             page.rows.push_back(std::move(row));
         }
     if (paths.empty())
-        page.head.push_back("No path leads from " + NameOf(from) + " to " + NameOf(to) + ".");
+        page.head.push_back("No path leads from " + Utf8Path(from) + " to " + Utf8Path(to) + ".");
     return page;
 }
 
@@ -207,7 +202,7 @@ ReachPage ImpactPage(const Reach& reach, const CodeObject& object) {
         for (const Dependent& dependent : part.objects) {
             const EntryPoint* const entry = reach.EntryPointAt(*dependent.object);
             page.rows.push_back({certainty, std::to_string(dependent.distance),
-                                 std::string(KindWord(*dependent.object)), NameOf(*dependent.object),
+                                 std::string(KindWord(*dependent.object)), Utf8Path(*dependent.object),
                                  places.Of(dependent.link), entry ? TextOf(entry->kind) : std::string()});
         }
         const auto forms = std::ranges::count(part.modules, ModuleKind::Form, &clsModul::ModulTyp);
@@ -225,11 +220,12 @@ ReachPage EntryPointsPage(const Reach& reach) {
     page.columns = {"object", "kind", "certain", "place"};
     Places places;
     for (const EntryPoint& entry : reach.EntryPoints())
-        page.rows.push_back({NameOf(*entry.object), TextOf(entry.kind), entry.IsCertain() ? "certain" : "possible",
+        page.rows.push_back({Utf8Path(*entry.object), TextOf(entry.kind), entry.IsCertain() ? "certain" : "possible",
                              entry.modul ? places.Of(entry.modul, entry.pos) : places.Of(*entry.object)});
     page.foot.push_back(std::to_string(reach.EntryPoints().size()) + " entry points");
     for (const Declaration& orphan : Orphaned(reach.TheDeclared(), reach.Projekt()))
-        page.foot.push_back("declared, but not in the project: " + ActiveCodePage().ToUtf8(orphan.codePath));
+        page.foot.push_back("declared, but not in the project: " +
+                            reach.Projekt().TheNames().Page().ToUtf8(orphan.codePath));
     return page;
 }
 

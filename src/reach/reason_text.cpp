@@ -2,7 +2,6 @@
 
 #include <initializer_list>
 
-#include "platform/code_page.h"
 #include "shell/clsText.h"
 #include "source/lines.h"
 
@@ -28,15 +27,11 @@ std::string Filled(Text text, std::initializer_list<std::string> parts) {
     return filled;
 }
 
-std::string NameOf(const CodeObject& object) {
-    return ActiveCodePage().ToUtf8(object.CodePathOrg());
-}
-
 std::string NamesOf(const std::vector<const CodeObject*>& objects) {
     std::string names;
     const std::size_t named = objects.size() > kMostNamed + 1 ? kMostNamed : objects.size();
     for (std::size_t nr = 0; nr < named; ++nr)
-        names.append(nr == 0 ? "" : ", ").append(NameOf(*objects[nr]));
+        names.append(nr == 0 ? "" : ", ").append(Utf8Path(*objects[nr]));
     return named == objects.size() ? names : Filled(Text::AndMore, {names, std::to_string(objects.size() - named)});
 }
 
@@ -45,9 +40,9 @@ std::string PlaceOf(const Link& link) {
     return modul ? PlaceText(*modul, link.pos) : std::string();
 }
 
-std::string DoubtText(const Doubt& doubt) {
-    const std::string receiver = ActiveCodePage().ToUtf8(doubt.receiver);
-    const std::string type = ActiveCodePage().ToUtf8(doubt.type);
+std::string DoubtText(const Doubt& doubt, const CodeObject& target) {
+    const std::string receiver = target.Utf8(doubt.receiver);
+    const std::string type = target.Utf8(doubt.type);
     switch (doubt.kind) {
         case DoubtKind::Variant:
             return Filled(Text::DoubtVariant, {receiver});
@@ -73,15 +68,15 @@ std::string OnlyPossible(const Reason& reason) {
     const EntryPoint& entry = *reason.chain.entry;
     if (reason.firstPossible >= 0) {
         const Link& link = reason.chain.links[static_cast<std::size_t>(reason.firstPossible)];
-        return Filled(Text::ReasonPossible, {NameOf(*link.to), PlaceOf(link), DoubtText(reason.doubt)});
+        return Filled(Text::ReasonPossible, {Utf8Path(*link.to), PlaceOf(link), DoubtText(reason.doubt, *link.to)});
     }
     const std::string place = entry.modul ? PlaceText(*entry.modul, entry.pos) : std::string();
     return reason.chain.links.empty() ? Filled(Text::ReasonInString, {place})
-                                      : Filled(Text::ReasonFromString, {NameOf(*entry.object), place});
+                                      : Filled(Text::ReasonFromString, {Utf8Path(*entry.object), place});
 }
 
 std::string Kept(const Reason& reason) {
-    const std::string entry = NameOf(*reason.chain.entry->object);
+    const std::string entry = Utf8Path(*reason.chain.entry->object);
     const std::string kind = TextOf(reason.chain.entry->kind);
     const std::size_t steps = reason.chain.links.size();
     return steps == 1 ? Filled(Text::ReasonKeptDirectly, {entry, kind})
@@ -101,7 +96,7 @@ std::string Unreached(const Reason& reason) {
 }
 
 std::string WhyNotBetter(const Grading& grading) {
-    const std::string of = grading.of ? NameOf(*grading.of) : std::string();
+    const std::string of = grading.of ? Utf8Path(*grading.of) : std::string();
     const std::string place = grading.modul ? PlaceText(*grading.modul, grading.pos) : std::string();
     switch (grading.reason) {
         case GradeReason::ShiftsMembers:
@@ -173,13 +168,13 @@ std::string TextOf(Grade grade) {
     return Utf8TextNr(Text::GradeCannotTell);
 }
 
-std::string SentenceOf(const Grading& grading) {
+std::string SentenceOf(const CodeObject& object, const Grading& grading) {
     std::string sentence = grading.grade == Grade::Living   ? Utf8TextNr(Text::IsAlive)
                            : grading.grade == Grade::Sure   ? Utf8TextNr(Text::CanGoSurely)
                            : grading.grade == Grade::Likely ? Filled(Text::CanGoLikely, {WhyNotBetter(grading)})
                                                             : Filled(Text::CannotTellIfGo, {WhyNotBetter(grading)});
     if (grading.leftAlone)
-        sentence += " (" + Filled(Text::LeftAlone, {ActiveCodePage().ToUtf8(grading.leftAlone->comment)}) + ")";
+        sentence += " (" + Filled(Text::LeftAlone, {object.Utf8(grading.leftAlone->comment)}) + ")";
     return sentence;
 }
 
@@ -224,7 +219,11 @@ std::string TextOf(LinkKind kind) {
     return Utf8TextNr(Text::LinkCall);
 }
 
+std::string Utf8Path(const CodeObject& object) {
+    return object.Utf8(object.CodePathOrg());
+}
+
 std::string PlaceText(const clsModul& modul, Pos pos) {
     const std::string line = modul.text ? " " + std::to_string(LineOf(modul.text->ModulTextOrg(), pos)) : std::string();
-    return ActiveCodePage().ToUtf8(modul.myNameOrg()) + line;
+    return modul.Utf8(modul.myNameOrg()) + line;
 }

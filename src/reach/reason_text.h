@@ -9,11 +9,13 @@
 [[nodiscard]] std::string SentenceOf(const Reason& reason);
 /// "can go for sure", "can probably go", "cannot tell", "alive".
 [[nodiscard]] std::string TextOf(Grade grade);
-/// The grade with its reason, as one sentence.
-[[nodiscard]] std::string SentenceOf(const Grading& grading);
+/// The grade of an object with its reason, as one sentence.
+[[nodiscard]] std::string SentenceOf(const CodeObject& object, const Grading& grading);
 /// "Handler of a control".
 [[nodiscard]] std::string TextOf(EntryKind kind);
 /// What a link is: "calls", "perhaps calls", "uses".
 [[nodiscard]] std::string TextOf(LinkKind kind);
+/// The path as spelled.
+[[nodiscard]] std::string Utf8Path(const CodeObject& object);
 /// "modMain 17": the module and physical line of a place.
 [[nodiscard]] std::string PlaceText(const clsModul& modul, Pos pos);

@@ -7,8 +7,6 @@
 #include "platform/code_page.h"
 #include "shell/vb_text.h"
 
-std::string gIniFile;
-
 namespace {
 
 constexpr const char* kGeneral = "ALLGEMEIN";

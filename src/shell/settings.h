@@ -65,9 +65,6 @@ struct Settings {
 [[nodiscard]] std::vector<std::string> SplitList(std::string_view text);
 [[nodiscard]] std::string JoinList(const std::vector<std::string>& entries);
 
-/// Path of the settings file.
-extern std::string gIniFile;
-
 /// Reads all keys except those of the window. A missing file gives the defaults.
 [[nodiscard]] Settings Optionen_Ini_Load(SettingsFile& file);
 /// Writes them. A failed write is ignored.

@@ -4,9 +4,6 @@
 #include <cstdio>
 
 #include "platform/clock.h"
-#include "shell/operations.h"
-
-TimingRecord gTimerProjektOeffnen;
 
 namespace {
 
@@ -55,25 +52,6 @@ WaitForAnswer::WaitForAnswer() {
 WaitForAnswer::~WaitForAnswer() {
     if (--waiting.depth == 0)
         waiting.total += CounterNow() - waiting.since;
-}
-
-void Timer_Reset(TimingRecord& record) {
-    // Keeps the counts, so that unpaired starts and stops are still reported.
-    record.StartTime = 0;
-    record.StopTime = 0;
-    record.Total = 0;
-}
-
-void Timer_Start(TimingRecord& record) {
-    ++record.StartCount;
-    record.StartTime = TimerOfDay();
-}
-
-void Timer_Stop(TimingRecord& record) {
-    record.StopTime = TimerOfDay();
-    record.Total += static_cast<double>(record.StopTime) - static_cast<double>(record.StartTime);
-    if (++record.StopCount != record.StartCount)
-        Tell("Timerschrott!!!!");
 }
 
 double CounterAsNumber(std::int64_t counter) {

@@ -1,23 +1,8 @@
-// Timing records, which sum up run times, and the high-resolution query timer.
+// The high-resolution query timer.
 #pragma once
 
 #include <cstdint>
 #include <string>
-
-/// Total time over several starts and stops, measured with TimerOfDay.
-struct TimingRecord {
-    float StartTime = 0;
-    std::int32_t StartCount = 0;
-    float StopTime = 0;
-    std::int32_t StopCount = 0;
-    double Total = 0;  // seconds
-};
-
-void Timer_Start(TimingRecord& record);
-/// Adds the time since Timer_Start. If the counts of starts and stops differ, shows the message "Timerschrott!!!!".
-void Timer_Stop(TimingRecord& record);
-/// Clears the times and the total, but not the counts of starts and stops.
-void Timer_Reset(TimingRecord& record);
 
 /// While one lives, a person is asked, and query timers stop. Nests.
 class WaitForAnswer {
@@ -54,5 +39,3 @@ private:
 /// Converts a 64-bit counter to a number from two 32-bit halves. A lower half above 2^31 - 1 gives a result one too
 /// high; the timer only uses differences.
 [[nodiscard]] double CounterAsNumber(std::int64_t counter);
-
-extern TimingRecord gTimerProjektOeffnen;

@@ -28,7 +28,7 @@ public:
     /// `text` as the file layer hands it out, with CR LF at every line end.
     /// @param page  decides what lower case is; must outlive the text
     /// @param memory  where the text lives; it outlives this object
-    explicit ModuleText(std::string_view text, const CodePage& page = ActiveCodePage(),
+    explicit ModuleText(std::string_view text, const CodePage& page = CodePage::Auto(),
                         std::pmr::memory_resource* memory = std::pmr::get_default_resource());
 
     /// As found in the file.

@@ -27,118 +27,70 @@ MainMenus::MainMenus(QMainWindow& window, Commands& commands, const Files& files
     });
 }
 
+// An empty item is a separator.
+void MainMenus::Add(QMenu& menu, std::initializer_list<std::optional<Command>> items) {
+    for (const std::optional<Command> item : items) {
+        if (item)
+            menu.addAction(&commands_[*item]);
+        else
+            menu.addSeparator();
+    }
+}
+
 void MainMenus::Fill() {
-    // An empty item is a separator.
-    const auto fill = [this](QMenu* menu, std::initializer_list<std::optional<Command>> items) {
-        for (const std::optional<Command> item : items) {
-            if (item)
-                menu->addAction(&commands_[*item]);
-            else
-                menu->addSeparator();
-        }
-    };
-    mnuDatei_ = window_.menuBar()->addMenu(QString());
-    fill(mnuDatei_, {Command::OpenProject, Command::CloseProject});
-    mnuRecent_ = mnuDatei_->addMenu(QString());
-    fill(mnuDatei_, {Command::SaveModules, {}, Command::OpenGraph, Command::SaveGraph, Command::SaveGraphAs});
-    mnuRecentGraphs_ = mnuDatei_->addMenu(QString());
-    fill(mnuDatei_, {Command::ExportGraph, Command::CopyGraphPicture, Command::PrintGraph, {}});
-    mnuReports_ = mnuDatei_->addMenu(IconFor("Reports"), QString());
-    fill(mnuReports_, {Command::ReportStructure, Command::ReportCalls, Command::ReportDeaths});
-    fill(mnuDatei_, {{}, Command::Exit});
-
-    mnuAnsicht_ = window_.menuBar()->addMenu(QString());
-    fill(mnuAnsicht_, {Command::ContentCode,
-                       Command::WholeModule,
-                       Command::Overview,
-                       Command::ContentGraph,
-                       Command::ContentChart,
-                       {},
-                       Command::SplitForContent,
-                       Command::SplitForCalls,
-                       Command::SplitX,
-                       Command::SplitY,
-                       {},
-                       Command::CollapseAll,
-                       Command::CheckBoxOn,
-                       Command::CheckBoxAll,
-                       Command::CheckBoxNone,
-                       {},
-                       Command::Search,
-                       Command::NavPrev,
-                       Command::NavNext,
-                       {},
-                       Command::ZoomPlus,
-                       Command::ZoomMinus,
-                       Command::ZoomNo,
-                       Command::FitGraph,
-                       {}});
-    mnuGraph_ = mnuAnsicht_->addMenu(IconFor("ContentGraph"), QString());
-    fill(mnuGraph_, {Command::UndoGraph,
-                     Command::RedoGraph,
-                     {},
-                     Command::SelectAllSymbols,
-                     Command::DeleteSymbols,
-                     Command::FetchSymbols,
-                     {},
-                     Command::ArrangeTop,
-                     Command::ArrangeLeft,
-                     Command::ArrangeBottom,
-                     Command::ArrangeRight,
-                     Command::ArrangeModules,
-                     {},
-                     Command::FrameModules,
-                     Command::ShowMap,
-                     Command::ShowLegend});
-    fill(mnuAnsicht_, {{}, Command::Problems, Command::Options});
-
-    mnuStruktur_ = window_.menuBar()->addMenu(QString());
-    fill(mnuStruktur_, {Command::Structure, Command::Refresh, {}});
-    mnuCopy_ = mnuStruktur_->addMenu(IconFor("Copy"), QString());
-    fill(mnuCopy_, {Command::CopyName, Command::CopyCodePath, Command::CopyAsText});
-    fill(mnuStruktur_, {Command::ShowInGraph,
-                        {},
-                        Command::AddCallers,
-                        Command::AddAllCallers,
-                        Command::AddCallees,
-                        Command::AddAllCallees,
-                        Command::AddCallPath,
-                        {},
-                        Command::DeclareEntry,
-                        Command::LeaveAlone,
-                        Command::DeclaredByUser,
-                        {},
-                        Command::DeleteObject,
-                        Command::DeleteDead,
-                        Command::DeletedHere});
-
-    mnuDependencies_ = window_.menuBar()->addMenu(QString());
-    fill(mnuDependencies_, {Command::Calls,
-                            Command::CallsOfModule,
-                            {},
-                            Command::CalledByReally,
-                            Command::CalledByMaybe,
-                            {},
-                            Command::CallsReally,
-                            Command::CallsMaybe,
-                            {},
-                            Command::GoTo,
-                            Command::FindCallers,
-                            Command::NextPlace,
-                            Command::PreviousPlace,
-                            {},
-                            Command::ShowWhy,
-                            Command::CallPath,
-                            Command::Impact});
-
-    mnuHelp_ = window_.menuBar()->addMenu(QString());
-    fill(mnuHelp_, {Command::WebPage, Command::Keys, Command::Diagnosis, {}, Command::About});
+    for (QMenu** menu : {&mnuDatei_, &mnuAnsicht_, &mnuStruktur_, &mnuDependencies_, &mnuHelp_})
+        *menu = window_.menuBar()->addMenu(QString());
+    FillFile();
+    FillView();
+    FillStructure();
+    FillDependencies();
+    Add(*mnuHelp_, {Command::WebPage, Command::Keys, Command::Diagnosis, {}, Command::About});
     commands_[Command::WebPage].setVisible(!kProductPage.empty());
     for (QMenu* menu : {mnuDatei_, mnuRecent_, mnuRecentGraphs_, mnuReports_, mnuAnsicht_, mnuGraph_, mnuStruktur_,
                         mnuCopy_, mnuDependencies_, mnuHelp_}) {
         menu->setToolTipsVisible(true);
         menu->installEventFilter(this);
     }
+}
+
+void MainMenus::FillFile() {
+    using enum Command;
+    Add(*mnuDatei_, {OpenProject, CloseProject});
+    mnuRecent_ = mnuDatei_->addMenu(QString());
+    Add(*mnuDatei_, {SaveModules, {}, OpenGraph, SaveGraph, SaveGraphAs});
+    mnuRecentGraphs_ = mnuDatei_->addMenu(QString());
+    Add(*mnuDatei_, {ExportGraph, CopyGraphPicture, PrintGraph, {}});
+    mnuReports_ = mnuDatei_->addMenu(IconFor("Reports"), QString());
+    Add(*mnuReports_, {ReportStructure, ReportCalls, ReportDeaths});
+    Add(*mnuDatei_, {{}, Exit});
+}
+
+void MainMenus::FillView() {
+    using enum Command;
+    Add(*mnuAnsicht_, {ContentCode, WholeModule, Overview, ContentGraph, ContentChart, {}});
+    Add(*mnuAnsicht_, {SplitForContent, SplitForCalls, SplitX, SplitY, {}});
+    Add(*mnuAnsicht_, {CollapseAll, CheckBoxOn, CheckBoxAll, CheckBoxNone, {}});
+    Add(*mnuAnsicht_, {Search, NavPrev, NavNext, {}, ZoomPlus, ZoomMinus, ZoomNo, FitGraph, {}});
+    mnuGraph_ = mnuAnsicht_->addMenu(IconFor("ContentGraph"), QString());
+    Add(*mnuGraph_, {UndoGraph, RedoGraph, {}, SelectAllSymbols, DeleteSymbols, FetchSymbols, {}});
+    Add(*mnuGraph_, {ArrangeTop, ArrangeLeft, ArrangeBottom, ArrangeRight, ArrangeModules, {}});
+    Add(*mnuGraph_, {FrameModules, ShowMap, ShowLegend});
+    Add(*mnuAnsicht_, {{}, Problems, Options});
+}
+
+void MainMenus::FillStructure() {
+    using enum Command;
+    Add(*mnuStruktur_, {Structure, Refresh, {}});
+    mnuCopy_ = mnuStruktur_->addMenu(IconFor("Copy"), QString());
+    Add(*mnuCopy_, {CopyName, CopyCodePath, CopyAsText});
+    Add(*mnuStruktur_, {ShowInGraph, {}, AddCallers, AddAllCallers, AddCallees, AddAllCallees, AddCallPath, {}});
+    Add(*mnuStruktur_, {DeclareEntry, LeaveAlone, DeclaredByUser, {}, DeleteObject, DeleteDead, DeletedHere});
+}
+
+void MainMenus::FillDependencies() {
+    using enum Command;
+    Add(*mnuDependencies_, {Calls, CallsOfModule, {}, CalledByReally, CalledByMaybe, {}, CallsReally, CallsMaybe, {}});
+    Add(*mnuDependencies_, {GoTo, FindCallers, NextPlace, PreviousPlace, {}, ShowWhy, CallPath, Impact});
 }
 
 void MainMenus::Texte() {

@@ -2,6 +2,9 @@
 #pragma once
 
 #include <QObject>
+#include <cstdint>
+#include <initializer_list>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,6 +13,7 @@ class Files;
 class QMainWindow;
 class QMenu;
 class SettingsFile;
+enum class Command : std::uint8_t;
 
 class MainMenus final : public QObject {
     Q_OBJECT
@@ -35,6 +39,11 @@ protected:
 
 private:
     void Fill();
+    void FillFile();
+    void FillView();
+    void FillStructure();
+    void FillDependencies();
+    void Add(QMenu& menu, std::initializer_list<std::optional<Command>> items);
     void FillRecent(QMenu& menu, const std::vector<std::string>& paths, void (MainMenus::*chosen)(const std::string&));
 
     QMainWindow& window_;

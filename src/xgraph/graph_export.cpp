@@ -10,7 +10,6 @@
 #include "model/kind_of.h"
 #include "model/line_numbers.h"
 #include "platform/basic_number.h"
-#include "platform/code_page.h"
 #include "xgraph/dot_text.h"
 #include "xgraph/graph.h"
 #include "xgraph/graph_file.h"
@@ -20,10 +19,6 @@ namespace {
 
 constexpr double kTwipsPerPoint = 20;
 constexpr double kTwipsPerInch = 1440;
-
-std::string Utf8(std::string_view bytes) {
-    return ActiveCodePage().ToUtf8(bytes);
-}
 
 std::string_view TextOf(CallType type) {
     return type == CallType::Really ? "really" : type == CallType::MayBe ? "maybe" : "use";
@@ -41,7 +36,7 @@ std::string ModulePathOf(const CodeObject& object) {
     const CodeObject* const owner = object.Modul       ? static_cast<const CodeObject*>(object.Modul)
                                     : object.myLibrary ? static_cast<const CodeObject*>(object.myLibrary)
                                                        : &object;
-    return Utf8(owner->CodePath());
+    return owner->Utf8(owner->CodePath());
 }
 
 // Only control characters, quotes and backslashes need an escape.
@@ -111,9 +106,9 @@ std::string JsonArray(const Elements& elements, std::string_view before, std::st
 
 GraphContent::Symbol Describe(const ctlGraphObj& symbol) {
     const CodeObject& object = *symbol.object;
-    return {.codePath = Utf8(symbol.CodePath),
-            .name = Utf8(symbol.MyName),
-            .caption = Utf8(symbol.MyModul),
+    return {.codePath = object.Utf8(symbol.CodePath),
+            .name = object.Utf8(symbol.MyName),
+            .caption = object.Utf8(symbol.MyModul),
             .kind = KindOf(object),
             .module = ModulePathOf(object),
             .isDead = object.IsDeath == 1,
@@ -204,7 +199,8 @@ GraphContent ContentOf(const XGraph& graph) {
         GraphContent::Pair& described = content.pairs.emplace_back(
             GraphContent::Pair{numbers.at(pair.from), numbers.at(pair.to), pair.certain, pair.possible, pair.uses, {}});
         for (const clsCall* call : pair.calls)
-            described.lines.push_back({call->Type(), Utf8(call->Caller().CodePath()), Utf8(call->Parent->CodePath()),
+            described.lines.push_back({call->Type(), call->Caller().Utf8(call->Caller().CodePath()),
+                                       call->Parent->Utf8(call->Parent->CodePath()),
                                        lineNumbers.Of(call->CallerModule(), call->CallPos)});
     }
     std::ranges::sort(content.pairs, {}, [](const GraphContent::Pair& pair) { return std::pair(pair.from, pair.to); });

@@ -44,10 +44,9 @@ TEST_F(CallsDriver, CancelledBetweenTwoModulesKeepsTheEdgesMadeSoFar) {
 }
 
 TEST_F(CallsDriver, RemovingLeavesNoEdgeAndNoMark) {
-    ReadProject({{"F.frm",
-                  "Private Type T\nm As Long\nEnd Type\nPrivate Enum E\nk\nEnd Enum\nConst c = k\n"
-                  "Sub Run(l As T)\nl.m = c\nRun\nEnd Sub\nSub Unused()\nEnd Sub\n"}});
-    Analyse();
+    Analyse(ReadProject({{"F.frm",
+                          "Private Type T\nm As Long\nEnd Type\nPrivate Enum E\nk\nEnd Enum\nConst c = k\n"
+                          "Sub Run(l As T)\nl.m = c\nRun\nEnd Sub\nSub Unused()\nEnd Sub\n"}}));
     EXPECT_TRUE(gProjekt->callsKnown && gProjekt->marksKnown);
     Remove_All_Calls(*gProjekt);
     EXPECT_EQ(DumpEdges(), "");

@@ -40,10 +40,8 @@ protected:
         return DumpEdgesOf("main.main");
     }
     static void Expect(std::initializer_list<Case> cases) {
-        for (const Case& c : cases) {
-            SCOPED_TRACE(c.body);
-            EXPECT_EQ(Of(c.body), c.edges);
-        }
+        for (const Case& c : cases)
+            EXPECT_EQ(Of(c.body), c.edges) << c.body;
     }
     // The calls and uses of the procedure at `caller` in a project of one module.
     static std::string Of(std::string_view snippet, std::string_view file, std::string_view caller) {

@@ -9,19 +9,6 @@
 
 namespace {
 
-TEST(GraphColours, OnPaperTheyAreThoseOfTheRule) {
-    QPalette palette;
-    palette.setColor(QPalette::Base, Qt::white);
-    palette.setColor(QPalette::Text, Qt::black);
-    const GraphColours colours = ColoursOf(palette, Settings());
-    EXPECT_EQ(colours.Of(ConnectorFill::Idle), QColor(230, 230, 230));
-    EXPECT_EQ(colours.Of(ConnectorFill::Inside), QColor(0, 220, 220));
-    EXPECT_EQ(colours.Of(ConnectorLine::Idle), QColor(150, 150, 150));
-    EXPECT_EQ(colours.Of(ConnectorLine::Outside), QColor(255, 0, 0));
-    EXPECT_EQ(colours.selectedGround, QColor(255, 255, 192));
-    EXPECT_EQ(colours.selectedName, QColor(0, 0, 255));
-}
-
 TEST(GraphColours, OnADarkGroundLinesAndCaptionsCanBeSeen) {
     QPalette palette;
     palette.setColor(QPalette::Base, QColor(30, 30, 30));

@@ -12,9 +12,8 @@ namespace {
 
 class Pictures : public ProgramState {
 protected:
-    void Put() {
-        ReadProject({{"M.bas", "Sub Go()\nStay\nEnd Sub\nSub Stay()\nEnd Sub\n"}});
-        Analyse();
+    Pictures() {
+        Analyse(ReadProject({{"M.bas", "Sub Go()\nStay\nEnd Sub\nSub Stay()\nEnd Sub\n"}}));
         graph.SetProject(gProjekt.get());
         graph.GraphObjCreate(&ObjectAt("m.go"), 30000, 30000, false);
         graph.GraphObjCreate(&ObjectAt("m.stay"), 33000, 34500, false);
@@ -38,15 +37,16 @@ protected:
         return texts;
     }
 
+    [[nodiscard]] GraphPicture Picture() const { return {graph, settings}; }
+
     Settings settings;
     SymbolFonts fonts;
     XGraph graph{fonts};
 };
 
 TEST_F(Pictures, ABitmapIsTheSymbolsWithAMarginOfTwoPixels) {
-    Put();
     const GraphRect bounds = graph.SymbolBounds();
-    const QImage image = Read(PictureBytes(GraphPicture(graph, settings), PictureFormat::Bmp, 4), "BMP");
+    const QImage image = Read(PictureBytes(Picture(), PictureFormat::Bmp, 4), "BMP");
     EXPECT_EQ(image.size(), QSize(static_cast<int>(bounds.width / 15) + 4, static_cast<int>(bounds.height / 15) + 4));
     EXPECT_EQ(image.pixelColor(0, 0), QColor(Qt::white));
     // Half way between the symbols there is the connector, beside it nothing.
@@ -57,18 +57,16 @@ TEST_F(Pictures, ABitmapIsTheSymbolsWithAMarginOfTwoPixels) {
 }
 
 TEST_F(Pictures, WhatIsSelectedLooksLikeTheRest) {
-    Put();
-    const QImage before = ImageOf(GraphPicture(graph, settings), 1);
+    const QImage before = ImageOf(Picture(), 1);
     graph.GraphSelectAll();
-    EXPECT_EQ(ImageOf(GraphPicture(graph, settings), 1), before);
+    EXPECT_EQ(ImageOf(Picture(), 1), before);
     graph.SetActive(1);
-    EXPECT_NE(ImageOf(GraphPicture(graph, settings), 1), before) << "the connectors of the active one are coloured";
+    EXPECT_NE(ImageOf(Picture(), 1), before) << "the connectors of the active one are coloured";
 }
 
 TEST_F(Pictures, PngIsEnlargedAndItsGroundCanBeClear) {
-    Put();
-    const QSizeF size = GraphPicture(graph, settings).Size();
-    const QImage white = Read(PictureBytes(GraphPicture(graph, settings), PictureFormat::Png, 3), "PNG");
+    const QSizeF size = Picture().Size();
+    const QImage white = Read(PictureBytes(Picture(), PictureFormat::Png, 3), "PNG");
     EXPECT_EQ(white.size(), (size * 3).toSize());
     EXPECT_EQ(At(white, 2500, 100, 3), QColor(Qt::white));
     const GraphPicture picture(graph, settings, {.hasClearGround = true});
@@ -81,15 +79,13 @@ TEST_F(Pictures, PngIsEnlargedAndItsGroundCanBeClear) {
 }
 
 TEST_F(Pictures, TextStaysTextInDrawings) {
-    Put();
-    EXPECT_EQ(TextsOf(PictureBytes(GraphPicture(graph, settings), PictureFormat::Svg, 1)),
-              QStringLiteral("M; Go; M; Stay; "));
+    EXPECT_EQ(TextsOf(PictureBytes(Picture(), PictureFormat::Svg, 1)), QStringLiteral("M; Go; M; Stay; "));
     const GraphPicture picture(graph, settings, {.hasLegend = true, .caption = QStringLiteral("P, 2 symbols")});
     EXPECT_TRUE(TextsOf(PictureBytes(picture, PictureFormat::Svg, 1)).endsWith(QStringLiteral("P, 2 symbols; ")));
-    EXPECT_GT(picture.Size().height(), GraphPicture(graph, settings).Size().height() + 50);
-    const QByteArray pdf = PictureBytes(GraphPicture(graph, settings), PictureFormat::Pdf, 1);
+    EXPECT_GT(picture.Size().height(), Picture().Size().height() + 50);
+    const QByteArray pdf = PictureBytes(Picture(), PictureFormat::Pdf, 1);
     EXPECT_TRUE(pdf.contains("/FontFile2") || pdf.contains("/FontFile3") || pdf.contains("/FontFile ")) << "no curves";
-    const QSizeF points = GraphPicture(graph, settings).Size() * 0.75;
+    const QSizeF points = Picture().Size() * 0.75;
     QByteArray page = pdf.mid(pdf.indexOf("/MediaBox"), 80);
     const QList<QByteArray> numbers = page.mid(page.indexOf('[') + 1).replace(']', " ").split(' ');
     EXPECT_NEAR(numbers[2].toDouble(), points.width(), 1) << page.constData();
@@ -97,23 +93,22 @@ TEST_F(Pictures, TextStaysTextInDrawings) {
 }
 
 TEST_F(Pictures, WhatIsTooLargeForPixelsIsNoPicture) {
-    Put();
     graph.MoveTo(2, {900'000, 34500});
-    const GraphPicture picture(graph, settings);
+    const GraphPicture picture = Picture();
     EXPECT_TRUE(PictureBytes(picture, PictureFormat::Bmp, 1).isEmpty());
     EXPECT_FALSE(PictureBytes(picture, PictureFormat::Svg, 1).isEmpty());
     EXPECT_FALSE(PictureBytes(picture, PictureFormat::Pdf, 1).isEmpty());
 }
 
 TEST_F(Pictures, WithoutSymbolsThereIsAnEmptyOne) {
-    const QImage image = Read(PictureBytes(GraphPicture(graph, settings), PictureFormat::Bmp, 1), "BMP");
+    graph.Clear();
+    const QImage image = Read(PictureBytes(Picture(), PictureFormat::Bmp, 1), "BMP");
     EXPECT_EQ(image.size(), QSize(4, 4));
     EXPECT_EQ(image.pixelColor(2, 2), QColor(Qt::white));
 }
 
 TEST_F(Pictures, APartHasWhatIsOnItOrCrossesIt) {
-    Put();
-    const GraphPicture picture(graph, settings);
+    const GraphPicture picture = Picture();
     const QSizeF size = picture.Size();
     const QSizeF third = size / 3;
     EXPECT_TRUE(picture.HasAnyAt({{0, 0}, third}));

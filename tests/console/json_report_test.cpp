@@ -1,7 +1,6 @@
 #include "console/json_report.h"
 
 #include <nlohmann/json.hpp>
-#include <sstream>
 
 #include "support/golden.h"
 #include "support/project_test.h"

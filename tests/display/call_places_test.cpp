@@ -54,12 +54,15 @@ constexpr const char* kDesk = R"(
     End Sub
 )";
 
+// The project names the form first; modules come first in every list.
+void ReadBoth() {
+    Analyse(ReadProject({{"frmDesk.frm", kDesk},
+                         {"mStore.bas", kStore},
+                         {"cBox.cls", "Sub Go()\nEnd Sub\nProperty Let Rate(v)\nEnd Property"}}));
+}
+
 TEST_F(CallPlaces, AreListedInTheOrderOfTheModulesAndTheirCode) {
-    // The project names the form first; modules come first in every list.
-    ReadProject({{"frmDesk.frm", kDesk},
-                 {"mStore.bas", kStore},
-                 {"cBox.cls", "Sub Go()\nEnd Sub\nProperty Let Rate(v)\nEnd Property"}});
-    Analyse();
+    ReadBoth();
     EXPECT_EQ(Rows(ObjectAt("mstore.save")),
               "mstore.save 8 really: n = n + 1: [Save] n\n"
               "frmdesk.form_load 5 really: [Save] _\n"
@@ -84,10 +87,7 @@ TEST_F(CallPlaces, AreListedInTheOrderOfTheModulesAndTheirCode) {
 }
 
 TEST_F(CallPlaces, CaptionsCountTheEdgesOfTheProject) {
-    ReadProject({{"frmDesk.frm", kDesk},
-                 {"mStore.bas", kStore},
-                 {"cBox.cls", "Sub Go()\nEnd Sub\nProperty Let Rate(v)\nEnd Property"}});
-    Analyse();
+    ReadBoth();
     const CallCounts counts = CountCalls(*gProjekt);
     int shown = 0;
     for (const clsModul* modul : gProjekt->AllModules())

@@ -2,8 +2,6 @@
 
 #include "display/baum.h"
 #include "display/project_tree.h"
-#include "platform/files.h"
-#include "shell/clsText.h"
 #include "support/golden.h"
 #include "support/project_test.h"
 
@@ -11,7 +9,7 @@ namespace {
 
 class Charts : public ProgramState {
 protected:
-    Charts() { gText.SetLanguage(DiskFiles(), kSourceDirectory.string() + "/"); }
+    Charts() { Speak("english"); }
     static ChartTable Of(ChartType type) {
         const std::vector<clsModul*> modules = gProjekt->ModulesInReportOrder();
         return Anzeigen_Chart(*gProjekt, type, {modules.begin(), modules.end()});

@@ -1,6 +1,5 @@
 #include "display/code_colours.h"
 
-#include "platform/code_page.h"
 #include "support/code_dump.h"
 #include "support/project_test.h"
 
@@ -13,8 +12,7 @@ protected:
         return ShowMe(ProcedureAt(codePath), locals);
     }
     static CodeText Procedure(std::string_view snippet, std::string_view codePath) {
-        ReadModule(snippet, "M.bas");
-        Analyse();
+        Analyse(ReadModule(snippet, "M.bas"));
         return Procedure(codePath);
     }
 };
@@ -39,10 +37,9 @@ TEST_F(CodeColours, DeclarationsGoByAccess) {
 }
 
 TEST_F(CodeColours, DeclarationsShowWhatTheyUse) {
-    ReadProject({{"M.bas", "Public Type T\na As U\nEnd Type\nPublic x As T\nPublic c As Other\n"},
-                 {"N.bas", "Public Type U\n  b As Long\nEnd Type\n"},
-                 {"Other.cls", "Public Sub S()\nEnd Sub\n"}});
-    Analyse();
+    Analyse(ReadProject({{"M.bas", "Public Type T\na As U\nEnd Type\nPublic x As T\nPublic c As Other\n"},
+                         {"N.bas", "Public Type U\n  b As Long\nEnd Type\n"},
+                         {"Other.cls", "Public Sub S()\nEnd Sub\n"}}));
     EXPECT_EQ(DumpCode(ShowMe(ModuleOf("m"))), "public:T public:a callOut:U public:x callIn:T public:c callOut:Other");
 }
 
@@ -64,7 +61,7 @@ TEST_F(CodeColours, CommentsStringsInactiveCodeAndTheResult) {
 }
 
 TEST_F(CodeColours, CallsAreTheirModulesOrOthersOrPossible) {
-    ReadProject({{"M.bas", R"(
+    Analyse(ReadProject({{"M.bas", R"(
                       Public v As Long
                       Sub S(arg)
                           Dim loc
@@ -78,9 +75,8 @@ TEST_F(CodeColours, CallsAreTheirModulesOrOthersOrPossible) {
                       Sub Own(a)
                       End Sub
                   )"},
-                 {"N.bas", "Public w As Long\nPublic Type T\n a As Long\nEnd Type\nSub Far(a)\nEnd Sub\n"},
-                 {"C.cls", "Public Sub Member()\nEnd Sub\n"}});
-    Analyse();
+                         {"N.bas", "Public w As Long\nPublic Type T\n a As Long\nEnd Type\nSub Far(a)\nEnd Sub\n"},
+                         {"C.cls", "Public Sub Member()\nEnd Sub\n"}}));
     LocalUses locals;
     EXPECT_TRUE(ShowMe(ProcedureAt("m.s"), locals).localsChecked);
     const CodeText again = ShowMe(ProcedureAt("m.s"), locals);
@@ -109,8 +105,8 @@ TEST_F(CodeColours, ProcedureIsShownWithItsPosition) {
 }
 
 TEST_F(CodeColours, DeadAndUndeadProceduresHaveAGreyBackground) {
-    ReadModule("Sub Form_Load()\n  b\nEnd Sub\nSub b()\nEnd Sub\nSub c()\n  d\nEnd Sub\nSub d()\nEnd Sub", "F.frm");
-    Analyse();
+    Analyse(ReadModule("Sub Form_Load()\n  b\nEnd Sub\nSub b()\nEnd Sub\nSub c()\n  d\nEnd Sub\nSub d()\nEnd Sub",
+                       "F.frm"));
     for (const auto& [path, isGrey] : {std::pair("f.form_load", false), {"f.b", false}, {"f.c", true}, {"f.d", true}})
         EXPECT_EQ(Procedure(path).shade == Shade::Grey, isGrey) << path;
 }

@@ -1,8 +1,7 @@
 #include "display/deletion_plan.h"
 
 #include "display/local_uses.h"
-#include "display/workspace.h"
-#include "support/project_test.h"
+#include "support/workspace_test.h"
 
 namespace {
 
@@ -16,10 +15,7 @@ std::vector<DeletionRow> RowsFor(std::initializer_list<std::string_view> paths) 
 }
 
 std::string PathsOf(const std::vector<DeletionRow>& rows) {
-    std::string paths;
-    for (const DeletionRow& row : rows)
-        paths.append(paths.empty() ? "" : " ").append(row.path);
-    return paths;
+    return Joined(rows, " ", [](const DeletionRow& row) { return row.path; });
 }
 
 constexpr std::string_view kModule = R"(
@@ -43,36 +39,20 @@ constexpr std::string_view kModule = R"(
     End Sub
 )";
 
-class DeletingInWorkspace : public ProgramState {
+class DeletingInWorkspace : public WorkspaceTest {
 protected:
     DeletingInWorkspace() {
-        files_.WriteWhole("M.bas", "Attribute VB_Name = \"M\"\r\n" + Vb(kModule).text);
+        Save("M.bas", kModule);
         files_.WriteWhole("App.vbp", "Type=Exe\r\nStartup=\"Sub Main\"\r\nModule=M; M.bas\r\n");
         EXPECT_TRUE(workspace_.Open("App.vbp") && workspace_.ReadCalls());
     }
     void ChangeFile() { files_.WriteWhole("M.bas", files_.Bytes("M.bas") + "Public Sub Added()\r\nEnd Sub\r\n"); }
-
-    MemoryFiles files_;
-    Settings settings_;
-    Workspace workspace_{gProjekt,
-                         files_,
-                         settings_,
-                         {.run = [](const std::string&, bool, const auto& run) { return RunOperation(run); },
-                          .ends = [] {},
-                          .askReadAgain =
-                              [this](const std::vector<std::string>& paths) {
-                                  asked_.insert(asked_.end(), paths.begin(), paths.end());
-                                  return mayReadAgain_;
-                              }}};
-    std::vector<std::string> asked_;
-    bool mayReadAgain_ = false;
 };
 
 }  // namespace
 
 TEST_F(PlanningDeletions, CallersThatStayAreNamedOnce) {
-    ReadProject({{"M.bas", std::string(kModule)}, {"C.cls", "Sub Called()\nEnd Sub\n"}});
-    Analyse();
+    Analyse(ReadProject({{"M.bas", std::string(kModule)}, {"C.cls", "Sub Called()\nEnd Sub\n"}}));
     const DeletionRow row = RowsFor({"m.called"}).front();
     EXPECT_THAT(row.certain, ElementsAre("M.Main"));
     EXPECT_EQ(row.lines, 4);

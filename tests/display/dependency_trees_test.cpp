@@ -40,10 +40,7 @@ constexpr const char* kForm =
 
 class DependencyTrees : public ProgramState {
 protected:
-    DependencyTrees() {
-        ReadProject({{"mMain.bas", kMain}, {"cBox.cls", kBox}, {"frmX.frm", kForm}});
-        Analyse();
-    }
+    DependencyTrees() { Analyse(ReadProject({{"mMain.bas", kMain}, {"cBox.cls", kBox}, {"frmX.frm", kForm}})); }
     static const CodeObject& Object(std::string_view path) {
         return path.starts_with("mmain.help.") ? *ProcedureAt("mmain.help").MyVars.Item(path.substr(11))
                                                : ObjectAt(path);
@@ -139,10 +136,9 @@ TEST_F(DependencyTrees, TheGroupLeavesOutWhatIsChecked) {
 }
 
 TEST_F(DependencyTrees, CallersOfCallersUnfoldUntilTheyRepeat) {
-    ReadProject({{"M.bas",
-                  "Sub A()\n  B\nEnd Sub\nSub B()\n  C\nEnd Sub\nSub C()\n  A\n  B\n  late.B\nEnd Sub\n"
-                  "Sub Start()\n  A\nEnd Sub"}});
-    Analyse();
+    Analyse(ReadProject({{"M.bas",
+                          "Sub A()\n  B\nEnd Sub\nSub B()\n  C\nEnd Sub\nSub C()\n  A\n  B\n  late.B\nEnd Sub\n"
+                          "Sub Start()\n  A\nEnd Sub"}}));
     Baum tree;
     const CodeObject* current = &ObjectAt("m.c");
     const auto texts = [&](std::string_view key, bool callers) {
@@ -170,9 +166,8 @@ TEST_F(DependencyTrees, CallersOfCallersUnfoldUntilTheyRepeat) {
 // Roots of a dependency tree are named like their kinds.
 TEST_F(DependencyTrees, ModulesNamedLikeKindsHaveNodesOfTheirOwn) {
     const std::string calls = "Sub Go()\n  Target\nEnd Sub\n";
-    ReadProject(
-        {{"Reference.bas", calls}, {"module.bas", calls}, {"Form.cls", calls}, {"M.bas", "Sub Target(): End Sub"}});
-    Analyse();
+    Analyse(ReadProject(
+        {{"Reference.bas", calls}, {"module.bas", calls}, {"Form.cls", calls}, {"M.bas", "Sub Target(): End Sub"}}));
     Baum callers;
     Show_Dependencies_AllCalledBy(*gProjekt, {}, &ObjectAt("m.target"), callers, false);
     for (const char* name : {"reference", "module", "form"}) {

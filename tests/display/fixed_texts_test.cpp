@@ -2,20 +2,12 @@
 #include "display/fixed_texts.h"
 
 #include "display/diagnosis.h"
-#include "platform/files.h"
-#include "shell/clsText.h"
 #include "support/golden.h"
 #include "support/project_test.h"
 
 namespace {
 
-class FixedTexts : public ProgramState {
-protected:
-    static void Speak(const std::string& language) {
-        gText.Language = language;
-        gText.SetLanguage(DiskFiles(), kSourceDirectory.string() + "/");
-    }
-};
+using FixedTexts = ProgramState;
 
 TEST_F(FixedTexts, MissingFilesAreNamedInTheLanguageOfTheProgram) {
     const std::string question = "File not found: C:\\p\\A.bas\r\n\r\nLaden abbrechen?";

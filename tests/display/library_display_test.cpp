@@ -10,21 +10,17 @@
 #include "display/selection.h"
 #include "display/tree_checks.h"
 #include "libraries/library_problems.h"
-#include "shell/clsText.h"
 #include "support/baum_dump.h"
 #include "support/code_dump.h"
 #include "support/golden.h"
 #include "support/library_project.h"
-
-using testing::HasSubstr;
 
 namespace {
 
 class LibraryDisplay : public ProgramState {
 protected:
     LibraryDisplay() {
-        DiskFiles files;
-        gText.SetLanguage(files, OSTRIVANE_SOURCE_DIR "/");
+        Speak("english");
         ReadProjectWithLib(R"(
             Private WithEvents w_b As Lib.Box
             Private plain As Lib.Box
@@ -41,19 +37,12 @@ protected:
     }
     static clsTypeLib& Library() { return *gProjekt->OwnedLibraries().front(); }
     std::string Hover(std::string_view key) {
-        std::string text;
-        for (const std::string& line : ObjectText(*gProjekt, locals, *ObjectOfNode(*gProjekt, NodeId(key))))
-            text += (text.empty() ? "" : "|") + line;
-        return text;
+        return Joined(ObjectText(*gProjekt, locals, *ObjectOfNode(*gProjekt, NodeId(key))), "|", std::identity());
     }
     static std::string Properties(std::string_view key) {
-        std::string text;
-        for (const PropertyRow& row : Anzeigen_Eigenschaften(*ObjectOfNode(*gProjekt, NodeId(key))))
-            text.append(text.empty() ? "" : "|")
-                .append(row.label.text == Text::None ? row.label.bytes : gText.TextNr(row.label.text))
-                .append(": ")
-                .append(row.value.text == Text::None ? row.value.bytes : gText.TextNr(row.value.text));
-        return text;
+        const auto cell = [](const PropertyCell& c) { return c.text == Text::None ? c.bytes : gText.TextNr(c.text); };
+        return Joined(Anzeigen_Eigenschaften(*ObjectOfNode(*gProjekt, NodeId(key))), "|",
+                      [&](const PropertyRow& row) { return cell(row.label) + ": " + cell(row.value); });
     }
     LocalUses locals;
     Baum tree;
@@ -164,10 +153,7 @@ TEST_F(LibraryDisplay, SearchFindsTheProjectsObjectsFirst) {
     ObjectSearch search;
     search.Build(*gProjekt);
     const auto hits = [&](std::string_view typed) {
-        std::string paths;
-        for (const Hit& hit : search.Find(typed, 9))
-            paths.append(paths.empty() ? "" : " ").append(NodeKeyOf(*hit.object));
-        return paths;
+        return Joined(search.Find(typed, 9), " ", [](const Hit& hit) { return NodeKeyOf(*hit.object); });
     };
     EXPECT_EQ(hits("pl"), "f.plain f.plain_fill");
     EXPECT_EQ(hits("p"), "f.plain f.plain_fill lib.pair [type] lib.box.price [get] lib.shape [enum]");
@@ -210,9 +196,7 @@ TEST_F(LibraryDisplay, AMissingLibrarySaysWhereItWasSought) {
               "Library not found: Lib, lib.tlb, {1} 2.0. Needed by: Controls: 1, Calls: 3, "
               "Modules: 2. " +
                   remedy.substr(12));
-    gText.Language = "german";
-    DiskFiles files;
-    gText.SetLanguage(files, OSTRIVANE_SOURCE_DIR "/");
+    Speak("german");
     Library().need = {};
     EXPECT_THAT(shown(gProjekt.get()),
                 HasSubstr("unter ihrem Namen wurde keine Verwendung gefunden. Kopieren Sie lib.tlb"));
@@ -223,11 +207,10 @@ using Components = ProgramState;
 
 TEST_F(Components, LeadToTheModulesThatNameThem) {
     const char* const header = "VERSION 5.00\nObject = \"{aa-1}#1.0#0\"; \"TREE.OCX\"\nBegin VB.Form F\nEnd\n";
-    ReadProject({{"P.vbp", "Object={AA-1}#1.0#0; TREE.OCX\nForm=F.frm\nForm=G.frm\nModule=M; M.bas\n"},
-                 {"F.frm", std::string(header) + "Attribute VB_Name = \"F\"\n"},
-                 {"G.frm", std::string(header) + "Attribute VB_Name = \"G\"\n"},
-                 {"M.bas", "' {AA-1}\nSub Go_()\nEnd Sub\n"}});
-    Analyse();
+    Analyse(ReadProject({{"P.vbp", "Object={AA-1}#1.0#0; TREE.OCX\nForm=F.frm\nForm=G.frm\nModule=M; M.bas\n"},
+                         {"F.frm", std::string(header) + "Attribute VB_Name = \"F\"\n"},
+                         {"G.frm", std::string(header) + "Attribute VB_Name = \"G\"\n"},
+                         {"M.bas", "' {AA-1}\nSub Go_()\nEnd Sub\n"}}));
     clsTypeLib& component = *gProjekt->OwnedLibraries().front();
     Baum shown;
     const auto keys = [&shown] {

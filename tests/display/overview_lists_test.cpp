@@ -48,8 +48,8 @@ TEST_F(OverviewLists, LinesOfAllModulesAddUpAndFall) {
 }
 
 TEST_F(OverviewLists, ObjectsNameTheirOwnerAndCountTheirLines) {
-    ReadModule("Private Type T\n  x As Long\n  y As Long\nEnd Type\nSub S()\n  Dim v As T\n  v.y = 1\nEnd Sub");
-    Analyse();
+    Analyse(
+        ReadModule("Private Type T\n  x As Long\n  y As Long\nEnd Type\nSub S()\n  Dim v As T\n  v.y = 1\nEnd Sub"));
     const std::vector<ListedObject> dead = ListOf(*gProjekt, OverviewList::Dead);
     ASSERT_EQ(dead.size(), 2U);
     EXPECT_EQ(dead[0], (ListedObject{"module1.s", "S", "sub", "Module1", 4}));

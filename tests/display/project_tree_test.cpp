@@ -13,10 +13,7 @@ protected:
         return DumpBaum(tree);
     }
     std::string KeysBelow(std::string_view key) {
-        std::string keys;
-        for (const BaumNode* child : tree.Item(key)->ChildNodes())
-            keys.append(keys.empty() ? "" : " | ").append(child->Key());
-        return keys;
+        return Joined(tree.Item(key)->ChildNodes(), " | ", std::mem_fn(&BaumNode::Key));
     }
     Baum tree;
 };

@@ -14,10 +14,7 @@ protected:
         const auto cell = [](const PropertyCell& c) {
             return c.text == Text::None ? c.bytes : std::to_string(static_cast<int>(c.text));
         };
-        std::string dump;
-        for (const PropertyRow& row : *rows)
-            dump += (dump.empty() ? "" : "; ") + cell(row.label) + "=" + cell(row.value);
-        return dump;
+        return Joined(*rows, "; ", [&](const PropertyRow& row) { return cell(row.label) + "=" + cell(row.value); });
     }
     static std::string Of(std::string_view codePath) {
         return Dump(Anzeigen_Eigenschaften(*ObjectOfNode(*gProjekt, codePath)));

@@ -4,35 +4,17 @@
 #include "display/project_tree.h"
 #include "display/text_change.h"
 #include "display/tree_marks.h"
-#include "display/workspace.h"
-#include "shell/clsText.h"
 #include "support/baum_dump.h"
-#include "support/project_test.h"
+#include "support/workspace_test.h"
 
 namespace {
 
-class RefreshedWorkspace : public ProgramState {
+class RefreshedWorkspace : public WorkspaceTest {
 protected:
-    void Save(const std::string& file, std::string_view text) {
-        files_.WriteWhole(file, "Attribute VB_Name = \"" + file.substr(0, file.find('.')) + "\"\r\n" + Vb(text).text);
-    }
-    void Open(std::initializer_list<std::pair<std::string, std::string_view>> modules) {
-        gText.SetLanguage(DiskFiles(), OSTRIVANE_SOURCE_DIR "/");
-        std::string project = "Type=Exe\r\n";
-        for (const auto& [file, text] : modules) {
-            project += "Module=x; " + file + "\r\n";
-            Save(file, text);
-        }
-        files_.WriteWhole("App.vbp", project);
-        ASSERT_TRUE(workspace_.Open("App.vbp"));
-        ASSERT_TRUE(workspace_.ReadCalls());
-    }
+    RefreshedWorkspace() { Speak("english"); }
     // "what name; ...", in the order of the list.
     static std::string Listed(const RefreshChanges& changes) {
-        std::string list;
-        for (const ListedObject& row : changes.rows)
-            list += (list.empty() ? "" : "; ") + row.change + " " + row.name;
-        return list;
+        return Joined(changes.rows, "; ", [](const ListedObject& row) { return row.change + " " + row.name; });
     }
     // The tree as it would be filled for the project.
     [[nodiscard]] std::string Fresh() const {
@@ -41,22 +23,13 @@ protected:
         Tote_Objekte_Markieren(*gProjekt, tree);
         return DumpBaum(tree);
     }
-
-    MemoryFiles files_;
-    Settings settings_;
-    Workspace workspace_{gProjekt,
-                         files_,
-                         settings_,
-                         {.run = [](const std::string&, bool,
-                                    const std::function<void()>& operation) { return RunOperation(operation); },
-                          .ends = [] {}}};
 };
 
 }  // namespace
 
 TEST_F(RefreshedWorkspace, ListsWhatChangedAndWhatIsDeadNow) {
-    Open({{"Main.bas", "Public Const C = 1\nSub Main()\n  Used\n  Moved\nEnd Sub\nPublic Sub Old()\nEnd Sub"},
-          {"Other.bas", "Public Sub Used()\nEnd Sub\nPublic Sub Moved()\nEnd Sub"}});
+    OpenAndRead({{"Main.bas", "Public Const C = 1\nSub Main()\n  Used\n  Moved\nEnd Sub\nPublic Sub Old()\nEnd Sub"},
+                 {"Other.bas", "Public Sub Used()\nEnd Sub\nPublic Sub Moved()\nEnd Sub"}});
     Save("Main.bas", "Public Const C = 2\nPublic Sub Fresh()\nEnd Sub\nSub Main()\n  Moved\nEnd Sub");
     const RefreshChanges changes = workspace_.Refresh().changes;
     EXPECT_EQ(Listed(changes), "changed C; changed Main; new, newly dead Fresh; gone Old; newly dead Used");
@@ -74,7 +47,8 @@ TEST_F(RefreshedWorkspace, ListsWhatChangedAndWhatIsDeadNow) {
 }
 
 TEST_F(RefreshedWorkspace, FillsTheTreeAgainWhereItIsAnother) {
-    Open({{"Main.bas", "Sub Main()\n  Used 1\nEnd Sub"}, {"Other.bas", "Public Sub Used(a)\nEnd Sub\nPublic z"}});
+    OpenAndRead(
+        {{"Main.bas", "Sub Main()\n  Used 1\nEnd Sub"}, {"Other.bas", "Public Sub Used(a)\nEnd Sub\nPublic z"}});
     workspace_.Tree().SetExpanded(*workspace_.Tree().Item("other"), true);
     workspace_.Tree().SetExpanded(*workspace_.Tree().Item("main"), true);
     workspace_.Activate("main.main");
@@ -93,8 +67,8 @@ TEST_F(RefreshedWorkspace, FillsTheTreeAgainWhereItIsAnother) {
 }
 
 TEST_F(RefreshedWorkspace, ComesBackToNeighboursAndTheirCode) {
-    Open({{"Main.bas", "Sub Main()\n  One\nEnd Sub"},
-          {"Other.bas", "Public Sub One()\n  Two\nEnd Sub\nPublic Sub Two()\nEnd Sub"}});
+    OpenAndRead({{"Main.bas", "Sub Main()\n  One\nEnd Sub"},
+                 {"Other.bas", "Public Sub One()\n  Two\nEnd Sub\nPublic Sub Two()\nEnd Sub"}});
     workspace_.Activate("other.two");
     workspace_.UnfoldNeighbour(*workspace_.CalledBy().Item("other.one"), true);
     workspace_.CalledBy().SetExpanded(*workspace_.CalledBy().Item("other.one"), true);

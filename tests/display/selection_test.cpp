@@ -78,8 +78,7 @@ protected:
     static std::string PathOf(const CodeObject* object) { return object ? object->CodePath() : "-"; }
     // Reads the module of the tests and a class.
     static void ReadBoth() {
-        ReadProject({{"M.bas", std::string(kModule)}, {"C.cls", "Public Sub Member(): End Sub"}});
-        Analyse();
+        Analyse(ReadProject({{"M.bas", std::string(kModule)}, {"C.cls", "Public Sub Member(): End Sub"}}));
     }
 
     Selection selection;
@@ -120,8 +119,7 @@ TEST_F(Selecting, DependenciesAreNeededForAnotherObjectOnly) {
 }
 
 TEST_F(Selecting, CodeFollowsTheObjectAndIsMadeOnce) {
-    ReadModule(kModule, "M.bas");
-    Analyse();
+    Analyse(ReadModule(kModule, "M.bas"));
     EXPECT_EQ(Dump(Show("m")), "text m");
     EXPECT_EQ(Dump(Show("m")), "");
     EXPECT_EQ(Dump(Show("m.t [type]")), " select T");
@@ -149,8 +147,8 @@ TEST_F(Selecting, PlacesOfACallAreInTheTextOfTheCaller) {
     EXPECT_EQ(places("c.member", "m.other", CallType::MayBe), "text m.other maybe:Member");
     EXPECT_EQ(places("m.e [enum]", "m.p [get]", CallType::Really), "text m.p [get] callIn:One");
     // The name of a form refers to its implicit instance.
-    ReadProject({{"M.bas", "Sub S()\n  F.Show\n  Dim g As New F\nEnd Sub\n"}, {"F.frm", "Sub X()\nEnd Sub\n"}});
-    Analyse();
+    Analyse(
+        ReadProject({{"M.bas", "Sub S()\n  F.Show\n  Dim g As New F\nEnd Sub\n"}, {"F.frm", "Sub X()\nEnd Sub\n"}}));
     pane.Forget();
     EXPECT_EQ(places("f", "m.s", CallType::Really), "text m.s callOut:F callOut:F");
 }
@@ -166,8 +164,7 @@ TEST_F(Selecting, PositionInAProcedureLeadsToWhatIsNamedThere) {
         Sub Other(b)
         End Sub
     )");
-    ReadProject({{"M.bas", vb.text}, {"C.cls", "Public Sub Member()\nEnd Sub\n"}});
-    Analyse();
+    Analyse(ReadProject({{"M.bas", vb.text}, {"C.cls", "Public Sub Member()\nEnd Sub\n"}}));
     clsProzedur& prozedur = ProcedureAt("m.s");
     LocalUses locals;
     (void)ShowMe(prozedur, locals);

@@ -1,9 +1,5 @@
 #include "display/shown_text.h"
 
-#include <gtest/gtest.h>
-
-#include "platform/code_page.h"
-#include "shell/clsText.h"
 #include "support/program_state.h"
 
 namespace {

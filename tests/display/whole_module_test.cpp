@@ -13,8 +13,7 @@ class CodeWithComments : public ProgramState {
 protected:
     // Reads one module, its calls, and shows the object at `path`.
     void Show(std::string_view snippet, const std::string& path, std::string_view file = "M.bas") {
-        ReadModule(snippet, file);
-        Analyse();
+        Analyse(ReadModule(snippet, file));
         ShowObject(path);
     }
     void ShowObject(const std::string& path) {
@@ -80,8 +79,7 @@ TEST_F(CodeWithComments, WholeModuleShowsEverythingBehindItsHeader) {
     const std::string code =
         "' what the class is for\r\nOption Explicit\r\nDim n\r\n\r\nSub A()\r\n  n = 1: B\r\nEnd Sub\r\n' last\r\n"
         "Sub B()\r\nEnd Sub\r\n";
-    ReadModuleAsItIs(header + code, "C.cls");
-    Analyse();
+    Analyse(ReadModuleAsItIs(header + code, "C.cls"));
     pane_.ShowWhole(true, false);
     ShowObject("c.a");
     EXPECT_EQ(pane_.Text().text, code);

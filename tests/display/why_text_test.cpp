@@ -3,7 +3,6 @@
 #include "display/path_text.h"
 #include "display/project_reach.h"
 #include "display/workspace.h"
-#include "shell/clsText.h"
 #include "support/project_test.h"
 
 namespace {
@@ -13,13 +12,12 @@ using Kind = ReachRow::Kind;
 class WhyTexts : public ProgramState {
 protected:
     void SetUp() override {
-        DiskFiles disk;
-        gText.SetLanguage(disk, OSTRIVANE_SOURCE_DIR "/");
+        Speak("english");
         std::string helpers;
         for (int nr = 1; nr <= 9; ++nr)
             helpers += "Sub H" + std::to_string(nr) + "()\n  Shared\nEnd Sub\n";
-        ReadProject({{"P.vbp", "Type=Exe\nModule=M; M.bas\nClass=C; C.cls\nStartup=\"Sub Main\"\n"},
-                     {"M.bas", R"(
+        Analyse(ReadProject({{"P.vbp", "Type=Exe\nModule=M; M.bas\nClass=C; C.cls\nStartup=\"Sub Main\"\n"},
+                             {"M.bas", R"(
                          Sub Main()
                              Kept
                              Dim v
@@ -39,12 +37,11 @@ protected:
                          Sub Follows()
                          End Sub
                      )" + helpers},
-                     {"C.cls", R"(
+                             {"C.cls", R"(
                          Public Sub Doubtful()
                              Shared
                          End Sub
-                     )"}});
-        Analyse();
+                     )"}}));
         reach_.emplace(*gProjekt);
         reasons_.emplace(*reach_);
     }
@@ -88,7 +85,7 @@ TEST_F(WhyTexts, APossibleStepDiffersInMoreThanItsMark) {
     const auto row = std::ranges::find(page.rows, true, &ReachRow::isPossible);
     ASSERT_NE(row, page.rows.end());
     EXPECT_EQ(row->text, "\u21E2 C.Doubtful");
-    EXPECT_THAT(row->about, testing::HasSubstr(Utf8TextNr(Text::LinkPossible)));
+    EXPECT_THAT(row->about, HasSubstr(Utf8TextNr(Text::LinkPossible)));
 }
 
 TEST_F(WhyTexts, DeadObjectsNameTheirCallersAndWhatGoesWithThem) {
@@ -98,12 +95,11 @@ TEST_F(WhyTexts, DeadObjectsNameTheirCallersAndWhatGoesWithThem) {
 
 TEST_F(WhyTexts, LongListsAreCutUntilAskedFor) {
     const auto rowsOf = [&](const std::set<WhySection>& whole) {
-        ReadProject({{"P.vbp", "Type=Exe\nModule=M; M.bas\n"},
-                     {"M.bas",
-                      "Sub A()\nB1\nB2\nB3\nB4\nB5\nB6\nB7\nB8\nEnd Sub\nSub B1()\nEnd Sub\nSub B2()\nEnd Sub\n"
-                      "Sub B3()\nEnd Sub\nSub B4()\nEnd Sub\nSub B5()\nEnd Sub\nSub B6()\nEnd Sub\n"
-                      "Sub B7()\nEnd Sub\nSub B8()\nEnd Sub\n"}});
-        Analyse();
+        Analyse(ReadProject({{"P.vbp", "Type=Exe\nModule=M; M.bas\n"},
+                             {"M.bas",
+                              "Sub A()\nB1\nB2\nB3\nB4\nB5\nB6\nB7\nB8\nEnd Sub\nSub B1()\nEnd Sub\nSub B2()\nEnd Sub\n"
+                              "Sub B3()\nEnd Sub\nSub B4()\nEnd Sub\nSub B5()\nEnd Sub\nSub B6()\nEnd Sub\n"
+                              "Sub B7()\nEnd Sub\nSub B8()\nEnd Sub\n"}}));
         const Reach reach(*gProjekt);
         return WhyRowsOf(Reasons(reach), ObjectAt("m.a"), whole).rows;
     };

@@ -1,28 +1,11 @@
-#include "display/workspace.h"
-
+#include "support/workspace_test.h"
 #include "support/baum_dump.h"
 #include "support/code_dump.h"
-#include "support/project_test.h"
 
 namespace {
 
-class Workspaces : public ProgramState {
+class Workspaces : public WorkspaceTest {
 protected:
-    void Write(std::string_view module) { WriteAll({{"Reference.bas", module}}); }
-    void WriteAll(const std::vector<std::pair<std::string, std::string_view>>& modules) {
-        std::string project = "Type=Exe\r\n";
-        for (const auto& [file, text] : modules) {
-            const std::string name = file.substr(0, file.find('.'));
-            project += (file.ends_with(".cls") ? "Class=" : "Module=") + name + "; " + file + "\r\n";
-            files_.WriteWhole(file, "Attribute VB_Name = \"" + name + "\"\r\n" + Vb(text).text);
-        }
-        files_.WriteWhole("App.vbp", project);
-    }
-    void OpenAndRead(const std::vector<std::pair<std::string, std::string_view>>& modules) {
-        WriteAll(modules);
-        ASSERT_TRUE(workspace_.Open("App.vbp"));
-        ASSERT_TRUE(workspace_.ReadCalls());
-    }
     void Check(std::string_view key, bool on, NodeKind kind = NodeKind::Object) {
         BaumNode& node = *workspace_.Tree().Item(key, kind);
         workspace_.Tree().SetChecked(node, on);
@@ -40,22 +23,11 @@ protected:
         return workspace_.Current().CurObject ? NodeKeyOf(*workspace_.Current().CurObject) : "";
     }
 
-    MemoryFiles files_;
-    Settings settings_;
-    int ended_ = 0;
     std::optional<Workspace::Shown> shown_;
-    Workspace workspace_{gProjekt,
-                         files_,
-                         settings_,
-                         {.run = [](const std::string&, bool,
-                                    const std::function<void()>& operation) { return RunOperation(operation); },
-                          .ends = [this] { ++ended_; }}};
 };
 
 TEST_F(Workspaces, ShowingLeavesTheModelAsItIsAndTellsOfLocals) {
-    Write("Sub Go(a, b)\n  a = 1\nEnd Sub");
-    ASSERT_TRUE(workspace_.Open("App.vbp"));
-    ASSERT_TRUE(workspace_.ReadCalls());
+    OpenAndRead({{"Reference.bas", "Sub Go(a, b)\n  a = 1\nEnd Sub"}});
     const std::size_t edges = gProjekt->calls.Count();
     ASSERT_TRUE(workspace_.Activate("reference.go"));
     EXPECT_EQ(gProjekt->calls.Count(), edges);
@@ -68,13 +40,11 @@ TEST_F(Workspaces, ShowingLeavesTheModelAsItIsAndTellsOfLocals) {
 }
 
 TEST_F(Workspaces, AGenerationEndsBeforeItsObjectsGo) {
-    Write("Sub Go()\nEnd Sub");
-    ASSERT_TRUE(workspace_.Open("App.vbp"));
+    Open({{"Reference.bas", "Sub Go()\nEnd Sub"}});
     ASSERT_TRUE(workspace_.Activate("reference"));
     EXPECT_TRUE(workspace_.Now(false).hasModule);
     const int ended = ended_;
-    Write("Sub Gone()\nEnd Sub");
-    ASSERT_TRUE(workspace_.Open("App.vbp"));
+    Open({{"Reference.bas", "Sub Gone()\nEnd Sub"}});
     EXPECT_EQ(ended_, ended + 1);
     EXPECT_FALSE(workspace_.Current().CurObject);
     EXPECT_FALSE(workspace_.Activate("reference.go"));
@@ -304,8 +274,7 @@ TEST_F(Workspaces, ANeighbourBelowAnotherShowsTheCallsOfThatOne) {
 }
 
 TEST_F(Workspaces, DeadCodeIsFaintUntilTheCallsAreKnown) {
-    WriteAll({{"Main.bas", kMain}});
-    ASSERT_TRUE(workspace_.Open("App.vbp"));
+    Open({{"Main.bas", kMain}});
     ASSERT_TRUE(workspace_.Activate("main.main"));
     EXPECT_EQ(workspace_.Code().Text().shade, Shade::Faint);
     EXPECT_EQ(workspace_.ReferenceCount(), std::nullopt);
@@ -334,8 +303,7 @@ TEST_F(Workspaces, LocalsBelongToTheirAccessor) {
 }
 
 TEST_F(Workspaces, AnEmptyTreeSaysWhy) {
-    WriteAll({{"Main.bas", kMain}, {"Store.bas", kStore}});
-    ASSERT_TRUE(workspace_.Open("App.vbp"));
+    Open({{"Main.bas", kMain}, {"Store.bas", kStore}});
     EXPECT_EQ(workspace_.WhyEmpty(false), Text::EmptyCalledByTree);
     ASSERT_TRUE(workspace_.Activate("main.main"));
     EXPECT_EQ(workspace_.WhyEmpty(false), Text::ReadCallsFirst);
@@ -357,9 +325,7 @@ TEST_F(Workspaces, TheStoredBitsHoldFromTheFirstProject) {
 
 TEST_F(Workspaces, RefreshFollowsTheProjectFileAndKeepsThePlaces) {
     using enum Workspace::Refreshed::Outcome;
-    Write("Sub Go()\r\nEnd Sub\r\n");
-    ASSERT_TRUE(workspace_.Open("App.vbp"));
-    ASSERT_TRUE(workspace_.ReadCalls());
+    OpenAndRead({{"Reference.bas", "Sub Go()\r\nEnd Sub\r\n"}});
     workspace_.Activate("reference");
     workspace_.Activate("reference.go");
     EXPECT_EQ(workspace_.Refresh().outcome, NothingChanged);
@@ -379,8 +345,7 @@ TEST_F(Workspaces, RefreshFollowsTheProjectFileAndKeepsThePlaces) {
 
 TEST_F(Workspaces, RefreshSaysWhatCouldNotBeRead) {
     using enum Workspace::Refreshed::Outcome;
-    Write("Sub Go()\r\nEnd Sub\r\n");
-    ASSERT_TRUE(workspace_.Open("App.vbp"));
+    Open({{"Reference.bas", "Sub Go()\r\nEnd Sub\r\n"}});
     const std::string project = files_.Bytes("App.vbp");
     const std::string module = files_.Bytes("Reference.bas");
     files_.Remove("App.vbp");
@@ -406,8 +371,7 @@ TEST_F(Workspaces, RefreshSaysWhatCouldNotBeRead) {
 }
 
 TEST_F(Workspaces, LineOfAModuleLeadsToItsProcedure) {
-    Write("Dim a\r\nSub Go()\r\n  a = 1\r\nEnd Sub\r\n");
-    ASSERT_TRUE(workspace_.Open("App.vbp"));
+    Open({{"Reference.bas", "Dim a\r\nSub Go()\r\n  a = 1\r\nEnd Sub\r\n"}});
     const auto selectedAt = [this](int line) {
         const auto shown = workspace_.ActivateLine("reference", line);
         const std::string& text = workspace_.Code().Text().text;

@@ -70,8 +70,7 @@ TEST_F(DeadObjects, LongChainsDoNotTouchTheStack) {
         chain += "Sub s" + std::to_string(i) + "\r\ns" + std::to_string(i + 1) + "\r\nEnd Sub\r\n";
     for (const auto& [head, mark] : {std::pair("Form_Load", 0), std::pair("Nobody", 2)}) {
         const std::string first = std::string("Sub ") + head + "()\r\ns1\r\nEnd Sub\r\n";
-        const clsModul& modul = ReadModuleAsItIs(Replace(first + chain, "\r\ns", "()\r\ns"), "F.frm");
-        Analyse();
+        const clsModul& modul = Analyse(ReadModuleAsItIs(Replace(first + chain, "\r\ns", "()\r\ns"), "F.frm"));
         ASSERT_EQ(modul.MyProcs.Count(), kLength + 1);
         EXPECT_EQ(modul.MyProcs.Item("s" + std::to_string(kLength))->IsDeath, mark);
     }

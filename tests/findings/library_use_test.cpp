@@ -8,7 +8,6 @@
 namespace {
 
 using LibraryUses = ProgramState;
-using testing::HasSubstr;
 
 constexpr const char* kProject =
     "Type=Exe\r\nReference=*\\G{1}#1.0#0#C:\\gone.dll#Gone\r\nObject={AAAA-1}#1.0#0; TREE.OCX\r\n"

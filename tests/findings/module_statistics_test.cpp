@@ -7,7 +7,7 @@ namespace {
 class ModuleStatisticsOf : public ProgramState {};
 
 TEST_F(ModuleStatisticsOf, OnlyEdgesFromAndToOtherModulesCount) {
-    ReadProject(
+    Analyse(ReadProject(
         {{"App.vbp", "Module=A; A.bas\nModule=B; B.bas\n"},
          {"A.bas",
           "Public Const cMax = 3\nPublic total\nPublic Type T\n  x As Long\nEnd Type\nPublic Enum E\n  eOne\nEnd Enum\n"
@@ -15,8 +15,7 @@ TEST_F(ModuleStatisticsOf, OnlyEdgesFromAndToOtherModulesCount) {
           "Sub Inner()\n  total = 1\n  Inner\nEnd Sub\n"},
          {"B.bas",
           "Private Const cB = cMax\nPrivate t As T\n"
-          "Sub Outer()\n  Inner\n  total = eOne\n  t.x = 2\n  Outer\nEnd Sub\n"}});
-    Analyse();
+          "Sub Outer()\n  Inner\n  total = eOne\n  t.x = 2\n  Outer\nEnd Sub\n"}}));
     // cMax twice, as declarations sections always count; total, Inner, x once; eOne as variable and as member.
     EXPECT_EQ(DependenciesExtern_CalledBy_Count(*gProjekt->Modules.Item("a")), 2 + 1 + 1 + 1 + 2);
     EXPECT_EQ(DependenciesExtern_Calls_Count(*gProjekt->Modules.Item("a")), 0);

@@ -8,11 +8,10 @@ namespace {
 class ReportsAsFiles : public ProgramState {
 protected:
     ReportsAsFiles() {
-        ReadProject({{"App.vbp", "Module=A; A.bas\r\nModule=B; sub\\A.bas\r\nClass=C; sub\\C.cls\r\n"},
-                     {"A.bas", "Sub S()\r\nEnd Sub\r\n"},
-                     {"sub\\A.bas", "Attribute VB_Name = \"B\"\r\n"},
-                     {"sub\\C.cls", "Dim a\r\n"}});
-        Analyse();
+        Analyse(ReadProject({{"App.vbp", "Module=A; A.bas\r\nModule=B; sub\\A.bas\r\nClass=C; sub\\C.cls\r\n"},
+                             {"A.bas", "Sub S()\r\nEnd Sub\r\n"},
+                             {"sub\\A.bas", "Attribute VB_Name = \"B\"\r\n"},
+                             {"sub\\C.cls", "Dim a\r\n"}}));
     }
 };
 

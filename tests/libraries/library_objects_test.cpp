@@ -1,9 +1,6 @@
 #include "libraries/library_objects.h"
 
-#include <gmock/gmock.h>
-
 #include "libraries/library_page.h"
-#include "model/clsProjekt.h"
 #include "platform/library_bytes.h"
 #include "platform/type_library_file.h"
 #include "support/golden.h"

@@ -7,6 +7,7 @@
 #include "libraries/project_entry.h"
 #include "model/clsProjekt.h"
 #include "shell/settings.h"
+#include "support/joined.h"
 
 namespace {
 
@@ -49,15 +50,10 @@ protected:
     }
     // "step outcome place; ..."
     static std::string Places(const clsTypeLib& library) {
-        std::string text;
-        for (const LibraryPlace& place : library.file.places)
-            text.append(text.empty() ? "" : "; ")
-                .append(TextOf(place.step))
-                .append(" ")
-                .append(TextOf(place.outcome))
-                .append(place.place.empty() ? "" : " ")
-                .append(place.place);
-        return text;
+        return Joined(library.file.places, "; ", [](const LibraryPlace& place) {
+            const std::string text = std::string(TextOf(place.step)) + " " + std::string(TextOf(place.outcome));
+            return place.place.empty() ? text : text + " " + place.place;
+        });
     }
 
     MemoryFiles files_;

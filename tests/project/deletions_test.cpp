@@ -117,7 +117,7 @@ TEST_F(Deleting, WhatIsAroundAnObjectComesBackBeforeIt) {
     }
     EXPECT_TRUE(project.Undo("A.b"));
     EXPECT_TRUE(project.Undo("A.c"));
-    EXPECT_THAT(project.Text(), testing::HasSubstr("\r\nDim b, c\r\n"));
+    EXPECT_THAT(project.Text(), HasSubstr("\r\nDim b, c\r\n"));
     EXPECT_TRUE(project.Undo("A.a"));
     EXPECT_EQ(project.Text(), whole);
     EXPECT_THAT(project.deletions.Unsaved(), IsEmpty());

@@ -50,11 +50,10 @@ TEST_F(CuttingObjects, OneOfSeveralVariablesGoesWithItsComma) {
         {"Dim a: Dim b: Dim d", "b", "Dim a: Dim d"},
         {"Dim a: Dim b: Dim d ' last", "d", "Dim a: Dim b ' last"},
     };
-    for (const auto& [declaration, name, left] : cases) {
-        SCOPED_TRACE(std::string(declaration) + " without " + name);
+    for (const auto& [declaration, name, left] : cases)
         EXPECT_EQ(Without(std::string("x = 1\n") + declaration + "\nDim z\n", std::string("m.") + name),
-                  Lines(std::string("x = 1\n") + left + "\nDim z\n"));
-    }
+                  Lines(std::string("x = 1\n") + left + "\nDim z\n"))
+            << declaration << " without " << name;
 }
 
 TEST_F(CuttingObjects, DeclarationsGoWithTheirLinesAndAttributes) {
@@ -91,7 +90,7 @@ TEST_F(CuttingObjects, DeclarationsGoWithTheirLinesAndAttributes) {
     expect("m.t [type]", "Private Type T\n    x As Long\n    Type As Long\nEnd Type\n\n");
     expect("m.sleep", "Private Declare Sub Sleep Lib \"kernel32\" _\n    (ByVal ms As Long)\n");
     expect("m.done", "Public Event Done()\nAttribute Done.VB_Description = \"d\"\n");
-    EXPECT_THAT(Without(module, "m.b"), testing::HasSubstr("Private c\r\nAttribute c.VB_VarDescription"));
+    EXPECT_THAT(Without(module, "m.b"), HasSubstr("Private c\r\nAttribute c.VB_VarDescription"));
     for (const char* part : {"m.e.one", "m.t.x"})
         EXPECT_EQ(Without(module, part), "-") << part;
 }
@@ -124,10 +123,10 @@ TEST_F(CuttingObjects, ProceduresGoWithTheirLines) {
         End Property
         Property Let q(v): End Property: Sub last()
         End Sub)"));
-    EXPECT_THAT(Without(module, "m.q [get]"), testing::HasSubstr("' p\r\n\r\nProperty Let q(v)"));
+    EXPECT_THAT(Without(module, "m.q [get]"), HasSubstr("' p\r\n\r\nProperty Let q(v)"));
     EXPECT_THAT(Without(module, "m.q [let]"), testing::EndsWith("End Property\r\nSub last()\r\nEnd Sub\r\n"));
-    EXPECT_THAT(Without(module, "p.e"), testing::HasSubstr("Then Dim d\r\n#If"));
-    EXPECT_THAT(Without(module, "p.a"), testing::HasSubstr("    Dim b: Dim c\r\n"));
+    EXPECT_THAT(Without(module, "p.e"), HasSubstr("Then Dim d\r\n#If"));
+    EXPECT_THAT(Without(module, "p.a"), HasSubstr("    Dim b: Dim c\r\n"));
     for (const char* unsafe : {"p.c", "p.d", "p.x"})
         EXPECT_EQ(Without(module, unsafe), "-") << unsafe;
     EXPECT_EQ(Without("Sub a()\nEnd Sub\nSub b()\nEnd Sub", "m.b"), "Sub a()\r\nEnd Sub\r\n");
@@ -166,7 +165,6 @@ TEST_F(CuttingObjects, ControlsGoWithAllBlocksOfTheirName) {
         Dim a
         )";
     EXPECT_THAT(Without(form, "frm.cmd", "frm.frm"),
-                testing::HasSubstr("Begin VB.Frame fra\r\n   End\r\n   Begin VB.Label lab\r\n"));
-    EXPECT_THAT(Without(form, "frm.fra", "frm.frm"),
-                testing::HasSubstr("\"x\"\r\n   Begin VB.Label lab\r\n   End\r\nEnd"));
+                HasSubstr("Begin VB.Frame fra\r\n   End\r\n   Begin VB.Label lab\r\n"));
+    EXPECT_THAT(Without(form, "frm.fra", "frm.frm"), HasSubstr("\"x\"\r\n   Begin VB.Label lab\r\n   End\r\nEnd"));
 }

@@ -6,10 +6,7 @@
 #include "project/refresh.h"
 
 #include <chrono>
-#include <cstdlib>
 #include <cstring>
-#include <filesystem>
-#include <map>
 #include <random>
 #include <set>
 

@@ -9,12 +9,9 @@ protected:
     // "main 0, form_load 1": the names of all entry points with their kinds.
     static std::string Found() {
         Analyse();
-        std::string text;
-        for (const EntryPoint& entry : EntryPointsOf(*gProjekt, MarksInCode(*gProjekt), {}))
-            text.append(text.empty() ? "" : ", ")
-                .append(entry.object->MyName())
-                .append(" " + std::to_string(static_cast<int>(entry.kind)));
-        return text;
+        return Joined(EntryPointsOf(*gProjekt, MarksInCode(*gProjekt), {}), ", ", [](const EntryPoint& entry) {
+            return std::string(entry.object->MyName()) + " " + std::to_string(static_cast<int>(entry.kind));
+        });
     }
 };
 

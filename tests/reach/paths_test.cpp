@@ -7,56 +7,33 @@ namespace {
 class ReachPaths : public ProgramState {
 protected:
     void SetUp() override {
-        ReadProject({{"P.vbp", "Type=Exe\nModule=M; M.bas\nModule=N; N.bas\nClass=C; C.cls\nStartup=\"Sub Main\"\n"},
-                     {"M.bas", R"(
+        Analyse(ReadProject(
+            {{"P.vbp", "Type=Exe\nModule=M; M.bas\nModule=N; N.bas\nClass=C; C.cls\nStartup=\"Sub Main\"\n"},
+             {"M.bas", R"(
                          Sub Main()
                              Short
                              Way1
                              Dim v
                              v.Target
                          End Sub
-                         Sub Short()
-                             Target
-                             Dim v
-                             v.Member
-                         End Sub
-                         Sub Way1()
-                             Way2
-                         End Sub
-                         Sub Way2()
-                             Short
-                             Target
-                             OnlyHere
-                         End Sub
-                         Sub Dead1()
-                             Dead2
-                             Target
-                         End Sub
-                         Sub Dead2()
-                             Dead1
-                             Dead3
-                         End Sub
-                         Sub Dead3()
-                         End Sub
+                         Sub Short(): Target: Dim v: v.Member: End Sub
+                         Sub Way1(): Way2: End Sub
+                         Sub Way2(): Short: Target: OnlyHere: End Sub
+                         Sub Dead1(): Dead2: Target: End Sub
+                         Sub Dead2(): Dead1: Dead3: End Sub
+                         Sub Dead3(): End Sub
                      )"},
-                     {"N.bas", "Public g\nSub Target()\nEnd Sub\nSub OnlyHere()\n g = 1\nEnd Sub\n"},
-                     {"C.cls", "Sub Member()\n Target\n g = 2\nEnd Sub\n"}});
-        Analyse();
+             {"N.bas", "Public g\nSub Target()\nEnd Sub\nSub OnlyHere()\n g = 1\nEnd Sub\n"},
+             {"C.cls", "Sub Member()\n Target\n g = 2\nEnd Sub\n"}}));
     }
     static std::string Names(const std::vector<const CodeObject*>& objects) {
-        std::string names;
-        for (const CodeObject* object : objects)
-            names.append(names.empty() ? "" : " ").append(object->MyName());
-        return names;
+        return Joined(objects, " ", std::mem_fn(&CodeObject::MyName));
     }
     // "certain: short 1, main 2; possible: member 1".
     static std::string Text(const Impact::Part& part) {
-        std::string text;
-        for (const Dependent& dependent : part.objects)
-            text.append(text.empty() ? "" : ", ")
-                .append(dependent.object->MyName())
-                .append(" " + std::to_string(dependent.distance));
-        return text;
+        return Joined(part.objects, ", ", [](const Dependent& dependent) {
+            return std::string(dependent.object->MyName()) + " " + std::to_string(dependent.distance);
+        });
     }
 };
 
@@ -65,7 +42,7 @@ protected:
 TEST_F(ReachPaths, PathsComeByLengthAndOfOneLengthCertainFirst) {
     const Links links(*gProjekt);
     std::vector<std::string> found;
-    for (const CallPath& path : PathsBetween(links, ObjectAt("m.main"), ObjectAt("n.target"))) {
+    for (const ReachPath& path : PathsBetween(links, ObjectAt("m.main"), ObjectAt("n.target"))) {
         std::string text = path.IsCertain() ? "" : "? ";
         for (const Link& link : path.links)
             text.append(link.from->MyName()).append(" ");

@@ -1,8 +1,6 @@
 // Compares the walks with a plain one that knows nothing of holders, numbers and queues: it relaxes one long list of
 // links until nothing changes.
-#include <gmock/gmock.h>
 
-#include <map>
 #include <random>
 #include <set>
 

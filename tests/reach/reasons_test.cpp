@@ -23,7 +23,7 @@ protected:
 }  // namespace
 
 TEST_F(ReachOfObjects, EachReasonOfAProcedure) {
-    ReadProject(
+    Analyse(ReadProject(
         {{"P.vbp", "Type=Exe\nModule=M; M.bas\nClass=C; C.cls\nStartup=\"Sub Main\"\n"},
          {"M.bas", R"(
                      Sub Main()
@@ -32,38 +32,19 @@ TEST_F(ReachOfObjects, EachReasonOfAProcedure) {
                          v.Possible
                          s = "Named"
                      End Sub
-                     Sub Kept()
-                     End Sub
-                     Sub Named()
-                     End Sub
-                     Sub Alone()
-                         Follows
-                     End Sub
-                     Sub Follows()
-                         RingA
-                     End Sub
-                     Sub RingA()
-                         RingB
-                     End Sub
-                     Sub RingB()
-                         RingA
-                     End Sub
-                     Sub Self()
-                         Self
-                     End Sub
-                     Sub PureA()
-                         PureB
-                         Below
-                     End Sub
-                     Sub PureB()
-                         PureA
-                     End Sub
-                     Sub Below()
-                     End Sub
+                     Sub Kept(): End Sub
+                     Sub Named(): End Sub
+                     Sub Alone(): Follows: End Sub
+                     Sub Follows(): RingA: End Sub
+                     Sub RingA(): RingB: End Sub
+                     Sub RingB(): RingA: End Sub
+                     Sub Self(): Self: End Sub
+                     Sub PureA(): PureB: Below: End Sub
+                     Sub PureB(): PureA: End Sub
+                     Sub Below(): End Sub
                  )"},
          {"C.cls",
-          "Sub Possible()\nEnd Sub\nPrivate Sub Nobody()\nEnd Sub\nPrivate Sub Class_Initialize()\nEnd Sub\n"}});
-    Analyse();
+          "Sub Possible()\nEnd Sub\nPrivate Sub Nobody()\nEnd Sub\nPrivate Sub Class_Initialize()\nEnd Sub\n"}}));
     using Case = std::pair<const char*, const char*>;
     for (const auto& [path, reason] :
          {Case{"m.main", "EntryPoint"}, Case{"m.kept", "Kept"}, Case{"c.possible", "OnlyPossible"},
@@ -84,12 +65,12 @@ protected:
     // Reads a project of a standard module, a class and a user control.
     static void Read(std::string_view standard, std::string_view type = "Exe", std::string_view classText = "",
                      std::string_view control = "") {
-        ReadProject({{"P.vbp", "Type=" + std::string(type) +
-                                   "\nModule=M; M.bas\nClass=C; C.cls\nUserControl=U.ctl\nStartup=\"Sub Main\"\n"},
-                     {"M.bas", std::string(standard)},
-                     {"C.cls", std::string(classText)},
-                     {"U.ctl", std::string(control)}});
-        Analyse();
+        Analyse(
+            ReadProject({{"P.vbp", "Type=" + std::string(type) +
+                                       "\nModule=M; M.bas\nClass=C; C.cls\nUserControl=U.ctl\nStartup=\"Sub Main\"\n"},
+                         {"M.bas", std::string(standard)},
+                         {"C.cls", std::string(classText)},
+                         {"U.ctl", std::string(control)}}));
     }
     static Grading GradeAt(std::string_view codePath, Declared declared = {}) {
         reach_ = std::make_unique<Reach>(*gProjekt, std::move(declared));
@@ -131,20 +112,12 @@ TEST_F(GradesOfObjects, WhatTheCodeNamesWithoutACallIsNotSure) {
             Read n:=Argument
             Read Argument:=n
         End Sub
-        Sub Hidden()
-            Below
-        End Sub
-        Sub Below()
-        End Sub
-        Sub Argument()
-        End Sub
-        Sub Twice()
-        End Sub
-        Sub Twice()
-            x = InSecond
-        End Sub
-        Sub Shadowed()
-        End Sub
+        Sub Hidden(): Below: End Sub
+        Sub Below(): End Sub
+        Sub Argument(): End Sub
+        Sub Twice(): End Sub
+        Sub Twice(): x = InSecond: End Sub
+        Sub Shadowed(): End Sub
         Sub Other()
             Dim Shadowed
             Shadowed = 1

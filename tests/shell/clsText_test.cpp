@@ -3,7 +3,6 @@
 #include <gmock/gmock.h>
 
 #include <algorithm>
-#include <utility>
 
 #include "platform/code_page.h"
 #include "support/ports.h"

@@ -1,36 +1,11 @@
 #include "shell/timing.h"
 
-#include <gmock/gmock.h>
-
-#include <cmath>
-#include <ctime>
+#include <gtest/gtest.h>
 
 #include "platform/clock.h"
-#include "support/ports.h"
+#include "shell/operations.h"
 
 namespace {
-
-TEST(TimerOfDay, CountsSecondsSinceLocalMidnight) {
-    const std::time_t now = std::time(nullptr);
-    const std::tm local = *std::localtime(&now);
-    const double distance = std::fabs(TimerOfDay() - (local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec));
-    EXPECT_TRUE(distance < 3 || distance > 86390) << distance;  // midnight may pass in between
-}
-
-TEST(TimingRecords, PairedStartsAndStopsAddUpAndAnUnpairedStopIsReported) {
-    const RecordingMessages messages;
-    TimingRecord record;
-    record.Total = 100;
-    for (int i = 0; i < 2; ++i) {
-        Timer_Start(record);
-        record.StartTime -= 16;  // simulates a duration of sixteen seconds
-        Timer_Stop(record);
-    }
-    EXPECT_NEAR(record.Total, 132, 0.5);
-    EXPECT_THAT(messages.texts, testing::IsEmpty());
-    Timer_Stop(record);
-    EXPECT_THAT(messages.texts, testing::ElementsAre("Timerschrott!!!!"));
-}
 
 TEST(QueryTimer, LowHalfThatReadsAsNegativeComesOutOneTooHigh) {
     EXPECT_EQ(CounterAsNumber(0x7FFFFFFF), 2147483647.0);

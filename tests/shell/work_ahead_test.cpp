@@ -7,7 +7,6 @@
 #include <stdexcept>
 #include <thread>
 
-#include "shell/operations.h"
 #include "support/ports.h"
 #include "support/program_state.h"
 

@@ -11,10 +11,8 @@ struct Case {
 };
 
 void ExpectTokens(std::initializer_list<Case> cases) {
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.source);
-        EXPECT_EQ(DumpTokens(c.source), c.tokens);
-    }
+    for (const Case& c : cases)
+        EXPECT_EQ(DumpTokens(c.source), c.tokens) << c.source;
 }
 
 }  // namespace

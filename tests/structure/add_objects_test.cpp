@@ -8,11 +8,8 @@ class Registration : public ProgramState {
 protected:
     // Code paths of all objects of a name, in the order of entry.
     static std::string PathsOf(const NameSpace& nameSpace, std::string_view name) {
-        std::string paths;
-        if (const clsSpaceName* entry = nameSpace.Item(name))
-            for (const CodeObject* object : entry->Objects())
-                paths.append(paths.empty() ? "" : "; ").append(object->CodePath());
-        return paths;
+        const clsSpaceName* entry = nameSpace.Item(name);
+        return entry ? Joined(entry->Objects(), "; ", std::mem_fn(&CodeObject::CodePath)) : "";
     }
 };
 

@@ -1,6 +1,5 @@
 #include "structure/read_proc.h"
 
-#include "source/tokens.h"
 #include "structure/reading.h"
 
 namespace {

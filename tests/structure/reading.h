@@ -9,10 +9,8 @@ struct Case {
 };
 
 inline void ExpectObjects(std::initializer_list<Case> cases, std::string_view fileName = "Module1.bas") {
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.source);
-        EXPECT_EQ(DumpObjects(ReadModule(c.source, fileName)), c.objects);
-    }
+    for (const Case& c : cases)
+        EXPECT_EQ(DumpObjects(ReadModule(c.source, fileName)), c.objects) << c.source;
 }
 
 /// First and last character of an object, like a mark; the last is -1 for an object without an end.

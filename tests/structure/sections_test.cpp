@@ -1,7 +1,6 @@
 // Tests where declarations and procedures begin, and which reader is called for each.
 #include "structure/sections.h"
 
-#include "source/tokens.h"
 #include "structure/reading.h"
 
 namespace {

@@ -4,6 +4,8 @@
 
 #include <gmock/gmock.h>
 
+#include <functional>
+
 #include "calls/driver.h"
 #include "findings/dead_objects.h"
 #include "model/clsControl.h"
@@ -12,12 +14,14 @@
 #include "model/clsType.h"
 #include "model/clsVariable.h"
 #include "source/module_text.h"
+#include "support/joined.h"
 #include "support/marked.h"
 #include "support/ports.h"
 #include "support/program_state.h"
 #include "support/read_project.h"
 
 using testing::ElementsAre;
+using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Pair;
 
@@ -25,6 +29,12 @@ using testing::Pair;
 inline void Analyse() {
     Who_Calls_Who(*gProjekt);
     Tote_Untote_Kennzeichnen(*gProjekt);
+}
+/// Same for a project, or the one of a module, that was read just now; returns what was read.
+template <class Read>
+Read& Analyse(Read& read) {
+    Analyse();
+    return read;
 }
 
 /// The object of the open project at `codePath`; throws if there is none.
@@ -43,8 +53,5 @@ inline clsProzedur& ProcedureAt(std::string_view codePath) {
 /// The names as spelled, separated by blanks.
 template <class T>
 std::string NamesIn(const clsCollection<T>& objects) {
-    std::string names;
-    for (const T* object : objects)
-        names.append(names.empty() ? "" : " ").append(object->myNameOrg());
-    return names;
+    return Joined(objects, " ", std::mem_fn(&CodeObject::myNameOrg));
 }

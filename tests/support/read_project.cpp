@@ -3,12 +3,9 @@
 #include <stdexcept>
 
 #include "model/clsControl.h"
-#include "model/clsEnum.h"
-#include "model/clsProzedur.h"
-#include "model/clsType.h"
-#include "model/clsVariable.h"
 #include "project/project_file.h"
 #include "project/start.h"
+#include "support/joined.h"
 #include "support/marked.h"
 
 namespace {
@@ -43,12 +40,12 @@ std::string Role(const clsVariable& variable) {
 }
 
 std::string List(const clsCollection<clsVariable>& variables) {
-    std::string list;
-    for (const clsVariable* variable : variables)
-        list.append(list.empty() ? "" : ", ")
-            .append(Role(*variable))
-            .append(NameAndType(*variable, variable->DatenTyp()));
-    return "(" + list + ")";
+    return "(" +
+           Joined(variables, ", ",
+                  [](const clsVariable* variable) {
+                      return Role(*variable) + NameAndType(*variable, variable->DatenTyp());
+                  }) +
+           ")";
 }
 
 // One object of the module, or an empty text if no collection contains it.

@@ -1,7 +1,5 @@
 // The main window with a screen reader or without a mouse.
 
-#include <set>
-
 #include "display/recent_projects.h"
 #include "main_window_test.h"
 #include "views/baum_view.h"
@@ -14,7 +12,6 @@
 #include "views/path_line.h"
 #include "views/properties_grid.h"
 #include "views/search_bar.h"
-#include "widgets/qt_text.h"
 #include "window_invariants.h"
 
 namespace {
@@ -166,13 +163,6 @@ TEST_F(AccessibleWindow, RecentProjectsAreInTheFileMenu) {
     EXPECT_TRUE(recent->actions()[1]->toolTip().contains(TextNr(Text::FileGone)));
     recent->actions()[0]->trigger();
     EXPECT_TRUE(gProjekt);
-}
-
-TEST_F(AccessibleWindow, CopyCommandsOfATreeAreInTheMenuToo) {
-    window_->OpenProject(kSample);
-    ASSERT_TRUE(window_->ActivateKey("modmain.main"));
-    window_->TheCommands()[Command::CopyCodePath].trigger();
-    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), "modMain.Main");
 }
 
 }  // namespace

@@ -1,11 +1,6 @@
 #include "views/baum_view.h"
 
-#include <QAbstractItemModelTester>
-#include <memory>
-
 #include "display/tree_marks.h"
-#include "platform/code_page.h"
-#include "shell/settings.h"
 #include "window_texts.h"
 
 using testing::ElementsAre;

@@ -1,7 +1,5 @@
 #include "views/code_view.h"
 
-#include "platform/code_page.h"
-#include "shell/settings.h"
 #include "views/path_line.h"
 #include "views/properties_grid.h"
 #include "widgets/code_style.h"
@@ -241,11 +239,6 @@ TEST_F(CodeViews, DeadCodeHasAGreyBackgroundFromThePalette) {
     Show(code);
     const auto ground = [this] { return view.viewport()->palette().color(QPalette::Base); };
     EXPECT_EQ(ground().name(), QStringLiteral("#f0f0f0"));
-    code.shade = Shade::Faint;
-    view.Show(code);
-    EXPECT_TRUE(ground().lightness() > 0xf0 && ground().lightness() < 0xff);
-    code.shade = Shade::Grey;
-    view.Show(code);
     palette.setColor(QPalette::Base, Qt::black);
     palette.setColor(QPalette::Text, Qt::white);
     view.setPalette(palette);

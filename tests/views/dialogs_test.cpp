@@ -1,8 +1,6 @@
 #include "views/dialogs.h"
 
 #include "model/clsProjekt.h"
-#include "platform/settings_file.h"
-#include "project/start.h"
 #include "views/frm_about.h"
 #include "views/frm_error.h"
 #include "views/frm_keys.h"

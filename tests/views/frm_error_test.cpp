@@ -1,6 +1,5 @@
 #include "views/frm_error.h"
 
-#include "shell/errors.h"
 #include "shell/operations.h"
 #include "shell/program.h"
 #include "support/read_project.h"

@@ -1,13 +1,9 @@
 #include "views/frm_main.h"
 
-#include <filesystem>
-
 #include "display/baum_walk.h"
 #include "display/recent_projects.h"
 #include "main_window_test.h"
-#include "model/clsProzedur.h"
 #include "shell/operations.h"
-#include "shell/settings.h"
 #include "views/baum_view.h"
 #include "views/code_view.h"
 #include "views/commands.h"
@@ -18,13 +14,11 @@
 #include "views/main_panes.h"
 #include "views/overview_pane.h"
 #include "views/overview_table.h"
-#include "views/path_line.h"
 #include "views/problems_list.h"
 #include "views/properties_grid.h"
 #include "views/references_list.h"
 #include "views/search_bar.h"
 #include "views/start_page.h"
-#include "widgets/qt_text.h"
 
 using testing::HasSubstr;
 
@@ -66,9 +60,17 @@ protected:
     [[nodiscard]] QString Code() const { return window_->rtbCode().toPlainText(); }
 };
 
+class OpenWindow : public MainWindow {
+protected:
+    OpenWindow() { Open(); }
+};
+
+class WindowWithCalls : public OpenWindow {
+protected:
+    WindowWithCalls() { ReadCalls(); }
+};
+
 TEST_F(MainWindow, EmptyWindowInvitesAndLetsNothingElseBeDone) {
-    EXPECT_TRUE(Find<StartPage>().isVisible());
-    EXPECT_FALSE(Find<MainPanes>().isVisible());
     for (const char* key : {"Calls", "Refresh", "Search", "SplitForCalls", "NavPrev", "ReportDeaths", "CollapseAll",
                             "CheckBoxOn", "Structure", "ContentChart", "ContentGraph"})
         EXPECT_FALSE(Command(key).isEnabled()) << key;
@@ -81,17 +83,9 @@ TEST_F(MainWindow, EmptyWindowInvitesAndLetsNothingElseBeDone) {
     EXPECT_TRUE(window_->close());
 }
 
-TEST_F(MainWindow, OpeningShowsTreeTitleCountsAndCommands) {
-    Open();
-    EXPECT_TRUE(Find<MainPanes>().isVisible());
-    EXPECT_EQ(window_->windowTitle(), QStringLiteral("ToolHire:   Ostrivane (ToolHire.vbp)"));
+TEST_F(OpenWindow, OpeningShowsTheTreeAndCounts) {
     EXPECT_EQ(window_->TheSettings().OpenSaveDir, directory_.Path("samples/ToolHire"));
     EXPECT_EQ(RecentProjects(settings_), std::vector{Project()});
-    EXPECT_TRUE(Command("Calls").isEnabled());
-    EXPECT_FALSE(Command("Structure").isEnabled());
-    EXPECT_FALSE(Command("CheckBoxAll").isVisible());
-    Command("CheckBoxOn").trigger();
-    EXPECT_TRUE(Command("CheckBoxAll").isVisible());
     QStringList shown;
     for (const QLabel* label : window_->statusBar()->findChildren<QLabel*>())
         shown.append(label->text());
@@ -99,26 +93,7 @@ TEST_F(MainWindow, OpeningShowsTreeTitleCountsAndCommands) {
     EXPECT_EQ(window_->focusWidget(), &window_->BaumProjekt());
 }
 
-TEST_F(MainWindow, ClickAndKeysShowTheObjectInEveryPane) {
-    Open();
-    ClickNode("modmain");
-    EXPECT_THAT(Code().toStdString(), HasSubstr("Public Const MAX_HIRE_DAYS"));
-    EXPECT_THAT(Find<PathLine>().Whole().toStdString(), HasSubstr("modMain.bas"));
-    EXPECT_THAT(Find<PropertiesGrid>().AsText().toStdString(), HasSubstr("modMain"));
-    // A group is not an object.
-    ClickNode("modmain.public_sub[]", NodeKind::Group);
-    EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), "modmain");
-    ClickNode("modmain.main");
-    EXPECT_THAT(Code().toStdString(), HasSubstr("Sub Main()"));
-    ASSERT_TRUE(window_->TheWorkspace().Current().CurProc);
-    EXPECT_THAT(Find<PropertiesGrid>().AsText().toStdString(), HasSubstr("public"));
-    QTest::keyClick(&window_->BaumProjekt(), Qt::Key_Down);
-    EXPECT_NE(window_->TheWorkspace().Current().CurObject->CodePath(), "modmain.main");
-    EXPECT_FALSE(Code().contains(QStringLiteral("Sub Main()")));
-}
-
-TEST_F(MainWindow, ReadCallsAsksAndRightClickInTheCodeJumps) {
-    Open();
+TEST_F(OpenWindow, ReadCallsAsksAndRightClickInTheCodeJumps) {
     AnswerNext(QMessageBox::No);
     Command("Calls").trigger();
     ASSERT_EQ(asked_, QStringList{TextNr(Text::AskReadCalls)});
@@ -136,8 +111,7 @@ TEST_F(MainWindow, ReadCallsAsksAndRightClickInTheCodeJumps) {
     EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), target);
 }
 
-TEST_F(MainWindow, ReferencesAreListedAndWalkedThrough) {
-    Open();
+TEST_F(OpenWindow, ReferencesAreListedAndWalkedThrough) {
     ReferencesList& list = Find<ReferencesList>();
     window_->ActivateKey("texttools.isblank");
     Command("FindCallers").trigger();
@@ -195,15 +169,9 @@ TEST_F(MainWindow, ReferencesAreListedAndWalkedThrough) {
     EXPECT_EQ(list.Count(), 0);
 }
 
-TEST_F(MainWindow, DependencyTreesFollowTheObjectAndItsCertainty) {
-    Open();
-    ReadCalls();
+// A click on a callee marks the places of its calls in the code, and the user can step through them.
+TEST_F(WindowWithCalls, NeighboursLeadToTheirPlacesAndByARightClickToThemselves) {
     window_->Split_For_Calls();
-    window_->ActivateKey("modmain.main");
-    EXPECT_GT(window_->TheWorkspace().Calls().Count(), 0);
-    EXPECT_TRUE(Command("CallsReally").isEnabled());
-    EXPECT_FALSE(Command("CalledByReally").isEnabled());  // has no caller
-    // A click on a callee marks the places of its calls in the code, and the user can step through them.
     window_->ActivateKey("clshire.customer [set]");
     Q_EMIT ViewOf(window_->TheWorkspace().Calls()).NodeActivated("clscustomer.hirecount");
     EXPECT_EQ(window_->rtbCode().PlaceCount(), 4);
@@ -212,7 +180,6 @@ TEST_F(MainWindow, DependencyTreesFollowTheObjectAndItsCertainty) {
         Command(command).trigger();
         EXPECT_EQ(StatusText().toStdString(), place);
     }
-    // A right click on a caller jumps.
     window_->ActivateKey("modstore");
     EXPECT_EQ(StatusText(), QString());
     const std::string caller = AnyObject(window_->TheWorkspace().CalledBy());
@@ -220,15 +187,9 @@ TEST_F(MainWindow, DependencyTreesFollowTheObjectAndItsCertainty) {
     EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), caller);
     Command("NavPrev").trigger();
     EXPECT_EQ(window_->TheWorkspace().Current().CurObject->CodePath(), "modstore");
-    window_->ActivateKey("modslip.printall");
-    EXPECT_FALSE(window_->TheWorkspace().Calls().Exist("clstool.printon"));
-    Command("CallsMaybe").trigger();
-    EXPECT_TRUE(window_->TheWorkspace().Calls().Exist("clstool.printon"));
-    EXPECT_FALSE(Command("CallsReally").isChecked());
 }
 
-TEST_F(MainWindow, WhatIsSaidAboutAPlaceGoesWithIt) {
-    Open();
+TEST_F(OpenWindow, WhatIsSaidAboutAPlaceGoesWithIt) {
     window_->ActivateKey("modstore");
     window_->RunOn(::Command::GoTo, "");
     EXPECT_EQ(StatusText(), TextNr(Text::NothingToGoTo));
@@ -242,18 +203,12 @@ TEST_F(MainWindow, WhatIsSaidAboutAPlaceGoesWithIt) {
     EXPECT_EQ(field->text(), QString()) << "another project has other objects";
 }
 
-TEST_F(MainWindow, CheckedModulesShowTheirCommonNeighbourhood) {
-    Open();
-    ReadCalls();
+TEST_F(WindowWithCalls, BothPanesOfAGroupOfferAWayOut) {
     window_->Split_For_Calls();
     Command("CheckBoxOn").trigger();
     BaumNode& node = *window_->TheWorkspace().Tree().Item("modstore");
     window_->TheWorkspace().Tree().SetChecked(node, true);
     Q_EMIT window_->BaumProjekt().NodeChecked(node);
-    EXPECT_TRUE(window_->TheWorkspace().CalledBy().Exist("modmain"));
-    EXPECT_THAT(Find<PathLine>().Whole().toStdString(), HasSubstr("modStore.bas"));
-    EXPECT_THAT(Find<PropertiesGrid>().AsText().toStdString(), HasSubstr("modStore"));
-    // Both panes say what they show, and offer a way out.
     const auto buttons = window_->findChildren<QToolButton*>(QStringLiteral("ShowAll"));
     ASSERT_EQ(buttons.size(), 2);
     for (const bool seen : {true, false, true}) {
@@ -266,8 +221,7 @@ TEST_F(MainWindow, CheckedModulesShowTheirCommonNeighbourhood) {
     EXPECT_FALSE(node.Checked());
 }
 
-TEST_F(MainWindow, OptionsKeepFoldsChecksAndTheSelectedNode) {
-    Open();
+TEST_F(OpenWindow, OptionsKeepFoldsChecksAndTheSelectedNode) {
     window_->ActivateKey("modmain.main");
     const Baum& tree = window_->TheWorkspace().Tree();
     BaumNode& modul = *tree.Item("modstore");
@@ -285,8 +239,7 @@ TEST_F(MainWindow, OptionsKeepFoldsChecksAndTheSelectedNode) {
     EXPECT_THAT(Code().toStdString(), HasSubstr("Sub Main()"));
 }
 
-TEST_F(MainWindow, NodesAreCollectedByDraggingOrByKeys) {
-    Open();
+TEST_F(OpenWindow, NodesAreCollectedByDraggingOrByKeys) {
     BaumView* collected = nullptr;
     for (BaumView* view : window_->findChildren<BaumView*>())
         if (view->acceptDrops())
@@ -300,21 +253,8 @@ TEST_F(MainWindow, NodesAreCollectedByDraggingOrByKeys) {
     EXPECT_EQ(collected->Tree().Count(), 0);
 }
 
-TEST_F(MainWindow, ArrangementsKeepTheirOwnBarsAndAreStored) {
-    Open();
-    MainPanes& panes = Find<MainPanes>();
-    panes.picSplitX().SetPlace(333);
-    Command("SplitX").trigger();
-    EXPECT_TRUE(panes.picSplitX().Folded());
-    EXPECT_EQ(panes.picSplitX().sizes().front(), 0);
-    Command("SplitForCalls").trigger();
-    EXPECT_FALSE(panes.picSplitX().Folded());
-    Command("SplitForContent").trigger();
-    EXPECT_TRUE(panes.picSplitX().Folded());
-    Command("SplitX").trigger();
-    EXPECT_NEAR(panes.picSplitX().Place(), 333, 2);
-    EXPECT_NEAR(panes.picSplitX().sizes().front(), 333, 2);
-
+TEST_F(OpenWindow, PlacesOfBarsAndTheWindowAreStored) {
+    Find<MainPanes>().picSplitX().SetPlace(333);
     EXPECT_TRUE(window_->close());
     EXPECT_FALSE(gProjekt);
     const WindowSize stored = SizeSave_Read(settings_);
@@ -323,9 +263,7 @@ TEST_F(MainWindow, ArrangementsKeepTheirOwnBarsAndAreStored) {
     EXPECT_NEAR(std::stoi(stored.Width), 1200 * 15, 30);
 }
 
-TEST_F(MainWindow, NamesOfTabsDoNotMoveTheBarBesideTheTree) {
-    Open();
-    ReadCalls();
+TEST_F(WindowWithCalls, NamesOfTabsDoNotMoveTheBarBesideTheTree) {
     FoldSplitter& bar = Find<MainPanes>().picSplitX();
     bar.SetPlace(200);
     EXPECT_NEAR(bar.sizes().front(), 200, 2);
@@ -334,8 +272,7 @@ TEST_F(MainWindow, NamesOfTabsDoNotMoveTheBarBesideTheTree) {
     EXPECT_NEAR(bar.sizes().front(), 200, 2) << "the tab of the references has a number now";
 }
 
-TEST_F(MainWindow, FocusStaysInItsPaneWhenTheArrangementChanges) {
-    Open();
+TEST_F(OpenWindow, FocusStaysInItsPaneWhenTheArrangementChanges) {
     for (QWidget* widget : {static_cast<QWidget*>(&window_->BaumProjekt()), static_cast<QWidget*>(&window_->rtbCode())})
         for (const char* arrangement : {"SplitForCalls", "SplitForContent"}) {
             window_->ActivateKey("modmain.main");
@@ -350,8 +287,7 @@ TEST_F(MainWindow, FocusStaysInItsPaneWhenTheArrangementChanges) {
     EXPECT_EQ(window_->focusWidget(), &window_->BaumProjekt()) << "its own pane is hidden";
 }
 
-TEST_F(MainWindow, SearchOpensThePanesThatHideItsField) {
-    Open();
+TEST_F(OpenWindow, SearchOpensThePanesThatHideItsField) {
     for (const char* arrangement : {"SplitForContent", "SplitForCalls"}) {
         SCOPED_TRACE(arrangement);
         Command(arrangement).trigger();
@@ -365,8 +301,7 @@ TEST_F(MainWindow, SearchOpensThePanesThatHideItsField) {
     }
 }
 
-TEST_F(MainWindow, ShiftF10OpensTheMenuOfWhatHasTheFocus) {
-    Open();
+TEST_F(OpenWindow, ShiftF10OpensTheMenuOfWhatHasTheFocus) {
     window_->ActivateKey("modmain.main");
     for (QWidget* widget :
          {static_cast<QWidget*>(&window_->BaumProjekt()), static_cast<QWidget*>(&window_->rtbCode())}) {
@@ -440,8 +375,7 @@ TEST_F(MainWindow, MissingLibrariesAreAmongTheProblems) {
     EXPECT_EQ(count->text(), TextNr(Text::ProblemCount, NumberText(2)));
 }
 
-TEST_F(MainWindow, ReportsAskBeforeTheyAreWrittenAndSayWhere) {
-    Open();
+TEST_F(OpenWindow, ReportsAskBeforeTheyAreWrittenAndSayWhere) {
     const auto files = [this] {
         return std::distance(std::filesystem::recursive_directory_iterator(directory_.Path("samples")), {});
     };
@@ -480,9 +414,7 @@ TEST_F(MainWindow, ReportsAskBeforeTheyAreWrittenAndSayWhere) {
     Command("ReportStructure").trigger();
 }
 
-TEST_F(MainWindow, FixedTextsFollowTheLanguage) {
-    Open();
-    ReadCalls();
+TEST_F(WindowWithCalls, FixedTextsFollowTheLanguage) {
     EXPECT_EQ(StatusText(), QStringLiteral("Calls read: 827 Really, 25 May be, 92 uses."));
     window_->ActivateKey("modmain.main");
     const auto firstLabel = [&] {
@@ -513,20 +445,7 @@ TEST_F(MainWindow, TakesADroppedProjectAndNothingElse) {
     }
 }
 
-TEST_F(MainWindow, SecondProjectReplacesTheFirst) {
-    Open();
-    window_->ActivateKey("modmain.main");
-    Command("Search").trigger();
-    directory_.Write("One.vbp", "Type=Exe\r\nModule=One; One.bas\r\nName=\"One\"\r\n");
-    directory_.Write("One.bas", "Attribute VB_Name = \"One\"\r\nSub Main()\r\nEnd Sub\r\n");
-    window_->OpenProject(directory_.Path("One.vbp"));
-    EXPECT_FALSE(window_->TheWorkspace().Current().CurObject);
-    EXPECT_TRUE(Code().isEmpty());
-    EXPECT_FALSE(Command("NavPrev").isEnabled());
-}
-
-TEST_F(MainWindow, NothingOfTheOldProjectIsShownWhileTheNextOneIsRead) {
-    Open();
+TEST_F(OpenWindow, NothingOfTheOldProjectIsShownWhileTheNextOneIsRead) {
     Remove("modStore.bas");
     QString title, counts;
     bool asked = false;
@@ -584,8 +503,7 @@ TEST_F(MainWindow, ProjectComesBackAsItWasLeft) {
     window_.reset();
 }
 
-TEST_F(MainWindow, ForeignProjectIsRefusedAndTheOpenOneStays) {
-    Open();
+TEST_F(OpenWindow, ForeignProjectIsRefusedAndTheOpenOneStays) {
     const QString title = window_->windowTitle();
     for (const char* bytes : {"", "MZ\1\2", "<html>\n", "gone"}) {
         const std::string path = directory_.Write("foreign.vbp", bytes);
@@ -635,8 +553,7 @@ TEST_F(MainWindow, CallsAreReadAtOpeningUnlessAnOptionSaysNo) {
     EXPECT_THAT(StatusText().toStdString(), testing::ContainsRegex("^14 .*827"));
 }
 
-TEST_F(MainWindow, OverviewStandsWhereNothingIsSelected) {
-    Open();
+TEST_F(OpenWindow, OverviewStandsWhereNothingIsSelected) {
     auto& overview = Find<OverviewPane>();
     EXPECT_TRUE(overview.isVisible());
     const auto row = [&](const char* label) -> OverviewRow& {
@@ -670,14 +587,9 @@ TEST_F(MainWindow, OverviewStandsWhereNothingIsSelected) {
     QTest::keyClick(&table, Qt::Key_Escape);
     QApplication::processEvents();
     EXPECT_TRUE(row("Dead objects").isVisible());
-    Command("NavPrev").trigger();
-    EXPECT_TRUE(window_->rtbCode().isVisible() && Command("ContentCode").isChecked());
-    Command("CloseProject").trigger();
-    EXPECT_TRUE(overview.findChildren<OverviewRow*>().isEmpty());
 }
 
-TEST_F(MainWindow, WholeModuleFoldsTheHeaderOfItsFile) {
-    Open();
+TEST_F(OpenWindow, WholeModuleFoldsTheHeaderOfItsFile) {
     EXPECT_FALSE(Command("WholeModule").isEnabled());
     window_->ActivateKey("clstool.init");
     auto& header = ChildOf<QPushButton>(*window_, "header");

@@ -1,6 +1,5 @@
 #include "views/frm_optionen.h"
 
-#include "platform/settings_file.h"
 #include "support/read_project.h"
 #include "window_texts.h"
 

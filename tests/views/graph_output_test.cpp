@@ -6,9 +6,7 @@
 
 #include "canvas/graph_canvas.h"
 #include "canvas/graph_picture.h"
-#include "platform/settings_file.h"
 #include "platform/temp_directory.h"
-#include "shell/operations.h"
 #include "support/project_test.h"
 #include "views/graph_print.h"
 #include "window_texts.h"
@@ -19,8 +17,7 @@ namespace {
 class Outputs : public WindowTest {
 protected:
     Outputs() {
-        ReadProject({{"M.bas", "Sub Go()\nStay\nEnd Sub\nSub Stay()\nEnd Sub\n"}});
-        Analyse();
+        Analyse(ReadProject({{"M.bas", "Sub Go()\nStay\nEnd Sub\nSub Stay()\nEnd Sub\n"}}));
         canvas_.SetProject(gProjekt.get());
         Put("m.go", 30000, 30000);
         Put("m.stay", 33000, 33000);
@@ -66,7 +63,7 @@ protected:
 
 TEST_F(Outputs, TheSuffixOfTheFileIsItsFormat) {
     Export("a.svg");
-    EXPECT_THAT(directory_.Bytes("a.svg"), testing::HasSubstr("<svg "));
+    EXPECT_THAT(directory_.Bytes("a.svg"), HasSubstr("<svg "));
     Export("a.PDF");
     EXPECT_THAT(directory_.Bytes("a.PDF"), testing::StartsWith("%PDF"));
     Export("a.dot");
@@ -101,7 +98,7 @@ TEST_F(Outputs, OptionsBelongToTheirFormatsAndAreRemembered) {
         EXPECT_FALSE(ChildOf<QSpinBox>(dialog, "scale").isEnabled());
         EXPECT_TRUE(ChildOf<QCheckBox>(dialog, "caption").isEnabled());
     });
-    EXPECT_THAT(directory_.Bytes("c.svg"), testing::HasSubstr(", 2 symbols"));
+    EXPECT_THAT(directory_.Bytes("c.svg"), HasSubstr(", 2 symbols"));
     Export("c.json",
            [](GraphExportDialog& dialog) { EXPECT_FALSE(ChildOf<QCheckBox>(dialog, "caption").isEnabled()); });
 }

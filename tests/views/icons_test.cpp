@@ -1,6 +1,5 @@
 #include "widgets/icons.h"
 
-#include <QBuffer>
 #include <set>
 
 #include "platform/library_bytes.h"

@@ -15,7 +15,7 @@
 /// A main window whose settings and projects are files in a directory of its own.
 class MainWindowTest : public WindowTest {
 protected:
-    MainWindowTest() : settings_(files_, directory_.Path("Ostrivane.ini")) { gIniFile = settings_.Path(); }
+    MainWindowTest() : settings_(files_, directory_.Path("Ostrivane.ini")) {}
 
     void ShowWindow(const Settings& settings = Settings(), QSize size = {1200, 800}) {
         window_ = std::make_unique<frmMain>(files_, settings_, settings, ProgramDirectory());

@@ -1,10 +1,7 @@
 #include "views/problems_list.h"
 
-#include <QAbstractItemModelTester>
-
 #include "model/clsProjekt.h"
 #include "project/project_file.h"
-#include "project/start.h"
 #include "window_texts.h"
 
 namespace {

@@ -4,20 +4,13 @@
 // Each seed is a session of its own: a new window with a copy of the sample. The environment variable
 // OSTRIVANE_RANDOM_SECONDS gives the test more time than its usual share; it then goes on to further seeds.
 // OSTRIVANE_RANDOM_SEED=7 replays one session and prints each step before it is taken.
-#include <gmock/gmock.h>
 
-#include <QtTest>
-#include <QtWidgets>
-#include <cstdlib>
-#include <filesystem>
 #include <functional>
 #include <iostream>
 #include <random>
 
 #include "model/clsProjekt.h"
-#include "platform/settings_file.h"
 #include "platform/temp_directory.h"
-#include "shell/settings.h"
 #include "views/baum_view.h"
 #include "views/code_view.h"
 #include "views/commands.h"
@@ -49,7 +42,7 @@ public:
     bool OneIn(int count) { return Below(count) == 0; }
     template <class List>
     auto& Of(List& list) {
-        return list[static_cast<decltype(list.size())>(Below(static_cast<qsizetype>(list.size())))];
+        return *std::next(std::begin(list), Below(static_cast<qsizetype>(std::size(list))));
     }
 
 private:
@@ -103,7 +96,7 @@ private:
         } else {
             const auto* dialog = qobject_cast<QDialog*>(&window);
             const char* const names[] = {"cmdWrite", "cmdDelete", "cmdDeclare", "cmdRemove"};
-            auto* button = window.findChild<QPushButton*>(QLatin1String(names[dice_.Below(std::size(names))]));
+            auto* button = window.findChild<QPushButton*>(QLatin1String(dice_.Of(names)));
             if (button && button->isVisible() && dice_.OneIn(2))
                 button->click();
             else if (dialog)
@@ -119,7 +112,7 @@ private:
                 options.findChild<QAbstractButton*>(QLatin1String(name))->click();
         cut_ += CutTexts(options);
         const char* const buttons[] = {"cmdOK", "cmdOK", "cmdCancel", "cmdApply", "cmdDefaults"};
-        options.findChild<QAbstractButton*>(QLatin1String(buttons[dice_.Below(std::size(buttons))]))->click();
+        options.findChild<QAbstractButton*>(QLatin1String(dice_.Of(buttons)))->click();
     }
 
     Dice& dice_;
@@ -141,7 +134,6 @@ public:
         for (std::string& path : projects_)
             path = path.front() == '/' ? path : directory_.Path(path);
         directory_.Write("Small.bas", "Attribute VB_Name = \"Small\"\r\nSub Main()\r\n  Main\r\nEnd Sub\r\n");
-        gIniFile = settingsFile_.Path();
         window_ = std::make_unique<frmMain>(files_, settingsFile_, Settings(), programDirectory);
         window_->resize(1024, 700);
         window_->show();
@@ -216,9 +208,15 @@ private:
         Trigger(*(names.begin() + dice_.Below(static_cast<qsizetype>(names.size()))));
     }
 
-    void OpenAny() {
+    // Something long, which is cancelled at times.
+    void TakeLong(bool cancel, const std::function<void()>& take) {
         mayChangeEdges_ = true;
-        answers_->CancelNext(dice_.OneIn(6));
+        answers_->CancelNext(cancel);
+        take();
+        Settle();
+        answers_->CancelNext(false);
+    }
+    void OpenAny() {
         if (dice_.OneIn(3)) {
             Trigger("OpenProject");
         } else if (dice_.OneIn(2)) {
@@ -229,8 +227,6 @@ private:
             if (const QList<QAction*> actions = recent->actions(); !actions.isEmpty() && actions.front()->isEnabled())
                 actions.front()->trigger();
         }
-        Settle();
-        answers_->CancelNext(false);
     }
     void Drop(const std::string& path) {
         QMimeData data;
@@ -239,13 +235,6 @@ private:
         QApplication::sendEvent(window_.get(), &enter);
         QDropEvent drop(QPointF(5, 5), Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
         QApplication::sendEvent(window_.get(), &drop);
-    }
-    void ReadCalls(bool cancel) {
-        mayChangeEdges_ = true;
-        answers_->CancelNext(cancel);
-        Trigger("Calls");
-        Settle();
-        answers_->CancelNext(false);
     }
 
     // Files as editors and version control leave them: longer, gone, back, foreign.
@@ -279,15 +268,16 @@ private:
             projects_.front(), std::filesystem::file_time_type::clock::now() + std::chrono::seconds(++changes_));
     }
     void Refresh() {
-        mayChangeEdges_ = true;
         if (dice_.OneIn(2))
             ChangeFiles();
-        answers_->CancelNext(dice_.OneIn(6));
-        QTest::keyClick(window_.get(), Qt::Key_F5);
-        Settle();
-        answers_->CancelNext(false);
+        TakeLong(dice_.OneIn(6), [this] { QTest::keyClick(window_.get(), Qt::Key_F5); });
     }
 
+    // One of them, or null.
+    BaumView* AnyTree() {
+        QList<BaumView*> trees = VisibleTrees();
+        return trees.isEmpty() ? nullptr : dice_.Of(trees);
+    }
     [[nodiscard]] QList<BaumView*> VisibleTrees() const {
         QList<BaumView*> trees = window_->findChildren<BaumView*>();
         trees.removeIf([](const BaumView* tree) { return !tree->isVisible() || tree->Tree().Roots().empty(); });
@@ -298,33 +288,37 @@ private:
         return tree.indexAt({tree.viewport()->width() / 2, dice_.Below(std::max(tree.viewport()->height(), 1))});
     }
     void ClickTree() {
-        const QList<BaumView*> trees = VisibleTrees();
-        if (trees.isEmpty())
-            return;
-        BaumView& tree = *dice_.Of(trees);
-        if (const QModelIndex row = AnyRow(tree); row.isValid())
-            QTest::mouseClick(tree.viewport(), dice_.OneIn(4) ? Qt::RightButton : Qt::LeftButton, {},
-                              tree.visualRect(row).center());
+        BaumView* const tree = AnyTree();
+        if (const QModelIndex row = tree ? AnyRow(*tree) : QModelIndex(); row.isValid())
+            QTest::mouseClick(tree->viewport(), dice_.OneIn(4) ? Qt::RightButton : Qt::LeftButton, {},
+                              tree->visualRect(row).center());
     }
     void KeysInTree() {
-        const QList<BaumView*> trees = VisibleTrees();
-        if (trees.isEmpty())
-            return;
-        BaumView& tree = *dice_.Of(trees);
-        tree.setFocus();
         constexpr Qt::Key keys[] = {Qt::Key_Down, Qt::Key_Down,  Qt::Key_Up,   Qt::Key_Right,    Qt::Key_Right,
                                     Qt::Key_Left, Qt::Key_Space, Qt::Key_Home, Qt::Key_PageDown, Qt::Key_Return,
                                     Qt::Key_Plus, Qt::Key_End,   Qt::Key_M,    Qt::Key_Asterisk};
-        for (int count = 1 + dice_.Below(4); count > 0; --count)
-            QTest::keyClick(&tree, keys[dice_.Below(std::size(keys))]);
+        if (BaumView* const tree = AnyTree())
+            PressAny(*tree, keys, 4);
+    }
+    // Up to so many of these keys.
+    template <std::size_t count>
+    void PressAny(QWidget& widget, const Qt::Key (&keys)[count], int most) {
+        widget.setFocus();
+        for (int times = 1 + dice_.Below(most); times > 0; --times)
+            QTest::keyClick(&widget, dice_.Of(keys));
+    }
+    // One of these buttons, if it is enabled.
+    template <std::size_t count>
+    void ClickAny(const QWidget& window, const char* const (&names)[count]) {
+        auto* button = window.findChild<QPushButton*>(QLatin1String(dice_.Of(names)));
+        if (button->isEnabled())
+            button->click();
     }
     void MenuOfTree() {
-        const QList<BaumView*> trees = VisibleTrees();
-        if (trees.isEmpty())
-            return;
-        BaumView& tree = *dice_.Of(trees);
-        tree.setFocus();
-        QTest::keyClick(&tree, Qt::Key_F10, Qt::ShiftModifier);
+        if (BaumView* const tree = AnyTree()) {
+            tree->setFocus();
+            QTest::keyClick(tree, Qt::Key_F10, Qt::ShiftModifier);
+        }
     }
     void Collect() {
         BaumView& tree = window_->BaumProjekt();
@@ -371,11 +365,11 @@ private:
         if (!field->isVisible())
             return;
         constexpr const char* texts[] = {"ma", "c", "hi", "zz", "get", "tool", "0"};
-        QTest::keyClicks(field, QLatin1String(texts[dice_.Below(std::size(texts))]));
+        QTest::keyClicks(field, QLatin1String(dice_.Of(texts)));
         constexpr Qt::Key ends[] = {Qt::Key_Return, Qt::Key_Return, Qt::Key_Escape, Qt::Key_Tab, Qt::Key_F5};
         for (int downs = dice_.Below(3); downs > 0; --downs)
             QTest::keyClick(field, Qt::Key_Down);
-        const Qt::Key end = ends[dice_.Below(std::size(ends))];
+        const Qt::Key end = dice_.Of(ends);
         mayChangeEdges_ = end == Qt::Key_F5;
         QTest::keyClick(field, end);
     }
@@ -394,10 +388,7 @@ private:
     void Problems() {
         Trigger("Problems");
         auto& list = *window_->findChild<ProblemsList*>();
-        const char* const buttons[] = {"cmdGoTo", "cmdCopy", "cmdClose"};
-        auto* button = list.findChild<QPushButton*>(QLatin1String(buttons[dice_.Below(std::size(buttons))]));
-        if (button->isEnabled())
-            button->click();
+        ClickAny(list, {"cmdGoTo", "cmdCopy", "cmdClose"});
     }
     void Why() {
         TriggerAny({"ShowWhy", "ShowWhy", "DeclareEntry", "LeaveAlone", "DeclaredByUser"});
@@ -405,9 +396,7 @@ private:
         auto& list = *window_->findChild<ReachList*>(QStringLiteral("why"));
         if (!list.isVisible() || list.Rows().empty())
             return;
-        constexpr Qt::Key keys[] = {Qt::Key_Down, Qt::Key_Down, Qt::Key_End, Qt::Key_F3, Qt::Key_Return, Qt::Key_F9};
-        for (int count = 1 + dice_.Below(4); count > 0; --count)
-            QTest::keyClick(&list, keys[dice_.Below(std::size(keys))]);
+        PressAny(list, {Qt::Key_Down, Qt::Key_Down, Qt::Key_End, Qt::Key_F3, Qt::Key_Return, Qt::Key_F9}, 4);
     }
     // Windows that stay open beside the main window.
     void PathOrImpact() {
@@ -419,10 +408,7 @@ private:
             QTest::keyClicks(field, QLatin1String(dice_.OneIn(2) ? "get" : "ma"));
             QTest::keyClick(field, Qt::Key_Return);
         }
-        const char* const buttons[] = {"cmdGoTo", "cmdGraph", "cmdClose"};
-        auto* button = window.findChild<QPushButton*>(QLatin1String(buttons[dice_.Below(std::size(buttons))]));
-        if (button->isEnabled())
-            button->click();
+        ClickAny(window, {"cmdGoTo", "cmdGraph", "cmdClose"});
     }
     void ClickVisible(const char* name) {
         for (auto* button : window_->findChildren<QAbstractButton*>(QLatin1String(name)))
@@ -436,14 +422,11 @@ private:
         bars.removeIf([](const QSplitterHandle* bar) { return !bar->isVisible(); });
         if (bars.isEmpty())
             return;
-        constexpr Qt::Key keys[] = {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_Return};
-        QWidget* bar = dice_.Of(bars);
-        for (int count = 1 + dice_.Below(8); count > 0; --count)
-            QTest::keyClick(bar, keys[dice_.Below(std::size(keys))]);
+        PressAny(*dice_.Of(bars), {Qt::Key_Left, Qt::Key_Right, Qt::Key_Up, Qt::Key_Down, Qt::Key_Return}, 8);
     }
     void Resize() {
         const QSize sizes[] = {{1024, 700}, {1280, 800}, {1024, 900}, {1600, 700}};
-        window_->resize(sizes[dice_.Below(std::size(sizes))]);
+        window_->resize(dice_.Of(sizes));
     }
 
     void Add(const char* name, int weight, std::function<void()> take) {
@@ -451,10 +434,10 @@ private:
         steps_.push_back({name, weights_, std::move(take)});
     }
     void FillSteps() {
-        Add("open a project", 5, [this] { OpenAny(); });
+        Add("open a project", 5, [this] { TakeLong(dice_.OneIn(6), [this] { OpenAny(); }); });
         Add("close the project", 1, [this] { Trigger("CloseProject"); });
-        Add("read the calls", 2, [this] { ReadCalls(false); });
-        Add("read the calls and cancel", 2, [this] { ReadCalls(true); });
+        Add("read the calls", 2, [this] { TakeLong(false, [this] { Trigger("Calls"); }); });
+        Add("read the calls and cancel", 2, [this] { TakeLong(true, [this] { Trigger("Calls"); }); });
         Add("refresh", 4, [this] { Refresh(); });
         Add("click a tree", 14, [this] { ClickTree(); });
         Add("keys in a tree", 10, [this] { KeysInTree(); });
@@ -480,13 +463,10 @@ private:
         Add("in the code", 6, [this] { InCode(); });
         Add("delete", 5, [this] {
             mayChangeEdges_ = true;
-            const char* const buttons[] = {"cmdUndo", "cmdUndoAll"};
             if (dice_.OneIn(2))
                 TriggerAny({"DeleteObject", "DeleteObject", "DeleteDead", "DeletedHere", "SaveModules"});
             else
-                window_->findChild<QDialog*>(QStringLiteral("deletedList"))
-                    ->findChild<QPushButton*>(QLatin1String(buttons[dice_.Below(2)]))
-                    ->click();
+                ClickAny(*window_->findChild<QDialog*>(QStringLiteral("deletedList")), {"cmdUndo", "cmdUndoAll"});
         });
         Add("places", 3, [this] { TriggerAny({"NextPlace", "PreviousPlace"}); });
         Add("zoom", 2, [this] { TriggerAny({"ZoomPlus", "ZoomMinus", "ZoomNo"}); });

@@ -1,7 +1,5 @@
 #include "views/references_list.h"
 
-#include <QAbstractItemModelTester>
-
 #include "views/two_line_delegate.h"
 #include "window_texts.h"
 

@@ -1,13 +1,8 @@
 // Files that change on disk while the window shows their project: what it says, and what stays as it was.
-#include <filesystem>
-#include <fstream>
 
 #include "canvas/graph_canvas.h"
 #include "display/baum_walk.h"
 #include "main_window_test.h"
-#include "project/start.h"
-#include "shell/settings.h"
-#include "shell/vb_text.h"
 #include "views/baum_view.h"
 #include "views/code_view.h"
 #include "views/overview_pane.h"

@@ -1,7 +1,5 @@
 #include "views/search_bar.h"
 
-#include <QAbstractItemModelTester>
-
 #include "support/read_project.h"
 #include "views/two_line_delegate.h"
 #include "window_texts.h"

@@ -1,28 +1,16 @@
 // Why objects are alive or dead, in the window: the page, the ways, the impact, and what the user declares.
 #include "views/why_wiring.h"
 
-#include <QAction>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListView>
-#include <QMenu>
-#include <QPushButton>
-#include <QUndoStack>
-#include <filesystem>
-
 #include "canvas/graph_canvas.h"
 #include "display/project_reach.h"
 #include "main_window_test.h"
-#include "project/start.h"
 #include "reach/reasons.h"
-#include "shell/settings.h"
 #include "views/baum_view.h"
 #include "views/code_view.h"
 #include "views/frm_declare.h"
 #include "views/frm_reach.h"
 #include "views/reach_list.h"
 #include "views/search_bar.h"
-#include "window_texts.h"
 
 namespace {
 

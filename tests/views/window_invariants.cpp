@@ -1,6 +1,5 @@
 #include "window_invariants.h"
 
-#include <QAccessible>
 #include <QtWidgets>
 
 #include "display/baum_walk.h"

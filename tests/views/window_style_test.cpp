@@ -1,8 +1,5 @@
 #include "widgets/window_style.h"
 
-#include <QListView>
-#include <QPainter>
-#include <QStyleOptionToolButton>
 #include "widgets/code_style.h"
 #include "window_texts.h"
 

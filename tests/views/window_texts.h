@@ -7,8 +7,6 @@
 #include <QtWidgets>
 #include <string>
 
-#include "platform/files.h"
-#include "shell/clsText.h"
 #include "shell/settings.h"
 #include "support/program_state.h"
 #include "widgets/qt_text.h"
@@ -24,10 +22,6 @@ protected:
         return settings;
     }
     static std::string ProgramDirectory() { return OSTRIVANE_SOURCE_DIR "/"; }
-    void Speak(const std::string& language) {
-        gText.Language = language;
-        gText.SetLanguage(files_, ProgramDirectory());
-    }
     /// The child of that class, and of that name if one is given.
     template <class Widget>
     static Widget& ChildOf(const QWidget& window, const char* name = nullptr) {

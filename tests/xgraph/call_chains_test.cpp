@@ -3,8 +3,6 @@
 #include <cmath>
 
 #include "graph_support.h"
-#include "model/clsProzedur.h"
-#include "shell/operations.h"
 #include "xgraph/placement.h"
 
 namespace {
@@ -31,10 +29,9 @@ protected:
 };
 
 TEST_F(Chains, CalleesStandBelowAndCallersAbove) {
-    ReadProject({{"M.bas",
-                  "Sub A()\nB: C: B: A\nEnd Sub\nSub B()\nD\nEnd Sub\nSub C()\nD: A\nEnd Sub\n"
-                  "Sub D()\nE\nEnd Sub\nSub E()\nEnd Sub\n"}});
-    Analyse();
+    Analyse(ReadProject({{"M.bas",
+                          "Sub A()\nB: C: B: A\nEnd Sub\nSub B()\nD\nEnd Sub\nSub C()\nD: A\nEnd Sub\n"
+                          "Sub D()\nE\nEnd Sub\nSub E()\nEnd Sub\n"}}));
     Put({"m.a"});
     EXPECT_EQ(Created("m.a", GraphChain::Calls), "m.b 0,1200; m.c 435,1200");
     graph.Clear();
@@ -50,7 +47,7 @@ TEST_F(Chains, CalleesStandBelowAndCallersAbove) {
 }
 
 TEST_F(Chains, TheFilterChoosesWhatCalleesAreShown) {
-    ReadProject({{"M.bas", R"(
+    Analyse(ReadProject({{"M.bas", R"(
         Public total As Long
         Type Pair
             First As Long
@@ -72,8 +69,7 @@ TEST_F(Chains, TheFilterChoosesWhatCalleesAreShown) {
         End Sub
         Property Get Size() As Long
         End Property
-    )"}});
-    Analyse();
+    )"}}));
     const auto shown = [&](ChainObjectType type, GraphChain chain = GraphChain::CallsAll) {
         graph.Clear();
         Put({"m.go"});
@@ -90,8 +86,8 @@ TEST_F(Chains, TheFilterChoosesWhatCalleesAreShown) {
 }
 
 TEST_F(Chains, ACancelOrALimitLeavesWhatWasMade) {
-    ReadProject({{"M.bas", "Sub A()\nB\nC\nD\nEnd Sub\nSub B()\nEnd Sub\nSub C()\nEnd Sub\nSub D()\nEnd Sub\n"}});
-    Analyse();
+    Analyse(
+        ReadProject({{"M.bas", "Sub A()\nB\nC\nD\nEnd Sub\nSub B()\nEnd Sub\nSub C()\nEnd Sub\nSub D()\nEnd Sub\n"}}));
     Put({"m.a"});
     EXPECT_EQ(Created("m.a", GraphChain::CallsAll, {ChainObjectType::All, 1}), "m.b 0,1200");
     EXPECT_FALSE(outcome.isWhole);
@@ -102,10 +98,10 @@ TEST_F(Chains, ACancelOrALimitLeavesWhatWasMade) {
 }
 
 TEST_F(Chains, SeveralProceduresAreOneRun) {
-    ReadProject({{"M.bas",
-                  "Sub A()\nC\nEnd Sub\nSub B()\nDim local\nlocal = 1\nD\nEnd Sub\nSub C()\nB\nEnd Sub\nSub D()\nEnd "
-                  "Sub\n"}});
-    Analyse();
+    Analyse(ReadProject(
+        {{"M.bas",
+          "Sub A()\nC\nEnd Sub\nSub B()\nDim local\nlocal = 1\nD\nEnd Sub\nSub C()\nB\nEnd Sub\nSub D()\nEnd "
+          "Sub\n"}}));
     Put({"m.a", "m.b"});
     const std::vector<const ctlGraphObj*> starts{&At("m.a"), &At("m.b")};
     clsProzedur* const procedures[] = {static_cast<clsProzedur*>(starts[0]->object),
@@ -120,9 +116,8 @@ TEST_F(Chains, SeveralProceduresAreOneRun) {
 
 TEST_F(Chains, RowsEndAtTheEdgeThatTheCanvasHadAtFirst) {
     const std::string wide(60, 'w');
-    ReadProject({{"M.bas", "Sub A()\nB: " + wide + ": C\nEnd Sub\nSub B()\nEnd Sub\nSub " + wide +
-                               "()\nEnd Sub\nSub C()\nEnd Sub\n"}});
-    Analyse();
+    Analyse(ReadProject({{"M.bas", "Sub A()\nB: " + wide + ": C\nEnd Sub\nSub B()\nEnd Sub\nSub " + wide +
+                                       "()\nEnd Sub\nSub C()\nEnd Sub\n"}}));
     graph.SetProject(gProjekt.get());
     graph.GraphObjCreate(&ObjectAt("m.a"), 59000, 0, false);
     EXPECT_EQ(Created("m.a", GraphChain::Calls), "m.b 59000,1200; m." + wide + " 59435,1200; m.c 51000,2400");

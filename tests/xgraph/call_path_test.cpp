@@ -1,7 +1,6 @@
 #include "xgraph/call_path.h"
 
 #include "graph_support.h"
-#include "model/clsProzedur.h"
 
 namespace {
 
@@ -13,39 +12,26 @@ protected:
     /// "m.a m.b" for a certain chain, "m.a m.b ?" for a possible one.
     std::string Found(std::string_view from, std::string_view to) {
         const CallPath path = Path(from, to);
-        std::string dump;
-        for (const clsProzedur* prozedur : path.procedures)
-            dump.append(dump.empty() ? "" : " ").append(prozedur->CodePath());
+        const std::string dump = Joined(path.procedures, " ", std::mem_fn(&CodeObject::CodePath));
         return path.isCertain || !path.Exists() ? dump : dump + " ?";
     }
 };
 
 TEST_F(CallPaths, TheShortestCertainChainElseThePossibleOne) {
-    ReadProject({{"M.bas", R"(
+    Analyse(ReadProject({{"M.bas", R"(
         Sub A()
             B
             Dim thing
             thing.Last
             C
         End Sub
-        Sub B()
-            D
-        End Sub
-        Sub C()
-            D
-            A
-        End Sub
-        Sub D()
-            E
-        End Sub
-        Sub E()
-        End Sub
-        Sub Lonely(ByVal thing)
-            thing.Other
-        End Sub
+        Sub B(): D: End Sub
+        Sub C(): D: A: End Sub
+        Sub D(): E: End Sub
+        Sub E(): End Sub
+        Sub Lonely(ByVal thing): thing.Other: End Sub
     )"},
-                 {"K.cls", "Public Sub Last()\nE\nEnd Sub\nPublic Sub Other()\nOther\nEnd Sub\n"}});
-    Analyse();
+                         {"K.cls", "Public Sub Last()\nE\nEnd Sub\nPublic Sub Other()\nOther\nEnd Sub\n"}}));
     EXPECT_EQ(Found("m.a", "m.e"), "m.a m.b m.d m.e") << "the possible one is shorter";
     EXPECT_EQ(Found("m.c", "m.b"), "m.c m.a m.b") << "round a cycle";
     EXPECT_EQ(Found("m.a", "k.last"), "m.a k.last ?");
@@ -54,8 +40,8 @@ TEST_F(CallPaths, TheShortestCertainChainElseThePossibleOne) {
 }
 
 TEST_F(CallPaths, WhatIsMissingIsPutBelowItsCallerAndAllIsSelected) {
-    ReadProject({{"M.bas", "Sub A()\nB\nEnd Sub\nSub B()\nC\nEnd Sub\nSub C()\nD\nEnd Sub\nSub D()\nEnd Sub\n"}});
-    Analyse();
+    Analyse(
+        ReadProject({{"M.bas", "Sub A()\nB\nEnd Sub\nSub B()\nC\nEnd Sub\nSub C()\nD\nEnd Sub\nSub D()\nEnd Sub\n"}}));
     Put({"m.a", "m.d", "m.c"});
     graph.GraphSelectAll();
     EXPECT_EQ(ShowCallPath(graph, Path("m.a", "m.d")), 1);

@@ -10,14 +10,11 @@ namespace {
 class Connectors : public Graphs {
 protected:
     static std::string Dump(const std::vector<Connector>& connectors) {
-        std::string dump;
-        for (const Connector& connector : connectors) {
+        return Joined(connectors, "; ", [](const Connector& connector) {
             const CallType type = connector.call->Type();
             const char* const mark = type == CallType::Really ? " > " : type == CallType::MayBe ? " ? " : " : ";
-            dump.append(dump.empty() ? "" : "; ").append(connector.Highlight ? "!" : "");
-            dump.append(connector.from->CodePath).append(mark).append(connector.to->CodePath);
-        }
-        return dump;
+            return (connector.Highlight ? "!" : "") + connector.from->CodePath + mark + connector.to->CodePath;
+        });
     }
     std::string Grey() {
         graph.SetActive(0);
@@ -31,8 +28,7 @@ protected:
 };
 
 TEST_F(Connectors, EachEdgeBetweenSymbolsIsOneAndTheActiveOnesComeLast) {
-    ReadProject({{"M.bas", "Sub A()\nB: B: A: C\nEnd Sub\nSub B()\nA\nEnd Sub\nSub C()\nEnd Sub\n"}});
-    Analyse();
+    Analyse(ReadProject({{"M.bas", "Sub A()\nB: B: A: C\nEnd Sub\nSub B()\nA\nEnd Sub\nSub C()\nEnd Sub\n"}}));
     Put({"m.b", "m.a"});
     EXPECT_EQ(Grey(), "m.b > m.a; m.a > m.b; m.a > m.b; m.a > m.a");
     graph.SetActive(1);
@@ -41,11 +37,10 @@ TEST_F(Connectors, EachEdgeBetweenSymbolsIsOneAndTheActiveOnesComeLast) {
 }
 
 TEST_F(Connectors, WhatContainsTheTargetStandsForIt) {
-    ReadProject({{"M.bas",
-                  "Public Total As Long\nType Pair\nFirst As Long\nEnd Type\nEnum Colour\nRed\nEnd Enum\n"
-                  "Sub Help()\nEnd Sub\n"},
-                 {"N.bas", "Dim two As Pair\nSub Go()\nHelp\nTotal = Red\ntwo.First = 1\nEnd Sub\n"}});
-    Analyse();
+    Analyse(ReadProject({{"M.bas",
+                          "Public Total As Long\nType Pair\nFirst As Long\nEnd Type\nEnum Colour\nRed\nEnd Enum\n"
+                          "Sub Help()\nEnd Sub\n"},
+                         {"N.bas", "Dim two As Pair\nSub Go()\nHelp\nTotal = Red\ntwo.First = 1\nEnd Sub\n"}}));
     Put({"n.go", "m"});
     EXPECT_EQ(Grey(), "n.go > m; n.go > m; n.go > m; n.go > m");
     Put({"m.pair [type]", "n.go", "m.colour [enum]", "m.total", "m.pair.first"});
@@ -56,9 +51,9 @@ TEST_F(Connectors, WhatContainsTheTargetStandsForIt) {
 }
 
 TEST_F(Connectors, AModuleDoesWhatItsProceduresDo) {
-    ReadProject({{"M.bas", "Const Size = Most\nDim two As Pair\nSub A()\nB\nHelp\nEnd Sub\nSub B()\nEnd Sub\n"},
-                 {"N.bas", "Public Const Most = 3\nType Pair\nFirst As Long\nEnd Type\nSub Help()\nEnd Sub\n"}});
-    Analyse();
+    Analyse(
+        ReadProject({{"M.bas", "Const Size = Most\nDim two As Pair\nSub A()\nB\nHelp\nEnd Sub\nSub B()\nEnd Sub\n"},
+                     {"N.bas", "Public Const Most = 3\nType Pair\nFirst As Long\nEnd Type\nSub Help()\nEnd Sub\n"}}));
     Put({"m", "m.a", "m.b", "n.most", "n"});
     EXPECT_EQ(Grey(), "m > n.most; m > n; m > m.b; m > m; m > n; m.a > m.b; m.a > m; m.a > n")
         << "declarations first, without the type of what they use";
@@ -68,11 +63,10 @@ TEST_F(Connectors, AModuleDoesWhatItsProceduresDo) {
 }
 
 TEST_F(Connectors, AFormThatIsNamedIsDrawnTwice) {
-    ReadProject({{"F.frm",
-                  "VERSION 5.00\nBegin VB.Form F\n  Begin VB.CommandButton cmd\n  End\nEnd\n"
-                  "Attribute VB_Name = \"F\"\nPublic Sub Ready()\nEnd Sub\n"},
-                 {"M.bas", "Sub Go()\n    F.Ready\n    F.cmd.Move 1\nEnd Sub\n"}});
-    Analyse();
+    Analyse(ReadProject({{"F.frm",
+                          "VERSION 5.00\nBegin VB.Form F\n  Begin VB.CommandButton cmd\n  End\nEnd\n"
+                          "Attribute VB_Name = \"F\"\nPublic Sub Ready()\nEnd Sub\n"},
+                         {"M.bas", "Sub Go()\n    F.Ready\n    F.cmd.Move 1\nEnd Sub\n"}}));
     Put({"m.go", "f", "f.cmd"});
     EXPECT_EQ(DumpEdgesOf("m.go"), "> f; > f.ready; > f; > f.cmd");
     EXPECT_EQ(Grey(), "m.go > f; m.go > f; m.go > f; m.go > f; m.go > f; m.go > f.cmd; m.go > f");
@@ -89,10 +83,9 @@ TEST_F(Connectors, LibrariesStandForWhatTheyContain) {
 }
 
 TEST_F(Connectors, PairsCountEachCallOnceAndStandWhereTheirLastOneIs) {
-    ReadProject(
+    Analyse(ReadProject(
         {{"M.bas", "Sub Go(thing As Object)\nthing.Name\nHelp\nthing.Run\nHelp\nEnd Sub\nSub Help()\nEnd Sub\n"},
-         {"C.cls", "VERSION 1.0 CLASS\nAttribute VB_Name = \"C\"\nSub Run()\nEnd Sub\nSub Name()\nEnd Sub\n"}});
-    Analyse();
+         {"C.cls", "VERSION 1.0 CLASS\nAttribute VB_Name = \"C\"\nSub Run()\nEnd Sub\nSub Name()\nEnd Sub\n"}}));
     Put({"m.go", "c", "m.help", "m"});
     graph.SetActive(1);
     const std::vector<GraphPair> pairs = GraphPairs(GraphVerbindungen(graph));

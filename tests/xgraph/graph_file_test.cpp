@@ -18,11 +18,9 @@ protected:
         const GraphFile file = ReadGraphText(text);
         if (!file.IsGraph())
             return file.whyNot == Text::GraphFileTorn ? "torn" : "foreign";
-        std::string dump;
-        for (const SymbolPlace& place : file.places)
-            dump.append(dump.empty() ? "" : "; ").append(place.CodePath + " ") +=
-                NumberText(place.Left) + "," + NumberText(place.Top);
-        return dump;
+        return Joined(file.places, "; ", [](const SymbolPlace& place) {
+            return place.CodePath + " " + NumberText(place.Left) + "," + NumberText(place.Top);
+        });
     }
     static std::string NumberText(double number) {
         char text[40];
@@ -40,7 +38,7 @@ TEST_F(GraphFiles, ADiagramComesBackWhole) {
     ASSERT_TRUE(GraphSave(graph, files, "a.ovg"));
     EXPECT_EQ(files.Bytes("a.ovg").substr(0, 70),
               "Version=1\r\nBEGIN:\r\nCodePath=m.stay\r\nLeft=0\r\nTop=0\r\nEND:\r\nBEGIN:\r\nCodeP");
-    EXPECT_THAT(files.Bytes("a.ovg"), testing::HasSubstr("CodePath=m.go.arg\r\nLeft=1.5\r\nTop=-15\r\nEND:\r\n"));
+    EXPECT_THAT(files.Bytes("a.ovg"), HasSubstr("CodePath=m.go.arg\r\nLeft=1.5\r\nTop=-15\r\nEND:\r\n"));
     const std::vector<SymbolPlace> before = graph.Places();
     graph.Clear();
     const GraphOpened opened = GraphOpen(graph, files, "a.ovg");

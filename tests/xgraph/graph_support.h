@@ -30,10 +30,8 @@ protected:
     }
     /// "m.a m.b*": the paths of all symbols, with "*" after the selected ones.
     [[nodiscard]] std::string Symbols() const {
-        std::string dump;
-        for (const auto& symbol : graph.GraphObjects())
-            dump.append(dump.empty() ? "" : " ").append(symbol->CodePath).append(symbol->Selected ? "*" : "");
-        return dump;
+        return Joined(graph.GraphObjects(), " ",
+                      [](const auto& symbol) { return symbol->CodePath + (symbol->Selected ? "*" : ""); });
     }
 
     CountedSizes sizes;

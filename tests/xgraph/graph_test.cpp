@@ -12,6 +12,14 @@ namespace {
 
 constexpr const char* kThree = "Sub Go()\nEnd Sub\nSub Stay()\nEnd Sub\nSub Turn()\nEnd Sub\n";
 
+class ThreeSymbols : public Graphs {
+protected:
+    ThreeSymbols() {
+        ReadProject({{"M.bas", kThree}});
+        Put({"m.go", "m.stay", "m.turn"});
+    }
+};
+
 TEST_F(Graphs, ASymbolHasCaptionsPictureAndSize) {
     ReadProject({{"Mod.bas", kThree}});
     Put({"mod", "mod.stay"});
@@ -54,9 +62,7 @@ TEST_F(Graphs, AnObjectHasOneSymbolAndIndexesOnlyRise) {
     EXPECT_GT(At("m.stay").zOrder, At("m.go").zOrder);
 }
 
-TEST_F(Graphs, ClicksSelectAndCtrlAddsOrRemoves) {
-    ReadProject({{"M.bas", kThree}});
-    Put({"m.go", "m.stay", "m.turn"});
+TEST_F(ThreeSymbols, ClicksSelectAndCtrlAddsOrRemoves) {
     graph.GraphObj_MouseDown(1, 0);
     graph.GraphObj_MouseDown(2, 0);
     EXPECT_EQ(Symbols(), "m.go m.stay* m.turn");
@@ -74,9 +80,7 @@ TEST_F(Graphs, ClicksSelectAndCtrlAddsOrRemoves) {
     EXPECT_EQ(graph.GraphSelected().size(), 3U);
 }
 
-TEST_F(Graphs, AFrameSelectsWhatIsWhollyInside) {
-    ReadProject({{"M.bas", kThree}});
-    Put({"m.go", "m.stay", "m.turn"});
+TEST_F(ThreeSymbols, AFrameSelectsWhatIsWhollyInside) {
     graph.SelectInside(RectBetween({600, 1600}, {0, 0}));
     EXPECT_EQ(Symbols(), "m.go* m.stay* m.turn");
     graph.SelectInside(RectBetween({0, 1}, {9000, 1600}));
@@ -85,9 +89,7 @@ TEST_F(Graphs, AFrameSelectsWhatIsWhollyInside) {
     EXPECT_EQ(Symbols(), "m.go m.stay m.turn");
 }
 
-TEST_F(Graphs, SelectedSymbolsMoveTogetherAndTheCanvasGrows) {
-    ReadProject({{"M.bas", kThree}});
-    Put({"m.go", "m.stay", "m.turn"});
+TEST_F(ThreeSymbols, SelectedSymbolsMoveTogetherAndTheCanvasGrows) {
     graph.GraphObj_MouseDown(1, 0);
     graph.GraphObj_MouseDown(3, kCtrl);
     EXPECT_FALSE(graph.MoveSelected(0, 0));
@@ -153,9 +155,7 @@ TEST_F(Graphs, PlacesFarOffBecomeTheNearestOnes) {
     EXPECT_EQ(At("m.turn").Top, -500);
 }
 
-TEST_F(Graphs, KeysWalkFromSymbolToSymbol) {
-    ReadProject({{"M.bas", kThree}});
-    Put({"m.go", "m.stay", "m.turn"});
+TEST_F(ThreeSymbols, KeysWalkFromSymbolToSymbol) {
     const ctlGraphObj& go = At("m.go");
     graph.MoveTo(3, {900, 10});
     EXPECT_EQ(SymbolTowards(graph, go, GraphDirection::Down), &At("m.stay"));

@@ -1,6 +1,5 @@
 #include "xgraph/layout.h"
 
-#include <algorithm>
 #include <random>
 
 #include "graph_support.h"
@@ -11,8 +10,8 @@ namespace {
 class Layouts : public Graphs {
 protected:
     Layouts() {
-        ReadProject({{"M.bas", "Sub A()\nA: B: Far\nEnd Sub\nSub B()\nEnd Sub\n"}, {"N.bas", "Sub Far()\nEnd Sub\n"}});
-        Analyse();
+        Analyse(ReadProject(
+            {{"M.bas", "Sub A()\nA: B: Far\nEnd Sub\nSub B()\nEnd Sub\n"}, {"N.bas", "Sub Far()\nEnd Sub\n"}}));
         Put({"m.a", "m.b", "n.far"});
     }
     static bool Has(const std::string& text, std::string_view part) { return text.find(part) != std::string::npos; }
@@ -42,8 +41,7 @@ TEST_F(Layouts, ADenseDiagramIsThinnedButNobodyLosesAllConnectors) {
             code += "P" + std::to_string(other) + ": ";
         code += "\nEnd Sub\n";
     }
-    ReadProject({{"M.bas", code}});
-    Analyse();
+    Analyse(ReadProject({{"M.bas", code}}));
     graph.SetProject(gProjekt.get());
     for (int nr = 0; nr < kProcs; ++nr)
         graph.GraphObjCreate(&ObjectAt("m.p" + std::to_string(nr)), 0, 0, false);

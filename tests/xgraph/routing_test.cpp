@@ -8,10 +8,9 @@ namespace {
 class Routing : public Graphs {
 protected:
     void SetUp() override {
-        ReadProject(
+        Analyse(ReadProject(
             {{"M.bas", "Public x As Long\nSub Go()\n    Help\n    Stay\n    x = 1\nEnd Sub\nSub Help()\nEnd Sub\n"},
-             {"N.bas", "Sub Stay()\n    Go\nEnd Sub\n"}});
-        Analyse();
+             {"N.bas", "Sub Stay()\n    Go\nEnd Sub\n"}}));
         Put({"m.go", "m.help", "n.stay", "m.x"});
     }
     std::vector<GraphPair> Pairs() { return GraphPairs(GraphVerbindungen(graph)); }
