@@ -8,8 +8,9 @@
 
 namespace {
 
-constexpr int kShareBits = 8;   // of a dot that a line covers in part
-constexpr int kPlaceBits = 32;  // of a place behind its point: adding up thousands of steps loses nothing
+constexpr double kMiddle = 0.5;  // of a dot
+constexpr int kShareBits = 8;    // of a dot that a line covers in part
+constexpr int kPlaceBits = 32;   // of a place behind its point: adding up thousands of steps loses nothing
 
 // `share` of the colour, the rest of the ground; two channels at once.
 QRgb Mixed(QRgb ground, QRgb colour, unsigned share) {
@@ -22,7 +23,7 @@ QRgb Mixed(QRgb ground, QRgb colour, unsigned share) {
 
 // The first dot whose middle is there or behind it.
 int DotAt(double place) {
-    return static_cast<int>(place + 0.5);
+    return static_cast<int>(place + kMiddle);
 }
 
 std::int64_t Fixed(double place) {
@@ -54,7 +55,7 @@ struct Course {
 void PaintSteps(Course course, int begin, int end, QRgb colour, double lineWidth) {
     const std::int64_t width = Fixed(lineWidth);
     const std::int64_t rise = Fixed(course.slope);
-    std::int64_t left = Fixed(PlaceAt(begin + 0.5, course.from, course.slope) - lineWidth / 2);
+    std::int64_t left = Fixed(PlaceAt(begin + kMiddle, course.from, course.slope) - lineWidth / 2);
     for (int step = begin; step < end; ++step, left += rise) {
         QRgb* const dots = course.dots + step * course.along;
         const auto mix = [=](std::int64_t nr, unsigned share) {
@@ -87,7 +88,7 @@ void DotPainter::Fill(std::array<QPointF, 3> triangle, QRgb colour) {
     const double width = width_;
     const int end = DotAt(std::clamp<double>(bottom.y(), 0, height_));
     for (int row = DotAt(std::clamp<double>(top.y(), 0, height_)); row < end; ++row) {
-        const double y = row + 0.5;
+        const double y = row + kMiddle;
         const double one = PlaceAt(y, top, whole);
         const double other = PlaceAt(y, middle, y < middle.y() ? upper : lower);
         QRgb* const dots = dots_ + row * stride_;
