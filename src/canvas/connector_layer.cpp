@@ -3,10 +3,10 @@
 #include <QImage>
 #include <QPaintDevice>
 #include <QPainter>
-#include <QVarLengthArray>
+#include <QPen>
 #include <algorithm>
-#include <cmath>
 
+#include "canvas/dot_painter.h"
 #include "canvas/graph_colours.h"
 #include "shell/work_ahead.h"
 #include "xgraph/connectors.h"
@@ -14,6 +14,8 @@
 namespace {
 
 constexpr int kBands = 8;
+constexpr double kDash = 5;  // in widths of the line
+constexpr double kGap = 4;
 
 QRectF BoundsOf(const std::array<QPointF, 3>& points, bool isLine) {
     const auto last = points.begin() + (isLine ? 2 : 3);
@@ -28,14 +30,9 @@ QRectF BoundsOf(const std::array<QPointF, 3>& points, bool isLine) {
 
 }  // namespace
 
-ConnectorPainter::ConnectorPainter(QPainter& painter, const GraphColours& colours, std::optional<double> lineWidth)
+ConnectorPainter::ConnectorPainter(QPainter& painter, const GraphColours& colours, double lineWidth)
     : painter_(painter), colours_(colours), lineWidth_(lineWidth) {
     painter.setRenderHint(QPainter::Antialiasing);
-    if (!lineWidth) {
-        const QTransform& device = painter.deviceTransform();
-        dot_ = 1 / std::hypot(device.m11(), device.m12());
-        strokes_ = std::max(1, qRound(painter.device()->devicePixelRatioF()));
-    }
 }
 
 // Neighbours in paint order mostly look alike, and another pen is as dear as a line.
@@ -43,51 +40,19 @@ void ConnectorPainter::Use(const ConnectorLook& look) {
     if (used_ == look)
         return;
     used_ = look;
-    pen_ = QPen(colours_.Of(look.line), lineWidth_.value_or(1));
-    pen_.setCosmetic(!lineWidth_);
+    QPen pen(colours_.Of(look.line), lineWidth_);
     if (look.isDashed)
-        pen_.setDashPattern({5.0 * strokes_, 4.0 * strokes_});
-    painter_.setPen(pen_);
+        pen.setDashPattern({kDash, kGap});
+    painter_.setPen(pen);
     painter_.setBrush(colours_.Of(look.fill));
-}
-
-// Qt takes some twenty times as long for a line that is wider than a dot of the device. So a line of two dots is two
-// lines beside each other.
-void ConnectorPainter::Stroke(std::span<const QPointF> points) {
-    if (strokes_ == 1)
-        return painter_.drawPolyline(points.data(), static_cast<int>(points.size()));
-    QVarLengthArray<QLineF, 12> lines;
-    for (std::size_t nr = 1; nr < points.size(); ++nr) {
-        const QLineF line(points[nr - 1], points[nr]);
-        if (line.isNull())
-            continue;
-        const QPointF aside = QPointF(-line.dy(), line.dx()) * (dot_ / line.length());
-        for (int stroke = 0; stroke < strokes_; ++stroke)
-            lines.append(line.translated(aside * (stroke - (strokes_ - 1) / 2.0)));
-    }
-    painter_.drawLines(lines.data(), static_cast<int>(lines.size()));
 }
 
 void ConnectorPainter::Paint(const std::array<QPointF, 3>& points, bool isLine, const ConnectorLook& look) {
     Use(look);
     if (isLine)
-        return Stroke({points.data(), 2});
-    // Where the wedge is narrower than its outline, one line looks the same: it saves 14 % of a diagram that is all in
-    // view. Pictures of lines are for all sizes, so theirs stay whole.
-    const double base = QLineF(points[0], points[1]).length();
-    const double share = lineWidth_ ? 0 : std::min(1.0, dot_ * strokes_ / base);
-    const QPointF tip = points[2] + ((points[0] + points[1]) / 2 - points[2]) * share;
-    if (share < 1) {
-        // Qt takes more than ten times as long to fill with smooth edges; the outline hides those that are not.
-        painter_.setRenderHint(QPainter::Antialiasing, false);
-        painter_.setPen(Qt::NoPen);
-        painter_.drawConvexPolygon(std::array{points[0], points[1], tip}.data(), 3);
-        painter_.setRenderHint(QPainter::Antialiasing, true);
-        painter_.setPen(pen_);
-        Stroke(std::array{tip, points[0], points[1], tip});
-    }
-    if (share > 0)
-        Stroke(std::array{tip, points[2]});
+        painter_.drawLine(points[0], points[1]);
+    else
+        painter_.drawConvexPolygon(points.data(), 3);
 }
 
 void ConnectorLayer::Find(const XGraph& graph) {
@@ -113,29 +78,55 @@ void ConnectorLayer::Clear() {
 }
 
 void ConnectorLayer::Paint(QPainter& painter, const QRectF& exposed, const GraphColours& colours,
-                           std::optional<double> lineWidth) const {
+                           double lineWidth) const {
     ConnectorPainter connectors(painter, colours, lineWidth);
     for (const Painted& painted : painted_)
         if (painted.bounds.intersects(exposed))
             connectors.Paint(painted.points, painted.isLine, painted.look);
 }
 
-// In bands, because the smooth edges of thousands of wedges take a processor some 30 ms: two do it in half the time.
-// The bands differ in what crosses them, so there are more of them than of processors. Without a clip Qt needs twice as
-// long for a smooth line.
-void ConnectorLayer::PaintScreen(QPainter& painter, const QRectF& exposed, const GraphColours& colours,
+// Where a wedge is narrower than its outline, one line looks the same and takes less time.
+void ConnectorLayer::PaintDots(DotPainter& dots, const Painted& painted, const std::array<QPointF, 3>& points,
+                               const GraphColours& colours, double lineWidth) {
+    DotPainter::Line line{.colour = colours.Of(painted.look.line).rgb(), .width = lineWidth};
+    if (painted.look.isDashed) {
+        line.dash = qRound(kDash * lineWidth);
+        line.gap = qRound(kGap * lineWidth);
+    }
+    if (painted.isLine)
+        return dots.Draw(points[0], points[1], line);
+    const auto& [one, other, end] = points;
+    const double base = QLineF(one, other).length();
+    const double thin = base > lineWidth ? lineWidth / base : 1;
+    const QPointF tip = end + ((one + other) / 2 - end) * thin;
+    if (thin < 1) {
+        dots.Fill({one, other, tip}, colours.Of(painted.look.fill).rgb());
+        dots.Draw(tip, one, line);
+        dots.Draw(one, other, line);
+        // Or the dashes of all wedges from one symbol would stand in columns.
+        line.phase = qRound(QLineF(tip, one).length());
+        dots.Draw(other, tip, line);
+        line.phase = 0;
+    }
+    dots.Draw(tip, end, line);
+}
+
+// In bands, because thousands of wedges take a processor some 15 ms. The bands differ in what crosses them, so there
+// are more of them than of processors.
+void ConnectorLayer::PaintPixels(QPainter& painter, const QRectF& exposed, const GraphColours& colours,
                                  const std::function<void(QPainter&)>& below) const {
     const double ratio = painter.device()->devicePixelRatioF();
     const QRect place = painter.deviceTransform().mapRect(exposed).toAlignedRect();
-    QImage image(place.size(), QImage::Format_RGB32);
+    const bool isClear = colours.ground.alpha() == 0;
+    QImage image(place.size(), isClear ? QImage::Format_ARGB32_Premultiplied : QImage::Format_RGB32);
     if (image.isNull())
         return;
-    const QTransform toImage = painter.deviceTransform() * QTransform::fromTranslate(-place.x(), -place.y());
-    const QTransform toDots = QTransform::fromScale(1 / ratio, 1 / ratio);
+    image.fill(colours.ground);
     image.setDevicePixelRatio(ratio);
-    {
+    const QTransform toImage = painter.deviceTransform() * QTransform::fromTranslate(-place.x(), -place.y());
+    if (below) {
         QPainter belowPainter(&image);
-        belowPainter.setTransform(toImage * toDots);
+        belowPainter.setTransform(toImage * QTransform::fromScale(1 / ratio, 1 / ratio));
         below(belowPainter);
     }
     uchar* const bits = image.bits();
@@ -148,11 +139,13 @@ void ConnectorLayer::PaintScreen(QPainter& painter, const QRectF& exposed, const
                     image.bytesPerLine(), image.format());
         const QTransform toBand = toImage * QTransform::fromTranslate(0, -top);
         const QRectF seen = toBand.inverted().mapRect(QRectF(band.rect()));
-        band.setDevicePixelRatio(ratio);
-        QPainter bandPainter(&band);
-        bandPainter.setClipRect(band.rect());
-        bandPainter.setTransform(toBand * toDots);
-        Paint(bandPainter, seen, colours);
+        DotPainter dots(band);
+        for (const Painted& painted : painted_) {
+            const auto& [one, other, end] = painted.points;
+            if (painted.bounds.intersects(seen))
+                PaintDots(dots, painted, {toBand.map(one), toBand.map(other), toBand.map(end)}, colours,
+                          std::max(1.0, ratio));
+        }
     };
     AheadThreads threads(kBands, std::min<std::size_t>(AheadThreads::UsualHelpers(), kBands - 1), paintBand);
     for (std::size_t nr = 0; nr < kBands; ++nr)

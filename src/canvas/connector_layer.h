@@ -1,41 +1,36 @@
 // The connectors as they are painted below the symbols: all in one go, only those that cross what is to be painted.
 #pragma once
 
-#include <QPen>
 #include <QPointF>
 #include <QRectF>
 #include <array>
 #include <functional>
 #include <optional>
-#include <span>
 #include <vector>
 
 #include "xgraph/pairs.h"
 #include "xgraph/routing.h"
 
+class DotPainter;
 class QPainter;
 class XGraph;
 struct GraphColours;
 
-/// Paints connectors one by one, for the layer and the legend.
+/// Paints connectors one by one as drawings: for the legend, pages and files that can be enlarged.
 class ConnectorPainter {
 public:
     /// Nobody else may set pen and brush of the painter meanwhile.
-    /// @param lineWidth  in the units of the painter; nothing for a pixel of the screen at every zoom
-    ConnectorPainter(QPainter& painter, const GraphColours& colours, std::optional<double> lineWidth = {});
+    /// @param lineWidth  in the units of the painter
+    ConnectorPainter(QPainter& painter, const GraphColours& colours, double lineWidth);
     void Paint(const std::array<QPointF, 3>& points, bool isLine, const ConnectorLook& look);
 
 private:
     void Use(const ConnectorLook& look);
-    void Stroke(std::span<const QPointF> points);
 
     QPainter& painter_;
     const GraphColours& colours_;
-    std::optional<double> lineWidth_;
+    double lineWidth_;
     std::optional<ConnectorLook> used_;
-    QPen pen_;         // of it
-    double dot_ = 0;   // of the device, in the units of the painter
-    int strokes_ = 1;  // dots that a line is wide
 };
 
 class ConnectorLayer {
@@ -47,11 +42,11 @@ public:
     [[nodiscard]] const std::vector<GraphPair>& Pairs() const { return pairs_; }
 
     /// @param exposed  in scene units, as all coordinates of the painter
-    void Paint(QPainter& painter, const QRectF& exposed, const GraphColours& colours,
-               std::optional<double> lineWidth = {}) const;
-    /// The same in pixels, on all processors, above what `below` paints in the coordinates of the painter.
-    void PaintScreen(QPainter& painter, const QRectF& exposed, const GraphColours& colours,
-                     const std::function<void(QPainter&)>& below) const;
+    void Paint(QPainter& painter, const QRectF& exposed, const GraphColours& colours, double lineWidth) const;
+    /// The same in pixels, with the ground and on all processors, above what `below` paints in the coordinates of the
+    /// painter. Lines are a pixel wide at every zoom.
+    void PaintPixels(QPainter& painter, const QRectF& exposed, const GraphColours& colours,
+                     const std::function<void(QPainter&)>& below = {}) const;
     /// Whether a connector crosses the rectangle.
     [[nodiscard]] bool HasAnyAt(const QRectF& place) const;
 
@@ -62,6 +57,8 @@ private:
         bool isLine;
         ConnectorLook look;
     };
+    static void PaintDots(DotPainter& dots, const Painted& painted, const std::array<QPointF, 3>& points,
+                          const GraphColours& colours, double lineWidth);
     [[nodiscard]] static bool Crosses(const Painted& painted, const QRectF& place);
 
     std::vector<GraphPair> pairs_;

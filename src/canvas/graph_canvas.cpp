@@ -236,10 +236,8 @@ void GraphCanvas::PlaceScene() {
 }
 
 void GraphCanvas::drawBackground(QPainter* painter, const QRectF& exposed) {
-    connectors_->PaintScreen(*painter, exposed, *colours_, [&](QPainter& below) {
-        below.fillRect(exposed, colours_->ground);
-        frames_->Paint(below, exposed, *colours_);
-    });
+    connectors_->PaintPixels(*painter, exposed, *colours_,
+                             [&](QPainter& below) { frames_->Paint(below, exposed, *colours_); });
 }
 
 void GraphCanvas::paintEvent(QPaintEvent* event) {

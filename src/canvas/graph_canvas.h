@@ -122,6 +122,8 @@ Q_SIGNALS:
     void CodeAsked(const std::string& nodeKey);
     /// A line of code that makes up a connector.
     void PlaceChosen(const std::string& modulKey, int line);
+    /// A context menu is complete and not yet shown.
+    void MenuFilled(QMenu& menu);
     /// Symbols, places, selection, file or active symbol are others now.
     void Changed();
 

@@ -230,6 +230,7 @@ void GraphCanvas::ShowMenu(const QPoint& globalPos, const ctlGraphObj* symbol) {
         menu->addSeparator();
     }
     FillWholeDiagram(*menu);
+    Q_EMIT MenuFilled(*menu);
     menu->popup(globalPos);
 }
 

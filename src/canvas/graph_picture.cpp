@@ -139,16 +139,18 @@ QRectF GraphPicture::InTwips(const QRectF& pixels) const {
 
 void GraphPicture::Paint(QPainter& painter, const QRectF& exposed) const {
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing | QPainter::SmoothPixmapTransform);
-    if (!options_.hasClearGround)
-        painter.fillRect(exposed, colours_->ground);
     const QRectF twips = InTwips(exposed);
     painter.save();
     painter.translate(kMargin, kMargin);
     painter.scale(1 / kTwipsPerPixel, 1 / kTwipsPerPixel);
     painter.translate(-diagram_.topLeft());
-    // Where a line is drawn in pixels it has that width by itself, and takes a fraction of the time.
-    const bool hasPixels = painter.paintEngine()->type() == QPaintEngine::Raster;
-    connectors_->Paint(painter, twips, *colours_, hasPixels ? std::nullopt : std::optional(kTwipsPerPixel));
+    if (painter.paintEngine()->type() == QPaintEngine::Raster) {
+        connectors_->PaintPixels(painter, twips, *colours_);
+    } else {
+        if (!options_.hasClearGround)
+            painter.fillRect(twips, colours_->ground);
+        connectors_->Paint(painter, twips, *colours_, kTwipsPerPixel);
+    }
     painter.restore();
     for (const ctlGraphObj* symbol : symbols_)
         if (twips.intersects({symbol->Left, symbol->Top, symbol->Width(), symbol->Height()}))
@@ -186,7 +188,7 @@ void GraphPicture::PaintFoot(QPainter& painter) const {
     double top = 2 * kMargin + std::ceil(diagram_.height() / kTwipsPerPixel) + kFootGap;
     const QFont font = FootFont();
     if (options_.hasLegend) {
-        PaintLegend(painter, {kMargin, top}, {*colours_, Qt::black, font, PaperIconFor("procedure"), 1});
+        PaintLegend(painter, {kMargin, top}, {*colours_, Qt::black, font, PaperIconFor("procedure")});
         top += std::ceil(LegendSize(font).height()) + kFootGap;
     }
     if (options_.caption.isEmpty())

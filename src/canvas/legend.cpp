@@ -83,7 +83,7 @@ void GraphLegend::paintEvent(QPaintEvent*) {
     painter.setPen(Mixed(colours_.ground, text, 0.3));
     painter.setBrush(ground);
     painter.drawRoundedRect(QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5), 4, 4);
-    PaintLegend(painter, {}, {colours_, text, font(), IconFor("procedure"), {}});
+    PaintLegend(painter, {}, {colours_, text, font(), IconFor("procedure")});
 }
 
 void PaintLegend(QPainter& painter, QPointF at, const LegendLook& look) {
@@ -103,8 +103,7 @@ void PaintLegend(QPainter& painter, QPointF at, const LegendLook& look) {
                                                QPointF(left, middle + 50.0 / kTwipsPerPixel),
                                                QPointF(left + kSample, middle)};
             const std::array<QPointF, 3> straight{QPointF(left, middle), QPointF(left + kSample, middle), {}};
-            ConnectorPainter(painter, look.colours, look.lineWidth)
-                .Paint(line.isLine ? straight : wedge, line.isLine, line.look);
+            ConnectorPainter(painter, look.colours, 1).Paint(line.isLine ? straight : wedge, line.isLine, line.look);
         }
         painter.setPen(look.text);
         painter.drawText(QRectF(left + kSample + kGap, top, size.width(), size.height()), Qt::AlignVCenter,

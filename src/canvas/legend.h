@@ -3,7 +3,6 @@
 
 #include <QIcon>
 #include <QWidget>
-#include <optional>
 
 struct GraphColours;
 
@@ -12,8 +11,7 @@ struct LegendLook {
     const GraphColours& colours;
     QColor text;
     QFont font;
-    QIcon symbol;                     // of a procedure
-    std::optional<double> lineWidth;  // as that of connectors
+    QIcon symbol;  // of a procedure
 };
 [[nodiscard]] QSizeF LegendSize(const QFont& font);
 /// In pixels, from a point at its upper left.

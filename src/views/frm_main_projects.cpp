@@ -43,7 +43,8 @@ void frmMain::Projekt_Oeffnen() {
         dialog.setDirectory(ToPath(settings_.OpenSaveDir));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return;
-    OpenProject(FromPath(dialog.selectedFiles().front()));
+    // A diagram as well, whoever chose it here.
+    OpenFile(FromPath(dialog.selectedFiles().front()));
 }
 
 void frmMain::OpenProject(const std::string& path) {

@@ -38,7 +38,7 @@ bool IsExported(const QString& path) {
 
 }  // namespace
 
-GraphExportDialog::GraphExportDialog(const ExportChoice& last, QWidget* parent)
+GraphExportDialog::GraphExportDialog(const ExportChoice& last, const QString& name, QWidget* parent)
     : QFileDialog(parent, TextNr(Text::ExportGraph), last.directory),
       legend_(new QCheckBox(TextNr(Text::Legend), this)),
       caption_(new QCheckBox(TextNr(Text::ExportCaption), this)),
@@ -56,10 +56,11 @@ GraphExportDialog::GraphExportDialog(const ExportChoice& last, QWidget* parent)
     const auto* const kind =
         std::ranges::find_if(kKinds, [&](const Kind& one) { return last.suffix == QLatin1String(one.suffix); });
     selectNameFilter(FilterOf(kind == kKinds.end() ? kKinds.front() : *kind));
+    selectFile(name);
     AddOptions(last);
     connect(this, &QFileDialog::filterSelected, this, &GraphExportDialog::EnableOptions);
-    if (const auto* const name = findChild<QLineEdit*>())
-        connect(name, &QLineEdit::textChanged, this, &GraphExportDialog::EnableOptions);
+    if (const auto* const edit = findChild<QLineEdit*>())
+        connect(edit, &QLineEdit::textChanged, this, &GraphExportDialog::EnableOptions);
     EnableOptions();
 }
 

@@ -23,7 +23,8 @@ class GraphExportDialog final : public QFileDialog {
     Q_OBJECT
 
 public:
-    GraphExportDialog(const ExportChoice& last, QWidget* parent);
+    /// @param name  that it proposes, without a suffix
+    GraphExportDialog(const ExportChoice& last, const QString& name, QWidget* parent);
     [[nodiscard]] ExportChoice Choice() const;
     /// The file chosen. A name with no suffix of a format has got that of the kind of file.
     [[nodiscard]] QString Path() const;

@@ -8,6 +8,7 @@
 
 #include "canvas/graph_canvas.h"
 #include "display/recent_projects.h"
+#include "model/clsProjekt.h"
 #include "platform/files.h"
 #include "shell/program.h"
 #include "views/dialogs.h"
@@ -22,6 +23,12 @@ QString Filter() {
 }
 
 }  // namespace
+
+QString ProposedFileName(const GraphCanvas& canvas) {
+    const clsProjekt* const projekt = canvas.Graph().Projekt();
+    const QString like = canvas.FileName().isEmpty() && projekt ? ToPath(projekt->FullPath) : canvas.FileName();
+    return QFileInfo(like).completeBaseName();
+}
 
 GraphFiles::GraphFiles(GraphCanvas& canvas, Files& files, SettingsFile& settings, QWidget* window)
     : QObject(window), canvas_(canvas), files_(files), settings_(settings), window_(window) {}
@@ -73,6 +80,7 @@ bool GraphFiles::SaveAs() {
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("ovg"));
     dialog.setOption(QFileDialog::DontConfirmOverwrite);  // asked below, in the program's own words
+    dialog.selectFile(ProposedFileName(canvas_) + QStringLiteral(".ovg"));
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return false;
     const QString path = dialog.selectedFiles().front();

@@ -8,6 +8,9 @@ class Files;
 class GraphCanvas;
 class SettingsFile;
 
+/// What a file of the diagram could be called, without a suffix: as the diagram is, or else as its project.
+[[nodiscard]] QString ProposedFileName(const GraphCanvas& canvas);
+
 class GraphFiles final : public QObject {
     Q_OBJECT
 

@@ -12,6 +12,7 @@
 #include "shell/operations.h"
 #include "shell/words.h"
 #include "views/dialogs.h"
+#include "views/graph_files.h"
 #include "views/graph_print.h"
 #include "views/questions.h"
 #include "widgets/qt_text.h"
@@ -65,7 +66,7 @@ void GraphOutput::Remember(const ExportChoice& choice) {
 }
 
 void GraphOutput::GraphExport() {
-    GraphExportDialog dialog(LastChoice(), window_);
+    GraphExportDialog dialog(LastChoice(), ProposedFileName(canvas_), window_);
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return;
     const QString path = dialog.Path();

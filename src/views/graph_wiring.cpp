@@ -52,8 +52,8 @@ void GraphWiring::WireCanvas() {
         items.run = [this, key](Command command) { window_.RunOn(command, key); };
         items.isSymbol = true;
         AddObjectItems(menu, items);
-        Commands::GiveLetters(menu.actions(), canvas_.actions());
     });
+    connect(&canvas_, &GraphCanvas::MenuFilled, this, &GraphWiring::GiveLetters);
     connect(&canvas_, &GraphCanvas::Changed, this, &GraphWiring::CanvasChanged);
     connect(&canvas_, &GraphCanvas::SymbolChosen, this, [this](const std::string& key) { window_.ActivateKey(key); });
     connect(&canvas_, &GraphCanvas::SymbolActivated, this, [this](const std::string& key) {
@@ -70,6 +70,14 @@ void GraphWiring::WireCanvas() {
         window_.ActivateLine(modulKey, line);
         code_->setFocus();
     });
+}
+
+// Commands keep the letters that they have in the menu bar.
+void GraphWiring::GiveLetters(const QMenu& menu) {
+    QList<QAction*> own, commands;
+    for (QAction* const action : menu.actions())
+        (canvas_.actions().contains(action) && action != arrangeMenu_->menuAction() ? commands : own).append(action);
+    Commands::GiveLetters(own, commands);
 }
 
 void GraphWiring::Follow(CodeView& code, SearchBar& search) {

@@ -77,6 +77,7 @@ private:
     void WireArrange();
     void WireExtra(Command command, std::int16_t Settings::*shown);
     void FillMenuOfCanvas();
+    void GiveLetters(const QMenu& menu);
     void CanvasChanged();
     [[nodiscard]] bool IsShown() const;
 

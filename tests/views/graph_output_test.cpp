@@ -77,6 +77,16 @@ TEST_F(Outputs, TheSuffixOfTheFileIsItsFormat) {
     EXPECT_EQ(Image("c.bmp").size(), Picture().Size().toSize());
 }
 
+TEST_F(Outputs, TheFileIsCalledAsTheDiagramIsUnlessTheUserSaysElse) {
+    canvas_.SetFileName(ToPath(directory_.Path("calls.ovg")));
+    OnNext<GraphExportDialog>([this](GraphExportDialog& dialog) {
+        dialog.setDirectory(ToPath(directory_.Path()));
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
+    output_.GraphExport();
+    EXPECT_EQ(Image("calls.bmp").size(), Picture().Size().toSize());
+}
+
 TEST_F(Outputs, OptionsBelongToTheirFormatsAndAreRemembered) {
     Export("a.png", [](GraphExportDialog& dialog) {
         EXPECT_TRUE(ChildOf<QSpinBox>(dialog, "scale").isEnabled());

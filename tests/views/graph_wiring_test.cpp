@@ -52,11 +52,44 @@ TEST_F(OpenGraph, AnObjectOfTheTreeIsShownInTheGraphAndChosenThere) {
     EXPECT_FALSE(Canvas().isVisible());
 }
 
+// Commands have the letters of the menu bar, which only there are different from each other.
+TEST_F(OpenGraph, EachItemOfTheContextMenuHasALetterThatNoCommandHas) {
+    for (const char* key : {"modmain.main", "modmain"})
+        Show(key);
+    for (const char* language : {"english", "german"}) {
+        Speak(language);
+        window_->frmMainTexte();
+        QContextMenuEvent event(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+        QApplication::sendEvent(Canvas().viewport(), &event);
+        auto* const menu = Canvas().findChild<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
+        ASSERT_TRUE(menu);
+        QStringList own, commands;
+        for (const QAction* item : menu->actions()) {
+            if (item->isSeparator() || !item->isVisible())
+                continue;
+            const qsizetype mark = item->text().indexOf(QLatin1Char('&'));
+            EXPECT_GE(mark, 0) << item->text().toStdString();
+            const bool isCommand = !item->objectName().isEmpty();
+            (isCommand ? commands : own).append(item->text().mid(mark + 1, 1).toLower());
+        }
+        EXPECT_GT(own.size(), 4);
+        const qsizetype count = own.size();
+        EXPECT_EQ(own.removeDuplicates(), 0) << own.join(QLatin1Char(' ')).toStdString();
+        for (const QString& letter : own)
+            EXPECT_FALSE(commands.contains(letter)) << letter.toStdString() << " of " << count;
+        delete menu;
+    }
+}
+
 TEST_F(OpenGraph, ADiagramIsSavedNamedAndOpenedAgain) {
     Show("modmain.main");
     EXPECT_TRUE(window_->isWindowModified());
     const std::string path = directory_.Path("calls.ovg");
-    ChooseNext(path);
+    OnNext<QFileDialog>([path](QFileDialog& dialog) {
+        EXPECT_EQ(QFileInfo(dialog.selectedFiles().value(0)).fileName(), QStringLiteral("ToolHire.ovg"));
+        dialog.selectFile(ToPath(path));
+        QMetaObject::invokeMethod(&dialog, "accept");
+    });
     Command("SaveGraph").trigger();
     EXPECT_FALSE(window_->isWindowModified());
     EXPECT_TRUE(window_->windowTitle().endsWith(QStringLiteral("calls.ovg")));
@@ -97,7 +130,8 @@ TEST_F(OpenGraph, ForeignFilesLeaveTheDiagramAlone) {
 TEST_F(GraphWindow, ADiagramWaitsForItsProject) {
     const std::string path =
         directory_.Write("w.ovg", "Version=1\r\nBEGIN:\r\nCodePath=modmain.main\r\nLeft=600\r\nTop=900\r\nEND:\r\n");
-    window_->OpenFile(path);
+    ChooseNext(path);
+    Command("OpenProject").trigger();
     Open();
     ASSERT_EQ(Canvas().Graph().GraphObjects().size(), 1U);
     EXPECT_EQ(Canvas().Graph().GraphObjects().front()->Left, 600);
