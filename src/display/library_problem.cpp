@@ -4,7 +4,6 @@
 
 #include "display/fixed_texts.h"
 #include "display/problem_entries.h"
-#include "display/reach_rows.h"
 #include "display/shown_text.h"
 #include "libraries/library_problems.h"
 #include "model/clsProjekt.h"
@@ -27,8 +26,8 @@ std::string NameAndFile(const clsTypeLib& library) {
 
 std::string MissingText(const clsTypeLib& library) {
     if (library.isProject)
-        return Filled(Text::ProjectNotFoundNamed, Utf8(library.LineFile));
-    return Filled(Text::LibraryNotFoundNamed, NameAndFile(library)) + ". " + Utf8TextNr(Text::NeededBy) + ": " +
+        return Filled(Text::ProjectNotFoundNamed, {Utf8(library.LineFile)});
+    return Filled(Text::LibraryNotFoundNamed, {NameAndFile(library)}) + ". " + Utf8TextNr(Text::NeededBy) + ": " +
            NeedText(library) + ". " + RemedyText(library);
 }
 
@@ -40,8 +39,8 @@ std::string LibraryText(const clsProjekt& projekt, const ProblemPlace& place) {
         if (place.tag == kMissingLibrary && !library->file.IsFound() && library->LineFile == place.path)
             return MissingText(*library);
         if (place.tag == kOtherVersion && library->file.path == place.path)
-            return Filled(Text::OtherVersionUsed, Utf8(std::string(library->myNameOrg()) + " " + library->Version),
-                          Utf8(library->file.version));
+            return Filled(Text::OtherVersionUsed, {Utf8(std::string(library->myNameOrg()) + " " + library->Version),
+                                                   Utf8(library->file.version)});
     }
     return {};
 }
@@ -68,7 +67,7 @@ std::string RemedyText(const clsTypeLib& library) {
     if (library.isProject)
         return {};
     const std::string file = FileNameOf(library);
-    return Filled(Text::CopyLibrary, Utf8(file.empty() ? library.TypeLibID : file));
+    return Filled(Text::CopyLibrary, {Utf8(file.empty() ? library.TypeLibID : file)});
 }
 
 std::string ShownProblem(const clsProjekt* projekt, const ProblemEntry& entry) {
