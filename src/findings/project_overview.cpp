@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "findings/object_counts.h"
+#include "findings/start_up.h"
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
 
@@ -23,16 +24,11 @@ std::string_view TypeOf(std::string_view word) {
 }
 
 const CodeObject* StartUpObject(const clsProjekt& projekt) {
+    if (const clsProzedur* const main = StartUpProcedure(projekt))
+        return main;
     const std::string name = LowerCase(projekt.Startup);
-    if (name != "sub main") {
-        const clsModul* modul = projekt.GetModuleFromCodePath(name);
-        return modul && modul->MyName() == name ? modul : nullptr;
-    }
-    for (const clsModul* modul : projekt.Modules)
-        for (const clsProzedur* prozedur : modul->MyProcs)
-            if (prozedur->MyName() == "main")
-                return prozedur;
-    return nullptr;
+    const clsModul* const modul = projekt.GetModuleFromCodePath(name);
+    return modul && modul->MyName() == name ? modul : nullptr;
 }
 
 std::vector<ProjectOverview::Module> LargestModules(const clsProjekt& projekt) {
