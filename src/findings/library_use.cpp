@@ -193,7 +193,7 @@ std::vector<LibraryUse> UsesOfLibraries(const clsProjekt& projekt) {
 }
 
 void NoteCostsOfMissingLibraries(clsProjekt& projekt) {
-    const auto isMissing = [](const auto& library) { return library->file.IsSought() && !library->file.IsFound(); };
+    const auto isMissing = [](const auto& library) { return library->file.IsMissing(); };
     if (std::ranges::none_of(projekt.OwnedLibraries(), isMissing))
         return;
     UseCounter counter(projekt);

@@ -47,10 +47,6 @@ std::vector<ProjectOverview::Module> LargestModules(const clsProjekt& projekt) {
 
 }  // namespace
 
-bool IsMissing(const clsTypeLib& library) {
-    return library.file.IsSought() && !library.file.IsFound();
-}
-
 ProjectOverview OverviewOf(const clsProjekt& projekt) {
     ProjectOverview overview;
     overview.name = projekt.MyName;
@@ -79,7 +75,7 @@ ProjectOverview OverviewOf(const clsProjekt& projekt) {
     overview.problems = static_cast<int>(projekt.problems.All().size());
     overview.libraries = static_cast<int>(projekt.OwnedLibraries().size());
     overview.librariesMissing = static_cast<int>(
-        std::ranges::count_if(projekt.OwnedLibraries(), [](const auto& library) { return IsMissing(*library); }));
+        std::ranges::count_if(projekt.OwnedLibraries(), [](const auto& library) { return library->file.IsMissing(); }));
     overview.largest = LargestModules(projekt);
     return overview;
 }

@@ -65,9 +65,7 @@ void NoteLibraryProblems(clsProjekt& projekt, const LibrarySearch& search) {
         projekt.problems.Add({std::string(tag), std::move(text), subject, {}, isHint});
     };
     for (const auto& library : projekt.OwnedLibraries()) {
-        if (!library->file.IsSought())
-            continue;
-        if (!library->file.IsFound())
+        if (library->file.IsMissing())
             add(kMissingLibrary, MissingLibraryText(*library), library->LineFile);
         else if (HasWrongVersion(*library))
             add(kOtherVersion,
