@@ -31,17 +31,19 @@ std::string MissingText(const clsTypeLib& library) {
            NeedText(library) + ". " + RemedyText(library);
 }
 
+std::string OtherVersionText(const clsTypeLib& library) {
+    return Filled(Text::OtherVersionUsed,
+                  {Utf8(std::string(library.myNameOrg()) + " " + library.Version), Utf8(library.file.version)});
+}
+
 // Empty for problems of other kinds.
-std::string LibraryText(const clsProjekt& projekt, const ProblemPlace& place) {
+std::string LibraryText(const clsProjekt& projekt, const ProblemEntry& entry) {
+    const ProblemPlace& place = entry.places.front();
     if (place.tag == kUnreadableRegistry)
         return Utf8TextNr(Text::RegistryFileUnreadable);
-    for (const auto& library : projekt.OwnedLibraries()) {
-        if (place.tag == kMissingLibrary && !library->file.IsFound() && library->LineFile == place.path)
-            return MissingText(*library);
-        if (place.tag == kOtherVersion && library->file.path == place.path)
-            return Filled(Text::OtherVersionUsed, {Utf8(std::string(library->myNameOrg()) + " " + library->Version),
-                                                   Utf8(library->file.version)});
-    }
+    for (const auto& library : projekt.OwnedLibraries())
+        if (IsProblemOf(*library, place.tag, entry.text, place.path))
+            return place.tag == kMissingLibrary ? MissingText(*library) : OtherVersionText(*library);
     return {};
 }
 
@@ -71,6 +73,6 @@ std::string RemedyText(const clsTypeLib& library) {
 }
 
 std::string ShownProblem(const clsProjekt* projekt, const ProblemEntry& entry) {
-    std::string text = projekt ? LibraryText(*projekt, entry.places.front()) : std::string();
+    std::string text = projekt ? LibraryText(*projekt, entry) : std::string();
     return text.empty() ? ShownText(entry.text) : text;
 }

@@ -202,7 +202,7 @@ TEST_F(LibraryDisplay, AMissingLibrarySaysWhereItWasSought) {
                                  "with\r\n    library ")));
 
     // The list of problems says it in the user's language.
-    gProjekt->problems.Add({std::string(kMissingLibrary), "Library not found: Lib", Library().LineFile});
+    gProjekt->problems.Add({std::string(kMissingLibrary), MissingLibraryText(Library()), Library().LineFile});
     const auto shown = [](const clsProjekt* projekt) {
         return ShownProblem(projekt, ProblemEntries(*gProjekt).back());
     };
@@ -216,7 +216,7 @@ TEST_F(LibraryDisplay, AMissingLibrarySaysWhereItWasSought) {
     Library().need = {};
     EXPECT_THAT(shown(gProjekt.get()),
                 HasSubstr("unter ihrem Namen wurde keine Verwendung gefunden. Kopieren Sie lib.tlb"));
-    EXPECT_EQ(shown(nullptr), "Library not found: Lib");
+    EXPECT_EQ(shown(nullptr), MissingLibraryText(Library()));
 }
 
 using Components = ProgramState;
