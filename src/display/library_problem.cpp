@@ -26,7 +26,7 @@ std::string NameAndFile(const clsTypeLib& library) {
 
 std::string MissingText(const clsTypeLib& library) {
     if (library.isProject)
-        return Filled(Text::ProjectNotFoundNamed, {Utf8(library.LineFile)});
+        return Filled(Text::ProjectNotFoundNamed, {Utf8(ShownPath(library.LineFile))});
     return Filled(Text::LibraryNotFoundNamed, {NameAndFile(library)}) + ". " + Utf8TextNr(Text::NeededBy) + ": " +
            NeedText(library) + ". " + RemedyText(library);
 }

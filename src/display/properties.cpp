@@ -97,7 +97,7 @@ PropertyRows OfLibrary(const clsTypeLib& library) {
     Rows rows(library.myNameOrg());
     rows.Add(Text::Kind, TextOf(library.LibTyp)).AddUnlessEmpty(Text::Description, library.Description);
     if (file.IsFound())
-        rows.Add(Text::FileMenu, file.path);
+        rows.Add(Text::FileMenu, ShownPath(file.path));
     else if (file.IsMissing())
         rows.AddText(Text::FileMenu, Text::LibraryNotFound);
     if (file.IsMissing() && !library.isProject)

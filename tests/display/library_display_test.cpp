@@ -219,6 +219,12 @@ TEST_F(LibraryDisplay, AMissingLibrarySaysWhereItWasSought) {
     EXPECT_EQ(shown(nullptr), MissingLibraryText(Library()));
 }
 
+TEST_F(LibraryDisplay, PathsHaveOneSeparator) {
+    EXPECT_THAT(Hover("lib"), HasSubstr("c:/x/lib.tlb"));
+    Library().file.path = "c:\\y\\lib.tlb";
+    EXPECT_THAT(Properties("lib"), HasSubstr("|File: c:/y/lib.tlb|"));
+}
+
 using Components = ProgramState;
 
 TEST_F(Components, LeadToTheModulesThatNameThem) {

@@ -49,3 +49,9 @@ TEST_F(LibraryProblems, TheOtherVersionIsThatOfTheLineThatAskedForOne) {
     Sought(1, "/a/x.tlb", "3.0");
     EXPECT_EQ(Shown(), "x 2.0 was not found; version 3.0 is used.\n");
 }
+
+TEST_F(LibraryProblems, AProjectIsNamedWithOneSeparator) {
+    Read("Reference=*\\A..\\Parts\\Parts.vbp\n");
+    Sought(0);
+    EXPECT_EQ(Shown(), "Project not found: ../Parts/Parts.vbp\n");
+}
