@@ -101,13 +101,13 @@ CodeObject* modMain::Get_Objekt_AusName(const ModuleNames& names, WordMeaning& w
     return object ? object : PublicObject(Objects(names.Everywhere(word)), mode);
 }
 
-CodeObject* modMain::Get_Typ_VonControl(const clsProjekt& projekt, const clsControl& control) {
+clsModul* modMain::Get_Typ_VonControl(const clsProjekt& projekt, const clsControl& control) {
     const Name key = LastPart(control.type, projekt.TheNames());
     if (!key.Known())
         return nullptr;
     if (clsModul* userControl = projekt.UserControls.Item(key))
         return userControl;
-    clsModul* found = nullptr;
+    clsModul* found = nullptr;  // of several components the last one serves
     for (const clsTypeLib* component : projekt.myProjectObjects)
         if (clsModul* oneClass = component->myCoClasses.Item(key))
             found = oneClass;
@@ -170,17 +170,4 @@ CodeObject* modMain::Get_Child(const clsProjekt& projekt, CodeObject* object, Na
         default:
             return nullptr;
     }
-}
-
-clsModul* modMain::TypeOfControl(const clsProjekt& projekt, const clsControl& control) {
-    const Name key = LastPart(control.type, projekt.TheNames());
-    if (!key.Known())
-        return nullptr;
-    if (clsModul* userControl = projekt.UserControls.Item(key))
-        return userControl;
-    clsModul* found = nullptr;  // of several components the last one serves
-    for (const clsTypeLib* component : projekt.myProjectObjects)
-        if (clsModul* oneClass = component->myCoClasses.Item(key))
-            found = oneClass;
-    return found;
 }

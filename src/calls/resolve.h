@@ -31,14 +31,12 @@ namespace modMain {
 /// public ones only.
 [[nodiscard]] CodeObject* Get_Typ_AusName(const CodeObject* context, Name typeName, ModuleNames& names);
 
-/// The user control of the project or the class of a component. Of several components the last one serves.
-[[nodiscard]] CodeObject* Get_Typ_VonControl(const clsProjekt& projekt, const clsControl& control);
+/// The user control of the project or the class of a component that a control on a form is; null for any other. Of
+/// several components the last one serves.
+[[nodiscard]] clsModul* Get_Typ_VonControl(const clsProjekt& projekt, const clsControl& control);
 
 /// The member of an object's type, or of a module itself.
 [[nodiscard]] CodeObject* Get_Child(const clsProjekt& projekt, CodeObject* object, Name member, AccessMode mode,
                                     ModuleNames& names);
-
-/// The user control of the project or the class of a component that a control on a form is; null for any other.
-[[nodiscard]] clsModul* TypeOfControl(const clsProjekt& projekt, const clsControl& control);
 
 }  // namespace modMain

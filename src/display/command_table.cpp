@@ -178,7 +178,6 @@ bool IsEnabled(Command command, const Situation& now) {
             return now.hasDeleted;
         case Needs::EditedModule:
             return now.hasUnsaved;
-        case Needs::LaterVersion:
         case Needs::DoneByOpening:
         case Needs::Never:
             return false;
@@ -214,8 +213,6 @@ Text WhyNotOnGraph(Needs needs, const Situation& now) {
 
 Text WhyDisabled(Command command, const Situation& now) {
     const Needs needs = RowOf(command).needs;
-    if (needs == Needs::LaterVersion)
-        return Text::LaterVersion;
     if (!now.hasProject)
         return Text::OpenProjectFirst;
     switch (needs) {

@@ -126,7 +126,6 @@ enum class Needs : std::uint8_t {
     Deletable,     // a current object that can be deleted
     Deletions,     // some since the project was opened
     EditedModule,  // one that differs from its file
-    LaterVersion,  // nothing does it yet
     DoneByOpening,
     Never,  // neither shown nor enabled
 };

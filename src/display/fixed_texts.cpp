@@ -2,7 +2,6 @@
 
 #include "platform/code_page.h"
 #include "shell/clsText.h"
-#include "shell/vb_text.h"
 
 namespace {
 
@@ -21,5 +20,5 @@ std::string ShownText(std::string_view bytes) {
     const bool asks = path.ends_with(kCancelLoading);
     if (asks)
         path.remove_suffix(kCancelLoading.size());
-    return Replace(notFound, "%1", ActiveCodePage().ToUtf8(path)) + (asks ? "\n\n" + question : std::string());
+    return Filled(notFound, {ActiveCodePage().ToUtf8(path)}) + (asks ? "\n\n" + question : std::string());
 }

@@ -4,7 +4,6 @@
 
 #include "display/fixed_texts.h"
 #include "display/problem_entries.h"
-#include "display/reach_rows.h"
 #include "display/shown_text.h"
 #include "libraries/library_problems.h"
 #include "model/clsProjekt.h"
@@ -27,22 +26,24 @@ std::string NameAndFile(const clsTypeLib& library) {
 
 std::string MissingText(const clsTypeLib& library) {
     if (library.isProject)
-        return Filled(Text::ProjectNotFoundNamed, Utf8(library.LineFile));
-    return Filled(Text::LibraryNotFoundNamed, NameAndFile(library)) + ". " + Utf8TextNr(Text::NeededBy) + ": " +
+        return Filled(Text::ProjectNotFoundNamed, {Utf8(ShownPath(library.LineFile))});
+    return Filled(Text::LibraryNotFoundNamed, {NameAndFile(library)}) + ". " + Utf8TextNr(Text::NeededBy) + ": " +
            NeedText(library) + ". " + RemedyText(library);
 }
 
+std::string OtherVersionText(const clsTypeLib& library) {
+    return Filled(Text::OtherVersionUsed,
+                  {Utf8(std::string(library.myNameOrg()) + " " + library.Version), Utf8(library.file.version)});
+}
+
 // Empty for problems of other kinds.
-std::string LibraryText(const clsProjekt& projekt, const ProblemPlace& place) {
+std::string LibraryText(const clsProjekt& projekt, const ProblemEntry& entry) {
+    const ProblemPlace& place = entry.places.front();
     if (place.tag == kUnreadableRegistry)
         return Utf8TextNr(Text::RegistryFileUnreadable);
-    for (const auto& library : projekt.OwnedLibraries()) {
-        if (place.tag == kMissingLibrary && !library->file.IsFound() && library->LineFile == place.path)
-            return MissingText(*library);
-        if (place.tag == kOtherVersion && library->file.path == place.path)
-            return Filled(Text::OtherVersionUsed, Utf8(std::string(library->myNameOrg()) + " " + library->Version),
-                          Utf8(library->file.version));
-    }
+    for (const auto& library : projekt.OwnedLibraries())
+        if (IsProblemOf(*library, place.tag, entry.text, place.path))
+            return place.tag == kMissingLibrary ? MissingText(*library) : OtherVersionText(*library);
     return {};
 }
 
@@ -68,10 +69,10 @@ std::string RemedyText(const clsTypeLib& library) {
     if (library.isProject)
         return {};
     const std::string file = FileNameOf(library);
-    return Filled(Text::CopyLibrary, Utf8(file.empty() ? library.TypeLibID : file));
+    return Filled(Text::CopyLibrary, {Utf8(file.empty() ? library.TypeLibID : file)});
 }
 
 std::string ShownProblem(const clsProjekt* projekt, const ProblemEntry& entry) {
-    std::string text = projekt ? LibraryText(*projekt, entry.places.front()) : std::string();
+    std::string text = projekt ? LibraryText(*projekt, entry) : std::string();
     return text.empty() ? ShownText(entry.text) : text;
 }

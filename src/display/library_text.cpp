@@ -182,7 +182,7 @@ CodeText LibraryText(const clsTypeLib& library) {
     if (!library.file.IsFound())
         for (const LibraryPlace& place : library.file.places)
             page.Field(Text::LibrarySought, gText.TextNr(LabelOf(place.step)) + ": " + OutcomeText(place));
-    if (library.file.IsSought() && !library.file.IsFound() && !library.isProject) {
+    if (library.file.IsMissing() && !library.isProject) {
         page.Line("");
         page.Field(Text::NeededBy, ActiveCodePage().FromUtf8(NeedText(library)));
         page.Paragraph(Text::Remedy, ActiveCodePage().FromUtf8(RemedyText(library)));

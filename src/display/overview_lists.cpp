@@ -6,7 +6,6 @@
 #include "display/shown_text.h"
 #include "findings/module_statistics.h"
 #include "findings/object_counts.h"
-#include "findings/project_overview.h"
 #include "model/clsEnum.h"
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
@@ -49,7 +48,7 @@ public:
     }
     void Libraries(const clsProjekt& projekt, bool onlyMissing) {
         for (const auto& library : projekt.OwnedLibraries())
-            if (!onlyMissing || IsMissing(*library))
+            if (!onlyMissing || library->file.IsMissing())
                 rows_.push_back(
                     {std::string(library->MyName()),
                      Utf8Of(nullptr, library->Description.empty() ? library->myNameOrg() : library->Description),

@@ -65,12 +65,12 @@ private:
 
 ReachAnswer PathAnswer(const Reach& reach, const CodeObject& from, const CodeObject& to) {
     ReachAnswer answer;
-    answer.title = Filled(Text::PathFromTo, PathText(from), PathText(to));
+    answer.title = Filled(Text::PathFromTo, {PathText(from), PathText(to)});
     int nr = 0;
     for (const ReachPath& path : PathsBetween(reach.TheLinks(), from, to)) {
         const std::string certainty = Certainty(path.IsCertain());
         ++nr;
-        answer.rows.push_back(HeadingRow(nr, Filled(Text::PathNumber, std::to_string(nr)) + " \u00B7 " +
+        answer.rows.push_back(HeadingRow(nr, Filled(Text::PathNumber, {std::to_string(nr)}) + " \u00B7 " +
                                                  StepsText(static_cast<int>(path.links.size())) + " \u00B7 " +
                                                  certainty));
         answer.rows.push_back(ObjectRow(nr, *path.links.front().from, ObjectKind(*path.links.front().from)));
@@ -78,7 +78,7 @@ ReachAnswer PathAnswer(const Reach& reach, const CodeObject& from, const CodeObj
             answer.rows.push_back(StepRow(nr, link));
     }
     if (nr == 0)
-        answer.title = Filled(Text::NoPath, PathText(from), PathText(to));
+        answer.title = Filled(Text::NoPath, {PathText(from), PathText(to)});
     return answer;
 }
 
@@ -88,6 +88,6 @@ ReachAnswer ImpactAnswer(const Reach& reach, const CodeObject& object) {
     ImpactRows rows(answer);
     rows.Add(impact.certain, true);
     rows.Add(impact.possible, false);
-    answer.title = Filled(answer.rows.empty() ? Text::NoImpact : Text::ImpactOn, PathText(object));
+    answer.title = Filled(answer.rows.empty() ? Text::NoImpact : Text::ImpactOn, {PathText(object)});
     return answer;
 }

@@ -97,10 +97,10 @@ PropertyRows OfLibrary(const clsTypeLib& library) {
     Rows rows(library.myNameOrg());
     rows.Add(Text::Kind, TextOf(library.LibTyp)).AddUnlessEmpty(Text::Description, library.Description);
     if (file.IsFound())
-        rows.Add(Text::FileMenu, file.path);
-    else if (file.IsSought())
+        rows.Add(Text::FileMenu, ShownPath(file.path));
+    else if (file.IsMissing())
         rows.AddText(Text::FileMenu, Text::LibraryNotFound);
-    if (file.IsSought() && !file.IsFound() && !library.isProject)
+    if (file.IsMissing() && !library.isProject)
         rows.Add(Text::NeededBy, ActiveCodePage().FromUtf8(NeedText(library)))
             .Add(Text::Remedy, ActiveCodePage().FromUtf8(RemedyText(library)));
     rows.AddUnlessEmpty(Text::LibraryVersion, file.version.empty() ? library.Version : file.version)

@@ -74,24 +74,8 @@ ReachRow EntryRow(int section, const EntryPoint& entry, const std::string& about
     return row;
 }
 
-std::string Filled(Text text, std::string_view first, std::string_view second) {
-    std::string filled;
-    const std::string pattern = Utf8TextNr(text);
-    for (std::size_t at = 0; at < pattern.size();) {
-        const std::size_t next = std::min(pattern.find('%', at), pattern.size());
-        filled.append(pattern, at, next - at);
-        const std::string_view place = std::string_view(pattern).substr(next, 2);
-        if (place == "%1" || place == "%2")
-            filled.append(place == "%1" ? first : second);
-        else
-            filled.append(place);
-        at = next + 2;
-    }
-    return filled;
-}
-
 std::string StepsText(int steps) {
-    return steps == 1 ? Utf8TextNr(Text::OneStep) : Filled(Text::StepCount, Utf8Number(steps));
+    return steps == 1 ? Utf8TextNr(Text::OneStep) : Filled(Text::StepCount, {Utf8Number(steps)});
 }
 
 std::string AsText(const std::vector<ReachRow>& rows) {

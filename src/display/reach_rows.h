@@ -9,7 +9,6 @@
 
 #include "reach/entry_points.h"
 #include "reach/links.h"
-#include "shell/text_numbers.h"
 
 struct ReachRow {
     enum class Kind : std::uint8_t {
@@ -42,8 +41,6 @@ struct ReachRow {
 /// What kind of entry point it is; the place of a literal or AddressOf.
 [[nodiscard]] ReachRow EntryRow(int section, const EntryPoint& entry, const std::string& about = {});
 
-/// A text of the language file with these in the places of "%1" and "%2".
-[[nodiscard]] std::string Filled(Text text, std::string_view first, std::string_view second = {});
 /// "3 steps".
 [[nodiscard]] std::string StepsText(int steps);
 /// One line for each row, items indented below their heading.

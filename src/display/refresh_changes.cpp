@@ -70,7 +70,7 @@ GenerationRecord::Known GenerationRecord::KnownOf(const CodeObject& object, bool
         name = whole.substr(std::min(modul.myNameOrg().size() + 1, whole.size()));
     }
     ListedObject row{NodeKeyOf(object), Utf8Of(&modul, name), ObjectKind(object),
-                     isModul ? Utf8Of(nullptr, modul.FullPath) : Utf8Of(&modul, modul.myNameOrg()),
+                     isModul ? Utf8Of(nullptr, ShownPath(modul.FullPath)) : Utf8Of(&modul, modul.myNameOrg()),
                      isModul ? modul.AnzLineCode : LinesOf(object)};
     return {KeyOf(object, path),
             std::move(row),

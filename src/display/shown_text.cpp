@@ -150,7 +150,7 @@ std::string DeclarationText(const CodeObject& object) {
     if (object.Class() == ObjectClass::Modul)
         return ShownPath(static_cast<const clsModul&>(object).FullPath);
     if (object.Class() == ObjectClass::TypeLib)
-        return static_cast<const clsTypeLib&>(object).InprocServer32;
+        return ShownPath(static_cast<const clsTypeLib&>(object).InprocServer32);
     if (!object.Modul || !object.Modul->text)
         return {};
     const std::string_view text = object.Modul->text->ModulTextOrg();

@@ -115,7 +115,7 @@ private:
             addRow(entry);
         if (!isWhole)
             Add({.kind = ReachRow::Kind::More,
-                 .text = Filled(Text::ShowAllOf, Utf8Number(static_cast<long long>(entries.size()))),
+                 .text = Filled(Text::ShowAllOf, {Utf8Number(static_cast<long long>(entries.size()))}),
                  .about = {},
                  .section = Number(section)});
     }

@@ -88,7 +88,7 @@ private:
     void Declaration(const clsModul& modul, const CodeObject& object) {
         if (object.Class() == ObjectClass::Control) {
             const auto& control = static_cast<const clsControl&>(object);
-            const clsModul* type = modMain::TypeOfControl(projekt_, control);
+            const clsModul* type = modMain::Get_Typ_VonControl(projekt_, control);
             if (type && type->myLibrary) {
                 const std::size_t nr = numbers_.at(type->myLibrary);
                 ++uses_[nr].controls;
@@ -193,7 +193,7 @@ std::vector<LibraryUse> UsesOfLibraries(const clsProjekt& projekt) {
 }
 
 void NoteCostsOfMissingLibraries(clsProjekt& projekt) {
-    const auto isMissing = [](const auto& library) { return library->file.IsSought() && !library->file.IsFound(); };
+    const auto isMissing = [](const auto& library) { return library->file.IsMissing(); };
     if (std::ranges::none_of(projekt.OwnedLibraries(), isMissing))
         return;
     UseCounter counter(projekt);

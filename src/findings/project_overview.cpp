@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "findings/object_counts.h"
+#include "findings/start_up.h"
 #include "model/clsProjekt.h"
 #include "model/clsProzedur.h"
 
@@ -23,16 +24,11 @@ std::string_view TypeOf(std::string_view word) {
 }
 
 const CodeObject* StartUpObject(const clsProjekt& projekt) {
+    if (const clsProzedur* const main = StartUpProcedure(projekt))
+        return main;
     const std::string name = LowerCase(projekt.Startup);
-    if (name != "sub main") {
-        const clsModul* modul = projekt.GetModuleFromCodePath(name);
-        return modul && modul->MyName() == name ? modul : nullptr;
-    }
-    for (const clsModul* modul : projekt.Modules)
-        for (const clsProzedur* prozedur : modul->MyProcs)
-            if (prozedur->MyName() == "main")
-                return prozedur;
-    return nullptr;
+    const clsModul* const modul = projekt.GetModuleFromCodePath(name);
+    return modul && modul->MyName() == name ? modul : nullptr;
 }
 
 std::vector<ProjectOverview::Module> LargestModules(const clsProjekt& projekt) {
@@ -50,10 +46,6 @@ std::vector<ProjectOverview::Module> LargestModules(const clsProjekt& projekt) {
 }
 
 }  // namespace
-
-bool IsMissing(const clsTypeLib& library) {
-    return library.file.IsSought() && !library.file.IsFound();
-}
 
 ProjectOverview OverviewOf(const clsProjekt& projekt) {
     ProjectOverview overview;
@@ -83,7 +75,7 @@ ProjectOverview OverviewOf(const clsProjekt& projekt) {
     overview.problems = static_cast<int>(projekt.problems.All().size());
     overview.libraries = static_cast<int>(projekt.OwnedLibraries().size());
     overview.librariesMissing = static_cast<int>(
-        std::ranges::count_if(projekt.OwnedLibraries(), [](const auto& library) { return IsMissing(*library); }));
+        std::ranges::count_if(projekt.OwnedLibraries(), [](const auto& library) { return library->file.IsMissing(); }));
     overview.largest = LargestModules(projekt);
     return overview;
 }

@@ -9,7 +9,6 @@
 #include "model/kinds.h"
 
 class clsProjekt;
-class clsTypeLib;
 
 struct ProjectOverview {
     struct Module {
@@ -47,6 +46,3 @@ struct ProjectOverview {
 };
 
 [[nodiscard]] ProjectOverview OverviewOf(const clsProjekt& projekt);
-
-/// Whether the file of a library was sought and not found.
-[[nodiscard]] bool IsMissing(const clsTypeLib& library);

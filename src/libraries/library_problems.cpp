@@ -22,6 +22,11 @@ std::string MissingText(const clsTypeLib& library, const std::string& file) {
     return text + ".";
 }
 
+std::string OtherVersionText(const clsTypeLib& library) {
+    return "Library " + std::string(library.myNameOrg()) + ": version " + library.Version + " was not found; version " +
+           library.file.version + " is used.";
+}
+
 bool HasWrongVersion(const clsTypeLib& library) {
     const auto asked = VersionOf(library.Version);
     const auto found = VersionOf(library.file.version);
@@ -54,6 +59,14 @@ std::string MissingLibraryText(const clsTypeLib& library, std::string_view cost)
            " into the project's folder or into a folder of LibraryFolders.";
 }
 
+bool IsProblemOf(const clsTypeLib& library, std::string_view tag, std::string_view text, std::string_view subject) {
+    if (tag == kMissingLibrary)
+        return library.file.IsMissing() && subject == library.LineFile &&
+               text.starts_with(MissingText(library, FileNameOf(library)));
+    return tag == kOtherVersion && HasWrongVersion(library) && subject == library.file.path &&
+           text == OtherVersionText(library);
+}
+
 void NoteCost(clsProjekt& projekt, const clsTypeLib& library, std::string_view cost) {
     projekt.problems.Rephrase(kMissingLibrary, library.LineFile, MissingText(library, FileNameOf(library)),
                               MissingLibraryText(library, cost));
@@ -65,15 +78,10 @@ void NoteLibraryProblems(clsProjekt& projekt, const LibrarySearch& search) {
         projekt.problems.Add({std::string(tag), std::move(text), subject, {}, isHint});
     };
     for (const auto& library : projekt.OwnedLibraries()) {
-        if (!library->file.IsSought())
-            continue;
-        if (!library->file.IsFound())
+        if (library->file.IsMissing())
             add(kMissingLibrary, MissingLibraryText(*library), library->LineFile);
         else if (HasWrongVersion(*library))
-            add(kOtherVersion,
-                "Library " + std::string(library->myNameOrg()) + ": version " + library->Version +
-                    " was not found; version " + library->file.version + " is used.",
-                library->file.path);
+            add(kOtherVersion, OtherVersionText(*library), library->file.path);
     }
     if (!projekt.OwnedLibraries().empty())
         for (const std::string& file : search.TheRegistry().Unreadable())

@@ -20,6 +20,11 @@ inline constexpr std::string_view kUnreadableRegistry = "modRegistrySearch: GetA
 /// @param cost  a sentence between them that says what depends on the library; may be empty
 [[nodiscard]] std::string MissingLibraryText(const clsTypeLib& library, std::string_view cost = {});
 
+/// Whether the problem says that this library was not found or has another version.
+/// @param text  as NoteLibraryProblems wrote it, or NoteCost after it
+[[nodiscard]] bool IsProblemOf(const clsTypeLib& library, std::string_view tag, std::string_view text,
+                               std::string_view subject);
+
 /// Says in the problem of a library that was not found what depends on it.
 void NoteCost(clsProjekt& projekt, const clsTypeLib& library, std::string_view cost);
 

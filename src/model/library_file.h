@@ -33,6 +33,7 @@ struct LibraryFile {
 
     [[nodiscard]] bool IsSought() const { return !places.empty(); }
     [[nodiscard]] bool IsFound() const { return !path.empty(); }
+    [[nodiscard]] bool IsMissing() const { return IsSought() && !IsFound(); }
     bool operator==(const LibraryFile&) const = default;
 };
 

@@ -79,7 +79,7 @@ std::string ChooseCodePage(const Files& files, SettingsFile& file, const Setting
     std::string page = FittingCodePage(files, modMain::DirOrFileName(path, 1), files.ReadText(path).text);
     if (page.empty())
         return settings.CodePage;
-    if (!AskYesNo(TextNrWith(Text::AskCodePage, NameOfCodePage(page))))
+    if (!AskYesNo(Filled(gText.TextNr(Text::AskCodePage), {NameOfCodePage(page)})))
         page = settings.CodePage;
     const std::size_t before = choices.size();
     choices.insert(choices.begin(), {path, page});

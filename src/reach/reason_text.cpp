@@ -1,7 +1,11 @@
 #include "reach/reason_text.h"
 
+<<<<<<< HEAD
 #include <initializer_list>
 
+=======
+#include "platform/code_page.h"
+>>>>>>> h5
 #include "shell/clsText.h"
 #include "source/lines.h"
 
@@ -9,6 +13,7 @@ namespace {
 
 constexpr std::size_t kMostNamed = 5;
 
+<<<<<<< HEAD
 // A text with the parts in the places of "%1", "%2" and "%3". What a part contains is not filled again.
 std::string Filled(Text text, std::initializer_list<std::string> parts) {
     const std::string pattern = Utf8TextNr(text);
@@ -25,6 +30,10 @@ std::string Filled(Text text, std::initializer_list<std::string> parts) {
         }
     }
     return filled;
+=======
+std::string NameOf(const CodeObject& object) {
+    return ActiveCodePage().ToUtf8(object.CodePathOrg());
+>>>>>>> h5
 }
 
 std::string NamesOf(const std::vector<const CodeObject*>& objects) {

@@ -34,14 +34,27 @@ const std::string& clsText::TextNr(Text text) const {
     return lines_[nr < lines_.size() ? nr : 0];
 }
 
-std::string TextNrWith(Text text, std::string_view first) {
-    std::string filled = gText.TextNr(text);
-    if (const auto place = filled.find("%1"); place != std::string::npos)
-        filled.replace(place, 2, first);
-    return filled;
-}
-
 std::string Utf8TextNr(Text text) {
     static const CodePage page("1252");
     return page.ToUtf8(gText.TextNr(text));
+}
+
+std::string Filled(std::string_view text, std::initializer_list<std::string_view> parts) {
+    std::string filled;
+    for (std::size_t at = 0; at < text.size(); ++at) {
+        const std::size_t nr = text[at] == '%' && at + 1 < text.size()
+                                   ? static_cast<std::size_t>(static_cast<unsigned char>(text[at + 1])) - '1'
+                                   : parts.size();
+        if (nr < parts.size()) {
+            filled += parts.begin()[nr];
+            ++at;
+        } else {
+            filled += text[at];
+        }
+    }
+    return filled;
+}
+
+std::string Filled(Text text, std::initializer_list<std::string_view> parts) {
+    return Filled(Utf8TextNr(text), parts);
 }

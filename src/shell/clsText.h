@@ -1,6 +1,7 @@
 // The numbered texts of the user interface: one plain file per language, one text per line.
 #pragma once
 
+#include <initializer_list>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -26,7 +27,10 @@ private:
 
 extern clsText gText;
 
-/// A text of the language file with `first` in the place of its "%1".
-[[nodiscard]] std::string TextNrWith(Text text, std::string_view first);
 /// UTF-8 of a text of the language file, which is Windows-1252 whatever the code page of the sources is.
 [[nodiscard]] std::string Utf8TextNr(Text text);
+
+/// A text with these parts in the places of its "%1", "%2" and so on. What a part contains is not filled again.
+[[nodiscard]] std::string Filled(std::string_view text, std::initializer_list<std::string_view> parts);
+/// The same with a text of the language file, in UTF-8.
+[[nodiscard]] std::string Filled(Text text, std::initializer_list<std::string_view> parts);

@@ -62,7 +62,7 @@ void frmMain::OpenProject(const std::string& path) {
     const std::string codePage = ChooseCodePage(files_, file_, settings_, path);
     dialogs_.error->ForgetIgnored();
     dialogs_.missingFiles->Forget();
-    settings_.OpenSaveDir = file.absolutePath().toStdString();
+    settings_.OpenSaveDir = FromPath(file.absolutePath());
     Save_OpenDir(file_, settings_);
     const std::optional<ProjectView> view = StoredView(file_, path);
     LeaveProject();
@@ -71,7 +71,7 @@ void frmMain::OpenProject(const std::string& path) {
         status_->Message(TextNr(Text::LoadingCancelled));
         return;
     }
-    AddRecentProject(file_, file.absoluteFilePath().toStdString());
+    AddRecentProject(file_, FromPath(file.absoluteFilePath()));
     commands_->SetImage(Command::Calls, "CallsReadNot");
     commands_->SetImage(Command::CallsModule, "CallsReadNot");
     ShowTitle();

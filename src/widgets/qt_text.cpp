@@ -67,23 +67,7 @@ std::string FromPath(const QString& path) {
 
 QString TextNr(Text text, const QString& first, const QString& second, const QString& third) {
     // Not QString::arg, which complains about a text without places, as all are when the language file is missing.
-    const QString whole = TextNr(text);
-    QString filled;
-    for (qsizetype at = 0; at < whole.size(); ++at) {
-        const bool isPlace = whole[at] == QLatin1Char('%') && at + 1 < whole.size();
-        if (isPlace && whole[at + 1] == QLatin1Char('1'))
-            filled += first;
-        else if (isPlace && whole[at + 1] == QLatin1Char('2'))
-            filled += second;
-        else if (isPlace && whole[at + 1] == QLatin1Char('3'))
-            filled += third;
-        else {
-            filled += whole[at];
-            continue;
-        }
-        ++at;
-    }
-    return filled;
+    return QString::fromStdString(Filled(text, {first.toStdString(), second.toStdString(), third.toStdString()}));
 }
 
 void SpeakOwnLanguage() {

@@ -188,7 +188,7 @@ TEST_F(LibraryDisplay, AMissingLibrarySaysWhereItWasSought) {
                                  "with\r\n    library ")));
 
     // The list of problems says it in the user's language.
-    gProjekt->problems.Add({std::string(kMissingLibrary), "Library not found: Lib", Library().LineFile});
+    gProjekt->problems.Add({std::string(kMissingLibrary), MissingLibraryText(Library()), Library().LineFile});
     const auto shown = [](const clsProjekt* projekt) {
         return ShownProblem(projekt, ProblemEntries(*gProjekt).back());
     };
@@ -200,7 +200,13 @@ TEST_F(LibraryDisplay, AMissingLibrarySaysWhereItWasSought) {
     Library().need = {};
     EXPECT_THAT(shown(gProjekt.get()),
                 HasSubstr("unter ihrem Namen wurde keine Verwendung gefunden. Kopieren Sie lib.tlb"));
-    EXPECT_EQ(shown(nullptr), "Library not found: Lib");
+    EXPECT_EQ(shown(nullptr), MissingLibraryText(Library()));
+}
+
+TEST_F(LibraryDisplay, PathsHaveOneSeparator) {
+    EXPECT_THAT(Hover("lib"), HasSubstr("c:/x/lib.tlb"));
+    Library().file.path = "c:\\y\\lib.tlb";
+    EXPECT_THAT(Properties("lib"), HasSubstr("|File: c:/y/lib.tlb|"));
 }
 
 using Components = ProgramState;

@@ -44,6 +44,11 @@ TEST_F(RefreshedWorkspace, ListsWhatChangedAndWhatIsDeadNow) {
     Save("Y.bas", "Public Sub Moved()\nEnd Sub");
     EXPECT_EQ(Listed(workspace_.Refresh().changes),
               "another file name Y.bas; new Y; new Moved; gone Other; gone Used; gone Moved");
+    files_.WriteWhole("App.vbp", "Type=Exe\r\nModule=x; Main.bas\r\nModule=y; Y.bas\r\nModule=z; parts\\Z.bas\r\n");
+    files_.WriteWhole("parts\\Z.bas", "Attribute VB_Name = \"Z\"\r\n");
+    const RefreshChanges added = workspace_.Refresh().changes;
+    EXPECT_EQ(Listed(added), "added to the project Z.bas; new Z");
+    EXPECT_EQ(added.rows.back().place, "parts/Z.bas");
 }
 
 TEST_F(RefreshedWorkspace, FillsTheTreeAgainWhereItIsAnother) {

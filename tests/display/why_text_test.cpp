@@ -131,7 +131,7 @@ TEST_F(WhyTexts, ImpactKeepsCertainAndPossibleApart) {
 }
 
 TEST_F(WhyTexts, TextsFillPlacesOnceOnly) {
-    EXPECT_EQ(Filled(Text::PathFromTo, "%2", "b"), "From %2 to b");
+    EXPECT_EQ(Filled(Text::PathFromTo, {"%2", "b"}), "From %2 to b");
 }
 
 TEST_F(WhyTexts, DeclarationsAreKeptAndRespectedAtOnce) {

@@ -27,6 +27,14 @@ TEST_F(Overviews, StartIsTheObjectThatTheProjectFileNames) {
     EXPECT_EQ(none.startUp, "");
 }
 
+TEST_F(Overviews, OnlyASubIsSubMain) {
+    const clsProjekt& projekt =
+        ReadProject({{"App.vbp", "Type=Exe\r\nStartup=\"Sub Main\"\r\nModule=A; A.bas\r\nModule=M; M.bas\r\n"},
+                     {"A.bas", "Public Function Main()\r\nEnd Function\r\n"},
+                     {"M.bas", "Sub Main()\r\nEnd Sub\r\n"}});
+    EXPECT_EQ(OverviewOf(projekt).startUpPath, "m.main");
+}
+
 TEST_F(Overviews, WhatIsMissingIsCounted) {
     Of("Reference=*\\G{0}#2.0#0#found.tlb#Found\r\nReference=*\\G{1}#2.0#0#C:\\far\\gone.tlb#Gone\r\n"
        "Object={2}#1.0#0; unsought.ocx");

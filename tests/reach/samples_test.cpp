@@ -20,9 +20,10 @@ constexpr const char* kGradeReasons[] = {
     "used by likely", "possible calls", "named in string",    "default member",   "passed out",        "not compiled",
     "named in code",  "unread modules", "used by left alone", "used by uncertain"};
 
-template <class Names, class Kind>
-std::string NameOf(const Names& names, Kind kind) {
-    return names[static_cast<std::size_t>(kind)];
+template <std::size_t count, class Kind>
+std::string NameOf(const char* const (&names)[count], Kind kind) {
+    const auto nr = static_cast<std::size_t>(kind);
+    return nr < count ? names[nr] : "a kind without a name here";
 }
 
 // "kept: AddressOf", "only possible: Variant", "no caller by rule".
@@ -97,6 +98,9 @@ using SampleReasons = ProgramState;
 
 TEST_F(SampleReasons, EachReasonAndEachGradeHasItsCase) {
     DiskFiles files;
+    std::vector<bool> entries(std::size(kEntries));
+    std::vector<bool> doubts(std::size(kDoubts));
+    std::vector<bool> gradeReasons(std::size(kGradeReasons));
     for (const char* project : {kToolHire, kYardScale, kScaleParts}) {
         NewProject(files, (kSourceDirectory / "samples" / project).string());
         Projekt_Laden(*gProjekt);
@@ -106,8 +110,17 @@ TEST_F(SampleReasons, EachReasonAndEachGradeHasItsCase) {
         for (const Case& one : kCases)
             if (one.project == project) {
                 SCOPED_TRACE(one.codePath);
-                EXPECT_EQ(ReasonText(reasons.ReasonOf(ObjectAt(one.codePath))), one.reason);
-                EXPECT_EQ(GradeText(reasons.GradeOf(ObjectAt(one.codePath))), one.grade);
+                const Reason reason = reasons.ReasonOf(ObjectAt(one.codePath));
+                const Grading grading = reasons.GradeOf(ObjectAt(one.codePath));
+                EXPECT_EQ(ReasonText(reason), one.reason);
+                EXPECT_EQ(GradeText(grading), one.grade);
+                if (reason.chain.entry)
+                    entries.at(static_cast<std::size_t>(reason.chain.entry->kind)) = true;
+                doubts.at(static_cast<std::size_t>(reason.doubt.kind)) = true;
+                gradeReasons.at(static_cast<std::size_t>(grading.reason)) = true;
             }
     }
+    EXPECT_THAT(entries, testing::Each(true));
+    EXPECT_THAT(doubts, testing::Each(true));
+    EXPECT_THAT(gradeReasons, testing::Each(true));
 }

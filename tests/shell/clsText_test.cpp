@@ -25,9 +25,9 @@ TEST(Texts, AreAtTheLineOfTheirNumberAndKeepTheirValueWithoutANewOne) {
 }
 
 // Ranges of the text numbers that the program uses.
-constexpr std::pair<int, int> kInUse[] = {{1, 4},   {6, 11},  {13, 15}, {19, 22}, {24, 26}, {30, 33},
-                                          {43, 43}, {45, 45}, {50, 51}, {53, 62}, {66, 69}, {72, 75},
-                                          {77, 84}, {86, 86}, {89, 97}, {99, 99}};
+constexpr std::pair<int, int> kInUse[] = {{1, 4},   {6, 11},  {13, 15}, {19, 19}, {21, 22}, {24, 26},
+                                          {30, 33}, {43, 43}, {45, 45}, {50, 51}, {53, 62}, {66, 69},
+                                          {72, 75}, {77, 84}, {86, 86}, {89, 97}, {99, 99}};
 
 class LanguageFiles : public testing::TestWithParam<const char*> {};
 

@@ -102,4 +102,10 @@ TEST_F(PanesTest, TreeIsShownWhateverIsFolded) {
     }
 }
 
+TEST(Twips, AnyNumberOfASettingsFileGivesPixels) {
+    EXPECT_EQ(ToPixels(1500), 100);
+    EXPECT_GT(ToPixels(1e300), 10'000);
+    EXPECT_LT(ToPixels(-1e300), -10'000);
+}
+
 }  // namespace
