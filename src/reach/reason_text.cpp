@@ -1,40 +1,11 @@
 #include "reach/reason_text.h"
 
-<<<<<<< HEAD
-#include <initializer_list>
-
-=======
-#include "platform/code_page.h"
->>>>>>> h5
 #include "shell/clsText.h"
 #include "source/lines.h"
 
 namespace {
 
 constexpr std::size_t kMostNamed = 5;
-
-<<<<<<< HEAD
-// A text with the parts in the places of "%1", "%2" and "%3". What a part contains is not filled again.
-std::string Filled(Text text, std::initializer_list<std::string> parts) {
-    const std::string pattern = Utf8TextNr(text);
-    std::string filled;
-    for (std::size_t at = 0; at < pattern.size(); ++at) {
-        const std::size_t nr = pattern[at] == '%' && at + 1 < pattern.size()
-                                   ? static_cast<std::size_t>(static_cast<unsigned char>(pattern[at + 1])) - '1'
-                                   : parts.size();
-        if (nr < parts.size()) {
-            filled += parts.begin()[nr];
-            ++at;
-        } else {
-            filled += pattern[at];
-        }
-    }
-    return filled;
-=======
-std::string NameOf(const CodeObject& object) {
-    return ActiveCodePage().ToUtf8(object.CodePathOrg());
->>>>>>> h5
-}
 
 std::string NamesOf(const std::vector<const CodeObject*>& objects) {
     std::string names;
