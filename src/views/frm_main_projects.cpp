@@ -2,6 +2,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QStackedWidget>
+#include <QTimer>
 
 #include "display/project_view.h"
 #include "display/recent_projects.h"
@@ -132,5 +133,6 @@ void frmMain::CloseTheProject() {
     LeaveProject();
     ShowStartPage();
     Activate_Commands();
-    ReturnFreedMemory();
+    // Once the views have let go as well.
+    QTimer::singleShot(0, this, &ReturnFreedMemory);
 }
