@@ -4,6 +4,7 @@
 
 #include "display/library_problem.h"
 #include "display/shown_text.h"
+#include "libraries/library_objects.h"
 #include "libraries/library_page.h"
 #include "model/clsControl.h"
 #include "model/clsTypeLib.h"
@@ -179,6 +180,7 @@ CodeText LibraryText(const clsTypeLib& library) {
     page.Field(Text::LibraryIdentifier, library.TypeLibID);
     page.Field(Text::LibraryFormat, library.format);
     page.Field(Text::SoughtProjectLine, library.ProjektEintrag);
+    page.Field(Text::LibrariesMissing, MissingImports(library));
     if (!library.file.IsFound())
         for (const LibraryPlace& place : library.file.places)
             page.Field(Text::LibrarySought, gText.TextNr(LabelOf(place.step)) + ": " + OutcomeText(place));

@@ -21,6 +21,11 @@ public:
             Add_Type(group);
         for (const LibraryAlias& alias : contents.aliases)
             AddSecondName(alias);
+        // No file describes what it lacks, so the description of the library itself is free for it.
+        std::string missing;
+        for (const typelib::ImportedLibrary& imported : contents.missing)
+            missing.append(missing.empty() ? "" : ", ").append(imported.file + ' ' + imported.id);
+        library_.DetailOf(library_).description = Keep(missing);
     }
 
 private:
@@ -181,6 +186,10 @@ private:
 
 void ReadInterfaces(clsProjekt& projekt, clsTypeLib& library, const LibraryContents& contents) {
     ObjectMaker(projekt, library).Make(contents);
+}
+
+std::string_view MissingImports(const clsTypeLib& library) {
+    return library.DetailOf(library).description;
 }
 
 LibraryInFile ReadLibraryFile(const Files& files, std::string_view path) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 
 #include "libraries/library_contents.h"
 #include "platform/files.h"
@@ -12,6 +13,9 @@ class clsTypeLib;
 
 /// Creates the code objects of `contents` in `library`, which has none yet. Names are those of the project.
 void ReadInterfaces(clsProjekt& projekt, clsTypeLib& library, const LibraryContents& contents);
+
+/// File and identifier of the libraries that this one imports and needs, and that were not found.
+[[nodiscard]] std::string_view MissingImports(const clsTypeLib& library);
 
 struct LibraryInFile {
     TypeLibrary library;

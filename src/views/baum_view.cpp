@@ -100,6 +100,11 @@ void BaumView::Wire() {
             scrollBeforeFill_ = verticalScrollBar()->value();
     });
     connect(model_, &BaumModel::Filled, this, &BaumView::Restore);
+    // Screen readers read it with the name, so a filled tree must not have it.
+    const auto describe = [this] { setAccessibleDescription(Tree().Count() == 0 ? emptyText_ : QString()); };
+    connect(model_, &BaumModel::modelReset, this, describe);
+    for (const auto changed : {&BaumModel::rowsInserted, &BaumModel::rowsRemoved})
+        connect(model_, changed, this, describe);
     connect(model_, &BaumModel::NodeChecked, this, [this](BaumNode& node) {
         hasChecked_ = true;
         Q_EMIT NodeChecked(node);
@@ -116,7 +121,8 @@ void BaumView::SetEmptyText(const QString& text) {
     if (emptyText_ == text)
         return;
     emptyText_ = text;
-    setAccessibleDescription(text);
+    if (Tree().Count() == 0)
+        setAccessibleDescription(text);
     viewport()->update();
 }
 

@@ -31,6 +31,7 @@ frmReach::frmReach(bool isPath, Source source, QWidget* parent)
             Q_EMIT CommandAsked(Command::GoTo, key);
     });
     connect(list_, &ReachList::CommandAsked, this, &frmReach::CommandAsked);
+    connect(list_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, &frmReach::FollowRow);
     connect(cmdGraph_, &QPushButton::clicked, this,
             [this] { Q_EMIT GraphAsked(list_->KeysMeant(), QString::fromStdString(answer_.title)); });
     connect(cmdSave_, &QPushButton::clicked, this, [this] { Q_EMIT SaveAsked(answer_, from_, to_); });
@@ -74,7 +75,7 @@ void frmReach::Build() {
     buttons->addStretch();
     buttons->addWidget(cmdClose_);
     layout->addLayout(buttons);
-    resize(QSize(72 * fontMetrics().averageCharWidth(), 32 * fontMetrics().lineSpacing())
+    resize(QSize(96 * fontMetrics().averageCharWidth(), 32 * fontMetrics().lineSpacing())
                .boundedTo(screen()->availableSize() * 0.9));
 }
 
@@ -116,6 +117,7 @@ void frmReach::Forget() {
     answer_ = {};
     list_->Show({});
     title_->clear();
+    FollowRow();
 }
 
 void frmReach::Renew() {
@@ -126,7 +128,13 @@ void frmReach::Renew() {
     title_->setText(QString::fromStdString(answer_.title));
     title_->setVisible(!answer_.title.empty());
     list_->Show(answer_.rows);
-    list_->setCurrentIndex(list_->model()->index(0, 0));
-    for (QPushButton* button : {cmdGoTo_, cmdGraph_, cmdSave_})
+    list_->SetCurrentObject();
+    for (QPushButton* button : {cmdGraph_, cmdSave_})
         button->setEnabled(!answer_.rows.empty());
+    FollowRow();
+}
+
+// Headings and sentences lead nowhere.
+void frmReach::FollowRow() {
+    cmdGoTo_->setEnabled(!list_->CurrentObject().empty());
 }

@@ -41,6 +41,7 @@ Q_SIGNALS:
     void SaveAsked(const ReachAnswer& answer, const std::string& from, const std::string& to);
 
 private:
+    void FollowRow();
     void Build();
 
     bool isPath_;

@@ -72,8 +72,7 @@ OverviewTable::OverviewTable(QWidget* parent)
     verticalHeader()->hide();
     verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     horizontalHeader()->setHighlightSections(false);
-    horizontalHeader()->setSectionResizeMode(OverviewModel::Name, QHeaderView::Stretch);
-    horizontalHeader()->setSectionResizeMode(OverviewModel::Where, QHeaderView::Stretch);
+    horizontalHeader()->setStretchLastSection(false);
     CopyTableOnCtrlC(*this);
     HomeAndEndGoToRows(*this);
     FitRows();
@@ -84,6 +83,30 @@ void OverviewTable::FitColumns(bool hasChanges) {
     setColumnHidden(OverviewModel::Change, !hasChanges);
     for (const int column : {OverviewModel::Change, OverviewModel::Kind, OverviewModel::Lines})
         resizeColumnToContents(column);
+    nameWidth_ = WidestText(OverviewModel::Name);
+    placeWidth_ = WidestText(OverviewModel::Where);
+    ShareWidth();
+}
+
+int OverviewTable::WidestText(int column) const {
+    int widest = horizontalHeader()->sectionSizeHint(column);
+    const int margins = 2 * (style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, this) + 1);
+    for (int row = 0; row < model_->rowCount(); ++row) {
+        const QString text = model_->index(row, column).data().toString();
+        widest = std::max(widest, fontMetrics().horizontalAdvance(text) + margins);
+    }
+    return widest;
+}
+
+void OverviewTable::ShareWidth() {
+    if (viewport()->width() <= 0)
+        return;
+    int free = viewport()->width();
+    for (const int column : {OverviewModel::Change, OverviewModel::Kind, OverviewModel::Lines})
+        free -= isColumnHidden(column) ? 0 : columnWidth(column);
+    const int name = std::min(nameWidth_, std::max(free * 2 / 3, free - placeWidth_));
+    setColumnWidth(OverviewModel::Name, std::max(name, 1));
+    setColumnWidth(OverviewModel::Where, std::max(free - name, 1));
 }
 
 std::string OverviewTable::CurrentKey() const {
@@ -139,6 +162,13 @@ void OverviewTable::FitRows() {
 
 void OverviewTable::changeEvent(QEvent* event) {
     QTableView::changeEvent(event);
-    if (event->type() == QEvent::FontChange)
-        FitRows();
+    if (event->type() != QEvent::FontChange)
+        return;
+    FitRows();
+    FitColumns(!isColumnHidden(OverviewModel::Change));
+}
+
+void OverviewTable::resizeEvent(QResizeEvent* event) {
+    QTableView::resizeEvent(event);
+    ShareWidth();
 }

@@ -44,12 +44,18 @@ Q_SIGNALS:
 protected:
     void keyPressEvent(QKeyEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void Choose(const QModelIndex& index);
     void FitRows();
     void FitColumns(bool hasChanges);
+    [[nodiscard]] int WidestText(int column) const;
+    /// Names get up to two thirds of the width that other columns leave, and more if places do not need it.
+    void ShareWidth();
 
     OverviewModel* model_;
     QSortFilterProxyModel* sorted_;
+    int nameWidth_ = 0;
+    int placeWidth_ = 0;
 };

@@ -113,6 +113,12 @@ void ReachList::SetCurrentPlace(int place) {
         setCurrentIndex(model_->index(static_cast<int>(row - Rows().begin())));
 }
 
+void ReachList::SetCurrentObject() {
+    const auto row = std::ranges::find(Rows(), Kind::Item, &ReachRow::kind);
+    setCurrentIndex(model_->index(row == Rows().end() ? 0 : static_cast<int>(row - Rows().begin())));
+    scrollToTop();  // what stands above says what the rows are
+}
+
 std::string ReachList::KeyAt(const QModelIndex& index) const {
     const ReachRow* const row = model_->RowAt(index);
     return row ? row->key : std::string();

@@ -32,6 +32,8 @@ public:
     void Show(std::vector<ReachRow> rows);
     [[nodiscard]] const std::vector<ReachRow>& Rows() const { return model_->Rows(); }
     [[nodiscard]] const ReachRow* CurrentRow() const { return model_->RowAt(currentIndex()); }
+    /// The first row that leads to an object becomes the current one; the first of all if none does.
+    void SetCurrentObject();
     /// Makes the row with that place the current one; nothing is chosen by that.
     void SetCurrentPlace(int place);
     /// The rows whose objects the user means: several selected ones, otherwise all of the section of the current one.

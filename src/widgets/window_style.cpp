@@ -112,6 +112,9 @@ void WindowStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* op
         FramePressed(*option, *painter);
     if (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton)
         DrawOutline(*option, *painter, element == PE_IndicatorRadioButton);
+    // A menu or list over other panes, whose ground it shares.
+    if (element == PE_PanelMenu || (element == PE_Frame && option->state.testFlag(State_Raised)))
+        DrawOutline(*option, *painter, false);
     const bool isPane = element == PE_Frame && qobject_cast<const QAbstractScrollArea*>(widget);
     if (!isPane || !option->state.testFlag(State_HasFocus))
         return;
@@ -167,7 +170,7 @@ int WindowStyle::pixelMetric(PixelMetric metric, const QStyleOption* option, con
             return 3;
         // The tabs below the project tree keep whole names in the smallest window.
         case PM_TabBarTabHSpace:
-            return 16;
+            return 10;
         default:
             return QProxyStyle::pixelMetric(metric, option, widget);
     }

@@ -187,6 +187,12 @@ TEST_F(LibraryDisplay, AMissingLibrarySaysWhereItWasSought) {
                        HasSubstr("\r\nWhat to do:\r\n    Copy lib.tlb into the folder of the project or into a folder "
                                  "with\r\n    library ")));
 
+    // Its page also names what it imports itself.
+    LibraryContents importing;
+    importing.missing = {{"{B}", 1, 0, 0, "base.tlb"}, {"{C}", 2, 0, 0, "more.tlb"}};
+    ReadInterfaces(*gProjekt, Library(), importing);
+    EXPECT_THAT(LibraryText(Library()).text, HasSubstr("\r\nLibraries not found: base.tlb {B}, more.tlb {C}\r\n"));
+
     // The list of problems says it in the user's language.
     gProjekt->problems.Add({std::string(kMissingLibrary), MissingLibraryText(Library()), Library().LineFile});
     const auto shown = [](const clsProjekt* projekt) {

@@ -150,6 +150,9 @@ TEST_F(AccessibleWindow, TreeCellsSayTheirKindAndWhetherTheyAreDead) {
         names.push_back(tree->child(i)->text(QAccessible::Name).toStdString());
     EXPECT_THAT(names, testing::IsSupersetOf({"MODULE", "modSlip, module", "PrintAll(), public sub",
                                               "PrintBarcode(), public sub, dead"}));
+    EXPECT_EQ(tree->text(QAccessible::Description), QString()) << "it is not empty";
+    window_->CloseTheProject();
+    EXPECT_NE(tree->text(QAccessible::Description), QString());
 }
 
 TEST_F(AccessibleWindow, RecentProjectsAreInTheFileMenu) {

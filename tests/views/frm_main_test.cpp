@@ -589,6 +589,27 @@ TEST_F(OpenWindow, OverviewStandsWhereNothingIsSelected) {
     EXPECT_TRUE(row("Dead objects").isVisible());
 }
 
+TEST_F(MainWindow, ListedNamesTakeTheRoomThatPlacesLeave) {
+    OverviewTable table;
+    table.resize(600, 200);
+    table.show();
+    const auto widths = [&](int name, int place) {
+        table.Show({{"", std::string(static_cast<std::size_t>(name), 'm'), "sub",
+                     std::string(static_cast<std::size_t>(place), 'm'), 1}});
+        return std::pair(table.columnWidth(OverviewModel::Name), table.columnWidth(OverviewModel::Where));
+    };
+    const auto needed = [&](int characters) {
+        return table.fontMetrics().horizontalAdvance(QString(characters, QLatin1Char('m')));
+    };
+    const int fits = 300 / needed(1);
+    EXPECT_GT(widths(fits, 1).first, needed(fits));
+    EXPECT_GT(widths(1, fits).second, needed(fits));
+    const auto [name, place] = widths(200, 200);
+    EXPECT_NEAR(name, 2 * place, 3);
+    table.resize(900, 200);
+    EXPECT_GT(table.columnWidth(OverviewModel::Name), name);
+}
+
 TEST_F(OpenWindow, WholeModuleFoldsTheHeaderOfItsFile) {
     EXPECT_FALSE(Command("WholeModule").isEnabled());
     window_->ActivateKey("clstool.init");

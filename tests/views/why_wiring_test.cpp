@@ -141,6 +141,12 @@ TEST_F(WhyWindow, AWayIsChosenShownInTheDiagramAndForgottenWithTheProject) {
     QTest::keyClicks(field, QStringLiteral("ReadSettings"));
     QTest::keyClick(field, Qt::Key_Return);
     ASSERT_FALSE(window.List().Rows().empty());
+    // The first row is a heading, which leads nowhere.
+    EXPECT_EQ(window.List().CurrentObject(), "modmain.main");
+    const auto* const goTo = window.findChild<QPushButton*>(QStringLiteral("cmdGoTo"));
+    EXPECT_TRUE(goTo->isEnabled());
+    QTest::keyClick(&window.List(), Qt::Key_Home);
+    EXPECT_FALSE(goTo->isEnabled());
     const std::vector<std::string> keys = window.List().KeysMeant();
     EXPECT_EQ(keys.front(), "modmain.main");
     window.findChild<QPushButton*>(QStringLiteral("cmdGraph"))->click();
