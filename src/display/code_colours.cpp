@@ -81,7 +81,7 @@ void SelectDeclarations(const clsModul& modul, CodePaint& paint) {
     selectWithMembers(modul.myTypes);
     selectWithMembers(modul.myEnums);
     for (const clsProzedur* prozedur : modul.MyProcs)
-        if (StandsInDeclarations(*prozedur))
+        if (IsAmongDeclarations(*prozedur))
             select(*prozedur, prozedur->NamePos, ByAccess(*prozedur));
 }
 
@@ -162,7 +162,7 @@ std::vector<CodeSpan> CodePaint::Spans() const {
     return spans;
 }
 
-bool StandsInDeclarations(const clsProzedur& prozedur) {
+bool IsAmongDeclarations(const clsProzedur& prozedur) {
     const bool isEventDeclaration = prozedur.IsEvent && prozedur.DeclareEnd <= prozedur.Modul->BeginnProcBereich;
     return prozedur.isDeclare || prozedur.IsUserEvent || isEventDeclaration;
 }
@@ -212,7 +212,7 @@ CodeText ShowWhole(const clsModul& modul, LocalUses& locals, bool withHeader) {
     SelectDeclarations(modul, paint);
     ShowUses(modul, paint);
     for (const clsProzedur* prozedur : modul.MyProcs)
-        if (!StandsInDeclarations(*prozedur)) {
+        if (!IsAmongDeclarations(*prozedur)) {
             shown.localsChecked = shown.localsChecked || !locals.Known(*prozedur);
             ShowCalls(*prozedur, locals.Look(*prozedur), paint);
         }

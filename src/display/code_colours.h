@@ -114,7 +114,7 @@ void ShowCalls(const clsProzedur& prozedur, const std::vector<LocalUse>& locals,
 [[nodiscard]] std::optional<CodeRange> NameMarkieren(const CodeObject& object, const CodeText& shown);
 
 /// Whether a procedure is declared among the declarations of its module: an external one or an event.
-[[nodiscard]] bool StandsInDeclarations(const clsProzedur& prozedur);
+[[nodiscard]] bool IsAmongDeclarations(const clsProzedur& prozedur);
 
 /// What a place is that a procedure calls or uses.
 [[nodiscard]] Colour ColourOfCall(const clsCall& call, const clsModul& caller);

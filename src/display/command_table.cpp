@@ -109,13 +109,13 @@ constexpr std::array kRows = std::to_array<CommandRow>({
     {About, "About", Text::About, Text::None, "About", "F1", Needs::Nothing},
 });
 
-constexpr bool EachStandsAtItsNumber() {
+constexpr bool EachIsAtItsNumber() {
     for (std::size_t i = 0; i < kRows.size(); ++i)
         if (kRows[i].command != static_cast<Command>(i))
             return false;
     return kRows.back().command == About;
 }
-static_assert(EachStandsAtItsNumber());
+static_assert(EachIsAtItsNumber());
 
 }  // namespace
 

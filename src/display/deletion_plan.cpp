@@ -73,20 +73,20 @@ std::vector<const CodeObject*> NamedNowhereElse(const clsProjekt& projekt, std::
     }
 }
 
-template <class Wanted>
-std::vector<const CodeObject*> DeadWhere(const clsProjekt& projekt, const Wanted& wanted) {
+template <class Chosen>
+std::vector<const CodeObject*> DeadWhere(const clsProjekt& projekt, const Chosen& isChosen) {
     std::vector<const CodeObject*> dead;
     const CodeObject* const startUp = StartUpProcedure(projekt);
     const auto add = [&](const auto& objects) {
         for (const CodeObject* object : objects)
-            if (object->IsDeath == 1 && object != startUp && wanted(*object))
+            if (object->IsDeath == 1 && object != startUp && isChosen(*object))
                 dead.push_back(object);
     };
     for (const clsModul* modul : projekt.AllModules()) {
         add(modul->myTypes);
         add(modul->myEnums);
         for (const clsVariable* variable : modul->MyVars)
-            if (variable->IsDeath == 1 && CanBeDeleted(*variable) && wanted(*variable))
+            if (variable->IsDeath == 1 && CanBeDeleted(*variable) && isChosen(*variable))
                 dead.push_back(variable);
         add(modul->MyProcs);
     }

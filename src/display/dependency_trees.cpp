@@ -323,7 +323,7 @@ const CodeObject& ProcedureOrItself(const CodeObject& object) {
 }
 
 // Whether an object is above a node, or is that whose neighbours the tree shows.
-bool StandsAbove(const clsProjekt& projekt, const BaumNode& node, const CodeObject& object) {
+bool IsAbove(const clsProjekt& projekt, const BaumNode& node, const CodeObject& object) {
     for (const BaumNode* above = &node; above; above = above->Parent())
         if (above->Kind() == NodeKind::Object && ObjectOfNode(projekt, above->Id()) == &object)
             return true;
@@ -446,7 +446,7 @@ void Unfold(const clsProjekt& projekt, const CheckedObjects& checked, const Code
     for (const CodeObject* neighbour : NeighboursOf(*prozedur, shown)) {
         if (checked.Covers(*neighbour))
             continue;
-        const bool isAbove = neighbour == current || StandsAbove(projekt, node, *neighbour);
+        const bool isAbove = neighbour == current || IsAbove(projekt, node, *neighbour);
         std::string text = TextBelow(*neighbour);
         if (isAbove)
             text.append(" (").append(gText.TextNr(Text::ShownAbove)).append(")");

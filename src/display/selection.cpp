@@ -105,7 +105,7 @@ clsProzedur* BodyAt(const CodeObject& owner, Pos pos) {
     }
     clsProzedur* const prozedur =
         owner.Class() == ObjectClass::Modul ? BlockAt(static_cast<const clsModul&>(owner).MyProcs, pos) : nullptr;
-    return prozedur && !StandsInDeclarations(*prozedur) ? prozedur : nullptr;
+    return prozedur && !IsAmongDeclarations(*prozedur) ? prozedur : nullptr;
 }
 
 }  // namespace
@@ -309,7 +309,7 @@ bool CodePane::ShowOwner(const clsProjekt& projekt, const CodeObject& owner) {
     if (owner.Class() == ObjectClass::Modul)
         return ShowDeclarations(projekt, static_cast<const clsModul&>(owner));
     const auto& prozedur = static_cast<const clsProzedur&>(owner);
-    if (whole_ || StandsInDeclarations(prozedur))
+    if (whole_ || IsAmongDeclarations(prozedur))
         return ShowDeclarations(projekt, *prozedur.Modul);
     return !IsShown(prozedur) && ShowText(projekt, prozedur, ShowMe(prozedur, locals_));
 }

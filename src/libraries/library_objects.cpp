@@ -205,7 +205,7 @@ LibraryInFile ReadLibraryFile(const Files& files, std::string_view path) {
     if (read.error != FileError::None)
         return read;
     read.library = ReadTypeLibrary(file.bytes, split.resource);
-    // Resources can stand outside of their section, and what is broken can show in the rest of the file.
+    // Resources can lie outside of their section, and what is broken can show in the rest of the file.
     if (!read.library.problems.empty() && IsProgramFile(file.bytes))
         if (file = files.ReadBytes(split.file, kMaxLibraryFileBytes); file.error == FileError::None)
             read.library = ReadTypeLibrary(file.bytes, split.resource);

@@ -249,7 +249,7 @@ bool TypeNames::IsObject(const ValueType& type) {
 }
 
 bool TypeNames::IsByRef(const ValueType& type) {
-    // An interface is always behind a pointer, which the simple types for objects have built in.
-    const bool isBehindPointer = type.base == typelib::UserDefined && IsObject(type);
-    return Pointers(type) > (isBehindPointer ? 1U : 0U);
+    // An interface is always reached over a pointer, which the simple types for objects have built in.
+    const bool hasOwnPointer = type.base == typelib::UserDefined && IsObject(type);
+    return Pointers(type) > (hasOwnPointer ? 1U : 0U);
 }

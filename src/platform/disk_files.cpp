@@ -94,14 +94,14 @@ FileTime TimeOf(const struct stat& status) {
 std::optional<std::size_t> ReadUpTo(int file, char* into, std::size_t size, std::size_t expected) {
     std::size_t count = 0;
     while (count < size) {
-        const std::size_t wanted = size - count;
-        const ssize_t got = read(file, into + count, wanted);
+        const std::size_t asked = size - count;
+        const ssize_t got = read(file, into + count, asked);
         if (got < 0 && errno == EINTR)
             continue;
         if (got < 0)
             return {};
         count += static_cast<std::size_t>(got);
-        if (got == 0 || (count == expected && static_cast<std::size_t>(got) < wanted))
+        if (got == 0 || (count == expected && static_cast<std::size_t>(got) < asked))
             break;
     }
     return count;
@@ -119,7 +119,7 @@ bool WriteAll(int file, std::string_view bytes) {
     return true;
 }
 
-bool Stands(const std::string& path) {
+bool Exists(const std::string& path) {
     struct stat status {};
     return stat(path.c_str(), &status) == 0;
 }
@@ -180,7 +180,7 @@ std::optional<std::string> DiskFiles::Directories::NameOnDisk(const std::string&
     Listing& listing = listings[directory];
     auto found = listing.names.find(key);
     if (listing.readIn != operation) {
-        if (found == listing.names.end() || !Stands(Joined(directory, found->second))) {
+        if (found == listing.names.end() || !Exists(Joined(directory, found->second))) {
             Read(directory, listing);
             listing.readIn = operation;
             found = listing.names.find(key);
@@ -194,14 +194,14 @@ std::optional<std::string> DiskFiles::Directories::NameOnDisk(const std::string&
 DiskFiles::Directories::Found DiskFiles::Directories::Walk(const PathParts& parts) {
     // Most directories are spelled correctly, so the search for the longest existing path starts at the end.
     PathParts spelled = parts;
-    while (!spelled.names.empty() && !Stands(JoinPath(spelled)))
+    while (!spelled.names.empty() && !Exists(JoinPath(spelled)))
         spelled.names.pop_back();
     Found found{spelled.names.empty() && !parts.isAbsolute ? "" : JoinPath(spelled), 0};
 
     for (std::size_t i = spelled.names.size(); i < parts.names.size(); ++i) {
         const std::string& name = parts.names[i];
         std::string next = Joined(found.path, name);
-        if (found.missing == 0 && !Stands(next)) {
+        if (found.missing == 0 && !Exists(next)) {
             if (const std::optional<std::string> onDisk = NameOnDisk(found.path, name))
                 next = Joined(found.path, *onDisk);
             else
@@ -221,7 +221,7 @@ DiskFiles::Directories::Found DiskFiles::Directories::Resolve(std::string_view p
     const std::lock_guard lock(mutex);
     ++operation;
     const std::string spelled = WithSlashes(path);
-    if (spelled.empty() || Stands(spelled))
+    if (spelled.empty() || Exists(spelled))
         return {spelled, spelled.empty()};
     const PathParts asSpelled = SplitPath(path);
     Found best = Walk(asSpelled);

@@ -30,7 +30,7 @@ public:
         for (std::size_t i = 0; i < tables_.TypeCount(); ++i) {
             const std::optional<ByteView> record = tables_.TypeInfo(i);
             if (!record || !reading_.TakeRecord(MsftTables::kTypeInfoBytes)) {
-                reading_.Broken("Type " + std::to_string(i) + " stands outside of the table of types.");
+                reading_.Broken("Type " + std::to_string(i) + " is outside of the table of types.");
                 return;
             }
             // References count positions, so even a type without a readable kind keeps its own.
@@ -141,16 +141,16 @@ private:
         const std::uint32_t bits = record.U32(0x10);
         const std::size_t parameters = record.U16(0x14);
         const std::size_t defaultBytes = (bits & kHasDefaults) != 0 ? 4 * parameters : 0;
-        const std::size_t behind = kParameterBytes * parameters + defaultBytes;
+        const std::size_t parameterBytes = kParameterBytes * parameters + defaultBytes;
         function.type = tables_.Type(record.I32(4));
         function.flags = record.U32(8);
         function.invoke = InvokeKindOf(bits >> 3 & 0xF);
         function.hasParamArray = record.I16(0x16) == -1;
-        if (kFunctionBytes + behind > record.Size()) {
+        if (kFunctionBytes + parameterBytes > record.Size()) {
             reading_.Broken("The parameters of \"" + function.name + "\" are damaged.");
             return;
         }
-        const std::size_t attributes = (record.Size() - kFunctionBytes - behind) / 4;
+        const std::size_t attributes = (record.Size() - kFunctionBytes - parameterBytes) / 4;
         if (attributes >= 1)
             function.helpContext = record.U32(kFunctionBytes);
         if (attributes >= 2)

@@ -128,7 +128,7 @@ std::string MsftTables::Name(std::int32_t offset) {
     const std::optional<ByteView> record = Of(Names).Cut(At(offset), kFixed);
     const std::optional<ByteView> text = record ? Of(Names).Cut(At(offset) + kFixed, record->U8(8)) : std::nullopt;
     if (!text) {
-        reading_.Broken("A name stands outside of the table of names.");
+        reading_.Broken("A name is outside of the table of names.");
         return {};
     }
     return reading_.Text(text->Text());
@@ -140,7 +140,7 @@ std::string MsftTables::String(std::int32_t offset) {
     const std::optional<ByteView> length = Of(Strings).Cut(At(offset), 2);
     const std::optional<ByteView> text = length ? Of(Strings).Cut(At(offset) + 2, length->U16(0)) : std::nullopt;
     if (!text) {
-        reading_.Broken("A text stands outside of the table of texts.");
+        reading_.Broken("A text is outside of the table of texts.");
         return {};
     }
     return reading_.Text(text->Text());
@@ -151,7 +151,7 @@ std::string MsftTables::Guid(std::int32_t offset) {
         return {};
     const std::optional<ByteView> guid = Of(Guids).Cut(At(offset), 16);
     if (!guid) {
-        reading_.Broken("An identifier stands outside of the table of identifiers.");
+        reading_.Broken("An identifier is outside of the table of identifiers.");
         return {};
     }
     return GuidText(*guid, 0);
@@ -182,7 +182,7 @@ ValueType MsftTables::Type(std::int32_t dataType) {
         }
         const std::optional<ByteView> descriptor = Of(TypeDescriptors).Cut(At(dataType), 8);
         if (!descriptor || !reading_.TakeFromTable(8)) {
-            reading_.Broken("A type stands outside of the table of types.");
+            reading_.Broken("A type is outside of the table of types.");
             return type;
         }
         const std::uint16_t kind = descriptor->U16(0) & kVarTypeBits;
@@ -216,7 +216,7 @@ bool MsftTables::ReadBounds(std::int32_t& dataType, TypeLevel& level) {
     const std::size_t dimensions = head ? head->U16(4) : 0;
     const std::optional<ByteView> bounds = Of(ArrayDescriptors).Cut(At(dataType) + 8, dimensions * 8);
     if (!head || !bounds || !reading_.TakeFromTable(8 + dimensions * 8)) {
-        reading_.Broken("The bounds of an array stand outside of their table.");
+        reading_.Broken("The bounds of an array are outside of their table.");
         return false;
     }
     for (std::size_t i = 0; i < dimensions; ++i)
@@ -231,7 +231,7 @@ std::optional<Constant> MsftTables::Value(std::int32_t value) {
     if (value >= 0) {
         const ByteView stored = Of(Values).From(At(value));
         if (stored.Size() < 2) {
-            reading_.Broken("A value stands outside of the table of values.");
+            reading_.Broken("A value is outside of the table of values.");
             return std::nullopt;
         }
         return StoredValue(stored);
@@ -307,7 +307,7 @@ Constant MsftTables::StoredValue(const ByteView& value) {
             bytes = 0;
     }
     if (!data.Holds(0, bytes)) {
-        reading_.Broken("A value stands outside of the table of values.");
+        reading_.Broken("A value is outside of the table of values.");
         constant.isKnown = false;
     }
     return constant;

@@ -138,13 +138,13 @@ private:
         return entries;
     }
 
-    [[nodiscard]] bool Matches(std::uint32_t key, const PeResourceKey& wanted) const {
-        if (const auto* number = std::get_if<std::uint32_t>(&wanted))
+    [[nodiscard]] bool Matches(std::uint32_t key, const PeResourceKey& asked) const {
+        if (const auto* number = std::get_if<std::uint32_t>(&asked))
             return key == *number;
         if ((key & kHighBit) == 0)
             return false;
         const std::size_t at = key & ~kHighBit;
-        const std::string& text = std::get<std::string>(wanted);
+        const std::string& text = std::get<std::string>(asked);
         if (tree_.U16(at) != text.size())
             return false;
         std::string name;

@@ -25,7 +25,7 @@ struct PeResources {
 /// True if the file begins like a program of DOS or Windows.
 [[nodiscard]] bool IsProgramFile(std::string_view file);
 /// Reads a file for ReadPeResources: whole, or of a program only its headers and the section with its resources, as a
-/// program of its own. Programs can be many times as large as that. Resources that stand elsewhere are missing then.
+/// program of its own. Programs can be many times as large as that. Resources that lie elsewhere are missing then.
 /// @param most  bytes; a larger file, or section, is TooLarge
 [[nodiscard]] FileBytes ReadForResources(const Files& files, std::string_view path, std::size_t most);
 /// All resources of a type, such as "TYPELIB".

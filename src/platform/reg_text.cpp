@@ -83,7 +83,7 @@ std::string TakeEscaped(std::string_view& rest, char end, RegFormat format) {
 }
 
 // Position after the quoted text that begins at `at`, which holds the opening quote.
-std::size_t BehindQuoted(std::string_view text, std::size_t at) {
+std::size_t AfterQuoted(std::string_view text, std::size_t at) {
     ++at;
     while (at < text.size()) {
         at = text.find_first_of("\\\"", at);
@@ -233,11 +233,11 @@ std::size_t RegKeys::EndOfValues(std::size_t at) const {
     }
     while (at < text_.size() && text_[at] != '[') {
         if (text_[at] == '"')
-            at = BehindQuoted(text_, at);
+            at = AfterQuoted(text_, at);
         else if (text_[at] == '@')
             ++at;
         if (at < text_.size() && text_[at] == '=' && at + 1 < text_.size() && text_[at + 1] == '"')
-            at = BehindQuoted(text_, at + 1);
+            at = AfterQuoted(text_, at + 1);
         const std::size_t end = text_.find(kLineEnd, at);
         at = end == std::string_view::npos ? text_.size() : end + kLineEnd.size();
     }

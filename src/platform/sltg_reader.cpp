@@ -80,13 +80,13 @@ private:
 
     void ReadReferences() {
         constexpr std::size_t kCount = 0x44;
-        constexpr std::size_t kBytesBehind = 7;
+        constexpr std::size_t kBytesAfter = 7;
         const std::uint32_t place = block_.U32(2);
         if (place == 0xFFFFFFFF)
             return;
         const ByteView table = block_.From(place);
         const std::size_t bytes = table.U32(kCount);
-        std::size_t at = kCount + 4 + bytes + kBytesBehind;
+        std::size_t at = kCount + 4 + bytes + kBytesAfter;
         for (std::size_t i = 0; i < bytes / 8; ++i) {
             const std::optional<ByteView> length = table.Cut(at, 2);
             const std::optional<ByteView> text = length ? table.Cut(at + 2, length->U16(0)) : std::nullopt;

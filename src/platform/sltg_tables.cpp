@@ -201,7 +201,7 @@ std::string SltgTables::Name(std::size_t offset) {
         return {};
     if (const std::optional<std::string_view> name = RawName(offset))
         return reading_.Text(*name);
-    reading_.Broken("A name stands outside of the table of names.");
+    reading_.Broken("A name is outside of the table of names.");
     return {};
 }
 

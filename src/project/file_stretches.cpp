@@ -91,11 +91,11 @@ std::vector<Stretch> InFile(std::string_view bytes, const std::vector<Stretch>& 
     std::vector<Stretch> inFile;
     for (const Stretch& stretch : inText) {
         const Pos first = bytesOfText.ByteOf(stretch.start);
-        const Pos behind = bytesOfText.ByteOf(stretch.End());
+        const Pos end = bytesOfText.ByteOf(stretch.End());
         Pos start = Before(gone, first);
         if (first == 0 || IsLineEnd(left[static_cast<std::size_t>(first) - 1]))
             start = WithLineBefore(bytes, gone, start);
-        inFile.push_back({start, Before(gone, behind - 1) + 1 - start});
+        inFile.push_back({start, Before(gone, end - 1) + 1 - start});
     }
     return inFile;
 }

@@ -141,9 +141,9 @@ std::vector<std::size_t> ModuleCutter::FitTogether(std::vector<Target>& targets,
         }
     }
     const auto first = [&targets](std::size_t nr) { return targets[nr].cut.stretches.front().start; };
-    const auto behind = [&targets](std::size_t nr) { return targets[nr].cut.stretches.back().End(); };
+    const auto end = [&targets](std::size_t nr) { return targets[nr].cut.stretches.back().End(); };
     std::stable_sort(open.begin(), open.end(), [&](std::size_t a, std::size_t b) {
-        return first(a) != first(b) ? first(a) < first(b) : behind(a) > behind(b);
+        return first(a) != first(b) ? first(a) < first(b) : end(a) > end(b);
     });
     std::vector<std::size_t> taken;
     Pos free = 1;
@@ -152,8 +152,8 @@ std::vector<std::size_t> ModuleCutter::FitTogether(std::vector<Target>& targets,
             continue;
         taken.push_back(nr);
         const ModuleText& text = *modul_->text;
-        const bool endsLine = text.ModulText()[static_cast<std::size_t>(behind(nr)) - 2] == '\n';
-        free = endsLine ? behind(nr) : std::max(behind(nr), text.Get_VBZeilenEnde(behind(nr) - 1));
+        const bool endsLine = text.ModulText()[static_cast<std::size_t>(end(nr)) - 2] == '\n';
+        free = endsLine ? end(nr) : std::max(end(nr), text.Get_VBZeilenEnde(end(nr) - 1));
     }
     return taken;
 }

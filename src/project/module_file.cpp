@@ -76,12 +76,12 @@ void AddFormVariable(clsModul& form) {
 void Controls_Lesen(clsModul& modul) {
     const ModuleText& text = *modul.text;
     Names& names = modul.TheNames();
-    Pos behind = 0;  // end of the last statement: a second "begin" in it is no further control
+    Pos next = 0;  // after the last statement: a second "begin" in it is no further control
     for (Pos pos = Suche_CallWort_Im_Code(text, 1, "begin"); pos != 0;
-         pos = Suche_CallWort_Im_Code(text, std::max(pos + 1, behind), "begin")) {
+         pos = Suche_CallWort_Im_Code(text, std::max(pos + 1, next), "begin")) {
         clsStatement statement(text);
         statement.Initialisieren(pos);
-        behind = statement.StatementPos() + statement.StatementLen();
+        next = statement.StatementPos() + statement.StatementLen();
         if (statement.SplitCount() < 3 || statement.SplitStr(1) != "begin" || statement.SplitStr(2) == "vb.form")
             continue;
         const std::string_view name = statement.SplitStr(3);

@@ -89,7 +89,7 @@ private:
         return nr;
     }
     /// Position after the line end of the logical line around a position.
-    [[nodiscard]] Pos BehindLine(Pos pos) const {
+    [[nodiscard]] Pos AfterLine(Pos pos) const {
         const Pos end = text_.Get_VBZeilenEnde(pos);
         return end == 0 ? TextEnd() : end + 2;
     }
@@ -128,7 +128,7 @@ private:
     [[nodiscard]] Stretch Statements(int first, int last) const {
         const Pos begin = tokens_.PosOf(first);
         const Pos lineBegin = LineBegin(begin);
-        const Pos lineEnd = BehindLine(tokens_.EndOf(last) - 1);
+        const Pos lineEnd = AfterLine(tokens_.EndOf(last) - 1);
         const Pos next = last < tokens_.Count() ? tokens_.PosOf(last + 1) : TextEnd();
         if (next < lineEnd)
             return {begin, next - begin};
@@ -192,7 +192,7 @@ private:
         const Stretch stretch = Statements(first, last);
         if (!IsBalanced(stretch))
             return Unclear();
-        return WithAttributes(stretch, BehindLine(tokens_.EndOf(last) - 1));
+        return WithAttributes(stretch, AfterLine(tokens_.EndOf(last) - 1));
     }
     /// Only a colon before a blank ends a statement; any other is a word of it, and what comes after it is not read.
     [[nodiscard]] bool HasColonWord(int first, int last) const {
@@ -203,16 +203,16 @@ private:
     }
 
     /// Visual Basic keeps the attributes of a declaration in the lines after it.
-    [[nodiscard]] ObjectCut WithAttributes(const Stretch& stretch, Pos behindLine) const {
+    [[nodiscard]] ObjectCut WithAttributes(const Stretch& stretch, Pos afterLine) const {
         ObjectCut cut;
         Join(cut.stretches, stretch);
-        for (Pos line = behindLine; line < TextEnd(); line = BehindLine(line)) {
-            std::string_view rest = Between(line, BehindLine(line));
+        for (Pos line = afterLine; line < TextEnd(); line = AfterLine(line)) {
+            std::string_view rest = Between(line, AfterLine(line));
             if (TakeWord(rest) != "attribute")
                 break;
             const std::string_view name = TakeWord(rest);
             if (name.substr(0, name.find('.')) == object_.MyName())
-                Join(cut.stretches, {line, BehindLine(line) - line});
+                Join(cut.stretches, {line, AfterLine(line) - line});
         }
         return cut;
     }
@@ -254,7 +254,7 @@ private:
 
     [[nodiscard]] bool HasLineForItself(int first, int last) const {
         const Pos next = last < tokens_.Count() ? tokens_.PosOf(last + 1) : TextEnd();
-        return IsOneOf(Word(first), {"dim", "static", "const"}) && next >= BehindLine(tokens_.EndOf(last) - 1) &&
+        return IsOneOf(Word(first), {"dim", "static", "const"}) && next >= AfterLine(tokens_.EndOf(last) - 1) &&
                IsBlank(Between(LineBegin(tokens_.PosOf(first)), tokens_.PosOf(first)));
     }
 
@@ -273,21 +273,21 @@ private:
     [[nodiscard]] ObjectCut CutDeclarator(int name, int last, const std::vector<int>& commas) const {
         const int begin = Word(name - 1) == "withevents" ? name - 1 : name;
         const auto next = std::upper_bound(commas.begin(), commas.end(), name);
-        const Pos behindLine = BehindLine(tokens_.EndOf(last) - 1);
+        const Pos afterLine = AfterLine(tokens_.EndOf(last) - 1);
         if (next == commas.begin()) {
             const Pos from = tokens_.PosOf(begin);
-            return WithAttributes({from, tokens_.PosOf(*next + 1) - from}, behindLine);
+            return WithAttributes({from, tokens_.PosOf(*next + 1) - from}, afterLine);
         }
         if (begin != next[-1] + 1)
             return Unclear();
         const Pos from = tokens_.PosOf(next[-1]);
         const Pos end = next == commas.end() ? EndOfStatement(last) : tokens_.PosOf(*next);
-        return WithAttributes({from, end - from}, behindLine);
+        return WithAttributes({from, end - from}, afterLine);
     }
     /// Position after the code of a statement: before the colon that ends it, or a comment.
     [[nodiscard]] Pos EndOfStatement(int last) const {
-        const Pos behindLine = BehindLine(tokens_.EndOf(last) - 1);
-        if (last == tokens_.Count() || tokens_.PosOf(last + 1) >= behindLine)
+        const Pos afterLine = AfterLine(tokens_.EndOf(last) - 1);
+        if (last == tokens_.Count() || tokens_.PosOf(last + 1) >= afterLine)
             return CodeEnd(last);
         const Pos from = tokens_.PosOf(last);
         const std::string_view code = Between(from, tokens_.PosOf(last + 1));
@@ -302,7 +302,7 @@ private:
         int ownDepth = 0;  // of the block that is being cut, else 0
         Pos from = 0;
         for (Pos line = 1; line < TextEnd() && line < object_.Modul->BeginnVarBereich;) {
-            const Pos next = BehindLine(line);
+            const Pos next = AfterLine(line);
             std::string_view rest = Between(line, next);
             rest.remove_suffix(rest.ends_with("\r\n") ? 2 : 0);
             const std::string_view word = TakeWord(rest);

@@ -35,9 +35,9 @@ ModuleKind KindOf(std::string_view key) {
 
 // Number of missing module files after the current line, for the choice "same answer for all". Counted once, at the
 // first missing file; each further question has one less.
-class MissingBehind {
+class MissingAfter {
 public:
-    MissingBehind(const Files& files, std::string_view projektDir, std::string_view projectText)
+    MissingAfter(const Files& files, std::string_view projektDir, std::string_view projectText)
         : files_(files), projektDir_(projektDir), text_(projectText) {}
 
     [[nodiscard]] int Count(std::string_view line) {
@@ -45,9 +45,9 @@ public:
             return count_ = std::max(count_ - 1, 0);
         count_ = 0;
         ForEachLine(text_.substr(static_cast<std::size_t>(line.data() + line.size() - text_.data())),
-                    [this](std::string_view behind) {
-                        if (IsModuleLine(behind))
-                            count_ += !files_.FileExists(Get_Pfad_Aus_ModulEintrag(projektDir_, behind));
+                    [this](std::string_view after) {
+                        if (IsModuleLine(after))
+                            count_ += !files_.FileExists(Get_Pfad_Aus_ModulEintrag(projektDir_, after));
                     });
         return count_;
     }
@@ -107,7 +107,7 @@ void TellUnreadable(const clsProjekt& projekt, const clsModul& modul, const std:
 
 // Each module that the project file lists. After a cancel, the modules not yet taken are omitted.
 void LoadModules(clsProjekt& projekt, std::string_view projektDir, std::string_view projectText) {
-    MissingBehind missing(projekt.TheFiles(), projektDir, projectText);
+    MissingAfter missing(projekt.TheFiles(), projektDir, projectText);
     const std::vector<ModuleLine> lines = ModuleLines(projektDir, projectText);
     std::vector<ModuleChange> changes;
     changes.reserve(lines.size());

@@ -24,7 +24,7 @@ public:
         for (const int nr : tokens_.NameLiterals())
             if (nr >= first)
                 Literal(nr, Word(nr));
-        // The walk for calls passes the three words by, and has noted them if they stand in a procedure.
+        // The walk for calls passes the three words by, and has noted them if they are in a procedure.
         int next = first;
         if (!HasWordInProcedures())
             for (const clsProzedur* prozedur : modul_.MyProcs)

@@ -18,7 +18,7 @@ struct NamePlace {
 
 struct CodeMarks {
     const clsModul* modul = nullptr;
-    std::vector<NamePlace> addressOf;   // the procedures behind AddressOf
+    std::vector<NamePlace> addressOf;   // the procedures after AddressOf
     std::vector<NamePlace> strings;     // literals that are a known name and nothing else; not those of a Declare
     std::vector<NamePlace> implements;  // the interfaces
     std::vector<NamePlace> withEvents;  // the variables

@@ -252,17 +252,17 @@ bool DeadObjects::ByOwners() {
 
 // Whether a member after this one that stays gets its value from its place.
 bool DeadObjects::OthersCountOn(const clsVariable& member) const {
-    bool isBehind = false;
+    bool isAfter = false;
     const std::string_view text = member.Modul->text->ModulTextOrg();
     for (const clsVariable* other : member.MyEnum->MyVars) {
-        if (isBehind) {
+        if (isAfter) {
             const std::size_t at = text.find_first_not_of(" ]", static_cast<std::size_t>(other->DeclareEnd - 1));
             if (at != std::string_view::npos && text[at] == '=')
                 return false;
             if (!GoesForSure(*other))
                 return true;
         }
-        isBehind |= other == &member;
+        isAfter |= other == &member;
     }
     return false;
 }

@@ -26,9 +26,9 @@ std::string_view HeaderValue(const clsModul& modul, std::string_view key) {
     const auto codeBegins = modul.BeginnVarBereich > 0 ? static_cast<std::size_t>(modul.BeginnVarBereich) : text.size();
     const std::string_view head = text.substr(0, std::min(codeBegins, text.size()));
     for (std::size_t at = 0; (at = head.find(key, at)) != std::string_view::npos; at += key.size()) {
-        const std::string_view behind = ascii::TrimLeft(head.substr(at + key.size()));
-        if (behind.starts_with('='))
-            return ascii::Trim(behind.substr(1, behind.find_first_of("'\r\n") - 1));
+        const std::string_view rest = ascii::TrimLeft(head.substr(at + key.size()));
+        if (rest.starts_with('='))
+            return ascii::Trim(rest.substr(1, rest.find_first_of("'\r\n") - 1));
     }
     return {};
 }

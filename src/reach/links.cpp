@@ -15,7 +15,7 @@ const clsModul* ModuleOf(const CodeObject& object) {
 Links::Links(const clsProjekt& projekt)
     : projekt_(projekt), graph_(projekt.calls), leaving_(graph_.Leaving()), owners_(projekt.ObjectCount()) {
     leaving_.resize(owners_.size());
-    // Numbers of one module stand together, so each writes to places of its own.
+    // Numbers of one module are consecutive, so each writes to places of its own.
     using OfModule = std::pair<const clsModul*, Holders>;
     for (OfModule& found : OfEachModule<OfModule>(projekt, [this](const clsModul& modul) {
              AddOwners(modul.myTypes);
@@ -96,8 +96,8 @@ const CodeObject& Links::Source(const clsCall& call) const {
     if (!modul)
         return call.Caller();
     const Holders& holders = holders_.at(modul);
-    const auto behind = std::ranges::upper_bound(holders, call.CallPos, {}, &Holder::start);
-    return *std::prev(behind)->object;
+    const auto next = std::ranges::upper_bound(holders, call.CallPos, {}, &Holder::start);
+    return *std::prev(next)->object;
 }
 
 std::span<const Links::Origin> Links::OriginsOf(std::uint32_t number) const {

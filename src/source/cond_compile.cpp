@@ -29,9 +29,9 @@ CondConstant NameAndValue(std::string_view text, std::string_view separator) {
     const auto first = text.find(separator);
     if (first == std::string_view::npos)
         return {std::string(text), {}};
-    const auto behind = first + separator.size();
-    const auto second = text.find(separator, behind);
-    return {std::string(text.substr(0, first)), std::string(text.substr(behind, second - behind))};
+    const auto after = first + separator.size();
+    const auto second = text.find(separator, after);
+    return {std::string(text.substr(0, first)), std::string(text.substr(after, second - after))};
 }
 
 class Evaluator {

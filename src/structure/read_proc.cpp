@@ -18,14 +18,14 @@ public:
     void Read() {
         if (!ReadHead())
             return;
-        const int behindHead = tokens_.LastOfStatement(tokNr_) + 1;
-        ReadArguments(behindHead);
+        const int afterHead = tokens_.LastOfStatement(tokNr_) + 1;
+        ReadArguments(afterHead);
         if (isEvent_) {
-            tokNr_ = behindHead - 1;
+            tokNr_ = afterHead - 1;
             proc_->DeclareEndTNr = tokNr_;
             proc_->DeclareEnd = tokens_.EndOf(tokNr_);
         } else {
-            ReadBody(behindHead);
+            ReadBody(afterHead);
         }
         Finish();
     }
@@ -59,7 +59,7 @@ private:
         return true;
     }
 
-    void ReadArguments(int behindHead) {
+    void ReadArguments(int afterHead) {
         int nr = nameNr_ + 1;
         if (!tokens_.ContinuesStatement(nr))
             return;
@@ -70,7 +70,7 @@ private:
             return;
         }
         int depth = 0;
-        for (; nr < behindHead; ++nr) {
+        for (; nr < afterHead; ++nr) {
             const std::string_view word = Word(nr);
             if (Is(word, "(")) {
                 if (depth++ == 0)
@@ -81,22 +81,22 @@ private:
             } else if (Is(word, ",")) {
                 continue;
             } else if (depth == 0) {
-                for (; nr < behindHead; ++nr)
+                for (; nr < afterHead; ++nr)
                     if (!Is(Word(nr), "as"))
                         result_.Append(Word(nr));
             } else if (depth == 1) {
-                ReadArgument(nr, depth, behindHead);
+                ReadArgument(nr, depth, afterHead);
             }
         }
     }
 
     // Reads one argument from its first word on; leaves `nr` on the "," or bracket that ends it.
-    void ReadArgument(int& nr, int& depth, int behindHead) {
+    void ReadArgument(int& nr, int& depth, int afterHead) {
         clsVariable* argument = nullptr;
         TypeText type;
         bool asSeen = false;
         bool eqSeen = false;
-        for (; nr < behindHead; ++nr) {
+        for (; nr < afterHead; ++nr) {
             const std::string_view word = Word(nr);
             if (Is(word, "(")) {
                 ++depth;
@@ -138,11 +138,11 @@ private:
 
     // Visits only the landmarks: a declaration keyword begins declarations, and "end" before the kind's keyword ends
     // the body.
-    void ReadBody(int behindHead) {
+    void ReadBody(int afterHead) {
         const std::span<const int> landmarks = tokens_.Landmarks();
-        int nr = behindHead;  // the next token to examine
+        int nr = afterHead;  // the next token to examine
         int closing = tokens_.Count();
-        for (auto at = std::lower_bound(landmarks.begin(), landmarks.end(), behindHead - 1); at != landmarks.end();
+        for (auto at = std::lower_bound(landmarks.begin(), landmarks.end(), afterHead - 1); at != landmarks.end();
              ++at) {
             if (Is(Word(*at), "end")) {
                 if (*at + 1 >= nr && Word(*at + 1) == kind_) {

@@ -103,7 +103,7 @@ int DecodedText::WholeCharacter(int utf16) const {
 int DecodedText::ToUtf16(Pos byte) const {
     byte = std::clamp(byte, Pos{0}, byteCount_);
     const auto next = std::upper_bound(steps_.begin(), steps_.end(), byte,
-                                       [](Pos wanted, const Step& step) { return wanted < step.byte; });
+                                       [](Pos sought, const Step& step) { return sought < step.byte; });
     const Step& step = *std::prev(next);
     const int place = step.utf16 + (byte - step.byte);
     // Inside a multi-byte character or a line end: its own place, which is the last one before the next step.
@@ -114,7 +114,7 @@ int DecodedText::ToUtf16(Pos byte) const {
 Pos DecodedText::ToByte(int utf16) const {
     utf16 = WholeCharacter(std::clamp(utf16, 0, static_cast<int>(text_.size())));
     const auto next = std::upper_bound(steps_.begin(), steps_.end(), utf16,
-                                       [](int wanted, const Step& step) { return wanted < step.utf16; });
+                                       [](int sought, const Step& step) { return sought < step.utf16; });
     const Step& step = *std::prev(next);
     return step.byte + (utf16 - step.utf16);
 }

@@ -208,7 +208,7 @@ Situation frmMain::Now() const {
     return now;
 }
 
-// The project first, then the diagram; what is not saved has a mark behind its name.
+// The project first, then the diagram; what is not saved has a mark after its name.
 void frmMain::ShowTitle() {
     QString title = ToQString(kProgramTitle);
     const bool isEdited = gProjekt && !workspace_.Deleted().Unsaved().empty();

@@ -38,15 +38,15 @@ QStringList WithLetters(QStringList texts, std::set<QChar>& taken) {
             // Takes free letters before it moves another text.
             for (const bool mayMove : {false, true})
                 for (const qsizetype at : places) {
-                    const QChar wanted = texts[text][at].toLower();
-                    if (owners.contains(wanted)) {
-                        if (!mayMove || tried.contains(wanted))
+                    const QChar letter = texts[text][at].toLower();
+                    if (owners.contains(letter)) {
+                        if (!mayMove || tried.contains(letter))
                             continue;
-                        tried.insert(wanted);
-                        if (!give(owners.at(wanted)))
+                        tried.insert(letter);
+                        if (!give(owners.at(letter)))
                             continue;
                     }
-                    owners[wanted] = text;
+                    owners[letter] = text;
                     placeOf(text) = at;
                     return true;
                 }

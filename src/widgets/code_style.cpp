@@ -80,12 +80,12 @@ QTextCharFormat StyleOf(Colour what, const QColor& ground, const Settings& setti
 
 QTextCharFormat PlaceStyle(Colour what, const QPalette& palette, const QColor& ground, bool isCurrent,
                            const Settings& settings) {
-    const QColor wanted =
+    const QColor colour =
         what == Colour::None ? palette.color(QPalette::Highlight) : ColourFromBgr(ColourOf(what, settings));
-    const QColor marked = Mixed(ground, wanted, isCurrent ? 0.45 : 0.2);
+    const QColor marked = Mixed(ground, colour, isCurrent ? 0.45 : 0.2);
     QTextCharFormat style = StyleOf(what, marked, settings);
     style.setBackground(marked);
-    style.setForeground(Readable(isCurrent ? palette.color(QPalette::Text) : wanted, marked));
+    style.setForeground(Readable(isCurrent ? palette.color(QPalette::Text) : colour, marked));
     return style;
 }
 

@@ -102,8 +102,8 @@ TEST(Msft, OfADamagedLibraryTheRestIsRead) {
     const Case cases[] = {
         {"number of types", 0x20, 0x10000, "head of the library", 0},
         {"place of a table", 0x60 + 7 * 16, 0x7FFFFFF0, "Table 7 leaves the file", 3},
-        {"place of a type", 0x58, 0x7FFF, "stands outside of the table of types", 1},
-        {"name of a type", 0x150 + 0x34, 0x7FFF0, "name stands outside", 3},
+        {"place of a type", 0x58, 0x7FFF, "is outside of the table of types", 1},
+        {"name of a type", 0x150 + 0x34, 0x7FFF0, "name is outside", 3},
         {"place of the members", 0x150 + 4, 0x7FFF0, "members of the type \"Hue\"", 3},
         {"size of a function", 0x7E4, 0xFFFF, "members of the type \"IThing\"", 3},
         {"number of parameters", 0x7F8, 0x7FFF, "parameters of \"Value\"", 3},
