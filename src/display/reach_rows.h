@@ -11,6 +11,8 @@
 #include "reach/links.h"
 #include "shell/text_numbers.h"
 
+class LineNumbers;
+
 struct ReachRow {
     enum class Kind : std::uint8_t {
         Sentence,  // wrapped, over the whole width
@@ -36,11 +38,12 @@ struct ReachRow {
 [[nodiscard]] ReachRow HeadingRow(int section, std::string text);
 [[nodiscard]] ReachRow ObjectRow(int section, const CodeObject& object, std::string about);
 /// The object that the link leads to, and the place where it begins.
-[[nodiscard]] ReachRow StepRow(int section, const Link& link);
+[[nodiscard]] ReachRow StepRow(int section, const Link& link, LineNumbers& lines);
 /// The object at which the link begins, and that place.
-[[nodiscard]] ReachRow CallerRow(int section, const Link& link);
+[[nodiscard]] ReachRow CallerRow(int section, const Link& link, LineNumbers& lines);
 /// What kind of entry point it is; the place of a literal or AddressOf.
-[[nodiscard]] ReachRow EntryRow(int section, const EntryPoint& entry, const std::string& about = {});
+[[nodiscard]] ReachRow EntryRow(int section, const EntryPoint& entry, LineNumbers& lines,
+                                const std::string& about = {});
 
 /// A text of the language file with these in the places of "%1" and "%2".
 [[nodiscard]] std::string Filled(Text text, std::string_view first, std::string_view second = {});

@@ -2,9 +2,9 @@
 
 #include <initializer_list>
 
+#include "model/line_numbers.h"
 #include "platform/code_page.h"
 #include "shell/clsText.h"
-#include "source/lines.h"
 
 namespace {
 
@@ -40,9 +40,8 @@ std::string NamesOf(const std::vector<const CodeObject*>& objects) {
     return named == objects.size() ? names : Filled(Text::AndMore, {names, std::to_string(objects.size() - named)});
 }
 
-std::string PlaceOf(const Link& link) {
-    const clsModul* const modul = ModuleOf(*link.from);
-    return modul ? PlaceText(*modul, link.pos) : std::string();
+std::string PlaceOf(const clsModul* modul, Pos pos, LineNumbers& lines) {
+    return modul ? PlaceText(*modul, lines.Of(*modul, pos)) : std::string();
 }
 
 std::string DoubtText(const Doubt& doubt) {
@@ -69,13 +68,14 @@ std::string DoubtText(const Doubt& doubt) {
     return Utf8TextNr(Text::DoubtExpression);
 }
 
-std::string OnlyPossible(const Reason& reason) {
+std::string OnlyPossible(const Reason& reason, LineNumbers& lines) {
     const EntryPoint& entry = *reason.chain.entry;
     if (reason.firstPossible >= 0) {
         const Link& link = reason.chain.links[static_cast<std::size_t>(reason.firstPossible)];
-        return Filled(Text::ReasonPossible, {NameOf(*link.to), PlaceOf(link), DoubtText(reason.doubt)});
+        const std::string place = PlaceOf(ModuleOf(*link.from), link.pos, lines);
+        return Filled(Text::ReasonPossible, {NameOf(*link.to), place, DoubtText(reason.doubt)});
     }
-    const std::string place = entry.modul ? PlaceText(*entry.modul, entry.pos) : std::string();
+    const std::string place = PlaceOf(entry.modul, entry.pos, lines);
     return reason.chain.links.empty() ? Filled(Text::ReasonInString, {place})
                                       : Filled(Text::ReasonFromString, {NameOf(*entry.object), place});
 }
@@ -100,9 +100,9 @@ std::string Unreached(const Reason& reason) {
     }
 }
 
-std::string WhyNotBetter(const Grading& grading) {
+std::string WhyNotBetter(const Grading& grading, LineNumbers& lines) {
     const std::string of = grading.of ? NameOf(*grading.of) : std::string();
-    const std::string place = grading.modul ? PlaceText(*grading.modul, grading.pos) : std::string();
+    const std::string place = PlaceOf(grading.modul, grading.pos, lines);
     switch (grading.reason) {
         case GradeReason::ShiftsMembers:
             return Utf8TextNr(Text::GradeShifts);
@@ -141,7 +141,7 @@ std::string WhyNotBetter(const Grading& grading) {
 
 }  // namespace
 
-std::string SentenceOf(const Reason& reason) {
+std::string SentenceOf(const Reason& reason, LineNumbers& lines) {
     switch (reason.kind) {
         case ReasonKind::None:
             return Utf8TextNr(Text::ReasonNone);
@@ -150,7 +150,7 @@ std::string SentenceOf(const Reason& reason) {
         case ReasonKind::Kept:
             return Kept(reason);
         case ReasonKind::OnlyPossible:
-            return OnlyPossible(reason);
+            return OnlyPossible(reason, lines);
         case ReasonKind::NoCaller:
         case ReasonKind::DeadCallers:
         case ReasonKind::Ring:
@@ -173,11 +173,12 @@ std::string TextOf(Grade grade) {
     return Utf8TextNr(Text::GradeCannotTell);
 }
 
-std::string SentenceOf(const Grading& grading) {
-    std::string sentence = grading.grade == Grade::Living   ? Utf8TextNr(Text::IsAlive)
-                           : grading.grade == Grade::Sure   ? Utf8TextNr(Text::CanGoSurely)
-                           : grading.grade == Grade::Likely ? Filled(Text::CanGoLikely, {WhyNotBetter(grading)})
-                                                            : Filled(Text::CannotTellIfGo, {WhyNotBetter(grading)});
+std::string SentenceOf(const Grading& grading, LineNumbers& lines) {
+    std::string sentence = grading.grade == Grade::Living ? Utf8TextNr(Text::IsAlive)
+                           : grading.grade == Grade::Sure ? Utf8TextNr(Text::CanGoSurely)
+                           : grading.grade == Grade::Likely
+                               ? Filled(Text::CanGoLikely, {WhyNotBetter(grading, lines)})
+                               : Filled(Text::CannotTellIfGo, {WhyNotBetter(grading, lines)});
     if (grading.leftAlone)
         sentence += " (" + Filled(Text::LeftAlone, {ActiveCodePage().ToUtf8(grading.leftAlone->comment)}) + ")";
     return sentence;
@@ -224,7 +225,6 @@ std::string TextOf(LinkKind kind) {
     return Utf8TextNr(Text::LinkCall);
 }
 
-std::string PlaceText(const clsModul& modul, Pos pos) {
-    const std::string line = modul.text ? " " + std::to_string(LineOf(modul.text->ModulTextOrg(), pos)) : std::string();
-    return ActiveCodePage().ToUtf8(modul.myNameOrg()) + line;
+std::string PlaceText(const clsModul& modul, int line) {
+    return ActiveCodePage().ToUtf8(modul.myNameOrg()) + " " + std::to_string(line);
 }

@@ -5,15 +5,17 @@
 
 #include "reach/reasons.h"
 
+class LineNumbers;
+
 /// One sentence that says why an object is alive or not: "Only dead code calls it: modSlip.PrintBarcode."
-[[nodiscard]] std::string SentenceOf(const Reason& reason);
+[[nodiscard]] std::string SentenceOf(const Reason& reason, LineNumbers& lines);
 /// "can go for sure", "can probably go", "cannot tell", "alive".
 [[nodiscard]] std::string TextOf(Grade grade);
 /// The grade with its reason, as one sentence.
-[[nodiscard]] std::string SentenceOf(const Grading& grading);
+[[nodiscard]] std::string SentenceOf(const Grading& grading, LineNumbers& lines);
 /// "Handler of a control".
 [[nodiscard]] std::string TextOf(EntryKind kind);
 /// What a link is: "calls", "perhaps calls", "uses".
 [[nodiscard]] std::string TextOf(LinkKind kind);
 /// "modMain 17": the module and physical line of a place.
-[[nodiscard]] std::string PlaceText(const clsModul& modul, Pos pos);
+[[nodiscard]] std::string PlaceText(const clsModul& modul, int line);
