@@ -1,9 +1,8 @@
 #include "display/call_places.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <set>
-#include <unordered_map>
+#include <tuple>
 #include <utility>
 
 #include "display/node_objects.h"
@@ -15,6 +14,7 @@
 #include "model/clsProzedur.h"
 #include "model/clsType.h"
 #include "model/clsVariable.h"
+#include "model/line_numbers.h"
 #include "platform/code_page.h"
 #include "source/module_text.h"
 
@@ -76,37 +76,14 @@ std::vector<CallPlace> PlacesOfLocal(const LocalUses& locals, const clsVariable&
     return places;
 }
 
-void SortByCode(std::vector<CallPlace>& places, const std::vector<clsModul*>& order) {
-    std::unordered_map<const clsModul*, std::uint64_t> ranks;
-    for (const clsModul* modul : order)
-        ranks.emplace(modul, ranks.size());
-    std::vector<std::pair<std::uint64_t, CallPlace>> ranked;
-    ranked.reserve(places.size());
-    for (const CallPlace& place : places)
-        ranked.emplace_back(ranks[&place.Modul()] << 32 | static_cast<std::uint32_t>(place.pos), place);
-    std::stable_sort(ranked.begin(), ranked.end(), [](const auto& a, const auto& b) { return a.first < b.first; });
-    std::transform(ranked.begin(), ranked.end(), places.begin(), [](const auto& entry) { return entry.second; });
+// In the order of AllModules, which is that of the kinds, and of the project file among those of one kind.
+void SortByCode(std::vector<CallPlace>& places) {
+    const auto rank = [](const CallPlace& place) {
+        const clsModul& modul = place.Modul();
+        return std::tuple(modul.ModulTyp, modul.number, place.pos);
+    };
+    std::ranges::stable_sort(places, {}, rank);
 }
-
-// Counts lines on from the place before, as the text of a module can be long and have thousands of places.
-class LineCounter {
-public:
-    int LineOf(const clsModul& modul, std::string_view text, Pos pos) {
-        if (&modul != modul_ || pos < at_) {
-            modul_ = &modul;
-            at_ = line_ = 1;
-        }
-        const auto from = text.begin() + at_ - 1;
-        line_ += static_cast<int>(std::count(from, from + (pos - at_), '\n'));
-        at_ = pos;
-        return line_;
-    }
-
-private:
-    const clsModul* modul_ = nullptr;
-    Pos at_ = 1;
-    int line_ = 1;
-};
 
 struct SourceLine {
     std::string_view text;  // without its indentation
@@ -178,7 +155,7 @@ std::vector<CallPlace> ReferencesTo(const clsProjekt& projekt, const LocalUses& 
         ForEachEdgeInto(projekt, static_cast<const clsTypeLib&>(object), add);
     else
         ForEachEdgeTo(projekt, object, add);
-    SortByCode(places, projekt.AllModules());
+    SortByCode(places);
     return places;
 }
 
@@ -206,7 +183,7 @@ std::vector<CallPlace> PlacesIn(const clsModul& caller, const CodeObject& object
 std::vector<ReferenceRow> RowsOf(const std::vector<CallPlace>& places, const CodeObject& object) {
     std::vector<ReferenceRow> rows;
     rows.reserve(places.size());
-    LineCounter lines;
+    LineNumbers lines;
     const clsModul* modul = nullptr;
     const CodePage* page = nullptr;
     const CodeObject* owner = nullptr;
@@ -227,7 +204,7 @@ std::vector<ReferenceRow> RowsOf(const std::vector<CallPlace>& places, const Cod
         row.kind = KindOf(place.type);
         const std::string_view text = modul->text ? modul->text->ModulTextOrg() : std::string_view();
         if (place.pos > 0 && place.pos <= Len(text)) {
-            row.line = lines.LineOf(*modul, text, place.pos);
+            row.line = lines.Of(*modul, place.pos);
             const SourceLine line = LineAround(text, place.pos);
             row.text = page->ToUtf8(line.text);
             row.nameStart = page->ToUtf8(line.text.substr(0, line.name)).size();

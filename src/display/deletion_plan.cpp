@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 
 #include "display/call_places.h"
 #include "display/node_objects.h"
@@ -20,9 +21,10 @@
 
 namespace {
 
+/// @param stretches  rising
 bool IsIn(const std::vector<Stretch>& stretches, Pos pos) {
-    return std::any_of(stretches.begin(), stretches.end(),
-                       [pos](const Stretch& stretch) { return stretch.start <= pos && pos < stretch.End(); });
+    const auto next = std::ranges::upper_bound(stretches, pos, {}, &Stretch::start);
+    return next != stretches.begin() && pos < next[-1].End();
 }
 
 /// Objects that go together, with what is cut out of the modules for them.
@@ -31,46 +33,83 @@ public:
     explicit GoingObjects(const std::vector<const CodeObject*>& objects) {
         for (const CodeObject* object : objects) {
             ObjectCut cut = DeleteMe(*object);
-            std::vector<Stretch>& own = ofModules_[object->Modul];
-            own.insert(own.end(), cut.stretches.begin(), cut.stretches.end());
+            std::vector<Part>& parts = ofModules_[object->Modul];
+            for (const Stretch& stretch : cut.stretches)
+                parts.push_back({stretch, object});
             cuts_.emplace(object, std::move(cut));
         }
+        for (auto& [modul, parts] : ofModules_)
+            parts = Outer(std::move(parts));
     }
     GoingObjects(const GoingObjects&) = delete;
     GoingObjects& operator=(const GoingObjects&) = delete;
     // The texts in lower case are only read here.
     ~GoingObjects() {
-        for (const auto& [modul, stretches] : ofModules_)
+        for (const auto& [modul, parts] : ofModules_)
             if (modul && modul->text)
                 modul->text->ReleaseModulText();
     }
 
     [[nodiscard]] const ObjectCut& CutOf(const CodeObject& object) const { return cuts_.at(&object); }
-    /// Whether a place of a module is cut out.
-    [[nodiscard]] bool Covers(const clsModul& modul, Pos pos) const {
+    /// The object with which a place of a module is cut out, the outer one of several; null for none.
+    [[nodiscard]] const CodeObject* At(const clsModul& modul, Pos pos) const {
         const auto found = ofModules_.find(&modul);
-        return found != ofModules_.end() && IsIn(found->second, pos);
+        if (found == ofModules_.end())
+            return nullptr;
+        const std::vector<Part>& parts = found->second;
+        const auto next = std::ranges::upper_bound(parts, pos, {}, [](const Part& part) { return part.stretch.start; });
+        return next != parts.begin() && pos < next[-1].stretch.End() ? next[-1].object : nullptr;
     }
 
 private:
+    struct Part {
+        Stretch stretch;
+        const CodeObject* object;
+    };
+    // In their order, without those inside of others, so that their ends rise as well.
+    static std::vector<Part> Outer(std::vector<Part> parts) {
+        std::ranges::stable_sort(parts, [](const Part& a, const Part& b) {
+            return a.stretch.start != b.stretch.start ? a.stretch.start < b.stretch.start
+                                                      : a.stretch.End() > b.stretch.End();
+        });
+        std::vector<Part> outer;
+        for (const Part& part : parts)
+            if (outer.empty() || part.stretch.End() > outer.back().stretch.End())
+                outer.push_back(part);
+        return outer;
+    }
+
     std::unordered_map<const CodeObject*, ObjectCut> cuts_;
-    std::unordered_map<const clsModul*, std::vector<Stretch>> ofModules_;
+    std::unordered_map<const clsModul*, std::vector<Part>> ofModules_;  // what is cut out
 };
 
 /// Leaves out what is still named in a place that stays, and what only that names, and so on.
 std::vector<const CodeObject*> NamedNowhereElse(const clsProjekt& projekt, std::vector<const CodeObject*> objects) {
-    for (;;) {
-        const GoingObjects going(objects);
-        const auto isNamed = [&](const CodeObject* object) {
-            bool named = going.CutOf(*object).whyNot != Text::None;
-            ForEachEdgeTo(projekt, *object, [&](const clsCall& call) {
-                named = named || !going.Covers(call.CallerModule(), call.CallPos);
-            });
-            return named;
-        };
-        if (std::erase_if(objects, isNamed) == 0)
-            return objects;
+    const GoingObjects going(objects);
+    std::unordered_map<const CodeObject*, std::vector<const CodeObject*>> namedIn;
+    std::unordered_set<const CodeObject*> staying;
+    std::vector<const CodeObject*> open;  // that stay, with names in them not looked at
+    const auto stay = [&](const CodeObject* object) {
+        if (staying.insert(object).second)
+            open.push_back(object);
+    };
+    for (const CodeObject* object : objects) {
+        if (going.CutOf(*object).whyNot != Text::None)
+            stay(object);
+        ForEachEdgeTo(projekt, *object, [&](const clsCall& call) {
+            if (const CodeObject* around = going.At(call.CallerModule(), call.CallPos))
+                namedIn[around].push_back(object);
+            else
+                stay(object);
+        });
     }
+    while (!open.empty()) {
+        const CodeObject* const object = open.back();
+        open.pop_back();
+        std::ranges::for_each(namedIn[object], stay);
+    }
+    std::erase_if(objects, [&staying](const CodeObject* object) { return staying.contains(object); });
+    return objects;
 }
 
 template <class Chosen>
@@ -93,10 +132,19 @@ std::vector<const CodeObject*> DeadWhere(const clsProjekt& projekt, const Chosen
     return NamedNowhereElse(projekt, std::move(dead));
 }
 
-void AddOnce(std::vector<std::string>& names, std::string name) {
-    if (std::find(names.begin(), names.end(), name) == names.end())
-        names.push_back(std::move(name));
-}
+/// A list of names without repetitions.
+class NamesOnce {
+public:
+    explicit NamesOnce(std::vector<std::string>& names) : names_(names) {}
+    void Add(std::string name) {
+        if (known_.insert(name).second)
+            names_.push_back(std::move(name));
+    }
+
+private:
+    std::vector<std::string>& names_;
+    std::unordered_set<std::string> known_;
+};
 
 int LinesOf(const CodeObject& object, const ObjectCut& cut) {
     const std::string_view text = object.Modul->text->ModulTextOrg();
@@ -164,11 +212,12 @@ std::vector<DeletionRow> DeletionRows(const clsProjekt& projekt, const LocalUses
         row.whyNot = cut.whyNot;
         if (row.whyNot == Text::None)
             row.lines = LinesOf(*object, cut);
+        NamesOnce certain(row.certain), possible(row.possible);
         for (const CallPlace& place : ReferencesTo(projekt, locals, *object))
-            if (going.Covers(place.Modul(), place.pos))
+            if (going.At(place.Modul(), place.pos))
                 row.losesCallers = row.losesCallers || place.owner != object;
             else
-                AddOnce(place.type == CallType::MayBe ? row.possible : row.certain, place.owner->CodePathOrg());
+                (place.type == CallType::MayBe ? possible : certain).Add(place.owner->CodePathOrg());
         if (object->Class() == ObjectClass::Control)
             for (const clsControl* control : object->Modul->MyControls)
                 if (control->NameKey() != object->NameKey() && IsIn(cut.stretches, control->DeclareStart))

@@ -6,6 +6,7 @@
 #include "display/object_search.h"
 #include "display/shown_text.h"
 #include "model/clsModul.h"
+#include "model/line_numbers.h"
 #include "reach/paths.h"
 #include "reach/reason_text.h"
 #include "shell/clsText.h"
@@ -27,7 +28,7 @@ public:
         std::vector<const clsModul*> modules;
         std::ranges::partition_copy(part.modules, std::back_inserter(forms), std::back_inserter(modules), isForm);
         AddSection(Text::ImpactObjects, part.objects, [this](const Dependent& dependent) {
-            ReachRow row = CallerRow(section_, dependent.link);
+            ReachRow row = CallerRow(section_, dependent.link, lines_);
             row.about = StepsText(dependent.distance) + " \u00B7 " + row.about;
             return row;
         });
@@ -37,7 +38,7 @@ public:
         AddSection(Text::Modules, modules, modulRow);
         AddSection(Text::CountForms, forms, modulRow);
         AddSection(Text::EntryPoints, part.entries,
-                   [this](const EntryPoint* entry) { return EntryRow(section_, *entry); });
+                   [this](const EntryPoint* entry) { return EntryRow(section_, *entry, lines_); });
     }
 
 private:
@@ -57,6 +58,7 @@ private:
     }
 
     ReachAnswer& answer_;
+    LineNumbers lines_;
     bool isCertain_ = true;
     int section_ = 0;
 };
@@ -67,6 +69,7 @@ ReachAnswer PathAnswer(const Reach& reach, const CodeObject& from, const CodeObj
     ReachAnswer answer;
     answer.title = Filled(Text::PathFromTo, {PathText(from), PathText(to)});
     int nr = 0;
+    LineNumbers lines;
     for (const ReachPath& path : PathsBetween(reach.TheLinks(), from, to)) {
         const std::string certainty = Certainty(path.IsCertain());
         ++nr;
@@ -75,7 +78,7 @@ ReachAnswer PathAnswer(const Reach& reach, const CodeObject& from, const CodeObj
                                                  certainty));
         answer.rows.push_back(ObjectRow(nr, *path.links.front().from, ObjectKind(*path.links.front().from)));
         for (const Link& link : path.links)
-            answer.rows.push_back(StepRow(nr, link));
+            answer.rows.push_back(StepRow(nr, link, lines));
     }
     if (nr == 0)
         answer.title = Filled(Text::NoPath, {PathText(from), PathText(to)});

@@ -6,10 +6,9 @@
 #include "display/object_search.h"
 #include "display/shown_text.h"
 #include "model/clsModul.h"
+#include "model/line_numbers.h"
 #include "reach/reason_text.h"
 #include "shell/clsText.h"
-#include "source/lines.h"
-#include "source/module_text.h"
 
 namespace {
 
@@ -22,12 +21,12 @@ void Append(std::string& text, std::string_view part) {
         text.append(text.empty() ? "" : kDot).append(part);
 }
 
-void SetPlace(ReachRow& row, const clsModul* modul, Pos pos) {
+void SetPlace(ReachRow& row, const clsModul* modul, Pos pos, LineNumbers& lines) {
     if (!modul || !modul->text || pos < 1)
         return;
     row.modulKey = modul->CodePath();
-    row.line = LineOf(modul->text->ModulTextOrg(), pos);
-    Append(row.about, PlaceText(*modul, pos));
+    row.line = lines.Of(*modul, pos);
+    Append(row.about, PlaceText(*modul, row.line));
 }
 
 }  // namespace
@@ -48,29 +47,29 @@ ReachRow ObjectRow(int section, const CodeObject& object, std::string about) {
             .section = section};
 }
 
-ReachRow StepRow(int section, const Link& link) {
+ReachRow StepRow(int section, const Link& link, LineNumbers& lines) {
     ReachRow row = ObjectRow(section, *link.to, TextOf(link.kind));
     row.isPossible = !link.IsCertain();
     row.text.insert(0, row.isPossible ? kDoubtfulArrow : kArrow);
-    SetPlace(row, ModuleOf(*link.from), link.pos);
+    SetPlace(row, ModuleOf(*link.from), link.pos, lines);
     return row;
 }
 
-ReachRow CallerRow(int section, const Link& link) {
+ReachRow CallerRow(int section, const Link& link, LineNumbers& lines) {
     ReachRow row = ObjectRow(section, *link.from, TextOf(link.kind));
     row.isPossible = !link.IsCertain();
-    SetPlace(row, ModuleOf(*link.from), link.pos);
+    SetPlace(row, ModuleOf(*link.from), link.pos, lines);
     return row;
 }
 
-ReachRow EntryRow(int section, const EntryPoint& entry, const std::string& about) {
+ReachRow EntryRow(int section, const EntryPoint& entry, LineNumbers& lines, const std::string& about) {
     std::string kind = TextOf(entry.kind);
     if (!entry.IsCertain())
         Append(kind, Utf8TextNr(Text::Possible));
     Append(kind, about);
     ReachRow row = ObjectRow(section, *entry.object, std::move(kind));
     row.isPossible = !entry.IsCertain();
-    SetPlace(row, entry.modul, entry.pos);
+    SetPlace(row, entry.modul, entry.pos, lines);
     return row;
 }
 

@@ -10,6 +10,8 @@
 #include "reach/entry_points.h"
 #include "reach/links.h"
 
+class LineNumbers;
+
 struct ReachRow {
     enum class Kind : std::uint8_t {
         Sentence,  // wrapped, over the whole width
@@ -35,11 +37,12 @@ struct ReachRow {
 [[nodiscard]] ReachRow HeadingRow(int section, std::string text);
 [[nodiscard]] ReachRow ObjectRow(int section, const CodeObject& object, std::string about);
 /// The object that the link leads to, and the place where it begins.
-[[nodiscard]] ReachRow StepRow(int section, const Link& link);
+[[nodiscard]] ReachRow StepRow(int section, const Link& link, LineNumbers& lines);
 /// The object at which the link begins, and that place.
-[[nodiscard]] ReachRow CallerRow(int section, const Link& link);
+[[nodiscard]] ReachRow CallerRow(int section, const Link& link, LineNumbers& lines);
 /// What kind of entry point it is; the place of a literal or AddressOf.
-[[nodiscard]] ReachRow EntryRow(int section, const EntryPoint& entry, const std::string& about = {});
+[[nodiscard]] ReachRow EntryRow(int section, const EntryPoint& entry, LineNumbers& lines,
+                                const std::string& about = {});
 
 /// "3 steps".
 [[nodiscard]] std::string StepsText(int steps);

@@ -6,6 +6,7 @@
 
 #include "display/object_search.h"
 #include "display/shown_text.h"
+#include "model/line_numbers.h"
 #include "reach/paths.h"
 #include "reach/reason_text.h"
 #include "reach/reasons.h"
@@ -38,8 +39,8 @@ public:
 
     WhyRows Make() {
         const Reason reason = reasons_.ReasonOf(object_);
-        Say(SentenceOf(reason));
-        Say(SentenceOf(object_, reasons_.GradeOf(object_)));
+        Say(SentenceOf(reason, lines_));
+        Say(SentenceOf(object_, reasons_.GradeOf(object_), lines_));
         if (const Declaration* declared = reach_.TheDeclared().Of(object_.CodePath());
             declared && !declared->comment.empty())
             Say(Utf8TextNr(Text::Comment) + ": " + Utf8Of(nullptr, declared->comment));
@@ -70,9 +71,9 @@ private:
             return;
         const int section = Number(WhySection::Chain);
         Add(HeadingRow(section, Utf8TextNr(Text::WhyChain)));
-        Add(EntryRow(section, *chain.entry));
+        Add(EntryRow(section, *chain.entry, lines_));
         for (const Link& link : chain.links)
-            Add(StepRow(section, link), link);
+            Add(StepRow(section, link, lines_), link);
     }
     void AddCallers(const Reason& reason) {
         const bool isRing = reason.kind == ReasonKind::Ring;
@@ -81,7 +82,7 @@ private:
                        const int section = Number(WhySection::Callers);
                        const std::optional<Link> link = LinkBetween(reach_.TheLinks(), *caller, object_);
                        if (link)
-                           Add(CallerRow(section, *link), *link);
+                           Add(CallerRow(section, *link, lines_), *link);
                        else
                            Add(ObjectRow(section, *caller, ObjectKind(*caller)));
                    });
@@ -89,7 +90,7 @@ private:
     void AddEntries() {
         AddSection(WhySection::EntryPoints, Text::WhyEntries, EntryPointsReaching(reach_, object_),
                    [this](const EntryReaching& reaching) {
-                       ReachRow row = EntryRow(Number(WhySection::EntryPoints), *reaching.entry,
+                       ReachRow row = EntryRow(Number(WhySection::EntryPoints), *reaching.entry, lines_,
                                                reaching.distance == 0 ? std::string() : StepsText(reaching.distance));
                        if (!reaching.isCertain && reaching.entry->IsCertain())
                            row.about.append(" \u00B7 ").append(Utf8TextNr(Text::Possible));
@@ -125,6 +126,7 @@ private:
     const CodeObject& object_;
     const std::set<WhySection>& whole_;
     WhyRows page_;
+    LineNumbers lines_;
 };
 
 }  // namespace
@@ -134,6 +136,7 @@ WhyRows WhyRowsOf(const Reasons& reasons, const CodeObject& object, const std::s
 }
 
 std::string WhySentence(const Reasons& reasons, const CodeObject& object) {
-    return Reach::Covers(object) && &Answering(object) == &object ? SentenceOf(reasons.ReasonOf(object))
+    LineNumbers lines;
+    return Reach::Covers(object) && &Answering(object) == &object ? SentenceOf(reasons.ReasonOf(object), lines)
                                                                   : std::string();
 }

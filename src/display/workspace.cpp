@@ -440,7 +440,7 @@ Situation Workspace::Now(bool hasPlaces) const {
             .hasModule = selection_.CurModule && !selection_.CurModule->myLibrary,
             .canDelete = selection_.CurObject && CanBeDeleted(*selection_.CurObject),
             .hasDeleted = !deletions_.All().empty(),
-            .hasUnsaved = !deletions_.Unsaved().empty(),
+            .hasUnsaved = deletions_.HasUnsaved(),
             .hasReach = HasReach(),
             .callsRead = CallsRead(),
             .neighbours = neighbours_,

@@ -5,6 +5,9 @@
 // taking it back drops the stretch. So the text, and what is written, is always the file without some stretches of it.
 #pragma once
 
+#include <functional>
+#include <map>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -20,12 +23,12 @@ class clsProjekt;
 /// An object that was deleted.
 struct Deletion {
     int nr = 0;                      // its identity, rising in the order of deletion
-    int round = 0;                   // those of a later one can enclose it
     std::string path;                // of the module's file
     std::string codePath;            // of the object, as it was spelled
     std::string_view image;          // its icon
     int lines = 0;                   // that it reached over
     std::vector<Stretch> stretches;  // of the bytes that the file had
+    std::vector<int> enclosedBy;     // numbers of those that took what was around its stretches, the nearest ones
 };
 
 class Deletions {
@@ -55,6 +58,7 @@ public:
 
     /// Paths of the modules whose texts differ from their files.
     [[nodiscard]] std::vector<std::string> Unsaved() const;
+    [[nodiscard]] bool HasUnsaved() const;
     struct Saved {
         std::string path;
         std::string backup;  // what the file was before
@@ -75,23 +79,25 @@ public:
 private:
     /// A file from which something was deleted.
     struct EditedFile {
+        int nr = 0;  // rises in the order in which files were edited first
         std::string path;
         std::string bytes;            // before the first deletion
         FileTime date = 0;            // of the file when it was read, or written last
+        std::vector<Stretch> gone;    // with all that is deleted now; merged
         std::vector<Stretch> onDisk;  // what is gone from the file itself
+        [[nodiscard]] bool IsEdited() const { return gone != onDisk; }
+        [[nodiscard]] bool IsAsItWas() const { return gone.empty() && onDisk.empty(); }
     };
     [[nodiscard]] Text Begin(const clsProjekt& projekt, const clsModul& modul);
     [[nodiscard]] const EditedFile* FileOf(std::string_view path) const;
-    [[nodiscard]] std::vector<Stretch> GoneFrom(const EditedFile& file) const;
-    [[nodiscard]] bool IsEdited(const EditedFile& file) const { return GoneFrom(file) != file.onDisk; }
-    void Take(const EditedFile& file, const std::vector<const CodeObject*>& objects, clsProjekt& projekt,
-              Deleted& deleted);
+    void Take(EditedFile& file, const std::vector<const CodeObject*>& objects, clsProjekt& projekt, Deleted& deleted);
+    void Settle();
     void ReplaceModules(clsProjekt& projekt, const std::vector<std::string>& paths);
-    Saved SaveFile(clsProjekt& projekt, EditedFile& file);
-    void Drop(std::string_view path);
+    Saved SaveFile(EditedFile& file, Files& files, clsModul* modul);
+    void Drop(const std::set<std::string>& paths);
 
     std::vector<Deletion> all_;
-    std::vector<EditedFile> files_;
+    std::map<std::string, EditedFile, std::less<>> files_;  // by path
     int lastNr_ = 0;
-    int lastRound_ = 0;
+    int lastFileNr_ = 0;
 };

@@ -8,6 +8,7 @@
 #include <map>
 #include <queue>
 #include <tuple>
+#include <unordered_set>
 
 namespace {
 
@@ -171,23 +172,27 @@ private:
 
 class PartMaker {
 public:
-    PartMaker(const Reach& reach, const CodeObject& object)
-        : reach_(reach), own_(object.Class() == ObjectClass::Modul ? &static_cast<const clsModul&>(object) : nullptr) {}
+    PartMaker(const Reach& reach, const CodeObject& object, Impact::Part& part)
+        : reach_(reach),
+          own_(object.Class() == ObjectClass::Modul ? &static_cast<const clsModul&>(object) : nullptr),
+          part_(part) {}
 
-    void Add(Impact::Part& part, const Dependent& dependent) {
+    void Add(const Dependent& dependent) {
         const clsModul* const modul = ModuleOf(*dependent.object);
         if (dependent.distance == 0 || (own_ && modul == own_))
             return;
-        part.objects.push_back(dependent);
-        if (modul && std::ranges::find(part.modules, modul) == part.modules.end())
-            part.modules.push_back(modul);
+        part_.objects.push_back(dependent);
+        if (modul && known_.insert(modul).second)
+            part_.modules.push_back(modul);
         if (const EntryPoint* entry = reach_.EntryPointAt(*dependent.object))
-            part.entries.push_back(entry);
+            part_.entries.push_back(entry);
     }
 
 private:
     const Reach& reach_;
     const clsModul* own_;
+    Impact::Part& part_;
+    std::unordered_set<const clsModul*> known_;  // those of the part
 };
 
 }  // namespace
@@ -206,12 +211,13 @@ Impact ImpactOf(const Reach& reach, const CodeObject& object) {
     const std::vector<const CodeObject*> parts = PartsOf(object);
     const WalkBack certain(reach.TheLinks(), parts, true);
     const WalkBack any(reach.TheLinks(), parts, false);
-    PartMaker maker(reach, object);
+    PartMaker certainPart(reach, object, impact.certain);
     for (const Dependent& dependent : certain.Found())
-        maker.Add(impact.certain, dependent);
+        certainPart.Add(dependent);
+    PartMaker possiblePart(reach, object, impact.possible);
     for (const Dependent& dependent : any.Found())
         if (certain.DistanceOf(*dependent.object) == kFar)
-            maker.Add(impact.possible, dependent);
+            possiblePart.Add(dependent);
     return impact;
 }
 

@@ -4,6 +4,7 @@
 
 #include "findings/module_statistics.h"
 #include "model/kind_of.h"
+#include "model/line_numbers.h"
 #include "reach/reason_text.h"
 #include "shell/csv.h"
 
@@ -11,31 +12,17 @@ namespace {
 
 constexpr std::size_t kMostNamed = 10;
 
-// Places of many objects: the line ends of the module asked for last are kept.
-class Places {
-public:
-    std::string Of(const clsModul* modul, Pos pos) {
-        if (!modul || !modul->text)
-            return {};
-        if (modul_ != modul) {
-            modul_ = modul;
-            name_ = Utf8Path(*modul);
-            lineFeeds_.clear();
-            const std::string_view text = modul->text->ModulTextOrg();
-            for (std::size_t at = text.find('\n'); at != std::string_view::npos; at = text.find('\n', at + 1))
-                lineFeeds_.push_back(static_cast<Pos>(at) + 1);
-        }
-        const auto line = std::ranges::lower_bound(lineFeeds_, pos) - lineFeeds_.begin() + 1;
-        return name_ + " " + std::to_string(line);
-    }
-    std::string Of(const CodeObject& object) { return Of(ModuleOf(object), object.DeclareStart); }
-    std::string Of(const Link& link) { return Of(ModuleOf(*link.from), link.pos); }
+std::string PlaceOf(const clsModul* modul, Pos pos, LineNumbers& lines) {
+    return modul && modul->text ? PlaceText(*modul, lines.Of(*modul, pos)) : std::string();
+}
 
-private:
-    const clsModul* modul_ = nullptr;
-    std::string name_;
-    std::vector<Pos> lineFeeds_;
-};
+std::string PlaceOf(const CodeObject& object, LineNumbers& lines) {
+    return PlaceOf(ModuleOf(object), object.DeclareStart, lines);
+}
+
+std::string PlaceOf(const Link& link, LineNumbers& lines) {
+    return PlaceOf(ModuleOf(*link.from), link.pos, lines);
+}
 
 // Each character beyond ASCII has several bytes.
 std::size_t WidthOf(std::string_view text) {
@@ -59,8 +46,8 @@ const CodeObject* OwnerOf(const CodeObject& object) {
     return variable.MyType ? static_cast<const CodeObject*>(variable.MyType) : variable.MyEnum;
 }
 
-std::vector<std::string> StepRow(Places& places, const Link& link) {
-    return {Utf8Path(*link.from), TextOf(link.kind), Utf8Path(*link.to), places.Of(link)};
+std::vector<std::string> StepRow(const Link& link, LineNumbers& lines) {
+    return {Utf8Path(*link.from), TextOf(link.kind), Utf8Path(*link.to), PlaceOf(link, lines)};
 }
 
 std::string Listed(std::string_view label, std::size_t count, const std::vector<std::string>& first) {
@@ -133,12 +120,13 @@ DeadTotals TotalsOf(const std::vector<DeadObject>& dead, Grade grade) {
 ReachPage DeadPage(const Reasons& reasons, Grade worst) {
     ReachPage page;
     page.columns = {"object", "kind", "grade", "lines", "place", "reason", "grade reason"};
-    Places places;
+    LineNumbers lines;
     const std::vector<DeadObject> dead = DeadObjectsOf(reasons, worst);
     for (const DeadObject& one : dead)
         page.rows.push_back({Utf8Path(*one.object), std::string(KindWord(*one.object)), TextOf(one.grading.grade),
-                             std::to_string(one.lines), places.Of(*one.object),
-                             SentenceOf(reasons.ReasonOf(*one.object)), SentenceOf(*one.object, one.grading)});
+                             std::to_string(one.lines), PlaceOf(*one.object, lines),
+                             SentenceOf(reasons.ReasonOf(*one.object), lines),
+                             SentenceOf(*one.object, one.grading, lines)});
     page.foot.push_back(TotalText(dead, Grade::Sure, "can go for sure"));
     if (worst >= Grade::Likely)
         page.foot.push_back(TotalText(dead, Grade::Likely, "can probably go"));
@@ -153,14 +141,14 @@ ReachPage WhyPage(const Reasons& reasons, const CodeObject& object) {
     const Reach& reach = reasons.TheReach();
     ReachPage page;
     const Reason reason = reasons.ReasonOf(object);
-    page.head = {Utf8Path(object), SentenceOf(reason)};
+    LineNumbers lines;
+    page.head = {Utf8Path(object), SentenceOf(reason, lines)};
     if (reason.kind == ReasonKind::None)
         return page;
-    page.head.push_back(SentenceOf(object, reasons.GradeOf(object)));
+    page.head.push_back(SentenceOf(object, reasons.GradeOf(object), lines));
     page.columns = {"from", "link", "to", "place"};
-    Places places;
     for (const Link& link : reason.chain.links)
-        page.rows.push_back(StepRow(places, link));
+        page.rows.push_back(StepRow(link, lines));
 
     const std::vector<EntryReaching> entries = EntryPointsReaching(reach, object);
     std::vector<std::string> names;
@@ -180,12 +168,12 @@ ReachPage WhyPage(const Reasons& reasons, const CodeObject& object) {
 ReachPage PathsPage(const Links& links, const CodeObject& from, const CodeObject& to) {
     ReachPage page;
     page.columns = {"path", "certain", "from", "link", "to", "place"};
-    Places places;
+    LineNumbers lines;
     const std::vector<ReachPath> paths = PathsBetween(links, from, to);
     for (std::size_t nr = 0; nr < paths.size(); ++nr)
         for (const Link& link : paths[nr].links) {
             std::vector<std::string> row{std::to_string(nr + 1), paths[nr].IsCertain() ? "certain" : "possible"};
-            std::ranges::move(StepRow(places, link), std::back_inserter(row));
+            std::ranges::move(StepRow(link, lines), std::back_inserter(row));
             page.rows.push_back(std::move(row));
         }
     if (paths.empty())
@@ -196,14 +184,14 @@ ReachPage PathsPage(const Links& links, const CodeObject& from, const CodeObject
 ReachPage ImpactPage(const Reach& reach, const CodeObject& object) {
     ReachPage page;
     page.columns = {"certain", "distance", "kind", "object", "place", "entry point"};
-    Places places;
+    LineNumbers lines;
     const Impact impact = ImpactOf(reach, object);
     const auto add = [&](const Impact::Part& part, const std::string& certainty) {
         for (const Dependent& dependent : part.objects) {
             const EntryPoint* const entry = reach.EntryPointAt(*dependent.object);
             page.rows.push_back({certainty, std::to_string(dependent.distance),
                                  std::string(KindWord(*dependent.object)), Utf8Path(*dependent.object),
-                                 places.Of(dependent.link), entry ? TextOf(entry->kind) : std::string()});
+                                 PlaceOf(dependent.link, lines), entry ? TextOf(entry->kind) : std::string()});
         }
         const auto forms = std::ranges::count(part.modules, ModuleKind::Form, &clsModul::ModulTyp);
         page.foot.push_back(certainty + ": " + std::to_string(part.objects.size()) + " objects in " +
@@ -218,10 +206,10 @@ ReachPage ImpactPage(const Reach& reach, const CodeObject& object) {
 ReachPage EntryPointsPage(const Reach& reach) {
     ReachPage page;
     page.columns = {"object", "kind", "certain", "place"};
-    Places places;
+    LineNumbers lines;
     for (const EntryPoint& entry : reach.EntryPoints())
         page.rows.push_back({Utf8Path(*entry.object), TextOf(entry.kind), entry.IsCertain() ? "certain" : "possible",
-                             entry.modul ? places.Of(entry.modul, entry.pos) : places.Of(*entry.object)});
+                             entry.modul ? PlaceOf(entry.modul, entry.pos, lines) : PlaceOf(*entry.object, lines)});
     page.foot.push_back(std::to_string(reach.EntryPoints().size()) + " entry points");
     for (const Declaration& orphan : Orphaned(reach.TheDeclared(), reach.Projekt()))
         page.foot.push_back("declared, but not in the project: " +

@@ -1,7 +1,7 @@
 #include "reach/reason_text.h"
 
+#include "model/line_numbers.h"
 #include "shell/clsText.h"
-#include "source/lines.h"
 
 namespace {
 
@@ -15,9 +15,8 @@ std::string NamesOf(const std::vector<const CodeObject*>& objects) {
     return named == objects.size() ? names : Filled(Text::AndMore, {names, std::to_string(objects.size() - named)});
 }
 
-std::string PlaceOf(const Link& link) {
-    const clsModul* const modul = ModuleOf(*link.from);
-    return modul ? PlaceText(*modul, link.pos) : std::string();
+std::string PlaceOf(const clsModul* modul, Pos pos, LineNumbers& lines) {
+    return modul ? PlaceText(*modul, lines.Of(*modul, pos)) : std::string();
 }
 
 std::string DoubtText(const Doubt& doubt, const CodeObject& target) {
@@ -44,13 +43,14 @@ std::string DoubtText(const Doubt& doubt, const CodeObject& target) {
     return Utf8TextNr(Text::DoubtExpression);
 }
 
-std::string OnlyPossible(const Reason& reason) {
+std::string OnlyPossible(const Reason& reason, LineNumbers& lines) {
     const EntryPoint& entry = *reason.chain.entry;
     if (reason.firstPossible >= 0) {
         const Link& link = reason.chain.links[static_cast<std::size_t>(reason.firstPossible)];
-        return Filled(Text::ReasonPossible, {Utf8Path(*link.to), PlaceOf(link), DoubtText(reason.doubt, *link.to)});
+        const std::string place = PlaceOf(ModuleOf(*link.from), link.pos, lines);
+        return Filled(Text::ReasonPossible, {Utf8Path(*link.to), place, DoubtText(reason.doubt, *link.to)});
     }
-    const std::string place = entry.modul ? PlaceText(*entry.modul, entry.pos) : std::string();
+    const std::string place = PlaceOf(entry.modul, entry.pos, lines);
     return reason.chain.links.empty() ? Filled(Text::ReasonInString, {place})
                                       : Filled(Text::ReasonFromString, {Utf8Path(*entry.object), place});
 }
@@ -75,9 +75,9 @@ std::string Unreached(const Reason& reason) {
     }
 }
 
-std::string WhyNotBetter(const Grading& grading) {
+std::string WhyNotBetter(const Grading& grading, LineNumbers& lines) {
     const std::string of = grading.of ? Utf8Path(*grading.of) : std::string();
-    const std::string place = grading.modul ? PlaceText(*grading.modul, grading.pos) : std::string();
+    const std::string place = PlaceOf(grading.modul, grading.pos, lines);
     switch (grading.reason) {
         case GradeReason::ShiftsMembers:
             return Utf8TextNr(Text::GradeShifts);
@@ -116,7 +116,7 @@ std::string WhyNotBetter(const Grading& grading) {
 
 }  // namespace
 
-std::string SentenceOf(const Reason& reason) {
+std::string SentenceOf(const Reason& reason, LineNumbers& lines) {
     switch (reason.kind) {
         case ReasonKind::None:
             return Utf8TextNr(Text::ReasonNone);
@@ -125,7 +125,7 @@ std::string SentenceOf(const Reason& reason) {
         case ReasonKind::Kept:
             return Kept(reason);
         case ReasonKind::OnlyPossible:
-            return OnlyPossible(reason);
+            return OnlyPossible(reason, lines);
         case ReasonKind::NoCaller:
         case ReasonKind::DeadCallers:
         case ReasonKind::Ring:
@@ -148,11 +148,12 @@ std::string TextOf(Grade grade) {
     return Utf8TextNr(Text::GradeCannotTell);
 }
 
-std::string SentenceOf(const CodeObject& object, const Grading& grading) {
-    std::string sentence = grading.grade == Grade::Living   ? Utf8TextNr(Text::IsAlive)
-                           : grading.grade == Grade::Sure   ? Utf8TextNr(Text::CanGoSurely)
-                           : grading.grade == Grade::Likely ? Filled(Text::CanGoLikely, {WhyNotBetter(grading)})
-                                                            : Filled(Text::CannotTellIfGo, {WhyNotBetter(grading)});
+std::string SentenceOf(const CodeObject& object, const Grading& grading, LineNumbers& lines) {
+    std::string sentence = grading.grade == Grade::Living ? Utf8TextNr(Text::IsAlive)
+                           : grading.grade == Grade::Sure ? Utf8TextNr(Text::CanGoSurely)
+                           : grading.grade == Grade::Likely
+                               ? Filled(Text::CanGoLikely, {WhyNotBetter(grading, lines)})
+                               : Filled(Text::CannotTellIfGo, {WhyNotBetter(grading, lines)});
     if (grading.leftAlone)
         sentence += " (" + Filled(Text::LeftAlone, {object.Utf8(grading.leftAlone->comment)}) + ")";
     return sentence;
@@ -203,7 +204,6 @@ std::string Utf8Path(const CodeObject& object) {
     return object.Utf8(object.CodePathOrg());
 }
 
-std::string PlaceText(const clsModul& modul, Pos pos) {
-    const std::string line = modul.text ? " " + std::to_string(LineOf(modul.text->ModulTextOrg(), pos)) : std::string();
-    return modul.Utf8(modul.myNameOrg()) + line;
+std::string PlaceText(const clsModul& modul, int line) {
+    return modul.Utf8(modul.myNameOrg()) + " " + std::to_string(line);
 }

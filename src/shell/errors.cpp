@@ -169,8 +169,8 @@ void ProblemList::Add(Problem problem) {
 }
 
 void ProblemList::ForgetOf(std::string_view subject) {
-    std::erase_if(problems_, [&](const Problem& problem) { return problem.subject == subject; });
-    FindPlaces();
+    if (std::erase_if(problems_, [&](const Problem& problem) { return problem.subject == subject; }) > 0)
+        FindPlaces();
 }
 
 void ProblemList::Rephrase(std::string_view tag, std::string_view subject, std::string_view beginning,

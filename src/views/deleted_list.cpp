@@ -144,7 +144,7 @@ void DeletedList::Refresh() {
     if (count > 0)
         table_->selectRow(std::clamp(selected, 0, count - 1));
     cmdUndoAll_->setEnabled(count > 0);
-    cmdSave_->setEnabled(!deletions_->Unsaved().empty());
+    cmdSave_->setEnabled(deletions_->HasUnsaved());
     ShowSelected();
 }
 

@@ -327,7 +327,7 @@ void frmMain::Restore() {
 
 // What is not saved names its file, and that says enough.
 bool frmMain::MayClose() {
-    if (graph_->IsUnsaved() || !workspace_.Deleted().Unsaved().empty())
+    if (graph_->IsUnsaved() || workspace_.Deleted().HasUnsaved())
         return MayLeave();
     return !gProjekt || settings_.AskAtClosing == 0 || AskYesNo(gText.TextNr(Text::AskExit));
 }

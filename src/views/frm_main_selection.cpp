@@ -211,7 +211,7 @@ Situation frmMain::Now() const {
 // The project first, then the diagram; what is not saved has a mark after its name.
 void frmMain::ShowTitle() {
     QString title = ToQString(kProgramTitle);
-    const bool isEdited = gProjekt && !workspace_.Deleted().Unsaved().empty();
+    const bool isEdited = gProjekt && workspace_.Deleted().HasUnsaved();
     if (gProjekt) {
         const auto mark = [](bool isUnsaved) { return isUnsaved ? QStringLiteral("[*]") : QString(); };
         const QString graph = graph_->TitlePart();

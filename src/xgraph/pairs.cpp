@@ -7,8 +7,7 @@
 #include <utility>
 
 #include "model/clsModul.h"
-#include "source/lines.h"
-#include "source/module_text.h"
+#include "model/line_numbers.h"
 
 namespace {
 
@@ -74,8 +73,9 @@ std::vector<GraphPair> GraphPairs(const std::vector<Connector>& connectors) {
 
 std::vector<CallLine> CallLinesOf(const GraphPair& pair) {
     std::vector<CallLine> lines;
+    LineNumbers lineNumbers;
     for (const clsCall* call : pair.calls)
         if (const clsModul& modul = call->CallerModule(); modul.text)
-            lines.push_back({call, &call->Caller(), LineOf(modul.text->ModulTextOrg(), call->CallPos)});
+            lines.push_back({call, &call->Caller(), lineNumbers.Of(modul, call->CallPos)});
     return lines;
 }

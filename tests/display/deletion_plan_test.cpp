@@ -1,6 +1,7 @@
 #include "display/deletion_plan.h"
 
 #include "display/local_uses.h"
+#include "display/tree_checks.h"
 #include "support/workspace_test.h"
 
 namespace {
@@ -65,6 +66,27 @@ TEST_F(PlanningDeletions, AControlNamesThoseInIt) {
     ReadProject({{"F.frm", "Begin VB.Form F\n Begin VB.Frame fra\n  Begin VB.TextBox txt\n  End\n End\nEnd\nDim a\n"}});
     EXPECT_THAT(RowsFor({"f.fra"}).front().inside, ElementsAre("txt"));
     EXPECT_THAT(RowsFor({"f.txt"}).front().inside, IsEmpty());
+}
+
+TEST_F(PlanningDeletions, WhatStaysKeepsAllThatItLeadsTo) {
+    const auto type = [](const std::string& name, const std::string& member) {
+        return "Public Type " + name + "\nx As " + member + "\nEnd Type\n";
+    };
+    ReadProject({{"A.bas", "Public v As First\n"},
+                 {"B.bas", type("Third", "Long") + type("Second", "Third") + type("First", "Second") +
+                               type("Inner", "Long") + type("Outer", "Inner")}});
+    Analyse();
+    const auto dead = [](std::initializer_list<std::string_view> modules) {
+        CheckedObjects checked;
+        for (const std::string_view modul : modules)
+            checked.Add(ObjectAt(modul));
+        std::string paths;
+        for (const CodeObject* object : DeadAmong(*gProjekt, checked))
+            paths.append(paths.empty() ? "" : " ").append(object->CodePathOrg());
+        return paths;
+    };
+    EXPECT_EQ(dead({"b"}), "B.Inner [Type] B.Outer [Type]");
+    EXPECT_EQ(dead({"a", "b"}), "A.v B.Third [Type] B.Second [Type] B.First [Type] B.Inner [Type] B.Outer [Type]");
 }
 
 TEST_F(DeletingInWorkspace, TheDeadGoWithWhatOnlyTheyName) {

@@ -124,6 +124,27 @@ TEST_F(Deleting, WhatIsAroundAnObjectComesBackBeforeIt) {
     EXPECT_FALSE(project.projekt->GetModuleFromCodePath("a")->isEdited);
 }
 
+TEST_F(Deleting, WhatSeveralDeletionsEncloseComesBackAfterAllOfThem) {
+    MemoryFiles files{
+        {"p\\P.vbp", std::string(kProject)},
+        {"p\\A.bas", "Sub a()\r\n  Dim x, y\r\nEnd Sub\r\nSub b()\r\nEnd Sub\r\nSub c()\r\n  Dim z\r\nEnd Sub\r\n"}};
+    const ScriptedQuestions goOn{};
+    const auto projekt = Open(files, "p\\P.vbp");
+    const std::string whole(projekt->GetModuleFromCodePath("a")->text->ModulTextOrg());
+    Deletions deletions;
+    for (const char* path : {"a.a.x", "a.c.z", "a.a.y", "a.b", "a.a", "a.c"})
+        EXPECT_EQ(deletions.Delete(*projekt, {projekt->GetObjectFromCodePath(path)}).objects, 1) << path;
+    std::string around;
+    for (const Deletion& deletion : deletions.All())
+        around += std::to_string(deletions.Encloses(deletion) ? deletions.Encloses(deletion)->nr : 0) + ' ';
+    EXPECT_EQ(around, "3 6 5 0 0 0 ");
+    EXPECT_FALSE(deletions.Undo(*projekt, {1, 3}));  // the procedure is not back
+    EXPECT_TRUE(deletions.Undo(*projekt, {1, 3, 5, 6}));
+    ASSERT_EQ(deletions.All().size(), 2U);  // of which nothing encloses any now
+    EXPECT_TRUE(deletions.Undo(*projekt, {2, 4}));
+    EXPECT_EQ(projekt->GetModuleFromCodePath("a")->text->ModulTextOrg(), whole);
+}
+
 TEST_F(Deleting, ProceduresOfOneLineComeBackInOrder) {
     constexpr std::string_view whole = "Sub x()\r\nEnd Sub: Sub y()\r\nEnd Sub\r\nSub z()\r\nEnd Sub\r\n";
     MemoryFiles files{{"p\\P.vbp", std::string(kProject)}, {"p\\A.bas", std::string(whole)}};
@@ -137,6 +158,18 @@ TEST_F(Deleting, ProceduresOfOneLineComeBackInOrder) {
     EXPECT_FALSE(deletions.Undo(*projekt, {1}));
     EXPECT_TRUE(deletions.Undo(*projekt, {1, 2}));
     EXPECT_EQ(text(), whole);
+}
+
+TEST_F(Deleting, FilesAreInTheOrderInWhichTheyWereEdited) {
+    SmallProject project;
+    EXPECT_FALSE(project.deletions.HasUnsaved());
+    EXPECT_EQ(project.Delete({"b.main", "a.gone"}).objects, 2);
+    EXPECT_THAT(project.deletions.Unsaved(), testing::ElementsAre("p\\B.bas", "p\\A.bas"));
+    EXPECT_TRUE(project.deletions.HasUnsaved());
+    const std::vector<Deletions::Saved> saved = project.deletions.Save(*project.projekt);
+    ASSERT_EQ(saved.size(), 2U);
+    EXPECT_EQ(saved[0].path, "p\\B.bas");
+    EXPECT_FALSE(project.deletions.HasUnsaved());
 }
 
 TEST_F(Deleting, AFailedSaveHarmsNothing) {
