@@ -8,7 +8,9 @@
 #include "views/code_view.h"
 #include "views/commands.h"
 #include "views/content_stack.h"
+#include "views/dialogs.h"
 #include "views/frm_main.h"
+#include "views/frm_progress.h"
 #include "views/graph_wiring.h"
 #include "views/lower_pane.h"
 #include "views/overview_pane.h"
@@ -226,6 +228,9 @@ void frmMain::ShowTitle() {
 }
 
 void frmMain::OpenFile(const std::string& path) {
+    // A drop or a start with a file can arrive while an operation runs.
+    if (dialogs_.progress->IsRunning())
+        return;
     if (QFileInfo(ToPath(path)).suffix().compare(QStringLiteral("ovg"), Qt::CaseInsensitive) == 0)
         graph_->Open(path);
     else

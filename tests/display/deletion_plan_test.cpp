@@ -112,6 +112,22 @@ TEST_F(DeletingInWorkspace, TheWholeModuleIsShownWhereTheObjectStood) {
     EXPECT_NE(workspace_.Tree().Item("m.unused"), nullptr);
 }
 
+TEST_F(DeletingInWorkspace, EdgesAreLeftAloneBeforeTheyAreMadeAgain) {
+    const auto check = [this](const auto& operation) {
+        edgesGone_ = 0;
+        edgesGoneAtFirstRun_.reset();
+        operation();
+        EXPECT_EQ(edgesGoneAtFirstRun_, 1);
+    };
+    check([this] { workspace_.Delete(workspace_.RowsToDelete("m.unused")); });
+    check([this] { workspace_.UndoDeletions({workspace_.Deleted().All().back().nr}); });
+    check([this] {
+        ChangeFile();
+        workspace_.Refresh();
+    });
+    check([this] { workspace_.ReadCalls(); });
+}
+
 TEST_F(DeletingInWorkspace, RefreshingAsksBeforeItBringsTheTextBack) {
     workspace_.Delete(workspace_.RowsToDelete("m.unused"));
     EXPECT_EQ(workspace_.Refresh().outcome, Workspace::Refreshed::Outcome::NothingChanged);

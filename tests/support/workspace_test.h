@@ -1,6 +1,8 @@
 // A workspace whose project is in memory.
 #pragma once
 
+#include <optional>
+
 #include "display/workspace.h"
 #include "support/project_test.h"
 
@@ -30,13 +32,21 @@ protected:
     MemoryFiles files_;
     Settings settings_;
     int ended_ = 0;
+    int edgesGone_ = 0;
+    std::optional<int> edgesGoneAtFirstRun_;
     std::vector<std::string> asked_;  // which modules may be read again
     bool mayReadAgain_ = false;
     Workspace workspace_{gProjekt,
                          files_,
                          settings_,
-                         {.run = [](const std::string&, bool, const auto& run) { return RunOperation(run); },
+                         {.run =
+                              [this](const std::string&, bool, const auto& run) {
+                                  if (!edgesGoneAtFirstRun_)
+                                      edgesGoneAtFirstRun_ = edgesGone_;
+                                  return RunOperation(run);
+                              },
                           .ends = [this] { ++ended_; },
+                          .edgesGo = [this] { ++edgesGone_; },
                           .askReadAgain =
                               [this](const std::vector<std::string>& paths) {
                                   asked_.insert(asked_.end(), paths.begin(), paths.end());

@@ -295,6 +295,8 @@ TEST_F(BaumViewTest, TextsFollowTheLanguageAndTheFontKeepsItsSizeInAnyFamily) {
     Speak("german");
     view->Texte();
     EXPECT_EQ(view->accessibleName().toStdString(), "Projektbaum");
+    EXPECT_EQ(view->accessibleDescription(), QString());
+    tree.Clear();
     EXPECT_EQ(view->accessibleDescription(), TextNr(Text::EmptyProjectTree));
 
     settings.TreeFont = {23, "No such font anywhere", true, true};

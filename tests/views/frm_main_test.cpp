@@ -493,7 +493,6 @@ TEST_F(MainWindow, ProjectComesBackAsItWasLeft) {
     SettingsFile stored(files_, settings_.Path());
     window_ = std::make_unique<frmMain>(files_, stored, WithoutCalls(), ProgramDirectory());
     window_->show();
-    AnswerNext(QMessageBox::No);
     Open();
     EXPECT_EQ(window_->TheSettings().Split, SplitMode::Calls);
     EXPECT_TRUE(isOpen("modmain"));

@@ -31,16 +31,22 @@ protected:
     static void ClickOn(QWidget& widget) {
         QTest::mouseClick(&widget, Qt::LeftButton, {}, QPoint(8, widget.height() / 2));
     }
-    /// Calls `answer` for the next dialog of that class.
+    void TearDown() override {
+        EXPECT_EQ(unanswered_, 0) << "a dialog has not appeared";
+        ProgramState::TearDown();
+    }
+    /// Calls `answer` for the next dialog of that class, which must appear.
     template <class Dialog, class Answer>
     void OnNext(Answer answer) {
+        ++unanswered_;
         auto* timer = new QTimer(&waiting_);
-        QObject::connect(timer, &QTimer::timeout, timer, [timer, answer = std::move(answer)] {
+        QObject::connect(timer, &QTimer::timeout, timer, [this, timer, answer = std::move(answer)] {
             auto* dialog = qobject_cast<Dialog*>(QApplication::activeModalWidget());
             if (!dialog)
                 return;
             timer->stop();  // the answer can open further dialogs
             timer->deleteLater();
+            --unanswered_;
             answer(*dialog);
         });
         timer->start(1);
@@ -50,4 +56,5 @@ protected:
 
 private:
     QObject waiting_;  // owns the timers of answers
+    int unanswered_ = 0;
 };
