@@ -137,7 +137,7 @@ Json ObjectJson(const CodeObject& object, std::string_view type) {
                  {"access", TextOf(object.Zugriff)},
                  {"type", object.Utf8(type)}};
     if (object.Class() == ObjectClass::Prozedur)
-        json["procedureKind"] = static_cast<const clsProzedur&>(object).ProzedurTypText();
+        json["procedureKind"] = object.Utf8(static_cast<const clsProzedur&>(object).ProzedurTypText());
     json["module"] = object.Utf8(object.Modul->CodePath());
     json["start"] = object.DeclareStart;
     json["end"] = object.DeclareEnd;

@@ -225,6 +225,7 @@ std::vector<std::string> Deletions::Unsaved() const {
             edited.push_back(&file);
     std::ranges::sort(edited, {}, &EditedFile::nr);
     std::vector<std::string> paths;
+    paths.reserve(edited.size());
     for (const EditedFile* file : edited)
         paths.push_back(file->path);
     return paths;

@@ -80,3 +80,9 @@ TEST_F(JsonReports, WholeReportIsTheGoldenFile) {
     }
     ExpectGolden(lines, "json", "P.vbp");
 }
+
+// The kind of an odd accessor is a part of the text.
+TEST_F(JsonReports, EveryTextOfTheSourceIsUtf8) {
+    ReadProject({{"\xDC.bas", "Property Ge\xBC P\xFC(\xE4 As T\xF6)\nEnd Property\nDim \xE9 As \xE8\n"}});
+    EXPECT_NE(Written().dump().find("property ge\u00BC"), std::string::npos);
+}
