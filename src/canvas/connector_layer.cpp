@@ -103,7 +103,7 @@ void ConnectorLayer::PaintDots(DotPainter& dots, const Painted& painted, const s
         dots.Fill({one, other, tip}, colours.Of(painted.look.fill).rgb());
         dots.Draw(tip, one, line);
         dots.Draw(one, other, line);
-        // Or the dashes of all wedges from one symbol would stand in columns.
+        // Or the dashes of all wedges from one symbol would form columns.
         line.phase = qRound(QLineF(tip, one).length());
         dots.Draw(other, tip, line);
         line.phase = 0;

@@ -10,7 +10,7 @@ namespace {
 
 constexpr double kMiddle = 0.5;  // of a dot
 constexpr int kShareBits = 8;    // of a dot that a line covers in part
-constexpr int kPlaceBits = 32;   // of a place behind its point: adding up thousands of steps loses nothing
+constexpr int kPlaceBits = 32;   // of a place after its point: adding up thousands of steps loses nothing
 
 // `share` of the colour, the rest of the ground; two channels at once.
 QRgb Mixed(QRgb ground, QRgb colour, unsigned share) {
@@ -21,7 +21,7 @@ QRgb Mixed(QRgb ground, QRgb colour, unsigned share) {
     return (even >> kShareBits & kEven) | (odd & ~kEven);
 }
 
-// The first dot whose middle is there or behind it.
+// The first dot whose middle is at the place or after it.
 int DotAt(double place) {
     return static_cast<int>(place + kMiddle);
 }

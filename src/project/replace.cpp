@@ -65,7 +65,7 @@ void Replace(clsProjekt& projekt, const std::vector<ModuleChange>& changes, cons
     if (order.empty() && ChangesNothing(changes, read))
         return;
     Modules modules = projekt.TakeModules();
-    // Reading calls shows progress, and the window may look at its objects meanwhile: they go after it has been told.
+    // Reading calls lets the window handle events, and it may use the old objects until the listeners have run.
     Modules gone;
     auto next = read.begin();
     for (const ModuleChange& change : changes) {

@@ -1,7 +1,7 @@
 // A text of bytes as the window shows it, with the mapping between byte positions and places in the shown text.
 //
 // In the shown text every line end is one "\n". Byte positions and places advance together except at line ends and
-// multi-byte characters, so only those places are stored. Marks of direction may stand between the characters; they
+// multi-byte characters, so only those places are stored. Marks of direction may be between the characters; they
 // belong to no byte.
 #pragma once
 

@@ -116,7 +116,7 @@ void ReachList::SetCurrentPlace(int place) {
 void ReachList::SetCurrentObject() {
     const auto row = std::ranges::find(Rows(), Kind::Item, &ReachRow::kind);
     setCurrentIndex(model_->index(row == Rows().end() ? 0 : static_cast<int>(row - Rows().begin())));
-    scrollToTop();  // what stands above says what the rows are
+    scrollToTop();  // what is above says what the rows are
 }
 
 std::string ReachList::KeyAt(const QModelIndex& index) const {
