@@ -537,17 +537,18 @@ private:
     std::uint8_t* stops_ = nullptr;
     TokenTable::Packed* first_ = nullptr;
     TokenTable::Packed* next_ = nullptr;
-    // The current character and the two before it; NUL before the first.
-    unsigned char c_ = 0;
+    // The current character and the two before it; NUL before the first. They are integers because g++ keeps
+    // neighbouring bytes together in one register and then takes them apart at every step.
+    int c_ = 0;
+    int p1_ = 0;
+    int p2_ = 0;
     Pos tokStart_ = 1;
-    unsigned char p1_ = 0;
     bool pending_ = false;  // there is a running text
+    bool tokensInStatement_ = false;
     bool inComment_ = false;
     bool inString_ = false;
     bool scanning_ = true;
     bool awaitResume_ = false;
-    bool tokensInStatement_ = false;
-    unsigned char p2_ = 0;
 };
 
 }  // namespace
