@@ -22,10 +22,8 @@ struct WalkedModule {
 };
 
 // Reads the model and changes nothing that other threads see, so that modules can be walked side by side.
-WalkedModule Walk(const clsProjekt& projekt, clsModul& modul, ModuleNames& names) {
-    FoundCalls found;
+WalkedModule Walk(const clsProjekt& projekt, clsModul& modul, ModuleNames& names, FoundCalls& found) {
     ModuleReader reader(modul);
-    found.Reserve(static_cast<std::size_t>(reader.tokens.Count()) / 10);
     names.TurnTo(modul);
     int first = modul.TokNrBeginnVarBereich;
     Analyse_CallsVarBereich(reader, names, first, modul.TokNrBeginnProcBereich - 1, found);
@@ -50,12 +48,13 @@ void Who_Calls_Who(clsProjekt& projekt) {
     gProgress().Range(0, projekt.CountAllModules());
     const std::vector<clsModul*> modules = projekt.AllModules();
     std::vector<ModuleNames> names;
+    std::vector<FoundCalls> foundBy(WorkAhead<int>::Workers());
     for (std::size_t worker = 0; worker < WorkAhead<int>::Workers(); ++worker)
         names.emplace_back(projekt);
     std::vector<std::vector<clsCall>> found;
     {
         WorkAhead<WalkedModule> walks(modules.size(), [&](std::size_t nr, std::size_t worker) {
-            return Walk(projekt, *modules[nr], names[worker]);
+            return Walk(projekt, *modules[nr], names[worker], foundBy[worker]);
         });
         for (clsModul* modul : modules) {
             if (gAbort)

@@ -9,7 +9,6 @@
 /// nothing else.
 class FoundCalls {
 public:
-    void Reserve(std::size_t edges) { found_.reserve(edges); }
     /// @param caller  a procedure, or a module for its declarations section
     void CallCreate(CodeObject& target, CodeObject& caller, CallType type, Pos pos) {
         found_.emplace_back(target, caller, type, pos);
@@ -18,10 +17,11 @@ public:
     [[nodiscard]] bool EndsAt(Pos pos) const { return !found_.empty() && found_.back().CallPos == pos; }
     /// A use. A target that cannot be used is left out.
     void CallUseCreate(CodeObject& target, CodeObject& caller, Pos pos);
-    /// Moves the edges out, without spare capacity.
+    /// Returns the edges and forgets them; the memory serves the next module.
     [[nodiscard]] std::vector<clsCall> Take() {
-        found_.shrink_to_fit();
-        return std::move(found_);
+        std::vector<clsCall> taken(found_.begin(), found_.end());
+        found_.clear();
+        return taken;
     }
 
 private:
