@@ -29,7 +29,7 @@ std::vector<clsModul*> Joined(std::initializer_list<const clsCollection<clsModul
 }  // namespace
 
 clsProjekt::clsProjekt(Files& files, const CodePage& page)
-    : files_(files), names_(page), index_(std::make_unique<PublicIndex>(Memory())) {
+    : files_(files), names_(page, Memory()), index_(std::make_unique<PublicIndex>(Memory())) {
     CondComps_Win32_Win16(true);
 }
 

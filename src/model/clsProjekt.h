@@ -28,7 +28,7 @@ public:
     [[nodiscard]] Files& TheFiles() const { return files_; }
     [[nodiscard]] Names& TheNames() { return names_; }
     [[nodiscard]] const Names& TheNames() const { return names_; }
-    /// Where the arenas of its modules get their blocks.
+    /// Where its names and the arenas of its modules get their blocks.
     [[nodiscard]] std::pmr::memory_resource* Memory() { return &memory_; }
 
     std::string MyName;             // from the line Name=, as found

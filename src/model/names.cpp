@@ -9,7 +9,6 @@ const Name::Entry Name::kEmpty{&Name::kEmpty, 0, 0, 0, {}};
 
 namespace {
 
-constexpr std::size_t kBlockSize = std::size_t{1} << 14;
 constexpr std::size_t kFirstSlots = std::size_t{1} << 16;  // of all parts; enough for half a million lines
 
 std::uint64_t Mix(std::uint64_t value) {
@@ -66,7 +65,10 @@ std::uint32_t Name::HashOf(std::string_view text) {
     return static_cast<std::uint32_t>(hash ^ (hash >> 32));
 }
 
-Names::Names(const CodePage& page) : page_(page) {}
+Names::Names(const CodePage& page, std::pmr::memory_resource* memory) : page_(page) {
+    for (std::size_t part = 0; part < kParts; ++part)
+        parts_.emplace_back(memory);
+}
 
 Name Names::Find(std::string_view text) const {
     if (text.empty())
@@ -91,15 +93,13 @@ const Name::Entry* Names::EntryOf(std::string_view text) {
     return part.Intern(text, hash, lowerEntry);
 }
 
-Names::Part::Part() {
-    table_ = tables_.emplace_back(std::make_unique<Table>(kFirstSlots / kParts)).get();
+Names::Part::Part(std::pmr::memory_resource* memory) : memory_(memory) {
+    table_ = &memory_.New<Table>(kFirstSlots / kParts, &memory_);
 }
 
-// The entry, or null with the slot where it belongs.
-const Name::Entry* Names::Part::FindIn(const Table& table, std::string_view text, std::uint32_t hash,
-                                       std::size_t& slot) {
-    for (slot = hash & table.mask;; slot = (slot + 1) & table.mask) {
-        const Name::Entry* const entry = table.slots[slot].load(std::memory_order_acquire);
+const Name::Entry* Names::Table::Find(std::string_view text, std::uint32_t hash, std::size_t& slot) const {
+    for (slot = hash & mask;; slot = (slot + 1) & mask) {
+        const Name::Entry* const entry = slots[slot].load(std::memory_order_acquire);
         if (!entry)
             return nullptr;
         if (entry->hash == hash && std::string_view(entry->chars, entry->length) == text)
@@ -109,37 +109,27 @@ const Name::Entry* Names::Part::FindIn(const Table& table, std::string_view text
 
 const Name::Entry* Names::Part::Find(std::string_view text, std::uint32_t hash) const {
     std::size_t slot = 0;
-    return FindIn(*table_.load(std::memory_order_acquire), text, hash, slot);
+    return table_.load(std::memory_order_acquire)->Find(text, hash, slot);
 }
 
 const Name::Entry* Names::Part::Intern(std::string_view text, std::uint32_t hash, const Name::Entry* lower) {
     const std::lock_guard lock(mutex_);
-    Table& table = *tables_.back();
+    Table& table = *table_.load(std::memory_order_relaxed);
     std::size_t slot = 0;
-    if (const Name::Entry* known = FindIn(table, text, hash, slot))
+    if (const Name::Entry* known = table.Find(text, hash, slot))
         return known;  // another thread has added it meanwhile
     Name::Entry* entry = NewEntry(text, hash);
     if (lower)
         entry->lower = lower;
     table.slots[slot].store(entry, std::memory_order_release);
-    if (++used_ * 4 > table.slots.size() * 3)
+    if (++used_ * 2 > table.slots.size())
         Grow();
     return entry;
 }
 
 Name::Entry* Names::Part::NewEntry(std::string_view text, std::uint32_t hash) {
-    constexpr std::size_t kAlign = alignof(Name::Entry);
-    const std::size_t size =
-        std::max(sizeof(Name::Entry), (offsetof(Name::Entry, chars) + text.size() + kAlign - 1) / kAlign * kAlign);
-    if (size > freeLeft_) {
-        const std::size_t block = std::max(kBlockSize, size);
-        blocks_.push_back(std::make_unique_for_overwrite<char[]>(block));
-        free_ = blocks_.back().get();
-        freeLeft_ = block;
-    }
-    char* place = free_;
-    free_ += size;
-    freeLeft_ -= size;
+    const std::size_t size = std::max(sizeof(Name::Entry), offsetof(Name::Entry, chars) + text.size());
+    auto* const place = static_cast<char*>(memory_.allocate(size, alignof(Name::Entry)));
     auto* entry = new (place) Name::Entry;
     entry->lower = entry;
     entry->hash = hash;
@@ -150,16 +140,16 @@ Name::Entry* Names::Part::NewEntry(std::string_view text, std::uint32_t hash) {
 }
 
 void Names::Part::Grow() {
-    auto larger = std::make_unique<Table>(tables_.back()->slots.size() * 2);
-    for (const auto& slot : tables_.back()->slots) {
+    const Table& full = *table_.load(std::memory_order_relaxed);
+    Table& larger = memory_.New<Table>(full.slots.size() * 2, &memory_);
+    for (const auto& slot : full.slots) {
         const Name::Entry* const entry = slot.load(std::memory_order_relaxed);
         if (!entry)
             continue;
-        std::size_t to = entry->hash & larger->mask;
-        while (larger->slots[to].load(std::memory_order_relaxed))
-            to = (to + 1) & larger->mask;
-        larger->slots[to].store(entry, std::memory_order_relaxed);
+        std::size_t to = entry->hash & larger.mask;
+        while (larger.slots[to].load(std::memory_order_relaxed))
+            to = (to + 1) & larger.mask;
+        larger.slots[to].store(entry, std::memory_order_relaxed);
     }
-    table_.store(larger.get(), std::memory_order_release);
-    tables_.push_back(std::move(larger));
+    table_.store(&larger, std::memory_order_release);
 }

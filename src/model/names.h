@@ -3,14 +3,15 @@
 // allocates nothing.
 #pragma once
 
-#include <array>
 #include <atomic>
 #include <cstdint>
-#include <memory>
+#include <deque>
+#include <memory_resource>
 #include <mutex>
 #include <string_view>
 #include <vector>
 
+#include "model/arena.h"
 #include "platform/code_page.h"
 
 class Name {
@@ -50,7 +51,8 @@ private:
 class Names {
 public:
     /// @param page  of the project's sources: decides which letters are the same in lower case
-    explicit Names(const CodePage& page);
+    /// @param memory  gives the memory of the names; must outlive the pool
+    explicit Names(const CodePage& page, std::pmr::memory_resource* memory = std::pmr::get_default_resource());
     Names(const Names&) = delete;
     Names& operator=(const Names&) = delete;
 
@@ -63,34 +65,31 @@ public:
 private:
     // Entries are never removed, so a reader that finds a free slot has seen all entries that existed when it began.
     struct Table {
-        explicit Table(std::size_t size) : mask(size - 1), slots(size) {}
+        Table(std::size_t size, std::pmr::memory_resource* memory) : mask(size - 1), slots(size, memory) {}
+        /// The entry, or null with the slot where it belongs.
+        [[nodiscard]] const Name::Entry* Find(std::string_view text, std::uint32_t hash, std::size_t& slot) const;
         std::size_t mask;
-        std::vector<std::atomic<const Name::Entry*>> slots;
+        std::pmr::vector<std::atomic<const Name::Entry*>> slots;
     };
     class alignas(64) Part {
     public:
-        Part();
+        explicit Part(std::pmr::memory_resource* memory);
         [[nodiscard]] const Name::Entry* Find(std::string_view text, std::uint32_t hash) const;
         /// @param lower  entry of the lower-case form; null when the text is its own
         const Name::Entry* Intern(std::string_view text, std::uint32_t hash, const Name::Entry* lower);
 
     private:
-        [[nodiscard]] static const Name::Entry* FindIn(const Table& table, std::string_view text, std::uint32_t hash,
-                                                       std::size_t& slot);
         Name::Entry* NewEntry(std::string_view text, std::uint32_t hash);
         void Grow();
-        std::atomic<const Table*> table_ = nullptr;   // the last of tables_
-        std::mutex mutex_;                            // guards all below
-        std::vector<std::unique_ptr<Table>> tables_;  // earlier tables stay, as another thread may be reading them
+        std::atomic<Table*> table_;
+        std::mutex mutex_;  // guards all below
+        Arena memory_;      // earlier tables stay in it, as another thread may be reading them
         std::size_t used_ = 0;
-        std::vector<std::unique_ptr<char[]>> blocks_;
-        char* free_ = nullptr;
-        std::size_t freeLeft_ = 0;
     };
     static constexpr std::size_t kParts = 16;
     [[nodiscard]] static std::size_t PartOf(std::uint32_t hash) { return hash >> 28; }
     [[nodiscard]] const Name::Entry* EntryOf(std::string_view text);
 
     CodePage page_;
-    std::array<Part, kParts> parts_;
+    std::deque<Part> parts_;
 };
