@@ -9,7 +9,7 @@ const Name::Entry Name::kEmpty{&Name::kEmpty, 0, 0, 0, {}};
 
 namespace {
 
-constexpr std::size_t kFirstSlots = std::size_t{1} << 16;  // of all parts; enough for half a million lines
+constexpr std::size_t kFirstSlots = std::size_t{1} << 15;  // of all parts; enough for a quarter of a million lines
 
 std::uint64_t Mix(std::uint64_t value) {
     value *= 0x9E3779B97F4A7C15U;
@@ -99,10 +99,10 @@ Names::Part::Part(std::pmr::memory_resource* memory) : memory_(memory) {
 
 const Name::Entry* Names::Table::Find(std::string_view text, std::uint32_t hash, std::size_t& slot) const {
     for (slot = hash & mask;; slot = (slot + 1) & mask) {
-        const Name::Entry* const entry = slots[slot].load(std::memory_order_acquire);
+        const Name::Entry* const entry = slots[slot].entry.load(std::memory_order_acquire);
         if (!entry)
             return nullptr;
-        if (entry->hash == hash && std::string_view(entry->chars, entry->length) == text)
+        if (slots[slot].hash == hash && std::string_view(entry->chars, entry->length) == text)
             return entry;
     }
 }
@@ -121,8 +121,9 @@ const Name::Entry* Names::Part::Intern(std::string_view text, std::uint32_t hash
     Name::Entry* entry = NewEntry(text, hash);
     if (lower)
         entry->lower = lower;
-    table.slots[slot].store(entry, std::memory_order_release);
-    if (++used_ * 2 > table.slots.size())
+    table.slots[slot].hash = hash;
+    table.slots[slot].entry.store(entry, std::memory_order_release);
+    if (++used_ * 4 > table.slots.size() * 3)
         Grow();
     return entry;
 }
@@ -142,14 +143,15 @@ Name::Entry* Names::Part::NewEntry(std::string_view text, std::uint32_t hash) {
 void Names::Part::Grow() {
     const Table& full = *table_.load(std::memory_order_relaxed);
     Table& larger = memory_.New<Table>(full.slots.size() * 2, &memory_);
-    for (const auto& slot : full.slots) {
-        const Name::Entry* const entry = slot.load(std::memory_order_relaxed);
+    for (const Slot& slot : full.slots) {
+        const Name::Entry* const entry = slot.entry.load(std::memory_order_relaxed);
         if (!entry)
             continue;
-        std::size_t to = entry->hash & larger.mask;
-        while (larger.slots[to].load(std::memory_order_relaxed))
+        std::size_t to = slot.hash & larger.mask;
+        while (larger.slots[to].entry.load(std::memory_order_relaxed))
             to = (to + 1) & larger.mask;
-        larger.slots[to].store(entry, std::memory_order_relaxed);
+        larger.slots[to].hash = slot.hash;
+        larger.slots[to].entry.store(entry, std::memory_order_relaxed);
     }
     table_.store(&larger, std::memory_order_release);
 }

@@ -64,12 +64,16 @@ public:
 
 private:
     // Entries are never removed, so a reader that finds a free slot has seen all entries that existed when it began.
+    struct Slot {
+        std::uint32_t hash = 0;  // of the entry, so that entries of other hashes are not looked at
+        std::atomic<const Name::Entry*> entry = nullptr;
+    };
     struct Table {
         Table(std::size_t size, std::pmr::memory_resource* memory) : mask(size - 1), slots(size, memory) {}
         /// The entry, or null with the slot where it belongs.
         [[nodiscard]] const Name::Entry* Find(std::string_view text, std::uint32_t hash, std::size_t& slot) const;
         std::size_t mask;
-        std::pmr::vector<std::atomic<const Name::Entry*>> slots;
+        std::pmr::vector<Slot> slots;
     };
     class alignas(64) Part {
     public:
