@@ -93,8 +93,13 @@ const Name::Entry* Names::EntryOf(std::string_view text) {
     return part.Intern(text, hash, lowerEntry);
 }
 
-Names::Part::Part(std::pmr::memory_resource* memory) : memory_(memory) {
-    table_ = &memory_.New<Table>(kFirstSlots / kParts, &memory_);
+void Names::FreeOutgrown() {
+    for (Part& part : parts_)
+        part.FreeOutgrown();
+}
+
+Names::Part::Part(std::pmr::memory_resource* memory) : memory_(memory), entries_(memory) {
+    table_ = tables_.emplace_back(std::make_unique<Table>(kFirstSlots / kParts, memory)).get();
 }
 
 const Name::Entry* Names::Table::Find(std::string_view text, std::uint32_t hash, std::size_t& slot) const {
@@ -114,7 +119,7 @@ const Name::Entry* Names::Part::Find(std::string_view text, std::uint32_t hash) 
 
 const Name::Entry* Names::Part::Intern(std::string_view text, std::uint32_t hash, const Name::Entry* lower) {
     const std::lock_guard lock(mutex_);
-    Table& table = *table_.load(std::memory_order_relaxed);
+    Table& table = *tables_.back();
     std::size_t slot = 0;
     if (const Name::Entry* known = table.Find(text, hash, slot))
         return known;  // another thread has added it meanwhile
@@ -130,7 +135,7 @@ const Name::Entry* Names::Part::Intern(std::string_view text, std::uint32_t hash
 
 Name::Entry* Names::Part::NewEntry(std::string_view text, std::uint32_t hash) {
     const std::size_t size = std::max(sizeof(Name::Entry), offsetof(Name::Entry, chars) + text.size());
-    auto* const place = static_cast<char*>(memory_.allocate(size, alignof(Name::Entry)));
+    auto* const place = static_cast<char*>(entries_.allocate(size, alignof(Name::Entry)));
     auto* entry = new (place) Name::Entry;
     entry->lower = entry;
     entry->hash = hash;
@@ -141,17 +146,17 @@ Name::Entry* Names::Part::NewEntry(std::string_view text, std::uint32_t hash) {
 }
 
 void Names::Part::Grow() {
-    const Table& full = *table_.load(std::memory_order_relaxed);
-    Table& larger = memory_.New<Table>(full.slots.size() * 2, &memory_);
-    for (const Slot& slot : full.slots) {
+    auto larger = std::make_unique<Table>(tables_.back()->slots.size() * 2, memory_);
+    for (const Slot& slot : tables_.back()->slots) {
         const Name::Entry* const entry = slot.entry.load(std::memory_order_relaxed);
         if (!entry)
             continue;
-        std::size_t to = slot.hash & larger.mask;
-        while (larger.slots[to].entry.load(std::memory_order_relaxed))
-            to = (to + 1) & larger.mask;
-        larger.slots[to].hash = slot.hash;
-        larger.slots[to].entry.store(entry, std::memory_order_relaxed);
+        std::size_t to = slot.hash & larger->mask;
+        while (larger->slots[to].entry.load(std::memory_order_relaxed))
+            to = (to + 1) & larger->mask;
+        larger->slots[to].hash = slot.hash;
+        larger->slots[to].entry.store(entry, std::memory_order_relaxed);
     }
-    table_.store(&larger, std::memory_order_release);
+    table_.store(larger.get(), std::memory_order_release);
+    tables_.push_back(std::move(larger));
 }

@@ -6,6 +6,7 @@
 #include <atomic>
 #include <cstdint>
 #include <deque>
+#include <memory>
 #include <memory_resource>
 #include <mutex>
 #include <string_view>
@@ -61,6 +62,8 @@ public:
     Name Intern(std::string_view text) { return Name(EntryOf(text)); }
     /// The name of this spelling if the pool has it; else the result is not Known().
     [[nodiscard]] Name Find(std::string_view text) const;
+    /// Frees tables that were outgrown. No other thread may use the pool at that moment.
+    void FreeOutgrown();
 
 private:
     // Entries are never removed, so a reader that finds a free slot has seen all entries that existed when it began.
@@ -81,14 +84,17 @@ private:
         [[nodiscard]] const Name::Entry* Find(std::string_view text, std::uint32_t hash) const;
         /// @param lower  entry of the lower-case form; null when the text is its own
         const Name::Entry* Intern(std::string_view text, std::uint32_t hash, const Name::Entry* lower);
+        void FreeOutgrown() { tables_.erase(tables_.begin(), tables_.end() - 1); }
 
     private:
         Name::Entry* NewEntry(std::string_view text, std::uint32_t hash);
         void Grow();
-        std::atomic<Table*> table_;
-        std::mutex mutex_;  // guards all below
-        Arena memory_;      // earlier tables stay in it, as another thread may be reading them
+        std::pmr::memory_resource* memory_;
+        std::atomic<const Table*> table_;             // the last of tables_
+        std::mutex mutex_;                            // guards all below
+        std::vector<std::unique_ptr<Table>> tables_;  // earlier tables stay, as another thread may be reading them
         std::size_t used_ = 0;
+        Arena entries_;
     };
     static constexpr std::size_t kParts = 16;
     [[nodiscard]] static std::size_t PartOf(std::uint32_t hash) { return hash >> 28; }

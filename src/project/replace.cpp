@@ -64,6 +64,7 @@ void Replace(clsProjekt& projekt, const std::vector<ModuleChange>& changes, cons
     std::vector<std::unique_ptr<clsModul>> read = ReadChanged(projekt, changes, taken);
     if (order.empty() && ChangesNothing(changes, read))
         return;
+    projekt.TheNames().FreeOutgrown();
     Modules modules = projekt.TakeModules();
     // Reading calls lets the window handle events, and it may use the old objects until the listeners have run.
     Modules gone;
