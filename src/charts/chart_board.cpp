@@ -159,11 +159,12 @@ void ChartBoard::ShowMenu(const QPoint& place) {
     menu.addSeparator();
     menu.addAction(TextNr(Text::SaveTable), this, &ChartBoard::SaveTable);
     menu.addAction(TextNr(Text::CopyTable), this, &ChartBoard::CopyTable);
+    Q_EMIT MenuFilled(menu);
     menu.exec(place);
 }
 
 QString ChartBoard::AskFile(const QStringList& filters, const QString& suffix) {
-    QFileDialog dialog(this, TextNr(NameOf(Type())), saveDirectory_);
+    QFileDialog dialog(this, TextNr(NameOf(Type())), saveDirectory_.isEmpty() ? startDirectory_ : saveDirectory_);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setNameFilters(filters);
     dialog.setDefaultSuffix(suffix);

@@ -10,6 +10,7 @@
 class ChartView;
 class QComboBox;
 class QLabel;
+class QMenu;
 class QPushButton;
 class QScrollBar;
 class QStackedLayout;
@@ -32,6 +33,8 @@ public:
     /// How far the bars are moved to the right, in pixels.
     [[nodiscard]] int ScrolledBy() const;
     void ScrollTo(int pixels);
+    /// Where dialogs for files start until one was used.
+    void SaveIn(const QString& folder) { startDirectory_ = folder; }
     [[nodiscard]] ChartView& View() const { return *view_; }
 
     void Texte();
@@ -42,6 +45,8 @@ Q_SIGNALS:
     void ModulePicked(const std::string& key);
     /// The button beside the hint.
     void HintClicked();
+    /// The context menu is about to open.
+    void MenuFilled(QMenu& menu);
     /// A file could not be written.
     void NotWritten(const QString& path);
 
@@ -64,5 +69,5 @@ private:
     QLabel* hint_;
     QPushButton* hintButton_;
     Text hintText_ = Text::None, hintButtonText_ = Text::None;
-    QString saveDirectory_;
+    QString startDirectory_, saveDirectory_;
 };

@@ -629,4 +629,5 @@ enum class Text {
     CopyLibrary = 685,
     CountCalls = 686,
     Connectors = 687,
+    ClearSearch = 688,
 };

@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QFileInfo>
 #include <QLabel>
 #include <QLayout>
 #include <QTabBar>
@@ -10,7 +11,10 @@
 #include <functional>
 #include <vector>
 
+#include "model/clsProjekt.h"
+#include "project/start.h"
 #include "views/mnemonics.h"
+#include "widgets/qt_text.h"
 
 void AssignMnemonics(QWidget& window, std::initializer_list<const QWidget*> without) {
     std::set<QChar> taken;
@@ -63,6 +67,10 @@ void AssignMnemonics(QWidget& window, std::initializer_list<const QWidget*> with
 QWidget* DialogParent(QWidget* window) {
     QWidget* modal = QApplication::activeModalWidget();
     return modal ? modal : window;
+}
+
+QString FolderFor(const QString& last) {
+    return last.isEmpty() && gProjekt ? QFileInfo(ToPath(gProjekt->FullPath)).absolutePath() : last;
 }
 
 void GrowToFit(QWidget& window) {

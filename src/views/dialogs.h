@@ -1,6 +1,7 @@
-// Shared by all dialogs: mnemonics, the parent window, and the height of wrapped texts.
+// Shared by all dialogs: mnemonics, the parent window, the folder they start in, and the height of wrapped texts.
 #pragma once
 
+#include <QString>
 #include <initializer_list>
 
 class QWidget;
@@ -13,6 +14,9 @@ void AssignMnemonics(QWidget& window, std::initializer_list<const QWidget*> with
 
 /// The parent for a dialog: the active modal window, otherwise `window`.
 [[nodiscard]] QWidget* DialogParent(QWidget* window);
+
+/// Where a dialog for files starts: in the folder used last for its purpose, the first time in the project's.
+[[nodiscard]] QString FolderFor(const QString& last);
 
 /// Increases the height of `window` to fit its wrapped texts, which are cut off otherwise on small screens.
 void GrowToFit(QWidget& window);

@@ -34,7 +34,7 @@ GraphFiles::GraphFiles(GraphCanvas& canvas, Files& files, SettingsFile& settings
     : QObject(window), canvas_(canvas), files_(files), settings_(settings), window_(window) {}
 
 void GraphFiles::GraphOpen() {
-    QFileDialog dialog(window_, TextNr(Text::OpenGraph), gGraphDir_, Filter());
+    QFileDialog dialog(window_, TextNr(Text::OpenGraph), FolderFor(gGraphDir_), Filter());
     dialog.setFileMode(QFileDialog::ExistingFile);
     dialog.setDefaultSuffix(QStringLiteral("ovg"));
     if (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty())
@@ -76,7 +76,7 @@ bool GraphFiles::GraphSave() {
 }
 
 bool GraphFiles::SaveAs() {
-    QFileDialog dialog(window_, TextNr(Text::SaveGraph), gGraphDir_, Filter());
+    QFileDialog dialog(window_, TextNr(Text::SaveGraph), FolderFor(gGraphDir_), Filter());
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("ovg"));
     dialog.setOption(QFileDialog::DontConfirmOverwrite);  // asked below, in the program's own words

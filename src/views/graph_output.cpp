@@ -44,7 +44,7 @@ ExportChoice GraphOutput::LastChoice() const {
     const QStringList words =
         QString::fromStdString(file_.ReadString(kSection, kKey, "bmp", 80)).split(QLatin1Char(' '));
     ExportChoice choice;
-    choice.directory = gExportDir_;
+    choice.directory = FolderFor(gExportDir_);
     choice.suffix = words.value(0);
     if (const int scale = words.value(1).toInt(); scale > 0)
         choice.scale = scale;

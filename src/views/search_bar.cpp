@@ -132,6 +132,8 @@ SearchBar::SearchBar(QWidget* parent)
 void SearchBar::Texte() {
     field_->setPlaceholderText(TextNr(Text::FindField));
     field_->setAccessibleName(TextNr(Text::FindField));
+    if (auto* const clear = field_->findChild<QAction*>(QStringLiteral("_q_qlineeditclearaction")))
+        clear->setText(TextNr(Text::ClearSearch));  // Qt's own action has no text, and its button no name
     field_->setToolTip(TextNr(Text::FindTip));
     view_->setAccessibleName(TextNr(Text::Hits));
     if (list_->isVisible())

@@ -205,7 +205,7 @@ std::string WhyWiring::TableFor(const std::string& from, const std::string& to) 
 
 void WhyWiring::Save(const ReachAnswer& answer, const std::string& from, const std::string& to) {
     const QString csv = QStringLiteral("CSV (*.csv)");
-    QFileDialog dialog(DialogParent(&window_), TextNr(Text::SaveAnswer), {},
+    QFileDialog dialog(DialogParent(&window_), TextNr(Text::SaveAnswer), FolderFor({}),
                        TextNr(Text::TextFiles) + QStringLiteral(" (*.txt);;") + csv);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("txt"));

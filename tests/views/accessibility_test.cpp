@@ -87,6 +87,34 @@ TEST_F(AccessibleWindow, EveryMenuItemHasALetterOfItsOwnAndSaysWhyItIsGreyed) {
     CheckMenu(window_->menuBar()->actions());
 }
 
+TEST_F(AccessibleWindow, MenuOfTheChartHasLetters) {
+    window_->OpenProject(kSample);
+    window_->TheCommands()[Command::ContentChart].trigger();
+    bool isChecked = false;
+    QTimer::singleShot(0, window_.get(), [&] {
+        auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+        ASSERT_TRUE(menu);
+        CheckMenu(menu->actions());
+        isChecked = menu->close();
+    });
+    for (QWidget* const widget : window_->findChildren<QWidget*>())
+        if (widget->inherits("ChartView"))
+            QMetaObject::invokeMethod(widget, "MenuAsked", Q_ARG(QPoint, QPoint()));
+    EXPECT_TRUE(isChecked);
+}
+
+TEST_F(AccessibleWindow, ButtonsInTheSearchFieldHaveNames) {
+    auto* const field = window_->findChild<QLineEdit*>(QStringLiteral("searchField"));
+    field->setText(QStringLiteral("tax"));
+    auto* const clear = field->findChild<QAction*>(QStringLiteral("_q_qlineeditclearaction"));
+    ASSERT_TRUE(clear);
+    for (QObject* const owner : clear->associatedObjects()) {
+        if (auto* const button = qobject_cast<QAbstractButton*>(owner)) {
+            EXPECT_NE(QAccessible::queryAccessibleInterface(button)->text(QAccessible::Name), QString());
+        }
+    }
+}
+
 TEST_F(AccessibleWindow, LettersAreGivenAsLongAsThereAreAny) {
     std::set<QChar> taken{QLatin1Char('c')};
     EXPECT_EQ(WithLetters({QStringLiteral("ab"), QStringLiteral("bc"), QStringLiteral("a")}, taken),
