@@ -205,7 +205,7 @@ std::string WhyWiring::TableFor(const std::string& from, const std::string& to) 
 
 void WhyWiring::Save(const ReachAnswer& answer, const std::string& from, const std::string& to) {
     const QString csv = QStringLiteral("CSV (*.csv)");
-    QFileDialog dialog(DialogParent(&window_), TextNr(Text::SaveAnswer), FolderFor({}),
+    QFileDialog dialog(DialogParent(&window_), TextNr(Text::SaveAnswer), FolderFor(saveDirectory_),
                        TextNr(Text::TextFiles) + QStringLiteral(" (*.txt);;") + csv);
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("txt"));
@@ -214,6 +214,7 @@ void WhyWiring::Save(const ReachAnswer& answer, const std::string& from, const s
     });
     if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty())
         return;
+    saveDirectory_ = dialog.directory().path();
     const QString path = dialog.selectedFiles().front();
     const bool isCsv = path.endsWith(QStringLiteral(".csv"), Qt::CaseInsensitive);
     const std::string text = isCsv ? TableFor(from, to) : answer.title + "\n" + AsText(answer.rows);

@@ -86,5 +86,6 @@ private:
     WhyRows page_;
     std::set<WhySection> whole_;  // sections of the page that the user has asked for
     std::string object_;          // of the page
+    QString saveDirectory_;       // of the last answer that was saved
     bool stale_ = true;
 };
